@@ -1,0 +1,158 @@
+#pragma once
+
+#include <array>
+#include <memory>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "skyframe/model/Element.h"
+#include "skyframe/model/LoadCase.h"
+#include "skyframe/model/Material.h"
+#include "skyframe/model/NodeTable.h"
+#include "skyframe/numeric/SparseMatrix.h"
+#include "skyframe/platform/TextWriter.h"
+
+namespace skyframe {
+
+inline constexpr int c_nLoadTypes = 20;  ///< load types of a combination
+
+/// Factor from the kN of host load records to N.
+inline constexpr double c_dNewtonPerKilonewton = 1000.0;
+
+/// The object one analysis run works on: parameters, nodes, elements, materials, load groups, global
+/// vectors and the skyline layout. N equations, the first F of them free.
+/// Lifecycle: constructed by a driver, parameters set from its dialog, one model build from the host
+/// records, one analysis. Analyses are declared here and defined in their own rooms.
+/// Failure: one message, then m_bValid stays false (builds) or the analysis returns.
+class CAnalysisModel {
+ public:
+  CAnalysisModel();
+  virtual ~CAnalysisModel();
+  CAnalysisModel(const CAnalysisModel&) = delete;
+  CAnalysisModel& operator=(const CAnalysisModel&) = delete;
+
+  // Time-history parameters.
+  double m_dNewmarkDelta = 0.5;
+  double m_dNewmarkAlpha = 0.25;
+  double m_dWilsonTheta = 1.4;
+  int m_bLoadFromFile = 0;
+  std::string m_strQuakeFile;
+  int m_nLoadType = 0;   ///< 0 nodal force, 1 ground motion
+  int m_nQuakeMode = 0;  ///< 0 principal directions, 1 oblique
+  double m_dQuakeFactor = 0.3;
+  std::array<double, 3> m_dPeak = {1.0, 1.0, 1.0};
+  double m_dPeakOblique = 1.0;
+  std::array<int, 3> m_bQuakeDir = {0, 0, 0};
+  std::array<double, 3> m_dObliqueCoef = {1.0, 0.0, 0.0};
+  double m_dTimeStep = 0.01;  ///< s
+  double m_dDuration = 10.0;  ///< s
+  std::vector<double> m_pDamping;
+  std::array<std::string, 3> m_strAccelerationFile = {"xacc.txt", "yacc.txt", "zacc.txt"};
+
+  // Modal parameters.
+  int m_nModes = 10;
+  int m_nIterMultiple = 6;
+  int m_bShear = 0;
+  double m_dModeTol = 1.0e-16;
+  int m_nRootCheck = 0;  ///< radio index: 0 "STURM法", 1 "模态比较法"
+
+  // Spectrum parameters.
+  int m_nExpandModes = 0;
+  int m_bVirtualModes = 0;
+  std::array<double, 3> m_dDirCoef = {1.0, 0.0, 0.0};
+  int m_nIntensity = 7;
+  int m_nSiteClass = 3;
+  int m_nZoneGroup = 1;
+  int m_nQuakeLevel = 0;
+  double m_dLoadRepValue = 0.15;
+  double m_dDampRatio = 0.02;
+  int m_nCombMethod = 0;
+  int m_nMeshDiv = 0;
+  int m_nPseudoLoadNo = 0;
+
+  // Load combination: entry g belongs to load group g.
+  std::array<int, c_nLoadTypes> m_nLoadCaseFlag = {};
+  std::array<double, c_nLoadTypes> m_dLoadFactor;
+  bool m_bLoadComb = false;
+
+  // Equilibrium iteration.
+  int m_nConvCriterion = 0;  ///< 0 absolute force, 1 absolute displacement, 2 relative force, 3 relative displacement
+  std::string m_strConvCriterion = "力绝对值收敛准则";
+  double m_dConvTol = 1.0e-5;
+  int m_nMaxIter = 30;
+
+  /// Set by a successful build (and, for the spectrum analysis, by the mode-file reader).
+  bool m_bValid = false;
+
+  /// Model build of the time-history and static drivers.
+  void BuildModel();
+  /// Model build of the modal and spectrum drivers: refuses inclined supports; forms the node load
+  /// masses when bLoadComb is set.
+  void BuildModelForModes(bool bLoadComb);
+
+  /// Linear static solution; writes strJobPath + "_StaticLinearSol.txt".
+  void SolveStaticLinear(const std::string& strJobPath);
+  /// Geometrically nonlinear static solution, modified Newton-Raphson with a fixed stiffness;
+  /// writes strJobPath + "_StaticNonlinearSol.txt".
+  void SolveStaticNonlinear(const std::string& strJobPath);
+
+  [[nodiscard]] const CNodeTable& GetNodes() const { return m_nodes; }
+  [[nodiscard]] int GetTotalDofs() const { return m_nodes.GetTotalDofs(); }
+  [[nodiscard]] int GetFreeDofs() const { return m_nodes.GetFreeDofs(); }
+  /// Slot k holds host element k; null for an unknown host type.
+  [[nodiscard]] std::span<const std::unique_ptr<CElement>> GetElements() const { return m_elements; }
+  [[nodiscard]] const MaterialList& GetMaterials() const { return m_materials; }
+  [[nodiscard]] const std::vector<CLoadCase>& GetLoadCases() const { return m_loadCases; }
+  [[nodiscard]] const std::vector<int>& GetDiagonalAddresses() const { return m_diagonal; }
+  /// Load masses by node, kN; empty unless formed.
+  [[nodiscard]] const std::vector<double>& GetNodeLoadMass() const { return m_nodeLoadMass; }
+  [[nodiscard]] std::span<const double> GetDisplacements() const { return m_displacement; }
+  [[nodiscard]] std::span<const double> GetLoadVector() const { return m_load; }
+  /// Entry k belongs to equation F + k: the force of the structure on the support, negated.
+  [[nodiscard]] std::span<const double> GetReactions() const { return m_reaction; }
+
+  /// Zeroes both load vectors and adds every record of the case.
+  void BuildLoadVector(int nCase);
+  /// m_load = sum of factor_g * 1000 * (records of group g) over the selected groups, N.
+  void AssembleCombinedLoad();
+  /// K of all elements with the constraints applied. False when K could not be allocated.
+  [[nodiscard]] bool AssembleStiffness(SparseMatrix& K, bool bGeometric, bool bShear) const;
+  /// Consistent M of all elements.
+  [[nodiscard]] bool AssembleMass(SparseMatrix& M, bool bShear) const;
+  /// Fint of all elements, and the reactions -Fint[F + k].
+  void AssembleInternalForce();
+  /// Reaction block of the result files.
+  void WriteReactions(CTextWriter& out) const;
+
+ private:
+  struct HostElement;
+
+  void Reset();
+  bool Build(bool bForModes, bool bLoadComb);
+  bool ReadNodes();
+  void ReadSupports(const std::vector<int>& inUse);
+  bool HasInclinedSupport(const std::vector<int>& inUse) const;
+  bool CreateElements();
+  void CreateMaterials();
+  void SetElementData(int nMaterialCode);
+  void ReadLoads();
+  void FormNodeLoadMass();
+  bool LayOutSkyline();
+
+  CNodeTable m_nodes;
+  std::vector<std::unique_ptr<CElement>> m_elements;
+  MaterialList m_materials;
+  std::vector<CLoadCase> m_loadCases;
+  std::vector<double> m_nodeLoadMass;
+  std::vector<int> m_diagonal;          ///< diagonal addresses of the N equations
+  std::vector<double> m_load;           ///< N
+  std::vector<double> m_secondLoad;     ///< N
+  std::vector<double> m_displacement;   ///< N
+  std::vector<double> m_internalForce;  ///< N
+  std::vector<double> m_reaction;       ///< N - F
+  SparseMatrix m_stiffness;
+};
+
+}  // namespace skyframe

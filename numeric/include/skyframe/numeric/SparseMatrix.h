@@ -1,0 +1,87 @@
+#pragma once
+
+#include <span>
+#include <vector>
+
+#include "skyframe/numeric/Matrix.h"
+
+namespace skyframe {
+
+/// Symmetric matrix in skyline storage with LDL^T factorisation in place, A = L D L^T.
+/// Storage: column i holds the rows i - height[i] + 1 .. i contiguously and ends with its diagonal:
+/// A(r, i), r <= i, is values[diag[i] - (i - r)]; what lies above is zero.
+/// Lifecycle: SetProfile, Allocate or Fill, assembly through operator(), Solve (the first call
+/// factorises), reused until the values change.
+/// Failure: fixed texts in a message box; solvers return false.
+/// Source: Bathe (1996), section 8.2 (active columns).
+class SparseMatrix {
+ public:
+  SparseMatrix();
+  SparseMatrix(const SparseMatrix& other);
+  SparseMatrix& operator=(const SparseMatrix& other);
+  ~SparseMatrix();
+
+  /// Releases everything; diag has n strictly increasing entries, diag[0] = 0.
+  void SetProfile(int n, std::span<const int> diag);
+  void Release();
+  /// Values uninitialised, full column heights. Shows a message and stays unallocated when memory is short.
+  void Allocate();
+  void Fill(double dValue);
+
+  [[nodiscard]] int GetOrder() const { return m_n; }
+  [[nodiscard]] bool IsAllocated() const { return !m_bNotAllocated; }
+  [[nodiscard]] bool IsFactorised() const { return m_bFactorised; }
+  [[nodiscard]] std::span<const int> GetDiagonal() const { return m_diag; }
+  [[nodiscard]] std::span<const int> GetHeights() const { return m_height; }
+  [[nodiscard]] std::span<const double> GetValues() const;
+  [[nodiscard]] std::span<const int> GetRowExtents() const { return m_rowExtent; }
+  [[nodiscard]] std::span<const int> GetRowStarts() const { return m_rowStart; }
+  [[nodiscard]] std::span<const int> GetRowColumns() const { return m_rowColumn; }
+  [[nodiscard]] std::span<const double> GetRowValues() const { return m_rowValues; }
+
+  /// The stored entry, or a dummy that reads 0 and swallows writes above the skyline.
+  /// Deliberate: only the smaller index is range-tested, and only for being greater than n.
+  double& operator()(int nRow, int nCol);
+
+  /// Deliberate: entries that are exactly zero are skipped.
+  SparseMatrix& operator*=(double dFactor);
+  /// Entries of S outside this profile are dropped.
+  SparseMatrix& operator+=(const SparseMatrix& S);
+  /// y = A x over the leading block of the vector's length.
+  CMatrix operator*(const CMatrix& x) const;
+
+  /// y = A x over the leading n x n block from the compressed rows of BuildRows(n).
+  void MultiplyRows(std::span<const double> x, std::span<double> y) const;
+
+  /// Recomputes the full column heights.
+  void RestoreHeights();
+  /// Trims leading zeros from the column heights and finds the row extents.
+  void TrimProfile(int n);
+  /// Compressed-row copy of the non-zero entries of both triangles.
+  void BuildRows(int n);
+
+  /// LDL^T of the leading n x n block. A pivot within +-1e-15 (or NaN) is refused after all columns
+  /// are done: message, false, values left partly reduced.
+  [[nodiscard]] bool Decompose(int n);
+  /// Solves A x = b in place; factorises first when needed. b: n values.
+  [[nodiscard]] bool Solve(int n, std::span<double> b);
+  /// As Solve, with D in the caller's array d (n values) instead of on the diagonal.
+  [[nodiscard]] bool SolveKeepDiagonal(int n, std::span<double> d, std::span<double> b);
+
+ private:
+  [[nodiscard]] int FullHeight(int i) const { return i == 0 ? 1 : m_diag[i] - m_diag[i - 1]; }
+
+  bool m_bFactorised = false;
+  bool m_bNotAllocated = true;
+  int m_n = 0;
+  std::vector<int> m_diag;
+  std::unique_ptr<double[]> m_values;
+  std::vector<double> m_rowValues;
+  double m_dDummy = 0.0;
+  std::vector<int> m_height;
+  std::vector<int> m_rowExtent;
+  std::vector<int> m_rowStart;
+  std::vector<int> m_rowColumn;
+};
+
+}  // namespace skyframe

@@ -1,0 +1,86 @@
+#pragma once
+
+#include <deque>
+#include <map>
+#include <ostream>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "skyframe/platform/Platform.h"
+
+namespace skyframe {
+
+/// One thing a person does in an open dialog.
+struct DialogStep {
+  enum class Action {
+    Type,         ///< replaces the text of an edit
+    Tick,         ///< sets or clears a check
+    Choose,       ///< clicks a radio button, or picks the item strText (or nRow) of a drop list
+    ToggleRow,    ///< clicks a row of a list
+    DoubleClick,  ///< double-clicks a row of a list
+    Click,        ///< clicks a button
+    Wait          ///< lets nRow milliseconds pass
+  };
+  Action action = Action::Click;
+  int nId = 0;
+  std::string strText;
+  int nRow = -1;
+  bool bOn = true;
+
+  static DialogStep Type(int nId, std::string strText);
+  static DialogStep Tick(int nId, bool bOn = true);
+  static DialogStep Choose(int nRadioId);
+  static DialogStep ChooseItem(int nListId, int nRow);
+  static DialogStep ToggleRow(int nListId, int nRow);
+  static DialogStep ToggleRow(int nListId, std::string strText);
+  static DialogStep DoubleClick(int nListId, int nRow);
+  static DialogStep Click(int nButtonId);
+  static DialogStep Ok();
+  static DialogStep Cancel();
+  static DialogStep Wait(int nMilliseconds);
+};
+
+/// Runs the module without a window system: dialogs follow scripts, messages are recorded.
+/// A script serves one opening of the dialog with its identifier; a button that opens another
+/// dialog takes that dialog's next script. A dialog without a script is cancelled, and so is one
+/// whose steps end while it is still open. A step that a person could not do (control missing,
+/// disabled, row not there) is reported by GetScriptErrors and ends the dialog with Cancel.
+class CHeadlessPlatform : public IPlatform {
+ public:
+  /// Messages are also written to strmMessages, the console goes to strmConsole.
+  CHeadlessPlatform(std::ostream& strmMessages, std::ostream& strmConsole);
+
+  void AddScript(int nDialogId, std::vector<DialogStep> steps);
+  [[nodiscard]] bool HasUnusedScripts() const;
+
+  [[nodiscard]] const std::vector<std::string>& GetMessages() const { return m_messages; }
+  [[nodiscard]] const std::vector<std::string>& GetScriptErrors() const { return m_scriptErrors; }
+  [[nodiscard]] int GetWaitCursorDepth() const { return m_nWaitCursor; }
+  [[nodiscard]] int GetModuleDepth() const { return m_nModule; }
+  void Clear();
+
+  /// Times handed out by GetLocalTime, first to last; the last one stays. Empty: the system clock.
+  void SetClock(std::vector<LocalTime> times);
+
+  void ShowMessage(std::string_view strText) override;
+  int RunModal(CDialog& dialog) override;
+  void BeginWaitCursor() override;
+  void EndWaitCursor() override;
+  std::ostream& GetConsole() override;
+  LocalTime GetLocalTime() override;
+  void EnterModule() override;
+  void LeaveModule() override;
+
+ private:
+  std::ostream& m_strmMessages;
+  std::ostream& m_strmConsole;
+  std::map<int, std::deque<std::vector<DialogStep>>> m_scripts;
+  std::vector<std::string> m_messages;
+  std::vector<std::string> m_scriptErrors;
+  std::deque<LocalTime> m_clock;
+  int m_nWaitCursor = 0;
+  int m_nModule = 0;
+};
+
+}  // namespace skyframe

@@ -1,0 +1,75 @@
+#pragma once
+
+#include <istream>
+#include <memory>
+#include <ostream>
+#include <string>
+#include <string_view>
+
+namespace skyframe {
+
+class CDialog;
+
+/// Broken-down local time; month 1..12, year with four digits.
+struct LocalTime {
+  int nYear = 1970;
+  int nMonth = 1;
+  int nDay = 1;
+  int nHour = 0;
+  int nMinute = 0;
+  int nSecond = 0;
+};
+
+/// Results of a modal dialog and identifiers of its two standard buttons.
+inline constexpr int c_nIdOk = 1;
+inline constexpr int c_nIdCancel = 2;
+
+/// The seam between the module and the world: messages, dialogs, clock, console, files.
+/// A host installs one implementation before it calls an entry point; until then a headless one
+/// is in force (messages to standard error, every dialog cancelled).
+/// All texts and paths are UTF-8. Single-threaded: called on the host's user-interface thread only.
+class IPlatform {
+ public:
+  virtual ~IPlatform() = default;
+
+  /// Shows a message box with an OK button and waits until it is acknowledged.
+  virtual void ShowMessage(std::string_view strText) = 0;
+
+  /// Runs the dialog until it ends. Returns c_nIdOk or c_nIdCancel.
+  virtual int RunModal(CDialog& dialog) = 0;
+
+  /// Wait-cursor requests nest; LeaveModule ends those still open.
+  virtual void BeginWaitCursor() = 0;
+  virtual void EndWaitCursor() = 0;
+
+  /// Stream of the progress and trace lines.
+  virtual std::ostream& GetConsole() = 0;
+
+  virtual LocalTime GetLocalTime() = 0;
+
+  /// Fraction 0..1 of the running analysis step; may be ignored.
+  virtual void ReportProgress(double dFraction, std::string_view strLabel);
+
+  /// Called when an entry point starts and when it returns: between the two, dialogs and
+  /// resources resolve to this module.
+  virtual void EnterModule();
+  virtual void LeaveModule();
+
+  /// Files. A backslash separates directories on every system. Null or false: not possible.
+  virtual std::unique_ptr<std::istream> OpenForReading(const std::string& strPath);
+  virtual std::unique_ptr<std::ostream> OpenForWriting(const std::string& strPath);
+  virtual bool RenameFile(const std::string& strFrom, const std::string& strTo);
+  virtual bool RemoveFile(const std::string& strPath);
+};
+
+/// Puts the platform in force and returns the one it replaces. Null restores the default.
+/// The caller keeps ownership; the object must outlive every call into the module.
+IPlatform* InstallPlatform(IPlatform* pPlatform);
+
+/// The platform in force; never absent.
+IPlatform& GetPlatform();
+
+/// Path with the separators of this system.
+std::string ToNativePath(std::string_view strPath);
+
+}  // namespace skyframe

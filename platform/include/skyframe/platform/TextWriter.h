@@ -1,0 +1,63 @@
+#pragma once
+
+#include <memory>
+#include <ostream>
+#include <string>
+#include <string_view>
+
+namespace skyframe {
+
+enum class Align { Left, Right };
+
+/// Buffered writer of the result files. Fields shorter than their width are filled with blanks;
+/// longer ones are written whole. Numbers have the text that C's printf gives in the C locale.
+/// NaN and infinities print as "nan", "inf", "-inf".
+class CTextWriter {
+ public:
+  explicit CTextWriter(std::ostream& strm);
+  ~CTextWriter();
+  CTextWriter(const CTextWriter&) = delete;
+  CTextWriter& operator=(const CTextWriter&) = delete;
+
+  CTextWriter& Text(std::string_view strText, int nWidth = 0, Align align = Align::Left);
+  CTextWriter& Integer(long long nValue, int nWidth = 0, Align align = Align::Left);
+  /// General notation, six significant digits, trailing zeros dropped ("%g").
+  CTextWriter& General(double dValue, int nWidth = 0, Align align = Align::Left);
+  /// General notation, six significant digits, the point and trailing zeros shown ("%#g").
+  CTextWriter& GeneralPoint(double dValue, int nWidth = 0, Align align = Align::Left);
+  /// Fixed notation with the point shown ("%#.*f").
+  CTextWriter& Fixed(double dValue, int nDecimals, int nWidth = 0, Align align = Align::Left);
+  CTextWriter& EndLine();
+
+  /// Hands the buffer to the stream. False when the stream has failed.
+  bool Flush();
+
+ private:
+  std::ostream& m_strm;
+  std::string m_strBuffer;
+};
+
+/// A result file that appears whole or not at all: written beside its place under a temporary
+/// name and moved there by Commit; an object destroyed without Commit leaves an older file alone.
+class CResultFile {
+ public:
+  explicit CResultFile(std::string strPath);
+  ~CResultFile();
+  CResultFile(const CResultFile&) = delete;
+  CResultFile& operator=(const CResultFile&) = delete;
+
+  /// False when the temporary file could not be created.
+  [[nodiscard]] bool IsOpen() const { return m_pStream != nullptr; }
+  /// Only when open.
+  CTextWriter& GetWriter() { return *m_pWriter; }
+  /// False when something could not be written; the older file is then untouched.
+  [[nodiscard]] bool Commit();
+
+ private:
+  std::string m_strPath;
+  std::string m_strTemporary;
+  std::unique_ptr<std::ostream> m_pStream;
+  std::unique_ptr<CTextWriter> m_pWriter;
+};
+
+}  // namespace skyframe
