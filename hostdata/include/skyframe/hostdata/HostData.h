@@ -100,7 +100,8 @@ extern tagComResult RES;
 extern std::string g_ProgramPath;   ///< directory of the host program
 extern std::string g_FilePathName;  ///< current job path
 
-/// Clears every record and string and puts the initial settings into COMDYN.
+/// Clears every record, string and spring group, forgets a renumbering and puts the initial settings
+/// into COMDYN.
 void ResetHostData();
 
 /// Restraint codes, read as decimal digits d7 d6 d5 d4 d3 d2 d1 d0: a digit of 3 or more restrains
@@ -134,15 +135,18 @@ class CCommonData {
  public:
   /// Renumbers the nodes by reverse Cuthill-McKee for a small profile. Permutes coordinates, joints,
   /// restraints, element ends, loads and inclined supports; records the mapping in COMDAT's node-order
-  /// arrays where they are present: second[old] = new, first[new] = old.
+  /// arrays where they are present: second[old] = new, first[new] = old, old being the host's own
+  /// number. Unused nodes come last; ends and load nodes that name no node stay as they are.
   /// Source: George and Liu (1981), section 4.3, with a pseudo-peripheral starting node per component.
   static void OnReNodeCode();
-  /// Undoes the last OnReNodeCode exactly; without one it does nothing.
+  /// Puts the host's own numbering back exactly, however often OnReNodeCode was called; without a
+  /// call it does nothing.
   static void OnRestoreNodeCode();
   /// Translational stiffnesses of a spring group, kN/mm; 0 for an unknown group.
   static void OnCalculateKxKyKz(int nGroup, float& fKx, float& fKy, float& fKz);
 
-  /// For the host that owns the model: defines a spring group 0..c_nMaxSpringGroups.
+  /// For the host that owns the model: defines a spring group 0..c_nMaxSpringGroups; other numbers
+  /// are ignored.
   static void SetSpringGroup(int nGroup, float fKx, float fKy, float fKz);
 };
 

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <span>
+#include <utility>
+#include <vector>
+
+namespace skyframe {
+
+/// Which nodes share an element. Vertices 0..n-1; rows sorted, no loops, no duplicates.
+/// Isolated vertices are allowed. Storage: compressed rows.
+class CNodeGraph {
+ public:
+  /// Edges with an end outside 0..nNodes-1 and loops are left out.
+  CNodeGraph(int nNodes, std::span<const std::pair<int, int>> edges);
+
+  [[nodiscard]] int GetNodeCount() const { return static_cast<int>(m_rowStart.size()) - 1; }
+  [[nodiscard]] std::span<const int> GetNeighbours(int nNode) const {
+    return std::span(m_neighbours).subspan(m_rowStart[nNode], m_rowStart[nNode + 1] - m_rowStart[nNode]);
+  }
+  [[nodiscard]] int GetDegree(int nNode) const { return static_cast<int>(GetNeighbours(nNode).size()); }
+
+ private:
+  std::vector<std::size_t> m_rowStart;
+  std::vector<int> m_neighbours;
+};
+
+/// Reverse Cuthill-McKee order: entry k is the vertex that comes k-th. Components follow one another
+/// in the order of their lowest vertex, isolated vertices come last in their own order.
+/// Source: George and Liu (1981), section 4.3.
+[[nodiscard]] std::vector<int> FormReverseCuthillMcKeeOrder(const CNodeGraph& graph);
+
+}  // namespace skyframe
