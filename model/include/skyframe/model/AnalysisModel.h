@@ -127,19 +127,24 @@ class CAnalysisModel {
   void WriteReactions(CTextWriter& out) const;
 
  private:
-  struct HostElement;
-
-  void Reset();
-  bool Build(bool bForModes, bool bLoadComb);
-  bool ReadNodes();
-  void ReadSupports(const std::vector<int>& inUse);
-  bool HasInclinedSupport(const std::vector<int>& inUse) const;
-  bool CreateElements();
+  /// Shows the message; false.
+  [[nodiscard]] static bool Refuse(std::string_view strMessage);
+  [[nodiscard]] bool Build(bool bForModes, bool bLoadComb);
+  void ReadNodes();
+  [[nodiscard]] std::vector<bool> MarkNodesInUse() const;
+  void ReadSupports(const std::vector<bool>& inUse);
+  [[nodiscard]] bool HasInclinedSupport(const std::vector<bool>& inUse) const;
+  [[nodiscard]] bool CreateElements(int& nMaterialCode);
   void CreateMaterials();
   void SetElementData(int nMaterialCode);
   void ReadLoads();
   void FormNodeLoadMass();
-  bool LayOutSkyline();
+  [[nodiscard]] bool LayOutSkyline();
+  void ApplyConstraints(SparseMatrix& K) const;
+  /// Modified Newton-Raphson with the factorised stiffness; false after its message.
+  [[nodiscard]] bool IterateToEquilibrium();
+  /// u += du, moves the nodes and updates every element.
+  void ApplyIncrement(std::span<const double> increment);
 
   CNodeTable m_nodes;
   std::vector<std::unique_ptr<CElement>> m_elements;

@@ -25,6 +25,7 @@ class CNodeTable {
   [[nodiscard]] int GetNodeCount() const { return static_cast<int>(m_jointKind.size()); }
 
   void SetNode(int nNode, int nJointKind, double dX, double dY, double dZ);
+  [[nodiscard]] int GetJointKind(int nNode) const { return m_jointKind[nNode]; }
   [[nodiscard]] bool IsRigid(int nNode) const { return m_jointKind[nNode] == 1; }
   [[nodiscard]] int GetRigidCount() const { return m_nRigid; }
   [[nodiscard]] int GetPinnedCount() const { return GetNodeCount() - m_nRigid; }
@@ -32,15 +33,16 @@ class CNodeTable {
   /// Current coordinates X, Y, Z in m; they move in geometrically nonlinear runs.
   [[nodiscard]] const std::array<double, 3>& GetPosition(int nNode) const { return m_current[nNode]; }
   [[nodiscard]] const std::array<double, 3>& GetInitialPosition(int nNode) const { return m_initial[nNode]; }
-  /// x += translations of the N-vector u, on the free equations of listed nodes.
+  /// x += translations of the N-vector u at the listed nodes.
   void MoveNodes(std::span<const double> u);
-  void RestoreInitialPositions();
 
   /// Appends a node to the constrained-node list: restraint flags in DOF order, 1 = restrained.
   void AddListedNode(int nNode, const std::array<int, c_nDofsPerNode>& restraint);
   /// Stiffnesses kx, ky, kz of a spring support, N/m.
   void AddSpring(int nNode, const std::array<double, 3>& stiffness);
   [[nodiscard]] std::span<const int> GetListedNodes() const { return m_listed; }
+  /// Restraint flag of the k-th listed node.
+  [[nodiscard]] bool IsRestrained(int k, int nDirection) const { return m_restraint[nDirection][k] != 0; }
   [[nodiscard]] bool IsListed(int nNode) const { return m_isListed[nNode] != 0; }
 
   /// Numbers the equations of the listed nodes.

@@ -1,0 +1,94 @@
+#include "skyframe/model/AnalysisModel.h"
+
+#include <algorithm>
+
+#include "skyframe/platform/Platform.h"
+#include "texts.h"
+
+namespace skyframe {
+
+CAnalysisModel::CAnalysisModel() : m_pDamping(10, 0.0) {
+  m_pDamping[0] = m_pDamping[1] = 0.02;
+  m_dLoadFactor.fill(1.0);
+}
+
+CAnalysisModel::~CAnalysisModel() {
+  if (g_pNodeTable == &m_nodes) g_pNodeTable = nullptr;
+  if (g_pMaterials == &m_materials) g_pMaterials = nullptr;
+}
+
+void CAnalysisModel::BuildLoadVector(int nCase) {
+  GetPlatform().GetConsole() << c_strGetLoadVector << '\n';
+  std::fill(m_load.begin(), m_load.end(), 0.0);
+  std::fill(m_secondLoad.begin(), m_secondLoad.end(), 0.0);
+  for (const CNodalLoad& load : m_loadCases[nCase].m_records) load.AddToVector(m_load, m_secondLoad);
+}
+
+void CAnalysisModel::AssembleCombinedLoad() {
+  std::fill(m_load.begin(), m_load.end(), 0.0);
+  std::fill(m_secondLoad.begin(), m_secondLoad.end(), 0.0);
+  const int nGroups = std::min(static_cast<int>(m_loadCases.size()), c_nLoadTypes);
+  for (int g = 0; g < nGroups; ++g) {
+    if (m_nLoadCaseFlag[g] == 0) continue;
+    const double dFactor = m_dLoadFactor[g] * c_dNewtonPerKilonewton;
+    for (const CNodalLoad& load : m_loadCases[g].m_records) load.AddToVector(m_load, m_secondLoad, dFactor);
+  }
+}
+
+bool CAnalysisModel::AssembleStiffness(SparseMatrix& K, bool bGeometric, bool bShear) const {
+  K.SetProfile(GetTotalDofs(), m_diagonal);
+  K.Fill(0.0);
+  if (!K.IsAllocated()) return false;
+  for (const auto& pElement : m_elements) {
+    if (pElement) pElement->AssembleStiffness(K, bGeometric, bShear);
+  }
+  ApplyConstraints(K);
+  return true;
+}
+
+void CAnalysisModel::ApplyConstraints(SparseMatrix& K) const {
+  // Deliberate: the spring equations stay restrained, so spring supports act as rigid ones.
+  for (const CNodeTable::Spring& spring : m_nodes.GetSprings()) {
+    for (int nDirection = 0; nDirection < 3; ++nDirection) {
+      const double dStiffness = spring.stiffness[nDirection];
+      const int nDof = m_nodes.GetDof(spring.nNode, nDirection);
+      if (dStiffness > 0.0) K(nDof, nDof) += dStiffness;
+    }
+  }
+}
+
+bool CAnalysisModel::AssembleMass(SparseMatrix& M, bool bShear) const {
+  M.SetProfile(GetTotalDofs(), m_diagonal);
+  M.Fill(0.0);
+  if (!M.IsAllocated()) return false;
+  for (const auto& pElement : m_elements) {
+    if (pElement) pElement->AssembleMass(M, bShear);
+  }
+  return true;
+}
+
+void CAnalysisModel::AssembleInternalForce() {
+  std::fill(m_internalForce.begin(), m_internalForce.end(), 0.0);
+  for (const auto& pElement : m_elements) {
+    if (pElement) pElement->AssembleEndForces(m_internalForce);
+  }
+  const int F = GetFreeDofs();
+  for (std::size_t k = 0; k < m_reaction.size(); ++k) m_reaction[k] = -m_internalForce[F + k];
+}
+
+void CAnalysisModel::WriteReactions(CTextWriter& out) const {
+  const std::span<const int> listed = m_nodes.GetListedNodes();
+  for (int k = 0; k < static_cast<int>(listed.size()); ++k) {
+    bool bSupported = false;
+    for (int nDirection = 0; nDirection < c_nDofsPerNode; ++nDirection) {
+      if (!m_nodes.HasDof(listed[k], nDirection) || !m_nodes.IsRestrained(k, nDirection)) continue;
+      if (!bSupported) out.Text(c_strNodeNumber).Integer(listed[k] + 1);
+      bSupported = true;
+      const double dReaction = m_reaction[m_nodes.GetDof(listed[k], nDirection) - GetFreeDofs()];
+      out.Text(c_strReactionLabels[nDirection]).Fixed(dReaction, c_nForceDecimals, c_nForceWidth);
+    }
+    if (bSupported) out.EndLine();
+  }
+}
+
+}  // namespace skyframe

@@ -1,0 +1,88 @@
+#include <algorithm>
+#include <cmath>
+
+#include "ConvergenceTest.h"
+#include "StaticResult.h"
+#include "skyframe/model/AnalysisModel.h"
+#include "skyframe/platform/Platform.h"
+#include "texts.h"
+
+namespace skyframe {
+namespace {
+
+constexpr double c_dDisplacementLimit = 1.0e10;
+
+double Norm(std::span<const double> v) {
+  double dSum = 0.0;
+  for (const double d : v) dSum += d * d;
+  return std::sqrt(dSum);
+}
+
+/// Shows which node runs away. Deliberate: a signed comparison, large negative increments pass.
+bool IsWithinLimit(std::span<const double> increment, const CNodeTable& nodes) {
+  const auto it = std::find_if(increment.begin(), increment.end(), [](double d) { return d > c_dDisplacementLimit; });
+  if (it == increment.end()) return true;
+  std::string_view strDof;
+  const int nNode = nodes.FindNodeOfDof(static_cast<int>(it - increment.begin()), strDof);
+  std::string strMessage(c_strLimitParts[0]);
+  strMessage.append(std::to_string(nNode + 1)).append(c_strLimitParts[1]).append(strDof).append(c_strLimitParts[2]);
+  GetPlatform().ShowMessage(strMessage);
+  return false;
+}
+
+}  // namespace
+
+void CAnalysisModel::SolveStaticNonlinear(const std::string& strJobPath) {
+  if (!m_bValid) return;
+  std::fill(m_displacement.begin(), m_displacement.end(), 0.0);
+  AssembleCombinedLoad();
+  if (!AssembleStiffness(m_stiffness, false, false) || !m_stiffness.Decompose(GetFreeDofs())) return;
+  if (!IterateToEquilibrium()) return;
+
+  GetPlatform().BeginWaitCursor();
+  CResultFile file(strJobPath + std::string(c_strNonlinearSuffix));
+  if (file.IsOpen()) WriteStaticResult(file.GetWriter(), c_strNonlinearHeading, *this);
+  if (!file.Commit()) GetPlatform().ShowMessage(c_strFileNotWritten);
+  GetPlatform().EndWaitCursor();
+}
+
+bool CAnalysisModel::IterateToEquilibrium() {
+  const int F = GetFreeDofs();
+  const std::span<const double> P = std::span(m_load).first(F);
+  std::vector<double> residual(P.begin(), P.end());  // R, length F
+  std::vector<double> increment(GetTotalDofs());     // du, length N
+  CConvergenceTest test(m_nConvCriterion, m_dConvTol, Norm(P));
+
+  for (int k = 0; k < m_nMaxIter; ++k) {
+    // K du = R; the restrained part of du is 0
+    std::copy(residual.begin(), residual.end(), increment.begin());
+    const std::span<double> freeIncrement = std::span(increment).first(F);
+    if (!m_stiffness.Solve(F, freeIncrement)) return false;
+    if (!IsWithinLimit(freeIncrement, m_nodes)) return false;
+
+    ApplyIncrement(increment);
+    AssembleInternalForce();
+    // R = P - Fint
+    for (int i = 0; i < F; ++i) residual[i] = P[i] - m_internalForce[i];
+    const double dResidual = Norm(residual);
+    const double dIncrement = Norm(increment);
+    if (test.IsConverged(dResidual, dIncrement)) return true;
+    if (!std::isfinite(dResidual) || !std::isfinite(dIncrement)) break;  // it cannot come back
+    GetPlatform().ReportProgress((k + 1.0) / m_nMaxIter, {});
+  }
+  GetPlatform().ShowMessage(c_strNoConvergence);
+  return false;
+}
+
+void CAnalysisModel::ApplyIncrement(std::span<const double> increment) {
+  for (std::size_t i = 0; i < increment.size(); ++i) m_displacement[i] += increment[i];
+  m_nodes.MoveNodes(increment);
+  for (const auto& pElement : m_elements) {
+    if (!pElement) continue;
+    pElement->ComputeLength();
+    pElement->ComputeLocalAxes();
+    pElement->ComputeInternalForce(increment, true, false, true);
+  }
+}
+
+}  // namespace skyframe

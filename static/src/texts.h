@@ -1,0 +1,24 @@
+#pragma once
+
+#include <string_view>
+
+// Fixed texts of the static room.
+
+namespace skyframe {
+
+inline constexpr std::string_view c_strLinearSuffix = "_StaticLinearSol.txt";
+inline constexpr std::string_view c_strNonlinearSuffix = "_StaticNonlinearSol.txt";
+inline constexpr std::string_view c_strLinearHeading = "Linear Solution Output: ";
+inline constexpr std::string_view c_strNonlinearHeading = "Nonlinear Solution Output: ";
+inline constexpr std::string_view c_strMemberForces = "Member forces: ";
+inline constexpr std::string_view c_strMemberColumns = "ElementNumber AxialForce ";
+inline constexpr std::string_view c_strReactions = "Reactions: ";
+inline constexpr std::string_view c_strDisplacements = "DOF Displacements: ";
+inline constexpr std::string_view c_strDisplacementColumns = "UX             UY             UZ";
+
+inline constexpr std::string_view c_strFileNotWritten = "结果文件无法写入,计算终止!";
+inline constexpr std::string_view c_strNoConvergence = "在给定的迭代步内计算不收敛！\n请增加最大迭代步数！";
+/// Node number and DOF name go between the parts.
+inline constexpr std::string_view c_strLimitParts[] = {"节点", "的", "超过限定值1.0e10!\n结构几何可变，请检查！"};
+
+}  // namespace skyframe
