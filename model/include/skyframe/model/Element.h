@@ -12,6 +12,10 @@
 namespace skyframe {
 
 inline constexpr int c_nStations = 21;
+/// Field of a force in the result files: fixed notation, left-justified.
+inline constexpr int c_nForceDecimals = 3;
+inline constexpr int c_nForceWidth = 15;
+
 /// Values at the stations x = p L / 20, p = 0..20, from end i to end j.
 using Diagram = std::array<double, c_nStations>;
 
