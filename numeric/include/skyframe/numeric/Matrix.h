@@ -32,7 +32,8 @@ class CMatrix {
 
   CMatrix& operator*=(double dFactor);
   CMatrix operator*(double dFactor) const;
-  /// this = this * M, the shape of this kept: for square matrices. Mismatch: unchanged.
+  /// this = this * M for square M. Mismatch: unchanged.
+  /// Deliberate: the shape of this is kept; with another M only the common columns are replaced.
   CMatrix& operator*=(const CMatrix& M);
   /// Mismatch: a default 16 x 16 matrix.
   CMatrix operator*(const CMatrix& M) const;
@@ -44,6 +45,7 @@ class CMatrix {
 
  private:
   [[nodiscard]] long long RowOffset(int i) const { return static_cast<long long>(i) * m_nCols; }
+  [[nodiscard]] long long GetCount() const { return m_nRows < 1 || m_nCols < 1 ? 0 : RowOffset(m_nRows); }
 
   std::unique_ptr<double[]> m_values;
   int m_nRows;

@@ -1,9 +1,12 @@
 #pragma once
 
+#include <memory>
 #include <span>
+#include <string_view>
 #include <vector>
 
 #include "skyframe/numeric/Matrix.h"
+#include "skyframe/numeric/SkylineKernel.h"
 
 namespace skyframe {
 
@@ -55,9 +58,10 @@ class SparseMatrix {
 
   /// Recomputes the full column heights.
   void RestoreHeights();
-  /// Trims leading zeros from the column heights and finds the row extents.
+  /// Trims leading zeros from the heights of the first n columns (a diagonal entry always stays) and
+  /// finds the row extents. The heights stay trimmed until RestoreHeights or Allocate.
   void TrimProfile(int n);
-  /// Compressed-row copy of the non-zero entries of both triangles.
+  /// Compressed-row copy of the non-zero entries of both triangles, columns ascending in each row.
   void BuildRows(int n);
 
   /// LDL^T of the leading n x n block. A pivot within +-1e-15 (or NaN) is refused after all columns
@@ -69,7 +73,21 @@ class SparseMatrix {
   [[nodiscard]] bool SolveKeepDiagonal(int n, std::span<double> d, std::span<double> b);
 
  private:
-  [[nodiscard]] int FullHeight(int i) const { return i == 0 ? 1 : m_diag[i] - m_diag[i - 1]; }
+  [[nodiscard]] int FullHeight(int i) const { return i == 0 ? 1 : Diagonal(i) - Diagonal(i - 1); }
+  [[nodiscard]] int Diagonal(int i) const { return m_diag[static_cast<std::size_t>(i)]; }
+  [[nodiscard]] int Height(int i) const { return m_height[static_cast<std::size_t>(i)]; }
+  /// Where row 0 of column i would stand: A(r, i) is Column(i)[r].
+  [[nodiscard]] double* Column(int i) { return m_values.get() + (Diagonal(i) - i); }
+  [[nodiscard]] const double* Column(int i) const { return m_values.get() + (Diagonal(i) - i); }
+  [[nodiscard]] std::size_t GetCount() const;
+  [[nodiscard]] skyline::Profile GetProfile(int n) const;
+
+  /// Shows the text and returns true when there are no values.
+  [[nodiscard]] bool IsRefused(std::string_view strText) const;
+  double& ResetDummy();
+  void DropDerived();
+  void CountRowEntries(int n, std::vector<int>& rowStart) const;
+  [[nodiscard]] bool Factorise(int n, std::span<double> pivots);
 
   bool m_bFactorised = false;
   bool m_bNotAllocated = true;

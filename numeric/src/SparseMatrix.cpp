@@ -1,0 +1,266 @@
+#include "skyframe/numeric/SparseMatrix.h"
+
+#include <algorithm>
+#include <cmath>
+#include <new>
+#include <numeric>
+
+#include "skyframe/platform/Platform.h"
+#include "texts.h"
+
+namespace skyframe {
+
+namespace {
+
+constexpr double c_dPivotLimit = 1e-15;
+
+/// False within the limit, for NaN and for infinity.
+bool IsAcceptedPivot(double d) { return std::abs(d) > c_dPivotLimit && std::isfinite(d); }
+
+std::size_t Index(int i) { return static_cast<std::size_t>(i); }
+
+}  // namespace
+
+SparseMatrix::SparseMatrix() = default;
+
+SparseMatrix::SparseMatrix(const SparseMatrix& other) { *this = other; }
+
+SparseMatrix& SparseMatrix::operator=(const SparseMatrix& other) {
+  if (this == &other) return *this;
+  // Deliberate: profiles of one order and one size count as equal, whatever their columns.
+  if (m_n != other.m_n || GetCount() != other.GetCount()) SetProfile(other.m_n, other.m_diag);
+  if (other.m_bNotAllocated) {
+    Release();
+    RestoreHeights();
+    return *this;
+  }
+  Allocate();
+  if (m_bNotAllocated) return *this;
+  std::copy_n(other.m_values.get(), GetCount(), m_values.get());
+  m_bFactorised = other.m_bFactorised;
+  return *this;
+}
+
+SparseMatrix::~SparseMatrix() = default;
+
+void SparseMatrix::SetProfile(int n, std::span<const int> diag) {
+  Release();
+  m_n = n;
+  const auto first = diag.first(Index(n));
+  m_diag = std::vector<int>(first.begin(), first.end());
+  RestoreHeights();
+}
+
+void SparseMatrix::Release() {
+  m_values.reset();
+  m_height.clear();
+  DropDerived();
+  m_bFactorised = false;
+  m_bNotAllocated = true;
+}
+
+void SparseMatrix::Allocate() {
+  Release();
+  RestoreHeights();
+  try {
+    if (m_n > 0 && m_diag.back() < 0) throw std::bad_alloc();
+    m_values = std::make_unique_for_overwrite<double[]>(GetCount());
+    m_bNotAllocated = false;
+  } catch (const std::bad_alloc&) {
+    GetPlatform().ShowMessage(text::c_strOutOfMemory);
+  }
+}
+
+void SparseMatrix::Fill(double dValue) {
+  if (m_bNotAllocated) Allocate();
+  if (m_bNotAllocated) return;
+  std::fill_n(m_values.get(), GetCount(), dValue);
+  m_bFactorised = false;
+}
+
+std::span<const double> SparseMatrix::GetValues() const {
+  return {m_values.get(), m_bNotAllocated ? std::size_t{0} : GetCount()};
+}
+
+double& SparseMatrix::operator()(int nRow, int nCol) {
+  if (IsRefused(text::c_strAccessUnallocated)) return ResetDummy();
+  const int i = std::max(nRow, nCol);
+  const int j = std::min(nRow, nCol);
+  // Deliberate: greater than n, and only the smaller index.
+  if (j > m_n) {
+    GetPlatform().ShowMessage(nRow >= nCol ? text::c_strColOutOfRange : text::c_strRowOutOfRange);
+    return ResetDummy();
+  }
+  const bool bStored = i >= 0 && i < m_n && i - j < FullHeight(i);
+  return bStored ? Column(i)[j] : ResetDummy();
+}
+
+SparseMatrix& SparseMatrix::operator*=(double dFactor) {
+  if (IsRefused(text::c_strMultiplyUnallocated)) return *this;
+  for (double& dEntry : std::span(m_values.get(), GetCount())) {
+    // Deliberate: zeros stay zero under any factor, NaN too.
+    if (dEntry != 0.0) dEntry *= dFactor;
+  }
+  m_bFactorised = false;
+  return *this;
+}
+
+SparseMatrix& SparseMatrix::operator+=(const SparseMatrix& S) {
+  if (IsRefused(text::c_strAddUnallocated) || S.IsRefused(text::c_strAddUnallocated)) return *this;
+  for (int i = 0; i < std::min(m_n, S.m_n); ++i) {
+    const int nCommon = std::min(FullHeight(i), S.FullHeight(i));
+    for (int r = i - nCommon + 1; r <= i; ++r) Column(i)[r] += S.Column(i)[r];
+  }
+  m_bFactorised = false;
+  return *this;
+}
+
+CMatrix SparseMatrix::operator*(const CMatrix& x) const {
+  if (IsRefused(text::c_strMultiplyUnallocated)) return {};
+  if (x.GetCols() != 1 && x.GetRows() != 1) {
+    GetPlatform().ShowMessage(text::c_strVectorDefinition);
+    return {};
+  }
+  CMatrix y(x.GetRows(), x.GetCols(), 0.0);
+  const int nLength = x.GetCols() == 1 ? x.GetRows() : x.GetCols();
+  const double* const xs = x[0];
+  double* const ys = y[0];
+  for (int i = 0; i < std::min(nLength, m_n); ++i) {
+    const double* const a = Column(i);
+    double dSum = a[i] * xs[i];
+    for (int r = i - 1; r > i - Height(i); --r) {
+      dSum += a[r] * xs[r];
+      ys[r] += a[r] * xs[i];
+    }
+    ys[i] += dSum;
+  }
+  return y;
+}
+
+void SparseMatrix::MultiplyRows(std::span<const double> x, std::span<double> y) const {
+  for (std::size_t i = 0; i < y.size(); ++i) {
+    double dSum = 0.0;
+    for (auto k = Index(m_rowStart[i]); k < Index(m_rowStart[i + 1]); ++k)
+      dSum += m_rowValues[k] * x[Index(m_rowColumn[k])];
+    y[i] = dSum;
+  }
+}
+
+void SparseMatrix::RestoreHeights() {
+  m_height.resize(Index(m_n));
+  for (int i = 0; i < m_n; ++i) m_height[Index(i)] = FullHeight(i);
+}
+
+void SparseMatrix::TrimProfile(int n) {
+  if (m_bNotAllocated || n < 1) return;
+  for (int i = 0; i < n; ++i) {
+    int nTop = i - FullHeight(i) + 1;
+    while (nTop < i && Column(i)[nTop] == 0.0) ++nTop;
+    m_height[Index(i)] = i - nTop + 1;
+  }
+  m_rowExtent.assign(Index(n), 1);
+  int nLast = n - 1;
+  for (int i = n - 2; i >= 0; --i) {
+    while (nLast - i >= FullHeight(nLast)) --nLast;
+    m_rowExtent[Index(i)] = nLast - i + 1;
+  }
+}
+
+void SparseMatrix::BuildRows(int n) {
+  std::vector<int> nextEntry(Index(n) + 1, 0);
+  if (!m_bNotAllocated) CountRowEntries(n, nextEntry);
+  m_rowStart = nextEntry;
+  m_rowValues.resize(Index(m_rowStart.back()));
+  m_rowColumn.resize(Index(m_rowStart.back()));
+  if (m_bNotAllocated) return;
+  const auto append = [&](int nRow, int nCol, double dValue) {
+    const auto k = Index(nextEntry[Index(nRow)]++);
+    m_rowValues[k] = dValue;
+    m_rowColumn[k] = nCol;
+  };
+  // Column by column: row i receives its left entries with column i, the right ones with later columns.
+  for (int i = 0; i < n; ++i) {
+    for (int r = i - Height(i) + 1; r <= i; ++r) {
+      const double dValue = Column(i)[r];
+      if (dValue == 0.0) continue;
+      append(i, r, dValue);
+      if (r < i) append(r, i, dValue);
+    }
+  }
+}
+
+/// rowStart(i) = number of non-zero entries in the rows before i.
+void SparseMatrix::CountRowEntries(int n, std::vector<int>& rowStart) const {
+  for (int i = 0; i < n; ++i) {
+    for (int r = i - Height(i) + 1; r <= i; ++r) {
+      if (Column(i)[r] == 0.0) continue;
+      ++rowStart[Index(i) + 1];
+      if (r < i) ++rowStart[Index(r) + 1];
+    }
+  }
+  std::partial_sum(rowStart.begin(), rowStart.end(), rowStart.begin());
+}
+
+bool SparseMatrix::Decompose(int n) {
+  if (IsRefused(text::c_strSolveUnallocated)) return false;
+  std::vector<double> pivots(Index(n));
+  const bool bAccepted = Factorise(n, pivots);
+  for (int i = 0; i < n; ++i) Column(i)[i] = pivots[Index(i)];
+  return bAccepted;
+}
+
+bool SparseMatrix::Solve(int n, std::span<double> b) {
+  if (IsRefused(text::c_strSolveUnallocated)) return false;
+  if (!m_bFactorised && !Decompose(n)) return false;
+  const auto profile = GetProfile(n);
+  skyline::ForwardReduce(profile, m_values.get(), b);
+  for (int i = 0; i < n; ++i) b[Index(i)] /= Column(i)[i];
+  skyline::BackSubstitute(profile, m_values.get(), b);
+  return true;
+}
+
+bool SparseMatrix::SolveKeepDiagonal(int n, std::span<double> d, std::span<double> b) {
+  if (IsRefused(text::c_strSolveUnallocated)) return false;
+  if (!m_bFactorised && !Factorise(n, d)) return false;
+  const auto profile = GetProfile(n);
+  skyline::ForwardReduce(profile, m_values.get(), b);
+  for (int i = 0; i < n; ++i) b[Index(i)] /= d[Index(i)];
+  skyline::BackSubstitute(profile, m_values.get(), b);
+  return true;
+}
+
+/// L in place of the columns, D in pivots. The pivots are tested after all columns.
+bool SparseMatrix::Factorise(int n, std::span<double> pivots) {
+  skyline::FactoriseLdlt(GetProfile(n), m_values.get(), pivots);
+  if (!std::ranges::all_of(pivots.first(Index(n)), IsAcceptedPivot)) {
+    GetPlatform().ShowMessage(text::c_strUnstable);
+    return false;
+  }
+  m_bFactorised = true;
+  return true;
+}
+
+std::size_t SparseMatrix::GetCount() const { return m_diag.empty() ? 0 : Index(m_diag.back()) + 1; }
+
+skyline::Profile SparseMatrix::GetProfile(int n) const {
+  return {GetDiagonal().first(Index(n)), GetHeights().first(Index(n))};
+}
+
+bool SparseMatrix::IsRefused(std::string_view strText) const {
+  if (m_bNotAllocated) GetPlatform().ShowMessage(strText);
+  return m_bNotAllocated;
+}
+
+double& SparseMatrix::ResetDummy() {
+  m_dDummy = 0.0;
+  return m_dDummy;
+}
+
+void SparseMatrix::DropDerived() {
+  m_rowExtent.clear();
+  m_rowStart.clear();
+  m_rowColumn.clear();
+  m_rowValues.clear();
+}
+
+}  // namespace skyframe
