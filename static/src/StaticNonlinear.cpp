@@ -68,7 +68,7 @@ bool CAnalysisModel::IterateToEquilibrium() {
     const double dIncrement = Norm(increment);
     if (test.IsConverged(dResidual, dIncrement)) return true;
     if (!std::isfinite(dResidual) || !std::isfinite(dIncrement)) break;  // it cannot come back
-    GetPlatform().ReportProgress((k + 1.0) / m_nMaxIter, {});
+    GetPlatform().ReportProgress((k + 1.0) / m_nMaxIter, c_strIteration);
   }
   GetPlatform().ShowMessage(c_strNoConvergence);
   return false;

@@ -97,6 +97,8 @@ class CAnalysisModel {
   /// Geometrically nonlinear static solution, modified Newton-Raphson with a fixed stiffness;
   /// writes strJobPath + "_StaticNonlinearSol.txt".
   void SolveStaticNonlinear(const std::string& strJobPath);
+  /// Gives the memory of the factorised stiffness back; displacements and forces stay.
+  void ReleaseStiffness() { m_stiffness.Release(); }
 
   [[nodiscard]] const CNodeTable& GetNodes() const { return m_nodes; }
   [[nodiscard]] int GetTotalDofs() const { return m_nodes.GetTotalDofs(); }

@@ -1,0 +1,20 @@
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "skyframe/model/AnalysisModel.h"
+
+namespace skyframe {
+
+/// Job path of the last analysis started by the time-history or static driver.
+extern std::string g_strJobPath;
+
+/// Models that stay allocated after their entry point returned: the last one of each.
+struct KeptModels {
+  std::unique_ptr<CAnalysisModel> m_pStatic;
+  std::unique_ptr<CAnalysisModel> m_pTimeHistory;
+};
+extern KeptModels g_keptModels;
+
+}  // namespace skyframe
