@@ -12,6 +12,8 @@
 
 namespace skyframe {
 
+class IPaintContext;
+
 /// Rectangle in dialog units: x and width in quarters of the mean character width of the dialog's
 /// font, y and height in eighths of its height.
 struct DialogRect {
@@ -61,10 +63,13 @@ struct DialogTemplate {
   std::span<const ControlTemplate> controls;
 
   /// Null when no control carries the identifier.
-  [[nodiscard]] const ControlTemplate* Find(int nId) const;
+  [[nodiscard]] const ControlTemplate* Find(int nControlId) const;
 
   /// Identifiers of the radio buttons from nFirstId to the end of its group, in template order.
   [[nodiscard]] std::vector<int> GetRadioGroup(int nFirstId) const;
+
+  /// First radio button of the group that nRadioId belongs to; -1 when it is no radio button.
+  [[nodiscard]] int GetGroupStart(int nRadioId) const;
 };
 
 /// The controls of an open dialog as the dialog sees them. Rows and items count from 0.
@@ -97,6 +102,8 @@ class IDialogView {
   virtual void Enable(int nId, bool bOn) = 0;
   [[nodiscard]] virtual bool IsEnabled(int nId) const = 0;
   virtual void SetFocus(int nId) = 0;
+  /// Identifier of the control that has the focus; -1 when none has.
+  [[nodiscard]] virtual int GetFocus() const = 0;
 
   virtual void StartTimer(int nTimer, int nMilliseconds) = 0;
   virtual void StopTimer(int nTimer) = 0;
@@ -107,7 +114,9 @@ class IDialogView {
 
 enum class DialogEvent { Clicked, DoubleClicked, SelectionChanged, TextChanged };
 
-/// Moves values between a dialog's members and its controls, in either direction.
+/// Moves values between a dialog's members and its controls, in either direction. Integers are
+/// decimal and fit an int; reals are decimal, finite, shown with the fewest digits that keep the
+/// value. Blanks around a number are allowed, anything else beside it is not.
 /// When saving, the first field that does not parse shows a message, takes the focus, and makes
 /// every later transfer do nothing.
 class CDataExchange {
@@ -161,6 +170,8 @@ class CDialog {
   /// A person did something with a control. Default processing: button 1 is OK, button 2 is Cancel.
   void Notify(int nId, DialogEvent event);
   void Tick(int nTimer) { OnTimer(nTimer); }
+  /// Draws the dialog's own area, if it has one, in pixels from the client area's top left corner.
+  void Paint(IPaintContext& paint) { OnPaint(paint); }
   [[nodiscard]] bool HasEnded() const { return m_bEnded; }
   [[nodiscard]] int GetResult() const { return m_nResult; }
   void Close();
@@ -172,6 +183,7 @@ class CDialog {
   virtual void OnOk();
   virtual void OnCancel();
   virtual void OnTimer(int nTimer);
+  virtual void OnPaint(IPaintContext& paint);
   virtual void DoDataExchange(CDataExchange& exchange) = 0;
 
   /// True to save (controls to members); false when a field is invalid.

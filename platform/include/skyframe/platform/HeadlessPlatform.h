@@ -1,6 +1,7 @@
 #pragma once
 
 #include <deque>
+#include <functional>
 #include <map>
 #include <ostream>
 #include <string>
@@ -11,6 +12,9 @@
 
 namespace skyframe {
 
+class CScriptedView;
+class IDialogView;
+
 /// One thing a person does in an open dialog.
 struct DialogStep {
   enum class Action {
@@ -20,18 +24,21 @@ struct DialogStep {
     ToggleRow,    ///< clicks a row of a list
     DoubleClick,  ///< double-clicks a row of a list
     Click,        ///< clicks a button
-    Wait          ///< lets nRow milliseconds pass
+    Wait,         ///< lets nRow milliseconds pass; timers of every open dialog run
+    Inspect       ///< looks at the dialog without touching it
   };
   Action action = Action::Click;
   int nId = 0;
   std::string strText;
   int nRow = -1;
   bool bOn = true;
+  std::function<void(const IDialogView&)> look;
 
   static DialogStep Type(int nId, std::string strText);
   static DialogStep Tick(int nId, bool bOn = true);
   static DialogStep Choose(int nRadioId);
   static DialogStep ChooseItem(int nListId, int nRow);
+  static DialogStep ChooseItem(int nListId, std::string strText);
   static DialogStep ToggleRow(int nListId, int nRow);
   static DialogStep ToggleRow(int nListId, std::string strText);
   static DialogStep DoubleClick(int nListId, int nRow);
@@ -39,17 +46,21 @@ struct DialogStep {
   static DialogStep Ok();
   static DialogStep Cancel();
   static DialogStep Wait(int nMilliseconds);
+  static DialogStep Inspect(std::function<void(const IDialogView&)> look);
 };
 
 /// Runs the module without a window system: dialogs follow scripts, messages are recorded.
 /// A script serves one opening of the dialog with its identifier; a button that opens another
 /// dialog takes that dialog's next script. A dialog without a script is cancelled, and so is one
 /// whose steps end while it is still open. A step that a person could not do (control missing,
-/// disabled, row not there) is reported by GetScriptErrors and ends the dialog with Cancel.
+/// disabled, row not there) is reported by GetScriptErrors and ends the dialog with Cancel; steps
+/// left over when the dialog has ended are reported too.
 class CHeadlessPlatform : public IPlatform {
  public:
   /// Messages are also written to strmMessages, the console goes to strmConsole.
   CHeadlessPlatform(std::ostream& strmMessages, std::ostream& strmConsole);
+  CHeadlessPlatform(const CHeadlessPlatform&) = delete;
+  CHeadlessPlatform& operator=(const CHeadlessPlatform&) = delete;
 
   void AddScript(int nDialogId, std::vector<DialogStep> steps);
   [[nodiscard]] bool HasUnusedScripts() const;
@@ -58,6 +69,9 @@ class CHeadlessPlatform : public IPlatform {
   [[nodiscard]] const std::vector<std::string>& GetScriptErrors() const { return m_scriptErrors; }
   [[nodiscard]] int GetWaitCursorDepth() const { return m_nWaitCursor; }
   [[nodiscard]] int GetModuleDepth() const { return m_nModule; }
+  /// Wait cursors requested since the start or Clear.
+  [[nodiscard]] int GetWaitCursorCount() const { return m_nWaitCursorCount; }
+  /// Forgets messages, script errors, unused scripts and the wait-cursor count.
   void Clear();
 
   /// Times handed out by GetLocalTime, first to last; the last one stays. Empty: the system clock.
@@ -73,13 +87,17 @@ class CHeadlessPlatform : public IPlatform {
   void LeaveModule() override;
 
  private:
+  void RunScript(CScriptedView& view, const std::vector<DialogStep>& steps);
+
   std::ostream& m_strmMessages;
   std::ostream& m_strmConsole;
   std::map<int, std::deque<std::vector<DialogStep>>> m_scripts;
   std::vector<std::string> m_messages;
   std::vector<std::string> m_scriptErrors;
   std::deque<LocalTime> m_clock;
+  CScriptedView* m_pTopView = nullptr;  ///< innermost open dialog; null when none is open
   int m_nWaitCursor = 0;
+  int m_nWaitCursorCount = 0;
   int m_nModule = 0;
 };
 

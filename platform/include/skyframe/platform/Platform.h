@@ -72,4 +72,28 @@ IPlatform& GetPlatform();
 /// Path with the separators of this system.
 std::string ToNativePath(std::string_view strPath);
 
+/// The module's state for the life of the object: EnterModule now, LeaveModule at the end.
+class CModuleStateScope {
+ public:
+  CModuleStateScope() : m_platform(GetPlatform()) { m_platform.EnterModule(); }
+  ~CModuleStateScope() { m_platform.LeaveModule(); }
+  CModuleStateScope(const CModuleStateScope&) = delete;
+  CModuleStateScope& operator=(const CModuleStateScope&) = delete;
+
+ private:
+  IPlatform& m_platform;
+};
+
+/// The wait cursor for the life of the object.
+class CWaitCursorScope {
+ public:
+  CWaitCursorScope() : m_platform(GetPlatform()) { m_platform.BeginWaitCursor(); }
+  ~CWaitCursorScope() { m_platform.EndWaitCursor(); }
+  CWaitCursorScope(const CWaitCursorScope&) = delete;
+  CWaitCursorScope& operator=(const CWaitCursorScope&) = delete;
+
+ private:
+  IPlatform& m_platform;
+};
+
 }  // namespace skyframe

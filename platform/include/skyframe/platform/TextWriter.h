@@ -5,12 +5,14 @@
 #include <string>
 #include <string_view>
 
+#include "skyframe/platform/Platform.h"
+
 namespace skyframe {
 
 enum class Align { Left, Right };
 
 /// Buffered writer of the result files. Fields shorter than their width are filled with blanks;
-/// longer ones are written whole. Numbers have the text that C's printf gives in the C locale.
+/// longer ones are written whole; widths count bytes. Numbers have the text that C's printf gives in the C locale.
 /// NaN and infinities print as "nan", "inf", "-inf".
 class CTextWriter {
  public:
@@ -25,7 +27,7 @@ class CTextWriter {
   CTextWriter& General(double dValue, int nWidth = 0, Align align = Align::Left);
   /// General notation, six significant digits, the point and trailing zeros shown ("%#g").
   CTextWriter& GeneralPoint(double dValue, int nWidth = 0, Align align = Align::Left);
-  /// Fixed notation with the point shown ("%#.*f").
+  /// Fixed notation with the point shown ("%#.*f"); nDecimals 0..64.
   CTextWriter& Fixed(double dValue, int nDecimals, int nWidth = 0, Align align = Align::Left);
   CTextWriter& EndLine();
 
@@ -33,12 +35,15 @@ class CTextWriter {
   bool Flush();
 
  private:
+  CTextWriter& Field(std::string_view strText, int nWidth, Align align);
+
   std::ostream& m_strm;
   std::string m_strBuffer;
 };
 
 /// A result file that appears whole or not at all: written beside its place under a temporary
-/// name and moved there by Commit; an object destroyed without Commit leaves an older file alone.
+/// name and moved there by Commit; an object destroyed without Commit leaves an older file alone
+/// and removes the temporary one.
 class CResultFile {
  public:
   explicit CResultFile(std::string strPath);
@@ -50,10 +55,13 @@ class CResultFile {
   [[nodiscard]] bool IsOpen() const { return m_pStream != nullptr; }
   /// Only when open.
   CTextWriter& GetWriter() { return *m_pWriter; }
-  /// False when something could not be written; the older file is then untouched.
+  /// Once, as the last call. False when something could not be written; the older file is then untouched.
   [[nodiscard]] bool Commit();
 
  private:
+  void Discard();
+
+  IPlatform& m_platform;
   std::string m_strPath;
   std::string m_strTemporary;
   std::unique_ptr<std::ostream> m_pStream;

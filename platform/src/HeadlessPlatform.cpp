@@ -1,0 +1,155 @@
+#include "skyframe/platform/HeadlessPlatform.h"
+
+#include <ctime>
+#include <utility>
+
+#include "ScriptedView.h"
+#include "texts.h"
+
+namespace skyframe {
+
+namespace {
+
+LocalTime ReadSystemClock() {
+  const std::time_t now = std::time(nullptr);
+  const std::tm* const pLocal = std::localtime(&now);
+  if (pLocal == nullptr) return {};
+  return {pLocal->tm_year + 1900, pLocal->tm_mon + 1, pLocal->tm_mday, pLocal->tm_hour, pLocal->tm_min, pLocal->tm_sec};
+}
+
+std::string DescribeStep(const CDialog& dialog, size_t nStep, const DialogStep& step, std::string_view strReason) {
+  return "dialog " + std::to_string(dialog.GetTemplate().nId) + ", step " + std::to_string(nStep + 1) + ", control " +
+         std::to_string(step.nId) + ": " + std::string(strReason);
+}
+
+}  // namespace
+
+DialogStep DialogStep::Type(int nId, std::string strText) {
+  return {.action = Action::Type, .nId = nId, .strText = std::move(strText), .look = {}};
+}
+
+DialogStep DialogStep::Tick(int nId, bool bOn) {
+  return {.action = Action::Tick, .nId = nId, .strText = {}, .bOn = bOn, .look = {}};
+}
+
+DialogStep DialogStep::Choose(int nRadioId) {
+  return {.action = Action::Choose, .nId = nRadioId, .strText = {}, .look = {}};
+}
+
+DialogStep DialogStep::ChooseItem(int nListId, int nRow) {
+  return {.action = Action::Choose, .nId = nListId, .strText = {}, .nRow = nRow, .look = {}};
+}
+
+DialogStep DialogStep::ChooseItem(int nListId, std::string strText) {
+  return {.action = Action::Choose, .nId = nListId, .strText = std::move(strText), .look = {}};
+}
+
+DialogStep DialogStep::ToggleRow(int nListId, int nRow) {
+  return {.action = Action::ToggleRow, .nId = nListId, .strText = {}, .nRow = nRow, .look = {}};
+}
+
+DialogStep DialogStep::ToggleRow(int nListId, std::string strText) {
+  return {.action = Action::ToggleRow, .nId = nListId, .strText = std::move(strText), .look = {}};
+}
+
+DialogStep DialogStep::DoubleClick(int nListId, int nRow) {
+  return {.action = Action::DoubleClick, .nId = nListId, .strText = {}, .nRow = nRow, .look = {}};
+}
+
+DialogStep DialogStep::Click(int nButtonId) {
+  return {.action = Action::Click, .nId = nButtonId, .strText = {}, .look = {}};
+}
+
+DialogStep DialogStep::Ok() { return Click(c_nIdOk); }
+
+DialogStep DialogStep::Cancel() { return Click(c_nIdCancel); }
+
+DialogStep DialogStep::Wait(int nMilliseconds) {
+  return {.action = Action::Wait, .strText = {}, .nRow = nMilliseconds, .look = {}};
+}
+
+DialogStep DialogStep::Inspect(std::function<void(const IDialogView&)> look) {
+  return {.action = Action::Inspect, .strText = {}, .look = std::move(look)};
+}
+
+CHeadlessPlatform::CHeadlessPlatform(std::ostream& strmMessages, std::ostream& strmConsole)
+    : m_strmMessages(strmMessages), m_strmConsole(strmConsole) {}
+
+void CHeadlessPlatform::AddScript(int nDialogId, std::vector<DialogStep> steps) {
+  m_scripts[nDialogId].push_back(std::move(steps));
+}
+
+bool CHeadlessPlatform::HasUnusedScripts() const {
+  for (const auto& [nDialogId, scripts] : m_scripts) {
+    if (!scripts.empty()) return true;
+  }
+  return false;
+}
+
+void CHeadlessPlatform::Clear() {
+  m_scripts.clear();
+  m_messages.clear();
+  m_scriptErrors.clear();
+  m_nWaitCursorCount = 0;
+}
+
+void CHeadlessPlatform::SetClock(std::vector<LocalTime> times) { m_clock.assign(times.begin(), times.end()); }
+
+void CHeadlessPlatform::ShowMessage(std::string_view strText) {
+  m_messages.emplace_back(strText);
+  m_strmMessages << strText << '\n' << std::flush;
+}
+
+int CHeadlessPlatform::RunModal(CDialog& dialog) {
+  std::vector<DialogStep> steps;
+  if (const auto it = m_scripts.find(dialog.GetTemplate().nId); it != m_scripts.end() && !it->second.empty()) {
+    steps = std::move(it->second.front());
+    it->second.pop_front();
+  }
+  CScriptedView view(dialog, m_pTopView, m_scriptErrors);
+  m_pTopView = &view;
+  dialog.Open(view);
+  view.FocusFirst();
+  RunScript(view, steps);
+  if (!dialog.HasEnded()) dialog.Notify(c_nIdCancel, DialogEvent::Clicked);
+  dialog.Close();
+  m_pTopView = view.GetParent();
+  return dialog.GetResult();
+}
+
+void CHeadlessPlatform::RunScript(CScriptedView& view, const std::vector<DialogStep>& steps) {
+  const CDialog& dialog = view.GetDialog();
+  for (size_t i = 0; i < steps.size(); ++i) {
+    const std::string_view strReason = dialog.HasEnded() ? texts::c_strDialogEnded : view.Perform(steps[i]);
+    if (strReason.empty()) continue;
+    m_scriptErrors.push_back(DescribeStep(dialog, i, steps[i], strReason));
+    return;
+  }
+}
+
+void CHeadlessPlatform::BeginWaitCursor() {
+  ++m_nWaitCursor;
+  ++m_nWaitCursorCount;
+}
+
+void CHeadlessPlatform::EndWaitCursor() {
+  if (m_nWaitCursor > 0) --m_nWaitCursor;
+}
+
+std::ostream& CHeadlessPlatform::GetConsole() { return m_strmConsole; }
+
+LocalTime CHeadlessPlatform::GetLocalTime() {
+  if (m_clock.empty()) return ReadSystemClock();
+  const LocalTime time = m_clock.front();
+  if (m_clock.size() > 1) m_clock.pop_front();
+  return time;
+}
+
+void CHeadlessPlatform::EnterModule() { ++m_nModule; }
+
+void CHeadlessPlatform::LeaveModule() {
+  if (m_nModule > 0) --m_nModule;
+  if (m_nModule == 0) m_nWaitCursor = 0;
+}
+
+}  // namespace skyframe

@@ -1,0 +1,304 @@
+#include "ScriptedView.h"
+
+#include <algorithm>
+#include <limits>
+
+#include "texts.h"
+
+namespace skyframe {
+
+namespace {
+
+using Action = DialogStep::Action;
+
+bool IsButton(ControlKind kind) { return kind == ControlKind::Button || kind == ControlKind::DefaultButton; }
+
+bool IsList(ControlKind kind) { return kind == ControlKind::ListBox || kind == ControlKind::ListView; }
+
+bool CanFocus(ControlKind kind) { return kind != ControlKind::Label && kind != ControlKind::Group; }
+
+bool CanPerform(Action action, ControlKind kind) {
+  switch (action) {
+    case Action::Type:
+      return kind == ControlKind::Edit;
+    case Action::Tick:
+      return kind == ControlKind::Check;
+    case Action::Choose:
+      return kind == ControlKind::Radio || kind == ControlKind::DropList;
+    case Action::ToggleRow:
+    case Action::DoubleClick:
+      return IsList(kind);
+    case Action::Click:
+      return IsButton(kind) || kind == ControlKind::Check || kind == ControlKind::Radio;
+    case Action::Wait:
+    case Action::Inspect:
+      break;
+  }
+  return false;
+}
+
+}  // namespace
+
+CScriptedView::CScriptedView(CDialog& dialog, CScriptedView* pParent, std::vector<std::string>& errors)
+    : m_dialog(dialog), m_pParent(pParent), m_errors(errors) {
+  for (const ControlTemplate& control : dialog.GetTemplate().controls) {
+    if (control.nId != -1) m_controls[control.nId] = MakeControl(control);
+  }
+}
+
+CScriptedView::Control CScriptedView::MakeControl(const ControlTemplate& layout) {
+  Control control;
+  control.pTemplate = &layout;
+  control.strText = layout.strText;
+  control.bEnabled = (layout.nStyle & c_nStyleDisabled) == 0;
+  if (layout.kind == ControlKind::ListView) {
+    control.nColumns = std::max<size_t>(layout.items.size(), 1);
+    return control;
+  }
+  for (const std::string_view strItem : layout.items) control.rows.push_back({{std::string(strItem)}});
+  return control;
+}
+
+const CScriptedView::Control* CScriptedView::Find(int nId) const {
+  if (const auto it = m_controls.find(nId); it != m_controls.end()) return &it->second;
+  m_errors.push_back("dialog " + std::to_string(m_dialog.GetTemplate().nId) + ", control " + std::to_string(nId) +
+                     ": " + std::string(texts::c_strNoControl));
+  return nullptr;
+}
+
+CScriptedView::Control* CScriptedView::Find(int nId) {
+  const auto it = std::as_const(*this).Find(nId) == nullptr ? m_controls.end() : m_controls.find(nId);
+  return it == m_controls.end() ? nullptr : &it->second;
+}
+
+void CScriptedView::FocusFirst() {
+  if (m_nFocus != -1) return;
+  for (const ControlTemplate& control : m_dialog.GetTemplate().controls) {
+    if (!CanFocus(control.kind) || control.nId == -1 || !IsEnabled(control.nId)) continue;
+    m_nFocus = control.nId;
+    return;
+  }
+}
+
+std::string_view CScriptedView::Perform(const DialogStep& step) {
+  if (step.action == Action::Inspect) {
+    step.look(*this);
+    return {};
+  }
+  if (step.action == Action::Wait) {
+    PassTime(step.nRow);
+    return {};
+  }
+  const auto it = m_controls.find(step.nId);
+  Control* const pControl = it == m_controls.end() ? nullptr : &it->second;
+  if (const std::string_view strReason = WhyUnusable(pControl, step); !strReason.empty()) return strReason;
+  m_nFocus = step.nId;
+  const ControlKind kind = pControl->pTemplate->kind;
+  if (step.action == Action::Type) {
+    TypeText(*pControl, step);
+  } else if (kind == ControlKind::DropList) {
+    ChooseItem(*pControl, FindRow(*pControl, step));
+  } else if (IsList(kind)) {
+    ClickRow(*pControl, FindRow(*pControl, step));
+    if (step.action == Action::DoubleClick) m_dialog.Notify(step.nId, DialogEvent::DoubleClicked);
+  } else if (step.action != Action::Tick || pControl->bChecked != step.bOn) {
+    ClickButton(*pControl);
+  }
+  return {};
+}
+
+std::string_view CScriptedView::WhyUnusable(const Control* pControl, const DialogStep& step) {
+  if (pControl == nullptr) return texts::c_strNoControl;
+  const ControlKind kind = pControl->pTemplate->kind;
+  if (!CanPerform(step.action, kind)) return texts::c_strWrongKind;
+  if (!pControl->bEnabled) return texts::c_strDisabled;
+  const bool bNeedsRow = kind == ControlKind::DropList || IsList(kind);
+  return bNeedsRow && FindRow(*pControl, step) == -1 ? texts::c_strNoRow : std::string_view{};
+}
+
+int CScriptedView::FindRow(const Control& control, const DialogStep& step) {
+  if (control.HasRow(step.nRow)) return step.nRow;
+  if (step.nRow != -1) return -1;
+  const auto it = std::find_if(control.rows.begin(), control.rows.end(),
+                               [&step](const Row& row) { return row.cells.front() == step.strText; });
+  return it == control.rows.end() ? -1 : static_cast<int>(it - control.rows.begin());
+}
+
+void CScriptedView::TypeText(Control& control, const DialogStep& step) {
+  control.strText = step.strText;
+  m_dialog.Notify(step.nId, DialogEvent::TextChanged);
+}
+
+void CScriptedView::ClickButton(Control& control) {
+  const int nId = control.pTemplate->nId;
+  if (control.pTemplate->kind == ControlKind::Radio) SetCheck(nId, true);
+  if (control.pTemplate->kind == ControlKind::Check) control.bChecked = !control.bChecked;
+  m_dialog.Notify(nId, DialogEvent::Clicked);
+}
+
+void CScriptedView::ClickRow(Control& control, int nRow) {
+  const bool bMultiple = (control.pTemplate->nStyle & c_nStyleMultiple) != 0;
+  Select(control.pTemplate->nId, nRow, !bMultiple || !control.At(nRow).bSelected);
+  control.nCurrent = nRow;
+  m_dialog.Notify(control.pTemplate->nId, DialogEvent::SelectionChanged);
+}
+
+void CScriptedView::ChooseItem(Control& control, int nRow) {
+  control.nCurrent = nRow;
+  m_dialog.Notify(control.pTemplate->nId, DialogEvent::SelectionChanged);
+}
+
+void CScriptedView::PassTime(int nMilliseconds) {
+  while (nMilliseconds > 0 && !m_dialog.HasEnded()) {
+    int nStep = nMilliseconds;
+    for (const CScriptedView* pView = this; pView != nullptr; pView = pView->m_pParent) {
+      nStep = std::min(nStep, pView->GetTimeToNextTimer());
+    }
+    for (CScriptedView* pView = this; pView != nullptr; pView = pView->m_pParent) pView->RunTimers(nStep);
+    nMilliseconds -= nStep;
+  }
+}
+
+int CScriptedView::GetTimeToNextTimer() const {
+  int nNext = std::numeric_limits<int>::max();
+  for (const auto& [nTimer, timer] : m_timers) nNext = std::min(nNext, timer.nRemaining);
+  return nNext;
+}
+
+void CScriptedView::RunTimers(int nMilliseconds) {
+  std::vector<int> due;
+  for (auto& [nTimer, timer] : m_timers) {
+    timer.nRemaining -= nMilliseconds;
+    if (timer.nRemaining > 0) continue;
+    timer.nRemaining = timer.nPeriod;
+    due.push_back(nTimer);
+  }
+  for (const int nTimer : due) {
+    if (!m_dialog.HasEnded() && m_timers.contains(nTimer)) m_dialog.Tick(nTimer);
+  }
+}
+
+void CScriptedView::SetText(int nId, std::string_view strText) {
+  if (Control* const pControl = Find(nId)) pControl->strText = strText;
+}
+
+std::string CScriptedView::GetText(int nId) const {
+  const Control* const pControl = Find(nId);
+  return pControl == nullptr ? std::string{} : pControl->strText;
+}
+
+void CScriptedView::SetCheck(int nId, bool bOn) {
+  Control* const pControl = Find(nId);
+  if (pControl == nullptr) return;
+  if (bOn && pControl->pTemplate->kind == ControlKind::Radio) {
+    const DialogTemplate& layout = m_dialog.GetTemplate();
+    for (const int nButton : layout.GetRadioGroup(layout.GetGroupStart(nId))) m_controls[nButton].bChecked = false;
+  }
+  pControl->bChecked = bOn;
+}
+
+bool CScriptedView::GetCheck(int nId) const {
+  const Control* const pControl = Find(nId);
+  return pControl != nullptr && pControl->bChecked;
+}
+
+void CScriptedView::InsertItem(int nId, int nRow, std::string_view strText) {
+  Control* const pControl = Find(nId);
+  if (pControl == nullptr) return;
+  nRow = std::clamp(nRow, 0, static_cast<int>(pControl->rows.size()));
+  Row row;
+  row.cells.resize(pControl->nColumns);
+  row.cells.front() = strText;
+  pControl->rows.insert(pControl->rows.begin() + nRow, std::move(row));
+  if (pControl->nCurrent >= nRow) ++pControl->nCurrent;
+}
+
+int CScriptedView::AddItem(int nId, std::string_view strText) {
+  const Control* const pControl = Find(nId);
+  if (pControl == nullptr) return -1;
+  const auto& rows = pControl->rows;
+  auto it = rows.end();
+  if ((pControl->pTemplate->nStyle & c_nStyleSorted) != 0) {
+    it = std::find_if(rows.begin(), rows.end(), [strText](const Row& row) { return row.cells.front() > strText; });
+  }
+  const int nRow = static_cast<int>(it - rows.begin());
+  InsertItem(nId, nRow, strText);
+  return nRow;
+}
+
+void CScriptedView::DeleteItem(int nId, int nRow) {
+  Control* const pControl = Find(nId);
+  if (pControl == nullptr || !pControl->HasRow(nRow)) return;
+  pControl->rows.erase(pControl->rows.begin() + nRow);
+  if (pControl->nCurrent == nRow) {
+    pControl->nCurrent = -1;
+  } else if (pControl->nCurrent > nRow) {
+    --pControl->nCurrent;
+  }
+}
+
+int CScriptedView::GetItemCount(int nId) const {
+  const Control* const pControl = Find(nId);
+  return pControl == nullptr ? 0 : static_cast<int>(pControl->rows.size());
+}
+
+std::string CScriptedView::GetItemText(int nId, int nRow, int nColumn) const {
+  const Control* const pControl = Find(nId);
+  if (pControl == nullptr || !pControl->HasRow(nRow)) return {};
+  const std::vector<std::string>& cells = pControl->At(nRow).cells;
+  return nColumn >= 0 && nColumn < static_cast<int>(cells.size()) ? cells[static_cast<size_t>(nColumn)] : std::string{};
+}
+
+void CScriptedView::SetCell(int nId, int nRow, int nColumn, std::string_view strText) {
+  Control* const pControl = Find(nId);
+  if (pControl == nullptr || !pControl->HasRow(nRow)) return;
+  if (nColumn < 0 || static_cast<size_t>(nColumn) >= pControl->nColumns) return;
+  pControl->At(nRow).cells[static_cast<size_t>(nColumn)] = strText;
+}
+
+void CScriptedView::Select(int nId, int nRow, bool bOn) {
+  Control* const pControl = Find(nId);
+  if (pControl == nullptr || !pControl->HasRow(nRow)) return;
+  if (bOn && (pControl->pTemplate->nStyle & c_nStyleMultiple) == 0) {
+    for (Row& row : pControl->rows) row.bSelected = false;
+    pControl->nCurrent = nRow;
+  }
+  pControl->At(nRow).bSelected = bOn;
+}
+
+bool CScriptedView::IsSelected(int nId, int nRow) const {
+  const Control* const pControl = Find(nId);
+  if (pControl == nullptr || !pControl->HasRow(nRow)) return false;
+  return pControl->pTemplate->kind == ControlKind::DropList ? pControl->nCurrent == nRow : pControl->At(nRow).bSelected;
+}
+
+void CScriptedView::SetCurrent(int nId, int nRow) {
+  if (Control* const pControl = Find(nId)) pControl->nCurrent = pControl->HasRow(nRow) ? nRow : -1;
+}
+
+int CScriptedView::GetCurrent(int nId) const {
+  const Control* const pControl = Find(nId);
+  return pControl == nullptr ? -1 : pControl->nCurrent;
+}
+
+void CScriptedView::Enable(int nId, bool bOn) {
+  if (Control* const pControl = Find(nId)) pControl->bEnabled = bOn;
+}
+
+bool CScriptedView::IsEnabled(int nId) const {
+  const Control* const pControl = Find(nId);
+  return pControl != nullptr && pControl->bEnabled;
+}
+
+void CScriptedView::SetFocus(int nId) {
+  if (Find(nId) != nullptr) m_nFocus = nId;
+}
+
+void CScriptedView::StartTimer(int nTimer, int nMilliseconds) {
+  const int nPeriod = std::max(nMilliseconds, 1);
+  m_timers[nTimer] = {nPeriod, nPeriod};
+}
+
+void CScriptedView::StopTimer(int nTimer) { m_timers.erase(nTimer); }
+
+}  // namespace skyframe

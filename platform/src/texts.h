@@ -1,0 +1,22 @@
+#pragma once
+
+#include <string_view>
+
+namespace skyframe::texts {
+
+inline constexpr std::string_view c_strNeedInteger = "请输入一个整数。";
+inline constexpr std::string_view c_strNeedNumber = "请输入一个数字。";
+
+inline constexpr std::string_view c_strNoControl = "there is no such control";
+inline constexpr std::string_view c_strWrongKind = "the control cannot be used that way";
+inline constexpr std::string_view c_strDisabled = "the control is disabled";
+inline constexpr std::string_view c_strNoRow = "there is no such row";
+inline constexpr std::string_view c_strDialogEnded = "the dialog has ended";
+
+/// Suffix of a result file while it is being written.
+inline constexpr std::string_view c_strTemporarySuffix = ".part";
+
+inline constexpr std::string_view c_strSvgFonts =
+    "Noto Sans CJK SC, Source Han Sans SC, Microsoft YaHei, PingFang SC, WenQuanYi Zen Hei, SimSun, sans-serif";
+
+}  // namespace skyframe::texts
