@@ -83,6 +83,16 @@ class CAnalysisModel {
   double m_dConvTol = 1.0e-5;
   int m_nMaxIter = 30;
 
+  // Modal results, from a modal run or from a mode file.
+  std::vector<double> Omega;           ///< rad/s, ascending
+  CMatrix ModeShapes = CMatrix(0, 0);  ///< F x modes, column i belongs to Omega[i], Phi^T M Phi = I
+  int ModesSolved = 0;
+  bool m_bFrequenciesLoaded = false;
+  std::vector<double> ModeDamping;  ///< damping ratio of each mode of the spectrum analysis
+  int ConstantDamping = 1;          ///< 1: every mode takes m_dDampRatio
+  double VerticalReduction = 1.0;
+  double DesignAcceleration = 0.15;  ///< g
+
   /// Set by a successful build (and, for the spectrum analysis, by the mode-file reader).
   bool m_bValid = false;
 
@@ -99,6 +109,15 @@ class CAnalysisModel {
   void SolveStaticNonlinear(const std::string& strJobPath);
   /// Gives the memory of the factorised stiffness back; displacements and forces stay.
   void ReleaseStiffness() { m_stiffness.Release(); }
+
+  /// Lowest m_nModes modes by Lanczos iteration into Omega and ModeShapes; writes strJobPath + ".mode".
+  void SolveModes(const std::string& strJobPath, int nAnalysisType, bool bUseLoadMass);
+  /// Reads the first m_nExpandModes modes, the mode count and the shear flag; sets m_bValid.
+  bool ReadModeFile(const std::string& strJobPath);
+  /// Reads all frequencies unless the model has some; also the mode count and the shear flag.
+  bool ReadModeFrequencies(const std::string& strJobPath);
+  /// Response spectrum combination of the modes read before; writes strJobPath + ".spec".
+  void SpectrumAnalysis(const std::string& strJobPath, int nAnalysisType, bool bUseLoadMass);
 
   [[nodiscard]] const CNodeTable& GetNodes() const { return m_nodes; }
   [[nodiscard]] int GetTotalDofs() const { return m_nodes.GetTotalDofs(); }
