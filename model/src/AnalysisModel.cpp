@@ -73,7 +73,7 @@ void CAnalysisModel::AssembleInternalForce() {
     if (pElement) pElement->AssembleEndForces(m_internalForce);
   }
   const int F = GetFreeDofs();
-  for (std::size_t k = 0; k < m_reaction.size(); ++k) m_reaction[k] = -m_internalForce[F + k];
+  for (std::size_t k = 0; k < m_reaction.size(); ++k) m_reaction[k] = 0.0 - m_internalForce[F + k];  // no -0
 }
 
 void CAnalysisModel::WriteReactions(CTextWriter& out) const {

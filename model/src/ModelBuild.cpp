@@ -42,6 +42,10 @@ ElementEnds GetElementEnds(int nSlot) {
   return {nI, nJ, nI >= 0 && nI < ABCD.m_nNodes && nJ >= 0 && nJ < ABCD.m_nNodes};
 }
 
+bool FitsRecords() {
+  return ABCD.m_nNodes <= c_nMaxNodes && ABCD.m_nElements <= c_nMaxElements && ABCD.m_nLoads <= c_nMaxLoads;
+}
+
 double GetShearCoefficient(int nShape) {
   switch (nShape) {
     case 2:
@@ -81,6 +85,7 @@ bool CAnalysisModel::Build(bool bForModes, bool bLoadComb) {
   g_pMaterials = &m_materials;
 
   if (ABCD.m_nNodes <= 0) return Refuse(c_strNoNodes);
+  if (!FitsRecords()) return Refuse(c_strBeyondCapacity);
   ReadNodes();
   const std::vector<bool> inUse = MarkNodesInUse();
   ReadSupports(inUse);

@@ -1,0 +1,35 @@
+#include <memory>
+
+#include "Drivers.h"
+#include "ElapsedTime.h"
+#include "ModuleState.h"
+#include "Renumbering.h"
+#include "skyframe/dialogs/ModeDlg.h"
+#include "skyframe/hostdata/HostData.h"
+
+namespace skyframe {
+
+void RunModal() {
+  CModeDlg dialog;
+  dialog.m_loadComb.nLoadTypes = ABCD.m_nLoadCases + 1;
+  if (dialog.DoModal() != c_nIdOk) return;
+
+  const CRenumbering renumbering;
+  const auto pModel = std::make_unique<CAnalysisModel>();
+  SetLoadCombination(*pModel, dialog.m_loadComb);
+  pModel->BuildModelForModes(pModel->m_bLoadComb);
+  if (!pModel->m_bValid) return;
+
+  pModel->m_nModes = dialog.m_nModes;
+  pModel->m_nRootCheck = dialog.m_nRootCheck;
+  pModel->m_dModeTol = dialog.m_dModeTol;
+  pModel->m_nIterMultiple = dialog.m_nIterMultiple;
+  pModel->m_bShear = dialog.m_bShear;
+
+  const std::string strJobPath = COMDAT.m_szJobPath;
+  const CElapsedTime elapsed;
+  pModel->SolveModes(strJobPath, 0, pModel->m_bLoadComb);
+  elapsed.Report();
+}
+
+}  // namespace skyframe

@@ -1,0 +1,476 @@
+// Static analysis through the entry point with its dialogs: closed forms, equilibrium, result files,
+// failures.
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <functional>
+#include <map>
+#include <numbers>
+#include <random>
+#include <sstream>
+
+#include "HostModel.h"
+#include "TestPlatform.h"
+#include "skyframe/connect/ModeConnect.h"
+#include "skyframe/model/AnalysisModel.h"
+
+namespace skyframe::test {
+namespace {
+
+constexpr double c_dE = 2.06e11;
+constexpr const char* c_pLinear = "_StaticLinearSol.txt";
+constexpr const char* c_pNonlinear = "_StaticNonlinearSol.txt";
+
+struct StaticOptions {
+  bool bNonlinear = false;
+  std::vector<int> cases = {0};  ///< rows of the load-type list
+  int nCriterion = 0;
+  std::string strTolerance = "1e-6";
+  std::string strMaxIter = "100";
+};
+
+void RunStatic(CTestPlatform& platform, const StaticOptions& options = {}) {
+  platform->AddScript(16007,
+                      {DialogStep::Tick(16063, options.bNonlinear), DialogStep::ChooseItem(16090, options.nCriterion),
+                       DialogStep::Type(16091, options.strTolerance), DialogStep::Type(16092, options.strMaxIter),
+                       DialogStep::Click(16059), DialogStep::Ok()});
+  std::vector<DialogStep> combination;
+  for (const int nCase : options.cases) combination.push_back(DialogStep::ToggleRow(16039, nCase));
+  combination.push_back(DialogStep::Click(16042));
+  combination.push_back(DialogStep::Ok());
+  platform->AddScript(16002, combination);
+  CModeConnect::OnStaticNonlinearSol();
+  EXPECT_TRUE(platform->GetScriptErrors().empty());
+}
+
+/// What a reader takes from a result file: displacements by node, reactions by node and label, forces by element.
+struct Results {
+  std::map<int, std::array<double, 3>> displacement;
+  std::map<int, std::map<std::string, double>> reaction;
+  std::map<int, double> axialForce;
+  std::map<int, std::map<std::string, std::vector<double>>> diagram;
+};
+
+Results ReadResults(const std::string& strText) {
+  Results results;
+  std::istringstream strm(strText);
+  std::string strLine;
+  int nElement = 0;
+  bool bDisplacements = false;
+  while (std::getline(strm, strLine)) {
+    std::istringstream words(strLine);
+    std::string strWord;
+    words >> strWord;
+    if (strLine.starts_with("UX ")) {
+      bDisplacements = true;
+    } else if (bDisplacements) {
+      std::array<double, 3>& u = results.displacement[std::stoi(strWord)];
+      words >> u[0] >> u[1] >> u[2];
+    } else if (strLine.starts_with("结点号:")) {
+      const int nNode = std::stoi(strWord.substr(std::string("结点号:").size()));
+      std::string strLabel;
+      double dValue = 0.0;
+      while (words >> strLabel >> dValue) results.reaction[nNode][strLabel] = dValue;
+    } else if (strLine.find("N=  ") != std::string::npos) {
+      nElement = std::stoi(strWord);
+      words >> strWord >> results.axialForce[nElement];
+    } else if (strLine.find("杆单元内力") != std::string::npos) {
+      nElement = std::stoi(strWord);
+    } else if (strLine.starts_with("N = ")) {
+      words >> strWord >> results.axialForce[nElement];
+    } else if (!strWord.empty() && strWord.back() == ':') {
+      std::vector<double>& values = results.diagram[nElement][strWord];
+      for (double d = 0.0; words >> d;) values.push_back(d);
+    }
+  }
+  return results;
+}
+
+TEST(StaticLinear, CantileverFollowsBeamTheory) {
+  CTestPlatform platform;
+  CHostModel host;
+  host.SetSection(1, 2, 10000, 1e7, 2e7, 2e7);
+  host.AddNode(0, 0, 0, c_nRigid, "111111");
+  host.AddNode(4, 0, 0);
+  host.AddElement(c_nBeam, 1, 2);
+  host.AddLoad(0, 2, c_nDofZ, -10.0);
+  const CJobFolder job("cantilever");
+  RunStatic(platform);
+  EXPECT_TRUE(platform.GetMessages().empty());
+  const Results results = ReadResults(job.Read(c_pLinear));
+  EXPECT_NEAR(results.displacement.at(2)[2], -0.0517799, 1e-7);
+  // The force on the support: as the load, and 40 kNm.
+  EXPECT_NEAR(results.reaction.at(1).at("Z向支反力"), -10000.0, 0.01);
+  EXPECT_NEAR(std::abs(results.reaction.at(1).at("ZX平面内转角向支反力")), 40000.0, 0.1);
+  EXPECT_EQ(results.reaction.at(1).size(), 6U);
+  const auto& diagram = results.diagram.at(1);
+  ASSERT_EQ(diagram.at("MZX:").size(), 21U);
+  for (int p = 0; p <= 20; ++p) {
+    EXPECT_NEAR(std::abs(diagram.at("MZX:")[p]), 40000.0 * (1.0 - p / 20.0), 0.1) << p;
+    EXPECT_NEAR(std::abs(diagram.at("Qz:")[p]), 10000.0, 0.01) << p;
+    const double x = 4.0 * p / 20.0;
+    EXPECT_NEAR(diagram.at("Fz:")[p], -10000.0 * x * x * (12.0 - x) / (6 * c_dE * 2e-5), 0.0006) << p;
+    EXPECT_EQ(diagram.at("Qy:")[p], 0.0);
+  }
+}
+
+// A straight member is equally compliant whichever way it points.
+TEST(StaticLinear, ComplianceIsTheSameInEveryDirection) {
+  const double dSkew = 4.0 / std::sqrt(3.0);
+  const std::array<double, 3> axes[] = {{4, 0, 0}, {-4, 0, 0}, {0, 4, 0}, {0, 0, 4}, {0, 0, -4}, {dSkew, dSkew, dSkew}};
+  const std::array<double, 3> across[] = {{0, 1, 0}, {0, 0, 1}, {1, 0, 0},
+                                          {1, 0, 0}, {0, 1, 0}, {std::sqrt(0.5), -std::sqrt(0.5), 0}};
+  for (int i = 0; i < 6; ++i) {
+    CTestPlatform platform;
+    CHostModel host;
+    host.SetSection(1, 2, 10000, 1e7, 2e7, 2e7);
+    host.AddNode(0, 0, 0, c_nRigid, "111111");
+    host.AddNode(axes[i][0], axes[i][1], axes[i][2]);
+    host.AddElement(c_nBeam, 1, 2);
+    for (int k = 0; k < 3; ++k) host.AddLoad(0, 2, k, 10.0 * across[i][k]);
+    const CJobFolder job("direction");
+    RunStatic(platform);
+    const std::array<double, 3> u = ReadResults(job.Read(c_pLinear)).displacement.at(2);
+    const double dAlong = u[0] * across[i][0] + u[1] * across[i][1] + u[2] * across[i][2];
+    EXPECT_NEAR(dAlong, 0.0517799, 2e-7) << i;
+    EXPECT_NEAR(std::hypot(u[0], u[1], u[2]), 0.0517799, 2e-7) << i;
+  }
+}
+
+// Fixed at one end, hinged at the loaded one; the column under the hinge takes no moment.
+TEST(StaticLinear, ProppedMembersBendAsCantilevers) {
+  for (const bool bHingeFirst : {false, true}) {
+    CTestPlatform platform;
+    CHostModel host;
+    host.SetSection(1, 2, 10000, 1e7, 2e7, 2e7);
+    host.AddNode(0, 0, 0, c_nRigid, "111111");
+    host.AddNode(4, 0, 0, c_nPinned, "010000");
+    host.AddElement(c_nBeam, bHingeFirst ? 2 : 1, bHingeFirst ? 1 : 2);
+    host.AddLoad(0, 2, c_nDofZ, -10.0);
+    const CJobFolder job("propped");
+    RunStatic(platform);
+    const Results results = ReadResults(job.Read(c_pLinear));
+    EXPECT_NEAR(results.displacement.at(2)[2], -10.0e3 * 64 / (3 * c_dE * 2e-5), 1e-7);
+    const std::vector<double>& moments = results.diagram.at(1).at("MZX:");
+    EXPECT_NEAR(bHingeFirst ? moments.front() : moments.back(), 0.0, 1e-3);
+  }
+}
+
+TEST(StaticLinear, CombinesCasesWithTheirFactors) {
+  CTestPlatform platform;
+  CHostModel host;
+  ABCD.m_nLoadCases = 2;
+  host.SetSection(1, 2, 1000);
+  host.AddNode(0, 0, 0, c_nPinned, "111000");
+  host.AddNode(2, 0, 0, c_nPinned, "011000");
+  host.AddElement(c_nBar, 1, 2);
+  for (int nCase = 0; nCase < 3; ++nCase) host.AddLoad(nCase, 2, c_nDofX, std::pow(10.0, nCase));
+  const CJobFolder job("combination");
+  RunStatic(platform, {.cases = {0, 2}});
+  EXPECT_NEAR(ReadResults(job.Read(c_pLinear)).axialForce.at(1), 101.0e3, 1e-3);
+  RunStatic(platform, {.cases = {}});
+  const Results none = ReadResults(job.Read(c_pLinear));
+  EXPECT_EQ(none.axialForce.at(1), 0.0);
+  EXPECT_EQ(none.displacement.at(2)[0], 0.0);
+}
+
+TEST(StaticLinear, WritesTheFileLetterForLetter) {
+  CTestPlatform platform;
+  CHostModel host;
+  host.SetSection(1, 2, 1000);
+  host.AddNode(0, 0, 0, c_nPinned, "111000");
+  host.AddNode(2, 0, 0, c_nPinned, "011000");
+  host.AddElement(c_nBar, 1, 2);
+  host.AddLoad(0, 2, c_nDofX, 10.0);
+  const CJobFolder job("letters");
+  RunStatic(platform);
+  EXPECT_EQ(job.Read(c_pLinear),
+            "Linear Solution Output: \n"
+            "Member forces: \n"
+            "ElementNumber AxialForce \n"
+            "1         ---------输出第1号杆单元内力--------\n"
+            "N = 10000.000      \n"
+            "\n"
+            "Reactions: \n"
+            "结点号:1  X向支反力  -10000.000       Y向支反力  0.000            Z向支反力  0.000          \n"
+            "结点号:2  Y向支反力  0.000            Z向支反力  0.000          \n"
+            "\n"
+            "DOF Displacements: \n"
+            "UX             UY             UZ\n"
+            "1         0.00000        0.00000        0.00000        \n"
+            "2         9.70874e-05    0.00000        0.00000        \n");
+}
+
+// Stiffness by columns of unit displacements through the element operations, solved densely.
+std::vector<double> SolveDense(std::vector<std::vector<double>> A, std::vector<double> b) {
+  const int n = static_cast<int>(b.size());
+  for (int j = 0; j < n; ++j) {
+    int nPivot = j;
+    for (int i = j + 1; i < n; ++i) {
+      if (std::abs(A[i][j]) > std::abs(A[nPivot][j])) nPivot = i;
+    }
+    std::swap(A[j], A[nPivot]);
+    std::swap(b[j], b[nPivot]);
+    for (int i = j + 1; i < n; ++i) {
+      const double f = A[i][j] / A[j][j];
+      for (int k = j; k < n; ++k) A[i][k] -= f * A[j][k];
+      b[i] -= f * b[j];
+    }
+  }
+  for (int j = n - 1; j >= 0; --j) {
+    for (int k = j + 1; k < n; ++k) b[j] -= A[j][k] * b[k];
+    b[j] /= A[j][j];
+  }
+  return b;
+}
+
+TEST(StaticLinear, RandomFrameAgreesWithADenseSolve) {
+  std::mt19937 random(7);
+  std::uniform_real_distribution<double> uniform(-1.0, 1.0);
+  CTestPlatform platform;
+  CHostModel host;
+  host.SetSection(1, 2, 9000, 3e7, 2e7, 5e7);
+  for (int i = 0; i < 14; ++i) {
+    host.AddNode(3 * uniform(random), 3 * uniform(random), i, i % 5 == 3 ? c_nPinned : c_nRigid,
+                 i < 3 ? "111111" : "000000");
+  }
+  for (int i = 1; i <= 14; ++i) {
+    for (int j = i + 1; j <= std::min(14, i + 4); ++j) host.AddElement((i + j) % 6 == 0 ? c_nBar : c_nBeam, i, j);
+  }
+  for (int i = 4; i <= 14; ++i) host.AddLoad(0, i, i % 3, 50 * uniform(random));
+  const CJobFolder job("random");
+  CAnalysisModel model;
+  model.BuildModel();
+  model.m_nLoadCaseFlag[0] = 1;
+  model.SolveStaticLinear(job.GetJobPath());
+  EXPECT_TRUE(platform.GetMessages().empty());
+
+  SparseMatrix K;
+  ASSERT_TRUE(model.AssembleStiffness(K, false, false));
+  const int F = model.GetFreeDofs();
+  std::vector<std::vector<double>> A(F, std::vector<double>(F));
+  for (int i = 0; i < F; ++i) {
+    for (int j = 0; j < F; ++j) A[i][j] = K(i, j);
+  }
+  const std::vector<double> u = SolveDense(A, {model.GetLoadVector().begin(), model.GetLoadVector().begin() + F});
+  double dLargest = 0.0;
+  for (const double d : u) dLargest = std::max(dLargest, std::abs(d));
+  for (int i = 0; i < F; ++i) EXPECT_NEAR(model.GetDisplacements()[i], u[i], 1e-10 * dLargest) << i;
+
+  // Equilibrium: -Fint at the supports balances the loads in every direction.
+  const CNodeTable& nodes = model.GetNodes();
+  for (int nDirection = 0; nDirection < 3; ++nDirection) {
+    double dLoad = 0.0;
+    double dSupport = 0.0;
+    for (int nNode = 0; nNode < nodes.GetNodeCount(); ++nNode) {
+      const int nDof = nodes.GetDof(nNode, nDirection);
+      (nDof < F ? dLoad : dSupport) += nDof < F ? model.GetLoadVector()[nDof] : model.GetReactions()[nDof - F];
+    }
+    EXPECT_NEAR(dSupport, dLoad, 1e-9 * 50e3);
+  }
+}
+
+void FillArch(CHostModel& host, double dLoad) {
+  host.SetSection(1, 2, 1000);
+  host.AddNode(-4, 0, 0, c_nPinned, "111000");
+  host.AddNode(0, 0, 1, c_nPinned, "010000");
+  host.AddNode(4, 0, 0, c_nPinned, "111000");
+  host.AddElement(c_nBar, 1, 2);
+  host.AddElement(c_nBar, 2, 3);
+  host.AddLoad(0, 2, c_nDofZ, -dLoad);
+}
+
+// P(w) = EA (2hw - w^2)(h - w) / L0^3 with Green-Lagrange strain.
+TEST(StaticNonlinear, ArchFollowsItsPath) {
+  const struct {
+    double dLoad;  ///< kN
+    double dDescent;
+    double dAxial;
+  } cases[] = {{114.05520, 0.02, -239649.80}, {272.22127, 0.05, -589038.84}, {200.0, 0.0359399, 0.0}};
+  for (const auto& c : cases) {
+    CTestPlatform platform;
+    CHostModel host;
+    FillArch(host, c.dLoad);
+    const CJobFolder job("arch");
+    RunStatic(platform, {.bNonlinear = true, .strTolerance = "1e-4"});
+    EXPECT_TRUE(platform.GetMessages().empty());
+    const Results results = ReadResults(job.Read(c_pNonlinear));
+    EXPECT_NEAR(results.displacement.at(2)[2], -c.dDescent, 1e-7);
+    if (c.dAxial != 0.0) {
+      EXPECT_NEAR(results.axialForce.at(1), c.dAxial, 0.5);
+      EXPECT_NEAR(results.axialForce.at(2), c.dAxial, 0.5);
+    }
+    EXPECT_TRUE(job.Read(c_pNonlinear).starts_with("Nonlinear Solution Output: \n"));
+  }
+}
+
+// Beam-column: H (tan kL - kL)/(P k).
+TEST(StaticNonlinear, AxialLoadSoftensTheColumn) {
+  CTestPlatform platform;
+  CHostModel host;
+  host.SetSection(1, 2, 5000, 1e7, 2e7, 2e7);
+  for (int i = 0; i <= 8; ++i) host.AddNode(0, 0, 3.0 * i / 8, c_nRigid, i == 0 ? "111111" : "000000");
+  for (int i = 1; i <= 8; ++i) host.AddElement(c_nBeam, i, i + 1);
+  const double L = 3.0;
+  const double EI = c_dE * 2e-5;
+  const double P = 0.3 * std::numbers::pi * std::numbers::pi * EI / (4 * L * L);
+  const double k = std::sqrt(P / EI);
+  host.AddLoad(0, 9, c_nDofX, 5.0);
+  host.AddLoad(0, 9, c_nDofZ, -P / 1000);
+  const CJobFolder job("column");
+  RunStatic(platform, {.bNonlinear = true, .strTolerance = "1e-3", .strMaxIter = "500"});
+  EXPECT_TRUE(platform.GetMessages().empty());
+  const double dTheory = 5000.0 * (std::tan(k * L) - k * L) / (P * k);
+  EXPECT_NEAR(ReadResults(job.Read(c_pNonlinear)).displacement.at(9)[0], dTheory, 0.005 * dTheory);
+  RunStatic(platform);
+  EXPECT_NEAR(ReadResults(job.Read(c_pLinear)).displacement.at(9)[0], 5000.0 * L * L * L / (3 * EI), 1e-7);
+}
+
+TEST(StaticNonlinear, StopsByItsCriterion) {
+  const struct {
+    int nCriterion;
+    const char* pTolerance;
+    const char* pMaxIter;
+    bool bConverges;
+  } cases[] = {
+      {0, "1e-3", "50", true}, {0, "1e-3", "2", false}, {1, "1e-9", "50", true},
+      {1, "1e-9", "2", false}, {2, "1e-6", "50", true}, {2, "1e-6", "2", false},
+      {3, "1e-6", "50", true}, {3, "1e-6", "2", false}, {1, "10", "1", true},  // the last permitted iteration counts
+      {3, "10", "1", false},                                                   // never on the first pass
+      {3, "10", "2", true},  // then as soon as the increment has come down
+      {0, "1e-3", "0", false},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(std::to_string(c.nCriterion) + " " + c.pTolerance + " " + c.pMaxIter);
+    CTestPlatform platform;
+    CHostModel host;
+    FillArch(host, 200.0);
+    const CJobFolder job("criterion");
+    job.Write(c_pNonlinear, "older result");
+    RunStatic(platform,
+              {.bNonlinear = true, .nCriterion = c.nCriterion, .strTolerance = c.pTolerance, .strMaxIter = c.pMaxIter});
+    if (c.bConverges) {
+      EXPECT_TRUE(platform.GetMessages().empty());
+      EXPECT_NE(job.Read(c_pNonlinear), "older result");
+    } else {
+      EXPECT_EQ(platform.GetMessages(), std::vector<std::string>{"在给定的迭代步内计算不收敛！\n请增加最大迭代步数！"});
+      EXPECT_EQ(job.Read(c_pNonlinear), "older result");
+    }
+    EXPECT_EQ(job.List().size(), 1U);  // no temporary file is left
+  }
+}
+
+TEST(StaticNonlinear, RelativeForceCriterionNeedsALoad) {
+  CTestPlatform platform;
+  CHostModel host;
+  FillArch(host, 200.0);
+  const CJobFolder job("unloaded");
+  RunStatic(platform, {.bNonlinear = true, .cases = {}, .nCriterion = 2});
+  EXPECT_EQ(platform.GetMessages().size(), 1U);
+  EXPECT_FALSE(job.Has(c_pNonlinear));
+  RunStatic(platform, {.bNonlinear = true, .cases = {}, .nCriterion = 0});
+  EXPECT_TRUE(job.Has(c_pNonlinear));
+}
+
+// A support so soft that the first increment runs beyond every bound; only the positive side is watched.
+TEST(StaticNonlinear, WatchesForRunaways) {
+  for (const double dSign : {1.0, -1.0}) {
+    CTestPlatform platform;
+    CHostModel host;
+    host.SetSection(1, 2, 1e-15);
+    host.AddNode(0, 0, 0, c_nPinned, "111000");
+    host.AddNode(1, 0, 0, c_nPinned, "011000");
+    host.AddElement(c_nBar, 1, 2);
+    host.AddLoad(0, 2, c_nDofX, dSign * 1e5);
+    const CJobFolder job("runaway");
+    RunStatic(platform, {.bNonlinear = true, .nCriterion = 1, .strTolerance = "1e30", .strMaxIter = "1"});
+    if (dSign > 0.0) {
+      EXPECT_EQ(platform.GetMessages(),
+                std::vector<std::string>{"节点2的X向超过限定值1.0e10!\n结构几何可变，请检查！"});
+      EXPECT_FALSE(job.Has(c_pNonlinear));
+    } else {
+      EXPECT_TRUE(platform.GetMessages().empty());
+      EXPECT_TRUE(job.Has(c_pNonlinear));
+    }
+  }
+}
+
+TEST(StaticFailures, UnstableStructuresAreRefused) {
+  const struct {
+    const char* pName;
+    std::function<void(CHostModel&)> fill;
+  } cases[] = {
+      {"mechanism", [](CHostModel& h) { h.AddNode(0, 0, 0, c_nPinned, "111000"), h.AddNode(1, 0, 0, c_nPinned); }},
+      {"rotation without stiffness",
+       [](CHostModel& h) { h.AddNode(0, 0, 0, c_nPinned, "111000"), h.AddNode(1, 0, 0, c_nRigid, "011000"); }},
+      {"zero length",
+       [](CHostModel& h) { h.AddNode(0, 0, 0, c_nPinned, "111000"), h.AddNode(0, 0, 0, c_nPinned, "011000"); }},
+      {"zero area",
+       [](CHostModel& h) {
+         h.AddNode(0, 0, 0, c_nPinned, "111000");
+         h.AddNode(1, 0, 0, c_nPinned, "011000");
+         h.SetSection(1, 2, 0.0);
+       }},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.pName);
+    CTestPlatform platform;
+    CHostModel host;
+    host.SetSection(1, 2, 1000);
+    c.fill(host);
+    host.AddElement(c_nBar, 1, 2);
+    host.AddLoad(0, 2, c_nDofX, 10.0);
+    const CJobFolder job("unstable");
+    job.Write(c_pLinear, "older result");
+    RunStatic(platform);
+    EXPECT_EQ(platform.GetMessages(), std::vector<std::string>{"结构几何可变"});
+    EXPECT_TRUE(job.Has(c_pLinear));
+    EXPECT_EQ(job.Read(c_pLinear), "");  // opened first, left empty
+    RunStatic(platform, {.bNonlinear = true});
+    EXPECT_FALSE(job.Has(c_pNonlinear));
+  }
+}
+
+TEST(StaticFailures, NothingHappensWithoutAModelOrAfterCancel) {
+  CTestPlatform platform;
+  CHostModel host;
+  const CJobFolder job("nothing");
+  RunStatic(platform);
+  EXPECT_EQ(platform.GetMessages(), std::vector<std::string>{"缺少节点!"});
+  FillArch(host, 1.0);
+  platform->AddScript(16007, {DialogStep::Cancel()});
+  CModeConnect::OnStaticNonlinearSol();
+  EXPECT_TRUE(job.List().empty());
+  EXPECT_EQ(platform->GetModuleDepth(), 0);
+  EXPECT_EQ(platform->GetWaitCursorDepth(), 0);  // what a refused build left on ends with the call
+}
+
+TEST(StaticLinear, RestrainedAndUnusedNodesAreHarmless) {
+  CTestPlatform platform;
+  CHostModel host;
+  host.SetSection(1, 2, 1000);
+  host.AddNode(0, 0, 0, c_nPinned, "111000");
+  host.AddNode(1, 0, 0, c_nPinned, "111000");
+  host.AddNode(5, 0, 0);
+  host.AddElement(c_nBar, 1, 2);
+  host.AddElement(8, 1, 2);           // unknown type
+  host.AddLoad(0, 2, c_nDofX, 10.0);  // on a support: it does not reach the structure
+  host.AddLoad(0, 3, c_nDofX, 10.0);  // on a node without DOFs
+  host.AddLoad(0, 2, c_nDofRX, 10.0);
+  const CJobFolder job("restrained");
+  for (const bool bNonlinear : {false, true}) RunStatic(platform, {.bNonlinear = bNonlinear});
+  EXPECT_TRUE(platform.GetMessages().empty());
+  for (const char* pSuffix : {c_pLinear, c_pNonlinear}) {
+    const Results results = ReadResults(job.Read(pSuffix));
+    EXPECT_EQ(results.displacement.size(), 3U);
+    EXPECT_EQ(results.axialForce.at(1), 0.0);
+    EXPECT_EQ(results.axialForce.count(2), 0U);
+    EXPECT_EQ(results.reaction.size(), 2U);
+  }
+}
+
+}  // namespace
+}  // namespace skyframe::test
