@@ -1,8 +1,5 @@
 #include "skyframe/numeric/SkylineKernel.h"
 
-#include <algorithm>
-#include <vector>
-
 namespace skyframe::skyline {
 
 namespace {
@@ -22,27 +19,6 @@ double Dot(const double* a, const double* b, int nCount) {
 }
 
 }  // namespace
-
-void FactoriseLdlt(const Profile& profile, double* values, std::span<double> pivots) {
-  for (int j = 0; j < profile.GetOrder(); ++j) {
-    double* const aj = values + profile.GetOffset(j);
-    const int nTop = profile.GetTop(j);
-    // g(i) = A(i, j) - sum L(k, i) g(k), kept in place of column j
-    for (int i = nTop; i < j; ++i) {
-      const double* const li = values + profile.GetOffset(i);
-      const int nFirst = std::max(nTop, profile.GetTop(i));
-      aj[i] -= Dot(li + nFirst, aj + nFirst, i - nFirst);
-    }
-    // L(i, j) = g(i) / d(i), d(j) = A(j, j) - sum g(i) L(i, j)
-    double dPivot = aj[j];
-    for (int i = nTop; i < j; ++i) {
-      const double g = aj[i];
-      aj[i] = g / pivots[static_cast<std::size_t>(i)];
-      dPivot -= g * aj[i];
-    }
-    pivots[static_cast<std::size_t>(j)] = dPivot;
-  }
-}
 
 void ForwardReduce(const Profile& profile, const double* values, std::span<double> b) {
   for (int i = 1; i < profile.GetOrder(); ++i) {
