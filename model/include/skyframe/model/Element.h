@@ -2,6 +2,7 @@
 
 #include <array>
 #include <span>
+#include <string>
 
 #include "skyframe/model/Material.h"
 #include "skyframe/model/NodeTable.h"
@@ -12,12 +13,20 @@
 namespace skyframe {
 
 inline constexpr int c_nStations = 21;
-/// Field of a force in the result files: fixed notation, left-justified.
-inline constexpr int c_nForceDecimals = 3;
-inline constexpr int c_nForceWidth = 15;
-
 /// Values at the stations x = p L / 20, p = 0..20, from end i to end j.
 using Diagram = std::array<double, c_nStations>;
+
+inline constexpr int c_nMemberDofs = 12;
+/// Values over the DOFs of a member; only the first ones are used where it has fewer than twelve.
+using MemberVector = std::array<double, c_nMemberDofs>;
+
+using Vector3 = std::array<double, 3>;
+/// Rows local x, local y, local z; columns global X, Y, Z.
+using LocalAxes = std::array<Vector3, 3>;
+
+/// Local axes of a member along d (its length need not be 1) whose section is turned by the angle
+/// with cosine c and sine s. Vertical and X-parallel members get local y = global Y.
+[[nodiscard]] LocalAxes FormLocalAxes(const Vector3& d, double c, double s);
 
 /// Section and identity of a member. Areas m2, second moments m4.
 struct ElementData {
@@ -30,86 +39,132 @@ struct ElementData {
   double dMass = 0.0;  ///< kg/m; stored as density, not used by the matrices
   int nMaterialNo = 0;
   int nElemNo = 0;  ///< 0-based slot; texts print the number + 1
+  double dAngleCos = 1.0;
+  double dAngleSin = 0.0;
 };
 
 /// A two-node element. The model drives all members through these operations, in this order.
 /// DOF order: the DOFs of end i, then of end j, each in the node table's direction order.
-/// Matrices are formed on demand into work matrices shared by all elements of a family: a returned
-/// reference is valid until the next element is formed, so element work is not re-entrant.
+/// Matrices are formed on demand into work matrices shared by all elements: a returned reference is
+/// valid until the next element is formed, so element work is not re-entrant.
 /// Failure: none of its own; a zero length gives infinities that the factorisation refuses.
 class CElement {
  public:
-  CElement() = default;
   CElement(const CElement&) = delete;
   CElement& operator=(const CElement&) = delete;
 
   /// Mass in global axes: consistent, or lumped at the translations.
   virtual const CMatrix& FormMassMatrix(bool bConsistent, bool bShear) const = 0;
   /// Adds the consistent mass to M.
-  virtual void AssembleMass(SparseMatrix& M, bool bShear) const = 0;
+  virtual void AssembleMass(SparseMatrix& M, bool bShear) const;
   virtual void OutputMaterial(CTextWriter& out) const = 0;
   /// Ends its last line.
   virtual void OutputInternalForce(CTextWriter& out) const = 0;
   /// Truss 0, beam 1, hinged at end i 2, at end j 3, at both ends 6.
   [[nodiscard]] virtual int GetTypeCode() const = 0;
-  [[nodiscard]] virtual int GetMaterialNo() const = 0;
+  [[nodiscard]] virtual int GetMaterialNo() const { return m_nMaterialNo; }
   /// Returns N (tension positive) and copies the moments, Nm, and shears, N.
   virtual double GetForceDiagram(Diagram& myz, Diagram& mzx, Diagram& mxy, Diagram& qy, Diagram& qz) const = 0;
   /// Copies the total local deflections, m; returns the axial displacements of ends i and j.
   virtual std::array<double, 2> GetDeflectionDiagram(Diagram& fy, Diagram& fz) const = 0;
   /// L from the current coordinates; the first call also sets the initial length.
-  virtual void ComputeLength() = 0;
+  virtual void ComputeLength();
   virtual void SetData(const ElementData& data) = 0;
   /// 0-based node indices.
   virtual void ReadNodes(int nNodeI, int nNodeJ) = 0;
   /// Length, direction cosines and local axes from the current coordinates.
-  virtual void ComputeLocalAxes() = 0;
+  virtual void ComputeLocalAxes();
   /// Nothing for beams; length and axes of a bar.
-  virtual void UpdateGeometry() = 0;
+  virtual void UpdateGeometry() {}
   /// Global to local, u_local = T u.
-  virtual const CMatrix& FormTransformation() const = 0;
+  virtual const CMatrix& FormTransformation() const;
   virtual void ResetDiagrams() = 0;
-  virtual void ResetWorkMatrices() const = 0;
-  virtual void UpdateSection() = 0;       ///< nothing
-  virtual void FormFixedEndForces() = 0;  ///< nothing: members carry no span loads
+  virtual void ResetWorkMatrices() const;
+  virtual void UpdateSection() {}       ///< nothing
+  virtual void FormFixedEndForces() {}  ///< nothing: members carry no span loads
   /// Internal forces from the N-vector u of displacements (total, or an increment that is added to
   /// the stored forces after the coordinates have moved). bFillDiagrams: also the station values.
   virtual void ComputeInternalForce(std::span<const double> u, bool bIncremental, bool bShear, bool bFillDiagrams) = 0;
-  virtual void AddFixedEndForces(std::span<double> vector) const = 0;  ///< nothing
-  virtual void AssembleStiffness(SparseMatrix& K, bool bGeometric, bool bShear) const = 0;
+  virtual void AddFixedEndForces(std::span<double>) const {}  ///< nothing
+  virtual void AssembleStiffness(SparseMatrix& K, bool bGeometric, bool bShear) const;
   /// heights[d] = max(heights[d], d - m + 1) with m the element's smallest equation number.
-  virtual void AddToBandwidth(std::span<int> heights) const = 0;
+  virtual void AddToBandwidth(std::span<int> heights) const;
   /// Returns the number of nodes, 2.
-  virtual int GetNodes(int& nNodeI, int& nNodeJ) const = 0;
+  virtual int GetNodes(int& nNodeI, int& nNodeJ) const;
   /// Stiffness in global axes.
   virtual const CMatrix& FormElementStiffness(bool bGeometric, bool bShear) const = 0;
   /// Adds the end forces, global axes, to an N-vector.
   virtual void AssembleEndForces(std::span<double> vector) const = 0;
-  virtual void AssembleEquilibrium(SparseMatrix& equilibrium) const = 0;              ///< announces itself only
-  virtual void FormInitialStress(CMatrix& out, std::span<const double> u) const = 0;  ///< nothing
+  virtual void AssembleEquilibrium(SparseMatrix& equilibrium) const;          ///< announces itself only
+  virtual void FormInitialStress(CMatrix&, std::span<const double>) const {}  ///< nothing
   /// Nothing for beams; the tangent stiffness of a bar at the displacements u.
-  virtual void FormTangentStiffness(CMatrix& out, std::span<const double> u) const = 0;
-  virtual void ZeroArea() = 0;
-  virtual void RestoreArea() = 0;
-  [[nodiscard]] virtual int GetElemNo() const = 0;
-  [[nodiscard]] virtual double GetAxialForce() const = 0;
+  virtual void FormTangentStiffness(CMatrix&, std::span<const double>) const {}
+  virtual void ZeroArea() { m_dArea = 0.0; }
+  virtual void RestoreArea() { m_dArea = m_dSectionArea; }
+  [[nodiscard]] virtual int GetElemNo() const { return m_nElemNo; }
+  [[nodiscard]] virtual double GetAxialForce() const { return m_dAxialForce; }
   virtual ~CElement() = default;
 
  protected:
+  /// dofPlaces: the element's DOFs as places 0..11 among those of two rigid nodes; static storage.
+  explicit CElement(std::span<const int> dofPlaces) : m_dofPlaces(dofPlaces) {}
+
+  [[nodiscard]] int GetDofCount() const { return static_cast<int>(m_dofPlaces.size()); }
+  [[nodiscard]] const CMaterial& GetMaterial() const { return *(*g_pMaterials)[m_nMaterialNo]; }
+  /// Area, angle, material and number: what every member takes from its data.
+  void StoreCommonData(const ElementData& data);
+  /// T of the axes R: R once for every three DOFs.
+  [[nodiscard]] const CMatrix& FormTransformationOf(const LocalAxes& R) const;
+  /// Displacements of the element's DOFs in the axes R; what lies behind the end of u counts as 0.
+  [[nodiscard]] MemberVector GatherLocal(const LocalAxes& R, std::span<const double> u) const;
+  /// T^t f.
+  [[nodiscard]] MemberVector ToGlobal(const MemberVector& local) const;
+  /// vector += values at the element's equations.
+  void ScatterVector(const MemberVector& values, std::span<double> vector) const;
+
+  std::span<const int> m_dofPlaces;
   int m_nMaterialNo = 0;
   int m_nElemNo = 0;
   double m_dArea = 0.0;         ///< working area: zero while the member is switched off
   double m_dSectionArea = 0.0;  ///< area as given
+  double m_dAngleCos = 1.0;
+  double m_dAngleSin = 0.0;
+  double m_dMassDensity = 0.0;
   int m_nNodeI = 0;
   int m_nNodeJ = 0;
   double m_dAxialForce = 0.0;
   double m_dLength = 0.0;
   double m_dInitialLength = 0.0;  ///< set once, at the first ComputeLength; 0 before
+  LocalAxes m_axes = {};
+
+ private:
+  /// Equation numbers in numbers, which the result views.
+  std::span<const int> GetDofs(std::array<int, c_nMemberDofs>& numbers) const;
 };
 
 /// Adds the symmetric element matrix to A through the lower triangle.
 void ScatterMatrix(const CMatrix& element, std::span<const int> dofs, SparseMatrix& A);
 /// Raises the column heights for an element that couples these equations.
 void RaiseHeights(std::span<const int> dofs, std::span<int> heights);
+
+/// Steps of an element that have a progress text.
+enum class ElementStep {
+  FormStiffness,
+  FormConsistentMass,
+  FormLumpedMass,
+  AssembleMass,
+  AssembleStiffness,
+  AddToBandwidth,
+  ComputeInternalForce,
+  OutputMaterial,
+  OutputInternalForce,
+  ReadNodes,
+  AssembleEquilibrium,
+  Count
+};
+
+/// Trace vocabulary: the text of a step with the element's number, empty where the family has none.
+/// Only node reading and equilibrium assembly write theirs to the console.
+[[nodiscard]] std::string GetProgressText(const CElement& element, ElementStep step);
 
 }  // namespace skyframe

@@ -12,7 +12,6 @@ namespace skyframe {
 class CMaterial {
  public:
   CMaterial() = default;
-  virtual ~CMaterial() = default;
   CMaterial(const CMaterial&) = delete;
   CMaterial& operator=(const CMaterial&) = delete;
 
@@ -30,6 +29,8 @@ class CMaterial {
   [[nodiscard]] virtual double GetUltimateStrain() const = 0;
   [[nodiscard]] virtual double GetTangentModulus() const = 0;
   [[nodiscard]] virtual double GetHardeningModulus() const = 0;
+
+  virtual ~CMaterial() = default;
 
   [[nodiscard]] double GetPoissonRatio() const { return m_dNu; }
   [[nodiscard]] double GetUnitWeight() const { return m_dUnitWeight; }
