@@ -6,6 +6,13 @@
 #include "texts.h"
 
 namespace skyframe {
+namespace {
+
+// Field of a reaction in the result files: fixed notation, left-justified.
+constexpr int c_nReactionDecimals = 3;
+constexpr int c_nReactionWidth = 15;
+
+}  // namespace
 
 CAnalysisModel::CAnalysisModel() : m_pDamping(10, 0.0) {
   m_pDamping[0] = m_pDamping[1] = 0.02;
@@ -85,7 +92,7 @@ void CAnalysisModel::WriteReactions(CTextWriter& out) const {
       if (!bSupported) out.Text(c_strNodeNumber).Integer(listed[k] + 1);
       bSupported = true;
       const double dReaction = m_reaction[m_nodes.GetDof(listed[k], nDirection) - GetFreeDofs()];
-      out.Text(c_strReactionLabels[nDirection]).Fixed(dReaction, c_nForceDecimals, c_nForceWidth);
+      out.Text(c_strReactionLabels[nDirection]).Fixed(dReaction, c_nReactionDecimals, c_nReactionWidth);
     }
     if (bSupported) out.EndLine();
   }
