@@ -24,7 +24,8 @@ std::string Length(double dValue) {
 }
 
 std::string Attribute(std::string_view strName, std::string_view strValue) {
-  return " " + std::string(strName) + "=\"" + std::string(strValue) + "\"";
+  std::string strText(" ");
+  return strText.append(strName).append("=\"").append(strValue).append("\"");
 }
 
 std::string ToHex(Colour colour) {
