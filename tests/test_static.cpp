@@ -177,6 +177,7 @@ TEST(StaticLinear, CombinesCasesWithTheirFactors) {
   EXPECT_EQ(none.displacement.at(2)[0], 0.0);
 }
 
+// The reaction is the force on the support: it points as the load does.
 TEST(StaticLinear, WritesTheFileLetterForLetter) {
   CTestPlatform platform;
   CHostModel host;
@@ -195,7 +196,7 @@ TEST(StaticLinear, WritesTheFileLetterForLetter) {
             "N = 10000.000      \n"
             "\n"
             "Reactions: \n"
-            "结点号:1  X向支反力  -10000.000       Y向支反力  0.000            Z向支反力  0.000          \n"
+            "结点号:1  X向支反力  10000.000        Y向支反力  0.000            Z向支反力  0.000          \n"
             "结点号:2  Y向支反力  0.000            Z向支反力  0.000          \n"
             "\n"
             "DOF Displacements: \n"

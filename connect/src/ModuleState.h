@@ -3,6 +3,7 @@
 #include <memory>
 #include <string>
 
+#include "skyframe/dialogs/LoadCombination.h"
 #include "skyframe/model/AnalysisModel.h"
 
 namespace skyframe {
@@ -16,5 +17,8 @@ struct KeptModels {
   std::unique_ptr<CAnalysisModel> m_pTimeHistory;
 };
 extern KeptModels g_keptModels;
+
+/// Copies flags and factors; the model combines loads when any flag is set.
+void SetLoadCombination(CAnalysisModel& model, const LoadCombination& combination);
 
 }  // namespace skyframe

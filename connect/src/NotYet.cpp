@@ -1,0 +1,19 @@
+#include "Drivers.h"
+#include "skyframe/platform/Platform.h"
+#include "texts.h"
+
+namespace skyframe {
+
+int RunSpectrum() {
+  GetPlatform().ShowMessage(c_strNotYetThere);
+  return 1;
+}
+
+int RunTimeHistory() {
+  GetPlatform().ShowMessage(c_strNotYetThere);
+  return 1;
+}
+
+void RunHistoryViewer() { GetPlatform().ShowMessage(c_strNotYetThere); }
+
+}  // namespace skyframe
