@@ -1,0 +1,17 @@
+#pragma once
+
+#include <ostream>
+#include <string>
+#include <vector>
+
+namespace skyframe::host {
+
+/// Exit statuses.
+inline constexpr int c_nExitGood = 0;
+inline constexpr int c_nExitAnalysisFailed = 1;  ///< an analysis ended with a message or without a result
+inline constexpr int c_nExitBadInput = 2;        ///< wrong arguments or job file; nothing was written
+
+/// The program `skyframe`: arguments without the program's own name, exit status as the result.
+[[nodiscard]] int RunCommandLine(const std::vector<std::string>& arguments, std::ostream& out, std::ostream& err);
+
+}  // namespace skyframe::host

@@ -1,0 +1,241 @@
+#include "skyframe/host/CommandLine.h"
+
+#include <CLI/CLI.hpp>
+#include <fstream>
+#include <new>
+
+#include "skyframe/host/Generate.h"
+#include "skyframe/host/JobFile.h"
+#include "skyframe/host/JobRunner.h"
+
+namespace skyframe::host {
+
+namespace {
+
+/// Swallows the module's progress lines.
+class CNullBuffer final : public std::streambuf {
+ protected:
+  int_type overflow(int_type c) override { return traits_type::not_eof(c); }
+  std::streamsize xsputn(const char*, std::streamsize nCount) override { return nCount; }
+};
+
+void PrintProblems(const std::string& strFile, const std::vector<JobProblem>& problems, std::string_view strKind,
+                   std::ostream& err) {
+  for (const JobProblem& problem : problems) {
+    err << strFile << ": " << (problem.strPlace.empty() ? "/" : problem.strPlace) << ": " << strKind
+        << problem.strReason << '\n';
+  }
+}
+
+/// Nothing when the job file has errors; they are then listed.
+std::optional<Job> LoadJob(const std::string& strFile, std::ostream& err) {
+  JobFile file = ReadJobFile(strFile);
+  PrintProblems(strFile, file.errors, "", err);
+  PrintProblems(strFile, file.warnings, "warning: ", err);
+  return file.errors.empty() ? std::optional(std::move(file.job)) : std::nullopt;
+}
+
+class CCommandLine {
+ public:
+  CCommandLine(std::ostream& out, std::ostream& err) : m_out(out), m_err(err) {
+    m_app.set_version_flag("--version", SKYFRAME_VERSION);
+    m_app.require_subcommand(1);
+    DefineRun();
+    DefineCheck();
+    DefineGenerate();
+  }
+
+  int Run(std::vector<std::string> arguments) {
+    std::reverse(arguments.begin(), arguments.end());  // as the parser wants it
+    try {
+      m_app.parse(arguments);
+    } catch (const CLI::ParseError& error) {
+      return m_app.exit(error, m_out, m_err) == 0 ? c_nExitGood : c_nExitBadInput;
+    }
+    return m_action();
+  }
+
+ private:
+  void DefineRun() {
+    CLI::App* pRun = m_app.add_subcommand("run", "Run every analysis of a job; results stand beside the job file");
+    pRun->add_option("job", m_strJobFile, "Job file (JSON)")->required();
+    pRun->add_option("--log", m_strLogFile, "File for the progress and trace lines (default: standard output)");
+    pRun->add_option("--data", m_strProgramPath, "Directory that holds GroundAccData")->capture_default_str();
+    pRun->callback([this] { m_action = [this] { return OnRun(); }; });
+  }
+
+  void DefineCheck() {
+    CLI::App* pCheck = m_app.add_subcommand("check", "Validate a job; print counts, profile and memory");
+    pCheck->add_option("job", m_strJobFile, "Job file (JSON)")->required();
+    pCheck->callback([this] { m_action = [this] { return OnCheck(); }; });
+  }
+
+  void DefineGenerate() {
+    CLI::App* pGenerate = m_app.add_subcommand("generate", "Write a job file for a regular structure");
+    pGenerate->require_subcommand(1);
+    DefineBuilding(*pGenerate);
+    DefineTower(*pGenerate);
+    DefineDome(*pGenerate);
+    DefineArch(*pGenerate);
+  }
+
+  CLI::App* AddShape(CLI::App& generate, const std::string& strName, const std::string& strHelp) {
+    CLI::App* pShape = generate.add_subcommand(strName, strHelp);
+    pShape->add_option("-o,--output", m_strOutput, "Job file to write (default: standard output)");
+    return pShape;
+  }
+
+  static void AddCount(CLI::App& app, const std::string& strName, int& nValue, const std::string& strHelp,
+                       int nLowest = 1) {
+    app.add_option(strName, nValue, strHelp)->check(CLI::Range(nLowest, 30000))->capture_default_str();
+  }
+
+  static void AddLength(CLI::App& app, const std::string& strName, double& dValue, const std::string& strHelp) {
+    app.add_option(strName, dValue, strHelp)->check(CLI::Range(1.0e-3, 1.0e5))->capture_default_str();
+  }
+
+  static void AddLoad(CLI::App& app, const std::string& strName, double& dValue, const std::string& strHelp) {
+    app.add_option(strName, dValue, strHelp)->check(CLI::Range(-1.0e9, 1.0e9))->capture_default_str();
+  }
+
+  void DefineBuilding(CLI::App& generate) {
+    CLI::App* p = AddShape(generate, "building", "Rectangular frame of rigid beams and columns");
+    AddCount(*p, "--bays-x", m_building.nBaysX, "Bays along X");
+    AddCount(*p, "--bays-y", m_building.nBaysY, "Bays along Y");
+    CLI::Option* pStoreys = p->add_option("--storeys", m_building.nStoreys, "Storeys")->check(CLI::Range(1, 30000));
+    pStoreys->capture_default_str();
+    p->add_option("--nodes", m_nNodes, "About so many nodes: chooses the storeys, and the bays if these are not given")
+        ->check(CLI::Range(8, 29999))
+        ->excludes(pStoreys);
+    AddLength(*p, "--span", m_building.dSpan, "Length of a bay, m");
+    AddLength(*p, "--height", m_building.dHeight, "Height of a storey, m");
+    AddLoad(*p, "--dead", m_building.dDeadLoad, "Dead load, kN/m2, case 0");
+    AddLoad(*p, "--live", m_building.dLiveLoad, "Live load, kN/m2, case 1");
+    AddLoad(*p, "--wind", m_building.dWindLoad, "Wind along X, kN/m2, case 2");
+    p->callback([this, p] { m_action = [this, p] { return OnGenerateBuilding(*p); }; });
+  }
+
+  void DefineTower(CLI::App& generate) {
+    CLI::App* p = AddShape(generate, "tower", "Square lattice tower of bars");
+    AddCount(*p, "--panels", m_tower.nPanels, "Panels one above the other");
+    AddLength(*p, "--base", m_tower.dBase, "Side at the foot, m");
+    AddLength(*p, "--top", m_tower.dTop, "Side at the top, m");
+    AddLength(*p, "--panel-height", m_tower.dPanelHeight, "Height of a panel, m");
+    p->callback([this] {
+      m_action = [this] { return Write([this] { return GenerateTower(m_tower); }, 4, m_tower.nPanels + 1.0); };
+    });
+  }
+
+  void DefineDome(CLI::App& generate) {
+    CLI::App* p = AddShape(generate, "dome", "Reticulated spherical cap");
+    AddCount(*p, "--rings", m_dome.nRings, "Rings around the crown");
+    AddCount(*p, "--segments", m_dome.nSegments, "Fields around a ring", 3);
+    AddLength(*p, "--span", m_dome.dSpan, "Span, m");
+    AddLength(*p, "--rise", m_dome.dRise, "Rise, m; at most half the span");
+    AddLoad(*p, "--load", m_dome.dLoad, "Load in plan, kN/m2");
+    p->add_flag("--beams", m_dome.bBeams, "Rigid beams instead of bars");
+    p->callback([this] { m_action = [this] { return OnGenerateDome(); }; });
+  }
+
+  void DefineArch(CLI::App& generate) {
+    CLI::App* p = AddShape(generate, "arch", "Two-bar arch, or an arch of rigid beams, loaded at its apex");
+    AddCount(*p, "--segments", m_arch.nSegments, "Members, an even number; 2 makes bars", 2);
+    AddLength(*p, "--half-span", m_arch.dHalfSpan, "Half the span, m");
+    AddLength(*p, "--rise", m_arch.dRise, "Rise, m");
+    AddLoad(*p, "--load", m_arch.dLoad, "Load at the apex, kN, downwards");
+    p->callback([this] { m_action = [this] { return OnGenerateArch(); }; });
+  }
+
+  int OnRun() {
+    const std::optional<Job> job = LoadJob(m_strJobFile, m_err);
+    if (!job) return c_nExitBadInput;
+    std::ofstream log;
+    if (!m_strLogFile.empty()) {
+      log.open(m_strLogFile);
+      if (!log) return Refuse(m_strLogFile + ": cannot be written");
+    }
+    const HostStreams streams{m_out, m_err, m_strLogFile.empty() ? m_out : log};
+    if (!job->strTitle.empty()) m_out << job->strTitle << '\n';
+    return RunJob(*job, GetJobPath(m_strJobFile), m_strProgramPath, streams) ? c_nExitGood : c_nExitAnalysisFailed;
+  }
+
+  int OnCheck() {
+    const std::optional<Job> job = LoadJob(m_strJobFile, m_err);
+    if (!job) return c_nExitBadInput;
+    CNullBuffer nothing;
+    std::ostream console(&nothing);
+    return CheckJob(*job, {m_out, m_err, console}) ? c_nExitGood : c_nExitAnalysisFailed;
+  }
+
+  int OnGenerateBuilding(const CLI::App& app) {
+    if (m_nNodes > 0) {
+      const BuildingParameters choice = ChooseBuilding(m_nNodes);
+      if (app.count("--bays-x") == 0) m_building.nBaysX = choice.nBaysX;
+      if (app.count("--bays-y") == 0) m_building.nBaysY = choice.nBaysY;
+      m_building.nStoreys = ChooseStoreys(m_nNodes, m_building.nBaysX, m_building.nBaysY);
+    }
+    return Write([this] { return GenerateBuilding(m_building); }, (m_building.nBaysX + 1.0) * (m_building.nBaysY + 1.0),
+                 m_building.nStoreys + 1.0);
+  }
+
+  int OnGenerateDome() {
+    if (m_dome.dRise > 0.5 * m_dome.dSpan) return Refuse("--rise: must be at most half the span");
+    return Write([this] { return GenerateDome(m_dome); }, m_dome.nRings, m_dome.nSegments);
+  }
+
+  int OnGenerateArch() {
+    if (m_arch.nSegments % 2 != 0) return Refuse("--segments: must be an even number");
+    return Write([this] { return GenerateArch(m_arch); }, m_arch.nSegments + 1.0, 1.0);
+  }
+
+  /// Generates and writes the job of about so many rows of nodes, unless the host records are too small.
+  template <class Generator>
+  int Write(Generator generator, double dRows, double dNodesPerRow) {
+    constexpr double c_dMostNodes = 29999.0;
+    if (dRows * dNodesPerRow > c_dMostNodes) return Refuse("more than 29999 nodes");
+    const std::string strText = FormatJob(generator());
+    const JobFile check = ParseJob(strText);
+    PrintProblems("generated job", check.errors, "", m_err);
+    if (!check.errors.empty()) return c_nExitBadInput;
+    if (m_strOutput.empty()) {
+      m_out << strText;
+      return c_nExitGood;
+    }
+    std::ofstream strm(m_strOutput, std::ios::binary);
+    strm << strText << std::flush;
+    return strm ? c_nExitGood : Refuse(m_strOutput + ": cannot be written");
+  }
+
+  int Refuse(const std::string& strReason) {
+    m_err << strReason << '\n';
+    return c_nExitBadInput;
+  }
+
+  CLI::App m_app{"Dynamic and static analysis of space frames and trusses", "skyframe"};
+  std::function<int()> m_action;
+  std::ostream& m_out;
+  std::ostream& m_err;
+
+  std::string m_strJobFile;
+  std::string m_strLogFile;
+  std::string m_strProgramPath = SKYFRAME_DATA_DIR;
+  std::string m_strOutput;
+  int m_nNodes = 0;
+  BuildingParameters m_building;
+  TowerParameters m_tower;
+  DomeParameters m_dome;
+  ArchParameters m_arch;
+};
+
+}  // namespace
+
+int RunCommandLine(const std::vector<std::string>& arguments, std::ostream& out, std::ostream& err) {
+  try {
+    return CCommandLine(out, err).Run(arguments);
+  } catch (const std::bad_alloc&) {
+    err << "out of memory\n";
+    return c_nExitAnalysisFailed;
+  }
+}
+
+}  // namespace skyframe::host

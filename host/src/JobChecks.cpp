@@ -1,0 +1,96 @@
+#include "JobChecks.h"
+
+#include <algorithm>
+
+namespace skyframe::host {
+
+bool HaveSamePlace(const JobNode& a, const JobNode& b) {
+  const auto Same = [](double dA, double dB) { return static_cast<float>(dA) == static_cast<float>(dB); };
+  return Same(a.dX, b.dX) && Same(a.dY, b.dY) && Same(a.dZ, b.dZ);
+}
+
+std::vector<int> FindEmptyCases(const Job& job) {
+  std::vector<bool> used(static_cast<std::size_t>(job.GetHighestCase()) + 1, job.loads.empty());
+  for (const JobLoad& load : job.loads) used[load.nCase] = true;
+  std::vector<int> empty;
+  for (std::size_t k = 0; k < used.size(); ++k) {
+    if (!used[k]) empty.push_back(static_cast<int>(k));
+  }
+  return empty;
+}
+
+namespace {
+
+std::string At(std::string_view strList, std::size_t nIndex) {
+  return "/" + std::string(strList) + "/" + std::to_string(nIndex);
+}
+
+class CDoubtfulInput {
+ public:
+  explicit CDoubtfulInput(const Job& job) : m_job(job), m_isUsed(job.nodes.size() + 1), m_hasBeam(m_isUsed.size()) {
+    for (const JobElement& element : job.elements) {
+      for (const int nNode : {element.nNodeI, element.nNodeJ}) {
+        m_isUsed[nNode] = true;
+        if (element.nType == c_nBeam) m_hasBeam[nNode] = true;
+      }
+    }
+  }
+
+  std::vector<JobProblem> Find() {
+    CheckNodes();
+    CheckElements();
+    CheckLoads();
+    return std::move(m_found);
+  }
+
+ private:
+  void CheckNodes() {
+    for (std::size_t k = 0; k < m_job.nodes.size(); ++k) {
+      const JobNode& node = m_job.nodes[k];
+      if (!m_isUsed[k + 1]) {
+        m_found.push_back({At("nodes", k), "no element touches node " + std::to_string(node.nId)});
+      } else if (node.nJoint == c_nRigid && !m_hasBeam[k + 1] && !HasFixedRotations(node)) {
+        m_found.push_back({At("nodes", k), "node " + std::to_string(node.nId) +
+                                               " is rigid but no beam holds its rotations; make it pinned"});
+      }
+    }
+  }
+
+  static bool HasFixedRotations(const JobNode& node) {
+    return std::all_of(node.restraint.begin() + 3, node.restraint.end(), [](int nFlag) { return nFlag == 1; });
+  }
+
+  void CheckElements() {
+    for (std::size_t k = 0; k < m_job.elements.size(); ++k) {
+      const JobElement& element = m_job.elements[k];
+      const JobSection& section = m_job.sections[element.nSection];
+      const bool bBends = element.nType == c_nBeam && (IsRigid(element.nNodeI) || IsRigid(element.nNodeJ));
+      if (section.dArea == 0.0 || (bBends && (section.dIy == 0.0 || section.dIz == 0.0))) {
+        m_found.push_back({At("elements", k), "section \"" + section.strId + "\" has no " +
+                                                  (section.dArea == 0.0 ? "area" : "bending inertia")});
+      }
+    }
+  }
+
+  void CheckLoads() {
+    for (std::size_t k = 0; k < m_job.loads.size(); ++k) {
+      const int nNode = m_job.loads[k].nNode;
+      if (m_isUsed[nNode]) continue;
+      m_found.push_back({At("loads", k), "acts on node " + std::to_string(m_job.nodes[nNode - 1].nId) +
+                                             ", which no element touches: it has no effect"});
+    }
+  }
+
+  bool IsRigid(int nNode) const { return m_job.nodes[nNode - 1].nJoint == c_nRigid; }
+
+  const Job& m_job;
+  std::vector<bool> m_isUsed;   ///< by host number
+  std::vector<bool> m_hasBeam;  ///< by host number
+  std::vector<JobProblem> m_found;
+};
+
+}  // namespace
+
+std::vector<JobProblem> FindDoubtfulInput(const Job& job) { return CDoubtfulInput(job).Find(); }
+
+}  // namespace skyframe::host

@@ -1,0 +1,18 @@
+#pragma once
+
+#include <vector>
+
+#include "skyframe/host/JobFile.h"
+
+namespace skyframe::host {
+
+/// True when the places coincide in the single precision of the host records.
+[[nodiscard]] bool HaveSamePlace(const JobNode& a, const JobNode& b);
+
+/// Load cases from 0 to the highest one in use that have no load.
+[[nodiscard]] std::vector<int> FindEmptyCases(const Job& job);
+
+/// Legal input that is hardly meant. Needs a job without errors.
+[[nodiscard]] std::vector<JobProblem> FindDoubtfulInput(const Job& job);
+
+}  // namespace skyframe::host
