@@ -67,18 +67,36 @@ std::vector<double> MakeSampleNumbers() {
   return values;
 }
 
+/// Texts of all values, one write each.
+template <class Write>
+Strings WriteAll(const std::vector<double>& values, Write write) {
+  std::istringstream strm(Written([&](CTextWriter& writer) {
+    for (const double dValue : values) {
+      write(writer, dValue);
+      writer.EndLine();
+    }
+  }));
+  Strings lines;
+  for (std::string strLine; std::getline(strm, strLine);) lines.push_back(strLine);
+  return lines;
+}
+
 TEST(TextWriter, NumbersHaveTheTextOfPrintf) {
-  for (const double dValue : MakeSampleNumbers()) {
-    ASSERT_EQ(Written([&](CTextWriter& w) { w.General(dValue); }), Print("%g", dValue));
+  const std::vector<double> values = MakeSampleNumbers();
+  const Strings general = WriteAll(values, [](CTextWriter& w, double d) { w.General(d); });
+  const Strings point = WriteAll(values, [](CTextWriter& w, double d) { w.GeneralPoint(d); });
+  ASSERT_EQ(general.size(), values.size());
+  for (size_t i = 0; i < values.size(); ++i) {
+    ASSERT_EQ(general[i], Print("%g", values[i]));
+    ASSERT_EQ(FormatGeneral(values[i]), general[i]);
+    ASSERT_EQ(FormatFixed(values[i], 2), Print("%.2f", values[i]));
     // Some C libraries drop the zeros of "%#g" where rounding up makes the notation scientific.
-    if (std::abs(dValue) < 999999.5 || std::abs(dValue) >= 1.0e6) {
-      ASSERT_EQ(Written([&](CTextWriter& w) { w.GeneralPoint(dValue); }), Print("%#g", dValue));
-    }
-    for (const int nDecimals : {0, 1, 3, 6, 15}) {
-      ASSERT_EQ(Written([&](CTextWriter& w) { w.Fixed(dValue, nDecimals); }), Print("%#.*f", nDecimals, dValue));
-    }
-    ASSERT_EQ(FormatFixed(dValue, 2), Print("%.2f", dValue));
-    ASSERT_EQ(FormatGeneral(dValue), Print("%g", dValue));
+    if (std::abs(values[i]) >= 999999.5 && std::abs(values[i]) < 1.0e6) continue;
+    ASSERT_EQ(point[i], Print("%#g", values[i]));
+  }
+  for (const int nDecimals : {0, 1, 3, 6, 15}) {
+    const Strings fixed = WriteAll(values, [nDecimals](CTextWriter& w, double d) { w.Fixed(d, nDecimals); });
+    for (size_t i = 0; i < values.size(); ++i) ASSERT_EQ(fixed[i], Print("%#.*f", nDecimals, values[i]));
   }
   EXPECT_EQ(Written([](CTextWriter& w) { w.GeneralPoint(1.5).Text(" ").GeneralPoint(9.999995e5); }),
             "1.50000 1.00000e+06");
