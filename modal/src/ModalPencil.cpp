@@ -1,0 +1,36 @@
+#include "skyframe/modal/ModalPencil.h"
+
+namespace skyframe {
+namespace {
+
+void AddLoadMass(const CAnalysisModel& model, SparseMatrix& M) {
+  const CNodeTable& nodes = model.GetNodes();
+  const std::vector<double>& load = model.GetNodeLoadMass();
+  for (int nNode = 0; nNode < static_cast<int>(load.size()); ++nNode) {
+    const double dLoad = load[static_cast<std::size_t>(nNode)];
+    if (!(dLoad > 0.0)) continue;
+    for (const int nDirection : {c_nDofX, c_nDofY, c_nDofZ}) {
+      const int e = nodes.FindDof(nNode, nDirection);
+      if (e >= 0 && e < model.GetFreeDofs()) M(e, e) += dLoad * c_dMassPerKilonewton;
+    }
+  }
+}
+
+}  // namespace
+
+bool AssembleModalMass(const CAnalysisModel& model, bool bUseLoadMass, SparseMatrix& M) {
+  if (!model.AssembleMass(M, model.m_bShear != 0)) return false;
+  if (bUseLoadMass) AddLoadMass(model, M);
+  return true;
+}
+
+bool AssemblePencil(const CAnalysisModel& model, bool bGeometric, bool bUseLoadMass, SparseMatrix& K, SparseMatrix& M) {
+  return AssembleModalMass(model, bUseLoadMass, M) && model.AssembleStiffness(K, bGeometric, model.m_bShear != 0);
+}
+
+void PrepareProducts(SparseMatrix& A, int nFree) {
+  A.TrimProfile(nFree);
+  A.BuildRows(nFree);
+}
+
+}  // namespace skyframe

@@ -1,0 +1,132 @@
+#include <algorithm>
+#include <memory>
+
+#include "TokenReader.h"
+#include "skyframe/model/AnalysisModel.h"
+#include "skyframe/platform/Platform.h"
+#include "texts.h"
+
+namespace skyframe {
+namespace {
+
+bool Fail(std::string_view strText) {
+  GetPlatform().ShowMessage(strText);
+  return false;
+}
+
+/// Counts of elements, nodes, rigid and other nodes. Deliberate: nothing else identifies the model.
+bool ReadCounts(CTokenReader& reader, const CAnalysisModel& model) {
+  const CNodeTable& nodes = model.GetNodes();
+  bool bSame = true;
+  for (const int nExpected : {static_cast<int>(model.GetElements().size()), nodes.GetNodeCount(), nodes.GetRigidCount(),
+                              nodes.GetPinnedCount()}) {
+    int nCount = 0;
+    reader.Read(nCount);
+    bSame = bSame && nCount == nExpected;
+  }
+  if (!bSame) return Fail(c_strModeFileCounts);
+  return !reader.HasFailed() || Fail(c_strModeFileRead);
+}
+
+bool SkipToFrequencies(CTokenReader& reader) {
+  while (!reader.HasFailed()) {
+    if (reader.Next() == c_strFrequencyMark) return true;
+  }
+  return Fail(c_strModeFileRead);
+}
+
+/// From the first line up to the frequency list.
+bool ReadHead(CTokenReader& reader, CAnalysisModel& model) {
+  if (reader.Next() != c_strModeHeader) return Fail(c_strModeFileForeign);
+  reader.Skip(3);  // date, time, version: none of them is checked
+  if (!ReadCounts(reader, model)) return false;
+  model.m_nModes = 0;
+  reader.Read(model.m_nModes);
+  if (model.m_nModes < model.m_nExpandModes) return Fail(c_strTooManyExpanded);
+  reader.Read(model.m_bShear);
+  return SkipToFrequencies(reader);
+}
+
+/// The first nKept of n frequencies; the list grows with what is there, whatever n says.
+std::vector<double> ReadFrequencyList(CTokenReader& reader, int nKept, int n) {
+  std::vector<double> omega;
+  for (int i = 0; i < n && !reader.HasFailed(); ++i) {
+    double dIndex = 0.0;
+    double dOmega = 0.0;
+    double dHertz = 0.0;
+    reader.Read(dIndex);
+    reader.Read(dOmega);
+    reader.Read(dHertz);
+    if (i < nKept) omega.push_back(dOmega);
+  }
+  return omega;
+}
+
+/// One block: the free equations of the shape. Records belong to nodes by position; restrained DOFs and
+/// unused nodes are read over.
+std::vector<double> ReadShape(CTokenReader& reader, const CAnalysisModel& model) {
+  const CNodeTable& nodes = model.GetNodes();
+  std::vector<double> shape(static_cast<std::size_t>(model.GetFreeDofs()), 0.0);
+  double dIgnored = 0.0;
+  reader.Skip(1);
+  reader.Read(dIgnored);
+  for (int nNode = 0; nNode < nodes.GetNodeCount() && !reader.HasFailed(); ++nNode) {
+    reader.Read(dIgnored);
+    for (int nDirection = 0; nDirection < (nodes.IsRigid(nNode) ? 6 : 3); ++nDirection) {
+      double dValue = 0.0;
+      reader.Read(dValue);
+      const int e = nodes.FindDof(nNode, nDirection);
+      if (e >= 0 && e < model.GetFreeDofs()) shape[static_cast<std::size_t>(e)] = dValue;
+    }
+  }
+  return shape;
+}
+
+CMatrix FormMatrix(const std::vector<std::vector<double>>& columns, int nRows, int nCols) {
+  CMatrix A(nRows, nCols, 0.0);
+  for (int i = 0; i < static_cast<int>(columns.size()); ++i) {
+    for (int k = 0; k < nRows; ++k) A[k][i] = columns[static_cast<std::size_t>(i)][static_cast<std::size_t>(k)];
+  }
+  return A;
+}
+
+}  // namespace
+
+bool CAnalysisModel::ReadModeFile(const std::string& strJobPath) {
+  const std::unique_ptr<std::istream> pStream = GetPlatform().OpenForReading(strJobPath + std::string(c_strModeSuffix));
+  if (!pStream) return Fail(c_strModeFileAccess);
+  CTokenReader reader(*pStream);
+  if (!ReadHead(reader, *this)) return false;
+
+  const int k = std::max(m_nExpandModes, 0);
+  std::vector<double> omega = ReadFrequencyList(reader, k, m_nModes);
+  std::vector<std::vector<double>> shapes;
+  while (static_cast<int>(shapes.size()) < k && !reader.HasFailed()) shapes.push_back(ReadShape(reader, *this));
+  if (reader.HasFailed()) return Fail(c_strModeFileRead);
+  if (std::ranges::any_of(omega, [](double w) { return w <= 0.0; })) return Fail(c_strModeFileCounts);
+
+  // Room for the virtual mode.
+  const int nColumns = m_bVirtualModes == 1 && k < GetFreeDofs() ? k + 1 : k;
+  omega.resize(static_cast<std::size_t>(nColumns), 0.0);
+  Omega = std::move(omega);
+  ModeShapes = FormMatrix(shapes, GetFreeDofs(), nColumns);
+  ModesSolved = 1;
+  m_bFrequenciesLoaded = true;
+  m_bValid = true;
+  return true;
+}
+
+bool CAnalysisModel::ReadModeFrequencies(const std::string& strJobPath) {
+  const std::unique_ptr<std::istream> pStream = GetPlatform().OpenForReading(strJobPath + std::string(c_strModeSuffix));
+  if (!pStream) return Fail(c_strModeFileAccess);
+  CTokenReader reader(*pStream);
+  if (!ReadHead(reader, *this)) return false;
+  if (!Omega.empty() || ModesSolved != 0) return true;
+
+  std::vector<double> omega = ReadFrequencyList(reader, m_nModes, m_nModes);
+  if (reader.HasFailed()) return Fail(c_strModeFileRead);
+  Omega = std::move(omega);
+  return true;
+}
+
+}  // namespace skyframe

@@ -1,0 +1,14 @@
+#pragma once
+
+#include <string_view>
+
+#include "skyframe/model/AnalysisModel.h"
+#include "skyframe/platform/TextWriter.h"
+
+namespace skyframe {
+
+/// First lines of the mode and spectrum files, up to and with the counts of elements, nodes, rigid
+/// nodes and other nodes; nothing ends the last line.
+void WriteResultHeader(CTextWriter& out, std::string_view strTitle, const CAnalysisModel& model);
+
+}  // namespace skyframe

@@ -1,0 +1,14 @@
+#pragma once
+
+#include <string>
+
+#include "SpectrumResponse.h"
+
+namespace skyframe {
+
+/// Writes strJobPath + ".spec" and, for a virtual mode, its two files. False when one of them could not
+/// be written.
+[[nodiscard]] bool WriteSpectrumFiles(const CAnalysisModel& model, const SpectrumModes& modes,
+                                      const SpectrumResult& result, const std::string& strJobPath);
+
+}  // namespace skyframe

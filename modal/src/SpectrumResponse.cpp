@@ -1,0 +1,100 @@
+#include "SpectrumResponse.h"
+
+#include <algorithm>
+
+#include "skyframe/modal/ModalCombination.h"
+
+namespace skyframe {
+namespace {
+
+constexpr int c_nBarType = 0;
+constexpr std::size_t c_nStationForces = 6;  ///< N Qy Qz MYZ MZX MXY
+
+/// Value at x = L p / (m - 1), linear between the 21 stations; m = 1 takes the first end.
+double Sample(const Diagram& diagram, int p, int m) {
+  const double x = m > 1 ? static_cast<double>(p * (c_nStations - 1)) / (m - 1) : 0.0;
+  const int k = std::min(static_cast<int>(x), c_nStations - 2);
+  const double t = x - k;
+  const auto i = static_cast<std::size_t>(k);
+  return diagram[i] + t * (diagram[i + 1] - diagram[i]);
+}
+
+/// Forces of the element's present state at m stations; a bar has N alone.
+std::vector<double> SampleForces(const CElement& element, int m) {
+  if (element.GetTypeCode() == c_nBarType) return {element.GetAxialForce()};
+  Diagram myz{}, mzx{}, mxy{}, qy{}, qz{};
+  const double N = element.GetForceDiagram(myz, mzx, mxy, qy, qz);
+  std::vector<double> forces;
+  for (int p = 0; p < m; ++p) {
+    forces.push_back(N);
+    for (const Diagram* const pDiagram : {&qy, &qz, &myz, &mzx, &mxy}) forces.push_back(Sample(*pDiagram, p, m));
+  }
+  return forces;
+}
+
+/// Modal maxima of all quantities of one kind, combined one by one.
+class CModalTable {
+ public:
+  explicit CModalTable(const SpectrumModes& modes) : m_modes(modes.GetCount()) {}
+
+  std::vector<double>& operator[](std::size_t i) { return m_modes[i]; }
+
+  [[nodiscard]] std::vector<double> Combine(const CModalCombination& combination) const {
+    std::vector<double> R(m_modes.size());
+    std::vector<double> combined(m_modes.front().size());
+    for (std::size_t q = 0; q < combined.size(); ++q) {
+      for (std::size_t i = 0; i < R.size(); ++i) R[i] = m_modes[i][q];
+      combined[q] = combination.Combine(R);
+    }
+    return combined;
+  }
+
+ private:
+  std::vector<std::vector<double>> m_modes;
+};
+
+/// u_i = factor_i phi_i over all N equations
+CModalTable FormDisplacements(const SpectrumModes& modes, int nTotal) {
+  CModalTable displacements(modes);
+  for (std::size_t i = 0; i < modes.GetCount(); ++i) {
+    displacements[i].assign(static_cast<std::size_t>(nTotal), 0.0);
+    std::ranges::transform(modes.shape[i], displacements[i].begin(), [f = modes.factor[i]](double d) { return f * d; });
+  }
+  return displacements;
+}
+
+/// The free equations carry inertia, not reactions.
+void NegateReactions(std::vector<double>& internalForce, int nFree) {
+  std::fill_n(internalForce.begin(), nFree, 0.0);
+  for (double& d : internalForce) d = -d;
+}
+
+}  // namespace
+
+SpectrumResult CombineModes(const CAnalysisModel& model, const SpectrumModes& modes) {
+  const CModalCombination combination(model.m_nCombMethod, modes.omega, modes.zeta);
+  const int N = model.GetTotalDofs();
+  CModalTable displacements = FormDisplacements(modes, N);
+  CModalTable reactions(modes);
+  for (std::size_t i = 0; i < modes.GetCount(); ++i) reactions[i].assign(static_cast<std::size_t>(N), 0.0);
+
+  SpectrumResult result;
+  result.elementForce.resize(model.GetElements().size());
+  for (std::size_t nSlot = 0; nSlot < result.elementForce.size(); ++nSlot) {
+    CElement* const pElement = model.GetElements()[nSlot].get();
+    if (pElement == nullptr) continue;
+    CModalTable forces(modes);
+    for (std::size_t i = 0; i < modes.GetCount(); ++i) {
+      pElement->ComputeInternalForce(displacements[i], false, model.m_bShear != 0, true);
+      pElement->AssembleEndForces(reactions[i]);
+      forces[i] = SampleForces(*pElement, model.m_nMeshDiv);
+    }
+    result.elementForce[nSlot] = forces.Combine(combination);
+  }
+  for (std::size_t i = 0; i < modes.GetCount(); ++i) NegateReactions(reactions[i], model.GetFreeDofs());
+  result.displacement = displacements.Combine(combination);
+  result.reaction = reactions.Combine(combination);
+  return result;
+}
+
+}  // namespace skyframe
