@@ -4,36 +4,17 @@
 #include <cstddef>
 #include <utility>
 
+#include "Simd.h"
+
 namespace skyframe::skyline {
 
 namespace {
 
-// Vectors of doubles without an alignment need, and how many of them make a panel row.
-struct Simd16 {
-  typedef double Vec __attribute__((vector_size(16), aligned(8), may_alias));
-  static constexpr int c_nLanes = 2;
-};
-struct Simd32 {
-  typedef double Vec __attribute__((vector_size(32), aligned(8), may_alias));
-  static constexpr int c_nLanes = 4;
-};
-struct Simd64 {
-  typedef double Vec __attribute__((vector_size(64), aligned(8), may_alias));
-  static constexpr int c_nLanes = 8;
-};
-
+/// A panel row is two vectors.
 template <class Simd>
-inline constexpr int c_nWidth = 2 * Simd::c_nLanes;
+constexpr int c_nWidth = 2 * Simd::c_nLanes;
 
 using GroupRows = std::make_integer_sequence<int, c_nGroup>;
-
-// Everything below is inlined into the functions that carry a target attribute, so that it is compiled
-// for their vector unit; vectors are passed by reference only.
-
-template <class Simd>
-[[gnu::always_inline]] inline typename Simd::Vec& At(double* p) {
-  return *reinterpret_cast<typename Simd::Vec*>(p);
-}
 
 template <class Simd>
 [[gnu::always_inline]] inline double* Row(const Panel& panel, int r) {

@@ -1,9 +1,9 @@
 #include <algorithm>
-#include <cstdint>
 #include <memory>
 #include <vector>
 
 #include "PanelKernel.h"
+#include "Simd.h"
 #include "skyframe/numeric/SkylineKernel.h"
 
 namespace skyframe::skyline {
@@ -21,10 +21,8 @@ std::size_t Index(int i) { return static_cast<std::size_t>(i); }
 
 PanelKernel SelectKernel(VectorUnit unit) {
 #if defined(__x86_64__)
-  if (unit == VectorUnit::Bytes64 || (unit == VectorUnit::Best && IsAvailable(VectorUnit::Bytes64)))
-    return GetKernel64();
-  if (unit == VectorUnit::Bytes32 || (unit == VectorUnit::Best && IsAvailable(VectorUnit::Bytes32)))
-    return GetKernel32();
+  if (unit == VectorUnit::Bytes64) return GetKernel64();
+  if (unit == VectorUnit::Bytes32) return GetKernel32();
 #endif
   return GetKernel16();
 }
@@ -209,16 +207,8 @@ void CBlockFactoriser::FactoriseTriangle(const Panel& panel) {
 
 }  // namespace
 
-bool IsAvailable(VectorUnit unit) {
-#if defined(__x86_64__)
-  if (unit == VectorUnit::Bytes64) return __builtin_cpu_supports("avx512f") != 0;
-  if (unit == VectorUnit::Bytes32) return __builtin_cpu_supports("avx2") != 0 && __builtin_cpu_supports("fma") != 0;
-#endif
-  return unit == VectorUnit::Best || unit == VectorUnit::Bytes16;
-}
-
 void FactoriseLdlt(const Profile& profile, double* values, std::span<double> pivots, VectorUnit unit) {
-  CBlockFactoriser(profile, values, pivots, SelectKernel(unit)).Run();
+  CBlockFactoriser(profile, values, pivots, SelectKernel(Resolve(unit))).Run();
 }
 
 }  // namespace skyframe::skyline

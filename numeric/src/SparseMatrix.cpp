@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <functional>
 #include <new>
 #include <numeric>
 
@@ -18,6 +19,18 @@ constexpr double c_dPivotLimit = 1e-15;
 bool IsAcceptedPivot(double d) { return std::abs(d) > c_dPivotLimit && std::isfinite(d); }
 
 std::size_t Index(int i) { return static_cast<std::size_t>(i); }
+
+/// Runs the action. False after a message when memory is short.
+template <class Action>
+bool RunWithMemory(Action action) {
+  try {
+    action();
+    return true;
+  } catch (const std::bad_alloc&) {
+    GetPlatform().ShowMessage(text::c_strMatrixMemory);
+    return false;
+  }
+}
 
 }  // namespace
 
@@ -62,13 +75,11 @@ void SparseMatrix::Release() {
 void SparseMatrix::Allocate() {
   Release();
   RestoreHeights();
-  try {
-    if (m_n > 0 && m_diag.back() < 0) throw std::bad_alloc();
+  m_bNotAllocated = !RunWithMemory([this] {
+    // Addresses that do not ascend have left the 32-bit range: no memory would be enough.
+    if (std::ranges::adjacent_find(m_diag, std::greater_equal()) != m_diag.end()) throw std::bad_alloc();
     m_values = std::make_unique_for_overwrite<double[]>(GetCount());
-    m_bNotAllocated = false;
-  } catch (const std::bad_alloc&) {
-    GetPlatform().ShowMessage(text::c_strOutOfMemory);
-  }
+  });
 }
 
 void SparseMatrix::Fill(double dValue) {
@@ -203,7 +214,8 @@ void SparseMatrix::CountRowEntries(int n, std::vector<int>& rowStart) const {
 
 bool SparseMatrix::Decompose(int n) {
   if (IsRefused(text::c_strSolveUnallocated)) return false;
-  std::vector<double> pivots(Index(n));
+  std::vector<double> pivots;
+  if (!RunWithMemory([&] { pivots.resize(Index(n)); })) return false;
   const bool bAccepted = Factorise(n, pivots);
   for (int i = 0; i < n; ++i) Column(i)[i] = pivots[Index(i)];
   return bAccepted;
@@ -231,7 +243,8 @@ bool SparseMatrix::SolveKeepDiagonal(int n, std::span<double> d, std::span<doubl
 
 /// L in place of the columns, D in pivots. The pivots are tested after all columns.
 bool SparseMatrix::Factorise(int n, std::span<double> pivots) {
-  skyline::FactoriseLdlt(GetProfile(n), m_values.get(), pivots);
+  for (int i = 0; i < n; ++i) pivots[Index(i)] = Column(i)[i];
+  if (!RunWithMemory([&] { skyline::FactoriseLdlt(GetProfile(n), m_values.get(), pivots); })) return false;
   if (!std::ranges::all_of(pivots.first(Index(n)), IsAcceptedPivot)) {
     GetPlatform().ShowMessage(text::c_strUnstable);
     return false;

@@ -35,9 +35,11 @@ void FactoriseLdlt(const Profile& profile, double* values, std::span<double> piv
                    VectorUnit unit = VectorUnit::Best);
 
 /// b <- L^-1 b.
-void ForwardReduce(const Profile& profile, const double* values, std::span<double> b);
+void ForwardReduce(const Profile& profile, const double* values, std::span<double> b,
+                   VectorUnit unit = VectorUnit::Best);
 
 /// b <- L^-T b.
-void BackSubstitute(const Profile& profile, const double* values, std::span<double> b);
+void BackSubstitute(const Profile& profile, const double* values, std::span<double> b,
+                    VectorUnit unit = VectorUnit::Best);
 
 }  // namespace skyframe::skyline

@@ -1,0 +1,150 @@
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <initializer_list>
+#include <random>
+#include <string>
+#include <vector>
+
+#include "TestPlatform.h"
+#include "skyframe/numeric/Matrix.h"
+
+namespace skyframe {
+namespace {
+
+using test::CTestPlatform;
+
+CMatrix Make(int nRows, int nCols, std::initializer_list<double> values) {
+  CMatrix M(nRows, nCols);
+  std::copy(values.begin(), values.end(), M[0]);
+  return M;
+}
+
+void ExpectEqual(const CMatrix& M, int nRows, int nCols, const std::vector<double>& values) {
+  ASSERT_EQ(M.GetRows(), nRows);
+  ASSERT_EQ(M.GetCols(), nCols);
+  EXPECT_EQ(std::vector<double>(M[0], M[0] + values.size()), values);
+}
+
+TEST(Matrix, ConstructionAndShape) {
+  EXPECT_EQ(CMatrix().GetRows(), 16);
+  EXPECT_EQ(CMatrix().GetCols(), 16);
+  ExpectEqual(CMatrix(2, 3, 1.5), 2, 3, {1.5, 1.5, 1.5, 1.5, 1.5, 1.5});
+  CMatrix M = Make(2, 2, {1, 2, 3, 4});
+  EXPECT_EQ(M[1][0], 3.0);
+  M.Resize(3, 1);
+  M.Fill(-1.0);
+  ExpectEqual(M, 3, 1, {-1, -1, -1});
+}
+
+TEST(Matrix, NoRowsIsAValidShape) {
+  CMatrix empty(0, 4, 7.0);
+  CMatrix copy(empty), assigned;
+  assigned = empty;
+  EXPECT_EQ(copy.GetRows(), 0);
+  EXPECT_EQ(assigned.GetCols(), 4);
+  empty *= 2.0;
+  EXPECT_EQ((empty * CMatrix(4, 2, 1.0)).GetCols(), 2);
+  ExpectEqual(CMatrix(2, 0) * CMatrix(0, 2), 2, 2, {0, 0, 0, 0});
+}
+
+TEST(Matrix, CopiesAreDeepAndSameShapeKeepsItsStorage) {
+  const CMatrix source = Make(2, 2, {1, 2, 3, 4});
+  CMatrix M(2, 2, 0.0), other(1, 5);
+  const double* const pStorage = M[0];
+  M = source;
+  EXPECT_EQ(M[0], pStorage);
+  M[0][0] = 9.0;
+  EXPECT_EQ(source[0][0], 1.0);
+  other = source;
+  ExpectEqual(other, 2, 2, {1, 2, 3, 4});
+  const CMatrix& alias = other;
+  other = alias;
+  ExpectEqual(other, 2, 2, {1, 2, 3, 4});
+}
+
+TEST(Matrix, Algebra) {
+  const CMatrix A = Make(2, 3, {1, 2, 3, 4, 5, 6}), B = Make(3, 2, {7, 8, 9, 10, 11, 12});
+  ExpectEqual(A * B, 2, 2, {58, 64, 139, 154});
+  ExpectEqual(B * A, 3, 3, {39, 54, 69, 49, 68, 87, 59, 82, 105});
+  ExpectEqual(A * 2.0, 2, 3, {2, 4, 6, 8, 10, 12});
+  ExpectEqual(A + A, 2, 3, {2, 4, 6, 8, 10, 12});
+  ExpectEqual(A - A * 3.0, 2, 3, {-2, -4, -6, -8, -10, -12});
+  CMatrix C(A);
+  C += A;
+  C *= 0.5;
+  ExpectEqual(C, 2, 3, {1, 2, 3, 4, 5, 6});
+  CMatrix T;
+  ExpectEqual(T.SetTranspose(A), 3, 2, {1, 4, 2, 5, 3, 6});
+  ExpectEqual(CMatrix().SetTranspose(CMatrix(12, 1, 2.0)), 1, 12, std::vector<double>(12, 2.0));
+  CMatrix S = Make(2, 2, {1, 2, 3, 4});
+  ExpectEqual(S.SetTranspose(S), 2, 2, {1, 3, 2, 4});
+  S *= S;
+  ExpectEqual(S, 2, 2, {7, 15, 10, 22});
+  S *= Make(2, 2, {0, 1, 1, 0});
+  ExpectEqual(S, 2, 2, {15, 7, 22, 10});
+}
+
+TEST(Matrix, InPlaceProductKeepsItsShape) {
+  CMatrix wide = Make(2, 2, {1, 2, 3, 4});
+  wide *= Make(2, 3, {1, 0, 5, 0, 1, 5});
+  ExpectEqual(wide, 2, 2, {1, 2, 3, 4});
+  CMatrix narrow = Make(1, 2, {1, 2});
+  narrow *= Make(2, 1, {10, 100});
+  ExpectEqual(narrow, 1, 2, {210, 2});
+}
+
+TEST(Matrix, TransposeReversesProducts) {
+  std::mt19937 random(3);
+  std::uniform_real_distribution<double> entry(-1.0, 1.0);
+  CMatrix A(5, 7), B(7, 4), At, Bt, Rt;
+  for (int k = 0; k < 35; ++k) A[0][k] = entry(random);
+  for (int k = 0; k < 28; ++k) B[0][k] = entry(random);
+  // (A B)' = B' A'
+  const CMatrix left = Rt.SetTranspose(A * B), right = Bt.SetTranspose(B) * At.SetTranspose(A);
+  for (int k = 0; k < 20; ++k) EXPECT_NEAR(left[0][k], right[0][k], 1e-15);
+}
+
+struct MismatchCase {
+  const char* strName;
+  std::function<CMatrix(CMatrix& A, const CMatrix& M)> operation;
+  int nRows, nCols;  ///< of the second operand; the first is 2 x 2 of threes
+  const char* strText;
+  int nResult;  ///< rows and columns of the result
+};
+
+TEST(Matrix, ShapeMismatchesShowTheirTextAndContinue) {
+  const char* const strRows = "The row of matrix1 doesn't equal the row of matrix2, while adding";
+  const char* const strCols = "The col of matrix1 doesn't equal the col of matrix2, while adding";
+  const auto inPlaceProduct = [](CMatrix& A, const CMatrix& M) { return A *= M; };
+  const auto product = [](CMatrix& A, const CMatrix& M) { return A * M; };
+  const auto sum = [](CMatrix& A, const CMatrix& M) { return A + M; };
+  const auto difference = [](CMatrix& A, const CMatrix& M) { return A - M; };
+  const auto inPlaceSum = [](CMatrix& A, const CMatrix& M) { return A += M; };
+  const MismatchCase cases[] = {
+      {"in-place product", inPlaceProduct, 3, 2,
+       "The row of Matrix1 doesn't equal the col of Matrix2, while multiplying", 2},
+      {"product", product, 3, 3, "The row of CMatrix 1 doesn't equal the col of CMatrix 2, while multiplying", 16},
+      {"sum, rows", sum, 3, 2, strRows, 2},
+      {"sum, both", sum, 3, 3, strRows, 2},
+      {"sum, columns", sum, 2, 3, strCols, 2},
+      {"difference, rows", difference, 3, 2, strRows, 2},
+      {"difference, columns", difference, 2, 3, strCols, 2},
+      {"in-place sum, rows", inPlaceSum, 3, 3, strRows, 2},
+      {"in-place sum, columns", inPlaceSum, 2, 1, strCols, 2},
+  };
+  for (const MismatchCase& c : cases) {
+    SCOPED_TRACE(c.strName);
+    CTestPlatform platform;
+    CMatrix A(2, 2, 3.0);
+    const CMatrix R = c.operation(A, CMatrix(c.nRows, c.nCols, 1.0));
+    EXPECT_EQ(platform.GetMessages(), std::vector<std::string>{c.strText});
+    ExpectEqual(A, 2, 2, {3, 3, 3, 3});
+    EXPECT_EQ(R.GetRows(), c.nResult);
+    EXPECT_EQ(R.GetCols(), c.nResult);
+    if (c.nResult == 2) ExpectEqual(R, 2, 2, {3, 3, 3, 3});
+  }
+}
+
+}  // namespace
+}  // namespace skyframe
