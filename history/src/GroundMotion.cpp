@@ -1,0 +1,82 @@
+#include "skyframe/history/GroundMotion.h"
+
+#include <algorithm>
+#include <cmath>
+#include <locale>
+
+#include "skyframe/platform/Platform.h"
+#include "texts.h"
+
+namespace skyframe {
+
+namespace {
+
+constexpr int c_nOblique = 3;  ///< place behind X, Y, Z in the tables of texts
+constexpr int c_nNoDirection = -1;
+
+/// Place in the tables of texts; X wins over Y, Y over Z.
+int ChooseRecord(const QuakeSettings& settings) {
+  if (settings.nMode == c_nObliqueQuake) return c_nOblique;
+  const auto it = std::find_if(settings.directions.begin(), settings.directions.end(), [](int n) { return n != 0; });
+  return it == settings.directions.end() ? c_nNoDirection : static_cast<int>(it - settings.directions.begin());
+}
+
+}  // namespace
+
+std::vector<double> ReadAccelerationRecord(std::istream& strm, double dPeak) {
+  strm.imbue(std::locale::classic());
+  std::vector<double> record;
+  double dLargest = 0.0;
+  for (double dValue = 0.0; strm >> dValue;) {
+    record.push_back(dValue);
+    dLargest = std::max(dLargest, std::abs(dValue));
+  }
+  const double dScale = dPeak / dLargest;
+  for (double& dValue : record) dValue *= dScale;
+  return record;
+}
+
+std::optional<std::vector<double>> ReadAccelerationRecord(const std::string& strPath, double dPeak) {
+  const std::unique_ptr<std::istream> pStream = GetPlatform().OpenForReading(strPath);
+  if (!pStream) return std::nullopt;
+  return ReadAccelerationRecord(*pStream, dPeak);
+}
+
+bool CGroundMotion::Read(const QuakeSettings& settings, const std::string& strPrefix) {
+  m_records = {};
+  const int nRecord = ChooseRecord(settings);
+  if (nRecord == c_nNoDirection) return true;
+  const auto nText = static_cast<std::size_t>(nRecord);
+  const std::string strPath =
+      settings.bFromFile ? strPrefix + std::string(texts::c_strRecordSuffixes[nText]) : settings.strStandardRecord;
+  const double dPeak = nRecord == c_nOblique ? settings.dObliquePeak : settings.peaks[nText];
+  std::optional<std::vector<double>> record = ReadAccelerationRecord(strPath, dPeak);
+  if (!record) {
+    GetPlatform().ShowMessage(texts::c_strBadRecords[nText]);
+    return false;
+  }
+  if (nRecord != c_nOblique) {
+    m_records[nText] = std::move(*record);
+    return true;
+  }
+  for (std::size_t nDirection = 0; nDirection < 3; ++nDirection) {
+    m_records[nDirection] = *record;
+    for (double& dValue : m_records[nDirection]) dValue *= settings.cosines[nDirection];
+  }
+  return true;
+}
+
+void CGroundMotion::FormVector(int nStep, const CNodeTable& nodes, std::span<double> g) const {
+  std::fill(g.begin(), g.end(), 0.0);
+  const auto k = static_cast<std::size_t>(nStep);
+  for (int nDirection = 0; nDirection < 3; ++nDirection) {
+    const std::span<const double> record = GetRecord(nDirection);
+    if (k >= record.size()) continue;
+    for (const int nNode : nodes.GetListedNodes()) {
+      const auto nDof = static_cast<std::size_t>(nodes.GetDof(nNode, nDirection));
+      if (nDof < g.size()) g[nDof] = -record[k];
+    }
+  }
+}
+
+}  // namespace skyframe
