@@ -24,16 +24,10 @@ const std::vector<Vector3> c_directions = {{4, 0, 0},  {-4, 0, 0}, {0, 4, 0},   
 
 /// DOF places of an element among those of two rigid nodes, by type code.
 std::vector<int> GetPlaces(int nTypeCode) {
-  switch (nTypeCode) {
-    case 1:
-      return {0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11};
-    case 2:
-      return {0, 1, 2, 6, 7, 8, 9, 10, 11};
-    case 3:
-      return {0, 1, 2, 3, 4, 5, 6, 7, 8};
-    default:
-      return {0, 1, 2, 6, 7, 8};
-  }
+  if (nTypeCode == 1) return {0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11};
+  if (nTypeCode == 2) return {0, 1, 2, 6, 7, 8, 9, 10, 11};
+  if (nTypeCode == 3) return {0, 1, 2, 3, 4, 5, 6, 7, 8};
+  return {0, 1, 2, 6, 7, 8};
 }
 
 Dense ToDense(const CMatrix& A) {
@@ -383,41 +377,27 @@ TEST_F(ElementTest, LumpedMassIsHalfTheMemberAtEachTranslation) {
   }
 }
 
-TEST_F(ElementTest, GlobalStiffnessIsTheTransformedLocalOne) {
-  SetNodes({3, -2, 0.5});
-  for (const auto& pElement : MakeAll()) {
-    const auto* pBeam = dynamic_cast<CBeamElem*>(pElement.get());
-    if (pBeam == nullptr) continue;
-    const CMatrix T = pBeam->FormTransformation();
-    CMatrix Tt;
-    Tt.SetTranspose(T);
-    const CMatrix local = pBeam->FormLocalStiffness(true);
-    ExpectNear(ToDense(pBeam->FormElementStiffness(false, true)), ToDense(Tt * local * T), 1e-6, "T'kT");
-  }
-}
-
 // ---- Hinges ----
 
 TEST_F(ElementTest, HingedStiffnessIsTheCondensedBeam) {
-  for (const Vector3& d : c_directions) {
-    SetNodes(d);
-    for (const bool bShear : {false, true}) {
-      for (const auto& pElement : MakeAll()) {
-        const int nType = pElement->GetTypeCode();
-        if (nType != 2 && nType != 3) continue;
-        // Eliminate the hinged rotations first; what remains is the Schur complement.
-        std::vector<int> order = nType == 2 ? std::vector<int>{3, 4, 5} : std::vector<int>{9, 10, 11};
-        for (const int nPlace : GetPlaces(nType)) order.push_back(nPlace);
-        Dense K = Select(ToDense(Make<CBeamElem>()->FormElementStiffness(false, bShear)), order);
-        for (int k = 0; k < 3; ++k) {
-          for (int i = k + 1; i < 12; ++i) {
-            const double f = K[i][k] / K[k][k];
-            for (int j = 0; j < 12; ++j) K[i][j] -= f * K[k][j];
-          }
+  SetNodes({3, -2, 0.5});
+  for (const bool bShear : {false, true}) {
+    const Dense full = ToDense(Make<CBeamElem>()->FormElementStiffness(false, bShear));
+    for (const auto& pElement : MakeAll()) {
+      const int nType = pElement->GetTypeCode();
+      if (nType != 2 && nType != 3) continue;
+      // Eliminate the hinged rotations first; what remains is the Schur complement.
+      std::vector<int> order = nType == 2 ? std::vector<int>{3, 4, 5} : std::vector<int>{9, 10, 11};
+      for (const int nPlace : GetPlaces(nType)) order.push_back(nPlace);
+      Dense K = Select(full, order);
+      for (int k = 0; k < 3; ++k) {
+        for (int i = k + 1; i < 12; ++i) {
+          const double f = K[i][k] / K[k][k];
+          for (int j = 0; j < 12; ++j) K[i][j] -= f * K[k][j];
         }
-        const Dense schur = Select(K, {3, 4, 5, 6, 7, 8, 9, 10, 11});
-        ExpectNear(ToDense(pElement->FormElementStiffness(false, bShear)), schur, 1e-9 * GetScale(K), "condensed");
       }
+      const Dense schur = Select(K, {3, 4, 5, 6, 7, 8, 9, 10, 11});
+      ExpectNear(ToDense(pElement->FormElementStiffness(false, bShear)), schur, 1e-11 * GetScale(K), "condensed");
     }
   }
 }
@@ -764,6 +744,7 @@ TEST(LocalAxesTest, Table) {
 TEST(LocalAxesTest, OrthonormalAndRightHanded) {
   for (const Vector3& d : c_directions) {
     const LocalAxes R = FormLocalAxes(d, 1.0, 0.0);
+    if (d[1] != 0.0) EXPECT_NEAR(R[1][2], 0.0, 1e-15) << "local y is horizontal";
     for (int k = 0; k < 3; ++k) {
       const int a = (k + 1) % 3, b = (k + 2) % 3;
       for (int j = 0; j < 3; ++j) {
@@ -834,7 +815,7 @@ TEST_F(ElementTest, BarOfNoAreaCarriesNothing) {
   pBar->ComputeInternalForce(u, false, false, true);
   pBar->AssembleEndForces(force);
   EXPECT_EQ(force, Values(12, 0.0));
-  EXPECT_EQ(GetScale(ToDense(pBar->FormElementStiffness(true, false))), 0.0);
+  EXPECT_EQ(ToDense(pBar->FormElementStiffness(true, false)), Dense(6, Values(6, 0.0)));
   CMatrix D;
   pBar->FormConstitutive(D);
   EXPECT_EQ(ToDense(D), (Dense{{c_E}}));
@@ -859,7 +840,6 @@ TEST_F(ElementTest, NumberZeroIsARealEquationAndHingedRotationsAreLeftOut) {
     }
     pElement->AssembleStiffness(K, false, true);
     pElement->AssembleMass(M, true);
-    Dense stiffness(12, Values(12, 0.0)), mass = stiffness;
     const Dense k = ToDense(pElement->FormElementStiffness(false, true));
     const Dense m = ToDense(pElement->FormMassMatrix(true, true));
     for (std::size_t i = 0; i < places.size(); ++i) {
