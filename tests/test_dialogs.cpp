@@ -1,0 +1,484 @@
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <map>
+#include <random>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "TestPlatform.h"
+#include "skyframe/dialogs/LoadCombDlg.h"
+#include "skyframe/dialogs/ModeDlg.h"
+#include "skyframe/dialogs/NonlinStaticDlg.h"
+#include "skyframe/dialogs/Resource.h"
+#include "skyframe/hostdata/HostData.h"
+
+namespace skyframe {
+namespace {
+
+using test::CTestPlatform;
+using Strings = std::vector<std::string>;
+using Steps = std::vector<DialogStep>;
+
+// ---- Templates -------------------------------------------------------------------------------------------------
+
+/// Width of a text in dialog units: 4 for a Latin letter, 8 for a Chinese one.
+int EstimateWidth(std::string_view strText) {
+  int nWidth = 0;
+  for (const char c : strText) {
+    const auto nByte = static_cast<unsigned char>(c);
+    if (nByte < 0x80) nWidth += 4;
+    if (nByte >= 0xC0) nWidth += 8;
+  }
+  return nWidth;
+}
+
+/// What stands beside the text: the mark of a radio button or check, the margins of a button, the
+/// corners of a frame, the arrow of a drop list.
+int GetDecoration(ControlKind kind) {
+  switch (kind) {
+    case ControlKind::Radio:
+    case ControlKind::Check:
+    case ControlKind::Group:
+    case ControlKind::DropList:
+      return 12;
+    case ControlKind::Button:
+    case ControlKind::DefaultButton:
+      return 8;
+    default:
+      return 0;
+  }
+}
+
+bool Overlap(const DialogRect& a, const DialogRect& b) {
+  return a.nX < b.nX + b.nWidth && b.nX < a.nX + a.nWidth && a.nY < b.nY + b.nHeight && b.nY < a.nY + a.nHeight;
+}
+
+/// a lies in the frame b, below its caption.
+bool IsInFrame(const DialogRect& a, const DialogRect& b) {
+  return a.nX > b.nX && a.nX + a.nWidth < b.nX + b.nWidth && a.nY >= b.nY + 10 && a.nY + a.nHeight < b.nY + b.nHeight;
+}
+
+std::string Describe(const DialogTemplate& layout, const ControlTemplate& control) {
+  return std::string(layout.strTitle) + ": " + std::to_string(control.nId) + " \"" + std::string(control.strText) +
+         "\" at " + std::to_string(control.rect.nX) + ", " + std::to_string(control.rect.nY);
+}
+
+TEST(Templates, IdentifiersAreUniqueAndTheStandardButtonsExist) {
+  std::set<int> dialogs;
+  for (const DialogTemplate* pLayout : GetDialogTemplates()) {
+    EXPECT_TRUE(dialogs.insert(pLayout->nId).second) << pLayout->nId;
+    EXPECT_FALSE(pLayout->strTitle.empty());
+    std::set<int> ids;
+    int nDefaults = 0;
+    for (const ControlTemplate& control : pLayout->controls) {
+      EXPECT_TRUE(control.nId == -1 || ids.insert(control.nId).second) << Describe(*pLayout, control);
+      const bool bStatic = control.kind == ControlKind::Label || control.kind == ControlKind::Group;
+      EXPECT_TRUE(bStatic || control.nId > 0) << Describe(*pLayout, control);
+      if (control.kind == ControlKind::DefaultButton) ++nDefaults;
+    }
+    EXPECT_TRUE(ids.contains(c_nIdOk) && ids.contains(c_nIdCancel)) << pLayout->strTitle;
+    EXPECT_EQ(nDefaults, 1) << pLayout->strTitle;
+  }
+}
+
+TEST(Templates, RadioButtonsFormGroupsOfTheirOwn) {
+  for (const DialogTemplate* pLayout : GetDialogTemplates()) {
+    for (const ControlTemplate& control : pLayout->controls) {
+      if (control.kind != ControlKind::Radio) continue;
+      const ControlTemplate* const pFirst = pLayout->Find(pLayout->GetGroupStart(control.nId));
+      ASSERT_NE(pFirst, nullptr);
+      EXPECT_NE(pFirst->nStyle & c_nStyleGroup, 0U) << Describe(*pLayout, control);
+      EXPECT_GE(pLayout->GetRadioGroup(pFirst->nId).size(), 2U) << Describe(*pLayout, control);
+    }
+  }
+}
+
+TEST(Templates, NothingIsClippedOrOverlaps) {
+  for (const DialogTemplate* pLayout : GetDialogTemplates()) {
+    for (const ControlTemplate& a : pLayout->controls) {
+      const std::string strWhere = Describe(*pLayout, a);
+      EXPECT_TRUE(a.rect.nX >= 5 && a.rect.nY >= 5 && a.rect.nX + a.rect.nWidth <= pLayout->nWidth - 5 &&
+                  a.rect.nY + a.rect.nHeight <= pLayout->nHeight - 5)
+          << strWhere << " leaves the dialog";
+      EXPECT_GE(a.rect.nWidth, EstimateWidth(a.strText) + GetDecoration(a.kind)) << strWhere;
+      int nColumns = 0;
+      for (const std::string_view strItem : a.items) {
+        nColumns += EstimateWidth(strItem) + 8;
+        EXPECT_GE(a.rect.nWidth, EstimateWidth(strItem) + GetDecoration(a.kind)) << strWhere << strItem;
+      }
+      EXPECT_TRUE(a.kind != ControlKind::ListView || a.rect.nWidth >= nColumns) << strWhere;
+      for (const ControlTemplate& b : pLayout->controls) {
+        if (&a == &b || !Overlap(a.rect, b.rect)) continue;
+        EXPECT_NE(a.kind == ControlKind::Group, b.kind == ControlKind::Group)
+            << strWhere << " / " << Describe(*pLayout, b);
+        EXPECT_TRUE(b.kind != ControlKind::Group || IsInFrame(a.rect, b.rect)) << strWhere;
+      }
+    }
+  }
+}
+
+TEST(Templates, FieldsAreLabelledAndTextsArePresent) {
+  for (const DialogTemplate* pLayout : GetDialogTemplates()) {
+    for (const ControlTemplate& a : pLayout->controls) {
+      const bool bField = a.kind == ControlKind::Edit || a.kind == ControlKind::DropList;
+      const bool bList = a.kind == ControlKind::ListBox || a.kind == ControlKind::ListView;
+      EXPECT_TRUE(bField || bList || !a.strText.empty()) << Describe(*pLayout, a);
+      if (!bField) continue;
+      // The label stands before its field in the order of the controls and to its left in the same row.
+      const ControlTemplate& label = *(&a - 1);
+      EXPECT_EQ(label.kind, ControlKind::Label) << Describe(*pLayout, a);
+      EXPECT_LT(label.rect.nX + label.rect.nWidth, a.rect.nX) << Describe(*pLayout, a);
+      EXPECT_EQ(label.rect.nY, a.rect.nY + 2) << Describe(*pLayout, a);
+      EXPECT_LT(a.rect.nX - label.rect.nX - label.rect.nWidth, 45) << Describe(*pLayout, a);
+    }
+  }
+}
+
+struct ExpectedControl {
+  int nId;
+  ControlKind kind;
+  const char* szText;  ///< of a field: the text of its label
+};
+
+void ExpectControls(const DialogTemplate& layout, int nDialogId, const char* szTitle,
+                    const std::vector<ExpectedControl>& controls) {
+  EXPECT_EQ(layout.nId, nDialogId);
+  EXPECT_EQ(layout.strTitle, szTitle);
+  for (const ExpectedControl& expected : controls) {
+    const ControlTemplate* const pControl = layout.Find(expected.nId);
+    ASSERT_NE(pControl, nullptr) << expected.nId;
+    EXPECT_EQ(pControl->kind, expected.kind) << expected.nId;
+    const bool bField = pControl->kind == ControlKind::Edit || pControl->kind == ControlKind::DropList;
+    EXPECT_EQ(bField ? (pControl - 1)->strText : pControl->strText, expected.szText) << expected.nId;
+  }
+}
+
+TEST(Templates, TextsOfTheModalStaticAndCombinationDialogs) {
+  using enum ControlKind;
+  ExpectControls(c_modeTemplate, 16000, "模态分析",
+                 {{16000, Edit, "所需总模态数:"},
+                  {16001, Radio, "STURM法"},
+                  {16002, Radio, "模态比较法"},
+                  {16003, Edit, "计算精度:"},
+                  {16004, Edit, "迭代倍数:"},
+                  {16005, Check, "考虑剪切变形"},
+                  {16044, Button, "荷载组合"},
+                  {1, DefaultButton, "确认"},
+                  {2, Button, "取消"}});
+  EXPECT_EQ(c_modeTemplate.controls[2].strText, "丢根判断:");
+  ExpectControls(c_nonlinStaticTemplate, 16007, "非线性静力分析",
+                 {{16090, DropList, "收敛准则"},
+                  {16092, Edit, "最大迭代步数"},
+                  {16091, Edit, "收敛容差"},
+                  {16063, Check, "考虑非线性"},
+                  {16059, Button, "荷载组合"},
+                  {1, DefaultButton, "OK"},
+                  {2, Button, "Cancel"}});
+  const auto items = c_nonlinStaticTemplate.Find(16090)->items;
+  EXPECT_EQ(Strings(items.begin(), items.end()), (Strings{"绝对值力", "绝对值位移", "相对值力", "相对值位移"}));
+  ExpectControls(c_loadCombTemplate, 16002, "荷载组合",
+                 {{16039, ListBox, ""},
+                  {16041, ListBox, ""},
+                  {16042, Button, "添加"},
+                  {16043, Button, "删除"},
+                  {16045, Label, "折减系数:"},
+                  {16046, Edit, "折减系数:"},
+                  {1, DefaultButton, "确定"},
+                  {2, Button, "取消"}});
+  for (const int nId : {16039, 16041}) {
+    EXPECT_EQ(c_loadCombTemplate.Find(nId)->nStyle & (c_nStyleSorted | c_nStyleMultiple),
+              c_nStyleSorted | c_nStyleMultiple);
+  }
+  EXPECT_GT(c_loadCombTemplate.Find(16039)->rect.nX, c_loadCombTemplate.Find(16041)->rect.nX);
+}
+
+// ---- Modal and static dialogs ----------------------------------------------------------------------------------
+
+class Dialogs : public testing::Test {
+ protected:
+  Dialogs() { ResetHostData(); }
+  ~Dialogs() override { EXPECT_EQ(m_platform->GetScriptErrors(), Strings{}); }
+
+  int Run(CDialog& dialog, Steps steps) {
+    m_platform->AddScript(dialog.GetTemplate().nId, std::move(steps));
+    return dialog.DoModal();
+  }
+
+  CTestPlatform m_platform;
+};
+
+TEST_F(Dialogs, ModalSettingsComeFromTheRecordAndReturn) {
+  COMDYN.m_nModes = 25;
+  COMDYN.m_nRootCheck = 1;
+  COMDYN.m_dModeTol = 1.0e-8;
+  COMDYN.m_nIterMultiple = 4;
+  COMDYN.m_bShear = 1;
+  CModeDlg dialog;
+  EXPECT_EQ(Run(dialog, {DialogStep::Inspect([](const IDialogView& view) {
+                           EXPECT_EQ(view.GetText(16000), "25");
+                           EXPECT_TRUE(view.GetCheck(16002));
+                           EXPECT_EQ(view.GetText(16003), "1e-16") << "the accuracy always starts anew";
+                           EXPECT_EQ(view.GetText(16004), "4");
+                           EXPECT_TRUE(view.GetCheck(16005));
+                         }),
+                         DialogStep::Type(16000, "12"), DialogStep::Choose(16001), DialogStep::Type(16003, "1e-10"),
+                         DialogStep::Type(16004, "8"), DialogStep::Tick(16005, false), DialogStep::Ok()}),
+            c_nIdOk);
+  EXPECT_EQ(COMDYN.m_nModes, 12);
+  EXPECT_EQ(COMDYN.m_nRootCheck, 0);
+  EXPECT_EQ(COMDYN.m_dModeTol, 1.0e-10);
+  EXPECT_EQ(COMDYN.m_nIterMultiple, 8);
+  EXPECT_EQ(COMDYN.m_bShear, 0);
+  EXPECT_EQ(dialog.m_nModes, 12);
+  EXPECT_EQ(dialog.m_dModeTol, 1.0e-10);
+}
+
+TEST_F(Dialogs, ModalSettingsStayWhenCancelledOrWrong) {
+  CModeDlg dialog;
+  EXPECT_EQ(Run(dialog, {DialogStep::Type(16000, "12"), DialogStep::Cancel()}), c_nIdCancel);
+  EXPECT_EQ(Run(dialog, {DialogStep::Type(16000, "12"), DialogStep::Type(16003, "small"), DialogStep::Ok(),
+                         DialogStep::Inspect([](const IDialogView& view) { EXPECT_EQ(view.GetFocus(), 16003); }),
+                         DialogStep::Wait(5000)}),
+            c_nIdCancel);
+  EXPECT_EQ(m_platform.GetMessages().size(), 1U);
+  EXPECT_EQ(COMDYN.m_nModes, 10);
+  EXPECT_EQ(dialog.GetTickCount(), 0) << "the timer starts only when the fields are valid";
+}
+
+/// Notes the timers that a dialog asks for and keeps its texts; everything else is left out.
+class CTimerView : public IDialogView {
+ public:
+  void SetText(int nId, std::string_view strText) override { m_texts[nId] = strText; }
+  std::string GetText(int nId) const override { return m_texts.at(nId); }
+  void SetCheck(int, bool) override {}
+  bool GetCheck(int) const override { return false; }
+  void InsertItem(int, int, std::string_view) override {}
+  int AddItem(int, std::string_view) override { return 0; }
+  void DeleteItem(int, int) override {}
+  int GetItemCount(int) const override { return 0; }
+  std::string GetItemText(int, int, int) const override { return {}; }
+  void SetCell(int, int, int, std::string_view) override {}
+  void Select(int, int, bool) override {}
+  bool IsSelected(int, int) const override { return false; }
+  void SetCurrent(int, int) override {}
+  int GetCurrent(int) const override { return -1; }
+  void Enable(int, bool) override {}
+  bool IsEnabled(int) const override { return true; }
+  void SetFocus(int) override {}
+  int GetFocus() const override { return -1; }
+  void StartTimer(int nTimer, int nMilliseconds) override { m_timers.emplace_back(nTimer, nMilliseconds); }
+  void StopTimer(int) override {}
+  void Repaint() override {}
+
+  std::vector<std::pair<int, int>> m_timers;
+
+ private:
+  std::map<int, std::string> m_texts;
+};
+
+TEST_F(Dialogs, ModalOkStartsATimerThatCounts) {
+  CModeDlg dialog;
+  CTimerView view;
+  dialog.Open(view);
+  dialog.Tick(1);
+  EXPECT_EQ(dialog.GetTickCount(), 1);
+  dialog.Open(view);
+  EXPECT_EQ(dialog.GetTickCount(), 0) << "opening starts the count anew";
+  dialog.Notify(c_nIdOk, DialogEvent::Clicked);
+  EXPECT_TRUE(dialog.HasEnded());
+  EXPECT_EQ(view.m_timers, (std::vector<std::pair<int, int>>{{1, 1000}}));
+  dialog.Tick(1);
+  dialog.Tick(7);
+  EXPECT_EQ(dialog.GetTickCount(), 2);
+}
+
+TEST_F(Dialogs, StaticSettingsStartFromTheirDefaults) {
+  CNonlinStaticDlg dialog;
+  dialog.m_loadComb.flags[3] = 1;
+  dialog.m_loadComb.factors[3] = 0.5;
+  EXPECT_EQ(Run(dialog, {DialogStep::Inspect([](const IDialogView& view) {
+                           EXPECT_EQ(view.GetCurrent(16090), 0);
+                           EXPECT_EQ(view.GetText(16092), "20");
+                           EXPECT_EQ(view.GetText(16091), "0.1");
+                           EXPECT_TRUE(view.GetCheck(16063));
+                         }),
+                         DialogStep::Ok()}),
+            c_nIdOk);
+  EXPECT_EQ(dialog.m_loadComb.flags[3], 0) << "opening clears the combination";
+  EXPECT_EQ(dialog.m_loadComb.factors[3], 1.0);
+  EXPECT_EQ(Run(dialog, {DialogStep::ChooseItem(16090, "相对值位移"), DialogStep::Type(16092, "50"),
+                         DialogStep::Type(16091, "1e-6"), DialogStep::Tick(16063, false), DialogStep::Ok()}),
+            c_nIdOk);
+  EXPECT_EQ(dialog.m_nCriterion, 3);
+  EXPECT_EQ(dialog.m_nMaxIter, 50);
+  EXPECT_EQ(dialog.m_dTolerance, 1.0e-6);
+  EXPECT_EQ(dialog.m_bNonlinear, 0);
+}
+
+// ---- Load combination ------------------------------------------------------------------------------------------
+
+Strings GetRows(const IDialogView& view, int nListId) {
+  Strings rows;
+  for (int i = 0; i < view.GetItemCount(nListId); ++i) rows.push_back(view.GetItemText(nListId, i));
+  return rows;
+}
+
+DialogStep ExpectRows(int nListId, Strings rows) {
+  return DialogStep::Inspect([nListId, rows](const IDialogView& view) {
+    EXPECT_EQ(GetRows(view, nListId), rows);
+    for (const int nId : {16039, 16041}) {
+      for (int i = 0; i < view.GetItemCount(nId); ++i) EXPECT_FALSE(view.IsSelected(nId, i)) << nId << ", row " << i;
+    }
+  });
+}
+
+class LoadComb : public Dialogs {
+ protected:
+  LoadComb() { m_dialog.m_loadComb.nLoadTypes = 12; }
+  int Run(Steps steps) { return Dialogs::Run(m_dialog, std::move(steps)); }
+  [[nodiscard]] const LoadCombination& Get() const { return m_dialog.m_loadComb; }
+
+  CLoadCombDlg m_dialog;
+};
+
+TEST_F(LoadComb, TypesStandInTheirOrderNotTheAlphabets) {
+  m_dialog.m_loadComb.flags[10] = 1;
+  m_dialog.m_loadComb.flags[9] = 1;
+  m_dialog.m_loadComb.flags[0] = 1;
+  m_dialog.m_loadComb.factors[9] = 0.666;
+  Run({ExpectRows(16039, {"静", "活1", "活2", "活3", "活4", "活5", "活6", "活7", "活8", "活9", "活10", "活11"}),
+       ExpectRows(16041, {"1.00静", "0.67活9", "1.00活10"})});
+}
+
+TEST_F(LoadComb, EveryTypeGetsTheFactorOfItsOwnAddition) {
+  EXPECT_EQ(Run({DialogStep::Type(16046, "0.5"), DialogStep::ToggleRow(16039, "活2"), DialogStep::Click(16042),
+                 DialogStep::Type(16046, "1.2"), ExpectRows(16041, {"0.50活2"}), DialogStep::ToggleRow(16039, "静"),
+                 DialogStep::Click(16042), ExpectRows(16041, {"1.20静", "0.50活2"}), DialogStep::Ok()}),
+            c_nIdOk);
+  EXPECT_EQ(Get().flags[0] + 10 * Get().flags[1] + 100 * Get().flags[2], 101);
+  EXPECT_EQ(Get().factors[0], 1.2);
+  EXPECT_EQ(Get().factors[1], 1.0);
+  EXPECT_EQ(Get().factors[2], 0.5);
+}
+
+TEST_F(LoadComb, ATypeThatTakesPartIsNotAddedAgain) {
+  Run({DialogStep::ToggleRow(16039, 1), DialogStep::Click(16042), DialogStep::Type(16046, "3"),
+       DialogStep::ToggleRow(16039, 1), DialogStep::ToggleRow(16039, 0), DialogStep::Click(16042),
+       ExpectRows(16041, {"3.00静", "1.00活1"})});
+}
+
+TEST_F(LoadComb, RemovedTypesKeepTheirFactor) {
+  EXPECT_EQ(Run({DialogStep::Type(16046, "0.7"), DialogStep::ToggleRow(16039, 0), DialogStep::ToggleRow(16039, 3),
+                 DialogStep::ToggleRow(16039, 5), DialogStep::Click(16042), DialogStep::ToggleRow(16041, "0.70静"),
+                 DialogStep::ToggleRow(16041, "0.70活5"), DialogStep::Click(16043), ExpectRows(16041, {"0.70活3"}),
+                 DialogStep::Ok()}),
+            c_nIdOk);
+  EXPECT_EQ(Get().flags[0], 0);
+  EXPECT_EQ(Get().flags[3], 1);
+  EXPECT_EQ(Get().factors[0], 0.7);
+  EXPECT_EQ(Get().factors[5], 0.7);
+}
+
+TEST_F(LoadComb, DoubleClicksAddAndRemove) {
+  Run({DialogStep::DoubleClick(16039, 4), ExpectRows(16041, {"1.00活4"}), DialogStep::DoubleClick(16041, 0),
+       ExpectRows(16041, {}), DialogStep::ToggleRow(16039, 4), DialogStep::DoubleClick(16039, 4),
+       ExpectRows(16041, {})});
+}
+
+TEST_F(LoadComb, TheFactorIsReadWhileItIsTyped) {
+  EXPECT_EQ(Run({DialogStep::Inspect([](const IDialogView& view) { EXPECT_EQ(view.GetText(16046), "1"); }),
+                 DialogStep::Type(16046, "0.9"), DialogStep::Type(16046, ""), DialogStep::ToggleRow(16039, 0),
+                 DialogStep::Click(16042), ExpectRows(16041, {"0.90静"}), DialogStep::Ok(),
+                 DialogStep::Type(16046, "1"), DialogStep::Ok()}),
+            c_nIdOk);
+  EXPECT_EQ(m_platform.GetMessages(), (Strings{"请输入一个数字。", "请输入一个数字。"}))
+      << "one while typing, one when OK meets the empty field";
+}
+
+TEST_F(LoadComb, TwentyTypesAreTakenAndNoMore) {
+  m_dialog.m_loadComb.nLoadTypes = 20;
+  Steps steps;
+  for (int i = 19; i >= 0; --i) steps.push_back(DialogStep::DoubleClick(16039, i));
+  steps.push_back(DialogStep::Inspect([](const IDialogView& view) {
+    EXPECT_EQ(view.GetItemCount(16041), 20);
+    EXPECT_EQ(view.GetItemText(16041, 19), "1.00活19");
+  }));
+  steps.push_back(DialogStep::Ok());
+  EXPECT_EQ(Run(std::move(steps)), c_nIdOk);
+  EXPECT_EQ(std::count(Get().flags.begin(), Get().flags.end(), 1), 20);
+  EXPECT_TRUE(m_platform.GetMessages().empty());
+
+  m_dialog.m_loadComb.nLoadTypes = 21;
+  Run({ExpectRows(16039, {}), ExpectRows(16041, {}), DialogStep::Click(16042), DialogStep::Click(16043)});
+  EXPECT_EQ(m_platform.GetMessages(), Strings{"荷载类型过多,计算终止!"});
+  EXPECT_EQ(std::count(Get().flags.begin(), Get().flags.end(), 1), 20);
+}
+
+/// Random clicks against a table of the types that take part.
+TEST_F(LoadComb, AnySequenceOfClicksGivesTheRowsOfAPlainTable) {
+  std::mt19937 random(7);
+  std::map<int, std::string> table;  // type, text of its factor
+  std::string strFactor = "1.00";
+  Steps steps;
+  for (int i = 0; i < 300; ++i) {
+    const bool bAdd = table.empty() || random() % 3 != 0;
+    std::set<int> chosen;
+    for (unsigned k = random() % 4; k > 0; --k) chosen.insert(static_cast<int>(random() % 12));
+    if (bAdd) {
+      strFactor = "0." + std::to_string(10 + random() % 90);
+      steps.push_back(DialogStep::Type(16046, strFactor));
+    }
+    for (const int nType : chosen) {
+      const auto it = table.find(nType);
+      const std::string strName = nType == 0 ? "静" : "活" + std::to_string(nType);
+      if (bAdd) {
+        steps.push_back(DialogStep::ToggleRow(16039, nType));
+        table.try_emplace(nType, strFactor);
+      } else if (it != table.end()) {
+        steps.push_back(DialogStep::ToggleRow(16041, it->second + strName));
+        table.erase(it);
+      }
+    }
+    steps.push_back(DialogStep::Click(bAdd ? 16042 : 16043));
+    Strings rows;
+    for (const auto& [nType, strText] : table)
+      rows.push_back(strText + (nType == 0 ? "静" : "活" + std::to_string(nType)));
+    steps.push_back(ExpectRows(16041, rows));
+  }
+  steps.push_back(DialogStep::Ok());
+  EXPECT_EQ(Run(std::move(steps)), c_nIdOk);
+  for (int nType = 0; nType < 12; ++nType) {
+    EXPECT_EQ(Get().flags[static_cast<size_t>(nType)], table.contains(nType) ? 1 : 0) << nType;
+  }
+}
+
+TEST_F(Dialogs, ButtonsOpenTheCombinationAndOnlyOkTakesItOver) {
+  CModeDlg mode;
+  CNonlinStaticDlg nonlinear;
+  const std::vector<std::pair<CDialog*, int>> cases = {{&mode, 16044}, {&nonlinear, 16059}};
+  mode.m_loadComb.nLoadTypes = nonlinear.m_loadComb.nLoadTypes = 3;
+  const Steps c_add = {DialogStep::Type(16046, "0.6"), DialogStep::DoubleClick(16039, 2)};
+  for (const auto& [pDialog, nButton] : cases) {
+    const LoadCombination& combination = pDialog == &mode ? mode.m_loadComb : nonlinear.m_loadComb;
+    Steps cancelled = c_add;
+    cancelled.push_back(DialogStep::Cancel());
+    Steps taken = c_add;
+    taken.push_back(DialogStep::Ok());
+    m_platform->AddScript(16002, cancelled);
+    m_platform->AddScript(16002, taken);
+    m_platform->AddScript(16002, {ExpectRows(16039, {"静", "活1", "活2"}), ExpectRows(16041, {"0.60活2"})});
+    Run(*pDialog, {DialogStep::Click(nButton), DialogStep::Inspect([&](const IDialogView&) {
+                     EXPECT_EQ(combination.flags[2], 0);
+                     EXPECT_EQ(combination.factors[2], 1.0);
+                   }),
+                   DialogStep::Click(nButton), DialogStep::Click(nButton), DialogStep::Ok()});
+    EXPECT_EQ(combination.flags[2], 1);
+    EXPECT_EQ(combination.factors[2], 0.6);
+    EXPECT_FALSE(m_platform->HasUnusedScripts());
+  }
+}
+
+}  // namespace
+}  // namespace skyframe
