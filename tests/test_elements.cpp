@@ -744,7 +744,7 @@ TEST(LocalAxesTest, Table) {
 TEST(LocalAxesTest, OrthonormalAndRightHanded) {
   for (const Vector3& d : c_directions) {
     const LocalAxes R = FormLocalAxes(d, 1.0, 0.0);
-    if (d[1] != 0.0) EXPECT_NEAR(R[1][2], 0.0, 1e-15) << "local y is horizontal";
+    EXPECT_NEAR(d[1] == 0.0 ? 0.0 : R[1][2], 0.0, 1e-15) << "local y is horizontal";
     for (int k = 0; k < 3; ++k) {
       const int a = (k + 1) % 3, b = (k + 2) % 3;
       for (int j = 0; j < 3; ++j) {
