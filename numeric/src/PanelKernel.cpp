@@ -15,6 +15,7 @@ template <class Simd>
 constexpr int c_nWidth = 2 * Simd::c_nLanes;
 
 using GroupRows = std::make_integer_sequence<int, c_nGroup>;
+using PartialSums = std::make_integer_sequence<int, 4>;
 
 template <class Simd>
 [[gnu::always_inline]] inline double* Row(const Panel& panel, int r) {
@@ -38,42 +39,46 @@ template <class Simd, bool bTriangle, int... a>
   typename Simd::Vec acc[c_nGroup][2];
   // Unused rows repeat the last one in use and are not stored.
   const int nLast = group.nRows - 1;
-  ((acc[a][0] = At<Simd>(rows + std::min(a, nLast) * nWidth),
-    acc[a][1] = At<Simd>(rows + std::min(a, nLast) * nWidth + nLanes)),
+  ((Load<Simd>(acc[a][0], rows + std::min(a, nLast) * nWidth),
+    Load<Simd>(acc[a][1], rows + std::min(a, nLast) * nWidth + nLanes)),
    ...);
   double* x = Row<Simd>(panel, nBegin);
   for (std::ptrdiff_t k = nBegin; k < nEnd; ++k, x += nWidth) {
-    const typename Simd::Vec x0 = At<Simd>(x), x1 = At<Simd>(x + nLanes);
+    typename Simd::Vec x0, x1;
+    Load<Simd>(x0, x);
+    Load<Simd>(x1, x + nLanes);
     ((acc[a][0] -= x0 * columns[a][k], acc[a][1] -= x1 * columns[a][k]), ...);
   }
   if constexpr (bTriangle) (ReduceRow<Simd, a>(group, acc, std::make_integer_sequence<int, a>()), ...);
-  ((a <= nLast ? (At<Simd>(rows + a * nWidth) = acc[a][0], At<Simd>(rows + a * nWidth + nLanes) = acc[a][1], 0) : 0),
+  ((a <= nLast ? (Store<Simd>(rows + a * nWidth, acc[a][0]), Store<Simd>(rows + a * nWidth + nLanes, acc[a][1]))
+               : void()),
    ...);
 }
 
 /// One row of a panel against its column over nBegin <= k < nEnd, four partial sums.
-template <class Simd>
+template <class Simd, int... u>
 [[gnu::always_inline]] inline void UpdateRow(const double* column, double* row, const Panel& panel, int nBegin,
-                                             int nEnd) {
-  constexpr int nLanes = Simd::c_nLanes, nWidth = c_nWidth<Simd>;
-  typename Simd::Vec acc[4][2] = {};
-  acc[0][0] = At<Simd>(row);
-  acc[0][1] = At<Simd>(row + nLanes);
-  const double* l = column + nBegin;
-  double* x = Row<Simd>(panel, nBegin);
-  int k = nBegin;
-  for (; k + 4 <= nEnd; k += 4, l += 4, x += 4 * nWidth) {
-    for (int u = 0; u < 4; ++u) {
-      acc[u][0] -= At<Simd>(x + u * nWidth) * l[u];
-      acc[u][1] -= At<Simd>(x + u * nWidth + nLanes) * l[u];
-    }
+                                             int nEnd, std::integer_sequence<int, u...>) {
+  constexpr int nLanes = Simd::c_nLanes, nWidth = c_nWidth<Simd>, nStep = sizeof...(u);
+  typename Simd::Vec acc[nStep][2] = {}, x[2], rest[2];
+  const double* xk = Row<Simd>(panel, nBegin);
+  std::ptrdiff_t k = nBegin;
+  for (; k + nStep <= nEnd; k += nStep, xk += nStep * nWidth) {
+    ((Load<Simd>(x[0], xk + u * nWidth), Load<Simd>(x[1], xk + u * nWidth + nLanes), acc[u][0] += x[0] * column[k + u],
+      acc[u][1] += x[1] * column[k + u]),
+     ...);
   }
-  for (; k < nEnd; ++k, ++l, x += nWidth) {
-    acc[0][0] -= At<Simd>(x) * *l;
-    acc[0][1] -= At<Simd>(x + nLanes) * *l;
+  Load<Simd>(rest[0], row);
+  Load<Simd>(rest[1], row + nLanes);
+  for (; k < nEnd; ++k, xk += nWidth) {
+    Load<Simd>(x[0], xk);
+    Load<Simd>(x[1], xk + nLanes);
+    rest[0] -= x[0] * column[k];
+    rest[1] -= x[1] * column[k];
   }
-  At<Simd>(row) = (acc[0][0] + acc[1][0]) + (acc[2][0] + acc[3][0]);
-  At<Simd>(row + nLanes) = (acc[0][1] + acc[1][1]) + (acc[2][1] + acc[3][1]);
+  ((rest[0] -= acc[u][0], rest[1] -= acc[u][1]), ...);
+  Store<Simd>(row, rest[0]);
+  Store<Simd>(row + nLanes, rest[1]);
 }
 
 /// The rows above the common top of a group: each column as far up as it goes.
@@ -82,7 +87,8 @@ template <class Simd>
   for (int a = 0; a < group.nRows; ++a) {
     const auto u = static_cast<std::size_t>(a);
     const int nFirst = std::max(nBegin, group.nTop[u]);
-    if (nFirst < nEnd) UpdateRow<Simd>(group.columns[u], Row<Simd>(panel, group.nFirst + a), panel, nFirst, nEnd);
+    if (nFirst >= nEnd) continue;
+    UpdateRow<Simd>(group.columns[u], Row<Simd>(panel, group.nFirst + a), panel, nFirst, nEnd, PartialSums());
   }
 }
 

@@ -9,26 +9,31 @@
 namespace skyframe::skyline {
 
 struct Simd16 {
-  typedef double Vec __attribute__((vector_size(16), aligned(8), may_alias));
+  typedef double Vec __attribute__((vector_size(16)));
   static constexpr int c_nLanes = 2;
 };
 struct Simd32 {
-  typedef double Vec __attribute__((vector_size(32), aligned(8), may_alias));
+  typedef double Vec __attribute__((vector_size(32)));
   static constexpr int c_nLanes = 4;
 };
 struct Simd64 {
-  typedef double Vec __attribute__((vector_size(64), aligned(8), may_alias));
+  typedef double Vec __attribute__((vector_size(64)));
   static constexpr int c_nLanes = 8;
 };
 
-/// The vector that begins at p; no alignment is needed.
+/// A vector in memory, where only the doubles are aligned.
 template <class Simd>
-[[gnu::always_inline]] inline typename Simd::Vec& At(double* p) {
-  return *reinterpret_cast<typename Simd::Vec*>(p);
+struct __attribute__((packed, aligned(8), may_alias)) Stored {
+  typename Simd::Vec v;
+};
+
+template <class Simd>
+[[gnu::always_inline]] inline void Load(typename Simd::Vec& v, const double* p) {
+  v = reinterpret_cast<const Stored<Simd>*>(p)->v;
 }
 template <class Simd>
-[[gnu::always_inline]] inline const typename Simd::Vec& At(const double* p) {
-  return *reinterpret_cast<const typename Simd::Vec*>(p);
+[[gnu::always_inline]] inline void Store(double* p, const typename Simd::Vec& v) {
+  reinterpret_cast<Stored<Simd>*>(p)->v = v;
 }
 
 /// The widest unit of this processor for Best, else the unit itself.

@@ -26,11 +26,11 @@ template <class Simd, int... a>
                                            std::integer_sequence<int, a...>) {
   constexpr int nLanes = Simd::c_nLanes;
   const double* const columns[] = {group.columns[a]...};
-  typename Simd::Vec acc[c_nGroup] = {};
+  typename Simd::Vec acc[c_nGroup] = {}, xk, lk;
   std::ptrdiff_t k = nBegin;
   for (; k + nLanes <= nEnd; k += nLanes) {
-    const typename Simd::Vec xk = At<Simd>(x + k);
-    ((acc[a] += At<Simd>(columns[a] + k) * xk), ...);
+    Load<Simd>(xk, x + k);
+    ((Load<Simd>(lk, columns[a] + k), acc[a] += lk * xk), ...);
   }
   for (int u = 0; u < c_nGroup; ++u) {
     sum[u] = 0.0;
@@ -46,11 +46,12 @@ template <class Simd, int... a>
   constexpr int nLanes = Simd::c_nLanes;
   const double* const columns[] = {group.columns[a]...};
   const double factors[] = {factor[a]...};
+  typename Simd::Vec xk, lk;
   std::ptrdiff_t k = nBegin;
   for (; k + nLanes <= nEnd; k += nLanes) {
-    typename Simd::Vec xk = At<Simd>(x + k);
-    ((xk -= At<Simd>(columns[a] + k) * factors[a]), ...);
-    At<Simd>(x + k) = xk;
+    Load<Simd>(xk, x + k);
+    ((Load<Simd>(lk, columns[a] + k), xk -= lk * factors[a]), ...);
+    Store<Simd>(x + k, xk);
   }
   for (; k < nEnd; ++k) ((x[k] -= columns[a][k] * factors[a]), ...);
 }
