@@ -1,0 +1,39 @@
+#include "ConsoleBuffer.h"
+
+#include <string>
+#include <utility>
+
+namespace skyframe {
+
+CConsoleBuffer::CConsoleBuffer(Sink sink) : m_sink(std::move(sink)) {
+  setp(m_buffer.data(), m_buffer.data() + m_buffer.size());
+}
+
+CConsoleBuffer::~CConsoleBuffer() { sync(); }
+
+void CConsoleBuffer::SetSink(Sink sink) {
+  sync();
+  m_sink = std::move(sink);
+}
+
+CConsoleBuffer::int_type CConsoleBuffer::overflow(int_type c) {
+  const std::string_view strText(pbase(), static_cast<std::size_t>(pptr() - pbase()));
+  const std::size_t nLineEnd = strText.rfind('\n');
+  HandOn(nLineEnd == std::string_view::npos ? strText.size() : nLineEnd + 1);
+  if (!traits_type::eq_int_type(c, traits_type::eof())) sputc(traits_type::to_char_type(c));
+  return traits_type::not_eof(c);
+}
+
+int CConsoleBuffer::sync() {
+  HandOn(static_cast<std::size_t>(pptr() - pbase()));
+  return 0;
+}
+
+void CConsoleBuffer::HandOn(std::size_t nCount) {
+  const std::string strText(pbase(), pptr());
+  setp(m_buffer.data(), m_buffer.data() + m_buffer.size());
+  sputn(strText.data() + nCount, static_cast<std::streamsize>(strText.size() - nCount));
+  if (nCount > 0) m_sink(std::string_view(strText).substr(0, nCount));
+}
+
+}  // namespace skyframe

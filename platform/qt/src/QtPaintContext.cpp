@@ -1,0 +1,59 @@
+#include "skyframe/qt/QtPaintContext.h"
+
+#include <QFontMetricsF>
+#include <QPolygonF>
+
+#include "skyframe/qt/Font.h"
+
+namespace skyframe {
+
+namespace {
+
+QColor ToQt(Colour colour) { return {colour.nRed, colour.nGreen, colour.nBlue}; }
+
+/// From a text's position to the left end of its baseline.
+QPointF GetTextShift(const QFontMetricsF& metrics, double dWidth, HorizontalAlign horizontal, VerticalAlign vertical) {
+  QPointF shift(0.0, 0.0);
+  if (horizontal == HorizontalAlign::Centre) shift.setX(-0.5 * dWidth);
+  if (horizontal == HorizontalAlign::Right) shift.setX(-dWidth);
+  if (vertical == VerticalAlign::Top) shift.setY(metrics.ascent());
+  if (vertical == VerticalAlign::Middle) shift.setY(0.5 * (metrics.ascent() - metrics.descent()));
+  if (vertical == VerticalAlign::Bottom) shift.setY(-metrics.descent());
+  return shift;
+}
+
+}  // namespace
+
+void CQtPaintContext::DrawRectangle(PaintPoint topLeft, double dWidth, double dHeight) {
+  m_painter.setPen(FormPen());
+  m_painter.setBrush(ToQt(GetState().brush));
+  m_painter.drawRect(QRectF(topLeft.dX, topLeft.dY, dWidth, dHeight));
+}
+
+void CQtPaintContext::DrawPolyline(std::span<const PaintPoint> points) {
+  QPolygonF line;
+  line.reserve(static_cast<qsizetype>(points.size()));
+  for (const PaintPoint& point : points) line.append({point.dX, point.dY});
+  m_painter.setPen(FormPen());
+  m_painter.drawPolyline(line);
+}
+
+void CQtPaintContext::DrawText(PaintPoint at, std::string_view strText, HorizontalAlign horizontal,
+                               VerticalAlign vertical) {
+  QFont font = FormDialogFont();
+  font.setPixelSize(qMax(1, qRound(GetState().dTextHeight)));
+  const QFontMetricsF metrics(font);
+  const QString strLine = skyframe::ToQt(strText);
+  m_painter.setFont(font);
+  m_painter.setPen(ToQt(GetState().pen));
+  m_painter.drawText(
+      QPointF(at.dX, at.dY) + GetTextShift(metrics, metrics.horizontalAdvance(strLine), horizontal, vertical), strLine);
+}
+
+QPen CQtPaintContext::FormPen() const {
+  QPen pen(ToQt(GetState().pen), GetState().dPenWidth);
+  pen.setJoinStyle(Qt::MiterJoin);
+  return pen;
+}
+
+}  // namespace skyframe

@@ -1,0 +1,132 @@
+#include "skyframe/qt/QtPlatform.h"
+
+#include <QApplication>
+#include <QDateTime>
+#include <QMessageBox>
+#include <QPushButton>
+#include <iostream>
+#include <utility>
+
+#include "ConsoleBuffer.h"
+#include "ProgressWindow.h"
+#include "skyframe/qt/DialogWindow.h"
+#include "skyframe/qt/Font.h"
+#include "texts.h"
+
+namespace skyframe {
+
+namespace {
+
+constexpr std::chrono::milliseconds c_reportPeriod{50};
+
+void WriteToStandardOutput(std::string_view strText) { std::cout << strText << std::flush; }
+
+/// The ordinary cursor for the life of the object, whatever waits behind a window.
+class COrdinaryCursor {
+ public:
+  explicit COrdinaryCursor(bool bWaiting) : m_bWaiting(bWaiting) {
+    if (m_bWaiting) QApplication::restoreOverrideCursor();
+  }
+  ~COrdinaryCursor() {
+    if (m_bWaiting) QApplication::setOverrideCursor(Qt::WaitCursor);
+  }
+  COrdinaryCursor(const COrdinaryCursor&) = delete;
+  COrdinaryCursor& operator=(const COrdinaryCursor&) = delete;
+
+ private:
+  bool m_bWaiting;
+};
+
+}  // namespace
+
+CQtPlatform::CQtPlatform(QWidget* pHostWindow)
+    : m_pHostWindow(pHostWindow),
+      m_pConsoleBuffer(std::make_unique<CConsoleBuffer>(WriteToStandardOutput)),
+      m_pConsole(std::make_unique<std::ostream>(m_pConsoleBuffer.get())) {}
+
+CQtPlatform::~CQtPlatform() {
+  if (m_nWaitCursor > 0) QApplication::restoreOverrideCursor();
+}
+
+void CQtPlatform::SetConsoleSink(ConsoleSink sink) {
+  m_pConsoleBuffer->SetSink(sink ? std::move(sink) : ConsoleSink(WriteToStandardOutput));
+}
+
+QWidget* CQtPlatform::GetParentWindow() const {
+  QWidget* const pModal = QApplication::activeModalWidget();
+  return pModal != nullptr ? pModal : m_pHostWindow;
+}
+
+void CQtPlatform::ShowMessage(std::string_view strText) {
+  CloseProgress();
+  m_pConsole->flush();
+  const COrdinaryCursor cursor(m_nWaitCursor > 0);
+  QMessageBox box(GetParentWindow());
+  box.setObjectName(QStringLiteral("message"));
+  box.setFont(FormDialogFont(m_dFontScale));
+  box.setWindowTitle(ToQt(texts::c_strWindowTitle));
+  box.setTextFormat(Qt::PlainText);
+  box.setText(ToQt(strText));
+  box.setStandardButtons(QMessageBox::Ok);
+  box.button(QMessageBox::Ok)->setText(ToQt(texts::c_strAcknowledge));
+  box.exec();
+}
+
+int CQtPlatform::RunModal(CDialog& dialog) {
+  CloseProgress();
+  m_pConsole->flush();
+  const COrdinaryCursor cursor(m_nWaitCursor > 0);
+  CDialogWindow window(dialog, m_dFontScale, GetParentWindow());
+  return window.Run();
+}
+
+void CQtPlatform::BeginWaitCursor() {
+  if (m_nWaitCursor++ == 0) QApplication::setOverrideCursor(Qt::WaitCursor);
+}
+
+void CQtPlatform::EndWaitCursor() {
+  if (m_nWaitCursor > 0 && --m_nWaitCursor == 0) QApplication::restoreOverrideCursor();
+}
+
+std::ostream& CQtPlatform::GetConsole() { return *m_pConsole; }
+
+LocalTime CQtPlatform::GetLocalTime() {
+  const QDateTime now = QDateTime::currentDateTime();
+  const QDate date = now.date();
+  const QTime time = now.time();
+  return {date.year(), date.month(), date.day(), time.hour(), time.minute(), time.second()};
+}
+
+void CQtPlatform::ReportProgress(double dFraction, std::string_view strLabel) {
+  const Clock::time_point now = Clock::now();
+  if (dFraction < m_dLastFraction || m_dLastFraction >= 1.0) m_stepStart = now;
+  m_dLastFraction = dFraction;
+  if (dFraction >= 1.0) return CloseProgress();
+  if (now - m_stepStart < m_progressDelay || now - m_lastReport < c_reportPeriod) return;
+  m_lastReport = now;
+  m_pConsole->flush();
+  if (m_pProgress == nullptr) {
+    m_pProgress = std::make_unique<CProgressWindow>(FormDialogFont(m_dFontScale), GetParentWindow());
+    m_pProgress->show();
+  }
+  m_pProgress->Report(dFraction, strLabel);
+  QApplication::processEvents();
+}
+
+void CQtPlatform::CloseProgress() {
+  m_dLastFraction = 1.0;
+  m_pProgress.reset();
+}
+
+void CQtPlatform::EnterModule() { ++m_nModule; }
+
+void CQtPlatform::LeaveModule() {
+  if (m_nModule > 0) --m_nModule;
+  if (m_nModule > 0) return;
+  CloseProgress();
+  m_pConsole->flush();
+  if (m_nWaitCursor > 0) QApplication::restoreOverrideCursor();
+  m_nWaitCursor = 0;
+}
+
+}  // namespace skyframe
