@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <memory>
 
+#include "ResultHeader.h"
 #include "TokenReader.h"
 #include "skyframe/model/AnalysisModel.h"
 #include "skyframe/platform/Platform.h"
@@ -93,7 +94,8 @@ CMatrix FormMatrix(const std::vector<std::vector<double>>& columns, int nRows, i
 }  // namespace
 
 bool CAnalysisModel::ReadModeFile(const std::string& strJobPath) {
-  const std::unique_ptr<std::istream> pStream = GetPlatform().OpenForReading(strJobPath + std::string(c_strModeSuffix));
+  const std::unique_ptr<std::istream> pStream =
+      GetPlatform().OpenForReading(FormResultPath(strJobPath, c_strModeSuffix));
   if (!pStream) return Fail(c_strModeFileAccess);
   CTokenReader reader(*pStream);
   if (!ReadHead(reader, *this)) return false;
@@ -117,7 +119,8 @@ bool CAnalysisModel::ReadModeFile(const std::string& strJobPath) {
 }
 
 bool CAnalysisModel::ReadModeFrequencies(const std::string& strJobPath) {
-  const std::unique_ptr<std::istream> pStream = GetPlatform().OpenForReading(strJobPath + std::string(c_strModeSuffix));
+  const std::unique_ptr<std::istream> pStream =
+      GetPlatform().OpenForReading(FormResultPath(strJobPath, c_strModeSuffix));
   if (!pStream) return Fail(c_strModeFileAccess);
   CTokenReader reader(*pStream);
   if (!ReadHead(reader, *this)) return false;

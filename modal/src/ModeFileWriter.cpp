@@ -43,7 +43,7 @@ void WriteShape(CTextWriter& out, const CAnalysisModel& model, int nMode) {
 }  // namespace
 
 bool WriteModeFile(const CAnalysisModel& model, const std::string& strJobPath) {
-  CResultFile file(strJobPath + std::string(c_strModeSuffix));
+  CResultFile file(FormResultPath(strJobPath, c_strModeSuffix));
   if (!file.IsOpen()) return false;
   CTextWriter& out = file.GetWriter();
   WriteResultHeader(out, c_strModeHeader, model);

@@ -5,6 +5,11 @@
 
 namespace skyframe {
 
+std::string FormResultPath(const std::string& strJobPath, std::string_view strSuffix) {
+  std::string strPath = strJobPath;
+  return strPath.append(strSuffix);
+}
+
 void WriteResultHeader(CTextWriter& out, std::string_view strTitle, const CAnalysisModel& model) {
   const LocalTime now = GetPlatform().GetLocalTime();
   const CNodeTable& nodes = model.GetNodes();

@@ -109,8 +109,8 @@ void WriteVirtualResponse(CTextWriter& out, const SpectrumModes& modes) {
 }
 
 template <typename WriteContent>
-bool WriteFile(const std::string& strPath, WriteContent writeContent) {
-  CResultFile file(strPath);
+bool WriteFile(const std::string& strJobPath, std::string_view strSuffix, WriteContent writeContent) {
+  CResultFile file(FormResultPath(strJobPath, strSuffix));
   if (!file.IsOpen()) return false;
   writeContent(file.GetWriter());
   return file.Commit();
@@ -121,14 +121,14 @@ bool WriteFile(const std::string& strPath, WriteContent writeContent) {
 bool WriteSpectrumFiles(const CAnalysisModel& model, const SpectrumModes& modes, const SpectrumResult& result,
                         const std::string& strJobPath) {
   if (modes.bVirtual) {
-    if (!WriteFile(strJobPath + std::string(c_strVirtualModeSuffix),
+    if (!WriteFile(strJobPath, c_strVirtualModeSuffix,
                    [&](CTextWriter& out) { WriteVirtualMode(out, model, modes); }) ||
-        !WriteFile(strJobPath + std::string(c_strVirtualResponseSuffix),
+        !WriteFile(strJobPath, c_strVirtualResponseSuffix,
                    [&](CTextWriter& out) { WriteVirtualResponse(out, modes); })) {
       return false;
     }
   }
-  return WriteFile(strJobPath + std::string(c_strSpectrumSuffix),
+  return WriteFile(strJobPath, c_strSpectrumSuffix,
                    [&](CTextWriter& out) { WriteSpectrum(out, model, modes, result); });
 }
 

@@ -27,9 +27,13 @@ class CQlIteration {
       m_dLargest = std::max(m_dLargest, std::abs(m_d[l]) + std::abs(m_e[l]));
       int nIteration = 0;
       for (std::size_t m = FindSplit(l); m != l; m = FindSplit(l)) {
-        if (++nIteration > c_nMaxIterations) return false;
+        if (++nIteration > c_nMaxIterations) {
+          AddShift(l, m_n);
+          return false;
+        }
         Sweep(l, m);
       }
+      AddShift(l, l + 1);
     }
     return true;
   }
@@ -52,35 +56,47 @@ class CQlIteration {
     return m;
   }
 
-  /// One implicit QL step on the block l..m, shifted by the eigenvalue of its top 2 x 2 nearest d_l.
+  /// Moves rows l and below by the eigenvalue of the top 2 x 2 nearest d_l; the shifts add up.
+  void Shift(std::size_t l) {
+    const double g = (m_d[l + 1] - m_d[l]) / (2.0 * m_e[l]);
+    const double q = g + std::copysign(std::hypot(g, 1.0), g);
+    const double dShift = m_d[l] - m_e[l] / q;
+    m_d[l] = m_e[l] / q;
+    m_d[l + 1] = m_e[l] * q;
+    for (std::size_t i = l + 2; i < m_n; ++i) m_d[i] -= dShift;
+    m_dShift += dShift;
+  }
+
+  void AddShift(std::size_t nFirst, std::size_t nLast) {
+    for (std::size_t i = nFirst; i < nLast; ++i) m_d[i] += m_dShift;
+  }
+
+  /// One shifted QL step on the block l..m.
   void Sweep(std::size_t l, std::size_t m) {
-    const double h = (m_d[l + 1] - m_d[l]) / (2.0 * m_e[l]);
-    double g = m_d[m] - m_d[l] + m_e[l] / (h + std::copysign(std::hypot(h, 1.0), h));
-    double s = 1.0;
-    double c = 1.0;
-    double p = 0.0;
+    Shift(l);
+    const double dShifted = m_d[l + 1];
+    const double dCoupling = m_e[l + 1];
+    double p = m_d[m];
+    double c = 1.0, c2 = 1.0, c3 = 1.0;
+    double s = 0.0, s2 = 0.0;
     for (std::size_t i = m; i-- > l;) {
-      const double f = s * m_e[i];
-      const double b = c * m_e[i];
-      const double r = std::hypot(f, g);
-      m_e[i + 1] = r;
-      if (r == 0.0) {  // the block falls apart at row i + 1
-        m_d[i + 1] -= p;
-        m_e[m] = 0.0;
-        return;
-      }
-      s = f / r;
-      c = g / r;
-      g = m_d[i + 1] - p;
-      const double t = (m_d[i] - g) * s + 2.0 * c * b;
-      p = s * t;
-      m_d[i + 1] = g + p;
-      g = c * t - b;
+      c3 = c2;
+      c2 = c;
+      s2 = s;
+      const double g = c * m_e[i];
+      const double h = c * p;
+      const double r = std::hypot(p, m_e[i]);
+      m_e[i + 1] = s * r;
+      s = m_e[i] / r;
+      c = p / r;
+      p = c * m_d[i] - s * g;
+      m_d[i + 1] = h + s * (c * g + s * m_d[i]);
       Rotate(i, c, s);
     }
-    m_d[l] -= p;
-    m_e[l] = g;
-    m_e[m] = 0.0;
+    // A product, not a difference: the coupling goes down to any tolerance.
+    p = -s * s2 * c3 * dCoupling * m_e[l] / dShifted;
+    m_e[l] = s * p;
+    m_d[l] = c * p;
   }
 
   /// (s_i, s_i+1) <- (c s_i - s s_i+1, s s_i + c s_i+1)
@@ -105,6 +121,7 @@ class CQlIteration {
   std::vector<double> m_S;
   double m_dTolerance;
   double m_dLargest = 0.0;
+  double m_dShift = 0.0;  ///< already taken off the rows that are not finished
 };
 
 }  // namespace

@@ -14,9 +14,9 @@ struct TridiagonalEigen {
   [[nodiscard]] double GetVector(int k, int i) const;
 };
 
-/// QL iteration with implicit shifts. diagonal: m values, offDiagonal: m - 1.
+/// QL iteration with shifts. diagonal: m values, offDiagonal: m - 1.
 /// |e_k| is negligible when |e_k| <= dTolerance t, t the largest |d_l| + |e_l| met so far.
-/// Source: Bowdler, Martin, Reinsch and Wilkinson (1968); Dubrulle, Martin and Wilkinson (1968).
+/// Source: Bowdler, Martin, Reinsch and Wilkinson (1968), procedure tql2.
 [[nodiscard]] TridiagonalEigen SolveTridiagonal(std::span<const double> diagonal, std::span<const double> offDiagonal,
                                                 double dTolerance);
 

@@ -1,0 +1,78 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <numbers>
+#include <vector>
+
+#include "HostModel.h"
+#include "skyframe/modal/ModalPencil.h"
+
+namespace skyframe::test {
+
+inline constexpr double c_dSteelE = 2.06e11;
+inline constexpr double c_dSteelDensity = 7900.0;
+
+/// Cantilever along X: L = 4 m, A = 0.01 m2, Iy = Iz = 2e-5 m4, fixed at node 1.
+inline void FillCantilever(CHostModel& host, int nElements) {
+  host.SetSection(1, 3, 10000, 1e4, 2e7, 2e7);
+  for (int i = 0; i <= nElements; ++i) host.AddNode(4.0 * i / nElements, 0, 0, c_nRigid, i == 0 ? "111111" : "000000");
+  for (int i = 1; i <= nElements; ++i) host.AddElement(c_nBeam, i, i + 1, 103);
+}
+
+/// One bar along X that moves along X only: A = 0.01 m2, L = 2 m, k = 1.03e9 N/m; 100 kN at the free end.
+inline void FillOneBar(CHostModel& host) {
+  host.SetSection(1, 2, 10000);
+  host.AddNode(0, 0, 0, c_nPinned, "111000");
+  host.AddNode(2, 0, 0, c_nPinned, "011000");
+  host.AddElement(c_nBar, 1, 2, 102);
+  host.AddLoad(0, 2, 2, 100.0);
+}
+
+/// Square tower of rigid frames, one bay: equal stiffness along X and Y.
+inline void FillSquareTower(CHostModel& host, int nStoreys) {
+  host.SetSection(1, 2, 20000, 1e8, 2e8, 2e8);
+  const auto node = [](int nStorey, int nCorner) { return 4 * nStorey + nCorner + 1; };
+  constexpr double c_dX[] = {0, 6, 6, 0}, c_dY[] = {0, 0, 6, 6};
+  for (int s = 0; s <= nStoreys; ++s) {
+    for (int c = 0; c < 4; ++c) host.AddNode(c_dX[c], c_dY[c], 3.5 * s, c_nRigid, s == 0 ? "111111" : "000000");
+  }
+  for (int s = 0; s < nStoreys; ++s) {
+    for (int c = 0; c < 4; ++c) {
+      host.AddElement(c_nBeam, node(s, c), node(s + 1, c));
+      host.AddElement(c_nBeam, node(s + 1, c), node(s + 1, (c + 1) % 4));
+    }
+  }
+}
+
+/// Worst |K phi - omega^2 M phi| / |K phi| and worst |Phi^T M Phi - I| of a model's modes.
+struct ModeErrors {
+  double dResidual = 0.0;
+  double dOrthogonality = 0.0;
+};
+inline ModeErrors FormModeErrors(const CAnalysisModel& model, bool bUseLoadMass) {
+  SparseMatrix K, M;
+  EXPECT_TRUE(AssemblePencil(model, false, bUseLoadMass, K, M));
+  const int F = model.GetFreeDofs(), n = static_cast<int>(model.Omega.size());
+  ModeErrors errors;
+  for (int i = 0; i < n; ++i) {
+    CMatrix phi(F, 1);
+    for (int k = 0; k < F; ++k) phi[k][0] = model.ModeShapes[k][i];
+    const CMatrix Kphi = K * phi, Mphi = M * phi;
+    double dResidual2 = 0.0, dForce2 = 0.0;
+    for (int k = 0; k < F; ++k) {
+      dResidual2 += std::pow(Kphi[k][0] - model.Omega[i] * model.Omega[i] * Mphi[k][0], 2);
+      dForce2 += std::pow(Kphi[k][0], 2);
+    }
+    errors.dResidual = std::max(errors.dResidual, std::sqrt(dResidual2 / dForce2));
+    for (int j = 0; j < n; ++j) {
+      double dProduct = i == j ? -1.0 : 0.0;
+      for (int k = 0; k < F; ++k) dProduct += model.ModeShapes[k][j] * Mphi[k][0];
+      errors.dOrthogonality = std::max(errors.dOrthogonality, std::abs(dProduct));
+    }
+  }
+  return errors;
+}
+
+}  // namespace skyframe::test
