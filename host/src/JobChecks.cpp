@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "JsonText.h"
+
 namespace skyframe::host {
 
 bool HaveSamePlace(const JobNode& a, const JobNode& b) {
@@ -22,7 +24,7 @@ std::vector<int> FindEmptyCases(const Job& job) {
 namespace {
 
 std::string At(std::string_view strList, std::size_t nIndex) {
-  return "/" + std::string(strList) + "/" + std::to_string(nIndex);
+  return AppendPointer(AppendPointer("", strList), nIndex);
 }
 
 class CDoubtfulInput {

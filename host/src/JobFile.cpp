@@ -15,6 +15,8 @@ namespace skyframe::host {
 namespace {
 
 constexpr std::uintmax_t c_nMaxFileSize = std::uintmax_t{256} << 20U;
+/// Stands for a coordinate in error; such a place coincides with no other.
+constexpr double c_dUnknown = std::numeric_limits<double>::quiet_NaN();
 constexpr std::string_view c_strJobSuffix = ".json";
 
 /// Turns the tree into a job, part by part; every error is noted and reading goes on.
@@ -74,9 +76,9 @@ class CJobParser {
       JobNode node;
       const std::optional<int> nId = object.Integer("id", Need::Required, 1);
       node.nId = nId.value_or(0);
-      node.dX = object.Number("x", Need::Required).value_or(0.0);
-      node.dY = object.Number("y", Need::Required).value_or(0.0);
-      node.dZ = object.Number("z", Need::Required).value_or(0.0);
+      node.dX = object.Number("x", Need::Required).value_or(c_dUnknown);
+      node.dY = object.Number("y", Need::Required).value_or(c_dUnknown);
+      node.dZ = object.Number("z", Need::Required).value_or(c_dUnknown);
       node.nJoint = object.Word("joint", Need::Optional, c_strJoints).value_or(c_nRigid);
       ReadSupport(object, node);
       m_job.nodes.push_back(node);
@@ -186,7 +188,9 @@ class CJobParser {
   void ReadLoads() {
     ForEach("loads", Need::Optional, c_nMaxLoads, [this](CJobObject& object) {
       JobLoad load;
-      load.nCase = object.Integer("case", Need::Required, 0, c_nMaxLoadCases - 1).value_or(0);
+      const std::optional<int> nCase = object.Integer("case", Need::Required, 0, c_nMaxLoadCases - 1);
+      m_bCasesKnown = m_bCasesKnown && nCase;
+      load.nCase = nCase.value_or(0);
       load.nNode = ReadNode(object, "node");
       const std::optional<int> nDirection = object.Word("direction", Need::Required, c_strDirections);
       load.nDirection = nDirection.value_or(0);
@@ -208,7 +212,7 @@ class CJobParser {
   }
 
   void ReadAnalyses() {
-    const int nHighestCase = m_job.GetHighestCase();
+    const int nHighestCase = m_bCasesKnown ? m_job.GetHighestCase() : c_nMaxLoadCases - 1;
     ForEach("analyses", Need::Optional, std::numeric_limits<std::size_t>::max(),
             [this, nHighestCase](CJobObject& object) {
               if (auto analysis = ReadAnalysis(object, nHighestCase)) m_job.analyses.push_back(*analysis);
@@ -219,6 +223,7 @@ class CJobParser {
   JobFile& m_file;
   Job& m_job;
   Places m_numberOfId;
+  bool m_bCasesKnown = true;  ///< no load has an error in its case
   std::unordered_set<int> m_springGroups;
   std::unordered_map<std::string, int> m_placeOfSection;
 };

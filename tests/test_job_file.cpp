@@ -1,0 +1,333 @@
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <filesystem>
+#include <fstream>
+#include <string>
+#include <vector>
+
+#include "skyframe/host/Generate.h"
+#include "skyframe/host/JobFile.h"
+
+namespace skyframe::host {
+namespace {
+
+/// Replaces the first occurrence; the pattern must be there.
+std::string Replace(std::string strText, const std::string& strFrom, const std::string& strTo) {
+  const std::size_t n = strText.find(strFrom);
+  EXPECT_NE(n, std::string::npos) << strFrom;
+  return n == std::string::npos ? strText : strText.replace(n, strFrom.size(), strTo);
+}
+
+std::vector<std::string> List(const std::vector<JobProblem>& problems) {
+  std::vector<std::string> lines;
+  for (const JobProblem& problem : problems) lines.push_back(problem.strPlace + ": " + problem.strReason);
+  return lines;
+}
+
+std::string Join(const std::vector<std::string>& lines) {
+  std::string strText;
+  for (const std::string& strLine : lines) strText += (strText.empty() ? "" : "\n") + strLine;
+  return strText;
+}
+
+const std::string c_strGood = R"json({
+  "title": "Übung",
+  "nodes": [
+    {"id": 7, "x": 0, "y": 0, "z": 0, "restraint": "111111"},
+    {"id": 3, "x": 4, "y": 0, "z": 0},
+    {"id": 20, "x": 8, "y": 0.5, "z": 0, "joint": "pinned", "spring": 2}
+  ],
+  "springs": [{"group": 2, "kx": 1, "ky": 5.5, "kz": -1}],
+  "sections": [{"id": "B", "shape": 2, "area": 1e4, "Ix": 4e7, "Iy": 2e7, "Iz": 3e7}],
+  "elements": [
+    {"type": "beam", "i": 7, "j": 3, "section": "B"},
+    {"type": "bar", "i": 3, "j": 20, "section": "B"}
+  ],
+  "inclined_supports": [20],
+  "loads": [
+    {"case": 2, "node": 3, "direction": "RY", "value": 1.5},
+    {"case": 0, "node": 3, "direction": "Z", "value": -10}
+  ],
+  "analyses": [
+    {"type": "static", "nonlinear": true, "criterion": "disp_rel", "tolerance": 1e-6, "max_iterations": 40,
+     "combination": {"0": 1.2, "2": -1}},
+    {"type": "modal", "modes": 4, "root_check": "compare", "accuracy": 1e-12, "iteration_multiple": 8, "shear": true},
+    {"type": "spectrum", "modes": 4, "mesh_division": 3, "direction": [0, 1, 0], "site_class": 2, "zone_group": 3,
+     "intensity": "8 (0.20g)", "level": "rare", "damping": 0.05, "modal_combination": "CQC"}
+  ]
+})json";
+
+TEST(JobFile, ReadsEveryPart) {
+  const JobFile file = ParseJob(c_strGood);
+  EXPECT_EQ(List(file.errors), std::vector<std::string>{});
+  const Job& job = file.job;
+  ASSERT_EQ(job.nodes.size(), 3U);
+  EXPECT_EQ(job.nodes[0].restraint, (std::array{1, 1, 1, 1, 1, 1}));
+  EXPECT_EQ(job.nodes[1].nJoint, c_nRigid);
+  EXPECT_EQ(job.nodes[2].nJoint, c_nPinned);
+  EXPECT_EQ(job.nodes[2].nSpring, 2);
+  EXPECT_EQ(job.elements[1], (JobElement{c_nBar, 2, 3, 0}));
+  EXPECT_EQ(job.inclinedSupports, std::vector<int>{3});
+  EXPECT_EQ(job.loads[0], (JobLoad{2, 2, 4, 1.5}));
+  EXPECT_EQ(job.GetHighestCase(), 2);
+  EXPECT_FALSE(job.HasConsecutiveIds());
+  const auto& first = std::get<StaticJob>(job.analyses.at(0));
+  EXPECT_EQ(first.nCriterion, 3);
+  EXPECT_EQ(first.combination, (JobCombination{{0, 1.2}, {2, -1.0}}));
+  EXPECT_EQ(std::get<ModalJob>(job.analyses.at(1)).nRootCheck, 1);
+  EXPECT_EQ(std::get<SpectrumJob>(job.analyses.at(2)).nIntensity, 3);
+}
+
+TEST(JobFile, WhatIsWrittenIsReadBack) {
+  for (const Job& job : {ParseJob(c_strGood).job, GenerateBuilding({}), GenerateTower({}), GenerateDome({}),
+                         GenerateDome({.bBeams = true}), GenerateArch({}), GenerateArch({.nSegments = 12})}) {
+    const JobFile file = ParseJob(FormatJob(job));
+    EXPECT_EQ(List(file.errors), std::vector<std::string>{}) << job.strTitle;
+    EXPECT_EQ(file.job.strTitle, job.strTitle);
+    EXPECT_EQ(file.job.nodes, job.nodes);
+    EXPECT_EQ(file.job.springs, job.springs);
+    EXPECT_EQ(file.job.sections, job.sections);
+    EXPECT_EQ(file.job.elements, job.elements);
+    EXPECT_EQ(file.job.inclinedSupports, job.inclinedSupports);
+    EXPECT_EQ(file.job.loads, job.loads);
+    EXPECT_EQ(file.job.analyses, job.analyses);
+  }
+}
+
+TEST(JobFile, EachErrorHasItsPlaceAndReason) {
+  struct Case {
+    std::string strFrom, strTo, strProblem;
+  };
+  const std::vector<Case> cases = {
+      {"\"title\"", "\"titel\"", "/titel: unknown key"},
+      {"\"Übung\"", "5", "/title: must be a text"},
+      {"\"id\": 3,", "\"id\": 7,",
+       "/nodes/1/id: node id 7 is used twice\n/elements/0/j: no node has the id 3\n/elements/1/i: no node has the id "
+       "3\n/loads/0/node: no node has the id 3\n/loads/1/node: no node has the id 3"},
+      {"\"id\": 20", "\"id\": 0",
+       "/nodes/2/id: must be 1 or more\n/elements/1/j: no node has the id 20\n/inclined_supports/0: must be the id of "
+       "a node"},
+      {"\"id\": 20", "\"id\": 99999999999",
+       "/nodes/2/id: must be 2147483647 or less\n/elements/1/j: no node has the id 20\n/inclined_supports/0: must be "
+       "the id of a node"},
+      {"\"id\": 20", "\"id\": 18446744073709551615",
+       "/nodes/2/id: must be 2147483647 or less\n/elements/1/j: no node has the id 20\n/inclined_supports/0: must be "
+       "the id of a node"},
+      {"\"id\": 20", "\"id\": 20.0",
+       "/nodes/2/id: must be an integer\n/elements/1/j: no node has the id 20\n/inclined_supports/0: must be the id of "
+       "a node"},
+      {"\"x\": 4", "\"x\": \"4\"", "/nodes/1/x: must be a number"},
+      {"\"x\": 4", "\"x\": -1e39", "/nodes/1/x: too large for a single-precision record"},
+      {"\"x\": 4, ", "", "/nodes/1/x: missing"},
+      {"\"x\": 4", "\"x\": 0", "/elements/0/j: zero length: both nodes lie at the same place"},
+      {"\"x\": 4", "\"x\": 1e-50", "/elements/0/j: zero length: both nodes lie at the same place"},
+      {"\"111111\"", "\"1111112\"",
+       "/nodes/0/restraint: must be six digits 0 or 1 for X Y Z RX RY RZ, not \"1111112\""},
+      {"\"111111\"", "\"11111\\u001b\"",
+       "/nodes/0/restraint: must be six digits 0 or 1 for X Y Z RX RY RZ, not \"11111\\u001b\""},
+      {"\"111111\"", "111111", "/nodes/0/restraint: must be a text"},
+      {"\"111111\"", "\"111111\", \"spring\": 2", "/nodes/0/spring: a node has either a restraint or a spring"},
+      {"\"spring\": 2", "\"spring\": 3", "/nodes/2/spring: no spring group 3"},
+      {"\"joint\": \"pinned\"", "\"joint\": \"Pinned\"",
+       "/nodes/2/joint: must be \"pinned\" or \"rigid\", not \"Pinned\""},
+      {"\"group\": 2,", "\"group\": 1000,",
+       "/springs/0/group: must be 999 or less\n/nodes/2/spring: no spring group 2"},
+      {"\"kz\": -1}", "\"kz\": -1}, {\"group\": 2}", "/springs/1/group: spring group defined twice"},
+      {"\"shape\": 2", "\"shape\": 7", "/sections/0/shape: must be 6 or less"},
+      {"\"area\": 1e4", "\"area\": -1", "/sections/0/area: must be 0 or more"},
+      {"\"Iz\": 3e7}", "\"Iz\": 3e7}, {\"id\": \"B\", \"area\": 1}", "/sections/1/id: section \"B\" is defined twice"},
+      {"\"type\": \"bar\"", "\"type\": \"rod\"",
+       "/elements/1/type: must be \"bar\", \"beam\", \"cable\" or \"membrane\", not \"rod\""},
+      {"\"j\": 20", "\"j\": 21", "/elements/1/j: no node has the id 21"},
+      {"\"j\": 20", "\"j\": 3", "/elements/1/j: both ends are node 3"},
+      {"\"j\": 20, \"section\": \"B\"", "\"j\": 20, \"section\": \"C\"",
+       "/elements/1/section: no section has the id \"C\""},
+      {"[20]", "[20, 20]", "/inclined_supports/1: node 20 is listed twice"},
+      {"[20]", "[2]", "/inclined_supports/0: must be the id of a node"},
+      {"[20]", "[1e300]", "/inclined_supports/0: must be the id of a node"},
+      {"[20]", "{}", "/inclined_supports: must be an array"},
+      {"\"case\": 2", "\"case\": 20", "/loads/0/case: must be 19 or less"},
+      {"\"case\": 2", "\"case\": -1", "/loads/0/case: must be 0 or more"},
+      {"\"node\": 3, \"direction\": \"RY\"", "\"node\": 20, \"direction\": \"RY\"",
+       "/loads/0/direction: node 20 is pinned and takes no moment"},
+      {"\"value\": 1.5", "\"value\": 3.5e38", "/loads/0/value: too large for a single-precision record"},
+      {"\"value\": 1.5", "\"value\": null", "/loads/0/value: must be a number"},
+      {"\"type\": \"modal\"", "\"type\": \"modes\"",
+       "/analyses/1/type: must be \"static\", \"modal\" or \"spectrum\", not \"modes\""},
+      {"\"modes\": 4", "\"modes\": 0", "/analyses/1/modes: must be 1 or more"},
+      {"\"shear\": true", "\"shear\": 1", "/analyses/1/shear: must be true or false"},
+      {"\"nonlinear\": true", "\"linear\": true", "/analyses/0/linear: unknown key"},
+      {"{\"0\": 1.2", "{\"3\": 1.2", "/analyses/0/combination/3: no such load case; the cases are 0 to 2"},
+      {"{\"0\": 1.2", "{\"00\": 1.2", "/analyses/0/combination/00: no such load case; the cases are 0 to 2"},
+      {"{\"0\": 1.2", "{\"0\": true", "/analyses/0/combination/0: must be a number"},
+      {"[0, 1, 0]", "[0, 1]", "/analyses/2/direction: must have three numbers"},
+      {"[0, 1, 0]", "[0, 1, \"0\"]", "/analyses/2/direction/2: must be a number"},
+      {"\"loads\": [", "\"loads\": [7,", "/loads/0: must be an object"},
+      {"\"title\"", "\"a/b~c\": 1, \"title\"", "/a~1b~0c: unknown key"},
+      {"\"x\": 4", "\"x\": 4, \"x\": 5", "/nodes/1/x: key given twice"},
+  };
+  for (const Case& c : cases) {
+    const JobFile file = ParseJob(Replace(c_strGood, c.strFrom, c.strTo));
+    EXPECT_EQ(Join(List(file.errors)), c.strProblem) << c.strTo;
+  }
+}
+
+TEST(JobFile, AllErrorsComeInOnePass) {
+  std::string strText = c_strGood;
+  strText = Replace(strText, "\"x\": 4", "\"x\": false");
+  strText = Replace(strText, "\"area\": 1e4", "\"area\": \"big\"");
+  strText = Replace(strText, "\"j\": 20", "\"j\": 21");
+  strText = Replace(strText, "\"criterion\"", "\"criterium\"");
+  EXPECT_EQ(List(ParseJob(strText).errors),
+            (std::vector<std::string>{"/nodes/1/x: must be a number", "/sections/0/area: must be a number",
+                                      "/elements/1/j: no node has the id 21", "/analyses/0/criterium: unknown key"}));
+  EXPECT_EQ(List(ParseJob("{}").errors), (std::vector<std::string>{"/nodes: missing", "/elements: missing"}));
+  EXPECT_EQ(List(ParseJob("[]").errors), std::vector<std::string>{": must be an object"});
+}
+
+TEST(JobFile, DamagedTextNamesLineAndColumn) {
+  const std::vector<std::pair<std::string, std::string>> placeOfText = {
+      {"", "line 1, column 1"},
+      {"{\n  \"nodes\": [1,,2]\n}", "line 2, column 15"},
+      {"{\"title\": \"a\xff\"}", "line 1, column 13"},
+      {"{\"title\": \"a\"", "line 1, column 14"},
+      {"{}\n{}", "line 2, column 1"},
+      {"{\"x\": 1e999}", "line 1, column 11"},
+      {"{\"x\": NaN}", "line 1, column 7"},
+  };
+  for (const auto& [strText, strPlace] : placeOfText) {
+    const JobFile file = ParseJob(strText);
+    ASSERT_EQ(file.errors.size(), 1U) << strText;
+    EXPECT_EQ(file.errors[0].strPlace, strPlace) << strText << ": " << file.errors[0].strReason;
+    EXPECT_FALSE(file.errors[0].strReason.empty());
+    EXPECT_EQ(file.errors[0].strReason.find("json.exception"), std::string::npos) << file.errors[0].strReason;
+  }
+}
+
+TEST(JobFile, DeepNestingIsRefusedEarly) {
+  for (const char* pszOpen : {"[", "{\"a\":"}) {
+    std::string strText = "{\"nodes\": ";
+    for (int i = 0; i < 1000000; ++i) strText += pszOpen;
+    const JobFile file = ParseJob(strText);
+    ASSERT_EQ(file.errors.size(), 1U);
+    EXPECT_EQ(file.errors[0].strReason, "nested deeper than 32 levels");
+  }
+}
+
+/// Every prefix of a good file and random damage: an answer, never a crash.
+TEST(JobFile, SurvivesEveryCutAndFlip) {
+  for (std::size_t n = 0; n < c_strGood.size(); ++n) {
+    EXPECT_FALSE(ParseJob(c_strGood.substr(0, n)).errors.empty()) << n;
+    std::string strText = c_strGood;
+    strText[n] = static_cast<char>(strText[n] ^ static_cast<char>(1U << (n % 8U)));
+    (void)ParseJob(strText);
+  }
+}
+
+TEST(JobFile, CapacitiesOfTheRecords) {
+  Job job = GenerateArch({});
+  for (int i = 4; i <= 29999; ++i) job.nodes.push_back({i, 1.0 * i, 0, 0, c_nPinned, {}, {}});
+  EXPECT_TRUE(ParseJob(FormatJob(job)).errors.empty());
+  job.nodes.push_back({30000, -1, 0, 0, c_nPinned, {}, {}});
+  EXPECT_EQ(List(ParseJob(FormatJob(job)).errors),
+            std::vector<std::string>{"/nodes: 30000 entries; the host records hold 29999"});
+
+  job = GenerateArch({});
+  job.elements.resize(69999, job.elements[0]);
+  EXPECT_TRUE(ParseJob(FormatJob(job)).errors.empty());
+  job.elements.push_back(job.elements[0]);
+  EXPECT_EQ(List(ParseJob(FormatJob(job)).errors),
+            std::vector<std::string>{"/elements: 70000 entries; the host records hold 69999"});
+
+  job = GenerateArch({});
+  job.loads.resize(90000, job.loads[0]);
+  EXPECT_TRUE(ParseJob(FormatJob(job)).errors.empty());
+  job.loads.back().nCase = 2;  // case 1 needs a record of its own
+  EXPECT_EQ(List(ParseJob(FormatJob(job)).errors),
+            std::vector<std::string>{"/loads: 90000 entries and one more for each of 1 cases without loads; "
+                                     "the host records hold 90000"});
+  job.loads.push_back(job.loads[0]);
+  EXPECT_EQ(List(ParseJob(FormatJob(job)).errors),
+            std::vector<std::string>{"/loads: 90001 entries; the host records hold 90000"});
+}
+
+TEST(JobFile, WarnsOfWhatIsHardlyMeant) {
+  const std::string strText = R"({
+    "nodes": [{"id": 1, "x": 0, "y": 0, "z": 0, "restraint": "111000"}, {"id": 2, "x": 1, "y": 0, "z": 0},
+              {"id": 3, "x": 2, "y": 0, "z": 0}, {"id": 4, "x": 2, "y": 2, "z": 0, "restraint": "111111"}],
+    "sections": [{"id": "S", "area": 1}, {"id": "T", "area": 0}],
+    "elements": [{"type": "bar", "i": 1, "j": 2, "section": "T"}, {"type": "beam", "i": 2, "j": 4, "section": "S"}],
+    "loads": [{"case": 0, "node": 3, "direction": "X", "value": 1}]})";
+  const JobFile file = ParseJob(strText);
+  EXPECT_TRUE(file.errors.empty());
+  EXPECT_EQ(List(file.warnings),
+            (std::vector<std::string>{"/nodes/0: node 1 is rigid but no beam holds its rotations; make it pinned",
+                                      "/nodes/2: no element touches node 3", "/elements/0: section \"T\" has no area",
+                                      "/elements/1: section \"S\" has no bending inertia",
+                                      "/loads/0: acts on node 3, which no element touches: it has no effect"}));
+}
+
+TEST(JobFile, FilesAndPaths) {
+  EXPECT_EQ(GetJobPath("a/b.json"), "a/b");
+  EXPECT_EQ(GetJobPath("a/b.txt"), "a/b.txt");
+  EXPECT_EQ(List(ReadJobFile("/no/such/file.json").errors), std::vector<std::string>{"/: cannot be opened"});
+  EXPECT_EQ(ReadJobFile("/").errors.size(), 1U);
+  for (const char* pszName : {"tower25", "tower72", "office10", "dome", "arch2"}) {
+    const JobFile file = ReadJobFile(std::string(SKYFRAME_SOURCE_DIR "/examples/") + pszName + ".json");
+    EXPECT_EQ(List(file.errors), std::vector<std::string>{}) << pszName;
+    EXPECT_EQ(List(file.warnings), std::vector<std::string>{}) << pszName;
+    EXPECT_TRUE(file.job.HasConsecutiveIds()) << pszName;
+  }
+}
+
+int GetBandwidth(const Job& job) {
+  int nBandwidth = 0;
+  for (const JobElement& element : job.elements) {
+    nBandwidth = std::max(nBandwidth, std::abs(element.nNodeI - element.nNodeJ));
+  }
+  return nBandwidth;
+}
+
+TEST(Generators, CountsAndNumbering) {
+  const Job building = GenerateBuilding({.nBaysX = 4, .nBaysY = 1, .nStoreys = 3});
+  EXPECT_EQ(building.nodes.size(), 5U * 2U * 4U);
+  EXPECT_EQ(building.elements.size(), 3U * (10U + 4U * 2U + 5U));  // columns, beams along X, beams along Y
+  EXPECT_EQ(GetBandwidth(building), 8);                            // X is longest: its planes hold 2 x 4 nodes
+  EXPECT_EQ(building.GetHighestCase(), 2);
+
+  const Job tower = GenerateTower({.nPanels = 6});
+  EXPECT_EQ(tower.nodes.size(), 28U);
+  EXPECT_EQ(tower.elements.size(), 6U * 17U);
+  EXPECT_EQ(
+      std::count_if(tower.nodes.begin(), tower.nodes.end(), [](const JobNode& node) { return node.restraint[2] == 1; }),
+      4);
+
+  const Job dome = GenerateDome({.nRings = 4, .nSegments = 8, .dSpan = 20, .dRise = 3});
+  EXPECT_EQ(dome.nodes.size(), 1U + 4U * 8U);
+  EXPECT_EQ(dome.elements.size(), 8U * (4U + 3U + 3U));
+  const double R = (10.0 * 10.0 + 3.0 * 3.0) / 6.0;
+  for (const JobNode& node : dome.nodes) {
+    EXPECT_NEAR(std::hypot(node.dX, node.dY, node.dZ + R - 3.0), R, 1e-8) << "not on the sphere: " << node.nId;
+  }
+
+  const Job arch = GenerateArch({});
+  EXPECT_EQ(arch.elements.size(), 2U);
+  EXPECT_EQ(arch.sections[0].dArea, 1000.0);
+  EXPECT_EQ(GenerateArch({.nSegments = 10}).nodes.size(), 11U);
+}
+
+TEST(Generators, BuildingOfAGivenSizeIsSlender) {
+  for (const int nNodes : {8, 100, 1000, 5000, 20000}) {
+    const BuildingParameters parameters = ChooseBuilding(nNodes);
+    const int nPlan = (parameters.nBaysX + 1) * (parameters.nBaysY + 1);
+    EXPECT_NEAR(nPlan * (parameters.nStoreys + 1), nNodes, 0.5 * nPlan + 0.1) << nNodes;
+    EXPECT_GE(parameters.nStoreys, parameters.nBaysX) << nNodes;
+  }
+  EXPECT_EQ(ChooseBuilding(5000).nBaysX, 9);
+  EXPECT_EQ(ChooseBuilding(5000).nStoreys, 49);
+}
+
+}  // namespace
+}  // namespace skyframe::host
