@@ -74,6 +74,20 @@ LocalAxes FormLocalAxes(const Vector3& d, double c, double s) {
   return {x, y, z};
 }
 
+LocalAxes CarryLocalAxes(const LocalAxes& axes, const Vector3& d) {
+  const Vector3& x = axes[0];
+  const Vector3 xNew = Scale(d, 1.0 / Norm(d));
+  const Vector3 v = Cross(x, xNew);
+  const double c = Dot(x, xNew);
+  // a' = c a + v x a + v (v . a)/(1 + c)
+  const auto rotate = [&](const Vector3& a) {
+    const Vector3 va = Cross(v, a);
+    const double f = Dot(v, a) / (1.0 + c);
+    return Vector3{c * a[0] + va[0] + f * v[0], c * a[1] + va[1] + f * v[1], c * a[2] + va[2] + f * v[2]};
+  };
+  return {xNew, rotate(axes[1]), rotate(axes[2])};
+}
+
 void CElement::AssembleMass(SparseMatrix& M, bool bShear) const {
   std::array<int, c_nMemberDofs> numbers;
   ScatterMatrix(FormMassMatrix(true, bShear), GetDofs(numbers), M);
@@ -100,7 +114,13 @@ void CElement::ComputeLength() {
 
 void CElement::ComputeLocalAxes() {
   ComputeLength();
-  m_axes = FormLocalAxes(FormChord(m_nNodeI, m_nNodeJ), m_dAngleCos, m_dAngleSin);
+  const Vector3 d = FormChord(m_nNodeI, m_nNodeJ);
+  if (m_bAxesKnown) {
+    m_axes = CarryLocalAxes(m_initialAxes, d);
+  } else {
+    m_axes = m_initialAxes = FormLocalAxes(d, m_dAngleCos, m_dAngleSin);
+    m_bAxesKnown = true;
+  }
 }
 
 const CMatrix& CElement::FormTransformation() const { return FormTransformationOf(m_axes); }

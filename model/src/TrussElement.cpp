@@ -119,12 +119,6 @@ void CTrussElem::ReadNodes(int nNodeI, int nNodeJ) {
   m_nNodeJ = nNodeJ;
 }
 
-void CTrussElem::ComputeLocalAxes() {
-  CElement::ComputeLocalAxes();
-  if (!m_bAxesKnown) m_initialAxes = m_axes;
-  m_bAxesKnown = true;
-}
-
 void CTrussElem::ResetDiagrams() {
   m_dAxialForce = 0.0;
   m_stress.Fill(0.0);

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "skyframe/model/Element.h"
+#include "skyframe/model/HistorySet.h"
 #include "skyframe/model/LoadCase.h"
 #include "skyframe/model/Material.h"
 #include "skyframe/model/NodeTable.h"
@@ -15,6 +16,8 @@
 #include "skyframe/platform/TextWriter.h"
 
 namespace skyframe {
+
+class CTimeHistoryRun;
 
 inline constexpr int c_nLoadTypes = 20;  ///< load types of a combination
 
@@ -93,6 +96,11 @@ class CAnalysisModel {
   double VerticalReduction = 1.0;
   double DesignAcceleration = 0.15;  ///< g
 
+  // Time-history results.
+  std::string LoadScript;             ///< impulse load text of the run, kN
+  HistorySet m_history;               ///< empty until all steps are done
+  std::vector<double> m_staticForce;  ///< axial forces after the static stage of a nonlinear run, N
+
   /// Set by a successful build (and, for the spectrum analysis, by the mode-file reader).
   bool m_bValid = false;
 
@@ -118,6 +126,18 @@ class CAnalysisModel {
   bool ReadModeFrequencies(const std::string& strJobPath);
   /// Response spectrum combination of the modes read before; writes strJobPath + ".spec".
   void SpectrumAnalysis(const std::string& strJobPath, int nAnalysisType, bool bUseLoadMass);
+
+  /// Linear history under the nodal forces of strPrefix + "impulseload.log", Wilson-theta method.
+  void WilsonTheta(const std::string& strPrefix);
+  /// History under nodal forces (LoadScript, or with m_bLoadFromFile the file) or ground motion, Newmark
+  /// method. nAssumption 1: nonlinear. Ground motion also writes the history file.
+  void NewmarkIntegration(const std::string& strPrefix, int nAssumption, int bGroundMotion);
+  /// Copies strPrefix + "impulseload.log" into LoadScript; without the file a line on the console.
+  void ReadLoadLog(const std::string& strPrefix);
+  /// Writes m_history to g_FilePathName + "_HisTime.txt"; false when that was not possible.
+  bool WriteHistoryFile() const;
+  /// Adds the positive vertical loads of the combination over g to M at their nodes' translations.
+  void AddStaticLoadMass(SparseMatrix& M);
 
   [[nodiscard]] const CNodeTable& GetNodes() const { return m_nodes; }
   [[nodiscard]] int GetTotalDofs() const { return m_nodes.GetTotalDofs(); }
@@ -148,6 +168,8 @@ class CAnalysisModel {
   void WriteReactions(CTextWriter& out) const;
 
  private:
+  friend class CTimeHistoryRun;
+
   /// Shows the message; false.
   [[nodiscard]] static bool Refuse(std::string_view strMessage);
   [[nodiscard]] bool Build(bool bForModes, bool bLoadComb);

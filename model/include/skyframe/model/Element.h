@@ -28,6 +28,10 @@ using LocalAxes = std::array<Vector3, 3>;
 /// with cosine c and sine s. Vertical and X-parallel members get local y = global Y.
 [[nodiscard]] LocalAxes FormLocalAxes(const Vector3& d, double c, double s);
 
+/// The axes turned by the smallest rotation that brings local x into the direction of d: the section
+/// follows its member. Not for a member that has turned right round.
+[[nodiscard]] LocalAxes CarryLocalAxes(const LocalAxes& axes, const Vector3& d);
+
 /// Section and identity of a member. Areas m2, second moments m4.
 struct ElementData {
   double dArea = 0.0;
@@ -72,7 +76,9 @@ class CElement {
   virtual void SetData(const ElementData& data) = 0;
   /// 0-based node indices.
   virtual void ReadNodes(int nNodeI, int nNodeJ) = 0;
-  /// Length, direction cosines and local axes from the current coordinates.
+  /// Length, direction cosines and local axes from the current coordinates. The first call forms the
+  /// axes of the undeformed member; later ones carry these along, so that stored end forces and the
+  /// section keep their place when a vertical or X-parallel member leans out of its plane.
   virtual void ComputeLocalAxes();
   /// Nothing for beams; length and axes of a bar.
   virtual void UpdateGeometry() {}
@@ -136,6 +142,8 @@ class CElement {
   double m_dLength = 0.0;
   double m_dInitialLength = 0.0;  ///< set once, at the first ComputeLength; 0 before
   LocalAxes m_axes = {};
+  LocalAxes m_initialAxes = {};
+  bool m_bAxesKnown = false;
 
  private:
   /// Equation numbers in numbers, which the result views.

@@ -26,8 +26,6 @@ class CTrussElem final : public CElement {
   void ComputeLength() override;
   void SetData(const ElementData& data) override;
   void ReadNodes(int nNodeI, int nNodeJ) override;
-  /// The first call also sets the initial axes.
-  void ComputeLocalAxes() override;
   void UpdateGeometry() override { ComputeLocalAxes(); }
   void ResetDiagrams() override;
   /// bIncremental: large displacements, from the current length; bShear has no effect.
@@ -47,8 +45,6 @@ class CTrussElem final : public CElement {
 
   CMatrix m_stress;          ///< 1 x 1, sigma, N/m2
   CMatrix m_strainGradient;  ///< 3 x 6, G of the current length
-  LocalAxes m_initialAxes = {};
-  bool m_bAxesKnown = false;
   MemberVector m_displacement = {};  ///< total, local axes, six values
 };
 
