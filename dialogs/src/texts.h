@@ -8,4 +8,12 @@ inline constexpr std::string_view c_strTooManyLoadTypes = "荷载类型过多,�
 inline constexpr std::string_view c_strDeadLoad = "静";
 inline constexpr std::string_view c_strLiveLoad = "活";
 
+inline constexpr std::string_view c_strNegativeNode = "节点号小于0，错误";
+inline constexpr std::string_view c_strWrongDirection = "方向定义错误";
+inline constexpr std::string_view c_strWrongLoads = "荷载信息输入错误";
+inline constexpr std::string_view c_strWrongOblique = "斜方向错误";
+
+/// Standard ground-motion record below the host's program directory.
+inline constexpr std::string_view c_strStandardRecord = "\\GroundAccData\\Elcentro.txt";
+
 }  // namespace skyframe::texts

@@ -1,0 +1,14 @@
+#include "skyframe/dialogs/GeneralLoadDlg.h"
+
+#include "skyframe/dialogs/Resource.h"
+
+namespace skyframe {
+
+CGeneralLoadDlg::CGeneralLoadDlg() : CDialog(c_generalLoadTemplate) {}
+
+void CGeneralLoadDlg::DoDataExchange(CDataExchange& exchange) {
+  exchange.Text(c_nIdStep, m_dTimeStep);
+  exchange.Text(c_nIdDuration, m_dDuration);
+}
+
+}  // namespace skyframe
