@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "TestPlatform.h"
+#include "DialogTesting.h"
 #include "skyframe/dialogs/LoadCombDlg.h"
 #include "skyframe/dialogs/ModeDlg.h"
 #include "skyframe/dialogs/NonlinStaticDlg.h"
@@ -17,9 +17,10 @@
 namespace skyframe {
 namespace {
 
-using test::CTestPlatform;
-using Strings = std::vector<std::string>;
-using Steps = std::vector<DialogStep>;
+using test::Dialogs;
+using test::ExpectControls;
+using test::Steps;
+using test::Strings;
 
 // ---- Templates -------------------------------------------------------------------------------------------------
 
@@ -136,25 +137,6 @@ TEST(Templates, FieldsAreLabelledAndTextsArePresent) {
   }
 }
 
-struct ExpectedControl {
-  int nId;
-  ControlKind kind;
-  const char* szText;  ///< of a field: the text of its label
-};
-
-void ExpectControls(const DialogTemplate& layout, int nDialogId, const char* szTitle,
-                    const std::vector<ExpectedControl>& controls) {
-  EXPECT_EQ(layout.nId, nDialogId);
-  EXPECT_EQ(layout.strTitle, szTitle);
-  for (const ExpectedControl& expected : controls) {
-    const ControlTemplate* const pControl = layout.Find(expected.nId);
-    ASSERT_NE(pControl, nullptr) << expected.nId;
-    EXPECT_EQ(pControl->kind, expected.kind) << expected.nId;
-    const bool bField = pControl->kind == ControlKind::Edit || pControl->kind == ControlKind::DropList;
-    EXPECT_EQ(bField ? (pControl - 1)->strText : pControl->strText, expected.szText) << expected.nId;
-  }
-}
-
 TEST(Templates, TextsOfTheModalStaticAndCombinationDialogs) {
   using enum ControlKind;
   ExpectControls(c_modeTemplate, 16000, "模态分析",
@@ -176,8 +158,8 @@ TEST(Templates, TextsOfTheModalStaticAndCombinationDialogs) {
                   {16059, Button, "荷载组合"},
                   {1, DefaultButton, "OK"},
                   {2, Button, "Cancel"}});
-  const auto items = c_nonlinStaticTemplate.Find(16090)->items;
-  EXPECT_EQ(Strings(items.begin(), items.end()), (Strings{"绝对值力", "绝对值位移", "相对值力", "相对值位移"}));
+  EXPECT_EQ(test::GetItems(c_nonlinStaticTemplate, 16090),
+            (Strings{"绝对值力", "绝对值位移", "相对值力", "相对值位移"}));
   ExpectControls(c_loadCombTemplate, 16002, "荷载组合",
                  {{16039, ListBox, ""},
                   {16041, ListBox, ""},
@@ -195,19 +177,6 @@ TEST(Templates, TextsOfTheModalStaticAndCombinationDialogs) {
 }
 
 // ---- Modal and static dialogs ----------------------------------------------------------------------------------
-
-class Dialogs : public testing::Test {
- protected:
-  Dialogs() { ResetHostData(); }
-  ~Dialogs() override { EXPECT_EQ(m_platform->GetScriptErrors(), Strings{}); }
-
-  int Run(CDialog& dialog, Steps steps) {
-    m_platform->AddScript(dialog.GetTemplate().nId, std::move(steps));
-    return dialog.DoModal();
-  }
-
-  CTestPlatform m_platform;
-};
 
 TEST_F(Dialogs, ModalSettingsComeFromTheRecordAndReturn) {
   COMDYN.m_nModes = 25;
