@@ -41,8 +41,8 @@ bool ReadHead(CTokenReader& reader, CAnalysisModel& model) {
   if (reader.Next() != c_strModeHeader) return Fail(c_strModeFileForeign);
   reader.Skip(3);  // date, time, version: none of them is checked
   if (!ReadCounts(reader, model)) return false;
-  model.m_nModes = 0;
   reader.Read(model.m_nModes);
+  if (reader.HasFailed()) return Fail(c_strModeFileRead);
   if (model.m_nModes < model.m_nExpandModes) return Fail(c_strTooManyExpanded);
   reader.Read(model.m_bShear);
   return SkipToFrequencies(reader);
