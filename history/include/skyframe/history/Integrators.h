@@ -1,0 +1,115 @@
+#pragma once
+
+#include <span>
+#include <vector>
+
+#include "skyframe/numeric/SparseMatrix.h"
+
+// Step-by-step solution of M u'' + C u' + K u = R(t). Source: Bathe (1996), chapter 9.
+
+namespace skyframe {
+
+/// C = dMass M + dStiffness K.
+struct RayleighCoefficients {
+  double dMass = 0.0;
+  double dStiffness = 0.0;
+};
+
+/// Damping ratios zeta1 at omega[0] and zeta2 at the first later frequency that differs from it by more
+/// than 1e-15; no damping when there is none.
+[[nodiscard]] RayleighCoefficients FormRayleigh(std::span<const double> omega, double zeta1, double zeta2);
+
+struct NewmarkConstants {
+  double a0, a1, a2, a3, a4, a5, a6, a7;
+
+  NewmarkConstants(double alpha, double delta, double dt);
+};
+
+struct WilsonConstants {
+  double theta;
+  double dt;
+  double a0, a1, a2, a3, a4, a5, a6, a7, a8;
+
+  WilsonConstants(double theta, double dt);
+};
+
+/// The leading n x n block of a skyline matrix by rows, for products only.
+class CRowMatrix {
+ public:
+  CRowMatrix() = default;
+  /// Leaves the values of A as they are.
+  CRowMatrix(SparseMatrix& A, int n);
+
+  [[nodiscard]] int GetOrder() const { return static_cast<int>(m_start.size()) - 1; }
+  /// y <- y + A x, n values each.
+  void MultiplyAdd(std::span<const double> x, std::span<double> y) const;
+
+ private:
+  std::vector<int> m_start = {0};
+  std::vector<int> m_column;
+  std::vector<double> m_value;
+};
+
+/// Displacement, velocity and acceleration at a time; n values each, 0 at the start.
+struct MotionState {
+  std::vector<double> u, v, a;
+
+  explicit MotionState(int n) : u(static_cast<std::size_t>(n)), v(u), a(u) {}
+};
+
+/// What the steps of a linear run have in common: the operators and the solution of K^ u = R^.
+/// The matrices must outlive it; K^ (effective) is factorised at the first step and reused.
+class CLinearIntegrator {
+ public:
+  [[nodiscard]] const MotionState& GetState() const { return m_state; }
+
+ protected:
+  CLinearIntegrator(const CRowMatrix& M, const CRowMatrix& C, SparseMatrix& effective);
+
+  /// target <- K^-1 (target + M m_p + C m_q)
+  [[nodiscard]] bool SolveEffective(std::span<double> target);
+
+  MotionState m_state;
+  std::vector<double> m_p;  ///< factor of M
+  std::vector<double> m_q;  ///< factor of C
+
+ private:
+  const CRowMatrix& m_M;
+  const CRowMatrix& m_C;
+  SparseMatrix& m_effective;
+};
+
+/// Newmark method, K^ = K + a0 M + a1 C.
+class CNewmarkIntegrator : public CLinearIntegrator {
+ public:
+  CNewmarkIntegrator(const NewmarkConstants& constants, const CRowMatrix& M, const CRowMatrix& C,
+                     SparseMatrix& effective);
+
+  /// One step with the nodal forces R at t + dt. False when K^ is singular.
+  [[nodiscard]] bool StepForce(std::span<const double> R);
+  /// One step with the accelerations g at t + dt that act on the masses.
+  [[nodiscard]] bool StepGround(std::span<const double> g);
+
+ private:
+  [[nodiscard]] bool Step();
+
+  NewmarkConstants m_constants;
+  std::vector<double> m_next;  ///< R^, then u(t + dt)
+};
+
+/// Wilson-theta method, K^ = K + a0 M + a1 C.
+class CWilsonIntegrator : public CLinearIntegrator {
+ public:
+  CWilsonIntegrator(const WilsonConstants& constants, const CRowMatrix& M, const CRowMatrix& C,
+                    SparseMatrix& effective);
+
+  /// One step with the nodal forces R at t + dt; those at t are kept from the step before, 0 at first.
+  [[nodiscard]] bool StepForce(std::span<const double> R);
+
+ private:
+  WilsonConstants m_constants;
+  std::vector<double> m_load;   ///< R(t)
+  std::vector<double> m_ahead;  ///< R^, then u(t + theta dt)
+};
+
+}  // namespace skyframe

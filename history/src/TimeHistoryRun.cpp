@@ -1,0 +1,268 @@
+#include "TimeHistoryRun.h"
+
+#include <algorithm>
+
+#include "Memory.h"
+#include "skyframe/hostdata/HostData.h"
+#include "skyframe/platform/Platform.h"
+#include "texts.h"
+
+namespace skyframe {
+
+namespace {
+
+constexpr double c_dDisplacementLimit = 1.0e10;  // m, rad
+
+double GetHistoryBytes(int nSteps, int nNodes, int nElements) {
+  return sizeof(double) * static_cast<double>(nSteps) * (3.0 * nNodes + nElements);
+}
+
+QuakeSettings GetQuakeSettings(const CAnalysisModel& model) {
+  return {model.m_nQuakeMode,   model.m_bQuakeDir,          model.m_dPeak,       model.m_dPeakOblique,
+          model.m_dObliqueCoef, model.m_bLoadFromFile == 1, model.m_strQuakeFile};
+}
+
+}  // namespace
+
+bool CTimeHistoryRun::Start(int nMethod, int nAssumption, bool bGroundMotion) {
+  HistorySet& history = m_model.m_history;
+  history = HistorySet();
+  if (!m_model.m_bValid) return false;
+  const int N = CountSteps(m_model.m_dDuration, m_model.m_dTimeStep);
+  const int nNodes = m_model.GetNodes().GetNodeCount();
+  const int nElements = static_cast<int>(m_model.GetElements().size());
+  if (GetHistoryBytes(N, nNodes, nElements) > GetPhysicalMemory()) {
+    GetPlatform().ShowMessage(texts::c_strHistoryTooLarge);
+    return false;
+  }
+
+  COMDYN.m_nHistoryCount = N;
+  COMDYN.m_dHistoryStep = m_model.m_dTimeStep;
+  COMDYN.m_nMethod = nMethod;
+  // Deliberate: a run under nodal forces leaves the nonlinear setting of the Newmark method as it was.
+  if (nMethod == c_nWilsonMethod || bGroundMotion) COMDYN.m_bNonlinear = nAssumption;
+  if (!m_model.ReadModeFrequencies(m_strPrefix)) {
+    GetPlatform().ShowMessage(texts::c_strNoModes);
+    return false;
+  }
+  history.Allocate(N, nNodes, nElements);
+  history.dTimeStep = m_model.m_dTimeStep;
+  history.nMethod = nMethod;
+  history.nAssumption = nAssumption;
+  return true;
+}
+
+bool CTimeHistoryRun::RunWilson() {
+  m_model.ReadLoadLog(m_strPrefix);
+  CImpulseScript script(m_model.LoadScript);
+  if (!OpenScript(script)) return false;
+  const WilsonConstants constants(m_model.m_dWilsonTheta, m_model.m_dTimeStep);
+  if (!FormOperators(constants.a0, constants.a1)) return false;
+  FormEffective();
+  CWilsonIntegrator integrator(constants, m_massRows, m_dampingRows, m_stiffness);
+  return StepNodalForces(integrator, script);
+}
+
+bool CTimeHistoryRun::RunNodalForce() {
+  if (m_model.m_bLoadFromFile == 1) m_model.ReadLoadLog(m_strPrefix);
+  CImpulseScript script(m_model.LoadScript);
+  if (!OpenScript(script)) return false;
+  // Deliberate: nodal forces have no nonlinear run; it ends here without a word.
+  if (m_model.m_history.nAssumption == 1) return false;
+  const NewmarkConstants constants = GetNewmark();
+  if (!FormOperators(constants.a0, constants.a1)) return false;
+  FormEffective();
+  CNewmarkIntegrator integrator(constants, m_massRows, m_dampingRows, m_stiffness);
+  return StepNodalForces(integrator, script);
+}
+
+bool CTimeHistoryRun::RunGroundMotion() {
+  CGroundMotion motion;
+  if (!motion.Read(GetQuakeSettings(m_model), m_strPrefix)) return false;
+  const NewmarkConstants constants = GetNewmark();
+  if (!FormOperators(constants.a0, constants.a1)) return false;
+  return m_model.m_history.nAssumption == 1 ? StepNonlinearGround(motion) : StepLinearGround(motion);
+}
+
+void CTimeHistoryRun::Finish(bool bDone) {
+  if (!bDone) {
+    m_model.m_history = HistorySet();
+    return;
+  }
+  m_model.m_history.bComplete = true;
+  COMDYN.m_bHistoryAvailable = 1;
+}
+
+bool CTimeHistoryRun::OpenScript(CImpulseScript& script) const {
+  if (script.FindBlocks()) return true;
+  GetPlatform().ShowMessage(texts::c_strBadScript);
+  return false;
+}
+
+template <class Integrator>
+bool CTimeHistoryRun::StepNodalForces(Integrator& integrator, CImpulseScript& script) {
+  const int nCase = static_cast<int>(m_model.m_loadCases.size());
+  m_model.m_loadCases.emplace_back();
+  for (int k = 0; k < m_model.m_history.nSteps; ++k) {
+    FormStepLoad(script, nCase);
+    if (!integrator.StepForce(m_model.GetLoadVector().first(GetFreeCount()))) return false;
+    if (!IsWithinLimit(integrator.GetState().u)) return false;
+    ComputeAxialForces(integrator.GetState().u);
+    Record(k, integrator.GetState().u);
+  }
+  return true;
+}
+
+bool CTimeHistoryRun::StepLinearGround(const CGroundMotion& motion) {
+  FormEffective();
+  CNewmarkIntegrator integrator(GetNewmark(), m_massRows, m_dampingRows, m_stiffness);
+  std::vector<double> g(GetFreeCount());
+  for (int k = 0; k < m_model.m_history.nSteps; ++k) {
+    motion.FormVector(k, m_model.GetNodes(), g);
+    if (!integrator.StepGround(g)) return false;
+    if (!IsWithinLimit(integrator.GetState().u)) return false;
+    ComputeAxialForces(integrator.GetState().u);
+    Record(k, integrator.GetState().u);
+  }
+  return true;
+}
+
+bool CTimeHistoryRun::StepNonlinearGround(const CGroundMotion& motion) {
+  m_stiffness.Release();
+  std::fill(m_model.m_displacement.begin(), m_model.m_displacement.end(), 0.0);
+  if (!ApplyStaticLoad()) return false;
+
+  NonlinearStructure structure;
+  structure.formTangent = [this](SparseMatrix& K) { return m_model.AssembleStiffness(K, true, IsShear()); };
+  structure.move = [this](std::span<const double> increment) -> std::span<const double> {
+    return Move(increment) ? std::span(m_model.m_internalForce) : std::span<double>();
+  };
+  const std::span<const double> P0 = m_model.GetLoadVector().first(GetFreeCount());
+  const std::span<const double> Fint = std::span(m_model.m_internalForce).first(GetFreeCount());
+  CNonlinearNewmark integrator(GetNewmark(), {GetTest(), m_model.m_nMaxIter}, m_massRows, m_dampingRows, m_inertia,
+                               structure, P0, Fint);
+  std::vector<double> g(GetFreeCount());
+  for (int k = 0; k < m_model.m_history.nSteps; ++k) {
+    motion.FormVector(k, m_model.GetNodes(), g);
+    if (!integrator.StepGround(g)) return false;
+    Record(k, std::span(m_model.m_displacement).first(GetFreeCount()));
+  }
+  return true;
+}
+
+bool CTimeHistoryRun::FormOperators(double a0, double a1) {
+  const int F = m_model.GetFreeDofs();
+  SparseMatrix& K = m_stiffness;
+  SparseMatrix& M = m_inertia;
+  if (!m_model.AssembleStiffness(K, false, IsShear()) || !m_model.AssembleMass(M, IsShear())) return false;
+  m_model.AddStaticLoadMass(M);
+
+  const RayleighCoefficients rayleigh = FormRayleigh(m_model.Omega, m_model.m_pDamping[0], m_model.m_pDamping[1]);
+  SparseMatrix C = K;
+  if (!C.IsAllocated()) return false;
+  C *= rayleigh.dStiffness;
+  {
+    SparseMatrix massPart = M;
+    if (!massPart.IsAllocated()) return false;
+    massPart *= rayleigh.dMass;
+    C += massPart;
+  }
+  m_massRows = CRowMatrix(M, F);
+  m_dampingRows = CRowMatrix(C, F);
+
+  // a0 M + a1 C, in the place of M
+  M *= a0;
+  C *= a1;
+  M += C;
+  return true;
+}
+
+void CTimeHistoryRun::FormEffective() {
+  m_stiffness += m_inertia;
+  m_inertia.Release();
+}
+
+void CTimeHistoryRun::FormStepLoad(CImpulseScript& script, int nCase) {
+  if (script.IsUsedUp()) {
+    std::fill(m_model.m_load.begin(), m_model.m_load.end(), 0.0);
+    std::fill(m_model.m_secondLoad.begin(), m_model.m_secondLoad.end(), 0.0);
+    return;
+  }
+  script.ReadBlock(m_model.m_loadCases[static_cast<std::size_t>(nCase)]);
+  m_model.BuildLoadVector(nCase);
+}
+
+bool CTimeHistoryRun::ApplyStaticLoad() {
+  const std::size_t F = GetFreeCount();
+  m_model.AssembleCombinedLoad();
+  const std::span<const double> P = m_model.GetLoadVector().first(F);
+  std::vector<double> residual(P.begin(), P.end());
+  std::vector<double> increment(F);
+  const IterationTest test = GetTest();
+  const double dForce = ComputeNorm(P);
+  for (int k = 0; k < m_model.m_nMaxIter; ++k) {
+    // K du = R with the tangent stiffness; R = P - Fint
+    SparseMatrix& K = m_model.m_stiffness;
+    if (!m_model.AssembleStiffness(K, true, IsShear())) return false;
+    std::copy(residual.begin(), residual.end(), increment.begin());
+    if (!K.Solve(m_model.GetFreeDofs(), increment)) return false;
+    if (!Move(increment)) return false;
+    for (std::size_t i = 0; i < F; ++i) residual[i] = P[i] - m_model.m_internalForce[i];
+    const double dTotal = ComputeNorm(m_model.GetDisplacements().first(F));
+    if (test.IsConverged(ComputeNorm(residual), dForce, ComputeNorm(increment), dTotal)) break;
+  }
+  m_model.m_stiffness.Release();
+  m_model.m_staticForce.clear();
+  for (const auto& pElement : m_model.m_elements) {
+    m_model.m_staticForce.push_back(pElement ? pElement->GetAxialForce() : 0.0);
+  }
+  return true;
+}
+
+bool CTimeHistoryRun::Move(std::span<const double> increment) {
+  for (std::size_t i = 0; i < increment.size(); ++i) m_model.m_displacement[i] += increment[i];
+  m_model.m_nodes.MoveNodes(increment);
+  for (const auto& pElement : m_model.m_elements) {
+    if (!pElement) continue;
+    pElement->ComputeLength();
+    pElement->ComputeLocalAxes();
+    pElement->ComputeInternalForce(increment, true, IsShear(), false);
+  }
+  m_model.AssembleInternalForce();
+  return IsWithinLimit(std::span(m_model.m_displacement).first(GetFreeCount()));
+}
+
+bool CTimeHistoryRun::IsWithinLimit(std::span<const double> u) const {
+  // Deliberate: a signed comparison, large negative displacements pass.
+  const auto it = std::find_if(u.begin(), u.end(), [](double d) { return d > c_dDisplacementLimit; });
+  if (it == u.end()) return true;
+  std::string_view strDof;
+  const int nNode = m_model.GetNodes().FindNodeOfDof(static_cast<int>(it - u.begin()), strDof);
+  std::string strMessage(texts::c_strRunawayParts[0]);
+  strMessage.append(std::to_string(nNode + 1)).append(texts::c_strRunawayParts[1]);
+  GetPlatform().ShowMessage(strMessage.append(strDof).append(texts::c_strRunawayParts[2]));
+  return false;
+}
+
+void CTimeHistoryRun::ComputeAxialForces(std::span<const double> u) {
+  for (const auto& pElement : m_model.m_elements) {
+    if (pElement) pElement->ComputeInternalForce(u, false, IsShear(), false);
+  }
+}
+
+void CTimeHistoryRun::Record(int nStep, std::span<const double> u) {
+  HistorySet& history = m_model.m_history;
+  for (int nDirection = 0; nDirection < 3; ++nDirection) {
+    double* row = history.values[static_cast<std::size_t>(nDirection)][nStep];
+    for (const int nNode : m_model.m_nodes.GetListedNodes()) {
+      row[nNode] = m_model.m_nodes.GetValue(u, nNode, nDirection);
+    }
+  }
+  double* forces = history.values[c_nHistoryForce][nStep];
+  for (const auto& pElement : m_model.m_elements) {
+    if (pElement) forces[pElement->GetElemNo()] = pElement->GetAxialForce();
+  }
+  GetPlatform().ReportProgress((nStep + 1.0) / history.nSteps, texts::c_strIntegration);
+}
+
+}  // namespace skyframe

@@ -1,0 +1,71 @@
+#pragma once
+
+#include <span>
+#include <string>
+#include <vector>
+
+#include "skyframe/history/GroundMotion.h"
+#include "skyframe/history/ImpulseScript.h"
+#include "skyframe/history/Integrators.h"
+#include "skyframe/history/NonlinearNewmark.h"
+#include "skyframe/model/AnalysisModel.h"
+
+namespace skyframe {
+
+/// One time-history run on a built model: set-up, excitation, steps, histories.
+/// Lifecycle: Start, one Run..., Finish with its result.
+/// Failure: one message (none for what is silent by intention), then false.
+class CTimeHistoryRun {
+ public:
+  CTimeHistoryRun(CAnalysisModel& model, std::string strPrefix) : m_model(model), m_strPrefix(std::move(strPrefix)) {}
+
+  /// Step count, memory, mode file; makes room for the histories and tells COMDYN.
+  [[nodiscard]] bool Start(int nMethod, int nAssumption, bool bGroundMotion);
+  [[nodiscard]] bool RunWilson();
+  [[nodiscard]] bool RunNodalForce();
+  [[nodiscard]] bool RunGroundMotion();
+  /// Declares the histories available, or drops what there is of them.
+  void Finish(bool bDone);
+
+ private:
+  [[nodiscard]] bool OpenScript(CImpulseScript& script) const;
+  /// Linear steps under nodal forces; Step takes the forces at t + dt.
+  template <class Integrator>
+  [[nodiscard]] bool StepNodalForces(Integrator& integrator, CImpulseScript& script);
+  [[nodiscard]] bool StepLinearGround(const CGroundMotion& motion);
+  [[nodiscard]] bool StepNonlinearGround(const CGroundMotion& motion);
+
+  /// K, M and C = alpha M + beta K; m_inertia = a0 M + a1 C.
+  [[nodiscard]] bool FormOperators(double a0, double a1);
+  /// K <- K + a0 M + a1 C, which is all a linear run keeps.
+  void FormEffective();
+  void FormStepLoad(CImpulseScript& script, int nCase);
+
+  /// Equilibrium iteration under the load combination with the tangent stiffness; accepted as it stands
+  /// at the iteration limit.
+  [[nodiscard]] bool ApplyStaticLoad();
+  /// u += du, moves the nodes and updates every element and Fint; false when the structure runs away.
+  [[nodiscard]] bool Move(std::span<const double> increment);
+  [[nodiscard]] bool IsWithinLimit(std::span<const double> u) const;
+
+  /// Axial forces of the linear displacements u.
+  void ComputeAxialForces(std::span<const double> u);
+  /// Row nStep of the histories.
+  void Record(int nStep, std::span<const double> u);
+
+  [[nodiscard]] NewmarkConstants GetNewmark() const {
+    return {m_model.m_dNewmarkAlpha, m_model.m_dNewmarkDelta, m_model.m_dTimeStep};
+  }
+  [[nodiscard]] IterationTest GetTest() const { return {m_model.m_nConvCriterion, m_model.m_dConvTol}; }
+  [[nodiscard]] bool IsShear() const { return m_model.m_bShear != 0; }
+  [[nodiscard]] std::size_t GetFreeCount() const { return static_cast<std::size_t>(m_model.GetFreeDofs()); }
+
+  CAnalysisModel& m_model;
+  std::string m_strPrefix;
+  SparseMatrix m_stiffness;  ///< K, then K^ of a linear run
+  SparseMatrix m_inertia;
+  CRowMatrix m_massRows;     ///< M
+  CRowMatrix m_dampingRows;  ///< C
+};
+
+}  // namespace skyframe
