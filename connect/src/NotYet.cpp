@@ -4,11 +4,6 @@
 
 namespace skyframe {
 
-int RunSpectrum() {
-  GetPlatform().ShowMessage(c_strNotYetThere);
-  return 1;
-}
-
 int RunTimeHistory() {
   GetPlatform().ShowMessage(c_strNotYetThere);
   return 1;

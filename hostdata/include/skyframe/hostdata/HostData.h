@@ -74,10 +74,12 @@ struct tagComDynamic {
   int m_bHistoryAvailable;
   double m_dHistoryStep;  ///< s
   int m_nHistoryCount;
-  int m_nMethod;      ///< 0 Wilson-theta, 1 Newmark
-  int m_bNonlinear;   ///< 1: nonlinear time history
-  int m_nCombMethod;  ///< 0 SRSS, 1 CQC, 2 GRP
-  int m_bSaveAs[4];   ///< seismic cases X, Y, Z, oblique; set by the spectrum dialog, never cleared by it
+  int m_nMethod;        ///< 0 Wilson-theta, 1 Newmark
+  int m_bNonlinear;     ///< 1: nonlinear time history
+  int m_nCombMethod;    ///< 0 SRSS, 1 CQC, 2 GRP
+  int m_bSaveAs[4];     ///< seismic cases X, Y, Z, oblique; set by the spectrum dialog, never cleared by it
+  int m_bVirtualModes;  ///< 1: the spectrum analysis adds the virtual mode; no dialog writes it
+  int m_nPseudoLoadNo;  ///< seismic pseudo-static load number of that analysis; no dialog writes it
 };
 
 /// Inclined supports.
