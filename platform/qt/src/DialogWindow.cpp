@@ -3,7 +3,6 @@
 #include <QButtonGroup>
 #include <QCheckBox>
 #include <QComboBox>
-#include <QGroupBox>
 #include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
@@ -17,6 +16,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "GroupFrame.h"
 #include "RowView.h"
 #include "skyframe/qt/Font.h"
 #include "skyframe/qt/QtPaintContext.h"
@@ -105,7 +105,7 @@ std::unique_ptr<QWidget> CDialogWindow::MakeWidget(const ControlTemplate& contro
       return pLabel;
     }
     case ControlKind::Group:
-      return std::make_unique<QGroupBox>(ToCaption(control.strText), this);
+      return std::make_unique<CGroupFrame>(ToQt(control.strText), this);
     case ControlKind::Edit:
       return MakeEdit(control);
     case ControlKind::DropList:

@@ -1,7 +1,9 @@
 #include "skyframe/qt/Font.h"
 
 #include <QFontDatabase>
+#include <QFontInfo>
 #include <QFontMetricsF>
+#include <algorithm>
 #include <array>
 
 namespace skyframe {
@@ -9,6 +11,7 @@ namespace skyframe {
 namespace {
 
 constexpr double c_dPointSize = 10.0;
+constexpr double c_dMaxHeight = 1.3;  // letter heights; fonts for many scripts claim more, which would stretch dialogs
 constexpr std::array<std::string_view, 8> c_strFamilies = {"SimSun",
                                                            "Noto Sans CJK SC",
                                                            "Source Han Sans SC",
@@ -35,7 +38,7 @@ QFont FormDialogFont(double dScale) {
 CDialogUnits::CDialogUnits(const QFont& font) {
   const QFontMetricsF metrics(font);
   m_dX = metrics.horizontalAdvance(ToQt(c_strLetters)) / static_cast<double>(c_strLetters.size()) / 4.0;
-  m_dY = metrics.height() / 8.0;
+  m_dY = std::min(metrics.height(), c_dMaxHeight * QFontInfo(font).pixelSize()) / 8.0;
 }
 
 QRect CDialogUnits::ToPixels(const DialogRect& rect) const {

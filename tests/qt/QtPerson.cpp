@@ -1,0 +1,173 @@
+#include "QtPerson.h"
+
+#include <QAbstractButton>
+#include <QAbstractItemView>
+#include <QApplication>
+#include <QComboBox>
+#include <QMessageBox>
+#include <QTest>
+#include <QTimer>
+#include <algorithm>
+#include <utility>
+
+#include "skyframe/platform/Dialog.h"
+
+namespace skyframe::test {
+
+namespace {
+
+using Action = DialogStep::Action;
+
+int FindRow(const CDialogWindow& window, const DialogStep& step) {
+  const int nCount = window.GetItemCount(step.nId);
+  if (step.nRow >= 0 && step.nRow < nCount) return step.nRow;
+  for (int nRow = 0; step.nRow == -1 && nRow < nCount; ++nRow) {
+    if (window.GetItemText(step.nId, nRow) == step.strText) return nRow;
+  }
+  return -1;
+}
+
+bool NeedsRow(const QWidget& widget) {
+  return qobject_cast<const QComboBox*>(&widget) != nullptr ||
+         qobject_cast<const QAbstractItemView*>(&widget) != nullptr;
+}
+
+/// Opens the list, walks to the item, takes it.
+void PickItem(QComboBox& combo, int nRow) {
+  QTest::mouseClick(&combo, Qt::LeftButton);
+  QWidget* const pList = combo.view();
+  QTest::keyClick(pList, Qt::Key_Home);
+  for (int i = 0; i < nRow; ++i) QTest::keyClick(pList, Qt::Key_Down);
+  QTest::keyClick(pList, Qt::Key_Return);
+}
+
+void ClickRow(QAbstractItemView& view, int nRow, bool bTwice) {
+  const QModelIndex index = view.model()->index(nRow, 0);
+  view.scrollTo(index);
+  const QPoint point = view.visualRect(index).center();
+  QTest::mouseClick(view.viewport(), Qt::LeftButton, Qt::NoModifier, point);
+  if (bTwice) QTest::mouseDClick(view.viewport(), Qt::LeftButton, Qt::NoModifier, point);
+}
+
+/// Radio buttons and checks on their mark, other buttons in the middle.
+void ClickButton(QAbstractButton& button) {
+  const QPoint mark(8, button.height() / 2);
+  QTest::mouseClick(&button, Qt::LeftButton, Qt::NoModifier, button.isCheckable() ? mark : button.rect().center());
+}
+
+}  // namespace
+
+void TypeInto(QWidget& edit, const std::string& strText) {
+  QTest::mouseClick(&edit, Qt::LeftButton);
+  QTest::keyClick(&edit, Qt::Key_A, Qt::ControlModifier);
+  if (strText.empty()) return QTest::keyClick(&edit, Qt::Key_Delete);
+  QTest::keyClicks(&edit, QString::fromStdString(strText));
+}
+
+std::string Describe(const IDialogView& view, const DialogTemplate& layout) {
+  std::ostringstream strm;
+  for (const ControlTemplate& control : layout.controls) {
+    const int nId = control.nId;
+    if (nId == -1) continue;
+    strm << nId << " '" << view.GetText(nId) << "' " << (view.GetCheck(nId) ? "checked " : "")
+         << (view.IsEnabled(nId) ? "" : "disabled ");
+    if (view.GetItemCount(nId) > 0 || view.GetCurrent(nId) != -1) strm << "current " << view.GetCurrent(nId);
+    for (int nRow = 0; nRow < view.GetItemCount(nId); ++nRow) {
+      strm << (view.IsSelected(nId, nRow) ? " *" : " ") << view.GetItemText(nId, nRow);
+      const int nColumns = control.kind == ControlKind::ListView ? static_cast<int>(control.items.size()) : 1;
+      for (int nColumn = 1; nColumn < nColumns; ++nColumn) strm << '|' << view.GetItemText(nId, nRow, nColumn);
+    }
+    strm << '\n';
+  }
+  strm << "focus " << view.GetFocus();
+  return strm.str();
+}
+
+CQtPerson::CQtPerson(QWidget* pHostWindow) : m_platform(pHostWindow), m_pPrevious(InstallPlatform(&m_platform)) {
+  m_platform.SetConsoleSink([this](std::string_view strText) { m_strConsole += strText; });
+}
+
+CQtPerson::~CQtPerson() { InstallPlatform(m_pPrevious); }
+
+bool CQtPerson::HasUnusedScripts() const {
+  return std::any_of(m_scripts.begin(), m_scripts.end(), [](const auto& entry) { return !entry.second.empty(); });
+}
+
+void CQtPerson::Clear() {
+  m_scripts.clear();
+  m_messages.clear();
+  m_errors.clear();
+  m_strConsole.clear();
+}
+
+void CQtPerson::Watch(const std::function<void()>& action) {
+  m_bWatching = true;
+  QTimer::singleShot(0, qApp, [this] { Look(); });
+  action();
+  m_bWatching = false;
+  QApplication::processEvents();
+}
+
+void CQtPerson::Look() {
+  if (!m_bWatching) return;
+  QTimer::singleShot(1, qApp, [this] { Look(); });  // also while a step of this look has opened a window
+  QWidget* const pWindow = QApplication::activeModalWidget();
+  if (auto* const pBox = qobject_cast<QMessageBox*>(pWindow)) return Acknowledge(*pBox);
+  if (auto* const pDialog = dynamic_cast<CDialogWindow*>(pWindow)) WorkOn(*pDialog);
+}
+
+void CQtPerson::Acknowledge(QMessageBox& box) {
+  m_messages.push_back(box.text().toStdString());
+  if (box.buttons().size() != 1) m_errors.emplace_back("a message box with more than one button");
+  QTest::mouseClick(box.buttons().front(), Qt::LeftButton);
+}
+
+void CQtPerson::WorkOn(CDialogWindow& window) {
+  auto it = m_open.find(&window);
+  if (it == m_open.end()) {
+    it = m_open.emplace(&window, Work{}).first;
+    QObject::connect(&window, &QObject::destroyed, qApp, [this, pWindow = &window] { m_open.erase(pWindow); });
+    auto& scripts = m_scripts[window.GetDialog().GetTemplate().nId];
+    if (!scripts.empty()) {
+      it->second.steps = std::move(scripts.front());
+      scripts.pop_front();
+    }
+  }
+  Work& work = it->second;
+  if (work.bBusy) return;
+  if (work.nNext == work.steps.size()) return QTest::keyClick(&window, Qt::Key_Escape);
+  const DialogStep step = work.steps[work.nNext++];
+  if (const std::string strReason = WhyNot(window, step); !strReason.empty()) {
+    m_errors.push_back("dialog " + window.objectName().toStdString() + ", step " + std::to_string(work.nNext) +
+                       ", control " + std::to_string(step.nId) + ": " + strReason);
+    work.nNext = work.steps.size();
+    return;
+  }
+  work.bBusy = true;
+  Perform(window, step);
+  if (const auto still = m_open.find(&window); still != m_open.end()) still->second.bBusy = false;
+}
+
+std::string CQtPerson::WhyNot(const CDialogWindow& window, const DialogStep& step) {
+  if (step.action == Action::Inspect || step.action == Action::Wait) return {};
+  const QWidget* const pWidget = window.FindWidget(step.nId);
+  if (pWidget == nullptr) return "there is no such control";
+  if (!pWidget->isEnabled()) return "the control is disabled";
+  if (!pWidget->isVisible()) return "the control cannot be seen";
+  return NeedsRow(*pWidget) && FindRow(window, step) == -1 ? "there is no such row" : std::string{};
+}
+
+void CQtPerson::Perform(CDialogWindow& window, const DialogStep& step) {
+  if (step.action == Action::Inspect) return step.look(window);
+  if (step.action == Action::Wait) return QTest::qWait(step.nRow);
+  QWidget* const pWidget = window.FindWidget(step.nId);
+  if (step.action == Action::Type) return TypeInto(*pWidget, step.strText);
+  if (auto* const pCombo = qobject_cast<QComboBox*>(pWidget)) return PickItem(*pCombo, FindRow(window, step));
+  if (auto* const pView = qobject_cast<QAbstractItemView*>(pWidget)) {
+    return ClickRow(*pView, FindRow(window, step), step.action == Action::DoubleClick);
+  }
+  auto* const pButton = qobject_cast<QAbstractButton*>(pWidget);
+  if (step.action != Action::Tick || pButton->isChecked() != step.bOn) ClickButton(*pButton);
+}
+
+}  // namespace skyframe::test

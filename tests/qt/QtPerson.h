@@ -1,0 +1,70 @@
+#pragma once
+
+#include <QWidget>
+#include <deque>
+#include <map>
+#include <ostream>
+#include <sstream>
+#include <string>
+#include <vector>
+
+#include "skyframe/platform/HeadlessPlatform.h"
+#include "skyframe/qt/DialogWindow.h"
+#include "skyframe/qt/QtPlatform.h"
+
+class QMessageBox;
+
+namespace skyframe::test {
+
+/// Works with the real windows by mouse and keyboard, following the same scripts as the scripted view.
+/// A dialog without a script, or still open after its last step, is left by Esc; messages are read and
+/// acknowledged. The Qt platform is in force for the life of the object.
+class CQtPerson {
+ public:
+  explicit CQtPerson(QWidget* pHostWindow = nullptr);
+  ~CQtPerson();
+  CQtPerson(const CQtPerson&) = delete;
+  CQtPerson& operator=(const CQtPerson&) = delete;
+
+  CQtPlatform& GetPlatform() { return m_platform; }
+  void AddScript(int nDialogId, std::vector<DialogStep> steps) { m_scripts[nDialogId].push_back(std::move(steps)); }
+  [[nodiscard]] const std::vector<std::string>& GetMessages() const { return m_messages; }
+  [[nodiscard]] const std::vector<std::string>& GetScriptErrors() const { return m_errors; }
+  [[nodiscard]] bool HasUnusedScripts() const;
+  [[nodiscard]] const std::string& GetConsole() const { return m_strConsole; }
+  void Clear();
+
+  /// Calls the action while the person sits at the windows that it opens.
+  void Watch(const std::function<void()>& action);
+
+ private:
+  struct Work {
+    std::vector<DialogStep> steps;
+    size_t nNext = 0;
+    bool bBusy = false;
+  };
+
+  void Look();
+  void Acknowledge(QMessageBox& box);
+  void WorkOn(CDialogWindow& window);
+  void Perform(CDialogWindow& window, const DialogStep& step);
+  /// Empty when the step can be done.
+  [[nodiscard]] static std::string WhyNot(const CDialogWindow& window, const DialogStep& step);
+
+  CQtPlatform m_platform;
+  IPlatform* m_pPrevious;
+  std::map<int, std::deque<std::vector<DialogStep>>> m_scripts;
+  std::map<const QWidget*, Work> m_open;
+  std::vector<std::string> m_messages;
+  std::vector<std::string> m_errors;
+  std::string m_strConsole;
+  bool m_bWatching = false;
+};
+
+/// Types into an edit as a person does: click, select all, type; an empty text deletes.
+void TypeInto(QWidget& edit, const std::string& strText);
+
+/// What stands in every control with an identifier, one a line, and which has the focus.
+std::string Describe(const IDialogView& view, const DialogTemplate& layout);
+
+}  // namespace skyframe::test

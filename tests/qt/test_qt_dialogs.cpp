@@ -1,0 +1,370 @@
+// The module's dialogs as windows, worked by mouse and keyboard, against the scripted view that runs
+// the same steps: same controls, same focus, same messages, same values.
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QTest>
+
+#include "DialogCases.h"
+#include "QtPerson.h"
+#include "TestPlatform.h"
+#include "skyframe/hostdata/HostData.h"
+
+namespace skyframe::test {
+namespace {
+
+using Steps = std::vector<DialogStep>;
+using Scripts = std::vector<std::pair<int, Steps>>;
+
+/// What came out of one opening of a dialog.
+struct Outcome {
+  int nResult = 0;
+  std::vector<std::string> states;  ///< of the open dialog, before each step
+  std::string strReopened;          ///< the same dialog object opened once more
+  std::vector<std::string> messages;
+  std::vector<std::string> errors;
+  bool bUnused = false;
+};
+
+/// Puts a look at the open dialog before every step.
+Steps Observe(const Steps& steps, const DialogTemplate& layout, std::vector<std::string>& states) {
+  const DialogStep look =
+      DialogStep::Inspect([&layout, &states](const IDialogView& view) { states.push_back(Describe(view, layout)); });
+  Steps observed;
+  for (const DialogStep& step : steps) {
+    observed.push_back(look);
+    observed.push_back(step);
+  }
+  return observed;
+}
+
+const DialogTemplate& FindTemplate(int nDialogId) {
+  const auto templates = GetDialogTemplates();
+  return **std::find_if(templates.begin(), templates.end(), [nDialogId](auto* p) { return p->nId == nDialogId; });
+}
+
+template <class Platform>
+void Prepare(Platform& platform, CDialog& dialog, const Scripts& scripts, Outcome& outcome) {
+  ResetHostData();
+  for (const auto& [nDialogId, steps] : scripts) {
+    platform.AddScript(nDialogId, Observe(steps, FindTemplate(nDialogId), outcome.states));
+  }
+  const DialogTemplate& layout = dialog.GetTemplate();
+  platform.AddScript(layout.nId, {DialogStep::Inspect([&layout, &outcome](const IDialogView& view) {
+                       outcome.strReopened = Describe(view, layout);
+                     })});
+}
+
+Outcome RunScripted(CDialog& dialog, const Scripts& scripts) {
+  CTestPlatform platform;
+  Outcome outcome;
+  Prepare(*platform, dialog, scripts, outcome);
+  outcome.nResult = dialog.DoModal();
+  dialog.DoModal();
+  outcome.messages = platform->GetMessages();
+  outcome.errors = platform->GetScriptErrors();
+  outcome.bUnused = platform->HasUnusedScripts();
+  return outcome;
+}
+
+Outcome RunByHand(CDialog& dialog, const Scripts& scripts) {
+  CQtPerson person;
+  Outcome outcome;
+  Prepare(person, dialog, scripts, outcome);
+  person.Watch([&] {
+    outcome.nResult = dialog.DoModal();
+    dialog.DoModal();
+  });
+  outcome.messages = person.GetMessages();
+  outcome.errors = person.GetScriptErrors();
+  outcome.bUnused = person.HasUnusedScripts();
+  return outcome;
+}
+
+/// Runs the scripts by hand and scripted, compares, and returns the outcome by hand.
+Outcome RunBoth(std::unique_ptr<CDialog> (*make)(), const Scripts& scripts) {
+  const Outcome scripted = RunScripted(*make(), scripts);
+  const Outcome byHand = RunByHand(*make(), scripts);
+  EXPECT_EQ(byHand.nResult, scripted.nResult);
+  EXPECT_EQ(byHand.states, scripted.states);
+  EXPECT_EQ(byHand.strReopened, scripted.strReopened);
+  EXPECT_EQ(byHand.messages, scripted.messages);
+  EXPECT_EQ(scripted.errors, std::vector<std::string>{});
+  EXPECT_EQ(byHand.errors, std::vector<std::string>{});
+  EXPECT_FALSE(scripted.bUnused);
+  EXPECT_FALSE(byHand.bUnused);
+  return byHand;
+}
+
+/// Works every control that is enabled when its turn comes: types, ticks, chooses, marks rows, presses.
+/// Dialogs behind the buttons are left by Esc.
+Steps TouchEverything(const DialogTemplate& layout) {
+  Steps touched;
+  CTestPlatform platform;
+  const DialogCase& dialogCase = *std::find_if(c_dialogCases.begin(), c_dialogCases.end(), [&layout](auto& one) {
+    return one.make()->GetTemplate().nId == layout.nId;
+  });
+  for (const ControlTemplate& control : layout.controls) {
+    if (control.nId == -1 || control.nId == c_nIdOk || control.nId == c_nIdCancel) continue;
+    Steps steps;
+    if (control.kind == ControlKind::Edit) steps = {DialogStep::Type(control.nId, "2")};
+    if (control.kind == ControlKind::Check) steps = {DialogStep::Tick(control.nId), DialogStep::Tick(control.nId)};
+    if (control.kind == ControlKind::Radio) steps = {DialogStep::Choose(control.nId)};
+    if (control.kind == ControlKind::Button) steps = {DialogStep::Click(control.nId)};
+    if (control.kind == ControlKind::DropList) {
+      steps = {DialogStep::ChooseItem(control.nId, static_cast<int>(control.items.size()) - 1)};
+    }
+    if (control.kind == ControlKind::ListBox || control.kind == ControlKind::ListView) {
+      steps = {DialogStep::ToggleRow(control.nId, 0)};
+    }
+    // Kept when the scripted view can do it after those before.
+    Steps attempt = touched;
+    attempt.insert(attempt.end(), steps.begin(), steps.end());
+    platform->Clear();
+    platform->AddScript(layout.nId, attempt);
+    dialogCase.make()->DoModal();
+    if (platform->GetScriptErrors().empty()) touched = attempt;
+  }
+  return touched;
+}
+
+class EveryDialog : public ::testing::TestWithParam<size_t> {
+ protected:
+  const DialogCase& Case() const { return c_dialogCases[GetParam()]; }
+  const DialogTemplate& Layout() const { return FindTemplate(Case().make()->GetTemplate().nId); }
+};
+
+TEST_P(EveryDialog, TouchedAllOverAndAccepted) {
+  Steps steps = TouchEverything(Layout());
+  EXPECT_GE(steps.size(), 2U);
+  steps.push_back(DialogStep::Ok());
+  const Outcome outcome = RunBoth(Case().make, {{Layout().nId, steps}});
+  EXPECT_EQ(outcome.nResult, c_nIdOk);
+}
+
+TEST_P(EveryDialog, CancelKeepsMembers) {
+  Steps steps = TouchEverything(Layout());
+  steps.push_back(DialogStep::Cancel());
+  const Outcome outcome = RunBoth(Case().make, {{Layout().nId, steps}});
+  EXPECT_EQ(outcome.nResult, c_nIdCancel);
+}
+
+/// A key or the frame of the topmost window, as a step.
+DialogStep Key(Qt::Key key) {
+  return DialogStep::Inspect([key](const IDialogView&) { QTest::keyClick(QApplication::activeModalWidget(), key); });
+}
+
+DialogStep CloseFrame() {
+  return DialogStep::Inspect([](const IDialogView&) { QApplication::activeModalWidget()->close(); });
+}
+
+TEST_P(EveryDialog, LeftByKeysAndFrame) {
+  struct Way {
+    DialogStep step;
+    int nResult;
+  };
+  for (const Way& way : {Way{Key(Qt::Key_Return), c_nIdOk}, Way{Key(Qt::Key_Enter), c_nIdOk},
+                         Way{Key(Qt::Key_Escape), c_nIdCancel}, Way{CloseFrame(), c_nIdCancel}}) {
+    CQtPerson person;
+    ResetHostData();
+    person.AddScript(Layout().nId, {way.step});
+    int nResult = -1;
+    person.Watch([&] { nResult = Case().make()->DoModal(); });
+    EXPECT_EQ(nResult, way.nResult);
+    EXPECT_TRUE(person.GetMessages().empty());
+  }
+}
+
+TEST_P(EveryDialog, TabVisitsControlsInTemplateOrder) {
+  const std::unique_ptr<CDialog> pDialog = Case().make();
+  ResetHostData();
+  CDialogWindow window(*pDialog);
+  window.Open();
+  window.show();
+  std::vector<int> visited;
+  const int nFirst = window.GetFocus();
+  for (int nStep = 0; nStep < 60 && (visited.empty() || window.GetFocus() != nFirst); ++nStep) {
+    visited.push_back(window.GetFocus());
+    QTest::keyClick(window.focusWidget(), Qt::Key_Tab);
+  }
+  EXPECT_EQ(window.GetFocus(), nFirst) << "the Tab key comes round";
+  std::vector<int> order;
+  for (const ControlTemplate& control : Layout().controls) {
+    if (std::find(visited.begin(), visited.end(), control.nId) != visited.end()) order.push_back(control.nId);
+    const bool bStops = control.kind == ControlKind::Edit || control.kind == ControlKind::Button ||
+                        control.kind == ControlKind::DefaultButton || control.kind == ControlKind::Check;
+    if (bStops && window.IsEnabled(control.nId)) {
+      EXPECT_NE(std::find(visited.begin(), visited.end(), control.nId), visited.end()) << control.nId;
+    }
+  }
+  EXPECT_EQ(visited, order);
+}
+
+TEST_P(EveryDialog, BadNumbersAreRefused) {
+  for (const ControlTemplate& control : Layout().controls) {
+    if (control.kind != ControlKind::Edit) continue;
+    for (const char* const strBad : {"abc", "", "1e999", "1,5", "0x10", "1 2"}) {
+      // Open all doors first: a field that stays disabled cannot be spoilt.
+      Steps steps = TouchEverything(Layout());
+      steps.push_back(DialogStep::Type(control.nId, strBad));
+      steps.push_back(DialogStep::Ok());
+      bool bEnabled = true;
+      Outcome outcome;
+      {
+        const std::unique_ptr<CDialog> pProbe = Case().make();
+        CTestPlatform platform;
+        ResetHostData();
+        platform->AddScript(Layout().nId, steps);
+        pProbe->DoModal();
+        bEnabled = platform->GetScriptErrors().empty();
+      }
+      if (!bEnabled) continue;
+      SCOPED_TRACE(std::to_string(control.nId) + " '" + strBad + "'");
+      CQtPerson person;
+      ResetHostData();
+      int nFocus = -1;
+      bool bOpen = false;
+      std::string strText;
+      steps.push_back(DialogStep::Inspect([&](const IDialogView& view) {
+        bOpen = true;
+        nFocus = view.GetFocus();
+        strText = view.GetText(control.nId);
+      }));
+      person.AddScript(Layout().nId, steps);
+      int nResult = -1;
+      person.Watch([&] { nResult = Case().make()->DoModal(); });
+      EXPECT_EQ(nResult, c_nIdCancel);
+      EXPECT_TRUE(bOpen) << "still open";
+      EXPECT_EQ(nFocus, control.nId);
+      EXPECT_EQ(strText, strBad);
+      ASSERT_FALSE(person.GetMessages().empty());
+      const std::string& strMessage = person.GetMessages().back();
+      EXPECT_TRUE(strMessage == "请输入一个数字。" || strMessage == "请输入一个整数。") << strMessage;
+    }
+  }
+}
+
+std::string NameOfCase(const ::testing::TestParamInfo<size_t>& info) { return c_dialogCases[info.param].strName; }
+
+INSTANTIATE_TEST_SUITE_P(All, EveryDialog, ::testing::Range(size_t{0}, c_dialogCases.size()), NameOfCase);
+
+TEST(LoadCombinationWindow, RowsMoveAsInTheScriptedView) {
+  const Steps steps = {DialogStep::ToggleRow(c_nIdAvailable, "活2"),
+                       DialogStep::Type(c_nIdFactor, "0.5"),
+                       DialogStep::Click(c_nIdAdd),
+                       DialogStep::DoubleClick(c_nIdAvailable, 0),
+                       DialogStep::ToggleRow(c_nIdAvailable, "活1"),
+                       DialogStep::ToggleRow(c_nIdAvailable, "活3"),
+                       DialogStep::ToggleRow(c_nIdAvailable, "活1"),
+                       DialogStep::Type(c_nIdFactor, "1.25"),
+                       DialogStep::Click(c_nIdAdd),
+                       DialogStep::ToggleRow(c_nIdCombined, 1),
+                       DialogStep::Click(c_nIdRemove),
+                       DialogStep::DoubleClick(c_nIdCombined, 1),
+                       DialogStep::ToggleRow(c_nIdAvailable, 1),
+                       DialogStep::Click(c_nIdAdd),
+                       DialogStep::Ok()};
+  RunBoth(MakeDialog<CLoadCombDlg>, {{c_nIdLoadCombDlg, steps}});
+
+  CQtPerson person;
+  person.AddScript(c_nIdLoadCombDlg, steps);
+  CLoadCombDlg dialog;
+  dialog.m_loadComb.nLoadTypes = c_nLoadTypes;
+  person.Watch([&] { dialog.DoModal(); });
+  EXPECT_EQ(dialog.m_loadComb.flags[0], 1);
+  EXPECT_EQ(dialog.m_loadComb.flags[1], 1);
+  EXPECT_EQ(dialog.m_loadComb.flags[2], 0);
+  EXPECT_EQ(dialog.m_loadComb.flags[3], 0);
+  EXPECT_EQ(dialog.m_loadComb.factors[1], 1.25);
+  EXPECT_EQ(dialog.m_loadComb.factors[2], 0.5) << "the factor of a removed type stays";
+}
+
+TEST(LoadCombinationWindow, DraggingMarksNothing) {
+  CLoadCombDlg dialog;
+  dialog.m_loadComb.nLoadTypes = c_nLoadTypes;
+  CDialogWindow window(dialog);
+  window.Open();
+  window.show();
+  QWidget* const pArea =
+      window.FindWidget(c_nIdAvailable)->findChild<QWidget*>(QStringLiteral("qt_scrollarea_viewport"));
+  QTest::mousePress(pArea, Qt::LeftButton, Qt::NoModifier, {10, 5});
+  for (int nY = 5; nY < 70; nY += 5) QTest::mouseMove(pArea, {10, nY});
+  QTest::mouseRelease(pArea, Qt::LeftButton, Qt::NoModifier, {10, 69});
+  std::vector<bool> selected;
+  for (int nRow = 0; nRow < c_nLoadTypes; ++nRow) selected.push_back(window.IsSelected(c_nIdAvailable, nRow));
+  EXPECT_EQ(selected, (std::vector<bool>{true, false, false, false}));
+}
+
+TEST(LoadCombinationWindow, UnfinishedNumberGetsItsMessageWhileTyping) {
+  CQtPerson person;
+  person.AddScript(c_nIdLoadCombDlg, {DialogStep::Type(c_nIdFactor, "2e1"), DialogStep::ToggleRow(c_nIdAvailable, 0),
+                                      DialogStep::Click(c_nIdAdd), DialogStep::Ok()});
+  CLoadCombDlg dialog;
+  dialog.m_loadComb.nLoadTypes = 1;
+  person.Watch([&] { dialog.DoModal(); });
+  EXPECT_EQ(person.GetMessages(), std::vector<std::string>{"请输入一个数字。"}) << "at 2e";
+  EXPECT_EQ(dialog.m_loadComb.factors[0], 20.0) << "typing goes on where it was";
+}
+
+TEST(NestedWindows, CombinationBehindTheModeDialog) {
+  for (const bool bOk : {true, false}) {
+    const Steps inner = {DialogStep::ToggleRow(c_nIdAvailable, 1), DialogStep::Type(c_nIdFactor, "0.7"),
+                         DialogStep::Click(c_nIdAdd), bOk ? DialogStep::Ok() : DialogStep::Cancel()};
+    const Steps outer = {DialogStep::Type(c_nIdModes, "12"), DialogStep::Choose(c_nIdModeComparison),
+                         DialogStep::Tick(c_nIdShear), DialogStep::Click(c_nIdModeLoadComb), DialogStep::Ok()};
+    RunBoth(MakeDialog<CModeDlg>, {{c_nIdModeDlg, outer}, {c_nIdLoadCombDlg, inner}});
+    CQtPerson person;
+    person.AddScript(c_nIdModeDlg, outer);
+    person.AddScript(c_nIdLoadCombDlg, inner);
+    CModeDlg dialog;
+    dialog.m_loadComb.nLoadTypes = c_nLoadTypes;
+    person.Watch([&] { dialog.DoModal(); });
+    EXPECT_EQ(dialog.m_loadComb.flags[1], bOk ? 1 : 0);
+    EXPECT_EQ(COMDYN.m_nModes, 12);
+    EXPECT_EQ(COMDYN.m_bShear, 1);
+  }
+}
+
+TEST(NestedWindows, ImpulsesAndEarthquakeBehindTheNewmarkDialog) {
+  const Steps impulses = {DialogStep::Type(c_nIdImpulseNode, "3"),
+                          DialogStep::Type(c_nIdImpulseDirection, "3"),
+                          DialogStep::Click(c_nIdImpulseInsert),
+                          DialogStep::Type(c_nIdImpulseDirection, "1"),
+                          DialogStep::Type(c_nIdImpulsePeak, "12.5"),
+                          DialogStep::Click(c_nIdImpulseInsert),
+                          DialogStep::Type(c_nIdImpulseNode, "-1"),
+                          DialogStep::Click(c_nIdImpulseInsert),
+                          DialogStep::Type(c_nIdImpulseNode, "4"),
+                          DialogStep::Click(c_nIdImpulseInsert),
+                          DialogStep::ToggleRow(c_nIdImpulseList, 0),
+                          DialogStep::Click(c_nIdImpulseRemove),
+                          DialogStep::Ok()};
+  const Steps earthquake = {DialogStep::Tick(c_nIdQuakeX),
+                            DialogStep::Type(c_nIdPeakX, "0.7"),
+                            DialogStep::Choose(c_nIdOblique),
+                            DialogStep::Choose(c_nIdPrincipal),
+                            DialogStep::ChooseItem(c_nIdStandardRecord, "El-Centro"),
+                            DialogStep::Ok()};
+  const Steps newmark = {DialogStep::Click(c_nIdImpulseLoad),       DialogStep::Tick(c_nIdNonlinear),
+                         DialogStep::ChooseItem(c_nIdCriterion, 2), DialogStep::Choose(c_nIdGroundMotion),
+                         DialogStep::Click(c_nIdEarthquake),        DialogStep::Ok()};
+  const Outcome outcome =
+      RunBoth(MakeDialog<CNewmarkDlg>,
+              {{c_nIdNewmarkDlg, newmark}, {c_nIdImpulseLoadDlg, impulses}, {c_nIdEarthquakeDlg, earthquake}});
+  EXPECT_EQ(outcome.messages, (std::vector<std::string>{"方向定义错误", "节点号小于0，错误"}));
+}
+
+TEST(ModeWindow, TimerOfTheOkButtonRuns) {
+  // OK starts a timer and ends the dialog at once, so nothing is counted.
+  CQtPerson person;
+  person.AddScript(c_nIdModeDlg, {DialogStep::Ok()});
+  CModeDlg dialog;
+  person.Watch([&] { dialog.DoModal(); });
+  EXPECT_EQ(dialog.GetTickCount(), 0);
+}
+
+}  // namespace
+}  // namespace skyframe::test
