@@ -90,30 +90,34 @@ std::string_view CScriptedView::Perform(const DialogStep& step) {
     return {};
   }
   const auto it = m_controls.find(step.nId);
-  Control* const pControl = it == m_controls.end() ? nullptr : &it->second;
-  if (const std::string_view strReason = WhyUnusable(pControl, step); !strReason.empty()) return strReason;
+  if (it == m_controls.end()) return texts::c_strNoControl;
+  Control& control = it->second;
+  if (const std::string_view strReason = WhyUnusable(control, step); !strReason.empty()) return strReason;
   m_nFocus = step.nId;
-  const ControlKind kind = pControl->pTemplate->kind;
-  if (step.action == Action::Type) {
-    TypeText(*pControl, step);
-  } else if (kind == ControlKind::DropList) {
-    ChooseItem(*pControl, FindRow(*pControl, step));
-  } else if (IsList(kind)) {
-    ClickRow(*pControl, FindRow(*pControl, step));
-    if (step.action == Action::DoubleClick) m_dialog.Notify(step.nId, DialogEvent::DoubleClicked);
-  } else if (step.action != Action::Tick || pControl->bChecked != step.bOn) {
-    ClickButton(*pControl);
-  }
+  Act(control, step);
   return {};
 }
 
-std::string_view CScriptedView::WhyUnusable(const Control* pControl, const DialogStep& step) {
-  if (pControl == nullptr) return texts::c_strNoControl;
-  const ControlKind kind = pControl->pTemplate->kind;
+void CScriptedView::Act(Control& control, const DialogStep& step) {
+  const ControlKind kind = control.pTemplate->kind;
+  if (step.action == Action::Type) {
+    TypeText(control, step);
+  } else if (kind == ControlKind::DropList) {
+    ChooseItem(control, FindRow(control, step));
+  } else if (IsList(kind)) {
+    ClickRow(control, FindRow(control, step));
+    if (step.action == Action::DoubleClick) m_dialog.Notify(step.nId, DialogEvent::DoubleClicked);
+  } else if (step.action != Action::Tick || control.bChecked != step.bOn) {
+    ClickButton(control);
+  }
+}
+
+std::string_view CScriptedView::WhyUnusable(const Control& control, const DialogStep& step) {
+  const ControlKind kind = control.pTemplate->kind;
   if (!CanPerform(step.action, kind)) return texts::c_strWrongKind;
-  if (!pControl->bEnabled) return texts::c_strDisabled;
+  if (!control.bEnabled) return texts::c_strDisabled;
   const bool bNeedsRow = kind == ControlKind::DropList || IsList(kind);
-  return bNeedsRow && FindRow(*pControl, step) == -1 ? texts::c_strNoRow : std::string_view{};
+  return bNeedsRow && FindRow(control, step) == -1 ? texts::c_strNoRow : std::string_view{};
 }
 
 int CScriptedView::FindRow(const Control& control, const DialogStep& step) {

@@ -73,9 +73,10 @@ class CScriptedView : public IDialogView {
   static Control MakeControl(const ControlTemplate& control);
   [[nodiscard]] const Control* Find(int nId) const;
   [[nodiscard]] Control* Find(int nId);
-  [[nodiscard]] static std::string_view WhyUnusable(const Control* pControl, const DialogStep& step);
+  [[nodiscard]] static std::string_view WhyUnusable(const Control& control, const DialogStep& step);
   [[nodiscard]] static int FindRow(const Control& control, const DialogStep& step);
 
+  void Act(Control& control, const DialogStep& step);
   void TypeText(Control& control, const DialogStep& step);
   void ClickButton(Control& control);
   void ClickRow(Control& control, int nRow);
