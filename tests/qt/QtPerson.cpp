@@ -102,15 +102,14 @@ void CQtPerson::Clear() {
 
 void CQtPerson::Watch(const std::function<void()>& action) {
   m_bWatching = true;
-  QTimer::singleShot(0, qApp, [this] { Look(); });
+  QTimer::singleShot(0, &m_context, [this] { Look(); });
   action();
   m_bWatching = false;
-  QApplication::processEvents();
 }
 
 void CQtPerson::Look() {
   if (!m_bWatching) return;
-  QTimer::singleShot(1, qApp, [this] { Look(); });  // also while a step of this look has opened a window
+  QTimer::singleShot(1, &m_context, [this] { Look(); });  // also while a step of this look has opened a window
   QWidget* const pWindow = QApplication::activeModalWidget();
   if (auto* const pBox = qobject_cast<QMessageBox*>(pWindow)) return Acknowledge(*pBox);
   if (auto* const pDialog = dynamic_cast<CDialogWindow*>(pWindow)) WorkOn(*pDialog);
@@ -126,7 +125,7 @@ void CQtPerson::WorkOn(CDialogWindow& window) {
   auto it = m_open.find(&window);
   if (it == m_open.end()) {
     it = m_open.emplace(&window, Work{}).first;
-    QObject::connect(&window, &QObject::destroyed, qApp, [this, pWindow = &window] { m_open.erase(pWindow); });
+    QObject::connect(&window, &QObject::destroyed, &m_context, [this, pWindow = &window] { m_open.erase(pWindow); });
     auto& scripts = m_scripts[window.GetDialog().GetTemplate().nId];
     if (!scripts.empty()) {
       it->second.steps = std::move(scripts.front());
@@ -167,7 +166,8 @@ void CQtPerson::Perform(CDialogWindow& window, const DialogStep& step) {
     return ClickRow(*pView, FindRow(window, step), step.action == Action::DoubleClick);
   }
   auto* const pButton = qobject_cast<QAbstractButton*>(pWidget);
-  if (step.action != Action::Tick || pButton->isChecked() != step.bOn) ClickButton(*pButton);
+  if (step.action == Action::Tick && pButton->isChecked() == step.bOn) return pButton->setFocus();
+  ClickButton(*pButton);
 }
 
 }  // namespace skyframe::test

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QObject>
 #include <QWidget>
 #include <deque>
 #include <map>
@@ -59,6 +60,7 @@ class CQtPerson {
   std::vector<std::string> m_errors;
   std::string m_strConsole;
   bool m_bWatching = false;
+  QObject m_context;  ///< takes pending looks and connections with it
 };
 
 /// Types into an edit as a person does: click, select all, type; an empty text deletes.

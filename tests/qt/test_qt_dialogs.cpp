@@ -22,17 +22,17 @@ using Scripts = std::vector<std::pair<int, Steps>>;
 /// What came out of one opening of a dialog.
 struct Outcome {
   int nResult = 0;
-  std::vector<std::string> states;  ///< of the open dialog, before each step
-  std::string strReopened;          ///< the same dialog object opened once more
+  std::string strStates;    ///< of the open dialogs, before each step
+  std::string strReopened;  ///< the same dialog object opened once more
   std::vector<std::string> messages;
   std::vector<std::string> errors;
   bool bUnused = false;
 };
 
 /// Puts a look at the open dialog before every step.
-Steps Observe(const Steps& steps, const DialogTemplate& layout, std::vector<std::string>& states) {
-  const DialogStep look =
-      DialogStep::Inspect([&layout, &states](const IDialogView& view) { states.push_back(Describe(view, layout)); });
+Steps Observe(const Steps& steps, const DialogTemplate& layout, std::string& strStates) {
+  const DialogStep look = DialogStep::Inspect(
+      [&layout, &strStates](const IDialogView& view) { strStates += Describe(view, layout) + "\n--\n"; });
   Steps observed;
   for (const DialogStep& step : steps) {
     observed.push_back(look);
@@ -50,7 +50,7 @@ template <class Platform>
 void Prepare(Platform& platform, CDialog& dialog, const Scripts& scripts, Outcome& outcome) {
   ResetHostData();
   for (const auto& [nDialogId, steps] : scripts) {
-    platform.AddScript(nDialogId, Observe(steps, FindTemplate(nDialogId), outcome.states));
+    platform.AddScript(nDialogId, Observe(steps, FindTemplate(nDialogId), outcome.strStates));
   }
   const DialogTemplate& layout = dialog.GetTemplate();
   platform.AddScript(layout.nId, {DialogStep::Inspect([&layout, &outcome](const IDialogView& view) {
@@ -89,7 +89,7 @@ Outcome RunBoth(std::unique_ptr<CDialog> (*make)(), const Scripts& scripts) {
   const Outcome scripted = RunScripted(*make(), scripts);
   const Outcome byHand = RunByHand(*make(), scripts);
   EXPECT_EQ(byHand.nResult, scripted.nResult);
-  EXPECT_EQ(byHand.states, scripted.states);
+  EXPECT_EQ(byHand.strStates, scripted.strStates);
   EXPECT_EQ(byHand.strReopened, scripted.strReopened);
   EXPECT_EQ(byHand.messages, scripted.messages);
   EXPECT_EQ(scripted.errors, std::vector<std::string>{});
