@@ -5,11 +5,21 @@
 #include <cmath>
 #include <filesystem>
 #include <fstream>
+#include <memory>
 #include <sstream>
 #include <string>
 #include <vector>
 
+#include "TestPlatform.h"
+#include "skyframe/dialogs/DynOptionDlg.h"
+#include "skyframe/dialogs/ModeDlg.h"
+#include "skyframe/dialogs/NewmarkDlg.h"
+#include "skyframe/dialogs/NonlinStaticDlg.h"
+#include "skyframe/dialogs/SpectrumDlg.h"
+#include "skyframe/dialogs/WilsonDlg.h"
 #include "skyframe/host/CommandLine.h"
+#include "skyframe/host/Scripts.h"
+#include "skyframe/hostdata/HostData.h"
 
 namespace skyframe::host {
 namespace {
@@ -195,7 +205,7 @@ TEST_F(CommandLine, AnOldResultFileIsNoResult) {
   fs::last_write_time(strResult, fs::file_time_type::clock::now() - std::chrono::hours(1));
   const Outcome outcome = RunJobFile(strJob);
   EXPECT_EQ(outcome.nStatus, 1);
-  EXPECT_NE(outcome.strOut.find("no result file"), std::string::npos);
+  EXPECT_NE(outcome.strOut.find("no result"), std::string::npos);
 }
 
 TEST_F(CommandLine, CheckPrintsTheProfile) {
@@ -253,6 +263,130 @@ TEST_F(CommandLine, GeneratedStructuresAreInEquilibrium) {
     EXPECT_LT(load[2], -1.0);
     for (std::size_t d = 0; d < 3; ++d) EXPECT_NEAR(support[d], load[d], 0.0011) << arguments[1];
   }
+}
+
+constexpr int c_nCaseCount = 4;
+
+/// The dialogs as the job's script leaves them.
+class Scripts : public ::testing::Test {
+ protected:
+  void SetUp() override { ResetHostData(); }
+
+  template <class Dialog>
+  std::unique_ptr<Dialog> Open(const JobAnalysis& analysis) {
+    m_platform->Clear();
+    std::visit([this](const auto& parameters) { AddScripts(parameters, *m_platform); }, analysis);
+    auto pDialog = std::make_unique<Dialog>();
+    if constexpr (requires { pDialog->m_loadComb; }) pDialog->m_loadComb.nLoadTypes = c_nCaseCount;
+    EXPECT_EQ(pDialog->DoModal(), c_nIdOk);
+    EXPECT_EQ(m_platform->GetScriptErrors(), std::vector<std::string>{});
+    EXPECT_EQ(m_platform.GetMessages(), std::vector<std::string>{});
+    return pDialog;
+  }
+
+  test::CTestPlatform m_platform;
+};
+
+std::vector<double> GetFactors(const LoadCombination& combination) {
+  std::vector<double> factors;
+  for (int k = 0; k < c_nCaseCount; ++k) factors.push_back(combination.flags[k] * combination.factors[k]);
+  return factors;
+}
+
+TEST_F(Scripts, WhatAJobLeavesOutKeepsTheDialogsDefault) {
+  const auto pFirst = std::make_unique<CNonlinStaticDlg>();
+  const auto pSecond = Open<CNonlinStaticDlg>(StaticJob{});
+  EXPECT_EQ(pSecond->m_bNonlinear, pFirst->m_bNonlinear);
+  EXPECT_EQ(pSecond->m_nCriterion, pFirst->m_nCriterion);
+  EXPECT_EQ(pSecond->m_dTolerance, pFirst->m_dTolerance);
+  EXPECT_EQ(pSecond->m_nMaxIter, pFirst->m_nMaxIter);
+  EXPECT_EQ(GetFactors(pSecond->m_loadComb), (std::vector<double>{0, 0, 0, 0}));
+  EXPECT_FALSE(m_platform->HasUnusedScripts());
+}
+
+TEST_F(Scripts, StaticAndModalValuesArrive) {
+  const auto pNonlinear = Open<CNonlinStaticDlg>(StaticJob{false, 3, 1.25e-7, 77, {{0, 1.2}, {3, -0.3333333333}}});
+  EXPECT_EQ(pNonlinear->m_bNonlinear, 0);
+  EXPECT_EQ(pNonlinear->m_nCriterion, 3);
+  EXPECT_EQ(pNonlinear->m_dTolerance, 1.25e-7);
+  EXPECT_EQ(pNonlinear->m_nMaxIter, 77);
+  EXPECT_EQ(GetFactors(pNonlinear->m_loadComb), (std::vector<double>{1.2, 0, 0, -0.3333333333}));
+
+  const auto pModal = Open<CModeDlg>(ModalJob{6, 1, 1e-10, 9, true, {{2, 0.5}}});
+  EXPECT_EQ(pModal->m_nModes, 6);
+  EXPECT_EQ(pModal->m_nRootCheck, 1);
+  EXPECT_EQ(pModal->m_dModeTol, 1e-10);
+  EXPECT_EQ(pModal->m_nIterMultiple, 9);
+  EXPECT_EQ(pModal->m_bShear, 1);
+  EXPECT_EQ(GetFactors(pModal->m_loadComb), (std::vector<double>{0, 0, 0.5, 0}));
+}
+
+TEST_F(Scripts, SpectrumValuesArrive) {
+  for (int k = 0; k < 6; ++k) {
+    const auto pDialog =
+        Open<CSpectrumDlg>(SpectrumJob{8, 3, std::array{0.6, 0.8, 0.1}, 4, 2, k, 1, 0.035, 2, {{0, 1.0}, {1, 0.5}}});
+    EXPECT_EQ(pDialog->m_nIntensity, k);
+    EXPECT_EQ(pDialog->m_nExpandModes, 8);
+    EXPECT_EQ(pDialog->m_nMeshDiv, 3);
+    EXPECT_EQ(pDialog->m_dDirCoef, (std::array{0.6, 0.8, 0.1}));
+    EXPECT_EQ(COMDYN.m_nSiteClass, 4);
+    EXPECT_EQ(COMDYN.m_nZoneGroup, 2);
+    EXPECT_EQ(pDialog->m_nQuakeLevel, 1);
+    EXPECT_EQ(pDialog->m_dDampRatio, 0.035);
+    EXPECT_EQ(pDialog->m_nCombMethod, 2);
+    EXPECT_EQ(GetFactors(pDialog->m_loadComb), (std::vector<double>{1.0, 0.5, 0, 0}));
+  }
+}
+
+TEST_F(Scripts, TimeHistoryValuesArrive) {
+  const WilsonJob wilson{std::array{0.01, 0.03}, 1.37, 0.002, 4.0, true, JobPeaks{0.1, 0.2, 0.3, 0.4}, {{1, 2.0}}};
+  EXPECT_EQ(Open<CDynOptionDlg>(wilson)->m_nMethod, 0);
+  const auto pFirst = Open<CWilsonDlg>(wilson);
+  EXPECT_EQ(pFirst->m_dDamping, (std::array{0.01, 0.03}));
+  EXPECT_EQ(pFirst->m_dTheta, 1.37);
+  EXPECT_EQ(pFirst->m_dTimeStep, 0.002);
+  EXPECT_EQ(pFirst->m_dDuration, 4.0);
+  EXPECT_EQ(pFirst->m_dPeak, (std::array{0.1, 0.2, 0.3}));
+  EXPECT_EQ(pFirst->m_dPeakOblique, 0.4);
+
+  NewmarkJob impulse;
+  impulse.bNonlinear = true;
+  impulse.nCriterion = 2;
+  impulse.dTolerance = 0.003;
+  impulse.impulse = ImpulseLoadJob{1, {{11, 2, -3.5}, {4, 0, 8.25}}, 0.1, 0.25, 0.005, 1.5};
+  EXPECT_EQ(Open<CDynOptionDlg>(impulse)->m_nMethod, 1);
+  const auto pSecond = Open<CNewmarkDlg>(impulse);
+  EXPECT_EQ(pSecond->m_nLoadType, 0);
+  EXPECT_EQ(pSecond->m_nCriterion, 2);
+  EXPECT_EQ(pSecond->m_dTolerance, 0.003);
+  ASSERT_EQ(pSecond->m_impulses.size(), 2U);
+  EXPECT_EQ(pSecond->m_impulses[0].nNode, 11);
+  EXPECT_EQ(pSecond->m_impulses[1].dPeak, 8.25);
+  EXPECT_EQ(pSecond->m_nImpulseType, 1);
+  EXPECT_EQ(pSecond->m_dImpulseTime, 0.25);
+  EXPECT_EQ(pSecond->m_dTimeStep, 0.005);
+
+  NewmarkJob quake;
+  quake.nLoad = 1;
+  quake.earthquake = EarthquakeJob{0.02, 9.0, 0, {true, false, true}, {}, JobPeaks{0.7, {}, 0.5, {}}};
+  const auto pThird = Open<CNewmarkDlg>(quake);
+  EXPECT_EQ(pThird->m_nLoadType, 1);
+  EXPECT_EQ(pThird->m_bQuakeDir, (std::array{1, 0, 1}));
+  EXPECT_EQ(pThird->m_dPeak, (std::array{0.7, 0.35, 0.5}));
+  EXPECT_EQ(pThird->m_dDuration, 9.0);
+
+  quake.earthquake = EarthquakeJob{{}, {}, 1, {}, std::array{0.0, 3.0, 4.0}, JobPeaks{std::nullopt, {}, {}, 0.9}};
+  const auto pFourth = Open<CNewmarkDlg>(quake);
+  EXPECT_EQ(pFourth->m_nQuakeMode, 1);
+  EXPECT_NEAR(pFourth->m_dObliqueCoef[2], 0.8, 1e-12);
+  EXPECT_EQ(pFourth->m_dPeakOblique, 0.9);
+
+  NewmarkJob fromFile;
+  fromFile.bFromFile = true;
+  fromFile.generalLoad = GeneralLoadJob{0.004, 2.5};
+  const auto pFifth = Open<CNewmarkDlg>(fromFile);
+  EXPECT_EQ(pFifth->m_bFromFile, 1);
+  EXPECT_EQ(pFifth->m_dTimeStep, 0.004);
 }
 
 // At P = 200 kN the apex descends by 0.0359399 m: P = EA (2 h w - w^2)(h - w)/L0^3.

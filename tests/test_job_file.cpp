@@ -55,7 +55,16 @@ const std::string c_strGood = R"json({
      "combination": {"0": 1.2, "2": -1}},
     {"type": "modal", "modes": 4, "root_check": "compare", "accuracy": 1e-12, "iteration_multiple": 8, "shear": true},
     {"type": "spectrum", "modes": 4, "mesh_division": 3, "direction": [0, 1, 0], "site_class": 2, "zone_group": 3,
-     "intensity": "8 (0.20g)", "level": "rare", "damping": 0.05, "modal_combination": "CQC"}
+     "intensity": "8 (0.20g)", "level": "rare", "damping": 0.05, "modal_combination": "CQC"},
+    {"type": "time_history", "method": "wilson", "theta": 1.5, "damping": [0.01, 0.02], "time_step": 0.01,
+     "duration": 3, "nonlinear": false, "peaks": {"X": 0.1, "oblique": 0.2}, "combination": {"0": 1}},
+    {"type": "time_history", "method": "newmark", "load": "nodal_force", "alpha": 0.3, "delta": 0.6,
+     "nonlinear": true, "criterion": "force_abs", "tolerance": 0.01, "max_iterations": 9, "from_file": false,
+     "impulse": {"shape": "rectangular", "loads": [{"node": 20, "direction": "Y", "peak": 7}],
+                 "unload_time": 0.3, "time_step": 0.02, "duration": 2}},
+    {"type": "time_history", "method": "newmark", "load": "ground_motion",
+     "earthquake": {"mode": "principal", "directions": ["Z", "X"], "peaks": {"Z": 0.2}}},
+    {"type": "time_history", "method": "newmark", "from_file": true, "general_load": {"time_step": 0.1}}
   ]
 })json";
 
@@ -78,6 +87,9 @@ TEST(JobFile, ReadsEveryPart) {
   EXPECT_EQ(first.combination, (JobCombination{{0, 1.2}, {2, -1.0}}));
   EXPECT_EQ(std::get<ModalJob>(job.analyses.at(1)).nRootCheck, 1);
   EXPECT_EQ(std::get<SpectrumJob>(job.analyses.at(2)).nIntensity, 3);
+  EXPECT_EQ(std::get<WilsonJob>(job.analyses.at(3)).peaks, (JobPeaks{0.1, {}, {}, 0.2}));
+  EXPECT_EQ(std::get<NewmarkJob>(job.analyses.at(4)).impulse->impulses, (std::vector<JobImpulse>{{3, 1, 7.0}}));
+  EXPECT_EQ(std::get<NewmarkJob>(job.analyses.at(5)).earthquake->directions, (std::array{true, false, true}));
 }
 
 TEST(JobFile, WhatIsWrittenIsReadBack) {
@@ -100,24 +112,19 @@ TEST(JobFile, EachErrorHasItsPlaceAndReason) {
   struct Case {
     std::string strFrom, strTo, strProblem;
   };
+  const std::string strNoNode20 =
+      "\n/elements/1/j: no node has the id 20\n/inclined_supports/0: must be the id of a node"
+      "\n/analyses/4/impulse/loads/0/node: no node has the id 20";
   const std::vector<Case> cases = {
       {"\"title\"", "\"titel\"", "/titel: unknown key"},
       {"\"Übung\"", "5", "/title: must be a text"},
       {"\"id\": 3,", "\"id\": 7,",
        "/nodes/1/id: node id 7 is used twice\n/elements/0/j: no node has the id 3\n/elements/1/i: no node has the id "
        "3\n/loads/0/node: no node has the id 3\n/loads/1/node: no node has the id 3"},
-      {"\"id\": 20", "\"id\": 0",
-       "/nodes/2/id: must be 1 or more\n/elements/1/j: no node has the id 20\n/inclined_supports/0: must be the id of "
-       "a node"},
-      {"\"id\": 20", "\"id\": 99999999999",
-       "/nodes/2/id: must be 2147483647 or less\n/elements/1/j: no node has the id 20\n/inclined_supports/0: must be "
-       "the id of a node"},
-      {"\"id\": 20", "\"id\": 18446744073709551615",
-       "/nodes/2/id: must be 2147483647 or less\n/elements/1/j: no node has the id 20\n/inclined_supports/0: must be "
-       "the id of a node"},
-      {"\"id\": 20", "\"id\": 20.0",
-       "/nodes/2/id: must be an integer\n/elements/1/j: no node has the id 20\n/inclined_supports/0: must be the id of "
-       "a node"},
+      {"\"id\": 20", "\"id\": 0", "/nodes/2/id: must be 1 or more" + strNoNode20},
+      {"\"id\": 20", "\"id\": 99999999999", "/nodes/2/id: must be 2147483647 or less" + strNoNode20},
+      {"\"id\": 20", "\"id\": 18446744073709551615", "/nodes/2/id: must be 2147483647 or less" + strNoNode20},
+      {"\"id\": 20", "\"id\": 20.0", "/nodes/2/id: must be an integer" + strNoNode20},
       {"\"x\": 4", "\"x\": \"4\"", "/nodes/1/x: must be a number"},
       {"\"x\": 4", "\"x\": -1e39", "/nodes/1/x: too large for a single-precision record"},
       {"\"x\": 4, ", "", "/nodes/1/x: missing"},
@@ -155,15 +162,32 @@ TEST(JobFile, EachErrorHasItsPlaceAndReason) {
       {"\"value\": 1.5", "\"value\": 3.5e38", "/loads/0/value: too large for a single-precision record"},
       {"\"value\": 1.5", "\"value\": null", "/loads/0/value: must be a number"},
       {"\"type\": \"modal\"", "\"type\": \"modes\"",
-       "/analyses/1/type: must be \"static\", \"modal\" or \"spectrum\", not \"modes\""},
+       "/analyses/1/type: must be \"static\", \"modal\", \"spectrum\" or \"time_history\", not \"modes\""},
       {"\"modes\": 4", "\"modes\": 0", "/analyses/1/modes: must be 1 or more"},
       {"\"shear\": true", "\"shear\": 1", "/analyses/1/shear: must be true or false"},
       {"\"nonlinear\": true", "\"linear\": true", "/analyses/0/linear: unknown key"},
       {"{\"0\": 1.2", "{\"3\": 1.2", "/analyses/0/combination/3: no such load case; the cases are 0 to 2"},
       {"{\"0\": 1.2", "{\"00\": 1.2", "/analyses/0/combination/00: no such load case; the cases are 0 to 2"},
       {"{\"0\": 1.2", "{\"0\": true", "/analyses/0/combination/0: must be a number"},
-      {"[0, 1, 0]", "[0, 1]", "/analyses/2/direction: must have three numbers"},
+      {"[0, 1, 0]", "[0, 1]", "/analyses/2/direction: must have 3 numbers"},
       {"[0, 1, 0]", "[0, 1, \"0\"]", "/analyses/2/direction/2: must be a number"},
+      {"\"wilson\"", "\"euler\"", "/analyses/3/method: must be \"wilson\" or \"newmark\", not \"euler\""},
+      {"[0.01, 0.02]", "0.02", "/analyses/3/damping: must be an array"},
+      {"\"nonlinear\": true, \"criterion\": \"force_abs\", \"tolerance\": 0.01, \"max_iterations\": 9",
+       "\"tolerance\": 1", "/analyses/4/tolerance: needs \"nonlinear\": true"},
+      {"[{\"node\": 20", "[{\"node\": 21", "/analyses/4/impulse/loads/0/node: no node has the id 21"},
+      {"\"direction\": \"Y\", \"peak\"", "\"direction\": \"RX\", \"peak\"",
+       "/analyses/4/impulse/loads/0/direction: must be \"X\", \"Y\" or \"Z\", not \"RX\""},
+      {"\"from_file\": false", "\"from_file\": true", "/analyses/4/impulse: the loads are read from a file"},
+      {"\"nodal_force\"", "\"ground_motion\"", "/analyses/4/impulse: belongs to load \"nodal_force\""},
+      {"\"load\": \"ground_motion\"", "\"load\": \"nodal_force\"",
+       "/analyses/5/earthquake: belongs to load \"ground_motion\""},
+      {"[\"Z\", \"X\"]", "[\"Y\"]",
+       "/analyses/5/earthquake/peaks: peak \"Z\" of a direction in which the ground does not move"},
+      {"[\"Z\", \"X\"]", "[\"Z\", 3]", "/analyses/5/earthquake/directions: must list some of \"X\", \"Y\" or \"Z\""},
+      {"\"mode\": \"principal\", ", "\"oblique_axis\": [1, 1, 0],",
+       "/analyses/5/earthquake/oblique_axis: belongs to mode \"oblique\""},
+      {"\"from_file\": true, ", "", "/analyses/6/general_load: needs \"from_file\": true"},
       {"\"loads\": [", "\"loads\": [7,", "/loads/0: must be an object"},
       {"\"title\"", "\"a/b~c\": 1, \"title\"", "/a~1b~0c: unknown key"},
       {"\"x\": 4", "\"x\": 4, \"x\": 5", "/nodes/1/x: key given twice"},
@@ -259,14 +283,16 @@ TEST(JobFile, WarnsOfWhatIsHardlyMeant) {
               {"id": 3, "x": 2, "y": 0, "z": 0}, {"id": 4, "x": 2, "y": 2, "z": 0, "restraint": "111111"}],
     "sections": [{"id": "S", "area": 1}, {"id": "T", "area": 0}],
     "elements": [{"type": "bar", "i": 1, "j": 2, "section": "T"}, {"type": "beam", "i": 2, "j": 4, "section": "S"}],
-    "loads": [{"case": 0, "node": 3, "direction": "X", "value": 1}]})";
+    "loads": [{"case": 0, "node": 3, "direction": "X", "value": 1}],
+    "analyses": [{"type": "static"}]})";
   const JobFile file = ParseJob(strText);
   EXPECT_TRUE(file.errors.empty());
   EXPECT_EQ(List(file.warnings),
             (std::vector<std::string>{"/nodes/0: node 1 is rigid but no beam holds its rotations; make it pinned",
                                       "/nodes/2: no element touches node 3", "/elements/0: section \"T\" has no area",
                                       "/elements/1: section \"S\" has no bending inertia",
-                                      "/loads/0: acts on node 3, which no element touches: it has no effect"}));
+                                      "/loads/0: acts on node 3, which no element touches: it has no effect",
+                                      "/analyses/0: no load combination: nothing acts on the structure"}));
 }
 
 TEST(JobFile, FilesAndPaths) {

@@ -1,13 +1,24 @@
 #pragma once
 
 #include <optional>
+#include <unordered_map>
 
 #include "JobReader.h"
 
 namespace skyframe::host {
 
-/// Reads one entry of "analyses". nHighestCase bounds the cases of its load combination.
-/// Nothing when the type is unknown; the error is then noted.
-[[nodiscard]] std::optional<JobAnalysis> ReadAnalysis(CJobObject& object, int nHighestCase);
+/// What an analysis of a job may refer to.
+struct AnalysisContext {
+  int nHighestCase = 0;
+  const std::unordered_map<int, int>& numberOfId;  ///< host number by node id
+};
+
+/// Reads one entry of "analyses". Nothing when its kind is unknown; the error is then noted.
+[[nodiscard]] std::optional<JobAnalysis> ReadAnalysis(CJobObject& object, const AnalysisContext& context);
+
+[[nodiscard]] JobCombination ReadCombination(CJobObject& object, const AnalysisContext& context);
+
+/// A time-history analysis of either method; nothing when the method is unknown.
+[[nodiscard]] std::optional<JobAnalysis> ReadTimeHistory(CJobObject& object, const AnalysisContext& context);
 
 }  // namespace skyframe::host

@@ -74,7 +74,7 @@ bool CheckJob(const Job& job, const HostStreams& streams) {
   PrintCounts(job, streams.out);
 
   const bool bForModes = std::any_of(job.analyses.begin(), job.analyses.end(), [](const JobAnalysis& analysis) {
-    return !std::holds_alternative<StaticJob>(analysis);
+    return std::holds_alternative<ModalJob>(analysis) || std::holds_alternative<SpectrumJob>(analysis);
   });
   const std::optional<ProfileStatistics> own = BuildAndMeasure(bForModes);
   if (!own) return false;

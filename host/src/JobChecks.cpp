@@ -42,6 +42,7 @@ class CDoubtfulInput {
     CheckNodes();
     CheckElements();
     CheckLoads();
+    CheckAnalyses();
     return std::move(m_found);
   }
 
@@ -80,6 +81,14 @@ class CDoubtfulInput {
       if (m_isUsed[nNode]) continue;
       m_found.push_back({At("loads", k), "acts on node " + std::to_string(m_job.nodes[nNode - 1].nId) +
                                              ", which no element touches: it has no effect"});
+    }
+  }
+
+  void CheckAnalyses() {
+    for (std::size_t k = 0; k < m_job.analyses.size(); ++k) {
+      const auto* pStatic = std::get_if<StaticJob>(&m_job.analyses[k]);
+      if (pStatic == nullptr || !pStatic->combination.empty()) continue;
+      m_found.push_back({At("analyses", k), "no load combination: nothing acts on the structure"});
     }
   }
 

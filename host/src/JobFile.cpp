@@ -212,11 +212,10 @@ class CJobParser {
   }
 
   void ReadAnalyses() {
-    const int nHighestCase = m_bCasesKnown ? m_job.GetHighestCase() : c_nMaxLoadCases - 1;
-    ForEach("analyses", Need::Optional, std::numeric_limits<std::size_t>::max(),
-            [this, nHighestCase](CJobObject& object) {
-              if (auto analysis = ReadAnalysis(object, nHighestCase)) m_job.analyses.push_back(*analysis);
-            });
+    const AnalysisContext context{m_bCasesKnown ? m_job.GetHighestCase() : c_nMaxLoadCases - 1, m_numberOfId};
+    ForEach("analyses", Need::Optional, std::numeric_limits<std::size_t>::max(), [this, &context](CJobObject& object) {
+      if (auto analysis = ReadAnalysis(object, context)) m_job.analyses.push_back(*std::move(analysis));
+    });
   }
 
   CJobObject m_root;

@@ -89,6 +89,86 @@ Json ToJson(const SpectrumJob& analysis) {
   return object;
 }
 
+void PutPeaks(Json& object, const JobPeaks& peaks) {
+  for (std::size_t k = 0; k < peaks.size(); ++k) {
+    if (peaks[k]) object["peaks"][c_strPeaks[k]] = *peaks[k];
+  }
+}
+
+Json ToJson(const WilsonJob& analysis) {
+  Json object = {{"type", "time_history"}, {"method", "wilson"}};
+  Put(object, "damping", analysis.damping);
+  Put(object, "theta", analysis.dTheta);
+  Put(object, "time_step", analysis.dTimeStep);
+  Put(object, "duration", analysis.dDuration);
+  Put(object, "nonlinear", analysis.bNonlinear);
+  PutPeaks(object, analysis.peaks);
+  PutCombination(object, analysis.combination);
+  return object;
+}
+
+Json ToJson(const ImpulseLoadJob& load, const Job& job) {
+  Json object = Json::object();
+  PutWord(object, "shape", load.nShape, c_strImpulseShapes);
+  object["loads"] = Json::array();
+  for (const JobImpulse& impulse : load.impulses) {
+    object["loads"].push_back({{"node", job.nodes[impulse.nNode - 1].nId},
+                               {"direction", c_strDirections[impulse.nDirection]},
+                               {"peak", impulse.dPeak}});
+  }
+  Put(object, "peak_time", load.dPeakTime);
+  Put(object, "unload_time", load.dUnloadTime);
+  Put(object, "time_step", load.dTimeStep);
+  Put(object, "duration", load.dDuration);
+  return object;
+}
+
+Json ToJson(const GeneralLoadJob& load) {
+  Json object = Json::object();
+  Put(object, "time_step", load.dTimeStep);
+  Put(object, "duration", load.dDuration);
+  return object;
+}
+
+Json ToJson(const EarthquakeJob& quake) {
+  Json object = Json::object();
+  Put(object, "time_step", quake.dTimeStep);
+  Put(object, "duration", quake.dDuration);
+  PutWord(object, "mode", quake.nMode, c_strQuakeModes);
+  for (std::size_t k = 0; k < quake.directions.size(); ++k) {
+    if (quake.directions[k]) object["directions"].push_back(c_strDirections[k]);
+  }
+  Put(object, "oblique_axis", quake.obliqueAxis);
+  PutPeaks(object, quake.peaks);
+  return object;
+}
+
+Json ToJson(const NewmarkJob& analysis, const Job& job) {
+  Json object = {{"type", "time_history"}, {"method", "newmark"}};
+  PutWord(object, "load", analysis.nLoad, c_strDynamicLoads);
+  Put(object, "damping", analysis.damping);
+  Put(object, "alpha", analysis.dAlpha);
+  Put(object, "delta", analysis.dDelta);
+  Put(object, "nonlinear", analysis.bNonlinear);
+  PutWord(object, "criterion", analysis.nCriterion, c_strCriteria);
+  Put(object, "tolerance", analysis.dTolerance);
+  Put(object, "max_iterations", analysis.nMaxIterations);
+  Put(object, "from_file", analysis.bFromFile);
+  if (analysis.impulse) object["impulse"] = ToJson(*analysis.impulse, job);
+  if (analysis.generalLoad) object["general_load"] = ToJson(*analysis.generalLoad);
+  if (analysis.earthquake) object["earthquake"] = ToJson(*analysis.earthquake);
+  PutCombination(object, analysis.combination);
+  return object;
+}
+
+Json ToJson(const JobAnalysis& analysis, const Job& job) {
+  if (const auto* pNewmark = std::get_if<NewmarkJob>(&analysis)) return ToJson(*pNewmark, job);
+  if (const auto* pWilson = std::get_if<WilsonJob>(&analysis)) return ToJson(*pWilson);
+  if (const auto* pSpectrum = std::get_if<SpectrumJob>(&analysis)) return ToJson(*pSpectrum);
+  if (const auto* pModal = std::get_if<ModalJob>(&analysis)) return ToJson(*pModal);
+  return ToJson(std::get<StaticJob>(analysis));
+}
+
 /// One entry a line.
 template <class Entries, class Convert>
 std::string FormatList(std::string_view strKey, const Entries& entries, Convert convert) {
@@ -107,14 +187,13 @@ std::string FormatJob(const Job& job) {
   const auto Plain = [](const auto& entry) { return ToJson(entry); };
   const auto InJob = [&job](const auto& entry) { return ToJson(entry, job); };
   const auto AsId = [&job](int nNode) { return Json(job.nodes[nNode - 1].nId); };
-  const auto Analysis = [&Plain](const JobAnalysis& analysis) { return std::visit(Plain, analysis); };
 
   std::string strText = "{\n  \"title\": " + Json(job.strTitle).dump();
   for (const std::string& strList :
        {FormatList("nodes", job.nodes, Plain), FormatList("springs", job.springs, Plain),
         FormatList("sections", job.sections, Plain), FormatList("elements", job.elements, InJob),
         FormatList("inclined_supports", job.inclinedSupports, AsId), FormatList("loads", job.loads, InJob),
-        FormatList("analyses", job.analyses, Analysis)}) {
+        FormatList("analyses", job.analyses, InJob)}) {
     strText.append(",\n").append(strList);
   }
   return strText + "\n}\n";

@@ -110,21 +110,20 @@ std::optional<int> CJobObject::Word(std::string_view strKey, Need need, std::spa
   return std::nullopt;
 }
 
-std::optional<std::array<double, 3>> CJobObject::Vector(std::string_view strKey, Need need) {
+bool CJobObject::ReadNumbers(std::string_view strKey, Need need, std::span<double> values) {
   const Json* pValue = Array(strKey, need);
-  if (pValue == nullptr) return std::nullopt;
-  if (pValue->size() != 3) {
-    Error(strKey, "must have three numbers");
-    return std::nullopt;
+  if (pValue == nullptr) return false;
+  if (pValue->size() != values.size()) {
+    Error(strKey, "must have " + std::to_string(values.size()) + " numbers");
+    return false;
   }
-  std::array<double, 3> result = {};
   bool bGood = true;
-  for (std::size_t k = 0; k < 3; ++k) {
+  for (std::size_t k = 0; k < values.size(); ++k) {
     const std::optional<double> dValue = CheckNumber((*pValue)[k], AppendPointer(GetPlace(strKey), k));
     bGood = bGood && dValue.has_value();
-    result[k] = dValue.value_or(0.0);
+    values[k] = dValue.value_or(0.0);
   }
-  return bGood ? std::optional(result) : std::nullopt;
+  return bGood;
 }
 
 const Json* CJobObject::Array(std::string_view strKey, Need need) {
@@ -132,6 +131,16 @@ const Json* CJobObject::Array(std::string_view strKey, Need need) {
   if (pValue == nullptr || pValue->is_array()) return pValue;
   Error(strKey, "must be an array");
   return nullptr;
+}
+
+std::vector<CJobObject> CJobObject::Objects(std::string_view strKey, Need need) {
+  std::vector<CJobObject> objects;
+  const Json* pArray = Array(strKey, need);
+  if (pArray == nullptr) return objects;
+  for (std::size_t k = 0; k < pArray->size(); ++k) {
+    objects.emplace_back((*pArray)[k], AppendPointer(GetPlace(strKey), k), m_errors);
+  }
+  return objects;
 }
 
 std::optional<CJobObject> CJobObject::Object(std::string_view strKey, Need need) {

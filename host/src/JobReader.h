@@ -32,9 +32,16 @@ class CJobObject {
   std::optional<std::string> Text(std::string_view strKey, Need need);
   /// Index of the word.
   std::optional<int> Word(std::string_view strKey, Need need, std::span<const std::string_view> words);
-  std::optional<std::array<double, 3>> Vector(std::string_view strKey, Need need);
+  /// An array of so many numbers.
+  template <std::size_t nCount>
+  std::optional<std::array<double, nCount>> Numbers(std::string_view strKey, Need need) {
+    std::array<double, nCount> values = {};
+    return ReadNumbers(strKey, need, values) ? std::optional(values) : std::nullopt;
+  }
   /// Null when absent or no array.
   const Json* Array(std::string_view strKey, Need need);
+  /// The entries of an array of objects.
+  std::vector<CJobObject> Objects(std::string_view strKey, Need need);
   /// Nothing when absent.
   std::optional<CJobObject> Object(std::string_view strKey, Need need);
 
@@ -52,6 +59,7 @@ class CJobObject {
 
  private:
   const Json* Find(std::string_view strKey, Need need);
+  bool ReadNumbers(std::string_view strKey, Need need, std::span<double> values);
   std::optional<double> CheckNumber(const Json& value, const std::string& strPlace);
 
   const Json& m_value;

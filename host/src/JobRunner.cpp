@@ -7,9 +7,10 @@
 #include "Format.h"
 #include "PlatformScope.h"
 #include "Records.h"
-#include "Scripts.h"
 #include "StaticReport.h"
 #include "skyframe/connect/ModeConnect.h"
+#include "skyframe/host/Scripts.h"
+#include "skyframe/hostdata/HostData.h"
 
 namespace skyframe::host {
 
@@ -23,7 +24,7 @@ constexpr std::string_view c_strTimeReport = "OK!\nTime";
 /// How an analysis is called and what it leaves.
 struct AnalysisKind {
   std::string_view strName;
-  std::string_view strSuffix;
+  std::string_view strSuffix;  ///< empty: no file, the histories stay in memory
   void (*pEntryPoint)();
 };
 
@@ -37,6 +38,17 @@ AnalysisKind GetKind(const ModalJob&) { return {"Modal analysis", ".mode", CMode
 
 AnalysisKind GetKind(const SpectrumJob&) {
   return {"Response-spectrum analysis", ".spec", [] { CModeConnect::OnAnsysSpectrum(); }};
+}
+
+void RunTimeHistory() {
+  COMDYN.m_bHistoryAvailable = 0;
+  CModeConnect::OnTimeHistoryAnalysis();
+}
+
+AnalysisKind GetKind(const WilsonJob&) { return {"Time history, Wilson", "", RunTimeHistory}; }
+
+AnalysisKind GetKind(const NewmarkJob& analysis) {
+  return {"Time history, Newmark", analysis.HasGroundMotion() ? "_HisTime.txt" : "", RunTimeHistory};
 }
 
 /// File systems stamp with a clock that may lag a little.
@@ -57,12 +69,14 @@ class CJobRunner {
     m_streams.out << kind.strName << '\n';
     const auto start = fs::file_time_type::clock::now();
     const bool bCalm = Call(analysis, kind);
-    const bool bWritten = IsWrittenSince(strResult, start);
+    const bool bWritten = kind.strSuffix.empty() ? COMDYN.m_bHistoryAvailable != 0 : IsWrittenSince(strResult, start);
     if (!bCalm || !bWritten) {
-      m_streams.out << (bWritten ? "  ended with a message\n" : "  no result file\n");
+      m_streams.out << (bWritten ? "  ended with a message\n" : "  no result\n");
       return false;
     }
     std::visit([this, &strResult](const auto& parameters) { Report(parameters, strResult); }, analysis);
+
+    if (kind.strSuffix.empty()) return true;
     m_streams.out << Format("  file                  %s, %ju bytes\n", strResult.c_str(),
                             fs::file_size(fs::path(strResult)));
     return true;
@@ -86,8 +100,8 @@ class CJobRunner {
   void Report(const StaticJob& analysis, const std::string& strResult) {
     PrintStaticReport(m_job, analysis, strResult, m_streams.out);
   }
-  void Report(const ModalJob&, const std::string&) {}
-  void Report(const SpectrumJob&, const std::string&) {}
+  template <class Parameters>
+  void Report(const Parameters&, const std::string&) {}
 
   const Job& m_job;
   const std::string& m_strJobPath;

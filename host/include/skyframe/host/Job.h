@@ -20,6 +20,12 @@ inline constexpr std::array<std::string_view, 6> c_strIntensities = {"6 (0.05g)"
 inline constexpr std::array<std::string_view, 2> c_strQuakeLevels = {"frequent", "rare"};
 inline constexpr std::array<std::string_view, 3> c_strModalCombinations = {"SRSS", "CQC", "GRP"};
 
+inline constexpr std::array<std::string_view, 2> c_strMethods = {"wilson", "newmark"};
+inline constexpr std::array<std::string_view, 2> c_strDynamicLoads = {"nodal_force", "ground_motion"};
+inline constexpr std::array<std::string_view, 2> c_strImpulseShapes = {"triangular", "rectangular"};
+inline constexpr std::array<std::string_view, 2> c_strQuakeModes = {"principal", "oblique"};
+inline constexpr std::array<std::string_view, 4> c_strPeaks = {"X", "Y", "Z", "oblique"};
+
 enum ElementType : int { c_nBar, c_nBeam, c_nCable, c_nMembrane };
 enum JointKind : int { c_nPinned, c_nRigid };
 
@@ -118,7 +124,81 @@ struct SpectrumJob {
   bool operator==(const SpectrumJob&) const = default;
 };
 
-using JobAnalysis = std::variant<StaticJob, ModalJob, SpectrumJob>;
+/// Peaks X, Y, Z, oblique.
+using JobPeaks = std::array<std::optional<double>, 4>;
+
+/// Time history by the Wilson method under the loads of the job's impulse file.
+struct WilsonJob {
+  std::optional<std::array<double, 2>> damping;
+  std::optional<double> dTheta;
+  std::optional<double> dTimeStep;
+  std::optional<double> dDuration;
+  std::optional<bool> bNonlinear;
+  JobPeaks peaks;
+  JobCombination combination;
+
+  bool operator==(const WilsonJob&) const = default;
+};
+
+struct JobImpulse {
+  int nNode = 0;       ///< host number
+  int nDirection = 0;  ///< 0..2
+  double dPeak = 0.0;  ///< kN
+
+  bool operator==(const JobImpulse&) const = default;
+};
+
+struct ImpulseLoadJob {
+  std::optional<int> nShape;
+  std::vector<JobImpulse> impulses;
+  std::optional<double> dPeakTime;
+  std::optional<double> dUnloadTime;
+  std::optional<double> dTimeStep;
+  std::optional<double> dDuration;
+
+  bool operator==(const ImpulseLoadJob&) const = default;
+};
+
+struct GeneralLoadJob {
+  std::optional<double> dTimeStep;
+  std::optional<double> dDuration;
+
+  bool operator==(const GeneralLoadJob&) const = default;
+};
+
+struct EarthquakeJob {
+  std::optional<double> dTimeStep;
+  std::optional<double> dDuration;
+  std::optional<int> nMode;
+  std::array<bool, 3> directions = {};               ///< principal mode
+  std::optional<std::array<double, 3>> obliqueAxis;  ///< oblique mode
+  JobPeaks peaks;
+
+  bool operator==(const EarthquakeJob&) const = default;
+};
+
+/// Time history by the Newmark method.
+struct NewmarkJob {
+  std::optional<int> nLoad;
+  std::optional<std::array<double, 2>> damping;
+  std::optional<double> dAlpha;
+  std::optional<double> dDelta;
+  std::optional<bool> bNonlinear;
+  std::optional<int> nCriterion;
+  std::optional<double> dTolerance;
+  std::optional<int> nMaxIterations;
+  std::optional<bool> bFromFile;
+  std::optional<ImpulseLoadJob> impulse;
+  std::optional<GeneralLoadJob> generalLoad;
+  std::optional<EarthquakeJob> earthquake;
+  JobCombination combination;
+
+  [[nodiscard]] bool HasGroundMotion() const { return nLoad == 1; }
+
+  bool operator==(const NewmarkJob&) const = default;
+};
+
+using JobAnalysis = std::variant<StaticJob, ModalJob, SpectrumJob, WilsonJob, NewmarkJob>;
 
 struct Job {
   std::string strTitle;

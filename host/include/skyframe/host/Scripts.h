@@ -10,5 +10,7 @@ namespace skyframe::host {
 void AddScripts(const StaticJob& analysis, CHeadlessPlatform& platform);
 void AddScripts(const ModalJob& analysis, CHeadlessPlatform& platform);
 void AddScripts(const SpectrumJob& analysis, CHeadlessPlatform& platform);
+void AddScripts(const WilsonJob& analysis, CHeadlessPlatform& platform);
+void AddScripts(const NewmarkJob& analysis, CHeadlessPlatform& platform);
 
 }  // namespace skyframe::host
