@@ -446,6 +446,10 @@ TEST_F(Dialogs, ButtonsOpenTheCombinationAndOnlyOkTakesItOver) {
     EXPECT_EQ(combination.flags[2], 1);
     EXPECT_EQ(combination.factors[2], 0.6);
     EXPECT_FALSE(m_platform->HasUnusedScripts());
+    Run(*pDialog, {DialogStep::Ok()});
+    EXPECT_EQ(combination.flags[2], 0) << "opening clears the combination";
+    EXPECT_EQ(combination.factors[2], 1.0);
+    EXPECT_EQ(combination.nLoadTypes, 3);
   }
 }
 

@@ -548,12 +548,15 @@ TEST_F(Dialogs, ListsSortSelectAndShift) {
             (Strings{"selection 140", "selection 140", "selection 141", "selection 141", "double 141"}));
 }
 
-TEST_F(Dialogs, DeletingRowsMovesTheCurrentOne) {
+TEST_F(Dialogs, TheCurrentRowMovesWithItsNeighbours) {
   const auto look = [](int nCurrent) {
     return DialogStep::Inspect([nCurrent](const IDialogView& view) { EXPECT_EQ(view.GetCurrent(141), nCurrent); });
   };
   m_dialog.m_onButton = [](IDialogView& view) { view.DeleteItem(141, 0); };
   Run({DialogStep::ToggleRow(141, 1), DialogStep::Click(160), look(0), DialogStep::Click(160), look(-1)});
+  m_dialog.m_onButton = [](IDialogView& view) { view.InsertItem(141, 1, "new"); };
+  Run({DialogStep::ToggleRow(141, 1), DialogStep::Click(160), look(2), DialogStep::Click(160), look(3),
+       DialogStep::ToggleRow(141, 0), DialogStep::Click(160), look(0)});
 }
 
 TEST_F(Dialogs, ListViewHasCellsUnderColumns) {

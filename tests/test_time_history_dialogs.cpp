@@ -147,6 +147,8 @@ TEST_F(Dialogs, WilsonFieldsAndDefaults) {
   EXPECT_EQ(dialog.m_dPeak, (std::array<double, 3>{7.0, 8.0, 9.0}));
   EXPECT_EQ(dialog.m_bNonlinear, 1);
   EXPECT_EQ(dialog.m_loadComb.flags[1], 1);
+  Run(dialog, {DialogStep::Ok()});
+  EXPECT_EQ(dialog.m_loadComb.flags[1], 0) << "opening clears the combination";
 }
 
 TEST_F(Dialogs, NewmarkFieldsAndDefaults) {
@@ -176,6 +178,8 @@ TEST_F(Dialogs, NewmarkFieldsAndDefaults) {
   EXPECT_EQ(dialog.m_bFromFile, 1);
   EXPECT_EQ(dialog.m_nLoadType, 1);
   EXPECT_EQ(dialog.m_loadComb.flags[0], 1);
+  Run(dialog, {DialogStep::Ok()});
+  EXPECT_EQ(dialog.m_loadComb.flags[0], 0) << "opening clears the combination";
 }
 
 TEST_F(Dialogs, NewmarkEnabling) {
