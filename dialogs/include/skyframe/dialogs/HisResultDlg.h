@@ -1,0 +1,73 @@
+#pragma once
+
+#include <optional>
+
+#include "skyframe/platform/Dialog.h"
+
+namespace skyframe {
+
+class IPaintContext;
+
+inline constexpr int c_nIdHisResultDlg = 16006;
+
+// Controls of the result viewer; radio buttons in the order of their index.
+inline constexpr int c_nIdNodeHistory = 16118;
+inline constexpr int c_nIdElementHistory = 16119;
+inline constexpr int c_nIdHistoryNode = 16120;
+inline constexpr int c_nIdHistoryX = 16121;
+inline constexpr int c_nIdHistoryY = 16122;
+inline constexpr int c_nIdHistoryZ = 16123;
+inline constexpr int c_nIdHistoryElement = 16124;
+inline constexpr int c_nIdRefresh = 16125;
+inline constexpr int c_nIdOutput = 16126;
+
+extern const DialogTemplate c_hisResultTemplate;
+
+/// One history that the viewer can show.
+struct HistorySelection {
+  bool bElement = false;  ///< axial force of an element; otherwise displacement of a node
+  int nNumber = 1;        ///< 1-based
+  int nDirection = 0;     ///< of a node: X, Y, Z
+
+  friend bool operator==(const HistorySelection&, const HistorySelection&) = default;
+};
+
+/// The histories as the viewer sees them.
+class IHistoryView {
+ public:
+  virtual ~IHistoryView() = default;
+
+  [[nodiscard]] virtual int GetNodeCount() const = 0;
+  [[nodiscard]] virtual int GetElementCount() const = 0;
+  /// Without a selection only the empty frame. Pixels from the client area's top left corner.
+  virtual void Plot(IPaintContext& paint, const std::optional<HistorySelection>& selection) const = 0;
+  /// Writes the history to its own file; false when that was not possible.
+  [[nodiscard]] virtual bool WriteOut(const HistorySelection& selection) const = 0;
+};
+
+/// Viewer of time-history results. Draws the selection of the last successful refresh.
+class CHisResultDlg : public CDialog {
+ public:
+  /// The histories must outlive the dialog.
+  explicit CHisResultDlg(const IHistoryView& histories);
+
+ protected:
+  bool OnInitDialog() override;
+  void OnPaint(IPaintContext& paint) override;
+  void DoDataExchange(CDataExchange& exchange) override;
+
+ private:
+  void OnRefresh();
+  void OnOutput();
+  /// What the controls name; empty after a message when a field is invalid or there is no such history.
+  [[nodiscard]] std::optional<HistorySelection> ReadSelection();
+
+  const IHistoryView& m_histories;
+  int m_nKind = 0;  ///< radio index: 0 node, 1 element
+  int m_nNode = 1;
+  int m_nDirection = 0;
+  int m_nElement = 1;
+  std::optional<HistorySelection> m_shown;
+};
+
+}  // namespace skyframe
