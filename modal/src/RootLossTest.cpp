@@ -15,7 +15,8 @@ constexpr double c_dComparisonSlack = 0.0016666666666666666;
 RootCheck CModeComparisonTest::Check(std::span<const double> theta) {
   const int n = static_cast<int>(theta.size());
   // Deliberate: the highest wanted frequency that many times, not a sum over the upper third.
-  const double S = (n - 2 * static_cast<std::int64_t>(n) / 3) * std::sqrt(1.0 / theta.back());
+  const std::int64_t nTerms = n - 2 * static_cast<std::int64_t>(n) / 3;
+  const double S = static_cast<double>(nTerms) * std::sqrt(1.0 / theta.back());
   const bool bSettled = m_previous && S >= *m_previous - n * c_dComparisonSlack;
   m_previous = S;
   return bSettled ? RootCheck::Accept : RootCheck::Enlarge;

@@ -8,7 +8,6 @@ namespace skyframe {
 namespace {
 
 constexpr int c_nBarType = 0;
-constexpr std::size_t c_nStationForces = 6;  ///< N Qy Qz MYZ MZX MXY
 
 /// Value at x = L p / (m - 1), linear between the 21 stations; m = 1 takes the first end.
 double Sample(const Diagram& diagram, int p, int m) {
