@@ -5,12 +5,31 @@
 namespace skyframe {
 
 std::string g_strJobPath;
+HistorySet g_history;
+std::array<CMatrix, c_nHistoryQuantities>& g_matHistory = g_history.values;
+int g_nHistorySteps = 0;
+int g_nHistoryPoints = 0;
 KeptModels g_keptModels;
+
+void KeepHistory(const HistorySet& history) {
+  g_history = history;
+  g_nHistorySteps = history.nSteps;
+  g_nHistoryPoints = history.GetNodeCount();
+}
+
+CAnalysisModel& KeepNewModel(std::unique_ptr<CAnalysisModel>& pKept) {
+  pKept.reset();  // before the new one needs its memory
+  pKept = std::make_unique<CAnalysisModel>();
+  return *pKept;
+}
 
 void SetLoadCombination(CAnalysisModel& model, const LoadCombination& combination) {
   model.m_nLoadCaseFlag = combination.flags;
   model.m_dLoadFactor = combination.factors;
-  model.m_bLoadComb = std::any_of(combination.flags.begin(), combination.flags.end(), [](int n) { return n != 0; });
+}
+
+bool HasLoads(const LoadCombination& combination) {
+  return std::any_of(combination.flags.begin(), combination.flags.end(), [](int n) { return n != 0; });
 }
 
 }  // namespace skyframe

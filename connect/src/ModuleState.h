@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <memory>
 #include <string>
 
@@ -8,8 +9,20 @@
 
 namespace skyframe {
 
+// What outlives a call: one instance each for the life of the loaded module.
+
 /// Job path of the last analysis started by the time-history or static driver.
 extern std::string g_strJobPath;
+
+/// Histories of the last complete time-history run, or of the file read for the viewer.
+extern HistorySet g_history;
+/// Its matrices: X, Y, Z displacement (m, steps x nodes) and axial force (N, steps x elements).
+extern std::array<CMatrix, c_nHistoryQuantities>& g_matHistory;
+extern int g_nHistorySteps;
+extern int g_nHistoryPoints;  ///< nodes
+
+/// Takes over a set of histories and its counts.
+void KeepHistory(const HistorySet& history);
 
 /// Models that stay allocated after their entry point returned: the last one of each.
 struct KeptModels {
@@ -18,7 +31,12 @@ struct KeptModels {
 };
 extern KeptModels g_keptModels;
 
-/// Copies flags and factors; the model combines loads when any flag is set.
+/// Frees the kept model of an entry point and puts a new one in its place.
+CAnalysisModel& KeepNewModel(std::unique_ptr<CAnalysisModel>& pKept);
+
+/// Copies flags and factors.
 void SetLoadCombination(CAnalysisModel& model, const LoadCombination& combination);
+/// Whether any load type takes part.
+[[nodiscard]] bool HasLoads(const LoadCombination& combination);
 
 }  // namespace skyframe

@@ -37,6 +37,7 @@ int RunSpectrum() {
 
   const auto pModel = std::make_unique<CAnalysisModel>();
   SetLoadCombination(*pModel, dialog.m_loadComb);
+  pModel->m_bLoadComb = HasLoads(dialog.m_loadComb);
   pModel->BuildModelForModes(pModel->m_bLoadComb);
   if (!pModel->m_bValid) return 1;
 

@@ -10,18 +10,15 @@ void RunStatic() {
   dialog.m_loadComb.nLoadTypes = ABCD.m_nLoadCases + 1;
   if (dialog.DoModal() != c_nIdOk) return;
 
-  // Deliberate: the model outlives the call; the previous one makes room for it.
-  g_keptModels.m_pStatic.reset();
-  g_keptModels.m_pStatic = std::make_unique<CAnalysisModel>();
-  CAnalysisModel& model = *g_keptModels.m_pStatic;
+  // Deliberate: the model outlives the call.
+  CAnalysisModel& model = KeepNewModel(g_keptModels.m_pStatic);
   model.m_nConvCriterion = dialog.m_nCriterion;
   model.m_dConvTol = dialog.m_dTolerance;
   model.m_nMaxIter = dialog.m_nMaxIter;
 
   g_strJobPath = COMDAT.m_szJobPath;
   model.BuildModel();
-  model.m_nLoadCaseFlag = dialog.m_loadComb.flags;
-  model.m_dLoadFactor = dialog.m_loadComb.factors;
+  SetLoadCombination(model, dialog.m_loadComb);
   if (dialog.m_bNonlinear == 1) {
     model.SolveStaticNonlinear(g_strJobPath);
   } else {
