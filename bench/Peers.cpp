@@ -21,6 +21,7 @@ void dgemm_(const char* transa, const char* transb, const int* m, const int* n, 
             const double* a, const int* lda, const double* b, const int* ldb, const double* beta, double* c,
             const int* ldc);
 char* openblas_get_corename(void);
+void openblas_set_num_threads(int num_threads);
 }
 #endif
 #if defined(SKYFRAME_HAS_ARPACK)
@@ -91,6 +92,8 @@ void MultiplyDense(int n, const double* A, const double* B, double* C) {
 }
 
 const char* GetOpenBlasCore() { return openblas_get_corename(); }
+
+void UseOneThread() { openblas_set_num_threads(1); }
 #endif
 
 #if defined(SKYFRAME_HAS_CHOLMOD)

@@ -38,6 +38,8 @@ class CBandPeer {
 void MultiplyDense(int n, const double* A, const double* B, double* C);
 /// Name of the processor OpenBLAS takes this one for.
 const char* GetOpenBlasCore();
+/// For OpenBLAS and everything that calls it.
+void UseOneThread();
 #endif
 
 #if defined(SKYFRAME_HAS_CHOLMOD)

@@ -39,9 +39,10 @@ class CCase {
   const SparseMatrix& GetMatrix() {
     if (!m_pMatrix) {
       m_pMatrix = std::make_unique<SparseMatrix>(m_make());
-      m_pMatrix->BuildRows(GetOrder());
-      m_dOperations = CountOperations(*m_pMatrix, GetOrder());
-      m_dEntries = CountEntries(*m_pMatrix, GetOrder());
+      const int n = m_pMatrix->GetOrder();
+      m_pMatrix->BuildRows(n);
+      m_dOperations = CountOperations(*m_pMatrix, n);
+      m_dEntries = CountEntries(*m_pMatrix, n);
     }
     return *m_pMatrix;
   }
@@ -52,14 +53,10 @@ class CCase {
     }
     return *m_pFactors;
   }
-  int GetOrder() { return m_pMatrix->GetOrder(); }
+  int GetOrder() { return GetMatrix().GetOrder(); }
   skyline::Profile GetProfile() { return {GetMatrix().GetDiagonal(), GetMatrix().GetHeights()}; }
   double GetOperations() const { return m_dOperations; }
   double GetEntries() const { return m_dEntries; }
-  void Release() {
-    m_pMatrix.reset();
-    m_pFactors.reset();
-  }
 
  private:
   std::function<SparseMatrix()> m_make;
@@ -297,6 +294,7 @@ class CKernelBenchmarks {
 #if defined(SKYFRAME_HAS_OPENBLAS)
     benchmark::RegisterBenchmark("dgemm/1536/openblas", MultiplyMatrices)->Unit(benchmark::kMillisecond);
     benchmark::AddCustomContext("openblas_core", GetOpenBlasCore());
+    UseOneThread();
 #endif
   }
 
