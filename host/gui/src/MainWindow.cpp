@@ -1,0 +1,343 @@
+#include "MainWindow.h"
+
+#include <QActionGroup>
+#include <QApplication>
+#include <QCloseEvent>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QMenuBar>
+#include <QMessageBox>
+#include <QStatusBar>
+#include <array>
+
+#include "ErrorDialog.h"
+#include "Records.h"
+#include "skyframe/connect/ModeConnect.h"
+#include "skyframe/qt/Font.h"
+#include "texts.h"
+
+namespace skyframe::gui {
+
+namespace {
+
+constexpr int c_nMostConsoleLines = 20000;
+constexpr qsizetype c_nMostRecent = 8;
+constexpr int c_nAmplitudeSteps = 100;
+constexpr double c_dLargestAmplitude = 0.5;  // parts of the structure's radius
+constexpr int c_nUsualAmplitude = 25;
+constexpr std::array<int, 3> c_nFontPercents = {100, 125, 150};
+
+const QString c_strRecentKey = QStringLiteral("recent");
+const QString c_strFontKey = QStringLiteral("font_percent");
+const QString c_strGeometryKey = QStringLiteral("geometry");
+const QString c_strStateKey = QStringLiteral("state");
+
+std::unique_ptr<QSettings> OpenSettings(const QString& strFile) {
+  if (!strFile.isEmpty()) return std::make_unique<QSettings>(strFile, QSettings::IniFormat);
+  return std::make_unique<QSettings>(QStringLiteral("skyframe"), QStringLiteral("skyframe-gui"));
+}
+
+}  // namespace
+
+CMainWindow::CMainWindow(const QString& strSettingsFile)
+    : m_pSettings(OpenSettings(strSettingsFile)),
+      m_platform(this),
+      m_pPrevious(InstallPlatform(&m_platform)),
+      m_shapeBar(this),
+      m_consoleDock(this),
+      m_decoder(QStringDecoder::Utf8),
+      m_resultDock(this) {
+  setObjectName(QStringLiteral("main"));
+  setWindowTitle(ToQt(texts::c_strProgram));
+  setCentralWidget(&m_view);
+  MakeFileMenu();
+  MakeAnalysisMenu();
+  MakeShapeBar();
+  MakeDocks();
+  MakeViewMenu();
+  MakeHelpMenu();
+  statusBar()->show();
+  m_platform.SetConsoleSink([this](std::string_view strText) { AppendConsole(strText); });
+  SetFontScale(m_pSettings->value(c_strFontKey, 100).toInt() / 100.0);
+  resize(1180, 780);
+  restoreGeometry(m_pSettings->value(c_strGeometryKey).toByteArray());
+  restoreState(m_pSettings->value(c_strStateKey).toByteArray());
+  RefreshResults();
+}
+
+CMainWindow::~CMainWindow() { InstallPlatform(m_pPrevious); }
+
+void CMainWindow::closeEvent(QCloseEvent* pEvent) {
+  m_pSettings->setValue(c_strGeometryKey, saveGeometry());
+  m_pSettings->setValue(c_strStateKey, saveState());
+  pEvent->accept();
+}
+
+QAction* CMainWindow::AddAction(QMenu& menu, std::string_view strText, std::string_view strTip, const char* strName,
+                                std::function<void()> action) {
+  QAction* const pAction = menu.addAction(ToQt(strText));
+  pAction->setObjectName(QString::fromLatin1(strName));
+  pAction->setToolTip(ToQt(strTip));
+  pAction->setStatusTip(ToQt(strTip));
+  menu.setToolTipsVisible(true);
+  connect(pAction, &QAction::triggered, this, std::move(action));
+  return pAction;
+}
+
+QAction* CMainWindow::AddOption(QMenu& menu, std::string_view strText, std::string_view strTip, const char* strName,
+                                bool ViewOptions::*pOption) {
+  QAction* const pAction = AddAction(menu, strText, strTip, strName, [] {});
+  pAction->setCheckable(true);
+  pAction->setChecked(m_view.GetOptions().*pOption);
+  connect(pAction, &QAction::toggled, this, [this, pOption](bool bOn) {
+    ViewOptions options = m_view.GetOptions();
+    options.*pOption = bOn;
+    m_view.SetOptions(options);
+  });
+  return pAction;
+}
+
+void CMainWindow::MakeFileMenu() {
+  QMenu& menu = *menuBar()->addMenu(ToQt(texts::c_strFileMenu));
+  AddAction(menu, texts::c_strOpen, texts::c_strOpenTip, "open", [this] { OnOpen(); })->setShortcut(QKeySequence::Open);
+  m_recentMenu.setTitle(ToQt(texts::c_strRecent));
+  menu.addMenu(&m_recentMenu);
+  FillRecentMenu();
+  QAction* const pReload =
+      AddAction(menu, texts::c_strReload, texts::c_strReloadTip, "reload", [this] { OpenJob(m_strJobFile); });
+  pReload->setShortcut(QKeySequence::Refresh);
+  m_jobActions.push_back(pReload);
+  menu.addSeparator();
+  m_jobActions.push_back(
+      AddAction(menu, texts::c_strSavePicture, texts::c_strSavePictureTip, "picture", [this] { OnSavePicture(); }));
+  menu.addSeparator();
+  AddAction(menu, texts::c_strQuit, texts::c_strQuitTip, "quit", [this] { close(); })->setShortcut(QKeySequence::Quit);
+}
+
+void CMainWindow::MakeAnalysisMenu() {
+  struct Entry {
+    std::string_view strText;
+    std::string_view strTip;
+    const char* strName;
+    void (*pEntryPoint)();
+  };
+  const std::array<Entry, 5> entries = {{
+      {texts::c_strModal, texts::c_strModalTip, "modal", CModeConnect::OnMode},
+      {texts::c_strSpectrum, texts::c_strSpectrumTip, "spectrum", [] { CModeConnect::OnAnsysSpectrum(); }},
+      {texts::c_strTimeHistory, texts::c_strTimeHistoryTip, "time_history",
+       [] { CModeConnect::OnTimeHistoryAnalysis(); }},
+      {texts::c_strHistoryResults, texts::c_strHistoryResultsTip, "history_results", CModeConnect::OnTimeHistoryRes},
+      {texts::c_strStatic, texts::c_strStaticTip, "static", CModeConnect::OnStaticNonlinearSol},
+  }};
+  QMenu& menu = *menuBar()->addMenu(ToQt(texts::c_strAnalysisMenu));
+  for (const Entry& entry : entries) {
+    m_jobActions.push_back(AddAction(menu, entry.strText, entry.strTip, entry.strName,
+                                     [this, pEntryPoint = entry.pEntryPoint] { Analyse(pEntryPoint); }));
+  }
+}
+
+void CMainWindow::MakeViewMenu() {
+  QMenu& menu = *menuBar()->addMenu(ToQt(texts::c_strViewMenu));
+  const auto addView = [this, &menu](std::string_view strText, std::string_view strTip, const char* strName,
+                                     StandardView view) {
+    AddAction(menu, strText, strTip, strName, [this, view] { m_view.SetStandardView(view); });
+  };
+  addView(texts::c_strIsometric, texts::c_strIsometricTip, "isometric", StandardView::Isometric);
+  addView(texts::c_strFront, texts::c_strFrontTip, "front", StandardView::Front);
+  addView(texts::c_strSide, texts::c_strSideTip, "side", StandardView::Side);
+  addView(texts::c_strPlan, texts::c_strPlanTip, "plan", StandardView::Plan);
+  AddAction(menu, texts::c_strFit, texts::c_strFitTip, "fit", [this] { m_view.FitAll(); });
+  menu.addSeparator();
+  AddOption(menu, texts::c_strSupports, texts::c_strSupportsTip, "supports", &ViewOptions::bSupports);
+  AddOption(menu, texts::c_strLoads, texts::c_strLoadsTip, "loads", &ViewOptions::bLoads);
+  AddOption(menu, texts::c_strNodeNumbers, texts::c_strNodeNumbersTip, "node_numbers", &ViewOptions::bNodeNumbers);
+  AddOption(menu, texts::c_strElementNumbers, texts::c_strElementNumbersTip, "element_numbers",
+            &ViewOptions::bElementNumbers);
+  menu.addSeparator();
+  menu.addAction(m_consoleDock.toggleViewAction());
+  menu.addAction(m_resultDock.toggleViewAction());
+  MakeFontMenu(menu);
+}
+
+void CMainWindow::MakeFontMenu(QMenu& viewMenu) {
+  QMenu& menu = *viewMenu.addMenu(ToQt(texts::c_strFontMenu));
+  auto* const pGroup = std::make_unique<QActionGroup>(this).release();  // the window owns it
+  for (const int nPercent : c_nFontPercents) {
+    const std::string strText = std::to_string(nPercent) + " %";
+    QAction* const pAction = AddAction(menu, strText, texts::c_strFontTip, "font", [this, nPercent] {
+      m_pSettings->setValue(c_strFontKey, nPercent);
+      SetFontScale(nPercent / 100.0);
+    });
+    pAction->setCheckable(true);
+    pAction->setChecked(nPercent == m_pSettings->value(c_strFontKey, 100).toInt());
+    pGroup->addAction(pAction);
+  }
+}
+
+void CMainWindow::MakeHelpMenu() {
+  QMenu& menu = *menuBar()->addMenu(ToQt(texts::c_strHelpMenu));
+  AddAction(menu, texts::c_strAbout, texts::c_strAboutTip, "about", [this] { OnAbout(); });
+}
+
+void CMainWindow::MakeShapeBar() {
+  m_shapeBar.setObjectName(QStringLiteral("shape_bar"));
+  m_shapeBar.setWindowTitle(ToQt(texts::c_strShapeBar));
+  m_shapeLabel.setText(ToQt(texts::c_strShapeBar) + QLatin1Char(' '));
+  m_shapeList.setObjectName(QStringLiteral("shapes"));
+  m_shapeList.setToolTip(ToQt(texts::c_strShapeTip));
+  m_shapeList.setSizeAdjustPolicy(QComboBox::AdjustToContents);
+  m_amplitudeLabel.setText(QStringLiteral("  ") + ToQt(texts::c_strAmplitude) + QLatin1Char(' '));
+  m_amplitude.setObjectName(QStringLiteral("amplitude"));
+  m_amplitude.setToolTip(ToQt(texts::c_strAmplitudeTip));
+  m_amplitude.setOrientation(Qt::Horizontal);
+  m_amplitude.setRange(0, c_nAmplitudeSteps);
+  m_amplitude.setFixedWidth(180);
+  m_animate.setObjectName(QStringLiteral("animate"));
+  m_animate.setText(ToQt(texts::c_strAnimate));
+  m_animate.setToolTip(ToQt(texts::c_strAnimateTip));
+  for (QWidget* const pWidget : {static_cast<QWidget*>(&m_shapeLabel), static_cast<QWidget*>(&m_shapeList),
+                                 static_cast<QWidget*>(&m_amplitudeLabel), static_cast<QWidget*>(&m_amplitude),
+                                 static_cast<QWidget*>(&m_animate)}) {
+    m_shapeBar.addWidget(pWidget);
+  }
+  addToolBar(&m_shapeBar);
+  connect(&m_shapeList, &QComboBox::currentIndexChanged, this, [this] { ShowShape(); });
+  connect(&m_amplitude, &QSlider::valueChanged, this,
+          [this](int nValue) { m_view.SetAmplitude(c_dLargestAmplitude * nValue / c_nAmplitudeSteps); });
+  connect(&m_animate, &QCheckBox::toggled, this, [this](bool bOn) { m_view.SetAnimated(bOn); });
+  m_amplitude.setValue(c_nUsualAmplitude);
+}
+
+void CMainWindow::MakeDocks() {
+  m_console.setObjectName(QStringLiteral("console"));
+  m_console.setReadOnly(true);
+  m_console.setMaximumBlockCount(c_nMostConsoleLines);
+  m_console.setLineWrapMode(QPlainTextEdit::NoWrap);
+  m_console.setToolTip(ToQt(texts::c_strConsoleTip));
+  m_consoleDock.setObjectName(QStringLiteral("console_dock"));
+  m_consoleDock.setWindowTitle(ToQt(texts::c_strConsole));
+  m_consoleDock.setWidget(&m_console);
+  addDockWidget(Qt::BottomDockWidgetArea, &m_consoleDock);
+  m_resultDock.setObjectName(QStringLiteral("result_dock"));
+  m_resultDock.setWindowTitle(ToQt(texts::c_strResults));
+  m_resultDock.setWidget(&m_results);
+  addDockWidget(Qt::RightDockWidgetArea, &m_resultDock);
+  resizeDocks({&m_consoleDock}, {150}, Qt::Vertical);
+  resizeDocks({&m_resultDock}, {360}, Qt::Horizontal);
+}
+
+void CMainWindow::SetFontScale(double dScale) {
+  m_platform.SetFontScale(dScale);
+  QApplication::setFont(FormDialogFont(dScale));
+}
+
+void CMainWindow::OnOpen() {
+  const QString strDirectory = m_strJobFile.isEmpty() ? QString() : QFileInfo(m_strJobFile).path();
+  const QString strFile =
+      QFileDialog::getOpenFileName(this, ToQt(texts::c_strOpenTitle), strDirectory, ToQt(texts::c_strJobFilter));
+  if (!strFile.isEmpty()) OpenJob(strFile);
+}
+
+bool CMainWindow::OpenJob(const QString& strFile) {
+  const std::string strPath = strFile.toStdString();
+  host::JobFile file = host::ReadJobFile(strPath);
+  const std::string strJobPath = host::GetJobPath(strPath);
+  if (file.errors.empty() && !host::FillRecords(file.job, strJobPath, SKYFRAME_DATA_DIR)) {
+    file.errors.push_back({"/", std::string(texts::c_strPathTooLong)});
+  }
+  if (!file.errors.empty()) {
+    CErrorDialog(strFile, file.errors, this).exec();
+    return false;
+  }
+  const bool bSameFile = strFile == m_strJobFile;
+  m_strJobFile = strFile;
+  m_rigidJoints.clear();
+  for (const host::JobNode& node : file.job.nodes) m_rigidJoints.push_back(node.nJoint == host::c_nRigid);
+  m_view.SetScene(CScene(file.job), bSameFile);
+  m_results.SetJobPath(strJobPath);
+  const QString strTitle = QString::fromStdString(file.job.strTitle);
+  setWindowTitle((strTitle.isEmpty() ? QFileInfo(strFile).fileName() : strTitle) + QStringLiteral(" - ") +
+                 ToQt(texts::c_strProgram));
+  m_console.clear();
+  ReportWarnings(file.warnings);
+  Remember(strFile);
+  RefreshResults();
+  return true;
+}
+
+void CMainWindow::ReportWarnings(const std::vector<host::JobProblem>& warnings) {
+  for (const host::JobProblem& problem : warnings) {
+    AppendConsole(std::string(texts::c_strWarning) + problem.strPlace + ": " + problem.strReason + "\n");
+  }
+}
+
+void CMainWindow::Analyse(const std::function<void()>& entryPoint) {
+  entryPoint();
+  RefreshResults();
+}
+
+void CMainWindow::AppendConsole(std::string_view strText) {
+  QTextCursor cursor(m_console.document());
+  cursor.movePosition(QTextCursor::End);
+  cursor.insertText(m_decoder(QByteArrayView(strText.data(), static_cast<qsizetype>(strText.size()))));
+  m_console.setTextCursor(cursor);
+}
+
+void CMainWindow::RefreshResults() {
+  for (QAction* const pAction : m_jobActions) pAction->setEnabled(!m_strJobFile.isEmpty());
+  m_results.Refresh();
+  m_shapes.clear();
+  if (!m_strJobFile.isEmpty()) m_shapes = ReadShapes(host::GetJobPath(m_strJobFile.toStdString()), m_rigidJoints);
+  const int nChosen = m_shapeList.currentIndex();
+  {
+    const QSignalBlocker blocker(m_shapeList);
+    m_shapeList.clear();
+    m_shapeList.addItem(ToQt(texts::c_strNoShape));
+    for (const Shape& shape : m_shapes) m_shapeList.addItem(QString::fromStdString(shape.strTitle));
+    m_shapeList.setCurrentIndex(nChosen > 0 && nChosen < m_shapeList.count() ? nChosen : 0);
+  }
+  ShowShape();
+}
+
+void CMainWindow::ShowShape() {
+  const int nShape = m_shapeList.currentIndex() - 1;
+  const bool bShape = nShape >= 0;
+  m_view.SetShape(bShape ? std::optional(m_shapes[static_cast<std::size_t>(nShape)]) : std::nullopt);
+  m_amplitude.setEnabled(bShape);
+  m_animate.setEnabled(bShape);
+}
+
+void CMainWindow::Remember(const QString& strFile) {
+  QStringList files = m_pSettings->value(c_strRecentKey).toStringList();
+  const QString strAbsolute = QFileInfo(strFile).absoluteFilePath();
+  files.removeAll(strAbsolute);
+  files.prepend(strAbsolute);
+  m_pSettings->setValue(c_strRecentKey, QStringList(files.mid(0, c_nMostRecent)));
+  FillRecentMenu();
+}
+
+void CMainWindow::FillRecentMenu() {
+  m_recentMenu.clear();
+  const QStringList files = m_pSettings->value(c_strRecentKey).toStringList();
+  m_recentMenu.setEnabled(!files.isEmpty());
+  for (const QString& strFile : files) {
+    QAction* const pAction = m_recentMenu.addAction(QString(strFile).replace(QLatin1Char('&'), QStringLiteral("&&")));
+    connect(
+        pAction, &QAction::triggered, this, [this, strFile] { OpenJob(strFile); }, Qt::QueuedConnection);
+  }
+}
+
+void CMainWindow::OnSavePicture() {
+  const QString strFile =
+      QFileDialog::getSaveFileName(this, ToQt(texts::c_strProgram), QString(), ToQt(texts::c_strPictureFilter));
+  if (strFile.isEmpty() || m_view.grab().save(strFile, "PNG")) return;
+  m_platform.ShowMessage(texts::c_strPictureFailed);
+}
+
+void CMainWindow::OnAbout() {
+  QMessageBox::about(
+      this, ToQt(texts::c_strProgram),
+      ToQt(texts::c_strProgram) + QStringLiteral(" " SKYFRAME_VERSION "\n") + ToQt(texts::c_strAboutText));
+}
+
+}  // namespace skyframe::gui

@@ -1,0 +1,65 @@
+#include "ResultPanel.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QFontDatabase>
+
+#include "skyframe/qt/Font.h"
+#include "texts.h"
+
+namespace skyframe::gui {
+
+namespace {
+
+constexpr qint64 c_nMostBytes = 4 << 20;  // shown of one file
+
+}  // namespace
+
+CResultPanel::CResultPanel(QWidget* pParent) : QSplitter(Qt::Vertical, pParent) {
+  m_list.setObjectName(QStringLiteral("results"));
+  m_list.setToolTip(ToQt(texts::c_strResultsTip));
+  m_text.setObjectName(QStringLiteral("text"));
+  m_text.setReadOnly(true);
+  m_text.setLineWrapMode(QPlainTextEdit::NoWrap);
+  m_text.setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+  addWidget(&m_list);
+  addWidget(&m_text);
+  setStretchFactor(0, 1);
+  setStretchFactor(1, 3);
+  connect(&m_list, &QListWidget::currentItemChanged, this, [this] { ShowFile(); });
+}
+
+void CResultPanel::SetJobPath(const std::string& strJobPath) {
+  m_strJobPath = strJobPath;
+  m_list.clear();
+  Refresh();
+}
+
+void CResultPanel::Refresh() {
+  const QString strChosen = m_list.currentItem() == nullptr ? QString() : m_list.currentItem()->text();
+  m_list.clear();
+  m_text.clear();
+  if (m_strJobPath.empty()) return;
+  const QFileInfo job(ToQt(m_strJobPath));
+  for (const QFileInfo& file : job.dir().entryInfoList(QDir::Files, QDir::Name)) {
+    const QString strName = file.fileName();
+    const QString strSuffix = strName.mid(job.fileName().size());
+    if (!strName.startsWith(job.fileName()) || strSuffix.isEmpty() || strSuffix == QStringLiteral(".json")) continue;
+    if (strSuffix[0] != QLatin1Char('.') && strSuffix[0] != QLatin1Char('_')) continue;
+    m_list.addItem(strName);
+    if (strName == strChosen) m_list.setCurrentRow(m_list.count() - 1);
+  }
+}
+
+void CResultPanel::ShowFile() {
+  m_text.clear();
+  if (m_list.currentItem() == nullptr) return;
+  QFile file(QFileInfo(ToQt(m_strJobPath)).dir().filePath(m_list.currentItem()->text()));
+  if (!file.open(QIODevice::ReadOnly)) return;
+  QString strText = QString::fromUtf8(file.read(c_nMostBytes));
+  if (!file.atEnd()) strText += ToQt(texts::c_strCut);
+  m_text.setPlainText(strText);
+}
+
+}  // namespace skyframe::gui
