@@ -294,7 +294,7 @@ Strings GetRows(const IDialogView& view, int nListId) {
   return rows;
 }
 
-DialogStep ExpectRows(int nListId, Strings rows) {
+DialogStep ExpectRows(int nListId, const Strings& rows) {
   return DialogStep::Inspect([nListId, rows](const IDialogView& view) {
     EXPECT_EQ(GetRows(view, nListId), rows);
     for (const int nId : {16039, 16041}) {

@@ -208,7 +208,7 @@ TEST_F(Dialogs, NewmarkEnabling) {
 
 // ---- Load dialogs ----------------------------------------------------------------------------------------------
 
-DialogStep ExpectList(std::vector<Strings> rows) {
+DialogStep ExpectList(const std::vector<Strings>& rows) {
   return DialogStep::Inspect([rows](const IDialogView& view) {
     ASSERT_EQ(view.GetItemCount(16105), static_cast<int>(rows.size()));
     for (int i = 0; const Strings& row : rows) {
