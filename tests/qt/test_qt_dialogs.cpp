@@ -42,6 +42,7 @@ Steps Observe(const Steps& steps, const DialogTemplate& layout, std::string& str
 }
 
 const DialogTemplate& FindTemplate(int nDialogId) {
+  if (nDialogId == c_nIdHisResultDlg) return c_hisResultTemplate;
   const auto templates = GetDialogTemplates();
   return **std::find_if(templates.begin(), templates.end(), [nDialogId](auto* p) { return p->nId == nDialogId; });
 }

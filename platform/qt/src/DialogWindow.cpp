@@ -13,8 +13,8 @@
 #include <QStandardItemModel>
 #include <QTimer>
 #include <QTreeView>
+#include <QtMath>
 #include <algorithm>
-#include <cmath>
 
 #include "GroupFrame.h"
 #include "RowView.h"
@@ -24,6 +24,8 @@
 namespace skyframe {
 
 namespace {
+
+constexpr int c_nMargin = 7;  // dialog units beside what a dialog paints itself
 
 /// While it lives, changes of a list are the program's own.
 class CSilence {
@@ -218,16 +220,15 @@ void CDialogWindow::Open() {
 QSize CDialogWindow::MeasureClient(const CDialogUnits& units) {
   CPaintRecorder recorder;
   m_dialog.Paint(recorder);
-  const QSize margin = units.ToPixels({0, 0, 4, 4}).size();
-  QSize size = this->size();
+  if (recorder.GetItems().empty()) return size();
+  QRect used = childrenRect();
   for (const PaintItem& item : recorder.GetItems()) {
     for (const PaintPoint& point : item.points) {
-      const QSize reached(static_cast<int>(std::ceil(point.dX * m_dScale)),
-                          static_cast<int>(std::ceil(point.dY * m_dScale)));
-      size = size.expandedTo(reached + margin);
+      used = used.united({0, 0, qCeil(point.dX * m_dScale), qCeil(point.dY * m_dScale)});
     }
   }
-  return size;
+  const QSize margin = units.ToPixels({0, 0, c_nMargin, c_nMargin}).size();
+  return QSize(used.right(), used.bottom()) + margin;
 }
 
 void CDialogWindow::FocusFirst() {

@@ -83,7 +83,7 @@ class CDialogWindow : public QDialog, public IDialogView {
   template <class View>
   void ConnectRows(View& view, const ControlTemplate& control);
   void GroupRadioButtons();
-  /// The template's area, or what the dialog paints where that is larger.
+  /// The template's area. A dialog that paints in pixels gets the area that its controls and its painting take.
   [[nodiscard]] QSize MeasureClient(const CDialogUnits& units);
 
   /// Passes an event on and leaves the window when it ended the dialog.
