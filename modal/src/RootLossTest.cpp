@@ -39,11 +39,10 @@ RootCheck CSturmTest::CheckBelow(double dTheta, int nAllowed) const {
 }
 
 std::optional<int> CSturmCount::operator()(double dShift) const {
-  // S = K - shift M with full column heights
+  // S = K - shift M; a copy of M has full column heights, whatever was trimmed from M
   SparseMatrix S = m_M;
   S *= -dShift;
   S += m_K;
-  S.RestoreHeights();
   if (!S.Decompose(m_nFree)) return std::nullopt;
   const std::span<const int> diagonal = S.GetDiagonal().first(static_cast<std::size_t>(m_nFree));
   const std::span<const double> values = S.GetValues();
