@@ -1,0 +1,172 @@
+// Ground-motion records: reading, scaling, choice of the file, the acceleration vector.
+
+#include <cmath>
+#include <random>
+
+#include "HostModel.h"
+#include "TestPlatform.h"
+#include "skyframe/history/GroundMotion.h"
+#include "skyframe/model/AnalysisModel.h"
+
+namespace skyframe {
+namespace {
+
+std::vector<double> ReadText(const std::string& strText, double dPeak) {
+  std::istringstream strm(strText);
+  return ReadAccelerationRecord(strm, dPeak);
+}
+
+TEST(AccelerationRecord, ScaledToThePeak) {
+  const struct {
+    std::string strText;
+    double dPeak;
+    std::vector<double> values;
+  } cases[] = {
+      {"1 -2\n0.5\t4\r\n", 8.0, {2.0, -4.0, 1.0, 8.0}},
+      {"1 -4 2", 1.0, {0.25, -1.0, 0.5}},
+      {"-3", -6.0, {6.0}},
+      {"1 2 end 4", 2.0, {1.0, 2.0}},
+      {"1 2 nan 4", 2.0, {1.0, 2.0}},
+      {"0.31882e+0 -.5E-1", 0.31882, {0.31882, -0.05}},
+      {"1e999 1", 1.0, {}},
+      {"", 1.0, {}},
+      {"acceleration", 1.0, {}},
+      {std::string("\0\0\xff", 3), 1.0, {}},
+  };
+  for (const auto& c : cases) {
+    const std::vector<double> record = ReadText(c.strText, c.dPeak);
+    ASSERT_EQ(record.size(), c.values.size()) << c.strText;
+    for (std::size_t i = 0; i < record.size(); ++i) EXPECT_DOUBLE_EQ(record[i], c.values[i]) << c.strText;
+  }
+}
+
+TEST(AccelerationRecord, ZerosAreNotGuarded) {
+  for (const double dValue : ReadText("0 0 0", 1.0)) EXPECT_TRUE(std::isnan(dValue));
+}
+
+TEST(AccelerationRecord, StandardRecord) {
+  test::CTestPlatform platform;
+  const auto record = ReadAccelerationRecord(SKYFRAME_SOURCE_DIR "\\data\\GroundAccData\\Elcentro.txt", 0.35);
+  ASSERT_TRUE(record);
+  EXPECT_EQ(record->size(), 1559U);
+  EXPECT_DOUBLE_EQ(std::abs(record->at(101)), 0.35);
+  for (const double dValue : *record) EXPECT_LE(std::abs(dValue), 0.35 * (1.0 + 1e-15));
+}
+
+/// Settings with a file for every choice; the file of a direction holds its own number of values.
+class GroundMotion : public testing::Test {
+ protected:
+  GroundMotion() {
+    m_folder.Write("_Xacc.txt", "1");
+    m_folder.Write("_Yacc.txt", "1 1");
+    m_folder.Write("_Zacc.txt", "1 1 1");
+    m_folder.Write("_Tacc.txt", "1 -2 1 1");
+    m_folder.Write("_std.txt", "1 1 1 1 -2");
+    m_settings.peaks = {10.0, 20.0, 30.0};
+    m_settings.dObliquePeak = 40.0;
+    m_settings.cosines = {0.6, 0.0, -0.8};
+    m_settings.strStandardRecord = m_folder.GetPath("_std.txt");
+  }
+
+  test::CTestPlatform m_platform;
+  const test::CJobFolder m_folder{"acceleration"};
+  QuakeSettings m_settings;
+  CGroundMotion m_motion;
+};
+
+TEST_F(GroundMotion, FileAndPeakOfEveryChoice) {
+  const struct {
+    int nMode;
+    std::array<int, 3> directions;
+    bool bFromFile;
+    std::array<std::size_t, 3> lengths;
+    std::array<double, 3> largest;
+  } cases[] = {
+      {0, {1, 0, 0}, true, {1, 0, 0}, {10, 0, 0}},   {0, {0, 1, 0}, true, {0, 2, 0}, {0, 20, 0}},
+      {0, {0, 0, 1}, true, {0, 0, 3}, {0, 0, 30}},   {0, {1, 1, 1}, true, {1, 0, 0}, {10, 0, 0}},
+      {0, {0, 1, 1}, true, {0, 2, 0}, {0, 20, 0}},   {0, {0, 0, 0}, true, {0, 0, 0}, {0, 0, 0}},
+      {1, {0, 0, 0}, true, {4, 4, 4}, {24, 0, 32}},  {0, {0, 1, 0}, false, {0, 5, 0}, {0, 20, 0}},
+      {1, {1, 0, 0}, false, {5, 5, 5}, {24, 0, 32}},
+  };
+  for (const auto& c : cases) {
+    m_settings.nMode = c.nMode;
+    m_settings.directions = c.directions;
+    m_settings.bFromFile = c.bFromFile;
+    ASSERT_TRUE(m_motion.Read(m_settings, m_folder.GetJobPath()));
+    for (int d = 0; d < 3; ++d) {
+      const auto record = m_motion.GetRecord(d);
+      EXPECT_EQ(record.size(), c.lengths[static_cast<std::size_t>(d)]);
+      double dLargest = 0.0;
+      for (const double dValue : record) dLargest = std::max(dLargest, std::abs(dValue));
+      EXPECT_NEAR(dLargest, c.largest[static_cast<std::size_t>(d)], 1e-12);
+    }
+  }
+  EXPECT_TRUE(m_platform.GetMessages().empty());
+}
+
+TEST_F(GroundMotion, ObliqueRecordKeepsItsSigns) {
+  m_settings.nMode = c_nObliqueQuake;
+  m_settings.bFromFile = true;
+  ASSERT_TRUE(m_motion.Read(m_settings, m_folder.GetJobPath()));
+  EXPECT_DOUBLE_EQ(m_motion.GetRecord(0)[1], -24.0);
+  EXPECT_DOUBLE_EQ(m_motion.GetRecord(2)[1], 32.0);
+  EXPECT_DOUBLE_EQ(m_motion.GetRecord(2)[0], -16.0);
+}
+
+TEST_F(GroundMotion, MissingFileHasTheMessageOfItsDirection) {
+  const struct {
+    int nMode;
+    std::array<int, 3> directions;
+    bool bFromFile;
+    const char* strMessage;
+  } cases[] = {
+      {0, {1, 0, 0}, true, "X方向加速度数据文件读入有误"},  {0, {0, 1, 1}, true, "Y方向加速度数据文件读入有误"},
+      {0, {0, 0, 1}, true, "Z方向加速度数据文件读入有误"},  {1, {1, 0, 0}, true, "斜方向加速度数据文件读入有误"},
+      {0, {0, 1, 0}, false, "Y方向加速度数据文件读入有误"}, {1, {0, 0, 0}, false, "斜方向加速度数据文件读入有误"}};
+  m_settings.strStandardRecord += ".missing";
+  for (const auto& c : cases) {
+    m_platform->Clear();
+    m_settings.nMode = c.nMode;
+    m_settings.directions = c.directions;
+    m_settings.bFromFile = c.bFromFile;
+    EXPECT_FALSE(m_motion.Read(m_settings, m_folder.GetPath("_none")));
+    EXPECT_EQ(m_platform.GetMessages(), std::vector<std::string>{c.strMessage});
+  }
+}
+
+TEST_F(GroundMotion, ActsOnFreeTranslationsOfNodesThatHaveThem) {
+  test::CHostModel host;
+  host.SetSection(1, 2, 1000.0, 1e6, 1e6, 1e6);
+  const int nFixed = host.AddNode(0, 0, 0, test::c_nRigid, "111111");
+  const int nRigid = host.AddNode(1, 0, 0);
+  const int nGuided = host.AddNode(2, 0, 0, test::c_nPinned, "010000");
+  host.AddNode(9, 9, 9);  // no element: no equations
+  host.AddElement(test::c_nBeam, nFixed, nRigid);
+  host.AddElement(test::c_nBar, nRigid, nGuided);
+  CAnalysisModel model;
+  model.BuildModel();
+  ASSERT_TRUE(model.m_bValid);
+
+  m_settings.nMode = c_nObliqueQuake;
+  m_settings.bFromFile = true;
+  m_settings.cosines = {1.0, 0.5, 0.25};
+  ASSERT_TRUE(m_motion.Read(m_settings, m_folder.GetJobPath()));
+  std::vector<double> g(static_cast<std::size_t>(model.GetFreeDofs()), 7.0);
+  m_motion.FormVector(0, model.GetNodes(), g);
+  // free: X Y Z RX RY RZ of the rigid node, X and Z of the guided one
+  EXPECT_EQ(g, (std::vector<double>{-20.0, -10.0, -5.0, 0.0, 0.0, 0.0, -20.0, -5.0}));
+  m_motion.FormVector(4, model.GetNodes(), g);
+  EXPECT_EQ(g, std::vector<double>(8, 0.0));
+}
+
+TEST(AccelerationDamage, AnyBytesGiveARecord) {
+  std::mt19937 random(7);
+  for (int nRun = 0; nRun < 500; ++nRun) {
+    std::string strText;
+    for (unsigned i = random() % 60; i > 0; --i) strText += "0123456789+-.eE \n\tnaifx\xe5"[random() % 24];
+    EXPECT_LE(ReadText(strText, 1.0).size(), strText.size());
+  }
+}
+
+}  // namespace
+}  // namespace skyframe

@@ -1,0 +1,289 @@
+// Impulse load text: exact composition, tokens, block parsing, and damaged texts.
+
+#include <chrono>
+#include <cmath>
+#include <limits>
+#include <random>
+
+#include "HostModel.h"
+#include "TestPlatform.h"
+#include "skyframe/history/ImpulseScript.h"
+
+namespace skyframe {
+namespace {
+
+// --- composing
+
+TEST(ImpulseCompose, StepCountTruncatesAsTheArithmeticGivesIt) {
+  constexpr double c_dNaN = std::numeric_limits<double>::quiet_NaN();
+  const struct {
+    double dTime, dStep;
+    int nCount;
+  } cases[] = {{0.05, 0.01, 5},  {0.049, 0.01, 4}, {0.3, 0.1, 2},  {0.05, 0.02, 2},
+               {0.009, 0.01, 0}, {1.0, 0.0, 0},    {1.0, -0.1, 0}, {-1.0, 0.1, 0},
+               {c_dNaN, 0.1, 0}, {1.0, c_dNaN, 0}, {0.0, 0.0, 0},  {1e300, 1e-9, 2147483647}};
+  for (const auto& c : cases) EXPECT_EQ(CountSteps(c.dTime, c.dStep), c.nCount) << c.dTime << " / " << c.dStep;
+}
+
+TEST(ImpulseCompose, ExactText) {
+  const std::vector<ImpulseEntry> two = {{7, 0, 12.5}, {12, 2, -3.0}};
+  const std::vector<ImpulseEntry> one = {{1, 1, 10.0}};
+  const struct {
+    const char* strName;
+    std::vector<ImpulseEntry> entries;
+    int nShape;
+    double dTime, dStep;
+    std::string strText;
+  } cases[] = {
+      {"rectangle", two, 1, 0.02, 0.01,
+       "/IMPULSELOAD/\r\n"
+       "   7   12.500   0.000   0.000\r\n   12   0.000   0.000   -3.000\r\n##\r\n"
+       "   7   12.500   0.000   0.000\r\n   12   0.000   0.000   -3.000\r\n##\r\n/END/"},
+      {"triangle", one, 0, 0.05, 0.02,
+       "/IMPULSELOAD/\r\n"
+       "   1   0.000   5.000   0.000\r\n##\r\n   1   0.000   10.000   0.000\r\n##\r\n"
+       "   1   0.000   5.000   0.000\r\n##\r\n   1   0.000   0.000   0.000\r\n##\r\n/END/"},
+      {"negative fall",
+       {{3, 0, -1.0}},
+       0,
+       0.01,
+       0.01,
+       "/IMPULSELOAD/\r\n   3   -1.000   0.000   0.000\r\n##\r\n   3   -0.000   0.000   0.000\r\n##\r\n/END/"},
+      {"unloads within a step", one, 1, 0.005, 0.01, "/IMPULSELOAD/\r\n/END/"},
+      {"no step", one, 0, 1.0, 0.0, "/IMPULSELOAD/\r\n/END/"},
+      {"unknown shape", one, 2, 1.0, 0.1, "/IMPULSELOAD/\r\n"},
+      {"empty list", {}, 1, 0.1, 0.1, "/IMPULSELOAD/\r\n##\r\n/END/"},
+      {"direction out of range",
+       {{1, 3, 5.0}},
+       1,
+       0.1,
+       0.1,
+       "/IMPULSELOAD/\r\n   1   0.000   0.000   0.000\r\n##\r\n/END/"},
+  };
+  for (const auto& c : cases) {
+    EXPECT_EQ(ComposeImpulseScript(c.entries, c.nShape, c.dTime, c.dStep), c.strText) << c.strName;
+  }
+}
+
+TEST(ImpulseCompose, TriangleOfFiveStepsReadsBackItsFactors) {
+  const std::string strText = ComposeImpulseScript(std::vector<ImpulseEntry>{{4, 0, 1.0}}, 0, 0.05, 0.01);
+  CImpulseScript script(strText);
+  ASSERT_TRUE(script.FindBlocks());
+  CLoadCase loadCase;
+  for (const double dFactor : {0.2, 0.4, 0.6, 0.8, 1.0, 0.8, 0.6, 0.4, 0.2, 0.0}) {
+    ASSERT_FALSE(script.IsUsedUp());
+    script.ReadBlock(loadCase);
+    EXPECT_NEAR(loadCase.m_records.at(0).m_dValue, 1000.0 * dFactor, 1e-9);
+    EXPECT_EQ(loadCase.m_records[0].m_nNode, 3);
+  }
+  EXPECT_TRUE(script.IsUsedUp());
+}
+
+TEST(ImpulseCompose, SavedAsItIs) {
+  test::CTestPlatform platform;
+  const test::CJobFolder folder("impulse");
+  ASSERT_TRUE(SaveImpulseScript(folder.GetJobPath(), "/IMPULSELOAD/\r\n/END/"));
+  EXPECT_EQ(folder.Read("_Loadinputtest.txt"), "/IMPULSELOAD/\r\n/END/");
+}
+
+// --- tokens
+
+TEST(ImpulseTokens, Integers) {
+  const struct {
+    std::string strText;
+    int nValue;
+    std::size_t nPos;
+  } cases[] = {{"12 ", 12, 2},
+               {"node 7,", 7, 6},
+               {"+5", 5, 2},
+               {"-3x", -3, 2},
+               {".5", 0, 0},
+               {" .", 0, 1},
+               {"12.5", 12, 2},
+               {"1-2", 1, 3},
+               {"+-3", 0, 3},
+               {"--", 0, 2},
+               {"", -1, 0},
+               {"abc", -1, 3},
+               {",/", -1, 2},
+               {"99999999999", 2147483647, 11},
+               {"-99999999999", -2147483647, 12},
+               {"-2147483648", -2147483647, 11}};
+  for (const auto& c : cases) {
+    std::size_t nPos = 0;
+    EXPECT_EQ(CImpulseScript(c.strText).ReadIntToken(nPos), c.nValue) << c.strText;
+    EXPECT_EQ(nPos, c.nPos) << c.strText;
+  }
+}
+
+TEST(ImpulseTokens, Reals) {
+  constexpr double c_dInfinity = std::numeric_limits<double>::infinity();
+  const std::string strZeros(400, '0');
+  const struct {
+    std::string strText;
+    double dValue;
+  } cases[] = {{".5", 0.5},
+               {"-1.25e2 ", -125.0},
+               {"+2E-1", 0.2},
+               {"1.5-3", 1.5},
+               {"1e", 1.0},
+               {"1e+", 1.0},
+               {".", 0.0},
+               {"+.e5", 0.0},
+               {"+-5", 0.0},
+               {"0x10", 0.0},
+               {"force=3.5kN", 3.5},
+               {"", -1.0},
+               {"nan", -1.0},
+               {"1e999", c_dInfinity},
+               {"-1e999", -c_dInfinity},
+               {"1e-999", 0.0},
+               {"1" + strZeros, c_dInfinity},
+               {"0." + strZeros + "1", 0.0},
+               {"0." + strZeros + "1e99999999999999999999", c_dInfinity},
+               {"1" + strZeros + "e-99999999999999999999", 0.0}};
+  for (const auto& c : cases) {
+    std::size_t nPos = 0;
+    EXPECT_EQ(CImpulseScript(c.strText).ReadRealToken(nPos), c.dValue) << c.strText;
+    EXPECT_LE(nPos, c.strText.size());
+  }
+}
+
+TEST(ImpulseTokens, BlockEndIsExactlyTwoSigns) {
+  const struct {
+    std::string strText;
+    bool bEnd;
+    std::size_t nPos;
+  } cases[] = {{"##", true, 2},    {" \r\n##1", true, 5}, {"#", false, 1}, {"###", false, 3},
+               {"\t##", false, 0}, {"  1", false, 2},     {"", false, 0},  {"# #", false, 1}};
+  for (const auto& c : cases) {
+    std::size_t nPos = 0;
+    EXPECT_EQ(CImpulseScript(c.strText).IsBlockEnd(nPos), c.bEnd) << c.strText;
+    EXPECT_EQ(nPos, c.nPos) << c.strText;
+  }
+}
+
+TEST(ImpulseTokens, TagsAreFoundOnceAndInOrder) {
+  CImpulseScript script("ab/END/cd/END/");
+  EXPECT_EQ(script.FindTag("/END/"), 7);
+  EXPECT_EQ(script.FindTag("/X/"), -1);
+  EXPECT_EQ(script.GetError(), "Can not find the data: /X/");
+  const struct {
+    const char* strText;
+    bool bFound;
+  } cases[] = {{"/IMPULSELOAD//END/", true},
+               {"x /IMPULSELOAD/ y /END/ z", true},
+               {"/IMPULSELOAD/", false},
+               {"/END/", false},
+               {"/END/ /IMPULSELOAD/", false},
+               {"", false},
+               {"/END/ /IMPULSELOAD/ /END/", false}};
+  for (const auto& c : cases) EXPECT_EQ(CImpulseScript(c.strText).FindBlocks(), c.bFound) << c.strText;
+}
+
+// --- blocks
+
+/// node direction value of every record, 0-based nodes.
+std::string Describe(const CLoadCase& loadCase) {
+  std::ostringstream strm;
+  for (const CNodalLoad& load : loadCase.m_records) {
+    strm << load.m_nNode << '/' << load.m_nDirection << '/' << load.m_dValue << ' ';
+  }
+  return strm.str();
+}
+
+TEST(ImpulseBlocks, RecordPattern) {
+  const struct {
+    const char* strName;
+    const char* strText;
+    std::vector<const char*> blocks;
+  } cases[] = {
+      {"one line", "1 1 2 3 ##", {"0/0/1000 0/1/2000 0/2/3000 "}},
+      // Only the last line's Z force acts; the last appended record stays zero.
+      {"two lines", "1 0 0 5 2 0 0 7 ##", {"0/0/0 0/1/0 1/0/0 1/1/0 1/2/7000 0/0/0 "}},
+      {"fewer lines than before",
+       "1 1 1 1 2 2 2 2 ## 3 3 3 3 ##",
+       {"0/0/1000 0/1/1000 1/0/2000 1/1/2000 1/2/2000 0/0/0 ", "2/0/3000 2/1/3000 2/2/3000 0/0/0 0/0/0 0/0/0 "}},
+      {"more lines than before",
+       "1 1 1 1 ## 2 2 2 2 3 3 3 3 4 4 4 4 ##",
+       {"0/0/1000 0/1/1000 0/2/1000 ", "1/0/2000 1/1/2000 2/0/3000 2/1/3000 3/0/4000 3/1/4000 3/2/4000 "}},
+      {"empty block after a full one",
+       "1 1 1 1 ## ## 1 2 2 2 ##",
+       {"0/0/1000 0/1/1000 0/2/1000 ", "0/0/0 0/0/0 0/0/0 ", "0/0/2000 0/1/2000 0/2/2000 "}},
+      {"the last Z force acts in every block",
+       "1 0 0 1 ## 1 0 0 2 ## 1 0 0 3 ##",
+       {"0/0/0 0/1/0 0/2/1000 ", "0/0/0 0/1/0 0/2/2000 ", "0/0/0 0/1/0 0/2/3000 "}},
+      {"line cut by the end of the text", "2 4.5", {"1/0/4500 1/1/-1000 1/2/-1000 "}},
+      {"three signs end nothing", "1 1 1 1 ### 2 2 2 2 ##", {"0/0/1000 0/1/1000 1/0/2000 1/1/2000 1/2/2000 0/0/0 "}},
+  };
+  for (const auto& c : cases) {
+    CImpulseScript script(c.strText);
+    CLoadCase loadCase;
+    for (const char* strBlock : c.blocks) {
+      script.ReadBlock(loadCase);
+      EXPECT_EQ(Describe(loadCase), strBlock) << c.strName;
+    }
+  }
+}
+
+TEST(ImpulseBlocks, EndTagEndsTheBlock) {
+  const struct {
+    const char* strText;
+    const char* strRecords;
+  } cases[] = {{"/IMPULSELOAD/ 1 1 1 1 /END/ 5 5 5 5", "0/0/1000 0/1/1000 0/2/1000 "},
+               {"/IMPULSELOAD/ 1 1 1 1\t\tword\r\n/END/", "0/0/1000 0/1/1000 0/2/1000 "},
+               {"/IMPULSELOAD/    /END/", ""}};
+  for (const auto& c : cases) {
+    CImpulseScript script(c.strText);
+    ASSERT_TRUE(script.FindBlocks());
+    CLoadCase loadCase;
+    script.ReadBlock(loadCase);
+    EXPECT_EQ(Describe(loadCase), c.strRecords) << c.strText;
+    EXPECT_TRUE(script.IsUsedUp());
+  }
+}
+
+// --- damaged texts
+
+/// Reads at most nLimit blocks; returns how many there were.
+int ReadAll(const std::string& strText, int nLimit) {
+  CImpulseScript script(strText);
+  if (!script.FindBlocks()) return -1;
+  CLoadCase loadCase;
+  int nBlocks = 0;
+  while (!script.IsUsedUp() && nBlocks < nLimit) {
+    script.ReadBlock(loadCase);
+    ++nBlocks;
+  }
+  return nBlocks;
+}
+
+TEST(ImpulseDamage, EveryBlockMovesOn) {
+  std::mt19937 random(20260101);
+  const std::string strAlphabet = "0123456789+-.,/#eE \r\n\tx\xff";
+  for (int nRun = 0; nRun < 2000; ++nRun) {
+    std::string strBody;
+    for (unsigned i = random() % 80; i > 0; --i) strBody += strAlphabet[random() % strAlphabet.size()];
+    const std::string strText = "/IMPULSELOAD/" + strBody + "/END/" + strBody;
+    EXPECT_LE(ReadAll(strText, 200), static_cast<int>(strBody.size()) + 1) << strText;
+  }
+}
+
+TEST(ImpulseDamage, MillionBlocksAreFast) {
+  std::string strText = "/IMPULSELOAD/\r\n";
+  for (int i = 0; i < 1000000; ++i) strText += "   1   1.000   0.000   0.000\r\n##\r\n";
+  strText += "/END/";
+  const auto start = std::chrono::steady_clock::now();
+  EXPECT_EQ(ReadAll(strText, 2000000), 1000000);
+  EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(10));
+}
+
+TEST(ImpulseDamage, ManyLinesWithoutEndStayLinear) {
+  std::string strText = "/IMPULSELOAD/";
+  for (int i = 0; i < 200000; ++i) strText += "1 1 1 1 # ### \t";
+  EXPECT_EQ(ReadAll(strText + "/END/", 10), 1);
+  EXPECT_EQ(ReadAll("/IMPULSELOAD/" + std::string(1000000, '#') + "/END/", 10), 1);
+}
+
+}  // namespace
+}  // namespace skyframe
