@@ -46,7 +46,8 @@ CMainWindow::CMainWindow(const QString& strSettingsFile)
       m_shapeBar(this),
       m_consoleDock(this),
       m_decoder(QStringDecoder::Utf8),
-      m_resultDock(this) {
+      m_resultDock(this),
+      m_recentMenu(this) {
   setObjectName(QStringLiteral("main"));
   setWindowTitle(ToQt(texts::c_strProgram));
   setCentralWidget(&m_view);

@@ -53,6 +53,7 @@ void CQtPaintContext::DrawText(PaintPoint at, std::string_view strText, Horizont
 QPen CQtPaintContext::FormPen() const {
   QPen pen(ToQt(GetState().pen), GetState().dPenWidth);
   pen.setJoinStyle(Qt::MiterJoin);
+  pen.setCosmetic(true);  // lines stay sharp where the painter enlarges
   return pen;
 }
 

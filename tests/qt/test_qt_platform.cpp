@@ -1,0 +1,263 @@
+// The platform's other services: messages, wait cursor, console, progress, clock, painting, timers.
+
+#include <gtest/gtest.h>
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QCloseEvent>
+#include <QImage>
+#include <QMessageBox>
+#include <QProgressBar>
+#include <QTest>
+#include <ctime>
+#include <stdexcept>
+
+#include "QtPerson.h"
+#include "skyframe/qt/QtPaintContext.h"
+
+namespace skyframe::test {
+namespace {
+
+constexpr ControlTemplate c_probeControls[] = {
+    {10, ControlKind::Button, "Fish & chips", {5, 5, 80, 14}, c_nStyleGroup, {}},
+    {11, ControlKind::Button, "Wrong", {5, 25, 80, 14}, c_nStyleGroup, {}},
+    {12, ControlKind::ListBox, {}, {5, 45, 80, 40}, c_nStyleGroup | c_nStyleSorted, {}},
+    {c_nIdOk, ControlKind::DefaultButton, "OK", {5, 90, 50, 14}, c_nStyleGroup, {}},
+};
+constexpr DialogTemplate c_probeTemplate{77, "Probe", 100, 110, c_probeControls};
+
+/// A dialog with a button for everything that has no place in the module's own dialogs.
+class CProbeDlg : public CDialog {
+ public:
+  CProbeDlg() : CDialog(c_probeTemplate) {
+    On(10, DialogEvent::Clicked, [] { skyframe::GetPlatform().ShowMessage("fish"); });
+    On(11, DialogEvent::Clicked, [] { throw std::runtime_error("wrong"); });
+    On(12, DialogEvent::SelectionChanged, [this] { ++m_nSelections; });
+  }
+  int m_nSelections = 0;
+  int m_nTicks = 0;
+  bool m_bEndAtOnce = false;
+
+  using CDialog::View;
+
+ protected:
+  bool OnInitDialog() override {
+    if (m_bEndAtOnce) EndDialog(c_nIdOk);
+    View().StartTimer(3, 10);
+    for (const char* strItem : {"b", "c", "a", "b"}) View().AddItem(12, strItem);
+    return CDialog::OnInitDialog();
+  }
+  void OnTimer(int nTimer) override {
+    m_nTicks += nTimer == 3 ? 1 : 1000;
+    if (m_nTicks == 3) View().StopTimer(3);
+  }
+  void DoDataExchange(CDataExchange&) override {}
+};
+
+TEST(QtMessages, OneOkButtonAndTheWholeText) {
+  CQtPerson person;
+  person.Watch([] { GetPlatform().ShowMessage("在给定的迭代步内计算不收敛！\n<b>&amp;"); });
+  EXPECT_EQ(person.GetMessages(), std::vector<std::string>{"在给定的迭代步内计算不收敛！\n<b>&amp;"});
+  EXPECT_TRUE(person.GetScriptErrors().empty());
+}
+
+TEST(QtMessages, StandOnTheDialogThatShowsThem) {
+  CQtPerson person;
+  CProbeDlg dialog;
+  int nFocus = -1;
+  person.AddScript(77, {DialogStep::Click(10), DialogStep::Inspect([&](const IDialogView& view) {
+                          nFocus = view.GetFocus();
+                          EXPECT_EQ(view.GetText(10), "Fish & chips");
+                        }),
+                        DialogStep::Ok()});
+  person.Watch([&] { EXPECT_EQ(dialog.DoModal(), c_nIdOk); });
+  EXPECT_EQ(person.GetMessages(), std::vector<std::string>{"fish"});
+  EXPECT_EQ(nFocus, 10) << "the focus is back where it was";
+}
+
+TEST(QtDialogs, ExceptionOfAHandlerLeavesThroughDoModal) {
+  CQtPerson person;
+  CProbeDlg dialog;
+  person.AddScript(77, {DialogStep::Click(11)});
+  person.Watch([&] { EXPECT_THROW(dialog.DoModal(), std::runtime_error); });
+}
+
+TEST(QtDialogs, TimerTicksUntilStopped) {
+  CQtPerson person;
+  CProbeDlg dialog;
+  person.AddScript(77, {DialogStep::Wait(120), DialogStep::Ok()});
+  person.Watch([&] { dialog.DoModal(); });
+  EXPECT_EQ(dialog.m_nTicks, 3);
+}
+
+TEST(QtDialogs, EndedWhileOpening) {
+  CQtPerson person;
+  CProbeDlg dialog;
+  dialog.m_bEndAtOnce = true;
+  person.Watch([&] { EXPECT_EQ(dialog.DoModal(), c_nIdOk); });
+}
+
+TEST(QtDialogs, ListChangesByTheProgramRaiseNoEvent) {
+  CProbeDlg dialog;
+  CDialogWindow window(dialog);
+  window.Open();
+  window.Select(12, 1, true);
+  window.Select(12, 2, true);
+  EXPECT_FALSE(window.IsSelected(12, 1)) << "single selection";
+  window.SetCurrent(12, 0);
+  window.InsertItem(12, 0, "z");
+  EXPECT_EQ(window.GetCurrent(12), 1) << "the current item moved down";
+  window.DeleteItem(12, 1);
+  EXPECT_EQ(window.GetCurrent(12), -1);
+  EXPECT_EQ(window.AddItem(12, "bb"), 0) << "before the first greater one, which InsertItem put there";
+  window.SetText(4711, "nothing");
+  EXPECT_EQ(window.GetText(4711), "");
+  EXPECT_EQ(dialog.m_nSelections, 0);
+}
+
+TEST(QtWaitCursor, NestsAndRestsBehindWindows) {
+  CQtPerson person;
+  IPlatform& platform = GetPlatform();
+  platform.EnterModule();
+  platform.BeginWaitCursor();
+  platform.BeginWaitCursor();
+  ASSERT_NE(QApplication::overrideCursor(), nullptr);
+  bool bWaitingInDialog = true;
+  person.AddScript(
+      77,
+      {DialogStep::Inspect([&](const IDialogView&) { bWaitingInDialog = QApplication::overrideCursor() != nullptr; }),
+       DialogStep::Ok()});
+  CProbeDlg dialog;
+  person.Watch([&] { dialog.DoModal(); });
+  EXPECT_FALSE(bWaitingInDialog);
+  EXPECT_NE(QApplication::overrideCursor(), nullptr);
+  platform.EndWaitCursor();
+  EXPECT_NE(QApplication::overrideCursor(), nullptr);
+  platform.LeaveModule();
+  EXPECT_EQ(QApplication::overrideCursor(), nullptr) << "LeaveModule ends the requests still open";
+  platform.EndWaitCursor();
+  EXPECT_EQ(QApplication::overrideCursor(), nullptr);
+}
+
+TEST(QtConsole, WholeLinesAndNothingLost) {
+  std::vector<std::string> pieces;
+  std::string strExpected;
+  {
+    CQtPlatform platform;
+    platform.SetConsoleSink([&pieces](std::string_view strText) { pieces.emplace_back(strText); });
+    for (int n = 0; n < 5000; ++n) {
+      platform.GetConsole() << "第" << n << "行\n";
+      strExpected += "第" + std::to_string(n) + "行\n";
+    }
+    EXPECT_GT(pieces.size(), 2U) << "handed on while it grows";
+    for (const std::string& strPiece : pieces) EXPECT_EQ(strPiece.back(), '\n');
+    platform.GetConsole() << "half" << std::flush << " a line";
+    EXPECT_TRUE(pieces.back().ends_with("half"));
+    const std::string strLong(20000, 'x');
+    platform.GetConsole() << strLong;
+    strExpected += "half a line" + strLong;
+  }
+  std::string strGot;
+  for (const std::string& strPiece : pieces) strGot += strPiece;
+  EXPECT_EQ(strGot, strExpected);
+}
+
+QWidget* FindProgress() {
+  for (QWidget* const pWidget : QApplication::topLevelWidgets()) {
+    if (pWidget->objectName() == QStringLiteral("progress") && pWidget->isVisible()) return pWidget;
+  }
+  return nullptr;
+}
+
+TEST(QtProgress, ShownForLongStepsOnlyAndWithoutButtons) {
+  CQtPlatform platform;
+  platform.SetProgressDelay(std::chrono::milliseconds(60));
+  platform.EnterModule();
+  for (int n = 0; n < 10; ++n) platform.ReportProgress(0.1 * n, "short");
+  EXPECT_EQ(FindProgress(), nullptr);
+  platform.ReportProgress(1.0, "short");
+  platform.ReportProgress(0.1, "长");
+  QTest::qSleep(100);
+  platform.ReportProgress(0.5, "长");
+  QWidget* const pProgress = FindProgress();
+  ASSERT_NE(pProgress, nullptr);
+  EXPECT_EQ(pProgress->findChild<QProgressBar*>()->value(), 500);
+  EXPECT_TRUE(pProgress->findChildren<QAbstractButton*>().isEmpty());
+  QTest::keyClick(pProgress, Qt::Key_Escape);
+  pProgress->close();
+  EXPECT_NE(FindProgress(), nullptr) << "it cannot be closed";
+  platform.ReportProgress(0.2, "next step");
+  QTest::qSleep(20);
+  platform.LeaveModule();
+  EXPECT_EQ(FindProgress(), nullptr);
+}
+
+TEST(QtClock, IsTheSystemsLocalTime) {
+  CQtPlatform platform;
+  const std::time_t before = std::time(nullptr);
+  const LocalTime t = platform.GetLocalTime();
+  std::tm local{};
+  local.tm_year = t.nYear - 1900;
+  local.tm_mon = t.nMonth - 1;
+  local.tm_mday = t.nDay;
+  local.tm_hour = t.nHour;
+  local.tm_min = t.nMinute;
+  local.tm_sec = t.nSecond;
+  local.tm_isdst = -1;
+  EXPECT_NEAR(std::difftime(std::mktime(&local), before), 1.0, 2.0);
+}
+
+TEST(QtPainting, PixelsStandWhereTheyAreAskedFor) {
+  QImage image(60, 40, QImage::Format_RGB32);
+  image.fill(Qt::white);
+  QPainter painter(&image);
+  CQtPaintContext paint(painter);
+  paint.SetPen({255, 0, 0});
+  paint.SetBrush({0, 0, 255});
+  paint.Rectangle(10, 5, 20, 10);
+  paint.SetPen({0, 128, 0});
+  paint.Line(40, 20, 50, 20);
+  paint.Line(0, 0, 1.0 / 0.0, 0);
+  painter.end();
+  const auto pixel = [&image](int nX, int nY) { return image.pixelColor(nX, nY).name().toStdString(); };
+  for (const auto& [nX, nY] : {std::pair{10, 5}, {30, 5}, {30, 15}, {10, 15}, {20, 5}}) {
+    EXPECT_EQ(pixel(nX, nY), "#ff0000") << nX << ' ' << nY;
+  }
+  for (const auto& [nX, nY] : {std::pair{11, 6}, {29, 14}}) EXPECT_EQ(pixel(nX, nY), "#0000ff") << nX << ' ' << nY;
+  for (const auto& [nX, nY] : {std::pair{9, 5}, {31, 5}, {20, 16}, {39, 20}, {45, 19}, {45, 21}, {0, 0}}) {
+    EXPECT_EQ(pixel(nX, nY), "#ffffff") << nX << ' ' << nY;
+  }
+  for (const auto& [nX, nY] : {std::pair{40, 20}, {50, 20}}) EXPECT_EQ(pixel(nX, nY), "#008000") << nX << ' ' << nY;
+}
+
+/// Bounding box of everything that is not white.
+QRect GetInk(HorizontalAlign horizontal, VerticalAlign vertical) {
+  QImage image(200, 100, QImage::Format_RGB32);
+  image.fill(Qt::white);
+  QPainter painter(&image);
+  CQtPaintContext paint(painter);
+  paint.SetTextHeight(20.0);
+  paint.Text(100, 50, "静力", horizontal, vertical);
+  painter.end();
+  QRect ink;
+  for (int nY = 0; nY < image.height(); ++nY) {
+    for (int nX = 0; nX < image.width(); ++nX) {
+      if (image.pixelColor(nX, nY).lightness() < 128) ink = ink.united({nX, nY, 1, 1});
+    }
+  }
+  return ink;
+}
+
+TEST(QtPainting, TextKeepsToItsPosition) {
+  EXPECT_GE(GetInk(HorizontalAlign::Left, VerticalAlign::Top).left(), 100);
+  EXPECT_LE(GetInk(HorizontalAlign::Right, VerticalAlign::Top).right(), 100);
+  EXPECT_NEAR(GetInk(HorizontalAlign::Centre, VerticalAlign::Top).center().x(), 100, 2);
+  EXPECT_GE(GetInk(HorizontalAlign::Left, VerticalAlign::Top).top(), 50);
+  EXPECT_LE(GetInk(HorizontalAlign::Left, VerticalAlign::Bottom).bottom(), 50);
+  EXPECT_NEAR(GetInk(HorizontalAlign::Left, VerticalAlign::Middle).center().y(), 50, 3);
+  EXPECT_NEAR(GetInk(HorizontalAlign::Left, VerticalAlign::Baseline).bottom(), 50, 4);
+  EXPECT_NEAR(GetInk(HorizontalAlign::Left, VerticalAlign::Top).height(), 20, 4) << "height of the letters";
+}
+
+}  // namespace
+}  // namespace skyframe::test
