@@ -33,7 +33,7 @@ CErrorDialog::CErrorDialog(const QString& strFile, const std::vector<host::JobPr
   m_layout.addWidget(&m_list);
   m_layout.addWidget(&m_consequence);
   m_layout.addWidget(&m_buttons);
-  resize(fontMetrics().averageCharWidth() * 100, fontMetrics().height() * 20);
+  resize(fontMetrics().height() * 40, fontMetrics().height() * 18);
 }
 
 }  // namespace skyframe::gui

@@ -25,6 +25,7 @@ constexpr qsizetype c_nMostRecent = 8;
 constexpr int c_nAmplitudeSteps = 100;
 constexpr double c_dLargestAmplitude = 0.5;  // parts of the structure's radius
 constexpr int c_nUsualAmplitude = 25;
+constexpr int c_nSliderWidth = 180;
 constexpr std::array<int, 3> c_nFontPercents = {100, 125, 150};
 
 const QString c_strRecentKey = QStringLiteral("recent");
@@ -192,7 +193,7 @@ void CMainWindow::MakeShapeBar() {
   m_amplitude.setToolTip(ToQt(texts::c_strAmplitudeTip));
   m_amplitude.setOrientation(Qt::Horizontal);
   m_amplitude.setRange(0, c_nAmplitudeSteps);
-  m_amplitude.setFixedWidth(180);
+  m_amplitude.setFixedWidth(c_nSliderWidth);
   m_animate.setObjectName(QStringLiteral("animate"));
   m_animate.setText(ToQt(texts::c_strAnimate));
   m_animate.setToolTip(ToQt(texts::c_strAnimateTip));
@@ -201,6 +202,7 @@ void CMainWindow::MakeShapeBar() {
                                  static_cast<QWidget*>(&m_animate)}) {
     m_shapeBar.addWidget(pWidget);
   }
+  m_animate.setStyleSheet(QStringLiteral("margin-left: 12px"));
   addToolBar(&m_shapeBar);
   connect(&m_shapeList, &QComboBox::currentIndexChanged, this, [this] { ShowShape(); });
   connect(&m_amplitude, &QSlider::valueChanged, this,
@@ -229,7 +231,11 @@ void CMainWindow::MakeDocks() {
 
 void CMainWindow::SetFontScale(double dScale) {
   m_platform.SetFontScale(dScale);
-  QApplication::setFont(FormDialogFont(dScale));
+  const QFont font = FormDialogFont(dScale);
+  QApplication::setFont(font);
+  m_consoleDock.setFont(font);  // the style gives docks a font of their own
+  m_resultDock.setFont(font);
+  m_results.SetTextSize(font.pointSizeF());
 }
 
 void CMainWindow::OnOpen() {

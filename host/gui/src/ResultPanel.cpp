@@ -22,7 +22,6 @@ CResultPanel::CResultPanel(QWidget* pParent) : QSplitter(Qt::Vertical, pParent) 
   m_text.setObjectName(QStringLiteral("text"));
   m_text.setReadOnly(true);
   m_text.setLineWrapMode(QPlainTextEdit::NoWrap);
-  m_text.setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
   addWidget(&m_list);
   addWidget(&m_text);
   setStretchFactor(0, 1);
@@ -50,6 +49,12 @@ void CResultPanel::Refresh() {
     m_list.addItem(strName);
     if (strName == strChosen) m_list.setCurrentRow(m_list.count() - 1);
   }
+}
+
+void CResultPanel::SetTextSize(double dPoints) {
+  QFont font = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+  font.setPointSizeF(dPoints);
+  m_text.setFont(font);
 }
 
 void CResultPanel::ShowFile() {

@@ -16,6 +16,8 @@ class CResultPanel : public QSplitter {
   void SetJobPath(const std::string& strJobPath);
   /// Looks at the directory again and keeps the choice.
   void Refresh();
+  /// Of the file's text, in points.
+  void SetTextSize(double dPoints);
 
  private:
   void ShowFile();
