@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <type_traits>
 #include <utility>
 
 #include "Simd.h"
@@ -15,136 +16,304 @@ template <class Simd>
 constexpr int c_nWidth = 2 * Simd::c_nLanes;
 
 using GroupRows = std::make_integer_sequence<int, c_nGroup>;
-using PartialSums = std::make_integer_sequence<int, 4>;
 
 template <class Simd>
 [[gnu::always_inline]] inline double* Row(const Panel& panel, int r) {
   return panel.rows + static_cast<std::ptrdiff_t>(r - panel.nBase) * c_nWidth<Simd>;
 }
 
-/// The 6 x 6 triangle: row a takes the finished rows b < a of its own group.
-template <class Simd, int a, int... b>
-[[gnu::always_inline]] inline void ReduceRow(const ColumnGroup& group, typename Simd::Vec (&acc)[c_nGroup][2],
-                                             std::integer_sequence<int, b...>) {
-  ((acc[a][0] -= acc[b][0] * group.triangle[a][b], acc[a][1] -= acc[b][1] * group.triangle[a][b]), ...);
+/// Six rows of a panel in registers.
+template <class Simd>
+struct Accumulators {
+  typename Simd::Vec v[c_nGroup][2];
+};
+
+/// Rows that are not in use repeat the last one; they are loaded and not stored.
+template <class Simd, int... a>
+[[gnu::always_inline]] inline void LoadRows(Accumulators<Simd>& acc, double* const* rows,
+                                            std::integer_sequence<int, a...>) {
+  ((Load<Simd>(acc.v[a][0], rows[a]), Load<Simd>(acc.v[a][1], rows[a] + Simd::c_nLanes)), ...);
+}
+template <class Simd, int... a>
+[[gnu::always_inline]] inline void StoreRows(const Accumulators<Simd>& acc, double* const* rows, int nRows,
+                                             std::integer_sequence<int, a...>) {
+  ((a < nRows ? (Store<Simd>(rows[a], acc.v[a][0]), Store<Simd>(rows[a] + Simd::c_nLanes, acc.v[a][1])) : void()), ...);
 }
 
-/// Six rows of a panel against six columns over nBegin <= k < nEnd; the accumulators stay in registers.
-template <class Simd, bool bTriangle, int... a>
-[[gnu::always_inline]] inline void UpdateTile(const ColumnGroup& group, const Panel& panel, int nBegin, int nEnd,
-                                              std::integer_sequence<int, a...>) {
-  constexpr int nLanes = Simd::c_nLanes, nWidth = c_nWidth<Simd>;
-  double* const rows = Row<Simd>(panel, group.nFirst);
-  const double* const columns[] = {group.columns[a]...};
-  typename Simd::Vec acc[c_nGroup][2];
-  // Unused rows repeat the last one in use and are not stored.
-  const int nLast = group.nRows - 1;
-  ((Load<Simd>(acc[a][0], rows + std::min(a, nLast) * nWidth),
-    Load<Simd>(acc[a][1], rows + std::min(a, nLast) * nWidth + nLanes)),
-   ...);
-  double* x = Row<Simd>(panel, nBegin);
-  for (std::ptrdiff_t k = nBegin; k < nEnd; ++k, x += nWidth) {
+/// acc(a) -= sum over nBegin <= k < nEnd of columns[a][k] g(k); x is row nBegin of the panel.
+template <class Simd, int... a>
+[[gnu::always_inline]] inline void SubtractProducts(Accumulators<Simd>& acc, const double* const* pColumns,
+                                                    const double* x, std::ptrdiff_t nBegin, std::ptrdiff_t nEnd,
+                                                    std::integer_sequence<int, a...>) {
+  const double* const columns[] = {pColumns[a]...};
+  for (std::ptrdiff_t k = nBegin; k < nEnd; ++k, x += c_nWidth<Simd>) {
     typename Simd::Vec x0, x1;
     Load<Simd>(x0, x);
-    Load<Simd>(x1, x + nLanes);
-    ((acc[a][0] -= x0 * columns[a][k], acc[a][1] -= x1 * columns[a][k]), ...);
+    Load<Simd>(x1, x + Simd::c_nLanes);
+    ((acc.v[a][0] -= x0 * columns[a][k], acc.v[a][1] -= x1 * columns[a][k]), ...);
   }
-  if constexpr (bTriangle) (ReduceRow<Simd, a>(group, acc, std::make_integer_sequence<int, a>()), ...);
-  ((a <= nLast ? (Store<Simd>(rows + a * nWidth, acc[a][0]), Store<Simd>(rows + a * nWidth + nLanes, acc[a][1]))
-               : void()),
-   ...);
 }
 
-/// One row of a panel against its column over nBegin <= k < nEnd, four partial sums.
-template <class Simd, int... u>
-[[gnu::always_inline]] inline void UpdateRow(const double* column, double* row, const Panel& panel, int nBegin,
-                                             int nEnd, std::integer_sequence<int, u...>) {
-  constexpr int nLanes = Simd::c_nLanes, nWidth = c_nWidth<Simd>, nStep = sizeof...(u);
-  typename Simd::Vec acc[nStep][2] = {}, x[2], rest[2];
-  const double* xk = Row<Simd>(panel, nBegin);
-  std::ptrdiff_t k = nBegin;
-  for (; k + nStep <= nEnd; k += nStep, xk += nStep * nWidth) {
-    ((Load<Simd>(x[0], xk + u * nWidth), Load<Simd>(x[1], xk + u * nWidth + nLanes), acc[u][0] += x[0] * column[k + u],
-      acc[u][1] += x[1] * column[k + u]),
-     ...);
-  }
-  Load<Simd>(rest[0], row);
-  Load<Simd>(rest[1], row + nLanes);
-  for (; k < nEnd; ++k, xk += nWidth) {
-    Load<Simd>(x[0], xk);
-    Load<Simd>(x[1], xk + nLanes);
-    rest[0] -= x[0] * column[k];
-    rest[1] -= x[1] * column[k];
-  }
-  ((rest[0] -= acc[u][0], rest[1] -= acc[u][1]), ...);
-  Store<Simd>(row, rest[0]);
-  Store<Simd>(row + nLanes, rest[1]);
-}
-
-/// The rows above the common top of a group: each column as far up as it goes.
 template <class Simd>
-[[gnu::always_inline]] inline void UpdateRaggedTop(const ColumnGroup& group, const Panel& panel, int nBegin, int nEnd) {
-  for (int a = 0; a < group.nRows; ++a) {
-    const auto u = static_cast<std::size_t>(a);
-    const int nFirst = std::max(nBegin, group.nTop[u]);
-    if (nFirst >= nEnd) continue;
-    UpdateRow<Simd>(group.columns[u], Row<Simd>(panel, group.nFirst + a), panel, nFirst, nEnd, PartialSums());
-  }
-}
-
-template <class Simd, bool bTriangle>
 [[gnu::always_inline]] inline void UpdateGroup(const ColumnGroup& group, const Panel& panel, int nBegin, int nEnd) {
+  double* rows[c_nGroup];
+  for (std::size_t a = 0; a < c_nGroup; ++a) rows[a] = Row<Simd>(panel, group.rows[a]);
+  const int nHead = std::max(nBegin, group.nTop), nHeadEnd = std::min(nEnd, group.nCommonTop);
+  const int nFirst = std::max(nBegin, group.nCommonTop);
+  Accumulators<Simd> acc;
+  LoadRows<Simd>(acc, rows, GroupRows());
+  if (nHead < nHeadEnd) {
+    SubtractProducts<Simd>(acc, group.heads.data(), Row<Simd>(panel, nHead), nHead, nHeadEnd, GroupRows());
+  }
+  if (nFirst < nEnd) {
+    SubtractProducts<Simd>(acc, group.columns.data(), Row<Simd>(panel, nFirst), nFirst, nEnd, GroupRows());
+  }
+  StoreRows<Simd>(acc, rows, group.nRows, GroupRows());
+}
+
+template <class Simd>
+[[gnu::always_inline]] inline void UpdateAll(const RowTile& tile, const Panel& panel, int nBegin, int nEnd) {
   // Rows above the panel's top are zero and stay so.
-  if (group.nFirst + group.nRows <= panel.nTop) return;
-  const int nFrom = std::max(nBegin, panel.nTop);
-  UpdateRaggedTop<Simd>(group, panel, nFrom, std::min(group.nCommonTop, nEnd));
-  const int nFirst = std::max(nFrom, group.nCommonTop);
-  if (bTriangle || nFirst < nEnd) UpdateTile<Simd, bTriangle>(group, panel, std::min(nFirst, nEnd), nEnd, GroupRows());
+  const int nFirst = std::max(nBegin, panel.nTop);
+  for (int g = 0; g < tile.nGroups; ++g) {
+    const ColumnGroup& group = tile.groups[static_cast<std::size_t>(g)];
+    if (group.nLastRow < panel.nTop || std::max(nFirst, group.nTop) >= nEnd) continue;
+    UpdateGroup<Simd>(group, panel, nFirst, nEnd);
+  }
+}
+
+/// Row a of six takes the finished rows b < a; l[a][b] = L(b, a).
+template <class Simd, int a, int... b>
+[[gnu::always_inline]] inline void ReduceRow(Accumulators<Simd>& acc, const double* const* l,
+                                             std::integer_sequence<int, b...>) {
+  ((acc.v[a][0] -= acc.v[b][0] * l[a][b], acc.v[a][1] -= acc.v[b][1] * l[a][b]), ...);
+}
+template <class Simd, int... a>
+[[gnu::always_inline]] inline void ReduceRows(Accumulators<Simd>& acc, const double* const* l,
+                                              std::integer_sequence<int, a...>) {
+  (ReduceRow<Simd, a>(acc, l, std::make_integer_sequence<int, a>()), ...);
+}
+
+/// Rows q .. q + 5 of a tile: those of the panel and those of the triangle.
+template <class Simd>
+struct TriangleRows {
+  int nRows;
+  double* rows[c_nGroup];
+  const double* columns[c_nGroup];
+
+  [[gnu::always_inline]] TriangleRows(const RowTile& tile, const Panel& panel, int q)
+      : nRows(std::min(c_nGroup, tile.nRows - q)) {
+    for (int a = 0; a < c_nGroup; ++a) {
+      rows[a] = Row<Simd>(panel, tile.nFirst + q + std::min(a, nRows - 1));
+      columns[a] = tile.triangle[static_cast<std::size_t>(q + a)].data();
+    }
+  }
+};
+
+template <class Simd>
+[[gnu::always_inline]] inline void FinishAll(const RowTile& tile, const Panel& panel) {
+  const int nSkip = std::max(0, panel.nTop - tile.nFirst);
+  for (int q = nSkip - nSkip % c_nGroup; q < tile.nRows; q += c_nGroup) {
+    const TriangleRows<Simd> t(tile, panel, q);
+    const int nBegin = std::min(nSkip, q);
+    Accumulators<Simd> acc;
+    LoadRows<Simd>(acc, t.rows, GroupRows());
+    SubtractProducts<Simd>(acc, t.columns, Row<Simd>(panel, tile.nFirst + nBegin), nBegin, q, GroupRows());
+    const double* l[c_nGroup];
+    for (int a = 0; a < c_nGroup; ++a) l[a] = t.columns[a] + q;
+    ReduceRows<Simd>(acc, l, GroupRows());
+    StoreRows<Simd>(acc, t.rows, t.nRows, GroupRows());
+  }
+}
+
+/// g(k) -= sum over a of columns[a][k] acc(a), nBegin <= k < nEnd.
+template <class Simd, int... a>
+[[gnu::always_inline]] inline void SubtractFromRows(const Accumulators<Simd>& acc, const double* const* pColumns,
+                                                    double* x, std::ptrdiff_t nBegin, std::ptrdiff_t nEnd,
+                                                    std::integer_sequence<int, a...>) {
+  const double* const columns[] = {pColumns[a]...};
+  for (std::ptrdiff_t k = nBegin; k < nEnd; ++k, x += c_nWidth<Simd>) {
+    typename Simd::Vec x0, x1;
+    Load<Simd>(x0, x);
+    Load<Simd>(x1, x + Simd::c_nLanes);
+    ((x0 -= acc.v[a][0] * columns[a][k], x1 -= acc.v[a][1] * columns[a][k]), ...);
+    Store<Simd>(x, x0);
+    Store<Simd>(x + Simd::c_nLanes, x1);
+  }
+}
+
+/// Rows that are not in use count as zero.
+template <class Simd>
+[[gnu::always_inline]] inline void ClearUnused(Accumulators<Simd>& acc, int nRows) {
+  for (int a = nRows; a < c_nGroup; ++a) acc.v[a][0] = acc.v[a][1] = typename Simd::Vec{};
 }
 
 template <class Simd>
-[[gnu::always_inline]] inline void UpdateAll(const ColumnGroup* groups, int nGroups, const Panel& panel, int nBegin,
-                                             int nEnd) {
-  for (int g = 0; g < nGroups; ++g) UpdateGroup<Simd, false>(groups[g], panel, nBegin, nEnd);
+[[gnu::always_inline]] inline void SubtractAll(const RowTile& tile, const Panel& panel, int nBegin, int nEnd) {
+  for (int g = 0; g < tile.nGroups; ++g) {
+    const ColumnGroup& group = tile.groups[static_cast<std::size_t>(g)];
+    double* rows[c_nGroup];
+    for (std::size_t a = 0; a < c_nGroup; ++a) rows[a] = Row<Simd>(panel, group.rows[a]);
+    Accumulators<Simd> acc;
+    LoadRows<Simd>(acc, rows, GroupRows());
+    ClearUnused<Simd>(acc, group.nRows);
+    const int nHead = std::max(nBegin, group.nTop), nHeadEnd = std::min(nEnd, group.nCommonTop);
+    const int nFirst = std::max(nBegin, group.nCommonTop);
+    if (nHead < nHeadEnd) {
+      SubtractFromRows<Simd>(acc, group.heads.data(), Row<Simd>(panel, nHead), nHead, nHeadEnd, GroupRows());
+    }
+    if (nFirst < nEnd) {
+      SubtractFromRows<Simd>(acc, group.columns.data(), Row<Simd>(panel, nFirst), nFirst, nEnd, GroupRows());
+    }
+  }
 }
 
 template <class Simd>
-[[gnu::always_inline]] inline void FinishAll(const ColumnGroup* groups, int nGroups, const Panel& panel, int nBegin) {
-  for (int g = 0; g < nGroups; ++g) UpdateGroup<Simd, true>(groups[g], panel, nBegin, groups[g].nFirst);
+[[gnu::always_inline]] inline void FinishBackAll(const RowTile& tile, const Panel& panel) {
+  for (int q = (tile.nRows - 1) / c_nGroup * c_nGroup; q >= 0; q -= c_nGroup) {
+    const TriangleRows<Simd> t(tile, panel, q);
+    Accumulators<Simd> acc;
+    LoadRows<Simd>(acc, t.rows, GroupRows());
+    ClearUnused<Simd>(acc, t.nRows);
+    for (int a = c_nGroup - 1; a > 0; --a) {
+      for (int b = 0; b < a; ++b) {
+        acc.v[b][0] -= acc.v[a][0] * t.columns[a][q + b];
+        acc.v[b][1] -= acc.v[a][1] * t.columns[a][q + b];
+      }
+    }
+    StoreRows<Simd>(acc, t.rows, t.nRows, GroupRows());
+    SubtractFromRows<Simd>(acc, t.columns, Row<Simd>(panel, tile.nFirst), 0, q, GroupRows());
+  }
 }
 
-void Update16(const ColumnGroup* groups, int nGroups, const Panel& panel, int nBegin, int nEnd) {
-  UpdateAll<Simd16>(groups, nGroups, panel, nBegin, nEnd);
-}
-void Finish16(const ColumnGroup* groups, int nGroups, const Panel& panel, int nBegin) {
-  FinishAll<Simd16>(groups, nGroups, panel, nBegin);
+/// Row r is final when the rows above it have been taken off; then it is taken off those below.
+template <class Simd>
+[[gnu::always_inline]] inline void FactoriseOwnRows(const Panel& panel, double* pivots, double* reciprocals) {
+  double* const first = Row<Simd>(panel, panel.nFirstCol);
+  for (int r = 0; r < panel.nCols; ++r) {
+    const double* const g = first + r * c_nWidth<Simd>;
+    pivots[r] = g[r];
+    reciprocals[r] = 1.0 / g[r];
+    typename Simd::Vec g0, g1, y0, y1;
+    Load<Simd>(g0, g);
+    Load<Simd>(g1, g + Simd::c_nLanes);
+    for (int i = r + 1; i < panel.nCols; ++i) {
+      double* const y = first + i * c_nWidth<Simd>;
+      const double l = g[i] * reciprocals[r];
+      Load<Simd>(y0, y);
+      Load<Simd>(y1, y + Simd::c_nLanes);
+      y0 -= g0 * l;
+      y1 -= g1 * l;
+      Store<Simd>(y, y0);
+      Store<Simd>(y + Simd::c_nLanes, y1);
+    }
+  }
 }
 
+/// Squares are transposed in vectors of at most four.
+template <class Simd>
+using CopySimd = std::conditional_t<std::is_same_v<Simd, Simd16>, Simd16, Simd32>;
+
+[[gnu::always_inline]] inline void Transpose(Simd16::Vec (&v)[2]) {
+  const Simd16::Vec t = __builtin_shufflevector(v[0], v[1], 0, 2);
+  v[1] = __builtin_shufflevector(v[0], v[1], 1, 3);
+  v[0] = t;
+}
+[[gnu::always_inline]] inline void Transpose(Simd32::Vec (&v)[4]) {
+  const Simd32::Vec t0 = __builtin_shufflevector(v[0], v[1], 0, 4, 2, 6);
+  const Simd32::Vec t1 = __builtin_shufflevector(v[0], v[1], 1, 5, 3, 7);
+  const Simd32::Vec t2 = __builtin_shufflevector(v[2], v[3], 0, 4, 2, 6);
+  const Simd32::Vec t3 = __builtin_shufflevector(v[2], v[3], 1, 5, 3, 7);
+  v[0] = __builtin_shufflevector(t0, t2, 0, 1, 4, 5);
+  v[1] = __builtin_shufflevector(t1, t3, 0, 1, 4, 5);
+  v[2] = __builtin_shufflevector(t0, t2, 2, 3, 6, 7);
+  v[3] = __builtin_shufflevector(t1, t3, 2, 3, 6, 7);
+}
+
+template <class Simd>
+[[gnu::always_inline]] inline void GatherRows(const double* const* columns, const Panel& panel, int nBegin, int nEnd) {
+  using Copy = CopySimd<Simd>;
+  constexpr int nSquare = Copy::c_nLanes;
+  for (int c = 0; c < panel.nCols; c += nSquare) {
+    std::ptrdiff_t r = nBegin;
+    double* g = Row<Simd>(panel, nBegin) + c;
+    if (c + nSquare <= panel.nCols) {
+      for (; r + nSquare <= nEnd; r += nSquare, g += nSquare * c_nWidth<Simd>) {
+        typename Copy::Vec square[nSquare];
+        for (int a = 0; a < nSquare; ++a) Load<Copy>(square[a], columns[c + a] + r);
+        Transpose(square);
+        for (int a = 0; a < nSquare; ++a) Store<Copy>(g + a * c_nWidth<Simd>, square[a]);
+      }
+    }
+    for (; r < nEnd; ++r, g += c_nWidth<Simd>) {
+      for (int a = 0; a < std::min(nSquare, panel.nCols - c); ++a) g[a] = columns[c + a][r];
+    }
+  }
+}
+
+template <class Simd>
+[[gnu::always_inline]] inline void ScatterRows(double* const* columns, const double* factors, const Panel& panel,
+                                               int nBegin, int nEnd) {
+  using Copy = CopySimd<Simd>;
+  constexpr int nSquare = Copy::c_nLanes;
+  for (int c = 0; c < panel.nCols; c += nSquare) {
+    std::ptrdiff_t r = nBegin;
+    const double* g = Row<Simd>(panel, nBegin) + c;
+    if (c + nSquare <= panel.nCols) {
+      for (; r + nSquare <= nEnd; r += nSquare, g += nSquare * c_nWidth<Simd>) {
+        typename Copy::Vec square[nSquare];
+        for (int a = 0; a < nSquare; ++a) {
+          Load<Copy>(square[a], g + a * c_nWidth<Simd>);
+          square[a] *= factors[r + a];
+        }
+        Transpose(square);
+        for (int a = 0; a < nSquare; ++a) Store<Copy>(columns[c + a] + r, square[a]);
+      }
+    }
+    for (; r < nEnd; ++r, g += c_nWidth<Simd>) {
+      for (int a = 0; a < std::min(nSquare, panel.nCols - c); ++a) columns[c + a][r] = g[a] * factors[r];
+    }
+  }
+}
+
+// The templates once per unit, in functions that carry its target.
+#define SKYFRAME_PANEL_FUNCTIONS(bytes, target)                                                                        \
+  target void Update##bytes(const RowTile& tile, const Panel& panel, int nBegin, int nEnd) {                           \
+    UpdateAll<Simd##bytes>(tile, panel, nBegin, nEnd);                                                                 \
+  }                                                                                                                    \
+  target void Finish##bytes(const RowTile& tile, const Panel& panel) { FinishAll<Simd##bytes>(tile, panel); }          \
+  target void Subtract##bytes(const RowTile& tile, const Panel& panel, int nBegin, int nEnd) {                         \
+    SubtractAll<Simd##bytes>(tile, panel, nBegin, nEnd);                                                               \
+  }                                                                                                                    \
+  target void FinishBack##bytes(const RowTile& tile, const Panel& panel) { FinishBackAll<Simd##bytes>(tile, panel); }  \
+  target void FactoriseOwn##bytes(const Panel& panel, double* pivots, double* reciprocals) {                           \
+    FactoriseOwnRows<Simd##bytes>(panel, pivots, reciprocals);                                                         \
+  }                                                                                                                    \
+  target void Gather##bytes(const double* const* columns, const Panel& panel, int nBegin, int nEnd) {                  \
+    GatherRows<Simd##bytes>(columns, panel, nBegin, nEnd);                                                             \
+  }                                                                                                                    \
+  target void Scatter##bytes(double* const* columns, const double* factors, const Panel& panel, int nBegin,            \
+                             int nEnd) {                                                                               \
+    ScatterRows<Simd##bytes>(columns, factors, panel, nBegin, nEnd);                                                   \
+  }                                                                                                                    \
+  constexpr PanelKernel c_kernel##bytes = {c_nWidth<Simd##bytes>, Update##bytes,       Finish##bytes, Subtract##bytes, \
+                                           FinishBack##bytes,     FactoriseOwn##bytes, Gather##bytes, Scatter##bytes};
+
+SKYFRAME_PANEL_FUNCTIONS(16, )
 #if defined(__x86_64__)
-[[gnu::target("avx2,fma")]] void Update32(const ColumnGroup* groups, int nGroups, const Panel& panel, int nBegin,
-                                          int nEnd) {
-  UpdateAll<Simd32>(groups, nGroups, panel, nBegin, nEnd);
-}
-[[gnu::target("avx2,fma")]] void Finish32(const ColumnGroup* groups, int nGroups, const Panel& panel, int nBegin) {
-  FinishAll<Simd32>(groups, nGroups, panel, nBegin);
-}
-
-[[gnu::target("avx512f")]] void Update64(const ColumnGroup* groups, int nGroups, const Panel& panel, int nBegin,
-                                         int nEnd) {
-  UpdateAll<Simd64>(groups, nGroups, panel, nBegin, nEnd);
-}
-[[gnu::target("avx512f")]] void Finish64(const ColumnGroup* groups, int nGroups, const Panel& panel, int nBegin) {
-  FinishAll<Simd64>(groups, nGroups, panel, nBegin);
-}
+SKYFRAME_PANEL_FUNCTIONS(32, [[gnu::target("avx2,fma")]])
+SKYFRAME_PANEL_FUNCTIONS(64, [[gnu::target("avx512f")]])
 #endif
+#undef SKYFRAME_PANEL_FUNCTIONS
 
 }  // namespace
 
-PanelKernel GetKernel16() { return {c_nWidth<Simd16>, Update16, Finish16}; }
-
+PanelKernel SelectKernel(VectorUnit unit) {
 #if defined(__x86_64__)
-PanelKernel GetKernel32() { return {c_nWidth<Simd32>, Update32, Finish32}; }
-PanelKernel GetKernel64() { return {c_nWidth<Simd64>, Update64, Finish64}; }
+  if (Resolve(unit) == VectorUnit::Bytes64) return c_kernel64;
+  if (Resolve(unit) == VectorUnit::Bytes32) return c_kernel32;
 #endif
+  return c_kernel16;
+}
 
 }  // namespace skyframe::skyline

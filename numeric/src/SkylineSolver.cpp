@@ -1,7 +1,10 @@
 #include <algorithm>
 #include <array>
 #include <utility>
+#include <vector>
 
+#include "PanelKernel.h"
+#include "RowTileMaker.h"
 #include "Simd.h"
 #include "skyframe/numeric/SkylineKernel.h"
 
@@ -9,143 +12,182 @@ namespace skyframe::skyline {
 
 namespace {
 
-constexpr int c_nGroup = 4;  // columns taken at a time
+constexpr int c_nSums = 8;                 // partial sums of a dot product, vectors each
+constexpr int c_nUnroll = 4;               // vectors subtracted in one step
+constexpr std::ptrdiff_t c_nAhead = 1024;  // entries between use and prefetch
+constexpr std::ptrdiff_t c_nLine = 8;      // entries in a cache line
+constexpr int c_nDepthTile = 240;
 
-using GroupColumns = std::make_integer_sequence<int, c_nGroup>;
-
-/// Four consecutive columns i .. i + 3; entry (k, i + a) is columns[a][k].
-struct SolveGroup {
-  int nFirst = 0;
-  int nCommonTop = 0;  ///< from this row down to i - 1 all of them are stored
-  std::array<const double*, c_nGroup> columns{};
-};
-
-/// sum[a] = sum over nBegin <= k < nEnd of columns[a][k] x[k].
-template <class Simd, int... a>
-[[gnu::always_inline]] inline void DotTile(const SolveGroup& group, const double* x, int nBegin, int nEnd, double* sum,
-                                           std::integer_sequence<int, a...>) {
+/// sum of l(k) x(k), nBegin <= k < nEnd. One column at a time: the profile is then one stream of memory.
+template <class Simd, int... u>
+[[gnu::always_inline]] inline double Dot(const double* l, const double* x, std::ptrdiff_t nBegin, std::ptrdiff_t nEnd,
+                                         std::integer_sequence<int, u...>) {
   constexpr int nLanes = Simd::c_nLanes;
-  const double* const columns[] = {group.columns[a]...};
-  typename Simd::Vec acc[c_nGroup] = {}, xk, lk;
+  typename Simd::Vec sums[c_nSums] = {}, xk, lk;
   std::ptrdiff_t k = nBegin;
+  for (; k + c_nSums * nLanes <= nEnd; k += c_nSums * nLanes) {
+    ((Load<Simd>(lk, l + k + u * nLanes), Load<Simd>(xk, x + k + u * nLanes), sums[u] += lk * xk), ...);
+  }
   for (; k + nLanes <= nEnd; k += nLanes) {
+    Load<Simd>(lk, l + k);
     Load<Simd>(xk, x + k);
-    ((Load<Simd>(lk, columns[a] + k), acc[a] += lk * xk), ...);
+    sums[0] += lk * xk;
   }
-  for (int u = 0; u < c_nGroup; ++u) {
-    sum[u] = 0.0;
-    for (int lane = 0; lane < nLanes; ++lane) sum[u] += acc[u][lane];
-  }
-  for (; k < nEnd; ++k) ((sum[a] += columns[a][k] * x[k]), ...);
+  const typename Simd::Vec total =
+      ((sums[0] + sums[1]) + (sums[2] + sums[3])) + ((sums[4] + sums[5]) + (sums[6] + sums[7]));
+  double dSum = 0.0;
+  for (int lane = 0; lane < nLanes; ++lane) dSum += total[lane];
+  for (; k < nEnd; ++k) dSum += l[k] * x[k];
+  return dSum;
 }
 
-/// x[k] -= sum over a of columns[a][k] factor[a], nBegin <= k < nEnd.
-template <class Simd, int... a>
-[[gnu::always_inline]] inline void SubtractTile(const SolveGroup& group, const double* factor, int nBegin, int nEnd,
-                                                double* x, std::integer_sequence<int, a...>) {
+/// x(k) -= l(k) factor, nBegin <= k < nEnd, from the end: memory is read downwards all the way.
+template <class Simd, int... u>
+[[gnu::always_inline]] inline void Subtract(const double* l, double factor, double* x, std::ptrdiff_t nBegin,
+                                            std::ptrdiff_t nEnd, std::integer_sequence<int, u...>) {
   constexpr int nLanes = Simd::c_nLanes;
-  const double* const columns[] = {group.columns[a]...};
-  const double factors[] = {factor[a]...};
   typename Simd::Vec xk, lk;
-  std::ptrdiff_t k = nBegin;
-  for (; k + nLanes <= nEnd; k += nLanes) {
-    Load<Simd>(xk, x + k);
-    ((Load<Simd>(lk, columns[a] + k), xk -= lk * factors[a]), ...);
-    Store<Simd>(x + k, xk);
+  std::ptrdiff_t k = nEnd;
+  for (; k - c_nUnroll * nLanes >= nBegin; k -= c_nUnroll * nLanes) {
+    for (std::ptrdiff_t line = 0; line < c_nUnroll * nLanes; line += c_nLine)
+      __builtin_prefetch(l + (k - c_nAhead - line));
+    ((Load<Simd>(lk, l + k - (u + 1) * nLanes), Load<Simd>(xk, x + k - (u + 1) * nLanes), xk -= lk * factor,
+      Store<Simd>(x + k - (u + 1) * nLanes, xk)),
+     ...);
   }
-  for (; k < nEnd; ++k) ((x[k] -= columns[a][k] * factors[a]), ...);
+  for (; k - nLanes >= nBegin; k -= nLanes) {
+    Load<Simd>(lk, l + k - nLanes);
+    Load<Simd>(xk, x + k - nLanes);
+    xk -= lk * factor;
+    Store<Simd>(x + k - nLanes, xk);
+  }
+  for (; k > nBegin; --k) x[k - 1] -= l[k - 1] * factor;
 }
 
-struct SolveKernel {
-  void (*Dot)(const SolveGroup& group, const double* x, int nBegin, int nEnd, double* sum);
-  void (*Subtract)(const SolveGroup& group, const double* factor, int nBegin, int nEnd, double* x);
-};
+template <class Simd>
+[[gnu::always_inline]] inline void ForwardAll(const Profile& profile, const double* values, double* b) {
+  for (int i = 0; i < profile.GetOrder(); ++i) {
+    b[i] -=
+        Dot<Simd>(values + profile.GetOffset(i), b, profile.GetTop(i), i, std::make_integer_sequence<int, c_nSums>());
+  }
+}
 
-void Dot16(const SolveGroup& group, const double* x, int nBegin, int nEnd, double* sum) {
-  DotTile<Simd16>(group, x, nBegin, nEnd, sum, GroupColumns());
+template <class Simd>
+[[gnu::always_inline]] inline void BackwardAll(const Profile& profile, const double* values, double* b) {
+  for (int i = profile.GetOrder() - 1; i >= 0; --i) {
+    Subtract<Simd>(values + profile.GetOffset(i), b[i], b, profile.GetTop(i), i,
+                   std::make_integer_sequence<int, c_nUnroll>());
+  }
 }
-void Subtract16(const SolveGroup& group, const double* factor, int nBegin, int nEnd, double* x) {
-  SubtractTile<Simd16>(group, factor, nBegin, nEnd, x, GroupColumns());
-}
+
+void Forward16(const Profile& profile, const double* values, double* b) { ForwardAll<Simd16>(profile, values, b); }
+void Backward16(const Profile& profile, const double* values, double* b) { BackwardAll<Simd16>(profile, values, b); }
 
 #if defined(__x86_64__)
-[[gnu::target("avx2,fma")]] void Dot32(const SolveGroup& group, const double* x, int nBegin, int nEnd, double* sum) {
-  DotTile<Simd32>(group, x, nBegin, nEnd, sum, GroupColumns());
+[[gnu::target("avx2,fma")]] void Forward32(const Profile& profile, const double* values, double* b) {
+  ForwardAll<Simd32>(profile, values, b);
 }
-[[gnu::target("avx2,fma")]] void Subtract32(const SolveGroup& group, const double* factor, int nBegin, int nEnd,
-                                            double* x) {
-  SubtractTile<Simd32>(group, factor, nBegin, nEnd, x, GroupColumns());
+[[gnu::target("avx2,fma")]] void Backward32(const Profile& profile, const double* values, double* b) {
+  BackwardAll<Simd32>(profile, values, b);
 }
 #endif
 
 /// The solves are bound by memory: 32 bytes serve a wider unit as well.
-SolveKernel SelectKernel([[maybe_unused]] VectorUnit unit) {
-#if defined(__x86_64__)
-  if (unit != VectorUnit::Bytes16) return {Dot32, Subtract32};
-#endif
-  return {Dot16, Subtract16};
-}
-
-SolveGroup FormGroup(const Profile& profile, const double* values, int nFirst) {
-  SolveGroup group;
-  group.nFirst = nFirst;
-  for (int a = 0; a < c_nGroup; ++a) {
-    group.columns[static_cast<std::size_t>(a)] = values + profile.GetOffset(nFirst + a);
-    group.nCommonTop = std::max(group.nCommonTop, std::min(profile.GetTop(nFirst + a), nFirst));
-  }
-  return group;
-}
-
-/// b(i) -= sum of L(k, i) b(k) over the given rows k.
-void ReduceEntry(const double* column, double* b, int i, int nBegin, int nEnd) {
-  for (int k = nBegin; k < nEnd; ++k) b[i] -= column[k] * b[k];
-}
-
-/// b(k) -= L(k, i) b(i) over the given rows k.
-void SubtractColumn(const double* column, double* b, int i, int nBegin, int nEnd) {
-  for (int k = nBegin; k < nEnd; ++k) b[k] -= column[k] * b[i];
-}
-
-void ForwardGroup(const Profile& profile, const SolveKernel& kernel, const SolveGroup& group, double* b) {
-  std::array<double, c_nGroup> sum;
-  kernel.Dot(group, b, group.nCommonTop, group.nFirst, sum.data());
-  for (int a = 0; a < c_nGroup; ++a) {
-    const int i = group.nFirst + a;
-    const double* const column = group.columns[static_cast<std::size_t>(a)];
-    b[i] -= sum[static_cast<std::size_t>(a)];
-    ReduceEntry(column, b, i, profile.GetTop(i), group.nCommonTop);
-    ReduceEntry(column, b, i, std::max(profile.GetTop(i), group.nFirst), i);
-  }
-}
-
-void BackwardGroup(const Profile& profile, const SolveKernel& kernel, const SolveGroup& group, double* b) {
-  for (int a = c_nGroup - 1; a >= 0; --a) {
-    const int i = group.nFirst + a;
-    const double* const column = group.columns[static_cast<std::size_t>(a)];
-    SubtractColumn(column, b, i, std::max(profile.GetTop(i), group.nFirst), i);
-    SubtractColumn(column, b, i, profile.GetTop(i), group.nCommonTop);
-  }
-  kernel.Subtract(group, b + group.nFirst, group.nCommonTop, group.nFirst, b);
-}
+bool IsWide(VectorUnit unit) { return Resolve(unit) != VectorUnit::Bytes16; }
 
 }  // namespace
 
 void ForwardReduce(const Profile& profile, const double* values, std::span<double> b, VectorUnit unit) {
-  const SolveKernel kernel = SelectKernel(Resolve(unit));
-  const int n = profile.GetOrder();
-  const int nGrouped = n - n % c_nGroup;
-  for (int i = 0; i < nGrouped; i += c_nGroup) ForwardGroup(profile, kernel, FormGroup(profile, values, i), b.data());
-  for (int i = nGrouped; i < n; ++i) ReduceEntry(values + profile.GetOffset(i), b.data(), i, profile.GetTop(i), i);
+#if defined(__x86_64__)
+  if (IsWide(unit)) return Forward32(profile, values, b.data());
+#endif
+  Forward16(profile, values, b.data());
 }
 
 void BackSubstitute(const Profile& profile, const double* values, std::span<double> b, VectorUnit unit) {
-  const SolveKernel kernel = SelectKernel(Resolve(unit));
+#if defined(__x86_64__)
+  if (IsWide(unit)) return Backward32(profile, values, b.data());
+#endif
+  Backward16(profile, values, b.data());
+}
+
+namespace {
+
+/// A few right-hand sides interleaved by row, solved as a panel.
+class CPanelSolver {
+ public:
+  CPanelSolver(const Profile& profile, const double* values, const PanelKernel& kernel)
+      : m_n(profile.GetOrder()),
+        m_nWidth(kernel.nPanelWidth),
+        m_kernel(kernel),
+        m_tiles(profile, values),
+        m_rows(static_cast<std::size_t>(m_n) * static_cast<std::size_t>(m_nWidth)) {}
+
+  [[nodiscard]] int GetWidth() const { return m_nWidth; }
+
+  /// columns: up to GetWidth() vectors of n values, solved in place.
+  void Solve(std::span<const double> pivots, std::span<double* const> columns) {
+    for (std::size_t c = 0; c < columns.size(); ++c) {
+      for (int i = 0; i < m_n; ++i) *Entry(i, c) = columns[c][i];
+    }
+    Forward();
+    for (int i = 0; i < m_n; ++i) {
+      for (std::size_t c = 0; c < columns.size(); ++c) *Entry(i, c) /= pivots[static_cast<std::size_t>(i)];
+    }
+    Backward();
+    for (std::size_t c = 0; c < columns.size(); ++c) {
+      for (int i = 0; i < m_n; ++i) columns[c][i] = *Entry(i, c);
+    }
+  }
+
+ private:
+  double* Entry(int i, std::size_t c) {
+    return m_rows.data() + static_cast<std::ptrdiff_t>(i) * m_nWidth + static_cast<std::ptrdiff_t>(c);
+  }
+  [[nodiscard]] Panel GetPanel() { return {m_rows.data(), 0, 0, m_n, m_nWidth}; }
+
+  void Forward() {
+    const Panel panel = GetPanel();
+    for (int i0 = 0; i0 < m_n; i0 += c_nRowTile) {
+      const RowTile& tile = m_tiles.Form(i0, std::min(i0 + c_nRowTile, m_n));
+      for (int k = tile.nTop; k < i0; k += c_nDepthTile)
+        m_kernel.Update(tile, panel, k, std::min(k + c_nDepthTile, i0));
+      m_kernel.Finish(tile, panel);
+    }
+  }
+
+  void Backward() {
+    const Panel panel = GetPanel();
+    for (int i0 = (m_n - 1) / c_nRowTile * c_nRowTile; i0 >= 0; i0 -= c_nRowTile) {
+      const RowTile& tile = m_tiles.Form(i0, std::min(i0 + c_nRowTile, m_n));
+      m_kernel.FinishBack(tile, panel);
+      for (int k = tile.nTop; k < i0; k += c_nDepthTile)
+        m_kernel.Subtract(tile, panel, k, std::min(k + c_nDepthTile, i0));
+    }
+  }
+
+  int m_n;
+  int m_nWidth;
+  PanelKernel m_kernel;
+  CRowTileMaker m_tiles;
+  std::vector<double> m_rows;
+};
+
+}  // namespace
+
+void SolveColumns(const Profile& profile, const double* values, std::span<const double> pivots, std::span<double> B,
+                  int nColumns, VectorUnit unit) {
   const int n = profile.GetOrder();
-  const int nGrouped = n - n % c_nGroup;
-  for (int i = n - 1; i >= nGrouped; --i)
-    SubtractColumn(values + profile.GetOffset(i), b.data(), i, profile.GetTop(i), i);
-  for (int i = nGrouped - c_nGroup; i >= 0; i -= c_nGroup)
-    BackwardGroup(profile, kernel, FormGroup(profile, values, i), b.data());
+  if (n == 0) return;
+  CPanelSolver solver(profile, values, SelectKernel(unit));
+  std::array<double*, c_nMaxPanelWidth> columns;
+  for (int c0 = 0; c0 < nColumns; c0 += solver.GetWidth()) {
+    const int nCount = std::min(solver.GetWidth(), nColumns - c0);
+    for (int c = 0; c < nCount; ++c) {
+      columns[static_cast<std::size_t>(c)] = B.data() + static_cast<std::ptrdiff_t>(c0 + c) * n;
+    }
+    solver.Solve(pivots, std::span(columns).first(static_cast<std::size_t>(nCount)));
+  }
 }
 
 }  // namespace skyframe::skyline

@@ -42,4 +42,10 @@ void ForwardReduce(const Profile& profile, const double* values, std::span<doubl
 void BackSubstitute(const Profile& profile, const double* values, std::span<double> b,
                     VectorUnit unit = VectorUnit::Best);
 
+/// X <- A^-1 X for several right-hand sides at a time: B holds nColumns columns of n values, one behind the
+/// other; pivots is D. Throws std::bad_alloc before anything is changed when there is no room for the work
+/// space of about 16 vectors and 48 column heights.
+void SolveColumns(const Profile& profile, const double* values, std::span<const double> pivots, std::span<double> B,
+                  int nColumns, VectorUnit unit = VectorUnit::Best);
+
 }  // namespace skyframe::skyline
