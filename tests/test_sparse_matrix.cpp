@@ -552,13 +552,13 @@ TEST_P(SkylineKernel, LongColumnsCrossEveryTile) {
 }
 
 std::string GetUnitName(const testing::TestParamInfo<VectorUnit>& info) {
-  constexpr const char* names[] = {"Best", "Bytes16", "Bytes32", "Bytes64"};
+  constexpr const char* names[] = {"Best", "Baseline", "Bytes16", "Bytes32", "Bytes64"};
   return names[static_cast<std::size_t>(info.param)];
 }
 
 INSTANTIATE_TEST_SUITE_P(Units, SkylineKernel,
-                         testing::Values(VectorUnit::Best, VectorUnit::Bytes16, VectorUnit::Bytes32,
-                                         VectorUnit::Bytes64),
+                         testing::Values(VectorUnit::Best, VectorUnit::Baseline, VectorUnit::Bytes16,
+                                         VectorUnit::Bytes32, VectorUnit::Bytes64),
                          GetUnitName);
 
 }  // namespace

@@ -277,43 +277,51 @@ template <class Simd>
 }
 
 // The templates once per unit, in functions that carry its target.
-#define SKYFRAME_PANEL_FUNCTIONS(bytes, target)                                                                        \
-  target void Update##bytes(const RowTile& tile, const Panel& panel, int nBegin, int nEnd) {                           \
+#define SKYFRAME_PANEL_FUNCTIONS(unit, bytes, target)                                                                  \
+  target void Update##unit(const RowTile& tile, const Panel& panel, int nBegin, int nEnd) {                            \
     UpdateAll<Simd##bytes>(tile, panel, nBegin, nEnd);                                                                 \
   }                                                                                                                    \
-  target void Finish##bytes(const RowTile& tile, const Panel& panel) { FinishAll<Simd##bytes>(tile, panel); }          \
-  target void Subtract##bytes(const RowTile& tile, const Panel& panel, int nBegin, int nEnd) {                         \
+  target void Finish##unit(const RowTile& tile, const Panel& panel) { FinishAll<Simd##bytes>(tile, panel); }           \
+  target void Subtract##unit(const RowTile& tile, const Panel& panel, int nBegin, int nEnd) {                          \
     SubtractAll<Simd##bytes>(tile, panel, nBegin, nEnd);                                                               \
   }                                                                                                                    \
-  target void FinishBack##bytes(const RowTile& tile, const Panel& panel) { FinishBackAll<Simd##bytes>(tile, panel); }  \
-  target void FactoriseOwn##bytes(const Panel& panel, double* pivots, double* reciprocals) {                           \
+  target void FinishBack##unit(const RowTile& tile, const Panel& panel) { FinishBackAll<Simd##bytes>(tile, panel); }   \
+  target void FactoriseOwn##unit(const Panel& panel, double* pivots, double* reciprocals) {                            \
     FactoriseOwnRows<Simd##bytes>(panel, pivots, reciprocals);                                                         \
   }                                                                                                                    \
-  target void Gather##bytes(const double* const* columns, const Panel& panel, int nBegin, int nEnd) {                  \
+  target void Gather##unit(const double* const* columns, const Panel& panel, int nBegin, int nEnd) {                   \
     GatherRows<Simd##bytes>(columns, panel, nBegin, nEnd);                                                             \
   }                                                                                                                    \
-  target void Scatter##bytes(double* const* columns, const double* factors, const Panel& panel, int nBegin,            \
-                             int nEnd) {                                                                               \
+  target void Scatter##unit(double* const* columns, const double* factors, const Panel& panel, int nBegin, int nEnd) { \
     ScatterRows<Simd##bytes>(columns, factors, panel, nBegin, nEnd);                                                   \
   }                                                                                                                    \
-  constexpr PanelKernel c_kernel##bytes = {c_nWidth<Simd##bytes>, Update##bytes,       Finish##bytes, Subtract##bytes, \
-                                           FinishBack##bytes,     FactoriseOwn##bytes, Gather##bytes, Scatter##bytes};
+  constexpr PanelKernel c_kernel##unit = {c_nWidth<Simd##bytes>, Update##unit,       Finish##unit, Subtract##unit,     \
+                                          FinishBack##unit,      FactoriseOwn##unit, Gather##unit, Scatter##unit};
 
-SKYFRAME_PANEL_FUNCTIONS(16, )
+SKYFRAME_PANEL_FUNCTIONS(Baseline, 16, )
 #if defined(__x86_64__)
-SKYFRAME_PANEL_FUNCTIONS(32, [[gnu::target("avx2,fma")]])
-SKYFRAME_PANEL_FUNCTIONS(64, [[gnu::target("avx512f")]])
+SKYFRAME_PANEL_FUNCTIONS(Sse3, 16, [[gnu::target("sse3")]])
+SKYFRAME_PANEL_FUNCTIONS(Avx2, 32, [[gnu::target("avx2,fma")]])
+SKYFRAME_PANEL_FUNCTIONS(Avx512, 64, [[gnu::target("avx512f")]])
 #endif
 #undef SKYFRAME_PANEL_FUNCTIONS
 
 }  // namespace
 
-PanelKernel SelectKernel(VectorUnit unit) {
+PanelKernel SelectKernel([[maybe_unused]] VectorUnit unit) {
 #if defined(__x86_64__)
-  if (Resolve(unit) == VectorUnit::Bytes64) return c_kernel64;
-  if (Resolve(unit) == VectorUnit::Bytes32) return c_kernel32;
+  switch (Resolve(unit)) {
+    case VectorUnit::Bytes64:
+      return c_kernelAvx512;
+    case VectorUnit::Bytes32:
+      return c_kernelAvx2;
+    case VectorUnit::Bytes16:
+      return c_kernelSse3;
+    default:
+      break;
+  }
 #endif
-  return c_kernel16;
+  return c_kernelBaseline;
 }
 
 }  // namespace skyframe::skyline

@@ -3,17 +3,29 @@
 namespace skyframe::skyline {
 
 bool IsAvailable(VectorUnit unit) {
+  switch (unit) {
 #if defined(__x86_64__)
-  if (unit == VectorUnit::Bytes64) return __builtin_cpu_supports("avx512f") != 0;
-  if (unit == VectorUnit::Bytes32) return __builtin_cpu_supports("avx2") != 0 && __builtin_cpu_supports("fma") != 0;
+    case VectorUnit::Bytes64:
+      return __builtin_cpu_supports("avx512f") != 0;
+    case VectorUnit::Bytes32:
+      return __builtin_cpu_supports("avx2") != 0 && __builtin_cpu_supports("fma") != 0;
+    case VectorUnit::Bytes16:
+      return __builtin_cpu_supports("sse3") != 0;
 #endif
-  return unit == VectorUnit::Best || unit == VectorUnit::Bytes16;
+    case VectorUnit::Best:
+    case VectorUnit::Baseline:
+      return true;
+    default:
+      return false;
+  }
 }
 
 VectorUnit Resolve(VectorUnit unit) {
   if (unit != VectorUnit::Best) return unit;
-  if (IsAvailable(VectorUnit::Bytes64)) return VectorUnit::Bytes64;
-  return IsAvailable(VectorUnit::Bytes32) ? VectorUnit::Bytes32 : VectorUnit::Bytes16;
+  for (const VectorUnit wide : {VectorUnit::Bytes64, VectorUnit::Bytes32, VectorUnit::Bytes16}) {
+    if (IsAvailable(wide)) return wide;
+  }
+  return VectorUnit::Baseline;
 }
 
 }  // namespace skyframe::skyline

@@ -90,21 +90,26 @@ void Backward16(const Profile& profile, const double* values, double* b) { Backw
 [[gnu::target("avx2,fma")]] void Backward32(const Profile& profile, const double* values, double* b) {
   BackwardAll<Simd32>(profile, values, b);
 }
-#endif
 
 /// The solves are bound by memory: 32 bytes serve a wider unit as well.
-bool IsWide(VectorUnit unit) { return Resolve(unit) != VectorUnit::Bytes16; }
+bool IsWide(VectorUnit unit) {
+  const VectorUnit resolved = Resolve(unit);
+  return resolved == VectorUnit::Bytes32 || resolved == VectorUnit::Bytes64;
+}
+#endif
 
 }  // namespace
 
-void ForwardReduce(const Profile& profile, const double* values, std::span<double> b, VectorUnit unit) {
+void ForwardReduce(const Profile& profile, const double* values, std::span<double> b,
+                   [[maybe_unused]] VectorUnit unit) {
 #if defined(__x86_64__)
   if (IsWide(unit)) return Forward32(profile, values, b.data());
 #endif
   Forward16(profile, values, b.data());
 }
 
-void BackSubstitute(const Profile& profile, const double* values, std::span<double> b, VectorUnit unit) {
+void BackSubstitute(const Profile& profile, const double* values, std::span<double> b,
+                    [[maybe_unused]] VectorUnit unit) {
 #if defined(__x86_64__)
   if (IsWide(unit)) return Backward32(profile, values, b.data());
 #endif

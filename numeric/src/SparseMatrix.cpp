@@ -231,6 +231,16 @@ bool SparseMatrix::Solve(int n, std::span<double> b) {
   return true;
 }
 
+bool SparseMatrix::SolveColumns(int n, std::span<double> B, int nColumns) {
+  if (IsRefused(text::c_strSolveUnallocated)) return false;
+  if (!m_bFactorised && !Decompose(n)) return false;
+  return RunWithMemory([&] {
+    std::vector<double> pivots(Index(n));
+    for (int i = 0; i < n; ++i) pivots[Index(i)] = Column(i)[i];
+    skyline::SolveColumns(GetProfile(n), m_values.get(), pivots, B, nColumns);
+  });
+}
+
 bool SparseMatrix::SolveKeepDiagonal(int n, std::span<double> d, std::span<double> b) {
   if (IsRefused(text::c_strSolveUnallocated)) return false;
   if (!m_bFactorised && !Factorise(n, d)) return false;

@@ -21,14 +21,14 @@ struct Profile {
   }
 };
 
-/// Width of the vectors that the inner loops use.
-enum class VectorUnit { Best, Bytes16, Bytes32, Bytes64 };
+/// Width of the vectors that the inner loops use. Baseline: 16 bytes, on every processor.
+enum class VectorUnit { Best, Baseline, Bytes16, Bytes32, Bytes64 };
 
-/// True when this processor has the unit (32 bytes: AVX2 and FMA; 64 bytes: AVX-512 F).
+/// True when this processor has the unit (16 bytes: SSE3; 32 bytes: AVX2 and FMA; 64 bytes: AVX-512 F).
 [[nodiscard]] bool IsAvailable(VectorUnit unit);
 
 /// Replaces A(i, j), i < j, by L(i, j) and puts D into pivots (n values). The diagonal of values is
-/// read and left as it is. Blocks of columns are copied into a work space of about 100 column heights;
+/// read and left as it is. Blocks of columns are copied into a work space of about 150 column heights;
 /// throws std::bad_alloc before anything is changed when there is no room for it.
 /// Left-looking by blocks; source of the column scheme: Bathe (1996), section 8.2.
 void FactoriseLdlt(const Profile& profile, double* values, std::span<double> pivots,
