@@ -5,10 +5,11 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QGroupBox>
+#include <QHeaderView>
 #include <QLabel>
 #include <QPushButton>
 #include <QRadioButton>
-#include <QStyle>
+#include <QTreeView>
 
 #include "DialogCases.h"
 #include "skyframe/qt/DialogWindow.h"
@@ -58,6 +59,9 @@ TEST_P(DialogPictures, NothingClipped) {
     const QSize needed = GetNeededSize(*pControl);
     EXPECT_LE(needed.width(), pControl->width()) << strWho;
     EXPECT_LE(needed.height(), pControl->height()) << strWho;
+    if (const auto* const pTree = qobject_cast<const QTreeView*>(pControl)) {
+      EXPECT_EQ(pTree->header()->length(), pTree->viewport()->width()) << "the columns share the width";
+    }
     for (const QWidget* const pOther : controls) {
       if (pOther == pControl || qobject_cast<const QGroupBox*>(pOther) != nullptr) continue;
       if (qobject_cast<const QGroupBox*>(pControl) == nullptr) {

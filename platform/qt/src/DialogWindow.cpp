@@ -177,6 +177,7 @@ std::unique_ptr<QWidget> CDialogWindow::MakeListView(const ControlTemplate& cont
   pView->setModel(pModel.release());  // its parent owns it
   pView->setRootIsDecorated(false);
   pView->setItemsExpandable(false);
+  pView->header()->setStretchLastSection(false);  // all columns share the width
   pView->header()->setSectionResizeMode(QHeaderView::Stretch);
   SetUpView(*pView, control);
   ConnectRows(*pView, control);
