@@ -1,5 +1,6 @@
 #include <array>
 
+#include "skyframe/dialogs/HisResultDlg.h"
 #include "skyframe/dialogs/Resource.h"
 
 namespace skyframe {
@@ -287,6 +288,24 @@ constexpr ControlTemplate c_earthquakeControls[] = {
     Cancel("取消", 213, 173),
 };
 
+// The controls keep to the left of the plot, which starts at 170 pixels.
+constexpr ControlTemplate c_hisResultControls[] = {
+    Radio(c_nIdNodeHistory, "节点位移(mm)", 7, 7, 80, c_nStyleGroup),
+    Radio(c_nIdElementHistory, "单元轴力(kN)", 7, 69, 80),
+    Label("节点号码", 7, 21, 36),
+    Edit(c_nIdHistoryNode, 45, 21, 40),
+    Group("自由度方向", {7, 37, 80, 26}),
+    Radio(c_nIdHistoryX, "X", 12, 47, 22, c_nStyleGroup),
+    Radio(c_nIdHistoryY, "Y", 37, 47, 22),
+    Radio(c_nIdHistoryZ, "Z", 62, 47, 22),
+    Label("单元号码", 7, 83, 36),
+    Edit(c_nIdHistoryElement, 45, 83, 40),
+    Button(c_nIdRefresh, "刷 新", 7, 103, 78),
+    Button(c_nIdOutput, "输出到文件", 7, 121, 78),
+    {c_nIdOk, ControlKind::DefaultButton, "OK", {7, 145, 37, 14}, c_nStyleGroup, {}},
+    Button(c_nIdCancel, "Cancel", 48, 145, 37),
+};
+
 }  // namespace
 
 constinit const DialogTemplate c_modeTemplate{c_nIdModeDlg, "模态分析", 200, 142, c_modeControls};
@@ -303,11 +322,15 @@ constinit const DialogTemplate c_generalLoadTemplate{c_nIdGeneralLoadDlg, "一�
                                                      c_generalLoadControls};
 constinit const DialogTemplate c_earthquakeTemplate{c_nIdEarthquakeDlg, "地震属性", 270, 194, c_earthquakeControls};
 
+constinit const DialogTemplate c_hisResultTemplate{c_nIdHisResultDlg, "时程计算结果输出", 440, 190,
+                                                   c_hisResultControls};
+
 namespace {
 
-constexpr std::array c_templates = {
-    &c_modeTemplate,    &c_spectrumTemplate,     &c_loadCombTemplate,    &c_dynOptionTemplate,   &c_wilsonTemplate,
-    &c_newmarkTemplate, &c_nonlinStaticTemplate, &c_impulseLoadTemplate, &c_generalLoadTemplate, &c_earthquakeTemplate};
+constexpr std::array c_templates = {&c_modeTemplate,         &c_spectrumTemplate,    &c_loadCombTemplate,
+                                    &c_dynOptionTemplate,    &c_wilsonTemplate,      &c_newmarkTemplate,
+                                    &c_nonlinStaticTemplate, &c_impulseLoadTemplate, &c_generalLoadTemplate,
+                                    &c_earthquakeTemplate,   &c_hisResultTemplate};
 
 }  // namespace
 

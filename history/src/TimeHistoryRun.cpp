@@ -11,8 +11,6 @@ namespace skyframe {
 
 namespace {
 
-constexpr double c_dDisplacementLimit = 1.0e10;  // m, rad
-
 double GetHistoryBytes(int nSteps, int nNodes, int nElements) {
   return sizeof(double) * static_cast<double>(nSteps) * (3.0 * nNodes + nElements);
 }
@@ -31,7 +29,8 @@ bool CTimeHistoryRun::Start(int nMethod, int nAssumption, bool bGroundMotion) {
   const int N = CountSteps(m_model.m_dDuration, m_model.m_dTimeStep);
   const int nNodes = m_model.GetNodes().GetNodeCount();
   const int nElements = static_cast<int>(m_model.GetElements().size());
-  if (GetHistoryBytes(N, nNodes, nElements) > GetPhysicalMemory()) {
+  // the model's histories and the module's copy of them
+  if (2.0 * GetHistoryBytes(N, nNodes, nElements) > GetPhysicalMemory()) {
     GetPlatform().ShowMessage(texts::c_strHistoryTooLarge);
     return false;
   }
@@ -106,7 +105,7 @@ bool CTimeHistoryRun::StepNodalForces(Integrator& integrator, CImpulseScript& sc
   for (int k = 0; k < m_model.m_history.nSteps; ++k) {
     FormStepLoad(script, nCase);
     if (!integrator.StepForce(m_model.GetLoadVector().first(GetFreeCount()))) return false;
-    if (!IsWithinLimit(integrator.GetState().u)) return false;
+    if (!m_model.IsWithinLimit(integrator.GetState().u)) return false;
     ComputeAxialForces(integrator.GetState().u);
     Record(k, integrator.GetState().u);
   }
@@ -120,7 +119,7 @@ bool CTimeHistoryRun::StepLinearGround(const CGroundMotion& motion) {
   for (int k = 0; k < m_model.m_history.nSteps; ++k) {
     motion.FormVector(k, m_model.GetNodes(), g);
     if (!integrator.StepGround(g)) return false;
-    if (!IsWithinLimit(integrator.GetState().u)) return false;
+    if (!m_model.IsWithinLimit(integrator.GetState().u)) return false;
     ComputeAxialForces(integrator.GetState().u);
     Record(k, integrator.GetState().u);
   }
@@ -220,28 +219,8 @@ bool CTimeHistoryRun::ApplyStaticLoad() {
 }
 
 bool CTimeHistoryRun::Move(std::span<const double> increment) {
-  for (std::size_t i = 0; i < increment.size(); ++i) m_model.m_displacement[i] += increment[i];
-  m_model.m_nodes.MoveNodes(increment);
-  for (const auto& pElement : m_model.m_elements) {
-    if (!pElement) continue;
-    pElement->ComputeLength();
-    pElement->ComputeLocalAxes();
-    pElement->ComputeInternalForce(increment, true, IsShear(), false);
-  }
-  m_model.AssembleInternalForce();
-  return IsWithinLimit(std::span(m_model.m_displacement).first(GetFreeCount()));
-}
-
-bool CTimeHistoryRun::IsWithinLimit(std::span<const double> u) const {
-  // Deliberate: a signed comparison, large negative displacements pass.
-  const auto it = std::find_if(u.begin(), u.end(), [](double d) { return d > c_dDisplacementLimit; });
-  if (it == u.end()) return true;
-  std::string_view strDof;
-  const int nNode = m_model.GetNodes().FindNodeOfDof(static_cast<int>(it - u.begin()), strDof);
-  std::string strMessage(texts::c_strRunawayParts[0]);
-  strMessage.append(std::to_string(nNode + 1)).append(texts::c_strRunawayParts[1]);
-  GetPlatform().ShowMessage(strMessage.append(strDof).append(texts::c_strRunawayParts[2]));
-  return false;
+  m_model.ApplyIncrement(increment, IsShear(), false);
+  return m_model.IsWithinLimit(m_model.GetDisplacements().first(GetFreeCount()));
 }
 
 void CTimeHistoryRun::ComputeAxialForces(std::span<const double> u) {

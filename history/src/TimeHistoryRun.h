@@ -46,7 +46,6 @@ class CTimeHistoryRun {
   [[nodiscard]] bool ApplyStaticLoad();
   /// u += du, moves the nodes and updates every element and Fint; false when the structure runs away.
   [[nodiscard]] bool Move(std::span<const double> increment);
-  [[nodiscard]] bool IsWithinLimit(std::span<const double> u) const;
 
   /// Axial forces of the linear displacements u.
   void ComputeAxialForces(std::span<const double> u);

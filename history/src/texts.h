@@ -24,8 +24,6 @@ inline constexpr std::string_view c_strBadRecords[] = {"X方向加速度数据�
 inline constexpr std::string_view c_strNoModes = "错误:模态未分析";
 inline constexpr std::string_view c_strHistoryTooLarge = "时程结果所需内存超出本机内存,计算终止!";
 inline constexpr std::string_view c_strIntegration = "时程积分";
-/// Node number and DOF name go between the parts.
-inline constexpr std::string_view c_strRunawayParts[] = {"节点", "的", "超过限定值1.0e10!\n结构几何可变，请检查！"};
 
 // History files.
 inline constexpr std::string_view c_strHistorySuffix = "_HisTime.txt";

@@ -12,6 +12,8 @@ namespace {
 constexpr int c_nReactionDecimals = 3;
 constexpr int c_nReactionWidth = 15;
 
+constexpr double c_dDisplacementLimit = 1.0e10;  // m, rad
+
 }  // namespace
 
 CAnalysisModel::CAnalysisModel() : m_pDamping(10, 0.0) {
@@ -81,6 +83,29 @@ void CAnalysisModel::AssembleInternalForce() {
   }
   const int F = GetFreeDofs();
   for (std::size_t k = 0; k < m_reaction.size(); ++k) m_reaction[k] = 0.0 - m_internalForce[F + k];  // no -0
+}
+
+void CAnalysisModel::ApplyIncrement(std::span<const double> increment, bool bShear, bool bFillDiagrams) {
+  for (std::size_t i = 0; i < increment.size(); ++i) m_displacement[i] += increment[i];
+  m_nodes.MoveNodes(increment);
+  for (const auto& pElement : m_elements) {
+    if (!pElement) continue;
+    pElement->ComputeLength();
+    pElement->ComputeLocalAxes();
+    pElement->ComputeInternalForce(increment, true, bShear, bFillDiagrams);
+  }
+  AssembleInternalForce();
+}
+
+bool CAnalysisModel::IsWithinLimit(std::span<const double> v) const {
+  const auto it = std::find_if(v.begin(), v.end(), [](double d) { return d > c_dDisplacementLimit; });
+  if (it == v.end()) return true;
+  std::string_view strDof;
+  const int nNode = m_nodes.FindNodeOfDof(static_cast<int>(it - v.begin()), strDof);
+  std::string strMessage(c_strRunawayParts[0]);
+  strMessage.append(std::to_string(nNode + 1)).append(c_strRunawayParts[1]);
+  GetPlatform().ShowMessage(strMessage.append(strDof).append(c_strRunawayParts[2]));
+  return false;
 }
 
 void CAnalysisModel::WriteReactions(CTextWriter& out) const {

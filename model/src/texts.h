@@ -22,6 +22,9 @@ inline constexpr std::string_view c_strNoMembranes = "不能计算模单元!";
 inline constexpr std::string_view c_strDiagonalAddresses = "计算总刚对角地址";
 inline constexpr std::string_view c_strProfileTooLarge = "总刚矩阵存储量超出范围,计算终止!";
 
+/// Node number and DOF name go between the parts.
+inline constexpr std::string_view c_strRunawayParts[] = {"节点", "的", "超过限定值1.0e10!\n结构几何可变，请检查！"};
+
 // Loads and reactions.
 inline constexpr std::string_view c_strGetLoadVector = "获取荷载向量";
 inline constexpr std::string_view c_strAssembleLoad = "荷载组装";

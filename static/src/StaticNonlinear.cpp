@@ -10,24 +10,10 @@
 namespace skyframe {
 namespace {
 
-constexpr double c_dDisplacementLimit = 1.0e10;
-
 double Norm(std::span<const double> v) {
   double dSum = 0.0;
   for (const double d : v) dSum += d * d;
   return std::sqrt(dSum);
-}
-
-/// Shows which node runs away. Deliberate: a signed comparison, large negative increments pass.
-bool IsWithinLimit(std::span<const double> increment, const CNodeTable& nodes) {
-  const auto it = std::find_if(increment.begin(), increment.end(), [](double d) { return d > c_dDisplacementLimit; });
-  if (it == increment.end()) return true;
-  std::string_view strDof;
-  const int nNode = nodes.FindNodeOfDof(static_cast<int>(it - increment.begin()), strDof);
-  std::string strMessage(c_strLimitParts[0]);
-  strMessage.append(std::to_string(nNode + 1)).append(c_strLimitParts[1]).append(strDof).append(c_strLimitParts[2]);
-  GetPlatform().ShowMessage(strMessage);
-  return false;
 }
 
 }  // namespace
@@ -58,10 +44,9 @@ bool CAnalysisModel::IterateToEquilibrium() {
     std::copy(residual.begin(), residual.end(), increment.begin());
     const std::span<double> freeIncrement = std::span(increment).first(F);
     if (!m_stiffness.Solve(F, freeIncrement)) return false;
-    if (!IsWithinLimit(freeIncrement, m_nodes)) return false;
+    if (!IsWithinLimit(freeIncrement)) return false;
 
-    ApplyIncrement(increment);
-    AssembleInternalForce();
+    ApplyIncrement(increment, false, true);
     // R = P - Fint
     for (int i = 0; i < F; ++i) residual[i] = P[i] - m_internalForce[i];
     const double dResidual = Norm(residual);
@@ -72,17 +57,6 @@ bool CAnalysisModel::IterateToEquilibrium() {
   }
   GetPlatform().ShowMessage(c_strNoConvergence);
   return false;
-}
-
-void CAnalysisModel::ApplyIncrement(std::span<const double> increment) {
-  for (std::size_t i = 0; i < increment.size(); ++i) m_displacement[i] += increment[i];
-  m_nodes.MoveNodes(increment);
-  for (const auto& pElement : m_elements) {
-    if (!pElement) continue;
-    pElement->ComputeLength();
-    pElement->ComputeLocalAxes();
-    pElement->ComputeInternalForce(increment, true, false, true);
-  }
 }
 
 }  // namespace skyframe

@@ -19,7 +19,5 @@ inline constexpr std::string_view c_strDisplacementColumns = "UX             UY 
 inline constexpr std::string_view c_strIteration = "平衡迭代";
 inline constexpr std::string_view c_strFileNotWritten = "结果文件无法写入,计算终止!";
 inline constexpr std::string_view c_strNoConvergence = "在给定的迭代步内计算不收敛！\n请增加最大迭代步数！";
-/// Node number and DOF name go between the parts.
-inline constexpr std::string_view c_strLimitParts[] = {"节点", "的", "超过限定值1.0e10!\n结构几何可变，请检查！"};
 
 }  // namespace skyframe

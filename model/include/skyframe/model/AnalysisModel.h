@@ -164,6 +164,11 @@ class CAnalysisModel {
   [[nodiscard]] bool AssembleMass(SparseMatrix& M, bool bShear) const;
   /// Fint of all elements, and the reactions -Fint[F + k].
   void AssembleInternalForce();
+  /// u += du (F or N values), moves the nodes, updates every element and Fint.
+  void ApplyIncrement(std::span<const double> increment, bool bShear, bool bFillDiagrams);
+  /// False after a message when a value of v (equations 0..) exceeds 1e10 m or rad: the structure runs away.
+  /// Deliberate: a signed comparison, large negative values pass.
+  [[nodiscard]] bool IsWithinLimit(std::span<const double> v) const;
   /// Reaction block of the result files.
   void WriteReactions(CTextWriter& out) const;
 
@@ -186,8 +191,6 @@ class CAnalysisModel {
   void ApplyConstraints(SparseMatrix& K) const;
   /// Modified Newton-Raphson with the factorised stiffness; false after its message.
   [[nodiscard]] bool IterateToEquilibrium();
-  /// u += du, moves the nodes and updates every element.
-  void ApplyIncrement(std::span<const double> increment);
 
   CNodeTable m_nodes;
   std::vector<std::unique_ptr<CElement>> m_elements;
