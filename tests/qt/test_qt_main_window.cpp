@@ -279,6 +279,9 @@ TEST_F(MainWindow, EveryOptionAndMouseActionChangesTheDrawing) {
     QAction* const pAction = window.findChild<QAction*>(QString::fromLatin1(strOption));
     EXPECT_GT(changes([&] { pAction->trigger(); }), 50) << strOption;
   }
+  window.findChild<QAction*>(QStringLiteral("isometric"))->trigger();
+  window.findChild<QAction*>(QStringLiteral("supports"))->setChecked(true);
+  window.grab().save(QStringLiteral(SKYFRAME_PICTURE_DIR "/main-window-options.png"));
   const auto drag = [&view](Qt::MouseButton button) {
     QTest::mousePress(&view, button, {}, {100, 100});
     QMouseEvent move(QEvent::MouseMove, QPointF(160, 130), QPointF(160, 130), Qt::NoButton, button, {});
@@ -340,7 +343,10 @@ TEST_F(MainWindow, PicturesAtBothFontSizes) {
     ASSERT_TRUE(window.OpenJob(QStringLiteral(SKYFRAME_SOURCE_DIR "/examples/office10.json")));
     QTest::qWait(50);
     EXPECT_TRUE(window.grab().save(QStringLiteral(SKYFRAME_PICTURE_DIR "/main-window-%1.png").arg(nPercent)));
-    for (const QMenu* const pMenu : window.findChildren<QMenu*>()) {
+    for (QMenu* const pMenu : window.findChildren<QMenu*>()) {
+      if (pMenu->title().startsWith(QStringLiteral("视图"))) {
+        pMenu->grab().save(QStringLiteral(SKYFRAME_PICTURE_DIR "/view-menu-%1.png").arg(nPercent));
+      }
       for (QAction* const pAction : pMenu->actions()) {
         const int nText = pMenu->fontMetrics().horizontalAdvance(pAction->text());
         EXPECT_GE(pMenu->actionGeometry(pAction).width(), pAction->isSeparator() ? 0 : nText);

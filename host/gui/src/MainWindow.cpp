@@ -202,7 +202,8 @@ void CMainWindow::MakeShapeBar() {
                                  static_cast<QWidget*>(&m_animate)}) {
     m_shapeBar.addWidget(pWidget);
   }
-  m_animate.setStyleSheet(QStringLiteral("margin-left: 12px"));
+  m_shapeBar.insertSeparator(m_shapeBar.actions().constLast());
+
   addToolBar(&m_shapeBar);
   connect(&m_shapeList, &QComboBox::currentIndexChanged, this, [this] { ShowShape(); });
   connect(&m_amplitude, &QSlider::valueChanged, this,
@@ -233,8 +234,11 @@ void CMainWindow::SetFontScale(double dScale) {
   m_platform.SetFontScale(dScale);
   const QFont font = FormDialogFont(dScale);
   QApplication::setFont(font);
-  m_consoleDock.setFont(font);  // the style gives docks a font of their own
-  m_resultDock.setFont(font);
+  // A dock with the application's own font would keep the title font that it was made with.
+  QFont dockFont = font;
+  dockFont.setStyleHint(QFont::SansSerif);
+  m_consoleDock.setFont(dockFont);
+  m_resultDock.setFont(dockFont);
   m_results.SetTextSize(font.pointSizeF());
 }
 
