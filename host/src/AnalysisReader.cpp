@@ -52,6 +52,7 @@ ModalJob ReadModal(CJobObject& object, const AnalysisContext& context) {
   analysis.dAccuracy = object.NumberAtLeast("accuracy", Need::Optional, 0.0);
   analysis.nIterationMultiple = object.Integer("iteration_multiple", Need::Optional, 1);
   analysis.bShear = object.Boolean("shear", Need::Optional);
+  analysis.bVerify = object.Boolean("verify_modes", Need::Optional);
   analysis.combination = ReadCombination(object, context);
   return analysis;
 }
@@ -67,6 +68,8 @@ SpectrumJob ReadSpectrum(CJobObject& object, const AnalysisContext& context) {
   analysis.nLevel = object.Word("level", Need::Optional, c_strQuakeLevels);
   analysis.dDamping = object.NumberAtLeast("damping", Need::Optional, 0.0);
   analysis.nMethod = object.Word("modal_combination", Need::Optional, c_strModalCombinations);
+  analysis.bVirtualMode = object.Boolean("virtual_mode", Need::Optional);
+  analysis.nPseudoLoad = object.Integer("pseudo_load", Need::Optional);
   analysis.combination = ReadCombination(object, context);
   return analysis;
 }

@@ -1,9 +1,13 @@
 #include "skyframe/host/CommandLine.h"
 
+#include <unistd.h>
+
 #include <CLI/CLI.hpp>
 #include <fstream>
+#include <iostream>
 #include <new>
 
+#include "skyframe/host/DataDirectory.h"
 #include "skyframe/host/Generate.h"
 #include "skyframe/host/JobFile.h"
 #include "skyframe/host/JobRunner.h"
@@ -154,7 +158,8 @@ class CCommandLine {
       log.open(m_strLogFile);
       if (!log) return Refuse(m_strLogFile + ": cannot be written");
     }
-    const HostStreams streams{m_out, m_err, m_strLogFile.empty() ? m_out : log};
+    const bool bTerminal = &m_err == &std::cerr && isatty(STDERR_FILENO) == 1;
+    const HostStreams streams{m_out, m_err, m_strLogFile.empty() ? m_out : log, bTerminal ? &m_err : nullptr};
     if (!job->strTitle.empty()) m_out << job->strTitle << '\n';
     return RunJob(*job, GetJobPath(m_strJobFile), m_strProgramPath, streams) ? c_nExitGood : c_nExitAnalysisFailed;
   }
@@ -218,7 +223,7 @@ class CCommandLine {
 
   std::string m_strJobFile;
   std::string m_strLogFile;
-  std::string m_strProgramPath = SKYFRAME_DATA_DIR;
+  std::string m_strProgramPath = FindDataDirectory();
   std::string m_strOutput;
   int m_nNodes = 0;
   BuildingParameters m_building;

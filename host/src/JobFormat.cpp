@@ -70,6 +70,7 @@ Json ToJson(const ModalJob& analysis) {
   Put(object, "accuracy", analysis.dAccuracy);
   Put(object, "iteration_multiple", analysis.nIterationMultiple);
   Put(object, "shear", analysis.bShear);
+  Put(object, "verify_modes", analysis.bVerify);
   PutCombination(object, analysis.combination);
   return object;
 }
@@ -85,6 +86,8 @@ Json ToJson(const SpectrumJob& analysis) {
   PutWord(object, "level", analysis.nLevel, c_strQuakeLevels);
   Put(object, "damping", analysis.dDamping);
   PutWord(object, "modal_combination", analysis.nMethod, c_strModalCombinations);
+  Put(object, "virtual_mode", analysis.bVirtualMode);
+  Put(object, "pseudo_load", analysis.nPseudoLoad);
   PutCombination(object, analysis.combination);
   return object;
 }

@@ -1,13 +1,16 @@
 #include "skyframe/host/JobRunner.h"
 
-#include <algorithm>
 #include <chrono>
 #include <filesystem>
 
 #include "Format.h"
+#include "HistoryReport.h"
+#include "ModalReport.h"
 #include "PlatformScope.h"
 #include "Records.h"
+#include "SpectrumReport.h"
 #include "StaticReport.h"
+#include "skyframe/connect/Histories.h"
 #include "skyframe/connect/ModeConnect.h"
 #include "skyframe/host/Scripts.h"
 #include "skyframe/hostdata/HostData.h"
@@ -18,26 +21,30 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// The one message that is no error starts so.
-constexpr std::string_view c_strTimeReport = "OK!\nTime";
-
 /// How an analysis is called and what it leaves.
 struct AnalysisKind {
   std::string_view strName;
-  std::string_view strSuffix;  ///< empty: no file, the histories stay in memory
+  /// Suffixes of the result files. The first must be there after the run, and names no file when it is
+  /// empty: the histories then stay in memory.
+  std::vector<std::string_view> suffixes;
   void (*pEntryPoint)();
 };
 
 AnalysisKind GetKind(const StaticJob& analysis) {
   const bool bNonlinear = analysis.bNonlinear.value_or(true);  // as the dialog has it
   return {bNonlinear ? "Static analysis, nonlinear" : "Static analysis, linear",
-          bNonlinear ? "_StaticNonlinearSol.txt" : "_StaticLinearSol.txt", CModeConnect::OnStaticNonlinearSol};
+          {bNonlinear ? "_StaticNonlinearSol.txt" : "_StaticLinearSol.txt"},
+          CModeConnect::OnStaticNonlinearSol};
 }
 
-AnalysisKind GetKind(const ModalJob&) { return {"Modal analysis", ".mode", CModeConnect::OnMode}; }
+AnalysisKind GetKind(const ModalJob&) { return {"Modal analysis", {".mode"}, CModeConnect::OnMode}; }
 
-AnalysisKind GetKind(const SpectrumJob&) {
-  return {"Response-spectrum analysis", ".spec", [] { CModeConnect::OnAnsysSpectrum(); }};
+AnalysisKind GetKind(const SpectrumJob& analysis) {
+  COMDYN.m_bVirtualModes = analysis.bVirtualMode.value_or(false) ? 1 : 0;
+  COMDYN.m_nPseudoLoadNo = analysis.nPseudoLoad.value_or(0);
+  return {"Response-spectrum analysis", {".spec", "_VirtMode.spec", "VIRTRESP.log"}, [] {
+            CModeConnect::OnAnsysSpectrum();
+          }};
 }
 
 void RunTimeHistory() {
@@ -45,10 +52,11 @@ void RunTimeHistory() {
   CModeConnect::OnTimeHistoryAnalysis();
 }
 
-AnalysisKind GetKind(const WilsonJob&) { return {"Time history, Wilson", "", RunTimeHistory}; }
+AnalysisKind GetKind(const WilsonJob&) { return {"Time history, Wilson", {""}, RunTimeHistory}; }
 
 AnalysisKind GetKind(const NewmarkJob& analysis) {
-  return {"Time history, Newmark", analysis.HasGroundMotion() ? "_HisTime.txt" : "", RunTimeHistory};
+  if (analysis.HasGroundMotion()) return {"Time history, Newmark", {"_HisTime.txt"}, RunTimeHistory};
+  return {"Time history, Newmark", {"", "_Loadinputtest.txt"}, RunTimeHistory};
 }
 
 /// File systems stamp with a clock that may lag a little.
@@ -61,47 +69,65 @@ bool IsWrittenSince(const std::string& strPath, fs::file_time_type start) {
 class CJobRunner {
  public:
   CJobRunner(const Job& job, const std::string& strJobPath, const HostStreams& streams)
-      : m_job(job), m_strJobPath(strJobPath), m_streams(streams), m_platform(streams.err, streams.console) {}
+      : m_job(job),
+        m_strJobPath(strJobPath),
+        m_streams(streams),
+        m_platform(streams.err, streams.console, streams.pProgress) {}
 
   bool Run(const JobAnalysis& analysis) {
     const AnalysisKind kind = std::visit([](const auto& parameters) { return GetKind(parameters); }, analysis);
-    const std::string strResult = m_strJobPath + std::string(kind.strSuffix);
     m_streams.out << kind.strName << '\n';
     const auto start = fs::file_time_type::clock::now();
     const bool bCalm = Call(analysis, kind);
-    const bool bWritten = kind.strSuffix.empty() ? COMDYN.m_bHistoryAvailable != 0 : IsWrittenSince(strResult, start);
-    if (!bCalm || !bWritten) {
-      m_streams.out << (bWritten ? "  ended with a message\n" : "  no result\n");
+    const bool bInMemory = kind.suffixes.front().empty();
+    const bool bDone =
+        bInMemory ? COMDYN.m_bHistoryAvailable != 0 : IsWrittenSince(FormPath(kind.suffixes.front()), start);
+    if (!bCalm || !bDone) {
+      m_streams.out << (bDone ? "  ended with a message\n" : "  no result\n");
       return false;
     }
-    std::visit([this, &strResult](const auto& parameters) { Report(parameters, strResult); }, analysis);
-
-    if (kind.strSuffix.empty()) return true;
-    m_streams.out << Format("  file                  %s, %ju bytes\n", strResult.c_str(),
-                            fs::file_size(fs::path(strResult)));
+    std::visit([this, &kind](const auto& parameters) { Report(parameters, kind); }, analysis);
+    PrintTimeAndFiles(kind, start);
     return true;
   }
 
  private:
   /// False when something went wrong on the way.
   bool Call(const JobAnalysis& analysis, const AnalysisKind& kind) {
-    CHeadlessPlatform& platform = m_platform.Get();
-    platform.Clear();
+    CHostPlatform& platform = m_platform.Get();
+    platform.StartRun();
     std::visit([&platform](const auto& parameters) { AddScripts(parameters, platform); }, analysis);
     kind.pEntryPoint();
+    platform.EndProgress();
     m_streams.console.flush();
     for (const std::string& strError : platform.GetScriptErrors()) m_streams.err << strError << '\n';
-    const auto IsError = [](const std::string& strText) { return !strText.starts_with(c_strTimeReport); };
-    const auto& messages = platform.GetMessages();
-    return std::none_of(messages.begin(), messages.end(), IsError) && platform.GetScriptErrors().empty() &&
-           !platform.HasUnusedScripts();
+    return platform.GetMessages().empty() && platform.GetScriptErrors().empty() && !platform.HasUnusedScripts();
   }
 
-  void Report(const StaticJob& analysis, const std::string& strResult) {
-    PrintStaticReport(m_job, analysis, strResult, m_streams.out);
+  [[nodiscard]] std::string FormPath(std::string_view strSuffix) const { return m_strJobPath + std::string(strSuffix); }
+
+  void Report(const StaticJob& analysis, const AnalysisKind& kind) {
+    PrintStaticReport(m_job, analysis, FormPath(kind.suffixes.front()), m_streams.out);
   }
-  template <class Parameters>
-  void Report(const Parameters&, const std::string&) {}
+  void Report(const ModalJob& analysis, const AnalysisKind&) {
+    PrintModalReport(analysis, m_strJobPath, m_streams.out);
+  }
+  void Report(const SpectrumJob& analysis, const AnalysisKind&) {
+    PrintSpectrumReport(m_job, analysis, m_strJobPath, m_streams.out);
+  }
+  void Report(const WilsonJob&, const AnalysisKind&) { PrintHistoryReport(m_job, GetHistories(), m_streams.out); }
+  void Report(const NewmarkJob&, const AnalysisKind&) { PrintHistoryReport(m_job, GetHistories(), m_streams.out); }
+
+  void PrintTimeAndFiles(const AnalysisKind& kind, fs::file_time_type start) {
+    const std::string& strTime = m_platform.Get().GetElapsedTime();
+    if (!strTime.empty()) m_streams.out << "  time                  " << strTime << '\n';
+    for (const std::string_view strSuffix : kind.suffixes) {
+      const std::string strPath = FormPath(strSuffix);
+      if (strSuffix.empty() || !IsWrittenSince(strPath, start)) continue;
+      m_streams.out << Format("  file                  %s, %ju bytes\n", strPath.c_str(),
+                              fs::file_size(fs::path(strPath)));
+    }
+  }
 
   const Job& m_job;
   const std::string& m_strJobPath;

@@ -1,22 +1,22 @@
 #pragma once
 
-#include "skyframe/platform/HeadlessPlatform.h"
+#include "HostPlatform.h"
 
 namespace skyframe::host {
 
-/// Headless platform in force for the life of the object.
+/// The host's platform in force for the life of the object.
 class CPlatformScope {
  public:
-  CPlatformScope(std::ostream& strmMessages, std::ostream& strmConsole)
-      : m_platform(strmMessages, strmConsole), m_pPrevious(InstallPlatform(&m_platform)) {}
+  CPlatformScope(std::ostream& strmMessages, std::ostream& strmConsole, std::ostream* pProgress = nullptr)
+      : m_platform(strmMessages, strmConsole, pProgress), m_pPrevious(InstallPlatform(&m_platform)) {}
   ~CPlatformScope() { InstallPlatform(m_pPrevious); }
   CPlatformScope(const CPlatformScope&) = delete;
   CPlatformScope& operator=(const CPlatformScope&) = delete;
 
-  CHeadlessPlatform& Get() { return m_platform; }
+  CHostPlatform& Get() { return m_platform; }
 
  private:
-  CHeadlessPlatform m_platform;
+  CHostPlatform m_platform;
   IPlatform* m_pPrevious;
 };
 

@@ -105,6 +105,7 @@ struct ModalJob {
   std::optional<int> nIterationMultiple;
   std::optional<bool> bShear;
   JobCombination combination;
+  std::optional<bool> bVerify = std::nullopt;  ///< count by Sturm after the run whether the file misses modes
 
   bool operator==(const ModalJob&) const = default;
 };
@@ -120,6 +121,9 @@ struct SpectrumJob {
   std::optional<double> dDamping;
   std::optional<int> nMethod;
   JobCombination combination;
+  // Settings of the host's record; the dialog has no controls for them.
+  std::optional<bool> bVirtualMode = std::nullopt;
+  std::optional<int> nPseudoLoad = std::nullopt;
 
   bool operator==(const SpectrumJob&) const = default;
 };

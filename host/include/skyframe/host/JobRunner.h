@@ -9,9 +9,10 @@ namespace skyframe::host {
 
 /// Streams a command writes to.
 struct HostStreams {
-  std::ostream& out;      ///< summaries
-  std::ostream& err;      ///< messages of the module, errors
-  std::ostream& console;  ///< progress and trace lines of the module
+  std::ostream& out;                  ///< summaries
+  std::ostream& err;                  ///< messages of the module, errors
+  std::ostream& console;              ///< progress and trace lines of the module
+  std::ostream* pProgress = nullptr;  ///< terminal for a progress bar; null: none
 };
 
 /// Runs every analysis of the job in order through the module's entry points, the dialogs scripted,

@@ -1,0 +1,22 @@
+#pragma once
+
+#include <ostream>
+
+#include "skyframe/host/Job.h"
+#include "skyframe/model/HistorySet.h"
+
+namespace skyframe::host {
+
+/// Value of the largest magnitude in one of a set's histories, and where it stands.
+struct HistoryPeak {
+  double dValue = 0.0;  ///< m or N
+  int nNumber = 0;      ///< host number of the node or element; 0: nothing but zeros
+  double dTime = 0.0;   ///< s
+};
+/// nQuantity: HistoryQuantity. Values that are not finite do not count.
+[[nodiscard]] HistoryPeak FindPeak(const HistorySet& history, int nQuantity);
+
+/// Steps, and the peaks of displacement and axial force with place and time.
+void PrintHistoryReport(const Job& job, const HistorySet& history, std::ostream& out);
+
+}  // namespace skyframe::host
