@@ -171,6 +171,17 @@ void SolveOwn(State& state, CCase& matrix) {
   state.counters["residual"] = FormSolutionResidual(matrix, factors);
 }
 
+/// Eight at a time; the time is for one.
+void SolveEight(State& state, CCase& matrix) {
+  constexpr int c_nColumns = 8;
+  SparseMatrix& factors = matrix.GetFactors();
+  const int n = matrix.GetOrder();
+  std::vector<double> B = MakeVector(c_nColumns * n);
+  while (state.KeepRunningBatch(c_nColumns)) {
+    if (!factors.SolveColumns(n, B, c_nColumns)) return state.SkipWithError("refused");
+  }
+}
+
 void SolveScalar(State& state, CCase& matrix) {
   const SparseMatrix& factors = matrix.GetFactors();
   std::vector<double> x = MakeVector(matrix.GetOrder());
@@ -200,15 +211,30 @@ void MultiplySkyline(State& state, CCase& matrix) {
   for (auto _ : state) benchmark::DoNotOptimize((A * x)[0]);
 }
 
-/// K and M of the building, profile and memory included.
+/// K and M of all elements into matrices that are there and zero.
 void AssembleOwn(State& state, const BuildingShape& shape) {
   const auto pModel = BuildBuilding(shape);
-  Pencil pencil;
+  Pencil pencil = FormPencil(*pModel);
   for (auto _ : state) {
-    pencil = FormPencil(*pModel);
-    benchmark::DoNotOptimize(pencil.n);
+    state.PauseTiming();
+    pencil.K.Fill(0.0);
+    pencil.M.Fill(0.0);
+    state.ResumeTiming();
+    for (const auto& pElement : pModel->GetElements()) pElement->AssembleStiffness(pencil.K, false, false);
+    for (const auto& pElement : pModel->GetElements()) pElement->AssembleMass(pencil.M, false);
   }
   state.counters["elements"] = static_cast<double>(pModel->GetElements().size());
+}
+
+/// A zero matrix in memory that is new to the program.
+void AllocateOwn(State& state, CCase& matrix) {
+  SparseMatrix work;
+  for (auto _ : state) {
+    work.SetProfile(matrix.GetOrder(), matrix.GetMatrix().GetDiagonal());
+    work.Fill(0.0);
+    benchmark::DoNotOptimize(work.GetValues().data());
+  }
+  SetBandwidth(state, sizeof(double) * matrix.GetEntries());
 }
 
 /// Sums a block that no cache holds: the rate at which memory can be read.
@@ -314,9 +340,11 @@ class CKernelBenchmarks {
     const auto matrix = std::ref(MakeCase(s, [shape] { return MakeBuildingMatrix(shape, 0.0); }));
     Add("factor/" + s + "/skyframe", FactoriseOwn, matrix);
     Add("solve/" + s + "/skyframe", SolveOwn, matrix);
+    Add("solve8/" + s + "/skyframe", SolveEight, matrix);
     Add("rows/" + s + "/skyframe", MultiplyByRows, matrix);
     Add("rows/" + s + "/skyline", MultiplySkyline, matrix);
     Add("assembly/" + s + "/skyframe", AssembleOwn, shape);
+    Add("allocation/" + s + "/skyframe", AllocateOwn, matrix);
 #if defined(SKYFRAME_HAS_OPENBLAS)
     Add("factor/" + s + "/dpbtrf", FactoriseBand, matrix);
     Add("solve/" + s + "/dpbtrs", SolveBand, matrix);

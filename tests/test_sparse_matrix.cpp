@@ -254,6 +254,23 @@ TEST(SparseMatrix, MemoryThatIsNotThereIsReported) {
 
 // --- sums and products ------------------------------------------------------------------------
 
+TEST(SparseMatrix, ElementMatricesAreScattered) {
+  // Equations in any order; the pair (0, 3) lies above the skyline of heights 1, 2, 3, 3.
+  SparseMatrix S = MakeSparse({0, 2, 5, 8}, {1, 0, 0, 0, 0, 0, 0, 0, 0});
+  CMatrix element(3, 3);
+  constexpr double c_dUpper = 99.0;  // not read
+  const double rows[3][3] = {{1, c_dUpper, c_dUpper}, {2, 4, c_dUpper}, {3, 5, 6}};
+  for (int i = 0; i < 3; ++i) std::copy(rows[i], rows[i] + 3, element[i]);
+  const int equations[] = {3, 0, 2};
+  S.AddElement(element, equations);
+  EXPECT_EQ(Vector(S.GetValues().begin(), S.GetValues().end()), (Vector{5, 0, 0, 5, 0, 6, 0, 3, 1}));
+
+  CTestPlatform platform;
+  SparseMatrix none;
+  none.AddElement(element, equations);
+  EXPECT_EQ(platform.GetMessages().size(), 1U);
+}
+
 TEST(SparseMatrix, ScalingSkipsZeros) {
   SparseMatrix S = MakeSparse({0, 2}, {1, 0, 2});
   S *= 3.0;
@@ -337,7 +354,7 @@ TEST(SparseMatrix, TrimmingAndCompressedRows) {
   S.TrimProfile(4);
   EXPECT_EQ(ints(S.GetHeights()), (std::vector<int>{1, 1, 2, 4}));
   EXPECT_EQ(ints(S.GetRowExtents()), (std::vector<int>{4, 3, 2, 1}));
-  S.BuildRows(4);
+  EXPECT_TRUE(S.BuildRows(4));
   EXPECT_EQ(ints(S.GetRowStarts()), (std::vector<int>{0, 2, 3, 5, 7}));
   EXPECT_EQ(ints(S.GetRowColumns()), (std::vector<int>{0, 3, 2, 1, 2, 0, 3}));
   EXPECT_EQ(Vector(S.GetRowValues().begin(), S.GetRowValues().end()), (Vector{4, 1, 2, 2, 5, 1, 6}));
@@ -467,6 +484,30 @@ TEST(SparseMatrix, SolutionsAgreeWithADenseSolve) {
   }
 }
 
+TEST(SparseMatrix, SeveralRightHandSides) {
+  std::mt19937 random(19);
+  const int n = 90, nColumns = 11;
+  const Skyline A = RandomSkyline({n, 60, 1, true}, random);
+  Vector B = RandomVector(n * nColumns, random);
+  SparseMatrix S = ToSparse(A);
+  std::vector<Vector> expected;
+  for (int c = 0; c < nColumns; ++c)
+    expected.push_back(SolveDense(ToDense(A, n), Vector(B.begin() + c * n, B.begin() + (c + 1) * n)));
+  ASSERT_TRUE(S.SolveColumns(n, B, nColumns));
+  for (int c = 0; c < nColumns; ++c)
+    EXPECT_LE(LargestDifference(Vector(B.begin() + c * n, B.begin() + (c + 1) * n), expected[Index(c)]), 1e-13);
+  EXPECT_TRUE(S.SolveColumns(n, B, 0));
+
+  CTestPlatform platform;
+  SparseMatrix none, singular = MakeSparse({0, 2}, {1, 1, 1});
+  EXPECT_FALSE(none.SolveColumns(0, {}, 0));
+  Vector b(4, 1.0);
+  EXPECT_FALSE(singular.SolveColumns(2, b, 2));
+  EXPECT_EQ(platform.GetMessages(),
+            (Messages{"The element buffer of SparseMatrix has not been allocated, while ldlt solving", c_strUnstable}));
+  EXPECT_EQ(b, Vector(4, 1.0));
+}
+
 TEST(SparseMatrix, DiagonalKeptApart) {
   CTestPlatform platform;
   std::mt19937 random(23);
@@ -522,6 +563,17 @@ void CompareWithTextbook(const Skyline& A, int n, VectorUnit unit, std::mt19937&
   // |L| <= 1 here; what lies beyond n or above the heights in force must not change at all.
   ASSERT_LE(LargestDifference(actual.values, expected.values), 1e-13);
   ASSERT_LE(LargestDifference(x, xExpected), 1e-13);
+
+  // Several right-hand sides: full panels, and one that is not.
+  const int nColumns = 1 + static_cast<int>(random() % 20);
+  Vector B = RandomVector(n * nColumns, random), BExpected;
+  for (int c = 0; c < nColumns; ++c) {
+    Vector b(B.begin() + c * n, B.begin() + (c + 1) * n);
+    test::ReferenceSolve(expected, n, dExpected, b);
+    BExpected.insert(BExpected.end(), b.begin(), b.end());
+  }
+  skyline::SolveColumns(profile, actual.values.data(), d, B, nColumns, unit);
+  ASSERT_LE(LargestDifference(B, BExpected), 1e-13);
 }
 
 class SkylineKernel : public testing::TestWithParam<VectorUnit> {};

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <numeric>
+#include <utility>
 
 namespace skyframe::skyline {
 
@@ -42,7 +43,10 @@ void CRowTileMaker::FormGroups() {
   std::array<int, c_nRowTile> order;
   const auto last = order.begin() + m_tile.nRows;
   std::iota(order.begin(), last, m_tile.nFirst);
-  std::stable_sort(order.begin(), last, [this](int i, int j) { return m_profile.GetTop(i) < m_profile.GetTop(j); });
+  const auto isBefore = [this](int i, int j) {
+    return std::pair(m_profile.GetTop(i), i) < std::pair(m_profile.GetTop(j), j);
+  };
+  if (!std::is_sorted(order.begin(), last, isBefore)) std::sort(order.begin(), last, isBefore);
   m_tile.nTop = std::min(m_profile.GetTop(order.front()), m_tile.nFirst);
   m_tile.nGroups = 0;
   m_nHeads = 0;

@@ -118,6 +118,14 @@ void BackSubstitute(const Profile& profile, const double* values, std::span<doub
 
 namespace {
 
+/// The narrower panel where it holds all columns.
+PanelKernel SelectPanel(int nColumns, VectorUnit unit) {
+  const PanelKernel widest = SelectKernel(unit);
+  const bool bNarrow =
+      unit == VectorUnit::Best && 2 * nColumns <= widest.nPanelWidth && IsAvailable(VectorUnit::Bytes32);
+  return bNarrow ? SelectKernel(VectorUnit::Bytes32) : widest;
+}
+
 /// A few right-hand sides interleaved by row, solved as a panel.
 class CPanelSolver {
  public:
@@ -184,7 +192,7 @@ void SolveColumns(const Profile& profile, const double* values, std::span<const 
                   int nColumns, VectorUnit unit) {
   const int n = profile.GetOrder();
   if (n == 0) return;
-  CPanelSolver solver(profile, values, SelectKernel(unit));
+  CPanelSolver solver(profile, values, SelectPanel(nColumns, unit));
   std::array<double*, c_nMaxPanelWidth> columns;
   for (int c0 = 0; c0 < nColumns; c0 += solver.GetWidth()) {
     const int nCount = std::min(solver.GetWidth(), nColumns - c0);

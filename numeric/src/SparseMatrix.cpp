@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <functional>
+#include <limits>
 #include <new>
 #include <numeric>
 
@@ -19,6 +20,25 @@ constexpr double c_dPivotLimit = 1e-15;
 bool IsAcceptedPivot(double d) { return std::abs(d) > c_dPivotLimit && std::isfinite(d); }
 
 std::size_t Index(int i) { return static_cast<std::size_t>(i); }
+
+struct UpperEntry {
+  int nRow;
+  double dValue;
+};
+
+/// Of a column's rows nBegin .. nEnd - 1. Runs of zeros, which are most of it, are passed over eight at a time.
+void AppendNonZeros(const double* column, int nBegin, int nEnd, std::vector<UpperEntry>& entries) {
+  constexpr int c_nRun = 8;
+  const auto isZeroRun = [](const double* a) {
+    bool bZero = true;
+    for (int k = 0; k < c_nRun; ++k) bZero &= a[k] == 0.0;
+    return bZero;
+  };
+  for (int r = nBegin; r < nEnd; ++r) {
+    while (r + c_nRun <= nEnd && isZeroRun(column + r)) r += c_nRun;
+    if (r < nEnd && column[r] != 0.0) entries.push_back({r, column[r]});
+  }
+}
 
 /// Runs the action. False after a message when memory is short.
 template <class Action>
@@ -106,6 +126,17 @@ double& SparseMatrix::operator()(int nRow, int nCol) {
   return bStored ? Column(i)[j] : ResetDummy();
 }
 
+void SparseMatrix::AddElement(const CMatrix& element, std::span<const int> equations) {
+  if (IsRefused(text::c_strAccessUnallocated)) return;
+  for (std::size_t i = 0; i < equations.size(); ++i) {
+    const double* const row = element[static_cast<int>(i)];
+    for (std::size_t j = 0; j <= i; ++j) {
+      const int nCol = std::max(equations[i], equations[j]), nRow = std::min(equations[i], equations[j]);
+      if (nCol - nRow < FullHeight(nCol)) Column(nCol)[nRow] += row[j];
+    }
+  }
+}
+
 SparseMatrix& SparseMatrix::operator*=(double dFactor) {
   if (IsRefused(text::c_strMultiplyUnallocated)) return *this;
   for (double& dEntry : std::span(m_values.get(), GetCount())) {
@@ -177,39 +208,48 @@ void SparseMatrix::TrimProfile(int n) {
   }
 }
 
-void SparseMatrix::BuildRows(int n) {
-  std::vector<int> nextEntry(Index(n) + 1, 0);
-  if (!m_bNotAllocated) CountRowEntries(n, nextEntry);
-  m_rowStart = nextEntry;
-  m_rowValues.resize(Index(m_rowStart.back()));
-  m_rowColumn.resize(Index(m_rowStart.back()));
-  if (m_bNotAllocated) return;
+bool SparseMatrix::BuildRows(int n) {
+  DropRows();
+  if (RunWithMemory([this, n] { FillRows(n); })) return true;
+  DropRows();
+  return false;
+}
+
+/// Throws std::bad_alloc when there is no room, or more than 2^31 - 1 entries.
+void SparseMatrix::FillRows(int n) {
+  // One pass over the profile: the non-zero entries column by column, the columns' ends, the rows' lengths.
+  std::vector<UpperEntry> upper;
+  std::vector<std::size_t> columnEnd(Index(n), 0);
+  std::vector<std::size_t> rowEnd(Index(n) + 1, 0);
+  for (int i = 0; i < n && !m_bNotAllocated; ++i) {
+    AppendNonZeros(Column(i), i - Height(i) + 1, i + 1, upper);
+    for (std::size_t k = i == 0 ? 0 : columnEnd[Index(i) - 1]; k < upper.size(); ++k) {
+      ++rowEnd[Index(i) + 1];
+      if (upper[k].nRow < i) ++rowEnd[Index(upper[k].nRow) + 1];
+    }
+    columnEnd[Index(i)] = upper.size();
+  }
+  std::partial_sum(rowEnd.begin(), rowEnd.end(), rowEnd.begin());
+  if (rowEnd.back() > Index(std::numeric_limits<int>::max())) throw std::bad_alloc();
+  std::vector<int> rowStart(rowEnd.begin(), rowEnd.end());
+  m_rowValues.resize(rowEnd.back());
+  m_rowColumn.resize(rowEnd.back());
+
+  std::vector<int> next = rowStart;
   const auto append = [&](int nRow, int nCol, double dValue) {
-    const auto k = Index(nextEntry[Index(nRow)]++);
+    const auto k = Index(next[Index(nRow)]++);
     m_rowValues[k] = dValue;
     m_rowColumn[k] = nCol;
   };
-  // Column by column: row i receives its left entries with column i, the right ones with later columns.
+  // Row i receives its left entries with column i, the right ones with later columns.
+  std::size_t k = 0;
   for (int i = 0; i < n; ++i) {
-    for (int r = i - Height(i) + 1; r <= i; ++r) {
-      const double dValue = Column(i)[r];
-      if (dValue == 0.0) continue;
-      append(i, r, dValue);
-      if (r < i) append(r, i, dValue);
+    for (; k < columnEnd[Index(i)]; ++k) {
+      append(i, upper[k].nRow, upper[k].dValue);
+      if (upper[k].nRow < i) append(upper[k].nRow, i, upper[k].dValue);
     }
   }
-}
-
-/// rowStart(i) = number of non-zero entries in the rows before i.
-void SparseMatrix::CountRowEntries(int n, std::vector<int>& rowStart) const {
-  for (int i = 0; i < n; ++i) {
-    for (int r = i - Height(i) + 1; r <= i; ++r) {
-      if (Column(i)[r] == 0.0) continue;
-      ++rowStart[Index(i) + 1];
-      if (r < i) ++rowStart[Index(r) + 1];
-    }
-  }
-  std::partial_sum(rowStart.begin(), rowStart.end(), rowStart.begin());
+  m_rowStart = std::move(rowStart);
 }
 
 bool SparseMatrix::Decompose(int n) {
@@ -281,6 +321,10 @@ double& SparseMatrix::ResetDummy() {
 
 void SparseMatrix::DropDerived() {
   m_rowExtent.clear();
+  DropRows();
+}
+
+void SparseMatrix::DropRows() {
   m_rowStart.clear();
   m_rowColumn.clear();
   m_rowValues.clear();

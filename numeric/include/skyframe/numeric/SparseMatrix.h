@@ -46,6 +46,10 @@ class SparseMatrix {
   /// Deliberate: only the smaller index is range-tested, and only for being greater than n.
   double& operator()(int nRow, int nCol);
 
+  /// A(d_i, d_j) += element(i, j) for the lower triangle of a symmetric element matrix with the equations
+  /// d; what lies above the skyline is dropped. Equations below the order, unchecked.
+  void AddElement(const CMatrix& element, std::span<const int> equations);
+
   /// Deliberate: entries that are exactly zero are skipped.
   SparseMatrix& operator*=(double dFactor);
   /// Entries of S outside this profile are dropped.
@@ -61,8 +65,9 @@ class SparseMatrix {
   /// Trims leading zeros from the heights of the first n columns (a diagonal entry always stays) and
   /// finds the row extents. The heights stay trimmed until RestoreHeights or Allocate.
   void TrimProfile(int n);
-  /// Compressed-row copy of the non-zero entries of both triangles, columns ascending in each row.
-  void BuildRows(int n);
+  /// Compressed-row copy of the non-zero entries of both triangles, columns ascending in each row. False,
+  /// without rows, after a message when memory is short or they are too many to count.
+  bool BuildRows(int n);
 
   /// LDL^T of the leading n x n block. A pivot within +-1e-15 (or NaN) is refused after all columns
   /// are done: message, false, values left partly reduced.
@@ -89,7 +94,8 @@ class SparseMatrix {
   [[nodiscard]] bool IsRefused(std::string_view strText) const;
   double& ResetDummy();
   void DropDerived();
-  void CountRowEntries(int n, std::vector<int>& rowStart) const;
+  void DropRows();
+  void FillRows(int n);
   [[nodiscard]] bool Factorise(int n, std::span<double> pivots);
 
   bool m_bFactorised = false;
