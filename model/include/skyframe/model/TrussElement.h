@@ -43,8 +43,8 @@ class CTrussElem final : public CElement {
  private:
   void TraceTangent(std::span<const double> u, const Vector3& a, const CMatrix& G, std::span<const double> Bnl) const;
 
-  CMatrix m_stress;          ///< 1 x 1, sigma, N/m2
-  CMatrix m_strainGradient;  ///< 3 x 6, G of the current length
+  CMatrix m_stress;                  ///< 1 x 1, sigma, N/m2
+  CMatrix m_strainGradient;          ///< 3 x 6, G of the current length
   MemberVector m_displacement = {};  ///< total, local axes, six values
 };
 
