@@ -11,6 +11,7 @@
 #include "skyframe/host/Generate.h"
 #include "skyframe/host/JobFile.h"
 #include "skyframe/host/JobRunner.h"
+#include "skyframe/host/Plots.h"
 
 namespace skyframe::host {
 
@@ -46,6 +47,7 @@ class CCommandLine {
     m_app.require_subcommand(1);
     DefineRun();
     DefineCheck();
+    DefinePlot();
     DefineGenerate();
   }
 
@@ -72,6 +74,27 @@ class CCommandLine {
     CLI::App* pCheck = m_app.add_subcommand("check", "Validate a job; print counts, profile and memory");
     pCheck->add_option("job", m_strJobFile, "Job file (JSON)")->required();
     pCheck->callback([this] { m_action = [this] { return OnCheck(); }; });
+  }
+
+  void DefinePlot() {
+    CLI::App* pPlot = m_app.add_subcommand("plot", "Draw a result of a job as SVG");
+    pPlot->add_option("job", m_strJobFile, "Job file (JSON) whose analyses have run")->required();
+    pPlot->add_option("-o,--output", m_strOutput, "SVG file to write")->required();
+    CLI::Option_group* pWhat = pPlot->add_option_group("What to draw", "one of these");
+    pWhat->require_option(1);
+    pWhat->add_flag("--spectrum", m_bSpectrum, "Design spectrum with the periods of the modes");
+    pWhat->add_option("--mode", m_plot.nNumber, "Mode shape, from 1");
+    CLI::Option* pNode = pWhat->add_option("--node", m_plot.nNumber, "Displacement history of the node with this id");
+    CLI::Option* pElement = pWhat->add_option("--element", m_plot.nNumber, "Axial-force history of an element, from 1");
+    CLI::Option* pDeformed = pWhat->add_flag("--deformed", m_bDeformed, "Structure as the static analysis deforms it");
+    const std::map<std::string, int> directions = {{"X", 0}, {"Y", 1}, {"Z", 2}};
+    pPlot->add_option("--dir", m_plot.nDirection, "X, Y or Z (default X)")
+        ->needs(pNode)
+        ->transform(CLI::CheckedTransformer(directions, CLI::ignore_case));
+    pPlot->add_flag("--nonlinear", m_plot.bNonlinear, "Of the nonlinear static analysis")->needs(pDeformed);
+    pPlot->add_flag("--viewer", m_plot.bViewer, "The result viewer's picture of a history");
+    pPlot->callback(
+        [this, pWhat, pNode, pElement] { m_action = [=, this] { return OnPlot(*pWhat, *pNode, *pElement); }; });
   }
 
   void DefineGenerate() {
@@ -172,6 +195,24 @@ class CCommandLine {
     return CheckJob(*job, {m_out, m_err, console}) ? c_nExitGood : c_nExitAnalysisFailed;
   }
 
+  int OnPlot(const CLI::App& what, const CLI::Option& node, const CLI::Option& element) {
+    const bool bHistory = node.count() + element.count() > 0;
+    if (m_plot.bViewer && !bHistory) return Refuse("--viewer: belongs to --node or --element");
+    using Kind = PlotRequest::Kind;
+    m_plot.kind = what.count("--mode") > 0 ? Kind::Mode
+                  : m_bDeformed            ? Kind::Deformed
+                  : node.count() > 0       ? Kind::Node
+                  : element.count() > 0    ? Kind::Element
+                                           : Kind::Spectrum;
+    const std::optional<Job> job = LoadJob(m_strJobFile, m_err);
+    if (!job) return c_nExitBadInput;
+    const std::optional<std::string> strPicture = DrawPlot(*job, GetJobPath(m_strJobFile), m_plot, m_err);
+    if (!strPicture) return c_nExitBadInput;
+    std::ofstream strm(m_strOutput, std::ios::binary);
+    strm << *strPicture << std::flush;
+    return strm ? c_nExitGood : Refuse(m_strOutput + ": cannot be written");
+  }
+
   int OnGenerateBuilding(const CLI::App& app) {
     if (m_nNodes > 0) {
       const BuildingParameters choice = ChooseBuilding(m_nNodes);
@@ -225,6 +266,9 @@ class CCommandLine {
   std::string m_strLogFile;
   std::string m_strProgramPath = FindDataDirectory();
   std::string m_strOutput;
+  PlotRequest m_plot;
+  bool m_bSpectrum = false;
+  bool m_bDeformed = false;
   int m_nNodes = 0;
   BuildingParameters m_building;
   TowerParameters m_tower;
