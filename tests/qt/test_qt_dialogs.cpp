@@ -183,7 +183,7 @@ TEST_P(EveryDialog, TabVisitsControlsInTemplateOrder) {
   const std::unique_ptr<CDialog> pDialog = Case().make();
   ResetHostData();
   CDialogWindow window(*pDialog);
-  window.Open();
+  window.OpenDialog();
   window.show();
   std::vector<int> visited;
   const int nFirst = window.GetFocus();
@@ -287,7 +287,7 @@ TEST(LoadCombinationWindow, DraggingMarksNothing) {
   CLoadCombDlg dialog;
   dialog.m_loadComb.nLoadTypes = c_nLoadTypes;
   CDialogWindow window(dialog);
-  window.Open();
+  window.OpenDialog();
   window.show();
   QWidget* const pArea =
       window.FindWidget(c_nIdAvailable)->findChild<QWidget*>(QStringLiteral("qt_scrollarea_viewport"));

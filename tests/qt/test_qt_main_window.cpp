@@ -281,6 +281,7 @@ TEST_F(MainWindow, EveryOptionAndMouseActionChangesTheDrawing) {
   }
   window.findChild<QAction*>(QStringLiteral("isometric"))->trigger();
   window.findChild<QAction*>(QStringLiteral("supports"))->setChecked(true);
+  QApplication::processEvents();
   window.grab().save(QStringLiteral(SKYFRAME_PICTURE_DIR "/main-window-options.png"));
   const auto drag = [&view](Qt::MouseButton button) {
     QTest::mousePress(&view, button, {}, {100, 100});
@@ -345,7 +346,9 @@ TEST_F(MainWindow, PicturesAtBothFontSizes) {
     EXPECT_TRUE(window.grab().save(QStringLiteral(SKYFRAME_PICTURE_DIR "/main-window-%1.png").arg(nPercent)));
     for (QMenu* const pMenu : window.findChildren<QMenu*>()) {
       if (pMenu->title().startsWith(QStringLiteral("视图"))) {
+        pMenu->popup({0, 0});
         pMenu->grab().save(QStringLiteral(SKYFRAME_PICTURE_DIR "/view-menu-%1.png").arg(nPercent));
+        pMenu->hide();
       }
       for (QAction* const pAction : pMenu->actions()) {
         const int nText = pMenu->fontMetrics().horizontalAdvance(pAction->text());

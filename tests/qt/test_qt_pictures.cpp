@@ -44,7 +44,7 @@ TEST_P(DialogPictures, NothingClipped) {
   const DialogCase& dialogCase = c_dialogCases[nCase];
   const std::unique_ptr<CDialog> pDialog = dialogCase.make();
   CDialogWindow window(*pDialog, nPercent / 100.0);
-  window.Open();
+  window.OpenDialog();
   window.show();
   const QString strPicture = QStringLiteral(SKYFRAME_PICTURE_DIR "/%1-%2.png").arg(dialogCase.strName).arg(nPercent);
   EXPECT_TRUE(window.grab().save(strPicture));

@@ -100,7 +100,7 @@ TEST(QtDialogs, EndedWhileOpening) {
 TEST(QtDialogs, ListChangesByTheProgramRaiseNoEvent) {
   CProbeDlg dialog;
   CDialogWindow window(dialog);
-  window.Open();
+  window.OpenDialog();
   window.Select(12, 1, true);
   window.Select(12, 2, true);
   EXPECT_FALSE(window.IsSelected(12, 1)) << "single selection";

@@ -1,6 +1,5 @@
 #include "MainWindow.h"
 
-#include <QActionGroup>
 #include <QApplication>
 #include <QCloseEvent>
 #include <QFileDialog>
@@ -13,6 +12,7 @@
 #include "ErrorDialog.h"
 #include "Records.h"
 #include "skyframe/connect/ModeConnect.h"
+#include "skyframe/host/DataDirectory.h"
 #include "skyframe/qt/Font.h"
 #include "texts.h"
 
@@ -48,7 +48,8 @@ CMainWindow::CMainWindow(const QString& strSettingsFile)
       m_consoleDock(this),
       m_decoder(QStringDecoder::Utf8),
       m_resultDock(this),
-      m_recentMenu(this) {
+      m_recentMenu(this),
+      m_fontSizes(this) {
   setObjectName(QStringLiteral("main"));
   setWindowTitle(ToQt(texts::c_strProgram));
   setCentralWidget(&m_view);
@@ -163,7 +164,6 @@ void CMainWindow::MakeViewMenu() {
 
 void CMainWindow::MakeFontMenu(QMenu& viewMenu) {
   QMenu& menu = *viewMenu.addMenu(ToQt(texts::c_strFontMenu));
-  auto* const pGroup = std::make_unique<QActionGroup>(this).release();  // the window owns it
   for (const int nPercent : c_nFontPercents) {
     const std::string strText = std::to_string(nPercent) + " %";
     QAction* const pAction = AddAction(menu, strText, texts::c_strFontTip, "font", [this, nPercent] {
@@ -172,7 +172,7 @@ void CMainWindow::MakeFontMenu(QMenu& viewMenu) {
     });
     pAction->setCheckable(true);
     pAction->setChecked(nPercent == m_pSettings->value(c_strFontKey, 100).toInt());
-    pGroup->addAction(pAction);
+    m_fontSizes.addAction(pAction);
   }
 }
 
@@ -253,7 +253,7 @@ bool CMainWindow::OpenJob(const QString& strFile) {
   const std::string strPath = strFile.toStdString();
   host::JobFile file = host::ReadJobFile(strPath);
   const std::string strJobPath = host::GetJobPath(strPath);
-  if (file.errors.empty() && !host::FillRecords(file.job, strJobPath, SKYFRAME_DATA_DIR)) {
+  if (file.errors.empty() && !host::FillRecords(file.job, strJobPath, host::FindDataDirectory())) {
     file.errors.push_back({"/", std::string(texts::c_strPathTooLong)});
   }
   if (!file.errors.empty()) {

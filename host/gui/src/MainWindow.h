@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QAction>
+#include <QActionGroup>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDockWidget>
@@ -89,6 +90,7 @@ class CMainWindow : public QMainWindow {
   QDockWidget m_resultDock;
   CResultPanel m_results;
   QMenu m_recentMenu;
+  QActionGroup m_fontSizes;
   std::vector<QAction*> m_jobActions;  ///< need an open job
 };
 

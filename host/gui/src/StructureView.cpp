@@ -26,6 +26,7 @@ constexpr double c_dSwingPeriod = 2.0;          // s
 constexpr std::size_t c_nSmoothMembers = 4000;  // beyond, lines are drawn without smoothing
 constexpr double c_dGlyph = 5.0;                // pixels
 constexpr double c_dArrow = 28.0;               // pixels
+constexpr double c_dCaseShift = 3.0;            // pixels
 constexpr double c_dArrowHead = 7.0;            // pixels
 
 const QColor c_ground(252, 252, 250);
@@ -214,7 +215,8 @@ void CStructureView::DrawLoads(QPainter& painter) const {
     const ScreenPoint d = m_camera.ProjectDirection(load.direction);
     painter.setPen(QPen(c_caseColours[static_cast<std::size_t>(load.nCase) % c_caseColours.size()], 1.4));
     painter.setBrush(Qt::NoBrush);
-    DrawArrow(painter, ToScreen(NodeAt(load.nNode)), {d.dX, d.dY}, load.bMoment);
+    const QPointF beside(c_dCaseShift * load.nCase, 0.0);  // cases do not hide one another
+    DrawArrow(painter, ToScreen(NodeAt(load.nNode)) + beside, {d.dX, d.dY}, load.bMoment);
   }
 }
 

@@ -1,5 +1,6 @@
 #include "ConsoleBuffer.h"
 
+#include <algorithm>
 #include <string>
 #include <utility>
 
@@ -9,10 +10,10 @@ CConsoleBuffer::CConsoleBuffer(Sink sink) : m_sink(std::move(sink)) {
   setp(m_buffer.data(), m_buffer.data() + m_buffer.size());
 }
 
-CConsoleBuffer::~CConsoleBuffer() { sync(); }
+CConsoleBuffer::~CConsoleBuffer() { HandOnAll(); }
 
 void CConsoleBuffer::SetSink(Sink sink) {
-  sync();
+  HandOnAll();
   m_sink = std::move(sink);
 }
 
@@ -25,14 +26,17 @@ CConsoleBuffer::int_type CConsoleBuffer::overflow(int_type c) {
 }
 
 int CConsoleBuffer::sync() {
-  HandOn(static_cast<std::size_t>(pptr() - pbase()));
+  HandOnAll();
   return 0;
 }
+
+void CConsoleBuffer::HandOnAll() { HandOn(static_cast<std::size_t>(pptr() - pbase())); }
 
 void CConsoleBuffer::HandOn(std::size_t nCount) {
   const std::string strText(pbase(), pptr());
   setp(m_buffer.data(), m_buffer.data() + m_buffer.size());
-  sputn(strText.data() + nCount, static_cast<std::streamsize>(strText.size() - nCount));
+  std::copy(strText.begin() + static_cast<std::ptrdiff_t>(nCount), strText.end(), m_buffer.begin());
+  pbump(static_cast<int>(strText.size() - nCount));
   if (nCount > 0) m_sink(std::string_view(strText).substr(0, nCount));
 }
 

@@ -27,6 +27,7 @@ class CConsoleBuffer : public std::streambuf {
  private:
   /// Hands on the first nCount bytes and keeps the others.
   void HandOn(std::size_t nCount);
+  void HandOnAll();
 
   Sink m_sink;
   std::array<char, 8192> m_buffer;

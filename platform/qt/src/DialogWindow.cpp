@@ -211,7 +211,7 @@ void CDialogWindow::GroupRadioButtons() {
   }
 }
 
-void CDialogWindow::Open() {
+void CDialogWindow::OpenDialog() {
   m_bOpen = true;
   m_dialog.Open(*this);
   setFixedSize(MeasureClient(CDialogUnits(font())));
@@ -241,7 +241,7 @@ void CDialogWindow::FocusFirst() {
 }
 
 int CDialogWindow::Run() {
-  Open();
+  OpenDialog();
   if (!m_dialog.HasEnded()) exec();
   m_timers.clear();
   m_bOpen = false;

@@ -22,7 +22,7 @@ class CDialogUnits;
 /// identifier in decimal (objectName). What a person does is passed on to the dialog; programmatic
 /// changes are not. Enter presses the default button; Esc and the frame's close button are Cancel.
 /// Requests for a control that the template does not have change nothing and answer empty.
-/// Lifecycle: construct, Run once; or construct and Open to look at the dialog without running it.
+/// Lifecycle: construct, Run once; or construct and OpenDialog to look at the dialog without running it.
 class CDialogWindow : public QDialog, public IDialogView {
  public:
   /// The dialog must outlive the window. The scale is that of the font and of all rectangles.
@@ -30,7 +30,7 @@ class CDialogWindow : public QDialog, public IDialogView {
   ~CDialogWindow() override;
 
   /// Attaches the dialog, which initialises the controls. The window is not shown yet.
-  void Open();
+  void OpenDialog();
   /// Opens the dialog and lets a person work until it ends; c_nIdOk or c_nIdCancel.
   /// An exception of one of the dialog's handlers ends it and leaves from here.
   int Run();
