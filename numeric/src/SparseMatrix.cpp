@@ -1,7 +1,9 @@
 #include "skyframe/numeric/SparseMatrix.h"
 
 #include <algorithm>
+#include <bit>
 #include <cmath>
+#include <cstdint>
 #include <functional>
 #include <limits>
 #include <new>
@@ -26,16 +28,29 @@ struct UpperEntry {
   double dValue;
 };
 
+/// By bits: a negative zero counts as an entry.
+template <std::size_t nExtent>
+bool IsZeroRun(std::span<const double, nExtent> run) {
+  std::uint64_t nBits = 0;
+  for (const double d : run) nBits |= std::bit_cast<std::uint64_t>(d);
+  return nBits == 0;
+}
+
+/// Calls the action with place and entries of every run that is not all zero; the others are not touched.
+template <class Action>
+void ForEachRun(std::span<const double> values, Action action) {
+  constexpr std::size_t c_nRun = 512;
+  for (std::size_t k = 0; k < values.size(); k += c_nRun) {
+    const auto run = values.subspan(k, std::min(c_nRun, values.size() - k));
+    if (!IsZeroRun(run)) action(k, run);
+  }
+}
+
 /// Of a column's rows nBegin .. nEnd - 1. Runs of zeros, which are most of it, are passed over eight at a time.
 void AppendNonZeros(const double* column, int nBegin, int nEnd, std::vector<UpperEntry>& entries) {
   constexpr int c_nRun = 8;
-  const auto isZeroRun = [](const double* a) {
-    bool bZero = true;
-    for (int k = 0; k < c_nRun; ++k) bZero &= a[k] == 0.0;
-    return bZero;
-  };
   for (int r = nBegin; r < nEnd; ++r) {
-    while (r + c_nRun <= nEnd && isZeroRun(column + r)) r += c_nRun;
+    while (r + c_nRun <= nEnd && IsZeroRun(std::span<const double, c_nRun>(column + r, c_nRun))) r += c_nRun;
     if (r < nEnd && column[r] != 0.0) entries.push_back({r, column[r]});
   }
 }
@@ -69,7 +84,9 @@ SparseMatrix& SparseMatrix::operator=(const SparseMatrix& other) {
   }
   Allocate();
   if (m_bNotAllocated) return *this;
-  std::copy_n(other.m_values.get(), GetCount(), m_values.get());
+  ForEachRun(other.GetValues(), [this](std::size_t nFirst, std::span<const double> run) {
+    std::ranges::copy(run, m_values.get() + nFirst);
+  });
   m_bFactorised = other.m_bFactorised;
   return *this;
 }
@@ -98,15 +115,26 @@ void SparseMatrix::Allocate() {
   m_bNotAllocated = !RunWithMemory([this] {
     // Addresses that do not ascend have left the 32-bit range: no memory would be enough.
     if (std::ranges::adjacent_find(m_diag, std::greater_equal()) != m_diag.end()) throw std::bad_alloc();
-    m_values = std::make_unique_for_overwrite<double[]>(GetCount());
+    m_values.reset(static_cast<double*>(std::calloc(std::max<std::size_t>(GetCount(), 1), sizeof(double))));
+    if (!m_values) throw std::bad_alloc();
   });
 }
 
 void SparseMatrix::Fill(double dValue) {
-  if (m_bNotAllocated) Allocate();
-  if (m_bNotAllocated) return;
-  std::fill_n(m_values.get(), GetCount(), dValue);
+  const bool bNew = m_bNotAllocated;
+  if (bNew) Allocate();
   m_bFactorised = false;
+  if (dValue != 0.0) {
+    std::ranges::fill(GetEntries(), dValue);
+  } else if (!bNew) {
+    Clear();
+  }
+}
+
+void SparseMatrix::Clear() {
+  ForEachRun(GetValues(), [this](std::size_t nFirst, std::span<const double> run) {
+    std::fill_n(m_values.get() + nFirst, run.size(), 0.0);
+  });
 }
 
 std::span<const double> SparseMatrix::GetValues() const {
@@ -139,7 +167,7 @@ void SparseMatrix::AddElement(const CMatrix& element, std::span<const int> equat
 
 SparseMatrix& SparseMatrix::operator*=(double dFactor) {
   if (IsRefused(text::c_strMultiplyUnallocated)) return *this;
-  for (double& dEntry : std::span(m_values.get(), GetCount())) {
+  for (double& dEntry : GetEntries()) {
     // Deliberate: zeros stay zero under any factor, NaN too.
     if (dEntry != 0.0) dEntry *= dFactor;
   }
@@ -151,7 +179,10 @@ SparseMatrix& SparseMatrix::operator+=(const SparseMatrix& S) {
   if (IsRefused(text::c_strAddUnallocated) || S.IsRefused(text::c_strAddUnallocated)) return *this;
   for (int i = 0; i < std::min(m_n, S.m_n); ++i) {
     const int nCommon = std::min(FullHeight(i), S.FullHeight(i));
-    for (int r = i - nCommon + 1; r <= i; ++r) Column(i)[r] += S.Column(i)[r];
+    ForEachRun({S.Column(i) + i - nCommon + 1, Index(nCommon)}, [&](std::size_t nFirst, std::span<const double> run) {
+      double* const a = Column(i) + (i - nCommon + 1) + nFirst;
+      for (std::size_t k = 0; k < run.size(); ++k) a[k] += run[k];
+    });
   }
   m_bFactorised = false;
   return *this;

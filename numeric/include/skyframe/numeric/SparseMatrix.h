@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdlib>
 #include <memory>
 #include <span>
 #include <string_view>
@@ -27,7 +28,7 @@ class SparseMatrix {
   /// Releases everything; diag has n strictly increasing entries, diag[0] = 0.
   void SetProfile(int n, std::span<const int> diag);
   void Release();
-  /// Values uninitialised, full column heights. Shows a message and stays unallocated when memory is short.
+  /// Values all zero, full column heights. Shows a message and stays unallocated when memory is short.
   void Allocate();
   void Fill(double dValue);
 
@@ -87,22 +88,31 @@ class SparseMatrix {
   /// Where row 0 of column i would stand: A(r, i) is Column(i)[r].
   [[nodiscard]] double* Column(int i) { return m_values.get() + (Diagonal(i) - i); }
   [[nodiscard]] const double* Column(int i) const { return m_values.get() + (Diagonal(i) - i); }
+  [[nodiscard]] std::span<double> GetEntries() {
+    return {m_values.get(), m_bNotAllocated ? std::size_t{0} : GetCount()};
+  }
   [[nodiscard]] std::size_t GetCount() const;
   [[nodiscard]] skyline::Profile GetProfile(int n) const;
 
   /// Shows the text and returns true when there are no values.
   [[nodiscard]] bool IsRefused(std::string_view strText) const;
   double& ResetDummy();
+  void Clear();
   void DropDerived();
   void DropRows();
   void FillRows(int n);
   [[nodiscard]] bool Factorise(int n, std::span<double> pivots);
 
+  /// Values come from the zeroed memory of calloc: pages that stay zero are never touched and cost nothing.
+  struct FreeValues {
+    void operator()(double* p) const { std::free(p); }
+  };
+
   bool m_bFactorised = false;
   bool m_bNotAllocated = true;
   int m_n = 0;
   std::vector<int> m_diag;
-  std::unique_ptr<double[]> m_values;
+  std::unique_ptr<double[], FreeValues> m_values;
   std::vector<double> m_rowValues;
   double m_dDummy = 0.0;
   std::vector<int> m_height;
