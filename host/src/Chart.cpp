@@ -18,6 +18,12 @@ constexpr double c_dLegendWidth = 210, c_dLegendLine = 20;
 constexpr double c_dLargestPlain = 1.0e6;
 constexpr int c_nMostDecimals = 6;
 
+/// Characters of a text in UTF-8.
+double CountCharacters(const std::string& strText) {
+  return static_cast<double>(std::count_if(strText.begin(), strText.end(),
+                                           [](char c) { return (static_cast<unsigned char>(c) & 0xC0U) != 0x80U; }));
+}
+
 /// 1, 2 or 5 times a power of ten, not below the value.
 double RoundUp(double dValue) {
   const double dPower = std::pow(10.0, std::floor(std::log10(dValue)));
@@ -61,6 +67,20 @@ void PaintTitle(IPaintContext& paint, const std::string& strTitle, const std::st
   paint.SetPen(c_faintColour);
   paint.SetTextHeight(c_dTextHeight);
   paint.Text(c_dTitleLeft, 44, strSubtitle);
+}
+
+void PaintLabel(IPaintContext& paint, const Box& within, PaintPoint at, const std::string& strText, Colour colour) {
+  constexpr double c_dHeight = 16;
+  const double dWidth = 0.5 * c_dTickHeight * CountCharacters(strText) + 8;  // about what the letters take
+  const double dX =
+      std::clamp(at.dX, within.dLeft + dWidth / 2, std::max(within.dRight, within.dLeft + dWidth) - dWidth / 2);
+  const double dY = std::clamp(at.dY, within.dTop + c_dHeight, std::max(within.dBottom, within.dTop + c_dHeight));
+  paint.SetPen(c_white);
+  paint.SetBrush(c_white);
+  paint.Rectangle(dX - dWidth / 2, dY - c_dHeight, dWidth, c_dHeight);
+  paint.SetPen(colour);
+  paint.SetTextHeight(c_dTickHeight);
+  paint.Text(dX, dY - c_dHeight / 2, strText, HorizontalAlign::Centre, VerticalAlign::Middle);
 }
 
 CChart::CChart(IPaintContext& paint, const ChartTexts& texts, const Ticks& x, const Ticks& y)

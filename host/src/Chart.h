@@ -53,6 +53,9 @@ inline constexpr int c_nChartHeight = 560;
 /// Title and line below it at the top left of a sheet.
 void PaintTitle(IPaintContext& paint, const std::string& strTitle, const std::string& strSubtitle);
 
+/// Text on a ground of its own, kept inside the box; at: middle of its lower edge.
+void PaintLabel(IPaintContext& paint, const Box& within, PaintPoint at, const std::string& strText, Colour colour);
+
 /// A coordinate system with grid, ticks and titles on a sheet of c_nChartWidth x c_nChartHeight pixels.
 class CChart {
  public:

@@ -13,7 +13,6 @@ constexpr double c_dLongestPeriod = 6.0;  // the spectrum ends here
 constexpr int c_nCurveSteps = 1200;
 constexpr double c_dLabelGap = 16;  // least distance of two period labels
 constexpr double c_dLabelHeight = 12;
-constexpr double c_dPeakLabelWidth = 200;
 
 std::vector<PaintPoint> SampleSpectrum(const CDesignSpectrum& spectrum, double dDamping) {
   std::vector<double> periods = {0.1, spectrum.GetTg(), 5.0 * spectrum.GetTg()};
@@ -21,7 +20,7 @@ std::vector<PaintPoint> SampleSpectrum(const CDesignSpectrum& spectrum, double d
   std::sort(periods.begin(), periods.end());
   std::vector<PaintPoint> points;
   for (const double T : periods) {
-    if (T <= c_dLongestPeriod) points.push_back({T, spectrum.GetAlpha(T, dDamping)});
+    if (T < c_dLongestPeriod) points.push_back({T, spectrum.GetAlpha(T, dDamping)});
   }
   return points;
 }
@@ -45,9 +44,7 @@ void MarkPeriods(IPaintContext& paint, CChart& chart, const CDesignSpectrum& spe
     const double dCentre = 0.5 * (at.dX + chart.Map(T[nFirst], 0.0).dX);
     const std::string strLabel = nFirst == i ? Format("%zu", i + 1) : Format("%zu–%zu", nFirst + 1, i + 1);
     const double dTop = std::min(at.dY, chart.Map(0.0, spectrum.GetAlpha(T[nFirst], picture.dDamping)).dY);
-    paint.SetPen(c_markColour);
-    paint.SetTextHeight(c_dLabelHeight);
-    paint.Text(dCentre, dTop - 8, strLabel, HorizontalAlign::Centre, VerticalAlign::Bottom);
+    PaintLabel(paint, chart.GetBox(), {dCentre, dTop - 7}, strLabel, c_markColour);
     nFirst = i + 1;
   }
 }
@@ -75,7 +72,7 @@ void PaintSpectrum(IPaintContext& paint, const SpectrumPicture& picture) {
   CChart chart(
       paint,
       {picture.strTitle, "Design spectrum: " + picture.strSite, "period T [s]", "seismic influence coefficient α"},
-      ChooseTicks(0.0, c_dLongestPeriod, 12), ChooseTicks(0.0, 1.15 * dHighest, 8));
+      ChooseTicks(0.0, c_dLongestPeriod, 13), ChooseTicks(0.0, 1.15 * dHighest, 8));
   MarkCorners(paint, chart, spectrum.GetTg());
   chart.Curve(curve, c_curveColour, 2.0);
   MarkPeriods(paint, chart, spectrum, picture);
@@ -98,7 +95,7 @@ void PaintHistoryChart(IPaintContext& paint, const HistoryPicture& picture) {
     dHigh = std::max(dHigh, point.dY);
     if (std::abs(point.dY) > std::abs(peak.dY)) peak = point;
   }
-  const double dMargin = 0.06 * (dHigh - dLow);
+  const double dMargin = 0.12 * (dHigh - dLow);
   CChart chart(
       paint, {picture.strTitle, picture.strSubtitle, "time t [s]", picture.strQuantity + " [" + picture.strUnit + "]"},
       ChooseTicks(0.0, static_cast<double>(picture.values.size()) * picture.dTimeStep, 12),
@@ -107,12 +104,8 @@ void PaintHistoryChart(IPaintContext& paint, const HistoryPicture& picture) {
   if (peak.dY == 0.0) return;
   chart.Mark(peak.dX, peak.dY, c_markColour);
   const PaintPoint at = chart.Map(peak.dX, peak.dY);
-  const bool bRight = at.dX + c_dPeakLabelWidth < chart.GetBox().dRight;
-  paint.SetPen(c_markColour);
-  paint.SetTextHeight(13);
-  paint.Text(at.dX + (bRight ? 10 : -10), at.dY,
-             Format("peak %.4g %s at %.4g s", peak.dY, picture.strUnit.c_str(), peak.dX),
-             bRight ? HorizontalAlign::Left : HorizontalAlign::Right, VerticalAlign::Middle);
+  PaintLabel(paint, chart.GetBox(), {at.dX, peak.dY > 0.0 ? at.dY - 8 : at.dY + 25},
+             Format("peak %.4g %s at %.4g s", peak.dY, picture.strUnit.c_str(), peak.dX), c_markColour);
 }
 
 }  // namespace skyframe::host

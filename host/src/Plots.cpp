@@ -118,14 +118,24 @@ class CPlotter {
     return Render(c_nChartWidth, c_nChartHeight, picture, PaintSpectrum);
   }
 
+  /// What is restrained at every node, as out of plane in a plane structure, is no support.
+  [[nodiscard]] std::array<int, 6> FindCommonRestraint() const {
+    std::array<int, 6> common = m_job.nodes.front().restraint;
+    for (const JobNode& node : m_job.nodes) {
+      for (std::size_t d = 0; d < common.size(); ++d) common[d] = common[d] * node.restraint[d];
+    }
+    return common;
+  }
+
   /// The structure at rest.
   [[nodiscard]] ShapePicture MakeShape() const {
     ShapePicture picture;
     picture.strTitle = GetTitle();
+    const std::array<int, 6> common = FindCommonRestraint();
     for (const JobNode& node : m_job.nodes) {
       picture.nodes.push_back({node.dX, node.dY, node.dZ});
       picture.nodeIds.push_back(node.nId);
-      picture.supports.push_back(node.nSpring || node.restraint != std::array<int, 6>{});
+      picture.supports.push_back(node.nSpring || node.restraint != common);
     }
     for (const JobElement& element : m_job.elements)
       picture.members.push_back({element.nNodeI - 1, element.nNodeJ - 1, {}});

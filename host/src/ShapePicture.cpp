@@ -14,7 +14,8 @@ using Vector = std::array<double, 3>;
 
 constexpr Colour c_structureColour{0xb4, 0xbb, 0xc4};
 constexpr Colour c_panelColour{0xd6, 0xda, 0xe0};
-constexpr double c_dDrawnSize = 0.07;  // largest displacement, part of the structure's extent
+constexpr double c_dDrawnSize = 0.07;  // largest displacement, part of the structure's diagonal
+constexpr double c_dDrawnPart = 0.3;   // and at most this part of its height, width or depth
 constexpr int c_nCurveSteps = 10;
 constexpr double c_dPanelMargin = 46;
 constexpr std::size_t c_nManyMembers = 2000;
@@ -28,11 +29,24 @@ struct View {
 };
 
 constexpr double c_dCos30 = 0.8660254037844386;
-constexpr std::array<View, 4> c_views = {{
-    {"Isometric", {24, 76, 600, 812}, {{{c_dCos30, -0.5}, {c_dCos30, 0.5}, {0.0, 1.0}}}},
-    {"Elevation X–Z", {612, 76, 888, 536}, {{{1.0, 0.0}, {0.0, 0.0}, {0.0, 1.0}}}},
-    {"Elevation Y–Z", {900, 76, 1176, 536}, {{{0.0, 0.0}, {1.0, 0.0}, {0.0, 1.0}}}},
-    {"Plan X–Y", {612, 548, 1176, 812}, {{{1.0, 0.0}, {0.0, 1.0}, {0.0, 0.0}}}},
+constexpr std::array<PaintPoint, 3> c_isometric = {{{c_dCos30, -0.5}, {c_dCos30, 0.5}, {0.0, 1.0}}};
+constexpr std::array<PaintPoint, 3> c_front = {{{1.0, 0.0}, {0.0, 0.0}, {0.0, 1.0}}};
+constexpr std::array<PaintPoint, 3> c_side = {{{0.0, 0.0}, {1.0, 0.0}, {0.0, 1.0}}};
+constexpr std::array<PaintPoint, 3> c_plan = {{{1.0, 0.0}, {0.0, 1.0}, {0.0, 0.0}}};
+
+/// Elevations side by side.
+constexpr std::array<View, 4> c_highViews = {{
+    {"Isometric", {24, 76, 600, 812}, c_isometric},
+    {"Elevation X–Z", {612, 76, 888, 536}, c_front},
+    {"Elevation Y–Z", {900, 76, 1176, 536}, c_side},
+    {"Plan X–Y", {612, 548, 1176, 812}, c_plan},
+}};
+/// Elevations one above the other.
+constexpr std::array<View, 4> c_flatViews = {{
+    {"Isometric", {24, 76, 600, 812}, c_isometric},
+    {"Elevation X–Z", {612, 76, 1176, 256}, c_front},
+    {"Elevation Y–Z", {612, 268, 1176, 448}, c_side},
+    {"Plan X–Y", {612, 460, 1176, 812}, c_plan},
 }};
 
 Vector Combine(const Vector& a, double dFactor, const Vector& b) {
@@ -64,8 +78,8 @@ double RoundDown(double dValue) {
   return dPower * (dValue >= 5.0 * dPower ? 5.0 : dValue >= 2.0 * dPower ? 2.0 : 1.0);
 }
 
-/// Factor of the displacements; 0 when nothing moves.
-double ChooseScale(const ShapePicture& picture) {
+/// Lengths of the box around the nodes.
+Vector FindExtents(const ShapePicture& picture) {
   Vector low = picture.nodes.front();
   Vector high = low;
   for (const Vector& node : picture.nodes) {
@@ -74,8 +88,18 @@ double ChooseScale(const ShapePicture& picture) {
       high[d] = std::max(high[d], node[d]);
     }
   }
+  return Combine(high, -1.0, low);
+}
+
+/// Factor of the displacements; 0 when nothing moves.
+double ChooseScale(const ShapePicture& picture) {
+  const Vector extents = FindExtents(picture);
+  double dDrawn = c_dDrawnSize * Norm(extents);
+  for (const double dExtent : extents) {
+    if (dExtent > 1e-6 * Norm(extents)) dDrawn = std::min(dDrawn, c_dDrawnPart * dExtent);
+  }
   const double dLargest = Norm(GetTranslation(picture.displacements[FindLargest(picture)]));
-  const double dScale = c_dDrawnSize * Norm(Combine(high, -1.0, low)) / dLargest;
+  const double dScale = dDrawn / dLargest;
   if (!(dLargest > 0.0) || !std::isfinite(dScale)) return 0.0;
   return picture.bShowScale ? RoundDown(dScale) : dScale;
 }
@@ -160,22 +184,22 @@ void PaintPanel(IPaintContext& paint, const View& view) {
 void PaintLegend(IPaintContext& paint, const ShapePicture& picture, double dScale) {
   constexpr double c_dY = 836;
   double dX = 36;
-  const auto entry = [&](const std::string& strText, double dWidth) {
+  const auto entry = [&](const std::string& strText) {
     paint.SetPen(c_inkColour);
     paint.SetTextHeight(c_dTextHeight);
     paint.Text(dX + 34, c_dY, strText, HorizontalAlign::Left, VerticalAlign::Middle);
-    dX += dWidth;
+    dX += 70 + 0.56 * c_dTextHeight * static_cast<double>(strText.size());
   };
   paint.SetPen(c_structureColour, 2.0);
   paint.Line(dX, c_dY, dX + 26, c_dY);
-  entry("undeformed", 130);
+  entry("undeformed");
   paint.SetPen(c_curveColour, 2.0);
   paint.Line(dX, c_dY, dX + 26, c_dY);
-  entry(picture.bShowScale ? picture.strShape + Format(", displacements x %g", dScale) : picture.strShape, 330);
+  entry(picture.bShowScale ? picture.strShape + Format(", displacements x %g", dScale) : picture.strShape);
   PaintSquare(paint, {dX + 13, c_dY}, 5, c_inkColour);
-  entry("support", 110);
+  entry("support");
   PaintSquare(paint, {dX + 13, c_dY}, 7, c_markColour);
-  entry("largest displacement", 200);
+  entry("largest displacement");
 }
 
 /// The two states of the structure.
@@ -203,9 +227,7 @@ void PaintView(IPaintContext& paint, const View& view, const ShapePicture& pictu
   const Vector u = GetTranslation(picture.displacements[nLargest]);
   const PaintPoint at = projection.Map(Combine(picture.nodes[nLargest], dScale, u));
   PaintSquare(paint, at, 6, c_markColour);
-  paint.SetTextHeight(c_dTextHeight);
-  paint.Text(at.dX, at.dY - 8, Format("node %d", picture.nodeIds[nLargest]), HorizontalAlign::Centre,
-             VerticalAlign::Bottom);
+  PaintLabel(paint, view.box, {at.dX, at.dY - 6}, Format("node %d", picture.nodeIds[nLargest]), c_markColour);
 }
 
 }  // namespace
@@ -255,7 +277,9 @@ void PaintShape(IPaintContext& paint, const ShapePicture& picture) {
     lines.after.push_back(BendMember(picture, member, dScale));
   }
   PaintTitle(paint, picture.strTitle, picture.strSubtitle);
-  for (const View& view : c_views) PaintView(paint, view, picture, lines, dScale);
+  const auto [dX, dY, dZ] = FindExtents(picture);
+  for (const View& view : dZ < 0.5 * std::max(dX, dY) ? c_flatViews : c_highViews)
+    PaintView(paint, view, picture, lines, dScale);
   PaintLegend(paint, picture, dScale);
 }
 
