@@ -281,7 +281,7 @@ TEST_F(MainWindow, EveryOptionAndMouseActionChangesTheDrawing) {
   }
   window.findChild<QAction*>(QStringLiteral("isometric"))->trigger();
   window.findChild<QAction*>(QStringLiteral("supports"))->setChecked(true);
-  QApplication::processEvents();
+  QTest::qWait(50);
   window.grab().save(QStringLiteral(SKYFRAME_PICTURE_DIR "/main-window-options.png"));
   const auto drag = [&view](Qt::MouseButton button) {
     QTest::mousePress(&view, button, {}, {100, 100});
@@ -347,6 +347,7 @@ TEST_F(MainWindow, PicturesAtBothFontSizes) {
     for (QMenu* const pMenu : window.findChildren<QMenu*>()) {
       if (pMenu->title().startsWith(QStringLiteral("视图"))) {
         pMenu->popup({0, 0});
+        QTest::qWait(50);
         pMenu->grab().save(QStringLiteral(SKYFRAME_PICTURE_DIR "/view-menu-%1.png").arg(nPercent));
         pMenu->hide();
       }

@@ -7,6 +7,7 @@
 #include <QMenuBar>
 #include <QMessageBox>
 #include <QStatusBar>
+#include <algorithm>
 #include <array>
 
 #include "ErrorDialog.h"
@@ -26,12 +27,24 @@ constexpr int c_nAmplitudeSteps = 100;
 constexpr double c_dLargestAmplitude = 0.5;  // parts of the structure's radius
 constexpr int c_nUsualAmplitude = 25;
 constexpr int c_nSliderWidth = 180;
+constexpr int c_nMenuMargin = 3;  // heights of a line beside a menu's longest text
 constexpr std::array<int, 3> c_nFontPercents = {100, 125, 150};
 
 const QString c_strRecentKey = QStringLiteral("recent");
 const QString c_strFontKey = QStringLiteral("font_percent");
 const QString c_strGeometryKey = QStringLiteral("geometry");
 const QString c_strStateKey = QStringLiteral("state");
+
+/// Room for every text: a style may reckon with marks that are smaller than those of a large font.
+void WidenMenu(QMenu& menu) {
+  const QFontMetrics metrics = menu.fontMetrics();
+  int nText = 0;
+  for (const QAction* const pAction : menu.actions()) {
+    const QString strKeys = pAction->shortcut().toString(QKeySequence::NativeText);
+    nText = std::max(nText, metrics.horizontalAdvance(pAction->text() + strKeys));
+  }
+  menu.setMinimumWidth(nText + c_nMenuMargin * metrics.height());
+}
 
 std::unique_ptr<QSettings> OpenSettings(const QString& strFile) {
   if (!strFile.isEmpty()) return std::make_unique<QSettings>(strFile, QSettings::IniFormat);
@@ -68,6 +81,13 @@ CMainWindow::CMainWindow(const QString& strSettingsFile)
   RefreshResults();
 }
 
+QMenu& CMainWindow::AddMenu(std::string_view strTitle) {
+  QMenu& menu = *menuBar()->addMenu(ToQt(strTitle));
+  menu.setToolTipsVisible(true);
+  connect(&menu, &QMenu::aboutToShow, this, [&menu] { WidenMenu(menu); });
+  return menu;
+}
+
 CMainWindow::~CMainWindow() { InstallPlatform(m_pPrevious); }
 
 void CMainWindow::closeEvent(QCloseEvent* pEvent) {
@@ -82,7 +102,6 @@ QAction* CMainWindow::AddAction(QMenu& menu, std::string_view strText, std::stri
   pAction->setObjectName(QString::fromLatin1(strName));
   pAction->setToolTip(ToQt(strTip));
   pAction->setStatusTip(ToQt(strTip));
-  menu.setToolTipsVisible(true);
   connect(pAction, &QAction::triggered, this, std::move(action));
   return pAction;
 }
@@ -101,7 +120,7 @@ QAction* CMainWindow::AddOption(QMenu& menu, std::string_view strText, std::stri
 }
 
 void CMainWindow::MakeFileMenu() {
-  QMenu& menu = *menuBar()->addMenu(ToQt(texts::c_strFileMenu));
+  QMenu& menu = AddMenu(texts::c_strFileMenu);
   AddAction(menu, texts::c_strOpen, texts::c_strOpenTip, "open", [this] { OnOpen(); })->setShortcut(QKeySequence::Open);
   m_recentMenu.setTitle(ToQt(texts::c_strRecent));
   menu.addMenu(&m_recentMenu);
@@ -132,7 +151,7 @@ void CMainWindow::MakeAnalysisMenu() {
       {texts::c_strHistoryResults, texts::c_strHistoryResultsTip, "history_results", CModeConnect::OnTimeHistoryRes},
       {texts::c_strStatic, texts::c_strStaticTip, "static", CModeConnect::OnStaticNonlinearSol},
   }};
-  QMenu& menu = *menuBar()->addMenu(ToQt(texts::c_strAnalysisMenu));
+  QMenu& menu = AddMenu(texts::c_strAnalysisMenu);
   for (const Entry& entry : entries) {
     m_jobActions.push_back(AddAction(menu, entry.strText, entry.strTip, entry.strName,
                                      [this, pEntryPoint = entry.pEntryPoint] { Analyse(pEntryPoint); }));
@@ -140,7 +159,7 @@ void CMainWindow::MakeAnalysisMenu() {
 }
 
 void CMainWindow::MakeViewMenu() {
-  QMenu& menu = *menuBar()->addMenu(ToQt(texts::c_strViewMenu));
+  QMenu& menu = AddMenu(texts::c_strViewMenu);
   const auto addView = [this, &menu](std::string_view strText, std::string_view strTip, const char* strName,
                                      StandardView view) {
     AddAction(menu, strText, strTip, strName, [this, view] { m_view.SetStandardView(view); });
@@ -177,7 +196,7 @@ void CMainWindow::MakeFontMenu(QMenu& viewMenu) {
 }
 
 void CMainWindow::MakeHelpMenu() {
-  QMenu& menu = *menuBar()->addMenu(ToQt(texts::c_strHelpMenu));
+  QMenu& menu = AddMenu(texts::c_strHelpMenu);
   AddAction(menu, texts::c_strAbout, texts::c_strAboutTip, "about", [this] { OnAbout(); });
 }
 

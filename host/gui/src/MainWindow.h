@@ -53,6 +53,7 @@ class CMainWindow : public QMainWindow {
   void MakeHelpMenu();
   void MakeShapeBar();
   void MakeDocks();
+  QMenu& AddMenu(std::string_view strTitle);
   QAction* AddAction(QMenu& menu, std::string_view strText, std::string_view strTip, const char* strName,
                      std::function<void()> action);
   QAction* AddOption(QMenu& menu, std::string_view strText, std::string_view strTip, const char* strName,
