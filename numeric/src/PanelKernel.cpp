@@ -105,7 +105,7 @@ struct TriangleRows {
       : nRows(std::min(c_nGroup, tile.nRows - q)) {
     for (int a = 0; a < c_nGroup; ++a) {
       rows[a] = Row<Simd>(panel, tile.nFirst + q + std::min(a, nRows - 1));
-      columns[a] = tile.triangle[static_cast<std::size_t>(q + a)].data();
+      columns[a] = tile.triangle[static_cast<std::size_t>(q) + static_cast<std::size_t>(a)].data();
     }
   }
 };
@@ -277,6 +277,7 @@ template <class Simd>
 }
 
 // The templates once per unit, in functions that carry its target.
+// NOLINTBEGIN(bugprone-macro-parentheses): an attribute cannot stand in parentheses
 #define SKYFRAME_PANEL_FUNCTIONS(unit, bytes, target)                                                                  \
   target void Update##unit(const RowTile& tile, const Panel& panel, int nBegin, int nEnd) {                            \
     UpdateAll<Simd##bytes>(tile, panel, nBegin, nEnd);                                                                 \
@@ -297,6 +298,7 @@ template <class Simd>
   }                                                                                                                    \
   constexpr PanelKernel c_kernel##unit = {c_nWidth<Simd##bytes>, Update##unit,       Finish##unit, Subtract##unit,     \
                                           FinishBack##unit,      FactoriseOwn##unit, Gather##unit, Scatter##unit};
+// NOLINTEND(bugprone-macro-parentheses)
 
 SKYFRAME_PANEL_FUNCTIONS(Baseline, 16, )
 #if defined(__x86_64__)
