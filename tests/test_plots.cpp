@@ -1,0 +1,221 @@
+#include <gtest/gtest.h>
+
+#include <unistd.h>
+
+#include <cmath>
+#include <filesystem>
+#include <fstream>
+#include <limits>
+#include <sstream>
+
+#include "../host/src/Chart.h"
+#include "../host/src/Pictures.h"
+#include "skyframe/host/CommandLine.h"
+
+namespace skyframe::host {
+namespace {
+
+namespace fs = std::filesystem;
+constexpr double c_dNan = std::numeric_limits<double>::quiet_NaN();
+
+TEST(Plots, TicksAreRoundAndEncloseTheRange) {
+  const struct {
+    double dLow, dHigh;
+    int nMost;
+    const char *pszFirst, *pszSecond, *pszLast;
+  } cases[] = {
+      {0.0, 6.0, 13, "0.0", "0.5", "6.0"},
+      {-24.1, 26.2, 10, "-30", "-20", "30"},
+      {0.0, 0.183, 8, "0.00", "0.05", "0.20"},
+      {-1e-9, 3e-9, 10, "-1e-09", "-5e-10", "3e-09"},
+      {0.0, 7.3e7, 8, "0", "2e+07", "8e+07"},
+      {5.0, 5.0, 10, "2", "3", "8"},
+      {0.0, 0.0, 10, "-1.0", "-0.5", "1.0"},
+      {-0.3, 0.1, 5, "-0.3", "-0.2", "0.1"},
+      {999.99, 1000.01, 10, "999.990", "999.995", "1000.010"},
+  };
+  for (const auto& c : cases) {
+    const Ticks ticks = ChooseTicks(c.dLow, c.dHigh, c.nMost);
+    EXPECT_EQ(ticks.FormatTick(0), c.pszFirst);
+    EXPECT_EQ(ticks.FormatTick(1), c.pszSecond);
+    EXPECT_EQ(ticks.FormatTick(ticks.nCount - 1), c.pszLast);
+    EXPECT_LE(ticks.Get(0), c.dLow + 1e-9 * ticks.dStep);
+    EXPECT_GE(ticks.GetLast(), c.dHigh - 1e-9 * ticks.dStep);
+    EXPECT_LE(ticks.nCount, c.nMost + 1);
+  }
+}
+
+/// Nothing may reach over the edge, as far as that can be told without a font.
+void ExpectInside(const CPaintRecorder& paint, double dWidth, double dHeight) {
+  EXPECT_FALSE(paint.GetItems().empty());
+  for (const PaintItem& item : paint.GetItems()) {
+    for (const PaintPoint& point : item.points) {
+      EXPECT_TRUE(point.dX >= 0.0 && point.dX <= dWidth && point.dY >= 0.0 && point.dY <= dHeight)
+          << point.dX << ", " << point.dY << ' ' << item.strText;
+    }
+  }
+}
+
+const PaintItem* FindText(const CPaintRecorder& paint, const std::string& strText) {
+  for (const PaintItem& item : paint.GetItems()) {
+    if (item.kind == PaintItem::Kind::Text && item.strText.find(strText) != std::string::npos) return &item;
+  }
+  return nullptr;
+}
+
+TEST(Plots, PeriodsStandOnTheSpectrum) {
+  // Modes 2 and 3 are neighbours; mode 1 lies beyond the spectrum's end.
+  CPaintRecorder paint;
+  PaintSpectrum(paint, {"Title", "words", {0, 9, 1, 2}, 0.05, {7.0, 1.01, 1.0, 0.2}});
+  ExpectInside(paint, c_nChartWidth, c_nChartHeight);
+  for (const char* pszText : {"Title", "period T [s]", "α", "2–3", "Tg = 0.35 s", "modes 1–4", "damping ratio 0.05"}) {
+    EXPECT_NE(FindText(paint, pszText), nullptr) << pszText;
+  }
+  EXPECT_EQ(FindText(paint, "1–"), FindText(paint, "modes 1–4"));
+  // 8 degrees (0.20 g), frequent: 0.16 on the plateau at T = 0.2 s; axes 0..6 s and 0..0.20
+  bool bFound = false;
+  for (const PaintItem& item : paint.GetItems()) {
+    if (item.kind != PaintItem::Kind::Rectangle || item.state.brush != c_markColour) continue;
+    const double dX = 0.5 * (item.points[0].dX + item.points[1].dX);
+    const double dY = 0.5 * (item.points[0].dY + item.points[1].dY);
+    bFound = bFound || (std::abs(dX - (90 + 875 * 0.2 / 6)) < 0.01 && std::abs(dY - (500 - 404 * 0.8)) < 0.01);
+  }
+  EXPECT_TRUE(bFound);
+}
+
+TEST(Plots, HistoryMarksItsPeak) {
+  const struct {
+    std::vector<double> values;
+    const char* pszPeak;
+  } cases[] = {{{1, -2, 3, -4}, "peak -4 mm at 2 s"},
+               {{5, 4, c_dNan, -1}, "peak 5 mm at 0.5 s"},
+               {{0, 0, 0, 0}, nullptr},
+               {{}, nullptr},
+               {{c_dNan}, nullptr}};
+  for (const auto& c : cases) {
+    CPaintRecorder paint;
+    PaintHistoryChart(paint, {"Title", "below", "displacement X", "mm", 0.5, c.values});
+    ExpectInside(paint, c_nChartWidth, c_nChartHeight);
+    const PaintItem* pPeak = FindText(paint, "peak");
+    ASSERT_EQ(pPeak != nullptr, c.pszPeak != nullptr);
+    EXPECT_EQ(pPeak != nullptr ? pPeak->strText : "", c.pszPeak != nullptr ? c.pszPeak : "");
+    EXPECT_NE(FindText(paint, "displacement X [mm]"), nullptr);
+  }
+}
+
+/// A member of length 2 along Y; its second node rises by 1 and turns as the case says.
+std::vector<std::array<double, 3>> Bend(std::array<bool, 2> turns, double dRotation) {
+  ShapePicture picture;
+  picture.nodes = {{0, 0, 0}, {0, 2, 0}};
+  picture.displacements = {{}, {0, 0, 1, dRotation, 0, 0}};
+  return BendMember(picture, {0, 1, turns}, 10.0);
+}
+
+TEST(Plots, MembersBendLikeBeams) {
+  // Middle of a cantilever under a load at its end: 5/16 of the end, whose slope is 3/2 chords; the end
+  // turns freely in the second case, both ends are clamped in the third, one is hinged in the fourth.
+  const struct {
+    std::array<bool, 2> turns;
+    double dRotation, dMiddle;
+  } cases[] = {{{true, true}, 0.75, 0.3125},
+               {{true, false}, 0.0, 0.3125},
+               {{true, true}, 0.0, 0.5},
+               {{false, true}, 0.0, 0.6875}};
+  for (const auto& c : cases) {
+    const auto points = Bend(c.turns, c.dRotation);
+    ASSERT_EQ(points.size(), 11U);
+    EXPECT_NEAR(points[5][2], 10.0 * c.dMiddle, 1e-12);
+    EXPECT_NEAR(points[5][1], 1.0, 1e-12);
+    EXPECT_NEAR(points[10][2], 10.0, 1e-12);
+  }
+  EXPECT_EQ(Bend({false, false}, 0.0).size(), 2U);
+}
+
+TEST(Plots, ShapesStayOnTheSheet) {
+  ShapePicture picture;
+  picture.nodes = {{0, 0, 0}, {0, 0, 30}, {8, 5, 30}};
+  picture.nodeIds = {7, 8, 9};
+  picture.supports = {true, false, false};
+  picture.members = {{0, 1, {true, true}}, {1, 2, {false, false}}};
+  picture.bShowScale = true;
+  for (const double dZ : {30.0, 2.0, 0.0}) {
+    for (const double dSize : {0.0, 1e-7, 3.0, 1e9}) {
+      picture.nodes[1][2] = picture.nodes[2][2] = dZ;
+      picture.displacements = {{}, {dSize, 0, 0, 0, 0.1 * dSize, 0}, {-2 * dSize, dSize, 0, 0, 0, 0}};
+      CPaintRecorder paint;
+      PaintShape(paint, picture);
+      ExpectInside(paint, c_nSheetWidth, c_nSheetHeight);
+      EXPECT_EQ(FindText(paint, "node 9") != nullptr, dSize > 0.0);
+      for (const char* pszView : {"Isometric", "Elevation X–Z", "Elevation Y–Z", "Plan X–Y", "undeformed"}) {
+        EXPECT_NE(FindText(paint, pszView), nullptr);
+      }
+    }
+  }
+}
+
+TEST(Plots, WhatIsNotThereEndsWithStatusTwo) {
+  const fs::path directory = fs::temp_directory_path() / ("skyframe_plots" + std::to_string(getpid()));
+  fs::create_directories(directory);
+  const std::string strJob = (directory / "beam.json").string();
+  const std::string strPicture = (directory / "p.svg").string();
+  std::ofstream(strJob) << R"({"nodes": [{"id": 90, "x": 4, "y": 0, "z": 0},
+      {"id": 5, "x": 0, "y": 0, "z": 0, "restraint": "111111"}],
+    "sections": [{"id": "S", "shape": 2, "area": 1e4, "Ix": 4e7, "Iy": 2e7, "Iz": 3e7}],
+    "elements": [{"type": "beam", "i": 5, "j": 90, "section": "S"}],
+    "loads": [{"case": 0, "node": 90, "direction": "Z", "value": -8}],
+    "analyses": [{"type": "static", "nonlinear": false, "combination": {"0": 1}}, {"type": "modal", "modes": 2},
+      {"type": "spectrum", "modes": 2, "site_class": 2},
+      {"type": "time_history", "method": "newmark", "load": "ground_motion",
+       "earthquake": {"time_step": 0.02, "duration": 0.4, "directions": ["Y"]}}]})";
+  const auto Run = [](std::vector<std::string> arguments) {
+    std::ostringstream out;
+    std::ostringstream err;
+    const int nStatus = RunCommandLine(arguments, out, err);
+    return std::pair(nStatus, err.str());
+  };
+  const auto Plot = [&](std::vector<std::string> what) {
+    what.insert(what.begin(), {"plot", strJob, "-o", strPicture});
+    return Run(what);
+  };
+  const std::vector<std::vector<std::string>> pictures = {
+      {"--spectrum"}, {"--mode", "2"},    {"--node", "90", "--dir", "Y"},
+      {"--deformed"}, {"--element", "1"}, {"--node", "90", "--dir", "y", "--viewer"}};
+  for (const auto& what : pictures) {
+    const auto [nStatus, strError] = Plot(what);
+    EXPECT_EQ(nStatus, 2) << what[0];
+    EXPECT_NE(strError.find(": cannot be opened; it is written by the "), std::string::npos) << strError;
+  }
+  EXPECT_FALSE(fs::exists(strPicture));
+
+  EXPECT_EQ(Run({"run", strJob, "--log", strJob + ".log"}), std::pair(0, std::string()));
+  for (const auto& what : pictures) {
+    EXPECT_EQ(Plot(what), std::pair(0, std::string())) << what[0];
+    std::stringstream text;
+    text << std::ifstream(strPicture).rdbuf();
+    EXPECT_NE(text.str().find("</svg>"), std::string::npos);
+    EXPECT_EQ(text.str().find("width=\"665\"") != std::string::npos, what.back() == "--viewer");
+  }
+
+  const std::string strBase = strJob.substr(0, strJob.size() - 5);
+  const std::pair<std::vector<std::string>, std::string> refused[] = {
+      {{"--mode", "3"}, strBase + ".mode: no mode 3; the file has 2\n"},
+      {{"--mode", "0"}, strBase + ".mode: no mode 0; the file has 2\n"},
+      {{"--node", "2"}, "no node has the id 2\n"},
+      {{"--element", "2"}, "no element 2; the job has 1\n"},
+      {{"--deformed", "--viewer"}, "--viewer: belongs to --node or --element\n"},
+      {{"--deformed", "--nonlinear"},
+       strBase + "_StaticNonlinearSol.txt: cannot be opened; it is written by the nonlinear static analysis\n"}};
+  for (const auto& [what, strError] : refused) EXPECT_EQ(Plot(what), std::pair(2, strError));
+  for (const auto& what : std::vector<std::vector<std::string>>{
+           {}, {"--mode", "1", "--deformed"}, {"--node", "90", "--dir", "W"}, {"--mode", "1", "--dir", "X"}}) {
+    EXPECT_EQ(Plot(what).first, 2);
+  }
+  for (const char* pszSuffix : {".mode", "_HisTime.txt", "_StaticLinearSol.txt"}) {
+    std::ofstream(strBase + pszSuffix) << "other";
+  }
+  for (const auto& what : pictures) EXPECT_EQ(Plot(what).first, 2) << what[0];
+  fs::remove_all(directory);
+}
+
+}  // namespace
+}  // namespace skyframe::host
