@@ -165,11 +165,11 @@ void CCholmodPeer::Solve(double* b, double* x) {
 #endif
 
 #if defined(SKYFRAME_HAS_CHOLMOD) && defined(SKYFRAME_HAS_ARPACK)
-std::vector<double> SolveModesArpack(const SymmetricColumns& K, const SymmetricColumns& M, int nModes) {
+ArpackModes SolveModesArpack(const SymmetricColumns& K, const SymmetricColumns& M, int nModes) {
   CCholmodPeer factor(K);
   if (!factor.Analyse() || !factor.Factorise()) return {};
   const int n = K.n, nBasis = std::min(n, 2 * nModes + 1), nWork = nBasis * (nBasis + 8), nVectors = 1;
-  const double dTolerance = 1e-10, dSigma = 0.0;
+  const double dTolerance = 1e-8, dSigma = 0.0;
   std::vector<double> residual(Index(n)), V(Index(n) * Index(nBasis)), workd(3 * Index(n)), workl(Index(nWork));
   std::vector<double> product(Index(n)), d(Index(nModes));
   std::vector<int> select(Index(nBasis));
@@ -196,8 +196,8 @@ std::vector<double> SolveModesArpack(const SymmetricColumns& K, const SymmetricC
   if (nInfo != 0) return {};
   dseupd_(&nVectors, "A", select.data(), d.data(), V.data(), &n, &dSigma, "G", &n, "LM", &nModes, &dTolerance,
           residual.data(), &nBasis, V.data(), &n, iparam, ipntr, workd.data(), workl.data(), &nWork, &nInfo);
-  std::sort(d.begin(), d.end());
-  return d;
+  V.resize(Index(n) * d.size());
+  return {d, V};
 }
 #endif
 

@@ -65,8 +65,12 @@ class CCholmodPeer {
 
 #if defined(SKYFRAME_HAS_CHOLMOD) && defined(SKYFRAME_HAS_ARPACK)
 /// The lowest modes of K phi = omega^2 M phi: ARPACK, shift-invert about 0, solves by CHOLMOD.
-/// Analysis and factorisation included. Eigenvalues omega^2 ascending.
-std::vector<double> SolveModesArpack(const SymmetricColumns& K, const SymmetricColumns& M, int nModes);
+/// Analysis and factorisation included.
+struct ArpackModes {
+  std::vector<double> omega2;
+  std::vector<double> shapes;  ///< n values for each
+};
+ArpackModes SolveModesArpack(const SymmetricColumns& K, const SymmetricColumns& M, int nModes);
 #endif
 
 #if defined(SKYFRAME_HAS_EIGEN)

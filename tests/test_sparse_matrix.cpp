@@ -11,6 +11,7 @@
 #include "reference_skyline.h"
 #include "skyframe/numeric/SkylineKernel.h"
 #include "skyframe/numeric/SparseMatrix.h"
+#include "skyframe/numeric/TallColumns.h"
 
 namespace skyframe {
 namespace {
@@ -600,6 +601,27 @@ TEST_P(SkylineKernel, LongColumnsCrossEveryTile) {
   std::mt19937 random(31);
   for (const int nNode : {1, 6}) {
     CompareWithTextbook(RandomSkyline({760, 700, nNode, true}, random), 757, GetParam(), random);
+  }
+}
+
+TEST_P(SkylineKernel, TallColumnsAgreeWithPlainSums) {
+  if (!skyline::IsAvailable(GetParam())) GTEST_SKIP() << "not on this processor";
+  std::mt19937 random(37);
+  for (const int n : {1, 7, 16, 61}) {
+    for (int m = 0; m < 10; ++m) {
+      const Vector A = RandomVector(n * m, random), x = RandomVector(n, random), f = RandomVector(m, random);
+      Vector c(Index(m)), cExpected(Index(m), 0.0), y = x, yExpected = x;
+      for (int k = 0; k < m; ++k) {
+        for (int i = 0; i < n; ++i) {
+          cExpected[Index(k)] += A[Index(k * n + i)] * x[Index(i)];
+          yExpected[Index(i)] -= A[Index(k * n + i)] * f[Index(k)];
+        }
+      }
+      tall::MultiplyTransposed(A.data(), x, c, GetParam());
+      tall::SubtractProduct(A.data(), f, y, GetParam());
+      ASSERT_LE(LargestDifference(c, cExpected), 1e-14) << n << " x " << m;
+      ASSERT_LE(LargestDifference(y, yExpected), 1e-14) << n << " x " << m;
+    }
   }
 }
 

@@ -46,26 +46,6 @@ WilsonConstants::WilsonConstants(double theta_, double dt_)
       a7(dt / 2.0),
       a8(dt * dt / 6.0) {}
 
-CRowMatrix::CRowMatrix(SparseMatrix& A, int n) {
-  A.TrimProfile(n);
-  A.BuildRows(n);
-  m_start.assign(A.GetRowStarts().begin(), A.GetRowStarts().end());
-  m_column.assign(A.GetRowColumns().begin(), A.GetRowColumns().end());
-  m_value.assign(A.GetRowValues().begin(), A.GetRowValues().end());
-  A.RestoreHeights();
-}
-
-void CRowMatrix::MultiplyAdd(std::span<const double> x, std::span<double> y) const {
-  for (std::size_t i = 0; i < y.size(); ++i) {
-    double dSum = 0.0;
-    const auto nEnd = static_cast<std::size_t>(m_start[i + 1]);
-    for (auto k = static_cast<std::size_t>(m_start[i]); k < nEnd; ++k) {
-      dSum += m_value[k] * x[static_cast<std::size_t>(m_column[k])];
-    }
-    y[i] += dSum;
-  }
-}
-
 CLinearIntegrator::CLinearIntegrator(const CRowMatrix& M, const CRowMatrix& C, SparseMatrix& effective)
     : m_state(M.GetOrder()),
       m_p(MakeVector(M.GetOrder())),

@@ -168,6 +168,7 @@ bool CTimeHistoryRun::FormOperators(double a0, double a1) {
   }
   m_massRows = CRowMatrix(M, F);
   m_dampingRows = CRowMatrix(C, F);
+  if (m_massRows.GetOrder() != F || m_dampingRows.GetOrder() != F) return false;
 
   // a0 M + a1 C, in the place of M
   M *= a0;

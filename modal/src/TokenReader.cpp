@@ -1,5 +1,6 @@
 #include "TokenReader.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
 
@@ -8,9 +9,8 @@ namespace {
 
 constexpr std::size_t c_nBlockBytes = 1U << 16U;
 constexpr std::size_t c_nMaxToken = 512;
-constexpr int c_nEndOfFile = -1;
 
-bool IsBlank(int nByte) { return nByte == ' ' || (nByte >= '\t' && nByte <= '\r'); }
+bool IsBlank(char c) { return c == ' ' || (c >= '\t' && c <= '\r'); }
 
 /// Numbers may carry a leading plus, which from_chars does not know.
 std::string_view WithoutPlus(std::string_view strToken) {
@@ -29,15 +29,22 @@ std::errc Parse(std::string_view strToken, T& value) {
 }  // namespace
 
 std::string_view CTokenReader::Next() {
-  m_strToken.clear();
   if (m_bFailed) return {};
-  int nByte = GetByte();
-  while (IsBlank(nByte)) nByte = GetByte();
-  for (; nByte != c_nEndOfFile && !IsBlank(nByte); nByte = GetByte()) {
-    if (m_strToken.size() < c_nMaxToken) m_strToken.push_back(static_cast<char>(nByte));
+  do {
+    while (m_nPosition < m_strBlock.size() && IsBlank(m_strBlock[m_nPosition])) ++m_nPosition;
+  } while (m_nPosition == m_strBlock.size() && ReadBlock());
+  std::string_view strToken = TakeWord();
+  if (m_nPosition == m_strBlock.size()) {
+    // The block ends here, the token perhaps not.
+    m_strToken = strToken;
+    while (m_nPosition == m_strBlock.size() && ReadBlock()) {
+      m_strToken.append(TakeWord());
+      m_strToken.resize(std::min(m_strToken.size(), c_nMaxToken));
+    }
+    strToken = m_strToken;
   }
-  if (m_strToken.empty()) m_bFailed = true;
-  return m_strToken;
+  if (strToken.empty()) m_bFailed = true;
+  return strToken.substr(0, c_nMaxToken);
 }
 
 void CTokenReader::Skip(int nTokens) {
@@ -57,22 +64,27 @@ void CTokenReader::Read(int& nValue) {
 void CTokenReader::Read(double& dValue) {
   if (m_bFailed) return;
   double dParsed = 0.0;
-  const std::errc error = Parse(Next(), dParsed);
-  const bool bTooSmall = error == std::errc::result_out_of_range && m_strToken.find("e-") != std::string::npos;
+  const std::string_view strToken = Next();
+  const std::errc error = Parse(strToken, dParsed);
+  const bool bTooSmall = error == std::errc::result_out_of_range && strToken.find("e-") != std::string_view::npos;
   if (!bTooSmall && (error != std::errc() || !std::isfinite(dParsed))) m_bFailed = true;
   dValue = m_bFailed || bTooSmall ? 0.0 : dParsed;
 }
 
-/// The next byte 0..255, or c_nEndOfFile.
-int CTokenReader::GetByte() {
-  if (m_nPosition == m_strBlock.size()) {
-    m_strBlock.resize(c_nBlockBytes);
-    m_strm.read(m_strBlock.data(), static_cast<std::streamsize>(c_nBlockBytes));
-    m_strBlock.resize(static_cast<std::size_t>(m_strm.gcount()));
-    m_nPosition = 0;
-    if (m_strBlock.empty()) return c_nEndOfFile;
-  }
-  return static_cast<unsigned char>(m_strBlock[m_nPosition++]);
+/// What the block holds up to the next blank.
+std::string_view CTokenReader::TakeWord() {
+  const std::size_t nFirst = m_nPosition;
+  while (m_nPosition < m_strBlock.size() && !IsBlank(m_strBlock[m_nPosition])) ++m_nPosition;
+  return std::string_view(m_strBlock).substr(nFirst, m_nPosition - nFirst);
+}
+
+/// False at the end of the file; the block is then empty.
+bool CTokenReader::ReadBlock() {
+  m_strBlock.resize(c_nBlockBytes);
+  m_strm.read(m_strBlock.data(), static_cast<std::streamsize>(c_nBlockBytes));
+  m_strBlock.resize(static_cast<std::size_t>(m_strm.gcount()));
+  m_nPosition = 0;
+  return !m_strBlock.empty();
 }
 
 }  // namespace skyframe

@@ -14,7 +14,7 @@ class CTokenReader {
   explicit CTokenReader(std::istream& strm) : m_strm(strm) {}
 
   [[nodiscard]] bool HasFailed() const { return m_bFailed; }
-  /// Empty at the end of the file. Bytes of a token beyond a fixed limit are dropped.
+  /// Empty at the end of the file. Bytes of a token beyond a fixed limit are dropped. Good until the next call.
   std::string_view Next();
   void Skip(int nTokens);
   /// Decimal, in the range of int; anything else fails.
@@ -23,13 +23,14 @@ class CTokenReader {
   void Read(double& dValue);
 
  private:
-  [[nodiscard]] int GetByte();
+  [[nodiscard]] std::string_view TakeWord();
+  [[nodiscard]] bool ReadBlock();
 
   std::istream& m_strm;
   bool m_bFailed = false;
   std::string m_strBlock;
   std::size_t m_nPosition = 0;
-  std::string m_strToken;
+  std::string m_strToken;  ///< a token that two blocks share
 };
 
 }  // namespace skyframe

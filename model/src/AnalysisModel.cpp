@@ -44,10 +44,18 @@ void CAnalysisModel::AssembleCombinedLoad() {
   }
 }
 
+bool CAnalysisModel::ClearMatrix(SparseMatrix& A) const {
+  if (A.IsAllocated() && std::ranges::equal(A.GetDiagonal(), m_diagonal)) {
+    A.RestoreHeights();
+  } else {
+    A.SetProfile(GetTotalDofs(), m_diagonal);
+  }
+  A.Fill(0.0);
+  return A.IsAllocated();
+}
+
 bool CAnalysisModel::AssembleStiffness(SparseMatrix& K, bool bGeometric, bool bShear) const {
-  K.SetProfile(GetTotalDofs(), m_diagonal);
-  K.Fill(0.0);
-  if (!K.IsAllocated()) return false;
+  if (!ClearMatrix(K)) return false;
   for (const auto& pElement : m_elements) {
     if (pElement) pElement->AssembleStiffness(K, bGeometric, bShear);
   }
@@ -67,9 +75,7 @@ void CAnalysisModel::ApplyConstraints(SparseMatrix& K) const {
 }
 
 bool CAnalysisModel::AssembleMass(SparseMatrix& M, bool bShear) const {
-  M.SetProfile(GetTotalDofs(), m_diagonal);
-  M.Fill(0.0);
-  if (!M.IsAllocated()) return false;
+  if (!ClearMatrix(M)) return false;
   for (const auto& pElement : m_elements) {
     if (pElement) pElement->AssembleMass(M, bShear);
   }

@@ -179,10 +179,7 @@ void CElement::ScatterVector(const MemberVector& values, std::span<double> vecto
 }
 
 void ScatterMatrix(const CMatrix& element, std::span<const int> dofs, SparseMatrix& A) {
-  const int nSize = static_cast<int>(dofs.size());
-  for (int i = 0; i < nSize; ++i) {
-    for (int j = 0; j <= i; ++j) A(dofs[i], dofs[j]) += element[i][j];
-  }
+  A.AddElement(element, dofs);
 }
 
 void RaiseHeights(std::span<const int> dofs, std::span<int> heights) {

@@ -28,4 +28,9 @@ VectorUnit Resolve(VectorUnit unit) {
   return VectorUnit::Baseline;
 }
 
+bool HasWideVectors(VectorUnit unit) {
+  const VectorUnit resolved = Resolve(unit);
+  return resolved == VectorUnit::Bytes32 || resolved == VectorUnit::Bytes64;
+}
+
 }  // namespace skyframe::skyline

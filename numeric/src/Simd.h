@@ -39,4 +39,7 @@ template <class Simd>
 /// The widest unit of this processor for Best, else the unit itself.
 [[nodiscard]] VectorUnit Resolve(VectorUnit unit);
 
+/// Vectors of 32 bytes or more.
+[[nodiscard]] bool HasWideVectors(VectorUnit unit);
+
 }  // namespace skyframe::skyline

@@ -64,6 +64,8 @@ template <class Simd, int... u>
   for (; k > nBegin; --k) x[k - 1] -= l[k - 1] * factor;
 }
 
+// The solves are bound by memory: 32 bytes serve a wider unit as well.
+
 template <class Simd>
 [[gnu::always_inline]] inline void ForwardAll(const Profile& profile, const double* values, double* b) {
   for (int i = 0; i < profile.GetOrder(); ++i) {
@@ -90,12 +92,6 @@ void Backward16(const Profile& profile, const double* values, double* b) { Backw
 [[gnu::target("avx2,fma")]] void Backward32(const Profile& profile, const double* values, double* b) {
   BackwardAll<Simd32>(profile, values, b);
 }
-
-/// The solves are bound by memory: 32 bytes serve a wider unit as well.
-bool IsWide(VectorUnit unit) {
-  const VectorUnit resolved = Resolve(unit);
-  return resolved == VectorUnit::Bytes32 || resolved == VectorUnit::Bytes64;
-}
 #endif
 
 }  // namespace
@@ -103,7 +99,7 @@ bool IsWide(VectorUnit unit) {
 void ForwardReduce(const Profile& profile, const double* values, std::span<double> b,
                    [[maybe_unused]] VectorUnit unit) {
 #if defined(__x86_64__)
-  if (IsWide(unit)) return Forward32(profile, values, b.data());
+  if (HasWideVectors(unit)) return Forward32(profile, values, b.data());
 #endif
   Forward16(profile, values, b.data());
 }
@@ -111,7 +107,7 @@ void ForwardReduce(const Profile& profile, const double* values, std::span<doubl
 void BackSubstitute(const Profile& profile, const double* values, std::span<double> b,
                     [[maybe_unused]] VectorUnit unit) {
 #if defined(__x86_64__)
-  if (IsWide(unit)) return Backward32(profile, values, b.data());
+  if (HasWideVectors(unit)) return Backward32(profile, values, b.data());
 #endif
   Backward16(profile, values, b.data());
 }

@@ -156,11 +156,15 @@ double& SparseMatrix::operator()(int nRow, int nCol) {
 
 void SparseMatrix::AddElement(const CMatrix& element, std::span<const int> equations) {
   if (IsRefused(text::c_strAccessUnallocated)) return;
-  for (std::size_t i = 0; i < equations.size(); ++i) {
-    const double* const row = element[static_cast<int>(i)];
-    for (std::size_t j = 0; j <= i; ++j) {
-      const int nCol = std::max(equations[i], equations[j]), nRow = std::min(equations[i], equations[j]);
-      if (nCol - nRow < FullHeight(nCol)) Column(nCol)[nRow] += row[j];
+  for (std::size_t c = 0; c < equations.size(); ++c) {
+    const int nCol = equations[c];
+    const int nTop = nCol - FullHeight(nCol) + 1;
+    double* const column = Column(nCol);
+    for (std::size_t r = 0; r < equations.size(); ++r) {
+      const int nRow = equations[r];
+      // Two places with one equation count once each, as the lower triangle has them.
+      const bool bUpper = nRow < nCol || (nRow == nCol && r <= c);
+      if (bUpper && nRow >= nTop) column[nRow] += element[static_cast<int>(std::max(r, c))][std::min(r, c)];
     }
   }
 }

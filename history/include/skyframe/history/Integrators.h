@@ -3,6 +3,7 @@
 #include <span>
 #include <vector>
 
+#include "skyframe/numeric/RowMatrix.h"
 #include "skyframe/numeric/SparseMatrix.h"
 
 // Step-by-step solution of M u'' + C u' + K u = R(t). Source: Bathe (1996), chapter 9.
@@ -31,23 +32,6 @@ struct WilsonConstants {
   double a0, a1, a2, a3, a4, a5, a6, a7, a8;
 
   WilsonConstants(double theta, double dt);
-};
-
-/// The leading n x n block of a skyline matrix by rows, for products only.
-class CRowMatrix {
- public:
-  CRowMatrix() = default;
-  /// Leaves the values of A as they are.
-  CRowMatrix(SparseMatrix& A, int n);
-
-  [[nodiscard]] int GetOrder() const { return static_cast<int>(m_start.size()) - 1; }
-  /// y <- y + A x, n values each.
-  void MultiplyAdd(std::span<const double> x, std::span<double> y) const;
-
- private:
-  std::vector<int> m_start = {0};
-  std::vector<int> m_column;
-  std::vector<double> m_value;
 };
 
 /// Displacement, velocity and acceleration at a time; n values each, 0 at the start.

@@ -189,6 +189,8 @@ class CAnalysisModel {
   void FormNodeLoadMass();
   [[nodiscard]] bool LayOutSkyline();
   void ApplyConstraints(SparseMatrix& K) const;
+  /// A = 0 with the profile of the model, in the memory it has where that fits. False when there is none.
+  [[nodiscard]] bool ClearMatrix(SparseMatrix& A) const;
   /// Modified Newton-Raphson with the factorised stiffness; false after its message.
   [[nodiscard]] bool IterateToEquilibrium();
 
