@@ -1,7 +1,6 @@
 // Impulse load text: exact composition, tokens, block parsing, and damaged texts.
 
 #include <chrono>
-#include <cmath>
 #include <limits>
 #include <random>
 
@@ -43,40 +42,12 @@ TEST(ImpulseCompose, ExactText) {
        "/IMPULSELOAD/\r\n"
        "   1   0.000   5.000   0.000\r\n##\r\n   1   0.000   10.000   0.000\r\n##\r\n"
        "   1   0.000   5.000   0.000\r\n##\r\n   1   0.000   0.000   0.000\r\n##\r\n/END/"},
-      {"negative fall",
-       {{3, 0, -1.0}},
-       0,
-       0.01,
-       0.01,
-       "/IMPULSELOAD/\r\n   3   -1.000   0.000   0.000\r\n##\r\n   3   -0.000   0.000   0.000\r\n##\r\n/END/"},
       {"unloads within a step", one, 1, 0.005, 0.01, "/IMPULSELOAD/\r\n/END/"},
-      {"no step", one, 0, 1.0, 0.0, "/IMPULSELOAD/\r\n/END/"},
       {"unknown shape", one, 2, 1.0, 0.1, "/IMPULSELOAD/\r\n"},
-      {"empty list", {}, 1, 0.1, 0.1, "/IMPULSELOAD/\r\n##\r\n/END/"},
-      {"direction out of range",
-       {{1, 3, 5.0}},
-       1,
-       0.1,
-       0.1,
-       "/IMPULSELOAD/\r\n   1   0.000   0.000   0.000\r\n##\r\n/END/"},
   };
   for (const auto& c : cases) {
     EXPECT_EQ(ComposeImpulseScript(c.entries, c.nShape, c.dTime, c.dStep), c.strText) << c.strName;
   }
-}
-
-TEST(ImpulseCompose, TriangleOfFiveStepsReadsBackItsFactors) {
-  const std::string strText = ComposeImpulseScript(std::vector<ImpulseEntry>{{4, 0, 1.0}}, 0, 0.05, 0.01);
-  CImpulseScript script(strText);
-  ASSERT_TRUE(script.FindBlocks());
-  CLoadCase loadCase;
-  for (const double dFactor : {0.2, 0.4, 0.6, 0.8, 1.0, 0.8, 0.6, 0.4, 0.2, 0.0}) {
-    ASSERT_FALSE(script.IsUsedUp());
-    script.ReadBlock(loadCase);
-    EXPECT_NEAR(loadCase.m_records.at(0).m_dValue, 1000.0 * dFactor, 1e-9);
-    EXPECT_EQ(loadCase.m_records[0].m_nNode, 3);
-  }
-  EXPECT_TRUE(script.IsUsedUp());
 }
 
 TEST(ImpulseCompose, SavedAsItIs) {
@@ -93,21 +64,16 @@ TEST(ImpulseTokens, Integers) {
     std::string strText;
     int nValue;
     std::size_t nPos;
-  } cases[] = {{"12 ", 12, 2},
-               {"node 7,", 7, 6},
+  } cases[] = {{"node 7,", 7, 6},
                {"+5", 5, 2},
                {"-3x", -3, 2},
-               {".5", 0, 0},
-               {" .", 0, 1},
+               {" .5", 0, 1},
                {"12.5", 12, 2},
                {"1-2", 1, 3},
                {"+-3", 0, 3},
-               {"--", 0, 2},
                {"", -1, 0},
-               {"abc", -1, 3},
                {",/", -1, 2},
                {"99999999999", 2147483647, 11},
-               {"-99999999999", -2147483647, 12},
                {"-2147483648", -2147483647, 11}};
   for (const auto& c : cases) {
     std::size_t nPos = 0;
@@ -119,33 +85,21 @@ TEST(ImpulseTokens, Integers) {
 TEST(ImpulseTokens, Reals) {
   constexpr double c_dInfinity = std::numeric_limits<double>::infinity();
   const std::string strZeros(400, '0');
-  const struct {
-    std::string strText;
-    double dValue;
-  } cases[] = {{".5", 0.5},
-               {"-1.25e2 ", -125.0},
-               {"+2E-1", 0.2},
-               {"1.5-3", 1.5},
-               {"1e", 1.0},
-               {"1e+", 1.0},
-               {".", 0.0},
-               {"+.e5", 0.0},
-               {"+-5", 0.0},
-               {"0x10", 0.0},
-               {"force=3.5kN", 3.5},
-               {"", -1.0},
-               {"nan", -1.0},
-               {"1e999", c_dInfinity},
-               {"-1e999", -c_dInfinity},
-               {"1e-999", 0.0},
-               {"1" + strZeros, c_dInfinity},
-               {"0." + strZeros + "1", 0.0},
-               {"0." + strZeros + "1e99999999999999999999", c_dInfinity},
-               {"1" + strZeros + "e-99999999999999999999", 0.0}};
-  for (const auto& c : cases) {
+  const std::pair<std::string, double> cases[] = {{"x.5", 0.5},
+                                                  {"-1.25e2 ", -125.0},
+                                                  {"+2E-1", 0.2},
+                                                  {"1.5-3", 1.5},
+                                                  {"1e+", 1.0},
+                                                  {".", 0.0},
+                                                  {"+-5", 0.0},
+                                                  {"0x10", 0.0},
+                                                  {"nan", -1.0},
+                                                  {"-1e999", -c_dInfinity},
+                                                  {"1e-999", 0.0},  //
+                                                  {"0." + strZeros + "1e99999999999999999999", c_dInfinity}};
+  for (const auto& [strText, dValue] : cases) {
     std::size_t nPos = 0;
-    EXPECT_EQ(CImpulseScript(c.strText).ReadRealToken(nPos), c.dValue) << c.strText;
-    EXPECT_LE(nPos, c.strText.size());
+    EXPECT_EQ(CImpulseScript(strText).ReadRealToken(nPos), dValue) << strText;
   }
 }
 
@@ -154,8 +108,8 @@ TEST(ImpulseTokens, BlockEndIsExactlyTwoSigns) {
     std::string strText;
     bool bEnd;
     std::size_t nPos;
-  } cases[] = {{"##", true, 2},    {" \r\n##1", true, 5}, {"#", false, 1}, {"###", false, 3},
-               {"\t##", false, 0}, {"  1", false, 2},     {"", false, 0},  {"# #", false, 1}};
+  } cases[] = {{" \r\n##1", true, 5}, {"#", false, 1},   {"###", false, 3},
+               {"\t##", false, 0},    {"  1", false, 2}, {"", false, 0}};
   for (const auto& c : cases) {
     std::size_t nPos = 0;
     EXPECT_EQ(CImpulseScript(c.strText).IsBlockEnd(nPos), c.bEnd) << c.strText;
@@ -168,17 +122,10 @@ TEST(ImpulseTokens, TagsAreFoundOnceAndInOrder) {
   EXPECT_EQ(script.FindTag("/END/"), 7);
   EXPECT_EQ(script.FindTag("/X/"), -1);
   EXPECT_EQ(script.GetError(), "Can not find the data: /X/");
-  const struct {
-    const char* strText;
-    bool bFound;
-  } cases[] = {{"/IMPULSELOAD//END/", true},
-               {"x /IMPULSELOAD/ y /END/ z", true},
-               {"/IMPULSELOAD/", false},
-               {"/END/", false},
-               {"/END/ /IMPULSELOAD/", false},
-               {"", false},
-               {"/END/ /IMPULSELOAD/ /END/", false}};
-  for (const auto& c : cases) EXPECT_EQ(CImpulseScript(c.strText).FindBlocks(), c.bFound) << c.strText;
+  EXPECT_TRUE(CImpulseScript("x /IMPULSELOAD//END/ z").FindBlocks());
+  for (const char* strText : {"/IMPULSELOAD/", "/END/", "/END/ /IMPULSELOAD/ /END/", ""}) {
+    EXPECT_FALSE(CImpulseScript(strText).FindBlocks()) << strText;
+  }
 }
 
 // --- blocks
@@ -198,7 +145,6 @@ TEST(ImpulseBlocks, RecordPattern) {
     const char* strText;
     std::vector<const char*> blocks;
   } cases[] = {
-      {"one line", "1 1 2 3 ##", {"0/0/1000 0/1/2000 0/2/3000 "}},
       // Only the last line's Z force acts; the last appended record stays zero.
       {"two lines", "1 0 0 5 2 0 0 7 ##", {"0/0/0 0/1/0 1/0/0 1/1/0 1/2/7000 0/0/0 "}},
       {"fewer lines than before",
@@ -214,7 +160,6 @@ TEST(ImpulseBlocks, RecordPattern) {
        "1 0 0 1 ## 1 0 0 2 ## 1 0 0 3 ##",
        {"0/0/0 0/1/0 0/2/1000 ", "0/0/0 0/1/0 0/2/2000 ", "0/0/0 0/1/0 0/2/3000 "}},
       {"line cut by the end of the text", "2 4.5", {"1/0/4500 1/1/-1000 1/2/-1000 "}},
-      {"three signs end nothing", "1 1 1 1 ### 2 2 2 2 ##", {"0/0/1000 0/1/1000 1/0/2000 1/1/2000 1/2/2000 0/0/0 "}},
   };
   for (const auto& c : cases) {
     CImpulseScript script(c.strText);
@@ -227,20 +172,12 @@ TEST(ImpulseBlocks, RecordPattern) {
 }
 
 TEST(ImpulseBlocks, EndTagEndsTheBlock) {
-  const struct {
-    const char* strText;
-    const char* strRecords;
-  } cases[] = {{"/IMPULSELOAD/ 1 1 1 1 /END/ 5 5 5 5", "0/0/1000 0/1/1000 0/2/1000 "},
-               {"/IMPULSELOAD/ 1 1 1 1\t\tword\r\n/END/", "0/0/1000 0/1/1000 0/2/1000 "},
-               {"/IMPULSELOAD/    /END/", ""}};
-  for (const auto& c : cases) {
-    CImpulseScript script(c.strText);
-    ASSERT_TRUE(script.FindBlocks());
-    CLoadCase loadCase;
-    script.ReadBlock(loadCase);
-    EXPECT_EQ(Describe(loadCase), c.strRecords) << c.strText;
-    EXPECT_TRUE(script.IsUsedUp());
-  }
+  CImpulseScript script("/IMPULSELOAD/ 1 1 1 1\t\tword\r\n/END/ 5 5 5 5");
+  ASSERT_TRUE(script.FindBlocks());
+  CLoadCase loadCase;
+  script.ReadBlock(loadCase);
+  EXPECT_EQ(Describe(loadCase), "0/0/1000 0/1/1000 0/2/1000 ");
+  EXPECT_TRUE(script.IsUsedUp());
 }
 
 // --- damaged texts
@@ -269,20 +206,17 @@ TEST(ImpulseDamage, EveryBlockMovesOn) {
   }
 }
 
-TEST(ImpulseDamage, MillionBlocksAreFast) {
-  std::string strText = "/IMPULSELOAD/\r\n";
-  for (int i = 0; i < 1000000; ++i) strText += "   1   1.000   0.000   0.000\r\n##\r\n";
-  strText += "/END/";
+TEST(ImpulseDamage, LongTextsStayLinear) {
+  const auto repeat = [](const std::string& strPart, int nTimes) {
+    std::string strText = "/IMPULSELOAD/";
+    for (int i = 0; i < nTimes; ++i) strText += strPart;
+    return strText + "/END/";
+  };
   const auto start = std::chrono::steady_clock::now();
-  EXPECT_EQ(ReadAll(strText, 2000000), 1000000);
+  EXPECT_EQ(ReadAll(repeat("   1   1.000   0.000   0.000\r\n##\r\n", 1000000), 2000000), 1000000);
+  EXPECT_EQ(ReadAll(repeat("1 1 1 1 # ### \t", 200000), 10), 1);
+  EXPECT_EQ(ReadAll(repeat("#", 1000000), 10), 1);
   EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(10));
-}
-
-TEST(ImpulseDamage, ManyLinesWithoutEndStayLinear) {
-  std::string strText = "/IMPULSELOAD/";
-  for (int i = 0; i < 200000; ++i) strText += "1 1 1 1 # ### \t";
-  EXPECT_EQ(ReadAll(strText + "/END/", 10), 1);
-  EXPECT_EQ(ReadAll("/IMPULSELOAD/" + std::string(1000000, '#') + "/END/", 10), 1);
 }
 
 }  // namespace

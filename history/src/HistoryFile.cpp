@@ -53,11 +53,6 @@ bool WriteHistory(const HistorySet& history, const std::string& strPath) {
   return file.Commit();
 }
 
-bool HasCurve(const HistorySet& history, const HistoryCurve& curve) {
-  if (curve.nQuantity < 0 || curve.nQuantity >= c_nHistoryQuantities) return false;
-  return curve.nNumber >= 1 && curve.nNumber <= history.values[static_cast<std::size_t>(curve.nQuantity)].GetCols();
-}
-
 bool WriteCurve(const HistorySet& history, const HistoryCurve& curve, const std::string& strPrefix) {
   const bool bElement = curve.nQuantity == c_nHistoryForce;
   const std::string_view strSuffix = bElement ? texts::c_strElementFile : texts::c_strNodeFile;

@@ -27,9 +27,6 @@ struct HistoryCurve {
   int nNumber = 1;
 };
 
-/// Whether the set has this history.
-[[nodiscard]] bool HasCurve(const HistorySet& history, const HistoryCurve& curve);
-
 /// Writes one history that the set has to strPrefix + "_<number>_node.txt" or "_<number>_elem.txt".
 /// False when the file could not be written.
 [[nodiscard]] bool WriteCurve(const HistorySet& history, const HistoryCurve& curve, const std::string& strPrefix);
