@@ -1,19 +1,14 @@
 #include <gtest/gtest.h>
 
-#include <unistd.h>
-
 #include <cmath>
 #include <cstdlib>
-#include <filesystem>
-#include <fstream>
-#include <sstream>
 
 #include "../host/src/HistoryReport.h"
 #include "../host/src/HostPlatform.h"
 #include "../host/src/ModalReport.h"
 #include "../host/src/ModeLoader.h"
+#include "MastJob.h"
 #include "TestPlatform.h"
-#include "skyframe/host/CommandLine.h"
 #include "skyframe/host/DataDirectory.h"
 #include "skyframe/modal/DesignSpectrum.h"
 #include "skyframe/modal/ModeFile.h"
@@ -23,51 +18,23 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// A cantilever of two beams along Z, in its own directory.
-class Reports : public ::testing::Test {
+class Reports : public ::testing::Test, protected test::MastJob {
  protected:
-  void SetUp() override {
-    m_directory = fs::temp_directory_path() / ("skyframe_reports" + std::to_string(getpid()));
-    fs::create_directories(m_directory);
-    m_strPath = (m_directory / "mast").string();
-  }
-  void TearDown() override { fs::remove_all(m_directory); }
-
-  int Run(const std::string& strAnalyses) {
-    std::ofstream(m_strPath + ".json") << R"({"nodes": [{"id": 30, "x": 0, "y": 0, "z": 0, "restraint": "111111"},
-        {"id": 20, "x": 0, "y": 0, "z": 4}, {"id": 10, "x": 0, "y": 0, "z": 8}],
-      "sections": [{"id": "S", "shape": 2, "area": 1e4, "Ix": 4e7, "Iy": 2e7, "Iz": 3e7}],
-      "elements": [{"type": "beam", "i": 30, "j": 20, "section": "S"}, {"type": "beam", "i": 20, "j": 10, "section": "S"}],
-      "loads": [{"case": 0, "node": 10, "direction": "Z", "value": 20}], "analyses": [)"
-                                       << strAnalyses << "]}";
-    std::ostringstream out;
-    std::ostringstream err;
-    const int nStatus = RunCommandLine({"run", m_strPath + ".json", "--log", m_strPath + ".log"}, out, err);
-    m_strOut = out.str();
-    m_strErr = err.str();
-    return nStatus;
-  }
-
-  bool Says(const std::string& strText) const { return m_strOut.find(strText) != std::string::npos; }
+  bool Says(const std::string& strText) const { return strOut.find(strText) != std::string::npos; }
 
   /// The number behind the last place of a label.
   double Number(const std::string& strLabel) const {
-    const std::size_t n = m_strOut.rfind(strLabel);
-    return n == std::string::npos ? std::nan("") : std::stod(m_strOut.substr(n + strLabel.size()));
+    const std::size_t n = strOut.rfind(strLabel);
+    return n == std::string::npos ? std::nan("") : std::stod(strOut.substr(n + strLabel.size()));
   }
-
-  fs::path m_directory;
-  std::string m_strPath;
-  std::string m_strOut;
-  std::string m_strErr;
 };
 
 const std::string c_strModal = R"({"type": "modal", "modes": 12, "root_check": "compare", "verify_modes": true,
     "combination": {"0": 1}})";
 
 TEST_F(Reports, AllModesHoldAllMass) {
-  ASSERT_EQ(Run(c_strModal), 0) << m_strErr;
-  EXPECT_EQ(m_strErr, "");
+  ASSERT_EQ(Solve(c_strModal), 0) << strErr;
+  EXPECT_EQ(strErr, "");
   EXPECT_FALSE(Says("below 90"));
   EXPECT_TRUE(Says("Sturm count           no mode below "));
   EXPECT_TRUE(Says("  time                  0hour: 0min: "));
@@ -79,18 +46,18 @@ TEST_F(Reports, AllModesHoldAllMass) {
 }
 
 TEST_F(Reports, AFileThatMissesAModeIsToldOf) {
-  ASSERT_EQ(Run(c_strModal), 0);
+  ASSERT_EQ(Solve(c_strModal), 0);
   test::CTestPlatform platform;
-  const auto pModel = LoadModes({{0, 1.0}}, m_strPath, 3);
+  const auto pModel = LoadModes({{0, 1.0}}, strPath, 3);
   ASSERT_TRUE(pModel);
   pModel->Omega.erase(pModel->Omega.begin());
   pModel->Omega.resize(2);
-  ASSERT_TRUE(WriteModeFile(*pModel, m_strPath));
+  ASSERT_TRUE(WriteModeFile(*pModel, strPath));
   ModalJob analysis;
   analysis.combination = {{0, 1.0}};
   analysis.bVerify = true;
   std::ostringstream out;
-  PrintModalReport(analysis, m_strPath, out);
+  PrintModalReport(analysis, strPath, out);
   EXPECT_NE(out.str().find("  warning: the mode file misses 1 modes below "), std::string::npos) << out.str();
 }
 
@@ -101,9 +68,9 @@ TEST_F(Reports, BaseShearByHand) {
       c_strModal +
       R"j(,{"type": "spectrum", "modes": 2, "direction": [0, 1, 0], "site_class": 2, "intensity": "8 (0.20g)",
       "damping": 0.05, "combination": {"0": 1})j";
-  ASSERT_EQ(Run(strSpectrum + "}"), 0) << m_strErr;
+  ASSERT_EQ(Solve(strSpectrum + "}"), 0) << strErr;
   // the table's rows: mode, f, T, then kg, %, sum for X, Y, Z
-  std::istringstream rows(m_strOut.substr(m_strOut.find("sum\n") + 4));
+  std::istringstream rows(strOut.substr(strOut.find("sum\n") + 4));
   double dShear = 0.0;
   double dHeld = 0.0;
   const CDesignSpectrum spectrum(SpectrumSite{0, 9, 1, 2});
@@ -115,34 +82,34 @@ TEST_F(Reports, BaseShearByHand) {
     dHeld += Y;
   }
   EXPECT_TRUE(Says("combination           SRSS of 2 modes, damping ratio 0.05"));
-  EXPECT_NEAR(Number("base shear            X 0.000, Y "), dShear, 1e-3 * dShear) << m_strOut;
+  EXPECT_NEAR(Number("base shear            X 0.000, Y "), dShear, 1e-3 * dShear) << strOut;
   EXPECT_TRUE(Says(" m at node 10, combined"));
   EXPECT_FALSE(Says("VirtMode"));
 
-  ASSERT_EQ(Run(strSpectrum + R"(, "virtual_mode": true, "pseudo_load": 1})"), 0) << m_strErr;
+  ASSERT_EQ(Solve(strSpectrum + R"(, "virtual_mode": true, "pseudo_load": 1})"), 0) << strErr;
   EXPECT_TRUE(Says("SRSS of 2 modes and the virtual mode"));
   EXPECT_TRUE(Says("mast_VirtMode.spec, ") && Says("mastVIRTRESP.log, "));
-  std::ifstream strm(m_strPath + "VIRTRESP.log");
+  std::ifstream strm(strPath + "VIRTRESP.log");
   std::string strTitle;
   double gamma = 0.0, alpha = 0.0;
   strm >> strTitle >> gamma >> alpha;
   const double dRest = (Number("total mass") - dHeld) * alpha * 9.8e-3;
   // total mass of X equals that of Y
-  EXPECT_NEAR(Number("base shear            X 0.000, Y "), std::hypot(dShear, dRest), 1e-3 * dShear) << m_strOut;
+  EXPECT_NEAR(Number("base shear            X 0.000, Y "), std::hypot(dShear, dRest), 1e-3 * dShear) << strOut;
 
-  EXPECT_EQ(Run(strSpectrum + R"(, "virtual_mode": true, "pseudo_load": -1})"), 1);
-  EXPECT_EQ(m_strErr, "错误:虚拟地震静力序号\n");
+  EXPECT_EQ(Solve(strSpectrum + R"(, "virtual_mode": true, "pseudo_load": -1})"), 1);
+  EXPECT_EQ(strErr, "错误:虚拟地震静力序号\n");
 }
 
 TEST_F(Reports, HistoriesInMemoryAndOnFile) {
   // A slow rectangle of 1 kN along X at the top: twice P L^3/(3 E I) at most, and nothing along Y.
   const std::string strNewmark =
       R"(,{"type": "time_history", "method": "newmark", "damping": [0.0, 0.0], "combination": {"0": 1},)";
-  ASSERT_EQ(Run(c_strModal + strNewmark +
+  ASSERT_EQ(Solve(c_strModal + strNewmark +
                 R"("impulse": {"shape": "rectangular", "time_step": 0.01, "duration": 3, "unload_time": 3,
       "loads": [{"node": 10, "direction": "X", "peak": 1}]}})"),
             0)
-      << m_strErr;
+      << strErr;
   EXPECT_TRUE(Says("  steps                 300 of 0.01 s\n"));
   EXPECT_TRUE(Says("mast_Loadinputtest.txt, "));
   EXPECT_TRUE(Says(" m at node 10, t = "));
@@ -150,10 +117,10 @@ TEST_F(Reports, HistoriesInMemoryAndOnFile) {
   const double dPeak = Number("peak displacement X   ");
   EXPECT_NEAR(dPeak / dStatic, 2.0, 0.05);
 
-  ASSERT_EQ(Run(c_strModal + strNewmark + R"("load": "ground_motion", "earthquake": {"time_step": 0.02, "duration": 2,
+  ASSERT_EQ(Solve(c_strModal + strNewmark + R"("load": "ground_motion", "earthquake": {"time_step": 0.02, "duration": 2,
       "directions": ["Z"], "peaks": {"Z": 1}}})"),
             0)
-      << m_strErr;
+      << strErr;
   EXPECT_TRUE(Says("mast_HisTime.txt, "));
   EXPECT_TRUE(Says("peak displacement X   none\n"));
   EXPECT_TRUE(Says(" kN in element 1, t = "));  // all the mass hangs on the lower one
