@@ -33,6 +33,9 @@ class CHistoryView : public IHistoryView {
   }
 };
 
+/// A host record that outlived the module may tell of histories that are no longer there.
+bool HasHistory() { return COMDYN.m_bHistoryAvailable != 0 && g_history.bComplete; }
+
 bool ReadStoredHistory() {
   HistorySet history;
   if (!ReadHistoryFile(history)) return false;
@@ -43,7 +46,7 @@ bool ReadStoredHistory() {
 }  // namespace
 
 void RunHistoryViewer() {
-  if (COMDYN.m_bHistoryAvailable == 0 && !ReadStoredHistory()) {
+  if (!HasHistory() && !ReadStoredHistory()) {
     GetPlatform().ShowMessage(c_strNoHistory);
     return;
   }
