@@ -7,12 +7,13 @@
 
 namespace skyframe {
 
-CRenumbering::CRenumbering() : m_firstOrder(std::max(ABCD.m_nNodes, 0) + 1) {
+CRenumbering::CRenumbering() : CRenumbering(std::clamp(ABCD.m_nNodes, 0, c_nMaxNodes)) { CCommonData::OnReNodeCode(); }
+
+CRenumbering::CRenumbering(int nNodes) : m_firstOrder(static_cast<std::size_t>(nNodes) + 1) {
   std::iota(m_firstOrder.begin(), m_firstOrder.end(), 0);
   m_secondOrder = m_firstOrder;
   COMDAT.m_pFirstOrder = m_firstOrder.data();
   COMDAT.m_pSecondOrder = m_secondOrder.data();
-  CCommonData::OnReNodeCode();
 }
 
 CRenumbering::~CRenumbering() {

@@ -14,6 +14,9 @@ class CRenumbering {
   CRenumbering& operator=(const CRenumbering&) = delete;
 
  private:
+  /// Identity arrays. Delegated to, so that the destructor runs even when the renumbering itself fails.
+  explicit CRenumbering(int nNodes);
+
   std::vector<int> m_firstOrder;   ///< nodes + 1 entries, entry 0 unused
   std::vector<int> m_secondOrder;  ///< likewise
 };
