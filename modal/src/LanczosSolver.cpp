@@ -133,7 +133,7 @@ void CLanczosSolver::Restart() {
 
 CMatrix CLanczosSolver::FormRitzVectors(int nModes) const {
   CMatrix Phi(m_n, nModes);
-  const auto m = static_cast<std::size_t>(GetSize());
+  const std::size_t m = m_ritz.values.size();
   std::vector<double> column(static_cast<std::size_t>(m_n));
   std::vector<double> s(m);
   for (int i = 0; i < nModes; ++i) {

@@ -30,13 +30,13 @@ double CombineSrss(std::span<const double> R) {
 }
 
 CModalCombination::CModalCombination(int nMethod, std::span<const double> omega, std::span<const double> zeta)
-    : m_nMethod(nMethod) {
-  if (nMethod == c_nSrss) return;
+    : m_nMethod(std::clamp<int>(nMethod, c_nSrss, c_nGrp)) {
+  if (m_nMethod == c_nSrss) return;
   const std::size_t k = omega.size();
   m_weights.resize(k * k);
   for (std::size_t i = 0; i < k; ++i) {
     for (std::size_t j = 0; j < k; ++j) {
-      const bool bCqc = nMethod == c_nCqc;
+      const bool bCqc = m_nMethod == c_nCqc;
       const double dCorrelation = i == j ? 1.0 : FormCorrelation(omega[i], omega[j], zeta[i], zeta[j]);
       m_weights[i * k + j] = bCqc ? dCorrelation : FormGroupWeight(omega[i], omega[j]);
     }

@@ -28,9 +28,9 @@ bool AssemblePencil(const CAnalysisModel& model, bool bGeometric, bool bUseLoadM
   return AssembleModalMass(model, bUseLoadMass, M) && model.AssembleStiffness(K, bGeometric, model.m_bShear != 0);
 }
 
-void PrepareProducts(SparseMatrix& A, int nFree) {
+bool PrepareProducts(SparseMatrix& A, int nFree) {
   A.TrimProfile(nFree);
-  A.BuildRows(nFree);
+  return A.BuildRows(nFree);
 }
 
 }  // namespace skyframe

@@ -15,10 +15,9 @@ constexpr double c_dJustBelow = 0.9999;  ///< of the highest frequency, past the
 
 std::optional<EffectiveMasses> ComputeEffectiveMasses(const CAnalysisModel& model, bool bUseLoadMass) {
   SparseMatrix M;
-  if (!AssembleModalMass(model, bUseLoadMass, M)) return std::nullopt;
   const int F = model.GetFreeDofs();
+  if (!AssembleModalMass(model, bUseLoadMass, M) || !PrepareProducts(M, F)) return std::nullopt;
   const CMatrix& Phi = model.ModeShapes;
-  PrepareProducts(M, F);
 
   EffectiveMasses masses;
   masses.modes.resize(static_cast<std::size_t>(Phi.GetCols()));

@@ -2,6 +2,9 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdint>
+#include <new>
+#include <utility>
 
 #include "WaitCursor.h"
 #include "skyframe/modal/ModalPencil.h"
@@ -13,6 +16,7 @@ namespace skyframe {
 namespace {
 
 constexpr int c_nLargeModel = 1000;       ///< from here on: unit start vector, mode comparison by default
+constexpr int c_nRefinement = 4;          ///< Lanczos steps between two looks at the residuals
 constexpr double c_dLeastTheta = 1e-15;   ///< s2
 constexpr double c_dGreatestTheta = 1e6;  ///< s2; beyond it a free structure shows through round-off
 constexpr double c_dGoodResidual = 1e-8;  ///< |K phi - omega^2 M phi| / |K phi|
@@ -51,30 +55,37 @@ CModalSolution::CModalSolution(const CAnalysisModel& model)
             std::ranges::copy(b, y.begin());
             return m_K.Solve(m_nFree, y);
           },
-          [this](std::span<const double> x, std::span<double> y) { m_M.MultiplyRows(x, y); }) {}
+          [this](std::span<const double> x, std::span<double> y) { m_M.Multiply(x, y); }) {}
 
 bool CModalSolution::Solve(bool bGeometric, bool bUseLoadMass) {
   if (!Assemble(bGeometric, bUseLoadMass)) return false;
   std::vector<double> x0(static_cast<std::size_t>(m_nFree), 0.0);
   x0.front() = 1.0;
   m_lanczos.Start(m_nFree < c_nLargeModel ? m_lanczos.MakeRandomVector() : std::move(x0));
-  return IterateToAcceptance() && Refine();
+  if (!IterateToAcceptance()) return false;
+  Refine();
+  return true;
 }
 
-/// The copy of K is kept only where the Sturm test can use it.
+/// M and then K are assembled in the same memory; copies are kept only where the Sturm test can use them.
 bool CModalSolution::Assemble(bool bGeometric, bool bUseLoadMass) {
-  if (!AssemblePencil(m_model, bGeometric, bUseLoadMass, m_K, m_M)) return false;
   // Deliberate: 1, the second radio button, means Sturm, and so does any choice for a small model.
-  if (m_model.m_nRootCheck == 1 || m_nFree < c_nLargeModel) {
-    m_plainK = m_K;
-    if (!m_plainK.IsAllocated()) return false;
-    m_pRootTest = std::make_unique<CSturmTest>(CSturmCount(m_plainK, m_M, m_nFree));
-  } else {
+  const bool bSturm = m_model.m_nRootCheck == 1 || m_nFree < c_nLargeModel;
+  if (!AssembleModalMass(m_model, bUseLoadMass, m_K)) return false;
+  m_M = CRowMatrix(m_K, m_nFree);
+  if (m_M.GetOrder() != m_nFree) return false;
+  if (bSturm) m_plainM = m_K;
+
+  if (!m_model.AssembleStiffness(m_K, bGeometric, m_model.m_bShear != 0)) return false;
+  if (bSturm) m_plainK = m_K;
+  if (!PrepareProducts(m_K, m_nFree)) return false;
+
+  if (!bSturm) {
     m_pRootTest = std::make_unique<CModeComparisonTest>();
+    return true;
   }
-  PrepareProducts(m_K, m_nFree);
-  PrepareProducts(m_M, m_nFree);
-  return true;
+  m_pRootTest = std::make_unique<CSturmTest>(CSturmCount(m_plainK, m_plainM, m_nFree));
+  return m_plainK.IsAllocated() && m_plainM.IsAllocated();
 }
 
 /// Passes of growing subspaces until the root-loss test is content or there is nothing left to add.
@@ -94,20 +105,31 @@ bool CModalSolution::IterateToAcceptance() {
   }
 }
 
-/// The root-loss tests compare frequencies; a mode that passes may still be rough in shape. Goes on with
-/// the recurrence within the permitted size until every wanted mode satisfies K phi = omega^2 M phi.
-bool CModalSolution::Refine() {
-  while (!IsComplete() && !IsSharp()) {
-    const auto larger = EnlargeSubspace(m_lanczos.GetSize(), m_nModes, m_nFree, m_nFirstSize, m_model.m_nIterMultiple);
-    if (!larger) return true;
-    if (!RunPass(*larger)) return false;
+/// The root-loss tests look at frequencies alone; a mode that passes may still be rough in shape. Goes
+/// on with the recurrence, a few steps at a time within the permitted size; every pass replaces the accepted modes as a
+/// whole, or not at all.
+void CModalSolution::Refine() {
+  const auto nLimit = static_cast<std::int64_t>(m_model.m_nIterMultiple) * m_nFirstSize;
+  try {
+    while (!IsComplete() && !IsSharp()) {
+      const int m = std::min(m_lanczos.GetSize() + c_nRefinement, m_nFree);
+      if ((m > nLimit && m < m_nFree) || !ExtendTo(m)) return;
+      TridiagonalEigen accepted = m_lanczos.GetRitz();
+      m_lanczos.SolveRitz(m_model.m_dModeTol);
+      if (!m_lanczos.GetRitz().bConverged || !IsSupported()) return m_lanczos.SetRitz(std::move(accepted));
+    }
+  } catch (const std::bad_alloc&) {
+    return;  // no memory to refine: what was accepted stands
   }
-  return true;
+}
+
+bool CModalSolution::ExtendTo(int m) {
+  GetPlatform().ReportProgress(static_cast<double>(m_lanczos.GetSize()) / m, c_strModalProgress);
+  return m_lanczos.Extend(m);
 }
 
 bool CModalSolution::RunPass(int m) {
-  GetPlatform().ReportProgress(static_cast<double>(m_lanczos.GetSize()) / m, c_strModalProgress);
-  if (!m_lanczos.Extend(m)) return false;
+  if (!ExtendTo(m)) return false;
   m_lanczos.SolveRitz(m_model.m_dModeTol);
   if (IsSupported()) return true;
   GetPlatform().ShowMessage(c_strRigidBody);
@@ -143,7 +165,7 @@ double CModalSolution::FormResidual(std::span<const double> phi, double dTheta) 
   std::vector<double> residual(phi.size());
   std::vector<double> inertia(phi.size());
   m_K.MultiplyRows(phi, residual);
-  m_M.MultiplyRows(phi, inertia);
+  m_M.Multiply(phi, inertia);
   const double dForce2 = Norm2(residual);
   for (std::size_t i = 0; i < phi.size(); ++i) residual[i] -= inertia[i] / dTheta;
   return std::sqrt(Norm2(residual) / dForce2);

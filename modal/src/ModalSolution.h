@@ -5,10 +5,15 @@
 #include "skyframe/modal/LanczosSolver.h"
 #include "skyframe/modal/RootLossTest.h"
 #include "skyframe/model/AnalysisModel.h"
+#include "skyframe/numeric/RowMatrix.h"
 
 namespace skyframe {
 
-/// The n lowest modes of a model: pencil, Lanczos passes, root-loss test, enlargement.
+/// The n lowest modes of a model: pencil, Lanczos passes, root-loss test, enlargement, refinement.
+/// Refinement: once the root-loss test has accepted, the recurrence goes on, within the permitted subspace
+/// size, while |K phi - omega^2 M phi| > 1e-8 |K phi| for a wanted mode. It can better the n modes and
+/// nothing else: a pass that fails, or finds the structure free, or runs out of memory leaves the accepted
+/// modes as they were, without a message.
 /// Failure: one message from Solve, which then returns false.
 class CModalSolution {
  public:
@@ -24,8 +29,9 @@ class CModalSolution {
  private:
   [[nodiscard]] bool Assemble(bool bGeometric, bool bUseLoadMass);
   [[nodiscard]] bool IterateToAcceptance();
-  [[nodiscard]] bool Refine();
+  void Refine();
   [[nodiscard]] bool RunPass(int m);
+  [[nodiscard]] bool ExtendTo(int m);
   [[nodiscard]] bool IsSupported() const;
   [[nodiscard]] bool IsComplete() const { return m_lanczos.GetSize() >= m_nFree || m_lanczos.IsExhausted(); }
   [[nodiscard]] bool IsSharp() const;
@@ -37,8 +43,9 @@ class CModalSolution {
   int m_nModes;
   int m_nFirstSize;
   SparseMatrix m_K;  ///< factorised by the first Lanczos step
-  SparseMatrix m_M;
-  SparseMatrix m_plainK;  ///< unfactorised, for the Sturm test only
+  CRowMatrix m_M;
+  SparseMatrix m_plainK;  ///< unfactorised, like the next for the Sturm test only
+  SparseMatrix m_plainM;
   CLanczosSolver m_lanczos;
   std::unique_ptr<IRootLossTest> m_pRootTest;
 };

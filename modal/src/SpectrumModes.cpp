@@ -37,8 +37,7 @@ bool AddVirtualMode(const CAnalysisModel& model, bool bGeometric, const SparseMa
 
   SparseMatrix K;
   if (!model.AssembleStiffness(K, bGeometric, model.m_bShear != 0)) return false;
-  PrepareProducts(K, model.GetFreeDofs());
-  if (!K.Solve(model.GetFreeDofs(), psi)) return false;
+  if (!PrepareProducts(K, model.GetFreeDofs()) || !K.Solve(model.GetFreeDofs(), psi)) return false;
   for (int nSweep = 0; nSweep < c_nSweeps; ++nSweep) {
     for (const std::vector<double>& phi : modes.shape) Subtract(Dot(phi, Multiply(M, psi)), phi, psi);
   }
@@ -73,8 +72,7 @@ void FormFactors(const CDesignSpectrum& spectrum, SpectrumModes& modes) {
 bool FormSpectrumModes(CAnalysisModel& model, const std::array<double, 3>& c, bool bGeometric, bool bUseLoadMass,
                        SpectrumModes& modes) {
   SparseMatrix M;
-  if (!AssembleModalMass(model, bUseLoadMass, M)) return false;
-  PrepareProducts(M, model.GetFreeDofs());
+  if (!AssembleModalMass(model, bUseLoadMass, M) || !PrepareProducts(M, model.GetFreeDofs())) return false;
   TakeModes(model, modes);
 
   const std::vector<double> r = FormDirectionVector(model, c);

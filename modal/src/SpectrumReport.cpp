@@ -29,8 +29,7 @@ std::optional<std::array<double, 3>> ComputeBaseShear(CAnalysisModel& model, boo
   SparseMatrix M;
   const auto quake = NormaliseDirection(model.m_dDirCoef);
   if (!quake || !FormSpectrumModes(model, *quake, false, bUseLoadMass, modes)) return std::nullopt;
-  if (!AssembleModalMass(model, bUseLoadMass, M)) return std::nullopt;
-  PrepareProducts(M, model.GetFreeDofs());
+  if (!AssembleModalMass(model, bUseLoadMass, M) || !PrepareProducts(M, model.GetFreeDofs())) return std::nullopt;
 
   const auto shares = FormShares(modes, FormDirectionVector(model, *quake));
   const CModalCombination combination(model.m_nCombMethod, modes.omega, modes.zeta);

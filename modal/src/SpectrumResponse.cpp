@@ -62,12 +62,6 @@ CModalTable FormDisplacements(const SpectrumModes& modes, int nTotal) {
   return displacements;
 }
 
-/// The free equations carry inertia, not reactions.
-void NegateReactions(std::vector<double>& internalForce, int nFree) {
-  std::fill_n(internalForce.begin(), nFree, 0.0);
-  for (double& d : internalForce) d = -d;
-}
-
 }  // namespace
 
 SpectrumResult CombineModes(const CAnalysisModel& model, const SpectrumModes& modes) {
@@ -90,7 +84,8 @@ SpectrumResult CombineModes(const CAnalysisModel& model, const SpectrumModes& mo
     }
     result.elementForce[nSlot] = forces.Combine(combination);
   }
-  for (std::size_t i = 0; i < modes.GetCount(); ++i) NegateReactions(reactions[i], model.GetFreeDofs());
+  // The free equations carry inertia, not reactions. No method of combination sees the sign.
+  for (std::size_t i = 0; i < modes.GetCount(); ++i) std::fill_n(reactions[i].begin(), model.GetFreeDofs(), 0.0);
   result.displacement = displacements.Combine(combination);
   result.reaction = reactions.Combine(combination);
   return result;

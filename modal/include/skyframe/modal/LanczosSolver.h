@@ -3,6 +3,7 @@
 #include <functional>
 #include <random>
 #include <span>
+#include <utility>
 #include <vector>
 
 #include "skyframe/modal/ColumnStore.h"
@@ -42,12 +43,15 @@ class CLanczosSolver {
   [[nodiscard]] std::span<const double> GetDiagonal() const { return m_alpha; }
   [[nodiscard]] std::span<const double> GetOffDiagonal() const { return m_beta; }
 
-  /// Eigenpairs of T, theta descending by magnitude.
+  /// Eigenpairs of T, theta descending by magnitude. They stay as they are while the basis grows.
   void SolveRitz(double dTolerance) { m_ritz = SolveTridiagonal(m_alpha, m_beta, dTolerance); }
+  [[nodiscard]] const TridiagonalEigen& GetRitz() const { return m_ritz; }
+  /// Goes back to pairs of an earlier, smaller T.
+  void SetRitz(TridiagonalEigen ritz) { m_ritz = std::move(ritz); }
   [[nodiscard]] std::span<const double> GetRitzValues() const { return m_ritz.values; }
-  /// Phi = Q S, the first nModes columns: n x nModes, Phi^T M Phi = I.
+  /// Phi = Q S, the first nModes columns: n x nModes, Phi^T M Phi = I. Q: as many columns as S has rows.
   [[nodiscard]] CMatrix FormRitzVectors(int nModes) const;
-  /// M-norm of K^-1 M phi_i - theta_i phi_i, |beta_m s(m, i)|.
+  /// M-norm of K^-1 M phi_i - theta_i phi_i, |beta_m s(m, i)|; for pairs of the present T.
   [[nodiscard]] double GetResidualNorm(int i) const;
 
  private:

@@ -19,7 +19,7 @@ enum CombinationMethod : int { c_nSrss, c_nCqc, c_nGrp };
 /// sqrt(sum_ij |R_i R_j|) over the ordered pairs with |omega_j - omega_i| <= 0.1 omega_i.
 class CModalCombination {
  public:
-  /// nMethod: SRSS, CQC or GRP. omega (rad/s) and zeta: k values each.
+  /// nMethod: SRSS, CQC or GRP; what lies outside counts as the nearest of them. omega (rad/s) and zeta: k values each.
   CModalCombination(int nMethod, std::span<const double> omega, std::span<const double> zeta);
 
   /// R: k values.

@@ -16,7 +16,8 @@ inline constexpr double c_dMassPerKilonewton = 101.9367991845056;
 [[nodiscard]] bool AssemblePencil(const CAnalysisModel& model, bool bGeometric, bool bUseLoadMass, SparseMatrix& K,
                                   SparseMatrix& M);
 
-/// Trims the profile and builds the compressed rows of the leading F x F block.
-void PrepareProducts(SparseMatrix& A, int nFree);
+/// Trims the profile and builds the compressed rows of the leading F x F block. False, after the kernel's
+/// message, when there is no memory for the rows.
+[[nodiscard]] bool PrepareProducts(SparseMatrix& A, int nFree);
 
 }  // namespace skyframe
