@@ -3,7 +3,8 @@
 #include <gtest/gtest.h>
 
 #include <array>
-#include <functional>
+#include <iterator>
+#include <sstream>
 
 #include "HostModel.h"
 #include "ModalModels.h"
@@ -20,11 +21,6 @@ const char* const c_pRead = "文件读入出错,计算终止!";
 const char* const c_pExpand = "扩展模态数大于总模态数，计算终止!";
 
 /// One bar with the mass of 100 kN, and a rigid node that nothing touches.
-void FillBarAndLooseNode(CHostModel& host) {
-  FillOneBar(host);
-  host.AddNode(9, 9, 9, c_nRigid, "111111");
-}
-
 const char* const c_pBarFile =
     "The_Data_of_Zan's_Mode_Analysis\n"
     "\n"
@@ -47,7 +43,8 @@ struct CBarModel {
   CAnalysisModel model;
 
   CBarModel() {
-    FillBarAndLooseNode(host);
+    FillOneBar(host);
+    host.AddNode(9, 9, 9, c_nRigid, "111111");
     model.m_nLoadCaseFlag[0] = 1;
     model.BuildModelForModes(true);
     model.m_nModes = 1;
@@ -63,12 +60,7 @@ TEST(ModeFile, TextIsExact) {
   bar.model.SolveModes(bar.folder.GetJobPath(), 0, true);
   EXPECT_EQ(bar.folder.Read(".mode"), c_pBarFile);
   EXPECT_EQ(bar.folder.List().size(), 1U);
-  // Deliberate: 1 / 6.2831852 Hz per rad/s.
-  EXPECT_EQ(c_dHertzPerRadian, 0.15915494580678602);
-}
-
-TEST(ModeFile, UnwritablePathIsReported) {
-  CBarModel bar;
+  EXPECT_EQ(c_dHertzPerRadian, 0.15915494580678602);  // Deliberate: 1 / 6.2831852
   bar.model.SolveModes(bar.folder.GetJobPath() + "/no/such/folder", 0, true);
   EXPECT_EQ(bar.platform.GetMessages(), std::vector<std::string>{c_pAccess});
 }
@@ -81,13 +73,12 @@ TEST(ModeFile, LinesFollowTheHostOrderBeforeRenumbering) {
   bar.model.ModeShapes = CMatrix(1, 1, 0.5);  // the free equation belongs to internal node 1 (number 2)
   ASSERT_TRUE(WriteModeFile(bar.model, bar.folder.GetJobPath()));
   COMDAT.m_pSecondOrder = nullptr;
-  const std::string strText = bar.folder.Read(".mode");
-  const std::string strBlock = strText.substr(strText.find("1.59155\n") + 8);
-  const auto pad = [](std::string str, std::size_t nWidth) { return str.append(nWidth - str.size(), ' '); };
-  const std::string strZero = pad("0", 15);
-  EXPECT_EQ(strBlock, pad("2", 10) + pad("0.5", 15) + strZero + strZero + "\n" + pad("3", 10) + strZero + strZero +
-                          strZero + strZero + strZero + strZero + "\n" + pad("1", 10) + strZero + strZero + strZero +
-                          "\n");
+  std::istringstream strm(bar.folder.Read(".mode"));
+  const std::vector<std::string> words(std::istream_iterator<std::string>(strm), {});
+  const std::vector<std::string> expected = {"2", "0.5", "0", "0", "3", "0", "0", "0",
+                                             "0", "0",   "0", "1", "0", "0", "0"};
+  ASSERT_GT(words.size(), expected.size());
+  EXPECT_EQ(std::vector(words.end() - 15, words.end()), expected);
 }
 
 TEST(ModeFile, RoundTripKeepsSixDigits) {
@@ -103,46 +94,35 @@ TEST(ModeFile, RoundTripKeepsSixDigits) {
   for (const int nVirtual : {0, 1}) {
     CAnalysisModel reader;
     reader.BuildModelForModes(false);
-    reader.m_bValid = false;
     reader.m_nExpandModes = 7;
     reader.m_bVirtualModes = nVirtual;
     ASSERT_TRUE(reader.ReadModeFile(folder.GetJobPath()));
-    EXPECT_TRUE(reader.m_bValid);
     EXPECT_TRUE(reader.m_bFrequenciesLoaded);
-    EXPECT_EQ(reader.ModesSolved, 1);
     EXPECT_EQ(reader.m_nModes, 10);
     EXPECT_EQ(reader.m_bShear, 1);
     ASSERT_EQ(reader.Omega.size(), 7U + nVirtual);
     ASSERT_EQ(reader.ModeShapes.GetCols(), 7 + nVirtual);
-    ASSERT_EQ(reader.ModeShapes.GetRows(), reader.GetFreeDofs());
-    for (int i = 0; i < 7; ++i) {
-      EXPECT_NEAR(reader.Omega[i], writer.Omega[i], 5e-6 * writer.Omega[i]);
+    for (int i = 0; i < 7 + nVirtual; ++i) {
+      const bool bRead = i < 7;  // the room for the virtual mode is zero
+      EXPECT_NEAR(reader.Omega[i], bRead ? writer.Omega[i] : 0.0, 5e-6 * reader.Omega[i]);
       for (int k = 0; k < reader.GetFreeDofs(); ++k) {
-        const double dExact = writer.ModeShapes[k][i];
+        const double dExact = bRead ? writer.ModeShapes[k][i] : 0.0;
         EXPECT_NEAR(reader.ModeShapes[k][i], dExact, 5.1e-6 * std::abs(dExact));
       }
     }
-    if (nVirtual == 0) continue;
-    EXPECT_EQ(reader.Omega[7], 0.0);
-    for (int k = 0; k < reader.GetFreeDofs(); ++k) EXPECT_EQ(reader.ModeShapes[k][7], 0.0);
   }
-  EXPECT_TRUE(platform.GetMessages().empty());
 }
 
 TEST(ModeFile, FrequencyReaderFillsOnlyAModelWithoutModes) {
-  CBarModel bar;
-  bar.folder.Write(".mode", c_pBarFile);
-  bar.model.m_nExpandModes = 0;
-  EXPECT_TRUE(bar.model.ReadModeFrequencies(bar.folder.GetJobPath()));
-  EXPECT_EQ(bar.model.Omega, std::vector<double>{317.055});
-  EXPECT_EQ(bar.model.ModesSolved, 0);
-  bar.model.Omega = {1.0};
-  EXPECT_TRUE(bar.model.ReadModeFrequencies(bar.folder.GetJobPath()));
-  EXPECT_EQ(bar.model.Omega, std::vector<double>{1.0});
-  bar.model.Omega.clear();
-  bar.model.ModesSolved = 1;
-  EXPECT_TRUE(bar.model.ReadModeFrequencies(bar.folder.GetJobPath()));
-  EXPECT_TRUE(bar.model.Omega.empty());
+  for (const auto& [nSolved, omega] : {std::pair{0, std::vector<double>{}}, {0, {1.0}}, {1, {}}}) {
+    CBarModel bar;
+    bar.folder.Write(".mode", c_pBarFile);
+    bar.model.Omega = omega;
+    bar.model.ModesSolved = nSolved;
+    EXPECT_TRUE(bar.model.ReadModeFrequencies(bar.folder.GetJobPath()));
+    EXPECT_EQ(bar.model.Omega, nSolved == 0 && omega.empty() ? std::vector<double>{317.055} : omega);
+    EXPECT_EQ(bar.model.ModesSolved, nSolved);
+  }
 }
 
 /// The bar's file with one text replaced by another, or cut before it when the other is null.
@@ -166,40 +146,28 @@ std::vector<FileCase> MakeFileCases() {
   const std::string strOmega = "317.055        ", strValue = "0.00987906 ";
   return {
       {"as written", c_pBarFile, nullptr, nullptr},
+      {"no file", "missing", c_pAccess, c_pAccess},
       {"empty", "", c_pForeign, c_pForeign},
-      {"blanks only", " \n\t\r\n ", c_pForeign, c_pForeign},
       {"binary", std::string("\0\1\2\xff\xfe\0\0", 7) + std::string(300000, '\0'), c_pForeign, c_pForeign},
       {"foreign text", "The_Data_of_Somebody " + std::string(c_pBarFile), c_pForeign, c_pForeign},
       {"one endless token", std::string(5000000, 'T'), c_pForeign, c_pForeign},
-      {"first token with a tail", Change("Analysis", "Analysis2"), c_pForeign, c_pForeign},
       {"version is not checked", Change("v1.0", "v9.7"), nullptr, nullptr},
-      {"other line ends", Change("\n\n3/7", "\r\n\r\n3/7"), nullptr, nullptr},
-      {"leading plus", Change(strOmega, "+317.055 "), nullptr, nullptr},
       {"too small for a double", Change(strValue, "1e-400 "), nullptr, nullptr},
-      {"text behind the last value", std::string(c_pBarFile) + "more", nullptr, nullptr},
       {"element count", Change(strCounts, "2 3 1 2 1 0"), c_pCounts, c_pCounts},
       {"node count", Change(strCounts, "1 4 1 2 1 0"), c_pCounts, c_pCounts},
       {"rigid count", Change(strCounts, "1 3 2 2 1 0"), c_pCounts, c_pCounts},
       {"pinned count", Change(strCounts, "1 3 1 1 1 0"), c_pCounts, c_pCounts},
       {"count of 2^31", Change(strCounts, "1 2147483648 1 2 1 0"), c_pCounts, c_pCounts},
-      {"count with a tail", Change(strCounts, "1 3 1 2x 1 0"), c_pCounts, c_pCounts},
-      {"counts missing", Change(strCounts, nullptr), c_pCounts, c_pCounts},
-      {"fewer modes than asked for", Change(strCounts, "1 3 1 2 0 0"), c_pExpand, c_pExpand},
       {"negative modes", Change(strCounts, "1 3 1 2 -5 0"), c_pExpand, c_pExpand},
       {"2^31 - 1 modes that are not there", Change(strCounts, "1 3 1 2 2147483647 0"), c_pRead, c_pRead},
       {"mode count of 2^31", Change(strCounts, "1 3 1 2 2147483648 0"), c_pRead, c_pRead},
       {"shear flag is a word", Change(strCounts, "1 3 1 2 1 yes"), c_pRead, c_pRead},
       {"no frequency mark", Change("Eigen_And_Freq:", "Eigen"), c_pRead, c_pRead},
-      {"cut before the mark", Change("Eigen_And_Freq:", nullptr), c_pRead, c_pRead},
-      {"cut before the frequency", Change(strOmega, nullptr), c_pRead, c_pRead},
       {"NaN frequency", Change(strOmega, "nan "), c_pRead, c_pRead},
-      {"infinite frequency", Change(strOmega, "inf "), c_pRead, c_pRead},
       {"overflowing frequency", Change(strOmega, "1e999 "), c_pRead, c_pRead},
-      {"hexadecimal frequency", Change(strOmega, "0x10 "), c_pRead, c_pRead},
       {"zero frequency", Change(strOmega, "0 "), c_pCounts, nullptr},
       {"negative frequency", Change(strOmega, "-317.055 "), c_pCounts, nullptr},
       {"NaN in a shape", Change(strValue, "nan "), c_pRead, nullptr},
-      {"word in a shape", Change(strValue, "0.1.2 "), c_pRead, nullptr},
       {"shape cut", Change(strValue, nullptr), c_pRead, nullptr},
       {"shape block missing", Change("Node_DOF", nullptr), c_pRead, nullptr},
       {"last value missing", std::string(c_pBarFile).substr(0, std::string(c_pBarFile).size() - 17), c_pRead, nullptr},
@@ -207,53 +175,37 @@ std::vector<FileCase> MakeFileCases() {
 }
 
 TEST(ModeFile, DamagedFilesGetTheirMessage) {
-  CBarModel bar;
   for (const FileCase& c : MakeFileCases()) {
-    SCOPED_TRACE(c.pName);
-    bar.folder.Write(".mode", c.strText);
     for (const bool bFull : {true, false}) {
-      SCOPED_TRACE(bFull ? "full reader" : "frequency reader");
-      bar.platform->Clear();
-      CAnalysisModel& model = bar.model;
-      model.Omega.clear();
-      model.ModesSolved = 0;
-      model.m_bValid = false;
-      model.m_bFrequenciesLoaded = false;
+      SCOPED_TRACE(testing::Message() << c.pName << (bFull ? ", full reader" : ", frequency reader"));
+      CBarModel bar;
+      bar.model.m_bValid = false;
+      const std::string strPath = bar.folder.GetJobPath();
+      if (!c.strText.starts_with("missing")) bar.folder.Write(".mode", c.strText);
       const char* const pMessage = bFull ? c.pFull : c.pFrequencies;
-      EXPECT_EQ(
-          bFull ? model.ReadModeFile(bar.folder.GetJobPath()) : model.ReadModeFrequencies(bar.folder.GetJobPath()),
-          pMessage == nullptr);
+      const bool bRead = bFull ? bar.model.ReadModeFile(strPath) : bar.model.ReadModeFrequencies(strPath);
+      EXPECT_EQ(bRead, pMessage == nullptr);
       EXPECT_EQ(bar.platform.GetMessages(), pMessage ? std::vector<std::string>{pMessage} : std::vector<std::string>{});
-      EXPECT_EQ(model.m_bValid, bFull && pMessage == nullptr);
-      EXPECT_EQ(model.ModesSolved, bFull && pMessage == nullptr ? 1 : 0);
+      EXPECT_EQ(bar.model.m_bValid, bFull && bRead);
+      EXPECT_EQ(bar.model.ModesSolved, bFull && bRead ? 1 : 0);
     }
   }
 }
 
 TEST(ModeFile, CountMismatchComesBeforeTheStreamState) {
   // A model without other nodes: a missing fourth count reads as the right 0, and only then the end shows.
-  CTestPlatform platform;
-  CHostModel host;
-  CJobFolder folder("mode_file");
-  FillCantilever(host, 1);
-  CAnalysisModel model;
-  model.BuildModelForModes(false);
-  const std::string strHead = "The_Data_of_Zan's_Mode_Analysis d t v ";
-  const std::pair<const char*, const char*> cases[] = {
-      {"1 2 2", c_pRead}, {"1 2", c_pCounts}, {"1 2 2 0", c_pRead}, {"1 2 2 9999999999", c_pRead}};
-  for (const auto& [pCounts, pMessage] : cases) {
-    platform->Clear();
-    folder.Write(".mode", strHead + pCounts);
+  for (const auto& [pCounts, pMessage] :
+       {std::pair{"1 2 2", c_pRead}, {"1 2", c_pCounts}, {"1 2 2 9999999999", c_pRead}}) {
+    CTestPlatform platform;
+    CHostModel host;
+    CJobFolder folder("mode_file");
+    FillCantilever(host, 1);
+    CAnalysisModel model;
+    model.BuildModelForModes(false);
+    folder.Write(".mode", std::string("The_Data_of_Zan's_Mode_Analysis d t v ") + pCounts);
     EXPECT_FALSE(model.ReadModeFrequencies(folder.GetJobPath()));
     EXPECT_EQ(platform.GetMessages(), std::vector<std::string>{pMessage}) << pCounts;
   }
-}
-
-TEST(ModeFile, MissingFileIsReportedByBothReaders) {
-  CBarModel bar;
-  EXPECT_FALSE(bar.model.ReadModeFile(bar.folder.GetJobPath()));
-  EXPECT_FALSE(bar.model.ReadModeFrequencies(bar.folder.GetJobPath()));
-  EXPECT_EQ(bar.platform.GetMessages(), (std::vector<std::string>{c_pAccess, c_pAccess}));
 }
 
 }  // namespace
