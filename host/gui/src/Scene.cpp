@@ -7,7 +7,6 @@ namespace skyframe::gui {
 
 namespace {
 
-constexpr int c_nCurvePoints = 9;  // along a bent element
 constexpr std::array<Point3, 3> c_axes = {Point3{1.0, 0.0, 0.0}, Point3{0.0, 1.0, 0.0}, Point3{0.0, 0.0, 1.0}};
 
 SupportKind ClassifySupport(const host::JobNode& node) {
@@ -67,12 +66,14 @@ void CScene::MeasureExtent() {
   m_dRadius = dRadius > 0.0 ? dRadius : 1.0;
 }
 
-std::vector<Point3> CScene::FormDeformedLine(const SceneElement& element, const Shape& shape, double dFactor) const {
+std::vector<Point3> CScene::FormDeformedLine(const SceneElement& element, const Shape& shape, double dFactor,
+                                             int nPoints) const {
   const Point3 xi = m_nodes[static_cast<std::size_t>(element.nNodeI)];
   const Point3 xj = m_nodes[static_cast<std::size_t>(element.nNodeJ)];
   const Point3 ui = Translation(shape, element.nNodeI);
   const Point3 uj = Translation(shape, element.nNodeJ);
-  if (!shape.bRotations || element.nType != host::c_nBeam) return {xi + dFactor * ui, xj + dFactor * uj};
+  if (!shape.bRotations || element.nType != host::c_nBeam || nPoints == 2)
+    return {xi + dFactor * ui, xj + dFactor * uj};
   const Point3 chord = xj - xi;
   const double L = Length(chord);
   if (L == 0.0) return {xi + dFactor * ui, xj + dFactor * uj};
@@ -81,8 +82,8 @@ std::vector<Point3> CScene::FormDeformedLine(const SceneElement& element, const 
   const Point3 di = axial + Cross(Rotation(shape, element.nNodeI), chord);
   const Point3 dj = axial + Cross(Rotation(shape, element.nNodeJ), chord);
   std::vector<Point3> points;
-  for (int k = 0; k < c_nCurvePoints; ++k) {
-    const double s = static_cast<double>(k) / (c_nCurvePoints - 1);
+  for (int k = 0; k < nPoints; ++k) {
+    const double s = static_cast<double>(k) / (nPoints - 1);
     const double r = 1.0 - s;
     // u = (1 - 3s^2 + 2s^3) ui + s(1-s)^2 di + (3s^2 - 2s^3) uj - s^2(1-s) dj
     const Point3 u =

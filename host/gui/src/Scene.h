@@ -29,6 +29,8 @@ struct SceneLoad {
   bool bMoment = false;  ///< direction is the axis
 };
 
+inline constexpr int c_nCurvePoints = 9;  ///< along a bent element
+
 /// What there is to draw of a job.
 class CScene {
  public:
@@ -44,9 +46,9 @@ class CScene {
   [[nodiscard]] double GetRadius() const { return m_dRadius; }
 
   /// Points along an element, its ends first and last, displaced by dFactor times the shape: a cubic
-  /// in the ends' translations and rotations where these are known, else a straight line.
-  [[nodiscard]] std::vector<Point3> FormDeformedLine(const SceneElement& element, const Shape& shape,
-                                                     double dFactor) const;
+  /// in the ends' translations and rotations where these are known, else a straight line. nPoints above 1.
+  [[nodiscard]] std::vector<Point3> FormDeformedLine(const SceneElement& element, const Shape& shape, double dFactor,
+                                                     int nPoints = c_nCurvePoints) const;
 
  private:
   void MeasureExtent();

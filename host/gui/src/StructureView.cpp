@@ -23,7 +23,7 @@ constexpr double c_dZoomPerNotch = 1.15;
 constexpr double c_dNotch = 120.0;              // wheel units
 constexpr int c_nFramePeriod = 33;              // ms
 constexpr double c_dSwingPeriod = 2.0;          // s
-constexpr std::size_t c_nSmoothMembers = 4000;  // beyond, lines are drawn without smoothing
+constexpr std::size_t c_nSmoothMembers = 4000;  // beyond, lines are straight and not smoothed
 constexpr double c_dGlyph = 5.0;                // pixels
 constexpr double c_dArrow = 28.0;               // pixels
 constexpr double c_dCaseShift = 3.0;            // pixels
@@ -69,6 +69,8 @@ CStructureView::CStructureView(QWidget* pParent) : QWidget(pParent) {
   connect(&m_timer, &QTimer::timeout, this, [this] { update(); });
   SetStandardView(StandardView::Isometric);
 }
+
+bool CStructureView::IsLarge() const { return m_scene.GetElements().size() > c_nSmoothMembers; }
 
 QSize CStructureView::sizeHint() const { return {800, 600}; }
 
@@ -150,7 +152,7 @@ double CStructureView::GetNearness(Point3 point) const {
 void CStructureView::paintEvent(QPaintEvent* /*pEvent*/) {
   QPainter painter(this);
   painter.fillRect(rect(), c_ground);
-  painter.setRenderHint(QPainter::Antialiasing, m_scene.GetElements().size() <= c_nSmoothMembers);
+  painter.setRenderHint(QPainter::Antialiasing, !IsLarge());
   if (m_scene.GetNodes().empty()) {
     painter.setPen(c_far);
     painter.drawText(rect(), Qt::AlignCenter, ToQt(texts::c_strNoJob));
@@ -170,18 +172,20 @@ void CStructureView::DrawMembers(QPainter& painter) const {
     const Point3 xi = NodeAt(element.nNodeI);
     const Point3 xj = NodeAt(element.nNodeJ);
     const QColor colour = Mix(c_far, c_near, GetNearness(0.5 * (xi + xj)));
-    painter.setPen(QPen(m_shape ? c_pale : colour, element.nType == host::c_nBeam ? 1.6 : 1.0));
+    painter.setPen(QPen(m_shape ? c_pale : colour, element.nType == host::c_nBeam && !IsLarge() ? 1.6 : 1.0));
     painter.drawLine(ToScreen(xi), ToScreen(xj));
   }
 }
 
 void CStructureView::DrawShape(QPainter& painter) const {
   const double dFactor = GetMagnification() * GetPhaseFactor();
+  const int nPoints = IsLarge() ? 2 : c_nCurvePoints;
   for (const SceneElement& element : m_scene.GetElements()) {
     QPolygonF line;
-    for (const Point3& point : m_scene.FormDeformedLine(element, *m_shape, dFactor)) line.append(ToScreen(point));
+    for (const Point3& point : m_scene.FormDeformedLine(element, *m_shape, dFactor, nPoints))
+      line.append(ToScreen(point));
     const Point3 middle = 0.5 * (NodeAt(element.nNodeI) + NodeAt(element.nNodeJ));
-    painter.setPen(QPen(Mix(c_shapeColour.lighter(150), c_shapeColour, GetNearness(middle)), 1.6));
+    painter.setPen(QPen(Mix(c_shapeColour.lighter(150), c_shapeColour, GetNearness(middle)), IsLarge() ? 1.0 : 1.6));
     painter.drawPolyline(line);
   }
 }

@@ -67,6 +67,7 @@ class CStructureView : public QWidget {
   void DrawNumbers(QPainter& painter) const;
   void DrawAxes(QPainter& painter) const;
   void DrawCaption(QPainter& painter) const;
+  [[nodiscard]] bool IsLarge() const;
   [[nodiscard]] QPointF ToScreen(Point3 point) const;
   [[nodiscard]] Point3 NodeAt(int nNode) const { return m_scene.GetNodes()[static_cast<std::size_t>(nNode)]; }
   /// 1 at the nearest point of the structure, 0 at the farthest.
