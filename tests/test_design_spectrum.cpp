@@ -26,7 +26,9 @@ TEST(DesignSpectrum, WorkedValues) {
   }
 }
 
-TEST(DesignSpectrum, TablesOfIntensityAndSite) {
+TEST(DesignSpectrum, TablesAndConstants) {
+  EXPECT_EQ(c_dTwoPi, 6.2831852);  // Deliberate: truncated
+  EXPECT_EQ(c_dSpectrumGravity, 9.8);
   const double c_dFrequent[] = {0.04, 0.08, 0.12, 0.16, 0.24, 0.32};
   const double c_dRare[] = {0.50, 0.72, 0.90, 1.20, 1.40};  // from the second intensity on
   const double c_dTg[3][4] = {{0.25, 0.35, 0.45, 0.65}, {0.30, 0.40, 0.55, 0.75}, {0.35, 0.45, 0.65, 0.90}};

@@ -8,6 +8,7 @@
 #include <functional>
 #include <iterator>
 #include <limits>
+#include <numeric>
 #include <random>
 #include <span>
 #include <sstream>
@@ -25,20 +26,18 @@ namespace {
 void FillShuffledFrame(CHostModel& host) {
   host.SetSection(1, 2, 90000, 1.1e9, 6.75e8, 6.75e8);
   host.SetSection(2, 2, 60000, 4.1e8, 2.0e8, 8.0e8);
-  const auto index = [](int i, int j, int k) { return (k * 3 + j) * 4 + i; };
-  std::vector<int> order(36);
-  for (int n = 0; n < 36; ++n) order[n] = n;
+  std::vector<int> order(36), number(36);
+  std::iota(order.begin(), order.end(), 0);
   std::shuffle(order.begin(), order.end(), std::mt19937(3));
-  std::vector<int> number(36);
   for (const int n : order) {
     const int i = n % 4, j = n / 4 % 3, k = n / 12;
     number[n] = host.AddNode(6.0 * i, 5.0 * j + 0.3 * i, 3.6 * k, c_nRigid, k == 0 ? "111111" : "000000");
   }
   for (int n = 0; n < 36; ++n) {
     const int i = n % 4, j = n / 4 % 3, k = n / 12;
-    if (k < 2) host.AddElement(c_nBeam, number[n], number[index(i, j, k + 1)], 102);
-    if (k > 0 && i < 3) host.AddElement(c_nBeam, number[n], number[index(i + 1, j, k)], 202);
-    if (k > 0 && j < 2) host.AddElement(c_nBeam, number[n], number[index(i, j + 1, k)], 202);
+    if (k < 2) host.AddElement(c_nBeam, number[n], number[n + 12], 102);
+    if (k > 0 && i < 3) host.AddElement(c_nBeam, number[n], number[n + 1], 202);
+    if (k > 0 && j < 2) host.AddElement(c_nBeam, number[n], number[n + 4], 202);
     if (k > 0) host.AddLoad(0, number[n], c_nDofZ, 10.0 + n);
   }
   host.AddNode(50, 0, 0, c_nPinned);
@@ -46,34 +45,35 @@ void FillShuffledFrame(CHostModel& host) {
   for (const int n : {24, 25, 28}) host.AddElement(c_nBeam, nTop, number[n], 202);
 }
 
-std::vector<DialogStep> SelectDeadLoad() {
-  return {DialogStep::ToggleRow(16039, 0), DialogStep::Click(16042), DialogStep::Ok()};
-}
+struct CDriverRun {
+  CTestPlatform platform;
+  CHostModel host;
+  const CJobFolder job{"drivers"};
 
-void RunModal(CTestPlatform& platform, bool bDeadLoad, const std::string& strModes = "6") {
-  std::vector<DialogStep> steps = {DialogStep::Type(16000, strModes)};
-  if (bDeadLoad) {
-    steps.push_back(DialogStep::Click(16044));
-    platform->AddScript(16002, SelectDeadLoad());
-  }
-  steps.push_back(DialogStep::Ok());
-  platform->AddScript(16000, steps);
-  CModeConnect::OnMode();
-  EXPECT_TRUE(platform->GetScriptErrors().empty());
-}
+  CDriverRun() { FillShuffledFrame(host); }
 
-int RunSpectrum(CTestPlatform& platform, bool bDeadLoad, std::vector<DialogStep> steps = {}) {
-  steps.insert(steps.begin(), DialogStep::Type(16006, "6"));
-  if (bDeadLoad) {
-    steps.push_back(DialogStep::Click(16030));
-    platform->AddScript(16002, SelectDeadLoad());
+  void RunModal(bool bDeadLoad = false, const std::string& strModes = "6") {
+    AddScript(16000, {DialogStep::Type(16000, strModes)}, bDeadLoad, 16044);
+    CModeConnect::OnMode();
+    EXPECT_TRUE(platform->GetScriptErrors().empty());
   }
-  steps.push_back(DialogStep::Ok());
-  platform->AddScript(16001, steps);
-  const int nResult = CModeConnect::OnAnsysSpectrum();
-  EXPECT_TRUE(platform->GetScriptErrors().empty());
-  return nResult;
-}
+  void RunSpectrum(bool bDeadLoad = false, std::vector<DialogStep> steps = {}) {
+    steps.insert(steps.begin(), DialogStep::Type(16006, "6"));
+    AddScript(16001, std::move(steps), bDeadLoad, 16030);
+    EXPECT_EQ(CModeConnect::OnAnsysSpectrum(), 1);
+    EXPECT_TRUE(platform->GetScriptErrors().empty());
+  }
+
+ private:
+  void AddScript(int nDialog, std::vector<DialogStep> steps, bool bDeadLoad, int nButton) {
+    if (bDeadLoad) {
+      steps.push_back(DialogStep::Click(nButton));
+      platform->AddScript(16002, {DialogStep::ToggleRow(16039, 0), DialogStep::Click(16042), DialogStep::Ok()});
+    }
+    steps.push_back(DialogStep::Ok());
+    platform->AddScript(nDialog, std::move(steps));
+  }
+};
 
 /// Combined displacements of a ".spec" file: number and values, node by node.
 std::vector<double> ReadNodeDisplacements(const std::string& strText) {
@@ -95,37 +95,31 @@ TEST(Drivers, ReportTheTimeOnTheWall) {
       {{2026, 1, 1, 8, 0, 0}, {2026, 1, 2, 9, 0, 0}, "OK!\nTime = 1hour: 0min: 0s"},
   };
   for (const auto& c : cases) {
-    CTestPlatform platform;
-    CHostModel host;
-    FillShuffledFrame(host);
-    const CJobFolder job("elapsed");
+    CDriverRun run;
     // The clock is read at the start and the end of the analysis, and once for the file's date line.
-    platform->SetClock({c.start, c.start, c.end});
-    RunModal(platform, false);
-    EXPECT_EQ(platform.GetMessages(), std::vector<std::string>{c.pMessage});
-    EXPECT_TRUE(job.Has(".mode"));
+    run.platform->SetClock({c.start, c.start, c.end});
+    run.RunModal();
+    EXPECT_EQ(run.platform.GetMessages(), std::vector<std::string>{c.pMessage});
+    EXPECT_TRUE(run.job.Has(".mode"));
   }
 }
 
 TEST(Drivers, RenumberingLeavesNoTrace) {
-  CTestPlatform platform;
-  CHostModel host;
-  FillShuffledFrame(host);
-  const CJobFolder job("bracket");
+  CDriverRun run;
   const auto pBefore = std::make_unique<tagAbcd>(ABCD);
   const auto unchanged = [&] {
     return std::memcmp(pBefore.get(), &ABCD, sizeof ABCD) == 0 && COMDAT.m_pFirstOrder == nullptr &&
-           COMDAT.m_pSecondOrder == nullptr && platform->GetModuleDepth() == 0;
+           COMDAT.m_pSecondOrder == nullptr && run.platform->GetModuleDepth() == 0;
   };
-  RunModal(platform, false);
+  run.RunModal();
   EXPECT_TRUE(unchanged());
-  RunModal(platform, false, "100000");  // more modes than equations
-  EXPECT_EQ(platform.GetMessages().at(1), "模态数大于结构自由度,计算终止!");
+  run.RunModal(false, "100000");  // more modes than equations
+  EXPECT_EQ(run.platform.GetMessages().at(1), "模态数大于结构自由度,计算终止!");
   EXPECT_TRUE(unchanged());
-  platform->AddScript(16000, {DialogStep::Cancel()});
+  run.platform->AddScript(16000, {DialogStep::Cancel()});
   CModeConnect::OnMode();
   EXPECT_TRUE(unchanged());
-  EXPECT_EQ(RunSpectrum(platform, false), 1);
+  run.RunSpectrum();
   EXPECT_TRUE(unchanged());
 
   // The build refuses: no analysis, no time.
@@ -135,28 +129,25 @@ TEST(Drivers, RenumberingLeavesNoTrace) {
   for (const auto& [spoil, pMessage] : refused) {
     spoil();
     *pBefore = ABCD;
-    platform->Clear();
-    RunModal(platform, false);
-    EXPECT_EQ(platform.GetMessages(), std::vector<std::string>{pMessage});
+    run.platform->Clear();
+    run.RunModal();
+    EXPECT_EQ(run.platform.GetMessages(), std::vector<std::string>{pMessage});
     EXPECT_TRUE(unchanged());
   }
 }
 
 TEST(Drivers, SpectrumIsTheSameUnderAnyNumbering) {
-  CTestPlatform platform;
-  CHostModel host;
-  FillShuffledFrame(host);
-  const CJobFolder job("numbering");
-  RunModal(platform, false);
-  EXPECT_EQ(RunSpectrum(platform, false), 1);
-  const auto renumbered = ReadNodeDisplacements(job.Read(".spec"));
+  CDriverRun run;
+  run.RunModal();
+  run.RunSpectrum();
+  const auto renumbered = ReadNodeDisplacements(run.job.Read(".spec"));
 
   CAnalysisModel model;  // the host's own numbering throughout
   model.BuildModelForModes(false);
   model.m_nModes = 6;
-  model.SolveModes(job.GetJobPath(), 0, false);
-  EXPECT_EQ(RunSpectrum(platform, false), 1);
-  const auto identical = ReadNodeDisplacements(job.Read(".spec"));
+  model.SolveModes(run.job.GetJobPath(), 0, false);
+  run.RunSpectrum();
+  const auto identical = ReadNodeDisplacements(run.job.Read(".spec"));
 
   ASSERT_EQ(renumbered.size(), 36U * 7U + 2U * 4U);
   ASSERT_EQ(identical.size(), renumbered.size());
@@ -174,15 +165,12 @@ double ReadNumber(const std::string& strText, const std::string& strBefore) {
 TEST(Drivers, LoadMassesFollowTheCombination) {
   std::vector<double> omega, mass;
   for (const auto& [bDeadLoad, fFactor] : {std::pair{false, 1.0F}, {true, -1.0F}, {true, 1.0F}}) {
-    CTestPlatform platform;
-    CHostModel host;
-    FillShuffledFrame(host);
+    CDriverRun run;
     for (float& f : std::span(ABCD.m_fLoadValue, ABCD.m_nLoads)) f *= fFactor;
-    const CJobFolder job("masses");
-    RunModal(platform, bDeadLoad);
-    RunSpectrum(platform, bDeadLoad);
-    omega.push_back(ReadNumber(job.Read(".mode"), "Eigen_And_Freq:\n1 "));
-    mass.push_back(ReadNumber(job.Read(".spec"), "\n总参与质量:"));
+    run.RunModal(bDeadLoad);
+    run.RunSpectrum(bDeadLoad);
+    omega.push_back(ReadNumber(run.job.Read(".mode"), "Eigen_And_Freq:\n1 "));
+    mass.push_back(ReadNumber(run.job.Read(".spec"), "\n总参与质量:"));
   }
   EXPECT_EQ(omega[1], omega[0]);
   EXPECT_EQ(mass[1], mass[0]);
@@ -193,15 +181,12 @@ TEST(Drivers, LoadMassesFollowTheCombination) {
 }
 
 TEST(Drivers, SpectrumEndsEarly) {
-  CTestPlatform platform;
-  CHostModel host;
-  FillShuffledFrame(host);
-  const CJobFolder job("early");
+  CDriverRun run;
   EXPECT_EQ(CModeConnect::OnAnsysSpectrum(), 0);  // no script: cancelled
-  EXPECT_EQ(RunSpectrum(platform, false), 1);
-  EXPECT_EQ(platform.GetMessages(), std::vector<std::string>{"模态文件访问出错,计算终止!"});
-  RunModal(platform, false);
-  job.Write(".spec", "older result");
+  run.RunSpectrum();
+  EXPECT_EQ(run.platform.GetMessages(), std::vector<std::string>{"模态文件访问出错,计算终止!"});
+  run.RunModal();
+  run.job.Write(".spec", "older result");
   // A mesh of 21 becomes 22; the vector has no direction; intensity 6 has no rare earthquake.
   const std::pair<std::vector<DialogStep>, const char*> cases[] = {
       {{DialogStep::Type(16009, "21")}, "网格最多划分20格，计算终止!"},
@@ -212,29 +197,26 @@ TEST(Drivers, SpectrumEndsEarly) {
        "6度地震不进行罕遇验算!"},
   };
   for (const auto& [steps, pMessage] : cases) {
-    platform->Clear();
-    EXPECT_EQ(RunSpectrum(platform, false, steps), 1);
-    ASSERT_EQ(platform.GetMessages().size(), 2U) << pMessage;  // and the time
-    EXPECT_EQ(platform.GetMessages()[0], pMessage);
-    EXPECT_EQ(job.Read(".spec"), "older result");
+    run.platform->Clear();
+    run.RunSpectrum(false, steps);
+    ASSERT_EQ(run.platform.GetMessages().size(), 2U) << pMessage;  // and the time
+    EXPECT_EQ(run.platform.GetMessages()[0], pMessage);
+    EXPECT_EQ(run.job.Read(".spec"), "older result");
   }
 }
 
 TEST(Drivers, HostAsksForTheVirtualMode) {
-  CTestPlatform platform;
-  CHostModel host;
-  FillShuffledFrame(host);
-  const CJobFolder job("virtual");
-  RunModal(platform, false);
+  CDriverRun run;
+  run.RunModal();
   COMDYN.m_bVirtualModes = 1;
   COMDYN.m_nPseudoLoadNo = -1;
-  RunSpectrum(platform, false);
-  EXPECT_EQ(platform.GetMessages().at(1), "错误:虚拟地震静力序号");
-  EXPECT_FALSE(job.Has(".spec"));
+  run.RunSpectrum();
+  EXPECT_EQ(run.platform.GetMessages().at(1), "错误:虚拟地震静力序号");
+  EXPECT_FALSE(run.job.Has(".spec"));
   COMDYN.m_nPseudoLoadNo = 1;
-  RunSpectrum(platform, false);
-  EXPECT_TRUE(job.Has(".spec"));
-  EXPECT_TRUE(job.Has("_VirtMode.spec"));
+  run.RunSpectrum();
+  EXPECT_TRUE(run.job.Has(".spec"));
+  EXPECT_TRUE(run.job.Has("_VirtMode.spec"));
 }
 
 }  // namespace
