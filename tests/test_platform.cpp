@@ -431,6 +431,15 @@ TEST_F(Dialogs, TimersFireWhileTimePassesHereAndInADialogAButtonOpens) {
   EXPECT_EQ(m_dialog.m_strText, "from inside");
 }
 
+TEST_F(Dialogs, AHandlerThatThrowsLeavesNoViewBehind) {
+  m_dialog.m_onInit = [](IDialogView& view) { view.StartTimer(1, 10); };
+  m_dialog.m_onButton = [](IDialogView&) { throw std::bad_alloc(); };
+  EXPECT_THROW(Run({DialogStep::Click(160)}), std::bad_alloc);
+  m_dialog.m_trace.clear();
+  EXPECT_EQ(Run({DialogStep::Wait(25), DialogStep::Ok()}), c_nIdOk);
+  EXPECT_EQ(m_dialog.m_trace, (Strings{"timer 1", "timer 1"}));
+}
+
 // ---- Painting --------------------------------------------------------------------------------------------------
 
 void DrawSample(IPaintContext& paint) {

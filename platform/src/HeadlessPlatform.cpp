@@ -17,6 +17,19 @@ LocalTime ReadSystemClock() {
   return {pLocal->tm_year + 1900, pLocal->tm_mon + 1, pLocal->tm_mday, pLocal->tm_hour, pLocal->tm_min, pLocal->tm_sec};
 }
 
+/// Makes a view the innermost one for the life of the object, also when a handler throws.
+class CTopViewScope {
+ public:
+  CTopViewScope(CScriptedView*& pTop, CScriptedView& view) : m_pTop(pTop), m_pPrevious(pTop) { pTop = &view; }
+  ~CTopViewScope() { m_pTop = m_pPrevious; }
+  CTopViewScope(const CTopViewScope&) = delete;
+  CTopViewScope& operator=(const CTopViewScope&) = delete;
+
+ private:
+  CScriptedView*& m_pTop;
+  CScriptedView* m_pPrevious;
+};
+
 std::string DescribeStep(const CDialog& dialog, size_t nStep, const DialogStep& step, std::string_view strReason) {
   return "dialog " + std::to_string(dialog.GetTemplate().nId) + ", step " + std::to_string(nStep + 1) + ", control " +
          std::to_string(step.nId) + ": " + std::string(strReason);
@@ -107,13 +120,12 @@ int CHeadlessPlatform::RunModal(CDialog& dialog) {
     it->second.pop_front();
   }
   CScriptedView view(dialog, m_pTopView, m_scriptErrors);
-  m_pTopView = &view;
+  const CTopViewScope scope(m_pTopView, view);
   dialog.Open(view);
   view.FocusFirst();
   RunScript(view, steps);
   if (!dialog.HasEnded()) dialog.Notify(c_nIdCancel, DialogEvent::Clicked);
   dialog.Close();
-  m_pTopView = view.GetParent();
   return dialog.GetResult();
 }
 

@@ -18,7 +18,6 @@ class CScriptedView : public IDialogView {
   CScriptedView(CDialog& dialog, CScriptedView* pParent, std::vector<std::string>& errors);
 
   [[nodiscard]] CDialog& GetDialog() const { return m_dialog; }
-  [[nodiscard]] CScriptedView* GetParent() const { return m_pParent; }
 
   /// Gives the focus to the first control that can take it, unless one has it.
   void FocusFirst();
