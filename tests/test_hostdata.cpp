@@ -12,7 +12,7 @@
 #include <utility>
 #include <vector>
 
-#include "skyframe/hostdata/HostData.h"
+#include "HostModel.h"
 
 namespace skyframe {
 namespace {
@@ -91,9 +91,6 @@ TEST(HostRecords, SpringGroupsAndReset) {
 /// Order arrays as a modal run provides them.
 class Renumbering : public ::testing::Test {
  protected:
-  void SetUp() override { ResetHostData(); }
-  void TearDown() override { ResetHostData(); }
-
   void ProvideOrderArrays() {
     m_first.resize(ABCD.m_nNodes + 1);
     std::iota(m_first.begin(), m_first.end(), 0);
@@ -102,34 +99,14 @@ class Renumbering : public ::testing::Test {
     COMDAT.m_pSecondOrder = m_second.data();
   }
 
-  static void AddElement(int nI, int nJ) {
-    ABCD.m_nFirstNode[ABCD.m_nElements] = nI;
-    ABCD.m_nSecondNode[ABCD.m_nElements] = nJ;
-    ABCD.m_nSection[ABCD.m_nElements] = 101;
-    ++ABCD.m_nElements;
-  }
-
-  static void AddLoad(int nNode) {
-    ABCD.m_nLoadNode[ABCD.m_nLoads] = nNode;
-    ABCD.m_nLoadCode[ABCD.m_nLoads] = 301;
-    ABCD.m_fLoadValue[ABCD.m_nLoads] = static_cast<float>(nNode);
-    ++ABCD.m_nLoads;
-  }
-
-  /// Every per-node record carries a value that names the node.
-  static void SetNodes(int nNodes) {
-    ABCD.m_nNodes = nNodes;
-    for (int i = 1; i <= nNodes; ++i) {
-      ABCD.m_fX[i] = static_cast<float>(i);
-      ABCD.m_fY[i] = 0.5F * static_cast<float>(i);
-      ABCD.m_fZ[i] = -static_cast<float>(i);
-      ABCD.m_nRestraint[i] = 7 * i;
-      ABCD.m_nJoint[i] = i % 2;
-    }
+  /// Fresh records; every per-node record carries a value that names the node.
+  void SetNodes(int nNodes) {
+    ResetHostData();
+    for (int i = 1; i <= nNodes; ++i) ABCD.m_nRestraint[m_host.AddNode(i, 0.5 * i, -i, i % 2)] = 7 * i;
   }
 
   /// Grid of nColumns by nRows with a fixed shuffle of the node numbers; every third node loaded.
-  static void SetShuffledGrid(int nColumns, int nRows) {
+  void SetShuffledGrid(int nColumns, int nRows) {
     SetNodes(nColumns * nRows);
     std::vector<int> number(ABCD.m_nNodes);
     std::iota(number.begin(), number.end(), 1);
@@ -137,9 +114,9 @@ class Renumbering : public ::testing::Test {
     for (int r = 0; r < nRows; ++r) {
       for (int c = 0; c < nColumns; ++c) {
         const int k = r * nColumns + c;
-        if (c + 1 < nColumns) AddElement(number[k], number[k + 1]);
-        if (r + 1 < nRows) AddElement(number[k], number[k + nColumns]);
-        if (k % 3 == 0) AddLoad(number[k]);
+        if (c + 1 < nColumns) m_host.AddElement(test::c_nBeam, number[k], number[k + 1]);
+        if (r + 1 < nRows) m_host.AddElement(test::c_nBeam, number[k], number[k + nColumns]);
+        if (k % 3 == 0) m_host.AddLoad(0, number[k], 2, 1.0);
       }
     }
     ZHU.m_nCount = 2;
@@ -155,6 +132,7 @@ class Renumbering : public ::testing::Test {
     return nBandwidth;
   }
 
+  test::CHostModel m_host;
   std::vector<int> m_first;
   std::vector<int> m_second;
 };
@@ -165,9 +143,8 @@ TEST_F(Renumbering, ShrinksTheBandwidth) {
   CCommonData::OnReNodeCode();
   EXPECT_LE(GetBandwidth(), 9);  // a grid of width 8 cannot do better than 8
 
-  ResetHostData();
   SetNodes(50);
-  for (int i = 1; i < 50; ++i) AddElement((i * 13) % 50 + 1, ((i + 1) * 13) % 50 + 1);
+  for (int i = 1; i < 50; ++i) m_host.AddElement(test::c_nBeam, (i * 13) % 50 + 1, ((i + 1) * 13) % 50 + 1);
   ASSERT_GT(GetBandwidth(), 10);
   CCommonData::OnReNodeCode();
   EXPECT_EQ(GetBandwidth(), 1) << "a chain must become consecutive";
@@ -176,7 +153,6 @@ TEST_F(Renumbering, ShrinksTheBandwidth) {
 /// Old numbers travel in the coordinates, so the whole mapping can be checked against them.
 TEST_F(Renumbering, PermutesEverythingByOneOrderAndRestoresItToTheBit) {
   for (const int nCalls : {1, 3}) {
-    ResetHostData();
     SetShuffledGrid(6, 9);
     ABCD.m_fZ[3] = std::numeric_limits<float>::quiet_NaN();
     ABCD.m_fX[0] = 42.0F;  // the unused entry stays where it is
@@ -215,9 +191,9 @@ TEST_F(Renumbering, PermutesEverythingByOneOrderAndRestoresItToTheBit) {
 TEST_F(Renumbering, SeparatePartsUnusedNodesAndWildNumbers) {
   SetNodes(12);
   for (const auto& [nI, nJ] : {std::pair{1, 9}, {9, 5}, {3, 11}, {11, 7}, {7, 7}, {0, 4}, {4, 13}, {-5, 2}, {1, 9}}) {
-    AddElement(nI, nJ);
+    m_host.AddElement(test::c_nBeam, nI, nJ);
   }
-  for (const int nNode : {1, 0, -3, 13, 1000000}) AddLoad(nNode);
+  for (const int nNode : {1, 0, -3, 13, 1000000}) m_host.AddLoad(0, nNode, 2, 1.0);
   const auto pModel = std::make_unique<tagAbcd>(ABCD);
   CCommonData::OnReNodeCode();  // without order arrays
 
