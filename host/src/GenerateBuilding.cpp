@@ -54,7 +54,7 @@ class CBuildingGenerator {
 
   Job Generate() {
     m_nColumn = m_builder.AddSection({"column", 2, 2.5e5, 8.8e9, 5.2e9, 5.2e9});
-    m_nBeam = m_builder.AddSection({"beam", 2, 1.8e5, 3.7e9, 1.35e9, 5.4e9});
+    m_nBeam = m_builder.AddSection({"beam", 2, 1.8e5, 3.7e9, 5.4e9, 1.35e9});
     m_grid.ForEach([this](const std::array<int, 3>& point) { AddNode(point); });
     m_grid.ForEach([this](const std::array<int, 3>& point) { AddElements(point); });
     for (int nCase = 0; nCase < 3; ++nCase) {

@@ -146,7 +146,7 @@ Job GenerateArch(const ArchParameters& parameters) {
   const int nApex = parameters.nSegments / 2 + 1;
   CJobBuilder builder(bBars ? "Two-bar arch" : "Arch of " + std::to_string(parameters.nSegments) + " beams");
   const int nSection =
-      builder.AddSection(bBars ? MakeBarSection("bar", 1000.0) : JobSection{"rib", 2, 20000.0, 4.0e8, 2.0e8, 6.0e8});
+      builder.AddSection(bBars ? MakeBarSection("bar", 1000.0) : JobSection{"rib", 2, 20000.0, 4.0e8, 6.0e8, 2.0e8});
   for (int k = 0; k <= parameters.nSegments; ++k) {
     const double dShare = 2.0 * k / parameters.nSegments - 1.0;  // -1 .. 1
     const bool bSupport = k == 0 || k == parameters.nSegments;

@@ -164,6 +164,7 @@ class CPlotter {
     ShapePicture picture = MakeShape();
     LetBeamsBend(picture);
     std::vector<double> shape;
+    shape.reserve(static_cast<std::size_t>(pModel->GetFreeDofs()));
     for (int e = 0; e < pModel->GetFreeDofs(); ++e) shape.push_back(pModel->ModeShapes[e][nMode - 1]);
     for (std::size_t i = 0; i < picture.nodes.size(); ++i) {
       for (int d = 0; d < c_nDofsPerNode; ++d) {

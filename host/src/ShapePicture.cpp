@@ -149,6 +149,7 @@ class CProjection {
 void PaintLines(IPaintContext& paint, const CProjection& projection, const std::vector<std::vector<Vector>>& lines) {
   for (const auto& line : lines) {
     std::vector<PaintPoint> points;
+    points.reserve(line.size());
     for (const Vector& point : line) points.push_back(projection.Map(point));
     paint.Polyline(points);
   }
