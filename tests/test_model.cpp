@@ -5,6 +5,7 @@
 
 #include <functional>
 #include <numeric>
+#include <sstream>
 
 #include "HostModel.h"
 #include "TestPlatform.h"
@@ -178,7 +179,34 @@ TEST(ModelBuild, MaterialFollowsTheLastBeamsJoint) {
     for (const auto& pElement : model.GetElements()) EXPECT_EQ(pElement->GetMaterialNo(), nMaterial) << nKind;
     ASSERT_EQ(model.GetMaterials().size(), 7U);
     const double dE[] = {2.06e11, 2.55e10, 2.80e10, 3.00e10, 3.15e10, 3.25e10, 3.35e10};
-    for (int i = 0; i < 7; ++i) EXPECT_EQ(model.GetMaterials()[i]->GetElasticModulus(), dE[i]);
+    for (int i = 0; i < 7; ++i) {
+      EXPECT_EQ(model.GetMaterials()[i]->GetElasticModulus(), dE[i]);
+      EXPECT_EQ(model.GetMaterials()[i]->GetPoissonRatio(), i == 0 ? 0.3 : 0.2);
+      EXPECT_EQ(model.GetMaterials()[i]->GetUnitWeight(), i == 0 ? 7900.0 : 2500.0);
+    }
+  }
+}
+
+TEST(ModelBuild, SectionTablesReachTheElement) {
+  const char* const shearCoefficients[] = {"2", "1.2", "1", "1.2", "1.2", "1.2", "2"};  // shapes 1..7
+  for (int nShape = 1; nShape <= 7; ++nShape) {
+    CTestPlatform platform;
+    CHostModel host;
+    host.SetSection(3, nShape, 12000, 0.0, 2e8, 5e8);
+    host.AddNode(0, 0, 0);
+    host.AddNode(1, 0, 0);
+    host.AddElement(c_nBeam, 1, 2, 300 + nShape);
+    CAnalysisModel model;
+    model.BuildModel();
+    std::ostringstream strm;
+    CTextWriter out(strm);
+    model.GetElements()[0]->OutputMaterial(out);
+    out.Flush();
+    EXPECT_EQ(strm.str(), "Beam  面积:0.012  绕X轴惯性矩:0  绕Y轴惯性矩:0.0002  绕Z轴惯性矩:0.0005\n截面修正系数:" +
+                              std::string(shearCoefficients[nShape - 1]) +
+                              "  材料类型编号:0                节点号:1  2\n");
+    // A section without torsion constant takes Iy + Iz.
+    EXPECT_NEAR(model.GetElements()[0]->FormElementStiffness(false, false)[3][3], 2.06e11 / 2.6 * 7e-4, 10.0);
   }
 }
 
