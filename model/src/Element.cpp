@@ -90,12 +90,16 @@ LocalAxes CarryLocalAxes(const LocalAxes& axes, const Vector3& d) {
 
 void CElement::AssembleMass(SparseMatrix& M, bool bShear) const {
   std::array<int, c_nMemberDofs> numbers;
-  ScatterMatrix(FormMassMatrix(true, bShear), GetDofs(numbers), M);
+  const std::span<const int> dofs = GetDofs(numbers);
+  M.PrefetchElement(dofs);
+  ScatterMatrix(FormMassMatrix(true, bShear), dofs, M);
 }
 
 void CElement::AssembleStiffness(SparseMatrix& K, bool bGeometric, bool bShear) const {
   std::array<int, c_nMemberDofs> numbers;
-  ScatterMatrix(FormElementStiffness(bGeometric, bShear), GetDofs(numbers), K);
+  const std::span<const int> dofs = GetDofs(numbers);
+  K.PrefetchElement(dofs);
+  ScatterMatrix(FormElementStiffness(bGeometric, bShear), dofs, K);
 }
 
 void CElement::AddToBandwidth(std::span<int> heights) const {
@@ -178,9 +182,7 @@ void CElement::ScatterVector(const MemberVector& values, std::span<double> vecto
   for (const int nDof : GetDofs(numbers)) vector[nDof] += values[k++];
 }
 
-void ScatterMatrix(const CMatrix& element, std::span<const int> dofs, SparseMatrix& A) {
-  A.AddElement(element, dofs);
-}
+void ScatterMatrix(const CMatrix& element, std::span<const int> dofs, SparseMatrix& A) { A.AddElement(element, dofs); }
 
 void RaiseHeights(std::span<const int> dofs, std::span<int> heights) {
   const int nSmallest = *std::min_element(dofs.begin(), dofs.end());

@@ -154,6 +154,15 @@ double& SparseMatrix::operator()(int nRow, int nCol) {
   return bStored ? Column(i)[j] : ResetDummy();
 }
 
+void SparseMatrix::PrefetchElement(std::span<const int> equations) const {
+  if (m_bNotAllocated) return;
+  for (const int nCol : equations) {
+    for (const int nRow : equations) {
+      if (nRow <= nCol) __builtin_prefetch(Column(nCol) + nRow, 1);
+    }
+  }
+}
+
 void SparseMatrix::AddElement(const CMatrix& element, std::span<const int> equations) {
   if (IsRefused(text::c_strAccessUnallocated)) return;
   for (std::size_t c = 0; c < equations.size(); ++c) {

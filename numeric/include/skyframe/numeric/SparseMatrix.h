@@ -47,6 +47,8 @@ class SparseMatrix {
   /// Deliberate: only the smaller index is range-tested, and only for being greater than n.
   double& operator()(int nRow, int nCol);
 
+  /// Asks for the places of an element matrix that is about to be added: they lie all over the memory.
+  void PrefetchElement(std::span<const int> equations) const;
   /// A(d_i, d_j) += element(i, j) for the lower triangle of a symmetric element matrix with the equations
   /// d; what lies above the skyline is dropped. Equations below the order, unchecked.
   void AddElement(const CMatrix& element, std::span<const int> equations);
