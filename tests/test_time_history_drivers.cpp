@@ -43,11 +43,11 @@ void RunModal(CTestPlatform& platform) {
 }
 
 /// 10 kN along X from the start to the end of 1000 steps of a millisecond, without damping.
-void ScriptStepLoad(CTestPlatform& platform) {
+void ScriptStepLoad(CTestPlatform& platform, const std::string& strUnloadTime = "1.0005") {
   platform->AddScript(c_nIdDynOptionDlg, {DialogStep::Choose(c_nIdNewmark), DialogStep::Ok()});
   platform->AddScript(c_nIdImpulseLoadDlg,
                       {DialogStep::Choose(c_nIdRectangular), DialogStep::Type(c_nIdImpulseNode, "2"),
-                       DialogStep::Type(c_nIdImpulsePeak, "10"), DialogStep::Type(c_nIdUnloadTime, "1.0005"),
+                       DialogStep::Type(c_nIdImpulsePeak, "10"), DialogStep::Type(c_nIdUnloadTime, strUnloadTime),
                        DialogStep::Type(c_nIdStep, "0.001"), DialogStep::Type(c_nIdDuration, "1.0005"),
                        DialogStep::Click(c_nIdImpulseInsert), DialogStep::Ok()});
   platform->AddScript(c_nIdLoadCombDlg, SelectDeadLoad());
@@ -181,6 +181,10 @@ TEST(TimeHistoryDrivers, EndEarly) {
   ScriptStepLoad(platform);
   EXPECT_EQ(CModeConnect::OnTimeHistoryAnalysis(), 1);
   EXPECT_EQ(platform.GetMessages(), (std::vector<std::string>{"模态文件访问出错,计算终止!", "错误:模态未分析"}));
+  platform->Clear();
+  ScriptStepLoad(platform, "1e300");  // no text of two thousand million blocks is composed
+  EXPECT_EQ(CModeConnect::OnTimeHistoryAnalysis(), 1);
+  EXPECT_EQ(platform.GetMessages(), std::vector<std::string>{"冲击荷载步数过多,计算终止!"});
   platform->Clear();
   RunModal(platform);
 

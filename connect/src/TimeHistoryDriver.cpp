@@ -5,6 +5,7 @@
 #include "skyframe/dialogs/WilsonDlg.h"
 #include "skyframe/history/ImpulseScript.h"
 #include "skyframe/hostdata/HostData.h"
+#include "texts.h"
 
 namespace skyframe {
 namespace {
@@ -57,6 +58,13 @@ void SetEarthquakeParameters(CAnalysisModel& model, const CNewmarkDlg& dialog) {
   COMDYN.m_bNonlinear = dialog.m_bNonlinear;
 }
 
+/// Whether the text of the impulse list stays within reason: one line is about 50 bytes.
+bool FitsScript(const CNewmarkDlg& dialog) {
+  constexpr double c_dMostLines = 2.0e7;
+  const double dSteps = CountSteps(dialog.m_dImpulseTime, dialog.m_dTimeStep);
+  return 2.0 * dSteps * (static_cast<double>(dialog.m_impulses.size()) + 1.0) <= c_dMostLines;
+}
+
 /// Text of the impulse list, for the run and beside the job.
 void ComposeScript(CAnalysisModel& model, const CNewmarkDlg& dialog) {
   std::vector<ImpulseEntry> entries;
@@ -76,6 +84,10 @@ int RunNewmark(CAnalysisModel& model) {
   if (model.m_nLoadType == c_nGroundMotion) {
     SetEarthquakeParameters(model, dialog);
   } else if (dialog.m_bFromFile == 0) {
+    if (!FitsScript(dialog)) {
+      GetPlatform().ShowMessage(c_strScriptTooLong);
+      return 1;
+    }
     ComposeScript(model, dialog);
   }
   model.NewmarkIntegration(g_strJobPath, dialog.m_bNonlinear, model.m_nLoadType);
