@@ -14,6 +14,7 @@
 #include <sstream>
 
 #include "HostModel.h"
+#include "ModalModels.h"
 #include "TestPlatform.h"
 #include "skyframe/connect/ModeConnect.h"
 #include "skyframe/model/AnalysisModel.h"
@@ -52,8 +53,9 @@ struct CDriverRun {
 
   CDriverRun() { FillShuffledFrame(host); }
 
-  void RunModal(bool bDeadLoad = false, const std::string& strModes = "6") {
-    AddScript(16000, {DialogStep::Type(16000, strModes)}, bDeadLoad, 16044);
+  void RunModal(bool bDeadLoad = false, const std::string& strModes = "6", std::vector<DialogStep> steps = {}) {
+    steps.insert(steps.begin(), DialogStep::Type(16000, strModes));
+    AddScript(16000, std::move(steps), bDeadLoad, 16044);
     CModeConnect::OnMode();
     EXPECT_TRUE(platform->GetScriptErrors().empty());
   }
@@ -153,6 +155,55 @@ TEST(Drivers, SpectrumIsTheSameUnderAnyNumbering) {
   ASSERT_EQ(identical.size(), renumbered.size());
   EXPECT_GT(identical[1] + identical[8], 1e-5);
   for (std::size_t i = 0; i < identical.size(); ++i) EXPECT_NEAR(renumbered[i], identical[i], 1e-6) << i;
+}
+
+TEST(Drivers, DialogValuesReachTheModalRun) {
+  CDriverRun run;
+  ABCD.m_nNodes = ABCD.m_nElements = ABCD.m_nLoads = 0;
+  FillSquareTower(run.host, 45);  // large enough for the radio to matter
+  // With multiple 1 the comparison cannot have its second pass; the second radio means Sturm, which needs none.
+  const std::pair<std::vector<DialogStep>, const char*> cases[] = {
+      {{DialogStep::Choose(16001)}, "达到迭代要求次数，结果不收敛"},
+      {{DialogStep::Type(16003, "0")}, "请正确输入迭代精度!"},
+      {{DialogStep::Type(16004, "0")}, "请正确输入迭代倍数!"},
+      {{DialogStep::Choose(16002), DialogStep::Tick(16005)}, "OK!"}};
+  for (const auto& [steps, pMessage] : cases) {
+    COMDYN.m_nIterMultiple = 1;
+    run.platform->Clear();
+    run.RunModal(false, "1", steps);
+    EXPECT_TRUE(run.platform.GetMessages().at(0).starts_with(pMessage)) << run.platform.GetMessages()[0];
+  }
+  EXPECT_NE(run.job.Read(".mode").find("\n360 184 184 0 1 1\n"), std::string::npos);  // the last: shear
+}
+
+TEST(Drivers, DialogValuesReachTheSpectrumRun) {
+  CDriverRun run;
+  run.RunModal();
+  std::vector<DialogStep> steps;
+  for (const int nRadio : {16015, 16021, 16011, 16014, 16026}) steps.push_back(DialogStep::Choose(nRadio));
+  for (const auto& [nId, pText] :
+       {std::pair{16006, "4"}, {16009, "3"}, {16022, "0.3"}, {16028, "0.4"}, {16029, "0.5"}}) {
+    steps.push_back(DialogStep::Type(nId, pText));
+  }
+  steps.push_back(DialogStep::Type(16007, "0.07"));
+  run.platform->SetClock({{2026, 1, 1, 1, 1, 1}});
+  run.RunSpectrum(false, steps);
+  const std::string strByDialog = run.job.Read(".spec");
+
+  CAnalysisModel model;
+  model.BuildModelForModes(false);
+  model.m_nSiteClass = 1;
+  model.m_nZoneGroup = 3;
+  model.m_nIntensity = 9;
+  model.m_nQuakeLevel = 1;
+  model.m_nCombMethod = 1;
+  model.m_nExpandModes = 4;
+  model.m_nMeshDiv = 3;
+  model.m_dDirCoef = {0.3, 0.4, 0.5};
+  model.m_dDampRatio = 0.07;
+  ASSERT_TRUE(model.ReadModeFile(run.job.GetJobPath()));
+  model.SpectrumAnalysis(run.job.GetJobPath(), 0, false);
+  EXPECT_EQ(strByDialog, run.job.Read(".spec"));
 }
 
 /// The number behind a text.
