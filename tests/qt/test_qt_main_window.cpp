@@ -227,8 +227,7 @@ TEST_F(MainWindow, RemembersRecentFilesAndFont) {
     pMenu->actions().constLast()->trigger();
   }
   EXPECT_EQ(files, QStringList({Path("one.json"), Path("two.json")}));
-  QTest::qWait(20);
-  EXPECT_EQ(window.GetJobFile(), Path("two.json"));
+  EXPECT_TRUE(QTest::qWaitFor([&] { return window.GetJobFile() == Path("two.json"); }));
 }
 
 bool IsAscii(const QString& strText) {
@@ -342,6 +341,9 @@ TEST_F(MainWindow, PicturesAtBothFontSizes) {
     window.SetFontScale(nPercent / 100.0);
     window.show();
     ASSERT_TRUE(window.OpenJob(QStringLiteral(SKYFRAME_SOURCE_DIR "/examples/office10.json")));
+    const QWidget* const pLast = window.findChild<QWidget*>(QStringLiteral("animate"));
+    EXPECT_TRUE(QTest::qWaitFor([pLast] { return pLast->width() >= pLast->minimumSizeHint().width(); }))
+        << "the bar follows the font";
     QTest::qWait(50);
     EXPECT_TRUE(window.grab().save(QStringLiteral(SKYFRAME_PICTURE_DIR "/main-window-%1.png").arg(nPercent)));
     for (QMenu* const pMenu : window.findChildren<QMenu*>()) {

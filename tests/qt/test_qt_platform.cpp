@@ -85,7 +85,7 @@ TEST(QtDialogs, ExceptionOfAHandlerLeavesThroughDoModal) {
 TEST(QtDialogs, TimerTicksUntilStopped) {
   CQtPerson person;
   CProbeDlg dialog;
-  person.AddScript(77, {DialogStep::Wait(120), DialogStep::Ok()});
+  person.AddScript(77, {DialogStep::Wait(400), DialogStep::Ok()});
   person.Watch([&] { dialog.DoModal(); });
   EXPECT_EQ(dialog.m_nTicks, 3);
 }
@@ -171,11 +171,12 @@ QWidget* FindProgress() {
 
 TEST(QtProgress, ShownForLongStepsOnlyAndWithoutButtons) {
   CQtPlatform platform;
-  platform.SetProgressDelay(std::chrono::milliseconds(60));
+  platform.SetProgressDelay(std::chrono::seconds(10));
   platform.EnterModule();
   for (int n = 0; n < 10; ++n) platform.ReportProgress(0.1 * n, "short");
   EXPECT_EQ(FindProgress(), nullptr);
   platform.ReportProgress(1.0, "short");
+  platform.SetProgressDelay(std::chrono::milliseconds(60));
   platform.ReportProgress(0.1, "长");
   QTest::qSleep(100);
   platform.ReportProgress(0.5, "长");
