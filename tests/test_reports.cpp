@@ -106,7 +106,7 @@ TEST_F(Reports, HistoriesInMemoryAndOnFile) {
   const std::string strNewmark =
       R"(,{"type": "time_history", "method": "newmark", "damping": [0.0, 0.0], "combination": {"0": 1},)";
   ASSERT_EQ(Solve(c_strModal + strNewmark +
-                R"("impulse": {"shape": "rectangular", "time_step": 0.01, "duration": 3, "unload_time": 3,
+                  R"("impulse": {"shape": "rectangular", "time_step": 0.01, "duration": 3, "unload_time": 3,
       "loads": [{"node": 10, "direction": "X", "peak": 1}]}})"),
             0)
       << strErr;

@@ -45,7 +45,8 @@ void CResultPanel::Refresh() {
     const QString strName = file.fileName();
     const QString strSuffix = strName.mid(job.fileName().size());
     if (!strName.startsWith(job.fileName()) || strSuffix.isEmpty() || strSuffix == QStringLiteral(".json")) continue;
-    if (strSuffix[0] != QLatin1Char('.') && strSuffix[0] != QLatin1Char('_')) continue;
+    const bool bLog = strSuffix == QStringLiteral("VIRTRESP.log") || strSuffix == QStringLiteral("impulseload.log");
+    if (strSuffix[0] != QLatin1Char('.') && strSuffix[0] != QLatin1Char('_') && !bLog) continue;
     m_list.addItem(strName);
     if (strName == strChosen) m_list.setCurrentRow(m_list.count() - 1);
   }
