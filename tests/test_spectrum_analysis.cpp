@@ -36,7 +36,7 @@ TEST(ModalCombination, WorkedValues) {
       {c_nSrss, 0.05, {10}, {-3}, 3.0},
       {-1, 0.05, {10, 11}, {3, 4}, 5.0},
       {c_nCqc, 0.05, {10, 11}, {3, 4}, 6.12839},
-      {c_nCqc, 0.05, {11, 10}, {3, -4}, std::sqrt(25.0 - 24.0 * 0.523215)},
+      {c_nCqc, 0.05, {11, 10}, {1, -10}, std::sqrt(101.0 - 20.0 * 0.523215)},
       {c_nCqc, 0.0, {10, 11}, {3, 4}, 5.0},  // zero damping is legal
       {c_nCqc, 0.0, {10, 10}, {3, 4}, 7.0},
       {c_nCqc, 0.05, {3, 3, 3, 3}, {2.7, 1.5, -4.4, 0.2}, 0.0},  // the terms add up to -1e-30
@@ -355,6 +355,7 @@ TEST(SpectrumAnalysis, ShearFlagOfTheModeFileRulesTheForces) {
     const double dShear = run.GetBlock("Support:", "(end)").at(0)[2];
     const double dExpected = 1.0 / (3.0 * EI) + bShear / GA;  // 1.9 % apart
     EXPECT_NEAR(dTip / dShear, dExpected, 1e-4 * dExpected);
+    EXPECT_NEAR(std::pow(run.model.Omega[0], 2) * dExpected * 1e7 / 9.81, 1.0, 1e-3);
   }
 }
 
