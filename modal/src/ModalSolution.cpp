@@ -149,6 +149,10 @@ bool CModalSolution::IsSharp() const {
   int nRough = 0;
   while (nRough < m_nModes && m_lanczos.GetResidualNorm(nRough) <= c_dRoundOff * theta[nRough]) ++nRough;
   if (nRough == m_nModes) return true;
+  // The residual of forces is the greater one: no need to form it where this one is too great.
+  for (int i = nRough; i < m_nModes; ++i) {
+    if (m_lanczos.GetResidualNorm(i) > c_dGoodResidual * theta[i]) return false;
+  }
 
   const CMatrix Phi = FormModeShapes();
   std::vector<double> phi(static_cast<std::size_t>(m_nFree));

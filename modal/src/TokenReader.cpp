@@ -30,9 +30,7 @@ std::errc Parse(std::string_view strToken, T& value) {
 
 std::string_view CTokenReader::Next() {
   if (m_bFailed) return {};
-  do {
-    while (m_nPosition < m_strBlock.size() && IsBlank(m_strBlock[m_nPosition])) ++m_nPosition;
-  } while (m_nPosition == m_strBlock.size() && ReadBlock());
+  SkipBlanks();
   std::string_view strToken = TakeWord();
   if (m_nPosition == m_strBlock.size()) {
     // The block ends here, the token perhaps not.
@@ -62,13 +60,33 @@ void CTokenReader::Read(int& nValue) {
 }
 
 void CTokenReader::Read(double& dValue) {
-  if (m_bFailed) return;
+  if (m_bFailed || ReadInBlock(dValue)) return;
   double dParsed = 0.0;
   const std::string_view strToken = Next();
   const std::errc error = Parse(strToken, dParsed);
   const bool bTooSmall = error == std::errc::result_out_of_range && strToken.find("e-") != std::string_view::npos;
   if (!bTooSmall && (error != std::errc() || !std::isfinite(dParsed))) m_bFailed = true;
   dValue = m_bFailed || bTooSmall ? 0.0 : dParsed;
+}
+
+void CTokenReader::SkipBlanks() {
+  do {
+    while (m_nPosition < m_strBlock.size() && IsBlank(m_strBlock[m_nPosition])) ++m_nPosition;
+  } while (m_nPosition == m_strBlock.size() && ReadBlock());
+}
+
+/// A plain finite number that ends within the block. False, and nothing read, for anything else.
+bool CTokenReader::ReadInBlock(double& dValue) {
+  SkipBlanks();
+  const char* const pBegin = m_strBlock.data() + m_nPosition;
+  const char* const pEnd = m_strBlock.data() + m_strBlock.size();
+  double dParsed = 0.0;
+  const auto [p, error] = std::from_chars(pBegin, pEnd, dParsed);
+  if (error != std::errc() || p == pEnd || !IsBlank(*p) || !std::isfinite(dParsed)) return false;
+  if (static_cast<std::size_t>(p - pBegin) > c_nMaxToken) return false;
+  m_nPosition += static_cast<std::size_t>(p - pBegin);
+  dValue = dParsed;
+  return true;
 }
 
 /// What the block holds up to the next blank.

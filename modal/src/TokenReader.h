@@ -23,6 +23,8 @@ class CTokenReader {
   void Read(double& dValue);
 
  private:
+  void SkipBlanks();
+  [[nodiscard]] bool ReadInBlock(double& dValue);
   [[nodiscard]] std::string_view TakeWord();
   [[nodiscard]] bool ReadBlock();
 
