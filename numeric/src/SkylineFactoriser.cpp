@@ -11,11 +11,20 @@ namespace skyframe::skyline {
 
 namespace {
 
-constexpr int c_nBlock = 96;       // columns factorised together: a multiple of the group and of every panel width
+// Columns factorised together: multiples of the group and of every panel width. Every block reads the finished columns
+// above it once more, which tells when they are too tall for the caches.
+constexpr int c_nBlock = 96;
+constexpr int c_nTallBlock = 192;
+constexpr int c_nTall = 1200;      // rows
 constexpr int c_nDepthTile = 240;  // products of a tile
 constexpr std::size_t c_nCacheLine = 64;
 
 std::size_t Index(int i) { return static_cast<std::size_t>(i); }
+
+int ChooseBlock(const Profile& profile) {
+  const auto tallest = std::ranges::max_element(profile.height);
+  return tallest != profile.height.end() && *tallest > c_nTall ? c_nTallBlock : c_nBlock;
+}
 
 /// LDL^T by blocks of consecutive columns, left-looking. The block's columns are gathered into panels
 /// that hold g(i, j) = d(i) L(i, j); finished columns are read where they lie.
@@ -27,13 +36,14 @@ class CBlockFactoriser {
         m_pivots(pivots),
         m_kernel(kernel),
         m_nWidth(kernel.nPanelWidth),
+        m_nBlock(ChooseBlock(profile)),
         m_tiles(profile, values) {
     m_reciprocals.resize(pivots.size());
     Reserve();
   }
 
   void Run() {
-    for (int j = 0; j < m_profile.GetOrder(); j += c_nBlock) FactoriseBlock(j, GetBlockEnd(j));
+    for (int j = 0; j < m_profile.GetOrder(); j += m_nBlock) FactoriseBlock(j, GetBlockEnd(j));
   }
 
  private:
@@ -43,7 +53,7 @@ class CBlockFactoriser {
     int nCommonTop = 0;
   };
 
-  [[nodiscard]] int GetBlockEnd(int nFirst) const { return std::min(nFirst + c_nBlock, m_profile.GetOrder()); }
+  [[nodiscard]] int GetBlockEnd(int nFirst) const { return std::min(nFirst + m_nBlock, m_profile.GetOrder()); }
   [[nodiscard]] double* Row(const Panel& panel, int r) const {
     return panel.rows + static_cast<std::ptrdiff_t>(r - panel.nBase) * m_nWidth;
   }
@@ -69,6 +79,7 @@ class CBlockFactoriser {
   std::span<double> m_pivots;
   PanelKernel m_kernel;
   int m_nWidth;
+  int m_nBlock;
   CRowTileMaker m_tiles;
   std::vector<double> m_reciprocals;  ///< 1 / d(i)
   std::vector<double> m_work;
@@ -90,14 +101,14 @@ CBlockFactoriser::PanelColumns CBlockFactoriser::GetColumns(const Panel& panel) 
 /// The work space of the largest block.
 void CBlockFactoriser::Reserve() {
   std::size_t nRows = 0;
-  for (int j = 0; j < m_profile.GetOrder(); j += c_nBlock) {
-    nRows = std::max(nRows, Index(j + c_nBlock - GetTop(j, GetBlockEnd(j)) + c_nRowTile));
+  for (int j = 0; j < m_profile.GetOrder(); j += m_nBlock) {
+    nRows = std::max(nRows, Index(j + m_nBlock - GetTop(j, GetBlockEnd(j)) + c_nRowTile));
   }
-  m_work.resize(nRows * c_nBlock + c_nCacheLine / sizeof(double));
+  m_work.resize(nRows * Index(m_nBlock) + c_nCacheLine / sizeof(double));
   void* p = m_work.data();
   std::size_t nSpace = m_work.size() * sizeof(double);
   m_panelStore = static_cast<double*>(std::align(c_nCacheLine, sizeof(double), p, nSpace));
-  m_panels.reserve(c_nBlock);
+  m_panels.reserve(Index(m_nBlock));
 }
 
 void CBlockFactoriser::FactoriseBlock(int nFirst, int nEnd) {
@@ -113,7 +124,7 @@ void CBlockFactoriser::FactoriseBlock(int nFirst, int nEnd) {
 
 void CBlockFactoriser::LayOutPanels(int nFirst, int nEnd) {
   const int nBase = GetTop(nFirst, nEnd) - c_nRowTile;
-  const auto nStride = static_cast<std::ptrdiff_t>(nFirst + c_nBlock - nBase) * m_nWidth;
+  const auto nStride = static_cast<std::ptrdiff_t>(nFirst + m_nBlock - nBase) * m_nWidth;
   m_panels.clear();
   for (int j = nFirst; j < nEnd; j += m_nWidth) {
     const int nCols = std::min(m_nWidth, nEnd - j);
