@@ -8,6 +8,7 @@
 #include <memory>
 #include <sstream>
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include "TestPlatform.h"
@@ -98,14 +99,7 @@ std::string MakeCantilever(const std::string& strSupport, const std::string& str
 }
 
 TEST_F(CommandLine, HelpIsEverywhere) {
-  const std::vector<std::vector<std::string>> commands = {{},
-                                                          {"run"},
-                                                          {"check"},
-                                                          {"generate"},
-                                                          {"generate", "building"},
-                                                          {"generate", "tower"},
-                                                          {"generate", "dome"},
-                                                          {"generate", "arch"}};
+  const std::vector<std::vector<std::string>> commands = {{}, {"run"}, {"check"}, {"generate"}, {"generate", "tower"}};
   for (std::vector<std::string> arguments : commands) {
     arguments.emplace_back("--help");
     const Outcome outcome = Run(arguments);
@@ -117,16 +111,13 @@ TEST_F(CommandLine, HelpIsEverywhere) {
 
 TEST_F(CommandLine, WrongArgumentsEndWithStatusTwo) {
   const std::vector<std::vector<std::string>> commands = {
-      {},
       {"solve"},
       {"run"},
       {"check", "a.json", "b.json"},
-      {"generate"},
       {"generate", "tower", "--panels", "0"},
       {"generate", "building", "--nodes", "30000"},
       {"generate", "building", "--nodes", "500", "--storeys", "3"},
       {"generate", "building", "--bays-x", "200", "--bays-y", "200"},
-      {"generate", "dome", "--segments", "2"},
       {"generate", "dome", "--rise", "30"},
       {"generate", "arch", "--segments", "5"},
       {"generate", "arch", "--rise", "nan"},
@@ -161,32 +152,30 @@ TEST_F(CommandLine, CantileverThroughTheDialogs) {
             MakeCantilever("111111", R"({"type": "static", "nonlinear": false, "combination": {"0": 1, "2": 0.5}})"));
   const Outcome outcome = RunJobFile(strJob);
   ASSERT_EQ(outcome.nStatus, 0) << outcome.strErr;
-  const std::vector<double> displacement = GetNumbers(outcome.strOut, "largest displacement");
-  ASSERT_FALSE(displacement.empty());
-  EXPECT_NEAR(displacement[0], 10.0e3 * 64.0 / (3.0 * 2.06e11 * 2.0e-5), 1.0e-6);
+  EXPECT_NEAR(GetNumbers(outcome.strOut, "largest displacement").at(0), 10.0e3 * 64.0 / (3.0 * 2.06e11 * 2.0e-5), 1e-6);
   EXPECT_NE(outcome.strOut.find("at node 90:"), std::string::npos) << outcome.strOut;
   EXPECT_NE(outcome.strOut.find("number the nodes in the order"), std::string::npos);
   EXPECT_NE(outcome.strOut.find(Path("beam_StaticLinearSol.txt") + ", "), std::string::npos);
   EXPECT_NE(outcome.strOut.find("sum of loads          X 0.000, Y 0.000, Z -10.000 kN"), std::string::npos);
   EXPECT_NE(outcome.strOut.find("force on supports     X 0.000, Y 0.000, Z -10.000 kN"), std::string::npos);
 
-  std::ifstream log(Path("log.txt"));
   std::stringstream text;
-  text << log.rdbuf();
+  text << std::ifstream(Path("log.txt")).rdbuf();
   EXPECT_NE(text.str().find("荷载组装"), std::string::npos);
   EXPECT_NE(Run({"run", strJob}).strOut.find("荷载组装"), std::string::npos);
 }
 
 TEST_F(CommandLine, AFailedAnalysisEndsWithStatusOneAndTheRestRuns) {
-  const std::string strStatic = R"({"type": "static", "nonlinear": %, "combination": {"0": 1}})";
-  const auto Static = [&strStatic](const std::string& strFlag) {
-    return std::string(strStatic).replace(strStatic.find('%'), 1, strFlag);
-  };
-  const std::string strJob = Write("loose.json", MakeCantilever("101111", Static("false") + "," + Static("true")));
+  const std::string strStatic = R"({"type": "static", "combination": {"0": 1}, "nonlinear": )";
+  const std::string strJob = Write("loose.json", MakeCantilever("101111", strStatic + "false}," + strStatic + "true}"));
+  // A result left by an earlier run must not pass for a new one.
+  const std::string strResult = Write("loose_StaticNonlinearSol.txt", "old");
+  fs::last_write_time(strResult, fs::file_time_type::clock::now() - std::chrono::hours(1));
   const Outcome outcome = RunJobFile(strJob);
   EXPECT_EQ(outcome.nStatus, 1);
   EXPECT_EQ(outcome.strErr, "结构几何可变\n结构几何可变\n");
-  EXPECT_NE(outcome.strOut.find("Static analysis, nonlinear"), std::string::npos);
+  const std::size_t nNonlinear = outcome.strOut.find("Static analysis, nonlinear");
+  EXPECT_NE(outcome.strOut.find("no result", nNonlinear), std::string::npos);
   EXPECT_EQ(outcome.strOut.find("largest displacement"), std::string::npos);
 
   const std::string strCable = Write("cable.json", R"({"nodes": [{"id": 1, "x": 0, "y": 0, "z": 0, "joint": "pinned"},
@@ -197,55 +186,26 @@ TEST_F(CommandLine, AFailedAnalysisEndsWithStatusOneAndTheRestRuns) {
   EXPECT_EQ(Run({"check", strCable}).nStatus, 1);
 }
 
-/// A result left by an earlier run must not pass for a new one.
-TEST_F(CommandLine, AnOldResultFileIsNoResult) {
-  const std::string strJob =
-      Write("old.json", MakeCantilever("101111", R"({"type": "static", "nonlinear": true, "combination": {"0": 1}})"));
-  const std::string strResult = Write("old_StaticNonlinearSol.txt", "old");
-  fs::last_write_time(strResult, fs::file_time_type::clock::now() - std::chrono::hours(1));
-  const Outcome outcome = RunJobFile(strJob);
-  EXPECT_EQ(outcome.nStatus, 1);
-  EXPECT_NE(outcome.strOut.find("no result"), std::string::npos);
-}
-
 TEST_F(CommandLine, CheckPrintsTheProfile) {
-  // A chain of ten bars with the numbers of its nodes running odd, then even.
-  std::string strNodes;
-  std::string strElements;
-  for (int i = 0; i <= 10; ++i) {
-    const int nId = i % 2 == 0 ? i / 2 + 1 : 7 + i / 2;
-    strNodes += (i == 0 ? "" : ",") + std::string("{\"id\":") + std::to_string(i + 1) +
-                ",\"x\":" + std::to_string(i <= 5 ? 2 * i : 2 * (i - 6) + 1) + ",\"y\":0,\"z\":0,\"restraint\":\"" +
-                (i == 0 ? "111111" : "000000") + "\"}";
-    const int nNext = (i + 1) % 2 == 0 ? (i + 1) / 2 + 1 : 7 + (i + 1) / 2;
-    if (i < 10) {
-      strElements += (i == 0 ? "" : ",") + std::string("{\"type\":\"beam\",\"section\":\"S\",\"i\":") +
-                     std::to_string(nId) + ",\"j\":" + std::to_string(nNext) + "}";
-    }
-  }
-  const std::string strJob = Write("chain.json", "{\"nodes\":[" + strNodes + "],\"elements\":[" + strElements +
-                                                     "],\"sections\":[{\"id\":\"S\",\"area\":1,\"Iy\":1,\"Iz\":1}]}");
+  const std::string strJob = Write("chain.json", R"({"sections": [{"id": "S", "area": 1, "Iy": 1, "Iz": 1}], "nodes": [
+      {"id": 1, "x": 0, "y": 0, "z": 0, "restraint": "111111"}, {"id": 2, "x": 2, "y": 0, "z": 0},
+      {"id": 3, "x": 1, "y": 0, "z": 0}, {"id": 4, "x": 3, "y": 0, "z": 0}], "elements": [
+      {"type": "beam", "section": "S", "i": 1, "j": 3}, {"type": "beam", "section": "S", "i": 3, "j": 2},
+      {"type": "beam", "section": "S", "i": 2, "j": 4}]})");
   const Outcome outcome = Run({"check", strJob});
   ASSERT_EQ(outcome.nStatus, 0) << outcome.strErr;
-  EXPECT_NE(outcome.strOut.find("equations    60 free, 6 restrained"), std::string::npos) << outcome.strOut;
-  // Consecutive nodes: the first free node has full triangle 1..6, the others 7..12.
-  const std::vector<double> renumbered = GetNumbers(outcome.strOut, "renumbered");
-  const std::vector<double> own = GetNumbers(outcome.strOut, "profile");
-  ASSERT_FALSE(renumbered.empty());
-  ASSERT_FALSE(own.empty());
-  EXPECT_EQ(renumbered[0], 21.0 + 9.0 * 57.0);
-  EXPECT_GT(own[0], 2.0 * renumbered[0]);
+  EXPECT_NE(outcome.strOut.find("equations    18 free, 6 restrained"), std::string::npos) << outcome.strOut;
+  // Column heights: 1..6 at the first free node, 7..12 behind a neighbour, 13..18 where node 4 reaches back to node 2.
+  EXPECT_EQ(GetNumbers(outcome.strOut, "renumbered").at(0), 21.0 + 57.0 + 57.0);
+  EXPECT_EQ(GetNumbers(outcome.strOut, "profile").at(0), 21.0 + 57.0 + 93.0);
   EXPECT_EQ(CountFiles(), 1U);
 }
 
 TEST_F(CommandLine, GeneratedStructuresAreInEquilibrium) {
   const std::vector<std::vector<std::string>> commands = {
-      {"generate", "building", "--bays-x", "2", "--bays-y", "1", "--storeys", "4"},
       {"generate", "building", "--nodes", "90"},
       {"generate", "tower", "--panels", "5"},
-      {"generate", "dome", "--rings", "3", "--segments", "8"},
       {"generate", "dome", "--rings", "3", "--segments", "8", "--beams"},
-      {"generate", "arch"},
       {"generate", "arch", "--segments", "10"},
   };
   int nJob = 0;
@@ -294,60 +254,43 @@ std::vector<double> GetFactors(const LoadCombination& combination) {
 }
 
 TEST_F(Scripts, WhatAJobLeavesOutKeepsTheDialogsDefault) {
-  const auto pFirst = std::make_unique<CNonlinStaticDlg>();
-  const auto pSecond = Open<CNonlinStaticDlg>(StaticJob{});
-  EXPECT_EQ(pSecond->m_bNonlinear, pFirst->m_bNonlinear);
-  EXPECT_EQ(pSecond->m_nCriterion, pFirst->m_nCriterion);
-  EXPECT_EQ(pSecond->m_dTolerance, pFirst->m_dTolerance);
-  EXPECT_EQ(pSecond->m_nMaxIter, pFirst->m_nMaxIter);
-  EXPECT_EQ(GetFactors(pSecond->m_loadComb), (std::vector<double>{0, 0, 0, 0}));
+  const CNonlinStaticDlg first;
+  const auto p = Open<CNonlinStaticDlg>(StaticJob{});
+  EXPECT_EQ(std::tuple(p->m_bNonlinear, p->m_nCriterion, p->m_dTolerance, p->m_nMaxIter),
+            std::tuple(first.m_bNonlinear, first.m_nCriterion, first.m_dTolerance, first.m_nMaxIter));
+  EXPECT_EQ(GetFactors(p->m_loadComb), (std::vector<double>{0, 0, 0, 0}));
   EXPECT_FALSE(m_platform->HasUnusedScripts());
 }
 
 TEST_F(Scripts, StaticAndModalValuesArrive) {
-  const auto pNonlinear = Open<CNonlinStaticDlg>(StaticJob{false, 3, 1.25e-7, 77, {{0, 1.2}, {3, -0.3333333333}}});
-  EXPECT_EQ(pNonlinear->m_bNonlinear, 0);
-  EXPECT_EQ(pNonlinear->m_nCriterion, 3);
-  EXPECT_EQ(pNonlinear->m_dTolerance, 1.25e-7);
-  EXPECT_EQ(pNonlinear->m_nMaxIter, 77);
-  EXPECT_EQ(GetFactors(pNonlinear->m_loadComb), (std::vector<double>{1.2, 0, 0, -0.3333333333}));
-
-  const auto pModal = Open<CModeDlg>(ModalJob{6, 1, 1e-10, 9, true, {{2, 0.5}}});
-  EXPECT_EQ(pModal->m_nModes, 6);
-  EXPECT_EQ(pModal->m_nRootCheck, 1);
-  EXPECT_EQ(pModal->m_dModeTol, 1e-10);
-  EXPECT_EQ(pModal->m_nIterMultiple, 9);
-  EXPECT_EQ(pModal->m_bShear, 1);
-  EXPECT_EQ(GetFactors(pModal->m_loadComb), (std::vector<double>{0, 0, 0.5, 0}));
+  const auto pStatic = Open<CNonlinStaticDlg>(StaticJob{false, 3, 1.25e-7, 77, {{0, 1.2}, {3, -0.3333333333}}});
+  EXPECT_EQ(std::tuple(pStatic->m_bNonlinear, pStatic->m_nCriterion, pStatic->m_dTolerance, pStatic->m_nMaxIter),
+            std::tuple(0, 3, 1.25e-7, 77));
+  EXPECT_EQ(GetFactors(pStatic->m_loadComb), (std::vector<double>{1.2, 0, 0, -0.3333333333}));
+  const auto p = Open<CModeDlg>(ModalJob{6, 1, 1e-10, 9, true, {{2, 0.5}}});
+  EXPECT_EQ(std::tuple(p->m_nModes, p->m_nRootCheck, p->m_dModeTol, p->m_nIterMultiple, p->m_bShear),
+            std::tuple(6, 1, 1e-10, 9, 1));
+  EXPECT_EQ(GetFactors(p->m_loadComb), (std::vector<double>{0, 0, 0.5, 0}));
 }
 
 TEST_F(Scripts, SpectrumValuesArrive) {
   for (int k = 0; k < 6; ++k) {
-    const auto pDialog =
+    const auto p =
         Open<CSpectrumDlg>(SpectrumJob{8, 3, std::array{0.6, 0.8, 0.1}, 4, 2, k, 1, 0.035, 2, {{0, 1.0}, {1, 0.5}}});
-    EXPECT_EQ(pDialog->m_nIntensity, k);
-    EXPECT_EQ(pDialog->m_nExpandModes, 8);
-    EXPECT_EQ(pDialog->m_nMeshDiv, 3);
-    EXPECT_EQ(pDialog->m_dDirCoef, (std::array{0.6, 0.8, 0.1}));
-    EXPECT_EQ(COMDYN.m_nSiteClass, 4);
-    EXPECT_EQ(COMDYN.m_nZoneGroup, 2);
-    EXPECT_EQ(pDialog->m_nQuakeLevel, 1);
-    EXPECT_EQ(pDialog->m_dDampRatio, 0.035);
-    EXPECT_EQ(pDialog->m_nCombMethod, 2);
-    EXPECT_EQ(GetFactors(pDialog->m_loadComb), (std::vector<double>{1.0, 0.5, 0, 0}));
+    EXPECT_EQ(std::tuple(p->m_nIntensity, p->m_nExpandModes, p->m_nMeshDiv, p->m_nQuakeLevel, p->m_dDampRatio,
+                         p->m_nCombMethod, COMDYN.m_nSiteClass, COMDYN.m_nZoneGroup),
+              std::tuple(k, 8, 3, 1, 0.035, 2, 4, 2));
+    EXPECT_EQ(p->m_dDirCoef, (std::array{0.6, 0.8, 0.1}));
+    EXPECT_EQ(GetFactors(p->m_loadComb), (std::vector<double>{1.0, 0.5, 0, 0}));
   }
 }
 
 TEST_F(Scripts, TimeHistoryValuesArrive) {
   const WilsonJob wilson{std::array{0.01, 0.03}, 1.37, 0.002, 4.0, true, JobPeaks{0.1, 0.2, 0.3, 0.4}, {{1, 2.0}}};
   EXPECT_EQ(Open<CDynOptionDlg>(wilson)->m_nMethod, 0);
-  const auto pFirst = Open<CWilsonDlg>(wilson);
-  EXPECT_EQ(pFirst->m_dDamping, (std::array{0.01, 0.03}));
-  EXPECT_EQ(pFirst->m_dTheta, 1.37);
-  EXPECT_EQ(pFirst->m_dTimeStep, 0.002);
-  EXPECT_EQ(pFirst->m_dDuration, 4.0);
-  EXPECT_EQ(pFirst->m_dPeak, (std::array{0.1, 0.2, 0.3}));
-  EXPECT_EQ(pFirst->m_dPeakOblique, 0.4);
+  const auto p1 = Open<CWilsonDlg>(wilson);
+  EXPECT_EQ(std::tuple(p1->m_dDamping, p1->m_dTheta, p1->m_dTimeStep, p1->m_dDuration, p1->m_dPeak, p1->m_dPeakOblique),
+            std::tuple(std::array{0.01, 0.03}, 1.37, 0.002, 4.0, std::array{0.1, 0.2, 0.3}, 0.4));
 
   NewmarkJob impulse;
   impulse.bNonlinear = true;
@@ -355,53 +298,39 @@ TEST_F(Scripts, TimeHistoryValuesArrive) {
   impulse.dTolerance = 0.003;
   impulse.impulse = ImpulseLoadJob{1, {{11, 2, -3.5}, {4, 0, 8.25}}, 0.1, 0.25, 0.005, 1.5};
   EXPECT_EQ(Open<CDynOptionDlg>(impulse)->m_nMethod, 1);
-  const auto pSecond = Open<CNewmarkDlg>(impulse);
-  EXPECT_EQ(pSecond->m_nLoadType, 0);
-  EXPECT_EQ(pSecond->m_nCriterion, 2);
-  EXPECT_EQ(pSecond->m_dTolerance, 0.003);
-  ASSERT_EQ(pSecond->m_impulses.size(), 2U);
-  EXPECT_EQ(pSecond->m_impulses[0].nNode, 11);
-  EXPECT_EQ(pSecond->m_impulses[1].dPeak, 8.25);
-  EXPECT_EQ(pSecond->m_nImpulseType, 1);
-  EXPECT_EQ(pSecond->m_dImpulseTime, 0.25);
-  EXPECT_EQ(pSecond->m_dTimeStep, 0.005);
+  const auto p2 = Open<CNewmarkDlg>(impulse);
+  ASSERT_EQ(p2->m_impulses.size(), 2U);
+  EXPECT_EQ(std::tuple(p2->m_nLoadType, p2->m_nCriterion, p2->m_dTolerance, p2->m_impulses[0].nNode,
+                       p2->m_impulses[1].dPeak, p2->m_nImpulseType, p2->m_dImpulseTime, p2->m_dTimeStep),
+            std::tuple(0, 2, 0.003, 11, 8.25, 1, 0.25, 0.005));
 
   NewmarkJob quake;
   quake.nLoad = 1;
   quake.earthquake = EarthquakeJob{0.02, 9.0, 0, {true, false, true}, {}, JobPeaks{0.7, {}, 0.5, {}}};
-  const auto pThird = Open<CNewmarkDlg>(quake);
-  EXPECT_EQ(pThird->m_nLoadType, 1);
-  EXPECT_EQ(pThird->m_bQuakeDir, (std::array{1, 0, 1}));
-  EXPECT_EQ(pThird->m_dPeak, (std::array{0.7, 0.35, 0.5}));
-  EXPECT_EQ(pThird->m_dDuration, 9.0);
-
+  const auto p3 = Open<CNewmarkDlg>(quake);
+  EXPECT_EQ(std::tuple(p3->m_nLoadType, p3->m_bQuakeDir, p3->m_dPeak, p3->m_dDuration),
+            std::tuple(1, std::array{1, 0, 1}, std::array{0.7, 0.35, 0.5}, 9.0));
   quake.earthquake = EarthquakeJob{{}, {}, 1, {}, std::array{0.0, 3.0, 4.0}, JobPeaks{std::nullopt, {}, {}, 0.9}};
-  const auto pFourth = Open<CNewmarkDlg>(quake);
-  EXPECT_EQ(pFourth->m_nQuakeMode, 1);
-  EXPECT_NEAR(pFourth->m_dObliqueCoef[2], 0.8, 1e-12);
-  EXPECT_EQ(pFourth->m_dPeakOblique, 0.9);
+  const auto p4 = Open<CNewmarkDlg>(quake);
+  EXPECT_EQ(std::tuple(p4->m_nQuakeMode, p4->m_dPeakOblique), std::tuple(1, 0.9));
+  EXPECT_NEAR(p4->m_dObliqueCoef[2], 0.8, 1e-12);
 
   NewmarkJob fromFile;
   fromFile.bFromFile = true;
   fromFile.generalLoad = GeneralLoadJob{0.004, 2.5};
-  const auto pFifth = Open<CNewmarkDlg>(fromFile);
-  EXPECT_EQ(pFifth->m_bFromFile, 1);
-  EXPECT_EQ(pFifth->m_dTimeStep, 0.004);
+  const auto p5 = Open<CNewmarkDlg>(fromFile);
+  EXPECT_EQ(std::tuple(p5->m_bFromFile, p5->m_dTimeStep), std::tuple(1, 0.004));
 }
 
-// At P = 200 kN the apex descends by 0.0359399 m: P = EA (2 h w - w^2)(h - w)/L0^3.
-TEST_F(CommandLine, ArchExampleFollowsItsClosedForm) {
-  const Outcome outcome = RunJobFile(CopyExample("arch2.json"));
-  ASSERT_EQ(outcome.nStatus, 0) << outcome.strErr;
-  const std::string strNonlinear = outcome.strOut.substr(outcome.strOut.find("Static analysis, nonlinear"));
-  const double w = GetNumbers(strNonlinear, "largest displacement").at(0);
-  EXPECT_NEAR(2.06e8 * (2.0 * w - w * w) * (1.0 - w) / std::pow(17.0, 1.5), 200.0e3, 1.0);
-}
-
+// At P = 200 kN the arch's apex descends by 0.0359399 m: P = EA (2 h w - w^2)(h - w)/L0^3.
 TEST_F(CommandLine, ExamplesSolve) {
-  for (const char* pszName : {"tower25.json", "tower72.json", "office10.json", "dome.json"}) {
+  for (const char* pszName : {"tower25.json", "tower72.json", "office10.json", "dome.json", "arch2.json"}) {
     const Outcome outcome = RunJobFile(CopyExample(pszName));
     EXPECT_EQ(outcome.nStatus, 0) << pszName << '\n' << outcome.strOut << outcome.strErr;
+    if (pszName != std::string("arch2.json")) continue;
+    const std::string strNonlinear = outcome.strOut.substr(outcome.strOut.find("Static analysis, nonlinear"));
+    const double w = GetNumbers(strNonlinear, "largest displacement").at(0);
+    EXPECT_NEAR(2.06e8 * (2.0 * w - w * w) * (1.0 - w) / std::pow(17.0, 1.5), 200.0e3, 1.0);
   }
 }
 

@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <fstream>
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include "skyframe/host/Generate.h"
@@ -74,9 +75,8 @@ TEST(JobFile, ReadsEveryPart) {
   const Job& job = file.job;
   ASSERT_EQ(job.nodes.size(), 3U);
   EXPECT_EQ(job.nodes[0].restraint, (std::array{1, 1, 1, 1, 1, 1}));
-  EXPECT_EQ(job.nodes[1].nJoint, c_nRigid);
-  EXPECT_EQ(job.nodes[2].nJoint, c_nPinned);
-  EXPECT_EQ(job.nodes[2].nSpring, 2);
+  EXPECT_EQ(std::tuple(job.nodes[1].nJoint, job.nodes[2].nJoint, job.nodes[2].nSpring),
+            std::tuple(c_nRigid, c_nPinned, 2));
   EXPECT_EQ(job.elements[1], (JobElement{c_nBar, 2, 3, 0}));
   EXPECT_EQ(job.inclinedSupports, std::vector<int>{3});
   EXPECT_EQ(job.loads[0], (JobLoad{2, 2, 4, 1.5}));
@@ -97,14 +97,10 @@ TEST(JobFile, WhatIsWrittenIsReadBack) {
                          GenerateDome({.bBeams = true}), GenerateArch({}), GenerateArch({.nSegments = 12})}) {
     const JobFile file = ParseJob(FormatJob(job));
     EXPECT_EQ(List(file.errors), std::vector<std::string>{}) << job.strTitle;
-    EXPECT_EQ(file.job.strTitle, job.strTitle);
-    EXPECT_EQ(file.job.nodes, job.nodes);
-    EXPECT_EQ(file.job.springs, job.springs);
-    EXPECT_EQ(file.job.sections, job.sections);
-    EXPECT_EQ(file.job.elements, job.elements);
-    EXPECT_EQ(file.job.inclinedSupports, job.inclinedSupports);
-    EXPECT_EQ(file.job.loads, job.loads);
-    EXPECT_EQ(file.job.analyses, job.analyses);
+    const auto Tie = [](const Job& j) {
+      return std::tie(j.strTitle, j.nodes, j.springs, j.sections, j.elements, j.inclinedSupports, j.loads, j.analyses);
+    };
+    EXPECT_TRUE(Tie(file.job) == Tie(job)) << job.strTitle;
   }
 }
 
@@ -116,29 +112,20 @@ TEST(JobFile, EachErrorHasItsPlaceAndReason) {
       "\n/elements/1/j: no node has the id 20\n/inclined_supports/0: must be the id of a node"
       "\n/analyses/4/impulse/loads/0/node: no node has the id 20";
   const std::vector<Case> cases = {
-      {"\"title\"", "\"titel\"", "/titel: unknown key"},
       {"\"Übung\"", "5", "/title: must be a text"},
       {"\"id\": 3,", "\"id\": 7,",
        "/nodes/1/id: node id 7 is used twice\n/elements/0/j: no node has the id 3\n/elements/1/i: no node has the id "
        "3\n/loads/0/node: no node has the id 3\n/loads/1/node: no node has the id 3"},
       {"\"id\": 20", "\"id\": 0", "/nodes/2/id: must be 1 or more" + strNoNode20},
-      {"\"id\": 20", "\"id\": 99999999999", "/nodes/2/id: must be 2147483647 or less" + strNoNode20},
       {"\"id\": 20", "\"id\": 18446744073709551615", "/nodes/2/id: must be 2147483647 or less" + strNoNode20},
       {"\"id\": 20", "\"id\": 20.0", "/nodes/2/id: must be an integer" + strNoNode20},
-      {"\"x\": 4", "\"x\": \"4\"", "/nodes/1/x: must be a number"},
       {"\"x\": 4", "\"x\": -1e39", "/nodes/1/x: too large for a single-precision record"},
-      {"\"x\": 4, ", "", "/nodes/1/x: missing"},
-      {"\"x\": 4", "\"x\": 0", "/elements/0/j: zero length: both nodes lie at the same place"},
       {"\"x\": 4", "\"x\": 1e-50", "/elements/0/j: zero length: both nodes lie at the same place"},
       {"\"111111\"", "\"1111112\"",
        "/nodes/0/restraint: must be six digits 0 or 1 for X Y Z RX RY RZ, not \"1111112\""},
       {"\"111111\"", "\"11111\\u001b\"",
        "/nodes/0/restraint: must be six digits 0 or 1 for X Y Z RX RY RZ, not \"11111\\u001b\""},
-      {"\"111111\"", "111111", "/nodes/0/restraint: must be a text"},
       {"\"111111\"", "\"111111\", \"spring\": 2", "/nodes/0/spring: a node has either a restraint or a spring"},
-      {"\"spring\": 2", "\"spring\": 3", "/nodes/2/spring: no spring group 3"},
-      {"\"joint\": \"pinned\"", "\"joint\": \"Pinned\"",
-       "/nodes/2/joint: must be \"pinned\" or \"rigid\", not \"Pinned\""},
       {"\"group\": 2,", "\"group\": 1000,",
        "/springs/0/group: must be 999 or less\n/nodes/2/spring: no spring group 2"},
       {"\"kz\": -1}", "\"kz\": -1}, {\"group\": 2}", "/springs/1/group: spring group defined twice"},
@@ -147,35 +134,23 @@ TEST(JobFile, EachErrorHasItsPlaceAndReason) {
       {"\"Iz\": 3e7}", "\"Iz\": 3e7}, {\"id\": \"B\", \"area\": 1}", "/sections/1/id: section \"B\" is defined twice"},
       {"\"type\": \"bar\"", "\"type\": \"rod\"",
        "/elements/1/type: must be \"bar\", \"beam\", \"cable\" or \"membrane\", not \"rod\""},
-      {"\"j\": 20", "\"j\": 21", "/elements/1/j: no node has the id 21"},
       {"\"j\": 20", "\"j\": 3", "/elements/1/j: both ends are node 3"},
       {"\"j\": 20, \"section\": \"B\"", "\"j\": 20, \"section\": \"C\"",
        "/elements/1/section: no section has the id \"C\""},
       {"[20]", "[20, 20]", "/inclined_supports/1: node 20 is listed twice"},
-      {"[20]", "[2]", "/inclined_supports/0: must be the id of a node"},
       {"[20]", "[1e300]", "/inclined_supports/0: must be the id of a node"},
-      {"[20]", "{}", "/inclined_supports: must be an array"},
       {"\"case\": 2", "\"case\": 20", "/loads/0/case: must be 19 or less"},
-      {"\"case\": 2", "\"case\": -1", "/loads/0/case: must be 0 or more"},
       {"\"node\": 3, \"direction\": \"RY\"", "\"node\": 20, \"direction\": \"RY\"",
        "/loads/0/direction: node 20 is pinned and takes no moment"},
       {"\"value\": 1.5", "\"value\": 3.5e38", "/loads/0/value: too large for a single-precision record"},
-      {"\"value\": 1.5", "\"value\": null", "/loads/0/value: must be a number"},
-      {"\"type\": \"modal\"", "\"type\": \"modes\"",
-       "/analyses/1/type: must be \"static\", \"modal\", \"spectrum\" or \"time_history\", not \"modes\""},
-      {"\"modes\": 4", "\"modes\": 0", "/analyses/1/modes: must be 1 or more"},
       {"\"shear\": true", "\"shear\": 1", "/analyses/1/shear: must be true or false"},
-      {"\"nonlinear\": true", "\"linear\": true", "/analyses/0/linear: unknown key"},
       {"{\"0\": 1.2", "{\"3\": 1.2", "/analyses/0/combination/3: no such load case; the cases are 0 to 2"},
       {"{\"0\": 1.2", "{\"00\": 1.2", "/analyses/0/combination/00: no such load case; the cases are 0 to 2"},
-      {"{\"0\": 1.2", "{\"0\": true", "/analyses/0/combination/0: must be a number"},
       {"[0, 1, 0]", "[0, 1]", "/analyses/2/direction: must have 3 numbers"},
       {"[0, 1, 0]", "[0, 1, \"0\"]", "/analyses/2/direction/2: must be a number"},
       {"\"wilson\"", "\"euler\"", "/analyses/3/method: must be \"wilson\" or \"newmark\", not \"euler\""},
-      {"[0.01, 0.02]", "0.02", "/analyses/3/damping: must be an array"},
       {"\"nonlinear\": true, \"criterion\": \"force_abs\", \"tolerance\": 0.01, \"max_iterations\": 9",
        "\"tolerance\": 1", "/analyses/4/tolerance: needs \"nonlinear\": true"},
-      {"[{\"node\": 20", "[{\"node\": 21", "/analyses/4/impulse/loads/0/node: no node has the id 21"},
       {"\"direction\": \"Y\", \"peak\"", "\"direction\": \"RX\", \"peak\"",
        "/analyses/4/impulse/loads/0/direction: must be \"X\", \"Y\" or \"Z\", not \"RX\""},
       {"\"from_file\": false", "\"from_file\": true", "/analyses/4/impulse: the loads are read from a file"},
@@ -188,7 +163,6 @@ TEST(JobFile, EachErrorHasItsPlaceAndReason) {
       {"\"mode\": \"principal\", ", "\"oblique_axis\": [1, 1, 0],",
        "/analyses/5/earthquake/oblique_axis: belongs to mode \"oblique\""},
       {"\"from_file\": true, ", "", "/analyses/6/general_load: needs \"from_file\": true"},
-      {"\"loads\": [", "\"loads\": [7,", "/loads/0: must be an object"},
       {"\"title\"", "\"a/b~c\": 1, \"title\"", "/a~1b~0c: unknown key"},
       {"\"x\": 4", "\"x\": 4, \"x\": 5", "/nodes/1/x: key given twice"},
   };
@@ -199,14 +173,10 @@ TEST(JobFile, EachErrorHasItsPlaceAndReason) {
 }
 
 TEST(JobFile, AllErrorsComeInOnePass) {
-  std::string strText = c_strGood;
-  strText = Replace(strText, "\"x\": 4", "\"x\": false");
-  strText = Replace(strText, "\"area\": 1e4", "\"area\": \"big\"");
-  strText = Replace(strText, "\"j\": 20", "\"j\": 21");
-  strText = Replace(strText, "\"criterion\"", "\"criterium\"");
-  EXPECT_EQ(List(ParseJob(strText).errors),
-            (std::vector<std::string>{"/nodes/1/x: must be a number", "/sections/0/area: must be a number",
-                                      "/elements/1/j: no node has the id 21", "/analyses/0/criterium: unknown key"}));
+  std::string strText = Replace(c_strGood, "\"x\": 4", "\"x\": false");
+  strText = Replace(Replace(strText, "\"j\": 20", "\"j\": 21"), "\"criterion\"", "\"criterium\"");
+  EXPECT_EQ(Join(List(ParseJob(strText).errors)),
+            "/nodes/1/x: must be a number\n/elements/1/j: no node has the id 21\n/analyses/0/criterium: unknown key");
   EXPECT_EQ(List(ParseJob("{}").errors), (std::vector<std::string>{"/nodes: missing", "/elements: missing"}));
   EXPECT_EQ(List(ParseJob("[]").errors), std::vector<std::string>{": must be an object"});
 }
@@ -251,30 +221,22 @@ TEST(JobFile, SurvivesEveryCutAndFlip) {
 }
 
 TEST(JobFile, CapacitiesOfTheRecords) {
+  const auto ListErrors = [](const Job& job) { return Join(List(ParseJob(FormatJob(job)).errors)); };
   Job job = GenerateArch({});
   for (int i = 4; i <= 29999; ++i) job.nodes.push_back({i, 1.0 * i, 0, 0, c_nPinned, {}, {}});
-  EXPECT_TRUE(ParseJob(FormatJob(job)).errors.empty());
-  job.nodes.push_back({30000, -1, 0, 0, c_nPinned, {}, {}});
-  EXPECT_EQ(List(ParseJob(FormatJob(job)).errors),
-            std::vector<std::string>{"/nodes: 30000 entries; the host records hold 29999"});
-
-  job = GenerateArch({});
   job.elements.resize(69999, job.elements[0]);
-  EXPECT_TRUE(ParseJob(FormatJob(job)).errors.empty());
-  job.elements.push_back(job.elements[0]);
-  EXPECT_EQ(List(ParseJob(FormatJob(job)).errors),
-            std::vector<std::string>{"/elements: 70000 entries; the host records hold 69999"});
-
-  job = GenerateArch({});
   job.loads.resize(90000, job.loads[0]);
-  EXPECT_TRUE(ParseJob(FormatJob(job)).errors.empty());
+  EXPECT_EQ(ListErrors(job), "");
+  job.nodes.push_back({30000, -1, 0, 0, c_nPinned, {}, {}});
+  job.elements.push_back(job.elements[0]);
   job.loads.back().nCase = 2;  // case 1 needs a record of its own
-  EXPECT_EQ(List(ParseJob(FormatJob(job)).errors),
-            std::vector<std::string>{"/loads: 90000 entries and one more for each of 1 cases without loads; "
-                                     "the host records hold 90000"});
-  job.loads.push_back(job.loads[0]);
-  EXPECT_EQ(List(ParseJob(FormatJob(job)).errors),
-            std::vector<std::string>{"/loads: 90001 entries; the host records hold 90000"});
+  EXPECT_EQ(
+      ListErrors(job),
+      "/nodes: 30000 entries; the host records hold 29999\n/elements: 70000 entries; the host records hold 69999\n"
+      "/loads: 90000 entries and one more for each of 1 cases without loads; the host records hold 90000");
+  job = GenerateArch({});
+  job.loads.resize(90001, job.loads[0]);
+  EXPECT_EQ(ListErrors(job), "/loads: 90001 entries; the host records hold 90000");
 }
 
 TEST(JobFile, WarnsOfWhatIsHardlyMeant) {
@@ -302,33 +264,23 @@ TEST(JobFile, FilesAndPaths) {
   EXPECT_EQ(ReadJobFile("/").errors.size(), 1U);
   for (const char* pszName : {"tower25", "tower72", "office10", "dome", "arch2"}) {
     const JobFile file = ReadJobFile(std::string(SKYFRAME_SOURCE_DIR "/examples/") + pszName + ".json");
-    EXPECT_EQ(List(file.errors), std::vector<std::string>{}) << pszName;
-    EXPECT_EQ(List(file.warnings), std::vector<std::string>{}) << pszName;
+    EXPECT_EQ(Join(List(file.errors)) + Join(List(file.warnings)), "") << pszName;
     EXPECT_TRUE(file.job.HasConsecutiveIds()) << pszName;
   }
-}
-
-int GetBandwidth(const Job& job) {
-  int nBandwidth = 0;
-  for (const JobElement& element : job.elements) {
-    nBandwidth = std::max(nBandwidth, std::abs(element.nNodeI - element.nNodeJ));
-  }
-  return nBandwidth;
 }
 
 TEST(Generators, CountsAndNumbering) {
   const Job building = GenerateBuilding({.nBaysX = 4, .nBaysY = 1, .nStoreys = 3});
   EXPECT_EQ(building.nodes.size(), 5U * 2U * 4U);
   EXPECT_EQ(building.elements.size(), 3U * (10U + 4U * 2U + 5U));  // columns, beams along X, beams along Y
-  EXPECT_EQ(GetBandwidth(building), 8);                            // X is longest: its planes hold 2 x 4 nodes
+  int nBandwidth = 0;
+  for (const JobElement& e : building.elements) nBandwidth = std::max(nBandwidth, std::abs(e.nNodeI - e.nNodeJ));
+  EXPECT_EQ(nBandwidth, 8);  // X is longest: its planes hold 2 x 4 nodes
   EXPECT_EQ(building.GetHighestCase(), 2);
 
   const Job tower = GenerateTower({.nPanels = 6});
   EXPECT_EQ(tower.nodes.size(), 28U);
   EXPECT_EQ(tower.elements.size(), 6U * 17U);
-  EXPECT_EQ(
-      std::count_if(tower.nodes.begin(), tower.nodes.end(), [](const JobNode& node) { return node.restraint[2] == 1; }),
-      4);
 
   const Job dome = GenerateDome({.nRings = 4, .nSegments = 8, .dSpan = 20, .dRise = 3});
   EXPECT_EQ(dome.nodes.size(), 1U + 4U * 8U);

@@ -34,7 +34,6 @@ const std::string c_strModal = R"({"type": "modal", "modes": 12, "root_check": "
 
 TEST_F(Reports, AllModesHoldAllMass) {
   ASSERT_EQ(Solve(c_strModal), 0) << strErr;
-  EXPECT_EQ(strErr, "");
   EXPECT_FALSE(Says("below 90"));
   EXPECT_TRUE(Says("Sturm count           no mode below "));
   EXPECT_TRUE(Says("  time                  0hour: 0min: "));
@@ -43,10 +42,8 @@ TEST_F(Reports, AllModesHoldAllMass) {
   const double dLoad = 20.0e3 / 9.81;
   EXPECT_GT(Number("total mass"), dLoad + 0.6 * dBeams);
   EXPECT_LT(Number("total mass"), dLoad + dBeams);
-}
 
-TEST_F(Reports, AFileThatMissesAModeIsToldOf) {
-  ASSERT_EQ(Solve(c_strModal), 0);
+  // A file that misses a mode is told of.
   test::CTestPlatform platform;
   const auto pModel = LoadModes({{0, 1.0}}, strPath, 3);
   ASSERT_TRUE(pModel);
