@@ -49,11 +49,9 @@ std::string Written(Write write) {
 /// Values where the digits carry over, ends of the range, and random ones of every magnitude.
 std::vector<double> MakeSampleNumbers() {
   const double dSmallest = std::numeric_limits<double>::denorm_min(), dLargest = std::numeric_limits<double>::max();
-  std::vector<double> values = {0.0,       -0.0,      -1.0,    9.999994999e5, 999999.0,      123456.0,
-                                99999.95,  9.9999995, 0.0001,  0.00009999995, 9.99999499e-5, 1.0e-5,
-                                0.5,       1.5,       2.5,     0.125,         2.5e-5,        1.0e100,
-                                1.0e-100,  1.0e6,     -1.0e-7, dSmallest,     -dSmallest,    9.9999999e99,
-                                -dLargest, 1.0 / 3.0, 0.045,   1.005,         0.02,          10.0};
+  std::vector<double> values = {0.0,    -0.0,          9.999994999e5, 999999.0,   99999.95,  9.9999995,
+                                0.0001, 0.00009999995, 9.99999499e-5, 0.5,        1.5,       2.5,
+                                2.5e-5, 1.0e6,         dSmallest,     -dSmallest, -dLargest, 1.005};
   std::mt19937_64 random(20240517);
   std::uniform_real_distribution<double> mantissa(-10.0, 10.0);
   std::uniform_int_distribution<int> exponent(-12, 12);
@@ -84,7 +82,7 @@ TEST(TextWriter, NumbersHaveTheTextOfPrintf) {
   EXPECT_EQ(FormatShortest(1.0e-16) + " " + FormatShortest(0.02) + " " + FormatShortest(10.0), "1e-16 0.02 10");
 }
 
-TEST(TextWriter, NumbersThatAreNone) {
+TEST(TextWriter, NumbersThatAreNoneAndFieldsFilledNeverCut) {
   const double dNan = std::numeric_limits<double>::quiet_NaN(), dInf = std::numeric_limits<double>::infinity();
   for (const auto& [dValue, szText] :
        {std::pair(dNan, "nannan  nan"), {-dNan, "nannan  nan"}, {dInf, "infinf  inf"}, {-dInf, "-inf-inf -inf"}}) {
@@ -92,9 +90,6 @@ TEST(TextWriter, NumbersThatAreNone) {
     EXPECT_EQ(Written([d](CTextWriter& w) { w.General(d).GeneralPoint(d, 5).Fixed(d, 0); }), szText);
   }
   EXPECT_EQ(FormatFixed(-dNan, 2), "nan");
-}
-
-TEST(TextWriter, FieldsAreFilledNeverCut) {
   EXPECT_EQ(Written([](CTextWriter& w) {
               w.Integer(-12, 6, Align::Right).Integer(34, 5).Text("|").Text("abc", 2).General(0.1, 8, Align::Right);
               w.Fixed(2.0, 0, 4).EndLine().Integer(std::numeric_limits<long long>::min());
@@ -119,13 +114,7 @@ TEST(TextWriter, LongOutputArrivesWholeAndAFailedStreamIsReported) {
 
 // ---- Files -----------------------------------------------------------------------------------------------------
 
-/// A disk that is full after some bytes.
-class CFullDiskBuffer : public std::stringbuf {
- protected:
-  std::streamsize xsputn(const char*, std::streamsize) override { return 0; }
-  int_type overflow(int_type) override { return traits_type::eof(); }
-};
-
+/// A disk that takes no byte.
 class CFullDiskPlatform : public CHeadlessPlatform {
  public:
   CFullDiskPlatform() : CHeadlessPlatform(std::cerr, std::cout) {}
@@ -135,7 +124,7 @@ class CFullDiskPlatform : public CHeadlessPlatform {
   }
 
  private:
-  CFullDiskBuffer m_buffer;
+  std::stringbuf m_buffer{std::ios::in};
 };
 
 TEST(Files, BackslashSeparatesDirectoriesAndWhatIsNotThereIsNull) {
@@ -230,13 +219,9 @@ class CProbeDlg : public CDialog {
     }
   }
 
-  int m_nInt = 3;
+  int m_nInt = 3, m_nFirst = 1, m_nSecond = -1, m_bCheck = 0, m_nItem = 1;
   double m_dReal = 0.25;
   std::string m_strText = "text";
-  int m_nFirst = 1;
-  int m_nSecond = -1;
-  int m_bCheck = 0;
-  int m_nItem = 1;
   Strings m_trace;
   std::function<void(IDialogView&)> m_onInit = [](IDialogView&) {};
   std::function<void(IDialogView&)> m_onButton = [](IDialogView&) {};
@@ -292,19 +277,19 @@ TEST_F(Dialogs, ValuesGoToTheControlsAndBack) {
              EXPECT_EQ(view.GetCurrent(130), 1);
              EXPECT_EQ(view.GetFocus(), 100) << "first control in tab order";
            }),
-           DialogStep::Type(100, " +12 "), DialogStep::Type(101, "-1.5E3\t"), DialogStep::Type(102, " 中文 "),
+           DialogStep::Type(100, ""), DialogStep::Type(101, ""), DialogStep::Ok(), DialogStep::Type(100, " +12 "),
+           DialogStep::Ok(), DialogStep::Type(101, "-1.7976931348623157E308\t"), DialogStep::Type(102, " 中文 "),
            DialogStep::Choose(110), DialogStep::Choose(113), DialogStep::Tick(120, false), DialogStep::Tick(120),
            DialogStep::Tick(120), DialogStep::ChooseItem(130, "c"), DialogStep::Ok()});
   EXPECT_EQ(nResult, c_nIdOk);
-  EXPECT_EQ(m_dialog.m_nInt, 12);
-  EXPECT_EQ(m_dialog.m_dReal, -1500.0);
+  EXPECT_EQ(m_platform.GetMessages(), (Strings{"请输入一个整数。", "请输入一个数字。"})) << "the first wrong field";
+  EXPECT_EQ(m_dialog.m_dReal, std::numeric_limits<double>::lowest());
   EXPECT_EQ(m_dialog.m_strText, " 中文 ");
-  EXPECT_EQ(m_dialog.m_nFirst, 0);
-  EXPECT_EQ(m_dialog.m_nSecond, 1) << "the two groups are independent";
-  EXPECT_EQ(m_dialog.m_bCheck, 1);
-  EXPECT_EQ(m_dialog.m_nItem, 2);
-  EXPECT_EQ(m_dialog.m_trace, (Strings{"text 100", "text 101", "text 102", "clicked 110", "clicked 113", "clicked 120",
-                                       "selection 130"}));
+  EXPECT_EQ((std::array{m_dialog.m_nInt, m_dialog.m_nFirst, m_dialog.m_nSecond, m_dialog.m_bCheck, m_dialog.m_nItem}),
+            (std::array{12, 0, 1, 1, 2}))
+      << "the two groups are independent";
+  EXPECT_EQ(m_dialog.m_trace, (Strings{"text 100", "text 101", "text 100", "text 101", "text 102", "clicked 110",
+                                       "clicked 113", "clicked 120", "selection 130"}));
   EXPECT_TRUE(Errors().empty());
 }
 
@@ -322,7 +307,7 @@ TEST_F(Dialogs, FieldsThatAreNoNumbersAreRefused) {
       {100, "1.0"},        {100, "1e2"},         {101, "1e999"},
       {101, "nan"},        {101, "-inf"},        {101, "1,5"},
       {101, "1.5.2"},      {101, "1e"},          {101, "."},
-      {101, "infinity"},   {101, "-1e999"},      {101, "inf"}};
+  };
   for (const int nId : {100, 101}) {
     for (const char* szText : {"", "  ", "abc", "1x", "1 2", "0x10", "+-1", "++1", "-", "+", "１２"}) {
       cases.emplace_back(nId, szText);
@@ -340,17 +325,6 @@ TEST_F(Dialogs, FieldsThatAreNoNumbersAreRefused) {
   }
   EXPECT_EQ(m_dialog.m_nInt, 3);
   EXPECT_EQ(m_dialog.m_dReal, 0.25);
-}
-
-TEST_F(Dialogs, TheFirstWrongFieldIsReportedAndTheEndsOfTheRangesAreTaken) {
-  const int nResult =
-      Run({DialogStep::Type(100, ""), DialogStep::Type(101, ""), DialogStep::Ok(), DialogStep::Type(100, "-2147483648"),
-           DialogStep::Ok(), DialogStep::Type(101, "1.7976931348623157e308"), DialogStep::Ok()});
-  EXPECT_EQ(nResult, c_nIdOk);
-  EXPECT_EQ(m_platform.GetMessages(), (Strings{"请输入一个整数。", "请输入一个数字。"}));
-  EXPECT_EQ(m_dialog.m_nInt, std::numeric_limits<int>::min());
-  EXPECT_EQ(m_dialog.m_dReal, std::numeric_limits<double>::max());
-  EXPECT_EQ(m_dialog.m_nSecond, -1) << "no button of the group is checked";
 }
 
 TEST_F(Dialogs, WhatAPersonCouldNotDoEndsTheDialog) {
@@ -436,8 +410,10 @@ TEST_F(Dialogs, AHandlerThatThrowsLeavesNoViewBehind) {
   m_dialog.m_onButton = [](IDialogView&) { throw std::bad_alloc(); };
   EXPECT_THROW(Run({DialogStep::Click(160)}), std::bad_alloc);
   m_dialog.m_trace.clear();
-  EXPECT_EQ(Run({DialogStep::Wait(25), DialogStep::Ok()}), c_nIdOk);
-  EXPECT_EQ(m_dialog.m_trace, (Strings{"timer 1", "timer 1"}));
+  EXPECT_EQ(Run({DialogStep::Wait(25), DialogStep::Type(100, "-2147483648"), DialogStep::Ok()}), c_nIdOk);
+  EXPECT_EQ(m_dialog.m_trace, (Strings{"timer 1", "timer 1", "text 100"}));
+  EXPECT_EQ(m_dialog.m_nInt, std::numeric_limits<int>::min());
+  EXPECT_EQ(m_dialog.m_nSecond, -1) << "no button of the group is checked";
 }
 
 // ---- Painting --------------------------------------------------------------------------------------------------
@@ -462,33 +438,26 @@ TEST(Paint, SvgIsTheExactDocument) {
   CSvgPaintContext svg(320, 200);
   DrawSample(svg);
   const std::string strDocument = svg.GetDocument();
-  const size_t nBody = strDocument.find("<rect x=");
-  ASSERT_NE(nBody, std::string::npos);
   EXPECT_EQ(strDocument.substr(0, strDocument.find(" font-family")),
             "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<svg xmlns=\"http://www.w3.org/2000/svg\" version=\"1.1\" "
             "width=\"320\" height=\"200\" viewBox=\"0 0 320 200\"");
   EXPECT_NE(strDocument.find("<rect width=\"320\" height=\"200\" fill=\"#ffffff\"/>\n"), std::string::npos);
-  EXPECT_EQ(strDocument.substr(nBody),
+  EXPECT_EQ(strDocument.substr(std::min(strDocument.find("<rect x="), strDocument.size())),
             "<rect x=\"10\" y=\"30\" width=\"20\" height=\"10\" fill=\"#f0f0f0\" stroke=\"#ff0000\" "
             "stroke-width=\"2\"/>\n"
             "<polyline points=\"0,0 1.5,0\" fill=\"none\" stroke=\"#ff0000\" stroke-width=\"2\"/>\n"
             "<polyline points=\"0,0 1,2 3,4\" fill=\"none\" stroke=\"#ff0000\" stroke-width=\"2\"/>\n"
             "<text x=\"5\" y=\"6\" font-size=\"10\" text-anchor=\"end\" fill=\"#ff0000\">"
             "位移 &lt;a&gt; &amp; \"b\"\uFFFD\uFFFD</text>\n</svg>\n");
-}
-
-TEST(Paint, BrokenUtf8NeverReachesTheDocument) {
-  const auto draw = [](std::string_view strText) {
-    CSvgPaintContext svg(10, 10);
-    svg.Text(0.0, 0.0, strText);
-    return svg.GetDocument();
-  };
-  for (const std::string_view strText :
+  for (const std::string_view strBroken :
        {"\x80", "\xC0\xAF", "\xE4\xBD", "\xED\xA0\x80", "\xF5\x80\x80\x80", "\xEF\xBF\xBE", "\xE0\x80\xAF"}) {
-    EXPECT_EQ(draw(strText).find(strText), std::string::npos);
-    EXPECT_NE(draw(strText).find("\uFFFD"), std::string::npos);
+    CSvgPaintContext broken(10, 10);
+    broken.Text(0.0, 0.0, strBroken);
+    broken.Text(0.0, 0.0, "θ𝛼é\t");
+    const std::string strText = broken.GetDocument();
+    EXPECT_TRUE(strText.find(strBroken) > strText.size() && strText.find("\uFFFD") < strText.size());
+    EXPECT_NE(strText.find(">θ𝛼é\t<"), std::string::npos);
   }
-  EXPECT_NE(draw("θ𝛼é\t").find(">θ𝛼é\t<"), std::string::npos);
 }
 
 }  // namespace

@@ -10,6 +10,7 @@
 #include <iterator>
 #include <numeric>
 #include <sstream>
+#include <tuple>
 
 #include "HostModel.h"
 #include "ModalModels.h"
@@ -33,7 +34,6 @@ TEST(ModalCombination, WorkedValues) {
   };
   const Case cases[] = {
       {c_nSrss, 0.05, {10, 11}, {3, 4}, 5.0},
-      {c_nSrss, 0.05, {10}, {-3}, 3.0},
       {-1, 0.05, {10, 11}, {3, 4}, 5.0},
       {c_nCqc, 0.05, {10, 11}, {3, 4}, 6.12839},
       {c_nCqc, 0.05, {11, 10}, {1, -10}, std::sqrt(101.0 - 20.0 * 0.523215)},
@@ -174,7 +174,7 @@ TEST(SpectrumAnalysis, TwoStoreyShearFrameByHand) {
   const ShearFrame frame;
   ASSERT_GT(frame.omega[1], 1.2 * frame.omega[0]);  // far apart: GRP equals SRSS here
   for (const auto& [nMethod, nCells] :
-       {std::pair{c_nSrss, 20}, {c_nCqc, 7}, {c_nGrp, 5}, {c_nSrss, 1}, {c_nSrss, 0}, {c_nSrss, -1}}) {
+       {std::pair{c_nSrss, 20}, {c_nCqc, 7}, {c_nGrp, 1}, {c_nSrss, 0}, {c_nSrss, -1}}) {
     SCOPED_TRACE(testing::Message() << "method " << nMethod << ", cells " << nCells);
     CSpectrumRun run(ShearFrame::Fill, 2, 2);
     run.model.m_nCombMethod = nMethod;
@@ -238,17 +238,14 @@ TEST(SpectrumAnalysis, AllModesCarryTheTotalMassAndListsHaveTenValuesALine) {
   struct Case {
     std::array<double, 3> direction;
     int k;
-    Sizes sizes;  ///< numbers in the lines after the masses' label
   };
-  const Sizes all = {10, 10, 4, 0, 0, 10, 10, 4, 0};
-  for (const Case& c :
-       {Case{{1, 0, 0}, 24, all}, {{0, 0, -2}, 24, all}, {{3, 4, 0}, 24, all}, {{1, 0, 0}, 10, {10, 0, 0, 10, 0}}}) {
+  for (const Case& c : {Case{{1, 0, 0}, 24}, {{0, 0, -2}, 24}, {{3, 4, 0}, 24}, {{1, 0, 0}, 10}}) {
     CSpectrumRun run([](CHostModel& h) { FillSquareTower(h, 1); }, 24, c.k);
     run.model.m_dDirCoef = c.direction;
     run.Analyse();
     Sizes sizes;
     for (const Vector& row : run.GetBlock("各阶振型参与质量:", "Node_Dis:")) sizes.push_back(row.size());
-    EXPECT_EQ(sizes, c.sizes);
+    EXPECT_EQ(sizes, c.k == 24 ? Sizes({10, 10, 4, 0, 0, 10, 10, 4, 0}) : Sizes({10, 0, 0, 10, 0}));
     const std::string strText = run.folder.Read(".spec");
     const auto number = [&](const std::string& str) {
       return std::stod(strText.substr(strText.find(str) + str.size()));
@@ -265,12 +262,9 @@ TEST(SpectrumAnalysis, RefusesInOrderAndWritesNothing) {
   };
   // A case with two faults tells which check comes first.
   const Case cases[] = {
-      {[](auto& m) {
-         m.m_dDirCoef = {0, 0, 0}, m.m_nMeshDiv = 50;
-       },
-       "反应谱方向未输入，计算终止!"},
+      {[](auto& m) { m.m_dDirCoef.fill(0.0), m.m_nMeshDiv = 50; }, "反应谱方向未输入，计算终止!"},
       {[](auto& m) { m.m_nMeshDiv = 21, m.m_nExpandModes = 3; }, "网格最多划分20格，计算终止!"},
-      {[](auto& m) { m.m_nMeshDiv = 2147483647; }, "网格最多划分20格，计算终止!"},
+      {[](auto& m) { m.m_bValid = false, m.m_nMeshDiv = 2147483647; }, "网格最多划分20格，计算终止!"},
       {[](auto& m) { m.m_nExpandModes = 3, m.ModesSolved = 0; }, "扩展模态数大于总模态数，计算终止!"},
       {[](auto& m) { m.m_nExpandModes = 0, m.ModesSolved = 0; }, "请正确输入扩展模态数!"},
       {[](auto& m) { m.ModesSolved = 0, m.VerticalReduction = -1.0; }, "模态、频率未求解，计算终止!"},
@@ -281,7 +275,6 @@ TEST(SpectrumAnalysis, RefusesInOrderAndWritesNothing) {
       {[](auto& m) { m.m_nQuakeLevel = 2, m.m_nIntensity = 5; }, "地震类型输入错误，请检查!"},
       {[](auto& m) { m.m_nSiteClass = 0, m.m_bVirtualModes = 1, m.m_nPseudoLoadNo = -1; }, "场地类型选择错误!"},
       {[](auto& m) { m.m_nExpandModes = m.m_bVirtualModes = 1, m.m_nPseudoLoadNo = -1; }, "错误:虚拟地震静力序号"},
-      {[](auto& m) { m.m_bValid = false, m.m_nMeshDiv = 21, m.m_nExpandModes = 3; }, "网格最多划分20格，计算终止!"},
       {[](auto& m) { m.m_bValid = false, m.m_nExpandModes = 3; }, nullptr},
   };
   for (const Case& c : cases) {
@@ -300,23 +293,18 @@ TEST(SpectrumAnalysis, RefusesInOrderAndWritesNothing) {
 }
 
 TEST(SpectrumAnalysis, VirtualModeCompletesTheFrame) {
-  struct Case {
-    int nModes, nExpand;
-    std::array<double, 3> direction;
-    bool bAdded;
-  };
   // Two DOFs and one mode: what is left is exactly the second mode. None for k = neq, nor along Y, where nothing moves.
   const ShearFrame frame;
-  for (const Case& c :
-       {Case{2, 1, {1, 0, 0}, true}, {1, 1, {1, 0, 0}, true}, {2, 2, {1, 0, 0}, false}, {2, 1, {0, 1, 0}, false}}) {
-    CSpectrumRun run(ShearFrame::Fill, c.nModes, c.nExpand);
+  for (const auto& [nModes, nExpand, dX, bAdded] :
+       {std::tuple{2, 1, 1.0, true}, {1, 1, 1.0, true}, {2, 2, 1.0, false}, {2, 1, 0.0, false}}) {
+    CSpectrumRun run(ShearFrame::Fill, nModes, nExpand);
     run.model.m_bVirtualModes = 1;
-    run.model.m_dDirCoef = c.direction;
+    run.model.m_dDirCoef = {dX, 1.0 - dX, 0.0};
     run.Analyse();
     EXPECT_TRUE(run.platform.GetMessages().empty());
-    EXPECT_EQ(run.model.ModeDamping.size(), static_cast<std::size_t>(c.nExpand + (c.bAdded ? 1 : 0)));
-    EXPECT_EQ(run.folder.List().size(), c.bAdded ? 4U : 2U);
-    if (!c.bAdded) continue;
+    EXPECT_EQ(run.model.ModeDamping.size(), static_cast<std::size_t>(nExpand + (bAdded ? 1 : 0)));
+    EXPECT_EQ(run.folder.List().size(), bAdded ? 4U : 2U);
+    if (!bAdded) continue;
     const double u = frame.Combine(c_nSrss, [&](int i) { return frame.factor[i] * frame.phi[i][1]; });
     EXPECT_NEAR(run.GetBlock("Node_Dis:", "Force:").at(2)[1], u, 1e-4 * u);
     std::istringstream strm(run.folder.Read("_VirtMode.spec") + run.folder.Read("VIRTRESP.log"));

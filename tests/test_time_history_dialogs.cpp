@@ -104,16 +104,10 @@ TEST_F(Dialogs, WilsonFieldsAndDefaults) {
   m_platform->AddScript(16002, {DialogStep::DoubleClick(16039, 1), DialogStep::Ok()});
   CWilsonDlg dialog;
   dialog.m_loadComb.nLoadTypes = 2;
-  Run(dialog, Join({ReplaceDefaults({{16055, "0.02"},
-                                     {16056, "0.02"},
-                                     {16060, "1.4"},
-                                     {16057, "0.01"},
-                                     {16058, "10"},
-                                     {16083, "0.35"},
-                                     {16080, "0.35"},
-                                     {16081, "0.35"},
-                                     {16082, "0.35"}}),
-                    {DialogStep::Tick(16063), DialogStep::Click(16059), DialogStep::Ok()}}));
+  const std::vector<std::pair<int, const char*>> defaults = {{16055, "0.02"}, {16056, "0.02"}, {16060, "1.4"},
+                                                             {16057, "0.01"}, {16058, "10"},   {16083, "0.35"},
+                                                             {16080, "0.35"}, {16081, "0.35"}, {16082, "0.35"}};
+  Run(dialog, Join({ReplaceDefaults(defaults), {DialogStep::Tick(16063), DialogStep::Click(16059), DialogStep::Ok()}}));
   const std::array<double, 9> found = {dialog.m_dDamping[0], dialog.m_dDamping[1], dialog.m_dTheta,
                                        dialog.m_dTimeStep,   dialog.m_dDuration,   dialog.m_dPeakOblique,
                                        dialog.m_dPeak[0],    dialog.m_dPeak[1],    dialog.m_dPeak[2]};
@@ -145,25 +139,13 @@ TEST_F(Dialogs, NewmarkFieldsAndDefaults) {
 TEST_F(Dialogs, NewmarkEnabling) {
   constexpr int c_nImpulse = 16094, c_nQuake = 16095, c_nGeneral = 16115;
   CNewmarkDlg dialog;
-  Run(dialog, {
-                  ExpectEnabled({c_nImpulse, 16059, 16114}, {16090, 16091, 16092, c_nGeneral, c_nQuake}),
-                  DialogStep::Tick(16063),
-                  ExpectEnabled({16090, 16091, 16092}, {}),
-                  DialogStep::Tick(16063, false),
-                  ExpectEnabled({}, {16090, 16091, 16092}),
-                  DialogStep::Tick(16114),
-                  ExpectEnabled({c_nGeneral}, {c_nImpulse, c_nQuake}),
-                  DialogStep::Tick(16114, false),
-                  ExpectEnabled({c_nImpulse}, {c_nGeneral, c_nQuake}),
-                  DialogStep::Choose(16053),
-                  ExpectEnabled({c_nQuake}, {c_nGeneral, c_nImpulse}),
-                  DialogStep::Tick(16114),
-                  ExpectEnabled({c_nQuake}, {c_nGeneral, c_nImpulse}),
-                  DialogStep::Choose(16052),
-                  ExpectEnabled({}, {c_nQuake, c_nGeneral, c_nImpulse}),
-                  DialogStep::Tick(16114, false),
-                  ExpectEnabled({c_nImpulse}, {c_nQuake, c_nGeneral}),
-              });
+  Run(dialog, {ExpectEnabled({c_nImpulse, 16059, 16114}, {16090, 16091, 16092, c_nGeneral, c_nQuake}),
+               DialogStep::Tick(16063), DialogStep::Tick(16114),
+               ExpectEnabled({c_nGeneral, 16090, 16091, 16092}, {c_nImpulse, c_nQuake}), DialogStep::Tick(16063, false),
+               DialogStep::Tick(16114, false), ExpectEnabled({c_nImpulse}, {c_nGeneral, c_nQuake, 16090, 16091, 16092}),
+               DialogStep::Choose(16053), ExpectEnabled({c_nQuake}, {c_nGeneral, c_nImpulse}), DialogStep::Tick(16114),
+               ExpectEnabled({c_nQuake}, {c_nGeneral, c_nImpulse}), DialogStep::Choose(16052),
+               ExpectEnabled({}, {c_nQuake, c_nGeneral, c_nImpulse})});
 }
 
 // ---- Load dialogs ----------------------------------------------------------------------------------------------
@@ -258,21 +240,15 @@ TEST_F(Dialogs, GeneralLoadHasItsDefaultsSwapped) {
 TEST_F(Dialogs, EarthquakeEnabling) {
   constexpr int c_nX = c_nIdPeakXLabel, c_nY = c_nIdPeakYLabel, c_nZ = c_nIdPeakZLabel, c_nO = c_nIdPeakObliqueLabel;
   CEarthquakeDlg dialog;
-  Run(dialog, {
-                  ExpectEnabled({16117, 16112, 16114, 16070, 16071, 16072},
-                                {16074, 16077, 16078, 16080, 16081, 16082, 16083, c_nX, c_nY, c_nZ, c_nO}),
-                  DialogStep::Tick(16071),
-                  ExpectEnabled({16081, c_nY}, {16080, 16082, 16083, c_nX, c_nZ, c_nO}),
-                  DialogStep::Tick(16070),
-                  DialogStep::Tick(16072),
-                  DialogStep::Tick(16071, false),
-                  ExpectEnabled({16080, 16082, c_nX, c_nZ}, {16081, c_nY}),
-                  DialogStep::Choose(16079),
-                  ExpectEnabled({16074, 16077, 16078, 16083, c_nO, 16117, 16112},
-                                {16070, 16071, 16072, 16080, 16081, 16082, c_nX, c_nY, c_nZ}),
-                  DialogStep::Choose(16075),
-                  ExpectEnabled({16070, 16071, 16072, 16080, 16082}, {16074, 16077, 16078, 16081, 16083, c_nO}),
-              });
+  Run(dialog, {ExpectEnabled({16117, 16112, 16114, 16070, 16071, 16072},
+                             {16074, 16077, 16078, 16080, 16081, 16082, 16083, c_nX, c_nY, c_nZ, c_nO}),
+               DialogStep::Tick(16071), ExpectEnabled({16081, c_nY}, {16080, 16082, 16083, c_nX, c_nZ, c_nO}),
+               DialogStep::Tick(16070), DialogStep::Tick(16072), DialogStep::Tick(16071, false),
+               ExpectEnabled({16080, 16082, c_nX, c_nZ}, {16081, c_nY}), DialogStep::Choose(16079),
+               ExpectEnabled({16074, 16077, 16078, 16083, c_nO, 16117, 16112},
+                             {16070, 16071, 16072, 16080, 16081, 16082, c_nX, c_nY, c_nZ}),
+               DialogStep::Choose(16075),
+               ExpectEnabled({16070, 16071, 16072, 16080, 16082}, {16074, 16077, 16078, 16081, 16083, c_nO})});
 }
 
 TEST_F(Dialogs, NewmarkTakesTheEarthquakeOver) {
