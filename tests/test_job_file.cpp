@@ -83,8 +83,7 @@ TEST(JobFile, ReadsEveryPart) {
   EXPECT_EQ(job.GetHighestCase(), 2);
   EXPECT_FALSE(job.HasConsecutiveIds());
   const auto& first = std::get<StaticJob>(job.analyses.at(0));
-  EXPECT_EQ(first.nCriterion, 3);
-  EXPECT_EQ(first.combination, (JobCombination{{0, 1.2}, {2, -1.0}}));
+  EXPECT_EQ(std::tuple(first.nCriterion, first.combination), std::tuple(3, JobCombination{{0, 1.2}, {2, -1.0}}));
   EXPECT_EQ(std::get<ModalJob>(job.analyses.at(1)).nRootCheck, 1);
   EXPECT_EQ(std::get<SpectrumJob>(job.analyses.at(2)).nIntensity, 3);
   EXPECT_EQ(std::get<WilsonJob>(job.analyses.at(3)).peaks, (JobPeaks{0.1, {}, {}, 0.2}));
@@ -290,9 +289,8 @@ TEST(Generators, CountsAndNumbering) {
     EXPECT_NEAR(std::hypot(node.dX, node.dY, node.dZ + R - 3.0), R, 1e-8) << "not on the sphere: " << node.nId;
   }
 
-  const Job arch = GenerateArch({});
-  EXPECT_EQ(arch.elements.size(), 2U);
-  EXPECT_EQ(arch.sections[0].dArea, 1000.0);
+  EXPECT_EQ(GenerateArch({}).elements.size(), 2U);
+  EXPECT_EQ(GenerateArch({}).sections[0].dArea, 1000.0);
   EXPECT_EQ(GenerateArch({.nSegments = 10}).nodes.size(), 11U);
 }
 
@@ -303,8 +301,7 @@ TEST(Generators, BuildingOfAGivenSizeIsSlender) {
     EXPECT_NEAR(nPlan * (parameters.nStoreys + 1), nNodes, 0.5 * nPlan + 0.1) << nNodes;
     EXPECT_GE(parameters.nStoreys, parameters.nBaysX) << nNodes;
   }
-  EXPECT_EQ(ChooseBuilding(5000).nBaysX, 9);
-  EXPECT_EQ(ChooseBuilding(5000).nStoreys, 49);
+  EXPECT_EQ(std::tuple(ChooseBuilding(5000).nBaysX, ChooseBuilding(5000).nStoreys), std::tuple(9, 49));
 }
 
 }  // namespace
