@@ -418,25 +418,21 @@ TEST_F(Dialogs, AHandlerThatThrowsLeavesNoViewBehind) {
 
 // ---- Painting --------------------------------------------------------------------------------------------------
 
-void DrawSample(IPaintContext& paint) {
-  paint.SetPen({255, 0, 0}, 2.0);
-  paint.SetBrush({0xF0, 0xF0, 0xF0});
-  paint.Rectangle(30.0, 40.0, -20.0, -10.0);
-  paint.Line(0.0, 0.0, 1.5, -0.001);
-  const std::array<PaintPoint, 3> points = {PaintPoint{0.0, 0.0}, PaintPoint{1.0, 2.0}, PaintPoint{3.0, 4.0}};
-  paint.Polyline(points);
-  paint.Polyline(std::span(points).first(1));
-  paint.SetTextHeight(10.0);
-  paint.Text(5.0, 6.0, "位移 <a> & \"b\"\x01\xFF", HorizontalAlign::Right, VerticalAlign::Baseline);
-  const double dNan = std::numeric_limits<double>::quiet_NaN();
-  paint.Line(0.0, dNan, 1.0, 1.0);
-  paint.Rectangle(0.0, 0.0, 1.0 / 0.0, 1.0);
-  paint.Text(dNan, 0.0, "x");
-}
-
 TEST(Paint, SvgIsTheExactDocument) {
   CSvgPaintContext svg(320, 200);
-  DrawSample(svg);
+  svg.SetPen({255, 0, 0}, 2.0);
+  svg.SetBrush({0xF0, 0xF0, 0xF0});
+  svg.Rectangle(30.0, 40.0, -20.0, -10.0);
+  svg.Line(0.0, 0.0, 1.5, -0.001);
+  const std::array<PaintPoint, 3> points = {PaintPoint{0.0, 0.0}, PaintPoint{1.0, 2.0}, PaintPoint{3.0, 4.0}};
+  svg.Polyline(points);
+  svg.Polyline(std::span(points).first(1));
+  svg.SetTextHeight(10.0);
+  svg.Text(5.0, 6.0, "位移 <a> & \"b\"\x01\xFF", HorizontalAlign::Right, VerticalAlign::Baseline);
+  const double dNan = std::numeric_limits<double>::quiet_NaN();
+  svg.Line(0.0, dNan, 1.0, 1.0);
+  svg.Rectangle(0.0, 0.0, 1.0 / 0.0, 1.0);
+  svg.Text(dNan, 0.0, "x");
   const std::string strDocument = svg.GetDocument();
   EXPECT_EQ(strDocument.substr(0, strDocument.find(" font-family")),
             "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<svg xmlns=\"http://www.w3.org/2000/svg\" version=\"1.1\" "

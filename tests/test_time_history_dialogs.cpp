@@ -119,8 +119,6 @@ TEST_F(Dialogs, WilsonFieldsAndDefaults) {
 TEST_F(Dialogs, NewmarkFieldsAndDefaults) {
   m_platform->AddScript(16002, {DialogStep::DoubleClick(16039, 0), DialogStep::Ok()});
   CNewmarkDlg dialog;
-  EXPECT_EQ(dialog.m_dTimeStep, 0.01);
-  EXPECT_EQ(dialog.m_dDuration, 5.0);
   dialog.m_loadComb.nLoadTypes = 2;
   Run(dialog,
       Join({{DialogStep::Tick(16063)},
