@@ -422,6 +422,8 @@ TEST_P(SkylineKernel, AgreesWithTheTextbookOnRandomProfiles) {
   // Long columns cross every tile.
   for (const int nNode : {1, 6})
     CompareWithTextbook(RandomSkyline({760, 700, nNode, true}, random), 757, GetParam(), random);
+  // Tall enough for the wider blocks.
+  CompareWithTextbook(RandomSkyline({1350, 1340, 6, false}, random), 1350, GetParam(), random);
 }
 
 TEST_P(SkylineKernel, TallColumnsAgreeWithPlainSums) {
