@@ -28,9 +28,9 @@ enum class VectorUnit { Best, Baseline, Bytes16, Bytes32, Bytes64 };
 [[nodiscard]] bool IsAvailable(VectorUnit unit);
 
 /// Replaces A(i, j), i < j, by L(i, j) and puts D into pivots (n values). The diagonal of values is
-/// read and left as it is. Blocks of columns are copied into a work space of about 150 column heights;
-/// throws std::bad_alloc before anything is changed when there is no room for it.
-/// Left-looking by blocks; source of the column scheme: Bathe (1996), section 8.2.
+/// read and left as it is. Blocks of columns are copied into a work space of about 150 column heights (240 of tall
+/// ones); throws std::bad_alloc before anything is changed when there is no room for it. Left-looking by blocks; source
+/// of the column scheme: Bathe (1996), section 8.2.
 void FactoriseLdlt(const Profile& profile, double* values, std::span<double> pivots,
                    VectorUnit unit = VectorUnit::Best);
 
