@@ -13,7 +13,7 @@
 #include "HostModel.h"
 #include "TestPlatform.h"
 #include "skyframe/connect/ModeConnect.h"
-#include "skyframe/dialogs/Resource.h"
+#include "skyframe/dialogs/Templates.h"
 
 // Whole analyses through the entry points, dialogs and files included: time and peak memory by size, up to
 // the capacity of the host records. Every analysis runs in a process of its own.

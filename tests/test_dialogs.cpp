@@ -12,7 +12,7 @@
 #include "skyframe/dialogs/LoadCombDlg.h"
 #include "skyframe/dialogs/ModeDlg.h"
 #include "skyframe/dialogs/NonlinStaticDlg.h"
-#include "skyframe/dialogs/Resource.h"
+#include "skyframe/dialogs/Templates.h"
 #include "skyframe/hostdata/HostData.h"
 
 namespace skyframe {

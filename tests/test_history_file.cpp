@@ -86,7 +86,7 @@ TEST_F(HistoryFile, WhatIsReadIsWrittenBackTheSame) {
   for (const int nSteps : {0, 7}) {
     history.Allocate(nSteps, 2, 1);
     std::mt19937 random(5);
-    for (CMatrix& values : history.values) {
+    for (CHistoryTable& values : history.values) {
       for (int i = 0; i < nSteps * values.GetCols(); ++i) {
         const double dSign = random() % 2 == 0 ? 1.0 : -1.0;
         values[i / values.GetCols()][i % values.GetCols()] =

@@ -5,8 +5,8 @@
 #include <vector>
 
 #include "DialogTesting.h"
-#include "skyframe/dialogs/Resource.h"
 #include "skyframe/dialogs/SpectrumDlg.h"
+#include "skyframe/dialogs/Templates.h"
 
 namespace skyframe {
 namespace {

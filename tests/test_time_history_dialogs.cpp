@@ -12,7 +12,7 @@
 #include "skyframe/dialogs/GeneralLoadDlg.h"
 #include "skyframe/dialogs/ImpulseLoadDlg.h"
 #include "skyframe/dialogs/NewmarkDlg.h"
-#include "skyframe/dialogs/Resource.h"
+#include "skyframe/dialogs/Templates.h"
 #include "skyframe/dialogs/WilsonDlg.h"
 
 namespace skyframe {

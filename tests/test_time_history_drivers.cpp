@@ -10,9 +10,9 @@
 #include "skyframe/connect/Histories.h"
 #include "skyframe/connect/ModeConnect.h"
 #include "skyframe/dialogs/HisResultDlg.h"
-#include "skyframe/dialogs/Resource.h"
-#include "skyframe/model/HistorySet.h"
+#include "skyframe/dialogs/Templates.h"
 #include "skyframe/model/NodeTable.h"
+#include "skyframe/values/HistorySet.h"
 
 namespace skyframe::test {
 namespace {

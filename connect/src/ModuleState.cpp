@@ -6,7 +6,7 @@ namespace skyframe {
 
 std::string g_strJobPath;
 HistorySet g_history;
-std::array<CMatrix, c_nHistoryQuantities>& g_matHistory = g_history.values;
+std::array<CHistoryTable, c_nHistoryQuantities>& g_matHistory = g_history.values;
 int g_nHistorySteps = 0;
 int g_nHistoryPoints = 0;
 KeptModels g_keptModels;

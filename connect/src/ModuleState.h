@@ -17,7 +17,7 @@ extern std::string g_strJobPath;
 /// Histories of the last complete time-history run, or of the file read for the viewer.
 extern HistorySet g_history;
 /// Its matrices: X, Y, Z displacement (m, steps x nodes) and axial force (N, steps x elements).
-extern std::array<CMatrix, c_nHistoryQuantities>& g_matHistory;
+extern std::array<CHistoryTable, c_nHistoryQuantities>& g_matHistory;
 extern int g_nHistorySteps;
 extern int g_nHistoryPoints;  ///< nodes
 

@@ -1,6 +1,6 @@
 #include "skyframe/dialogs/DynOptionDlg.h"
 
-#include "skyframe/dialogs/Resource.h"
+#include "skyframe/dialogs/Templates.h"
 #include "skyframe/hostdata/HostData.h"
 
 namespace skyframe {

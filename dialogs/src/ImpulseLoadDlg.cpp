@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <string_view>
 
-#include "skyframe/dialogs/Resource.h"
+#include "skyframe/dialogs/Templates.h"
 #include "skyframe/platform/NumberText.h"
 #include "texts.h"
 

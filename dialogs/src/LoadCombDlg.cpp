@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <functional>
 
-#include "skyframe/dialogs/Resource.h"
+#include "skyframe/dialogs/Templates.h"
 #include "skyframe/platform/NumberText.h"
 #include "texts.h"
 
@@ -40,7 +40,7 @@ void CLoadCombDlg::DoDataExchange(CDataExchange& exchange) { exchange.Text(c_nId
 
 bool CLoadCombDlg::OnInitDialog() {
   CDialog::OnInitDialog();
-  if (m_loadComb.nLoadTypes > c_nMaxLoadCases) {
+  if (m_loadComb.nLoadTypes > c_nLoadTypes) {
     GetPlatform().ShowMessage(texts::c_strTooManyLoadTypes);
     return false;
   }
@@ -49,7 +49,7 @@ bool CLoadCombDlg::OnInitDialog() {
 }
 
 void CLoadCombDlg::FillLists() {
-  for (int nType = 0; nType < c_nMaxLoadCases; ++nType) m_names[static_cast<size_t>(nType)] = GetLoadName(nType);
+  for (int nType = 0; nType < c_nLoadTypes; ++nType) m_names[static_cast<size_t>(nType)] = GetLoadName(nType);
   for (int nType = m_loadComb.nLoadTypes - 1; nType >= 0; --nType) {
     View().InsertItem(c_nIdAvailable, 0, m_names[static_cast<size_t>(nType)]);
   }
@@ -58,7 +58,7 @@ void CLoadCombDlg::FillLists() {
   m_typeOfRow.fill(-1);
   m_nRows = static_cast<int>(std::count_if(m_loadComb.flags.begin(), m_loadComb.flags.end(), std::identity{}));
   int nRow = m_nRows;
-  for (int nType = c_nMaxLoadCases - 1; nType >= 0; --nType) {
+  for (int nType = c_nLoadTypes - 1; nType >= 0; --nType) {
     if (m_loadComb.flags[static_cast<size_t>(nType)] == 0) continue;
     View().InsertItem(c_nIdCombined, 0, GetRowText(nType));
     m_typeOfRow[static_cast<size_t>(--nRow)] = nType;
@@ -75,7 +75,7 @@ void CLoadCombDlg::OnSelectAvailable() {
 
 void CLoadCombDlg::OnSelectCombined() {
   const std::string strRow = GetCurrentText(c_nIdCombined);
-  for (int nType = 0; nType < c_nMaxLoadCases; ++nType) {
+  for (int nType = 0; nType < c_nLoadTypes; ++nType) {
     if (GetRowText(nType) != strRow) continue;
     bool& bSelected = m_bCombinedSelected[static_cast<size_t>(nType)];
     bSelected = !bSelected;
@@ -84,7 +84,7 @@ void CLoadCombDlg::OnSelectCombined() {
 }
 
 void CLoadCombDlg::OnAdd() {
-  for (int nType = 0; nType < c_nMaxLoadCases; ++nType) {
+  for (int nType = 0; nType < c_nLoadTypes; ++nType) {
     const auto nIndex = static_cast<size_t>(nType);
     if (!m_bAvailableSelected[nIndex] || m_loadComb.flags[nIndex] != 0) continue;
     m_loadComb.factors[nIndex] = m_dFactor;

@@ -4,7 +4,7 @@
 #include <utility>
 
 #include "skyframe/dialogs/GeneralLoadDlg.h"
-#include "skyframe/dialogs/Resource.h"
+#include "skyframe/dialogs/Templates.h"
 #include "texts.h"
 
 namespace skyframe {

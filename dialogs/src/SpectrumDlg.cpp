@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <iterator>
 
-#include "skyframe/dialogs/Resource.h"
+#include "skyframe/dialogs/Templates.h"
 
 namespace skyframe {
 

@@ -1,7 +1,7 @@
 #include <array>
 
 #include "skyframe/dialogs/HisResultDlg.h"
-#include "skyframe/dialogs/Resource.h"
+#include "skyframe/dialogs/Templates.h"
 
 namespace skyframe {
 

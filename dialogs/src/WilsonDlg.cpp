@@ -1,6 +1,6 @@
 #include "skyframe/dialogs/WilsonDlg.h"
 
-#include "skyframe/dialogs/Resource.h"
+#include "skyframe/dialogs/Templates.h"
 
 namespace skyframe {
 

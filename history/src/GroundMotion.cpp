@@ -5,6 +5,7 @@
 #include <locale>
 
 #include "skyframe/platform/Platform.h"
+#include "skyframe/values/ResultFiles.h"
 #include "texts.h"
 
 namespace skyframe {
@@ -48,7 +49,7 @@ bool CGroundMotion::Read(const QuakeSettings& settings, const std::string& strPr
   if (nRecord == c_nNoDirection) return true;
   const auto nText = static_cast<std::size_t>(nRecord);
   const std::string strPath =
-      settings.bFromFile ? strPrefix + std::string(texts::c_strRecordSuffixes[nText]) : settings.strStandardRecord;
+      settings.bFromFile ? strPrefix + std::string(suffix::c_strAcceleration[nText]) : settings.strStandardRecord;
   const double dPeak = nRecord == c_nOblique ? settings.dObliquePeak : settings.peaks[nText];
   std::optional<std::vector<double>> record = ReadAccelerationRecord(strPath, dPeak);
   if (!record) {

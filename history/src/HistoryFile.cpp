@@ -3,6 +3,7 @@
 #include <span>
 
 #include "skyframe/platform/TextWriter.h"
+#include "skyframe/values/ResultFiles.h"
 #include "texts.h"
 
 namespace skyframe {
@@ -27,11 +28,11 @@ void WriteHeader(CTextWriter& out, const HistorySet& history, std::string_view s
 }
 
 void WriteBlock(CTextWriter& out, std::string_view strLabel, int nIndex, int nSteps,
-                std::span<const CMatrix> quantities) {
+                std::span<const CHistoryTable> quantities) {
   out.Text(strLabel).Integer(nIndex + 1, c_nNumberWidth, Align::Right).EndLine();
   for (int k = 0; k < nSteps; ++k) {
     out.Text(texts::c_strTimeLabel).Integer(k + 1, c_nNumberWidth, Align::Right);
-    for (const CMatrix& values : quantities) out.General(values[k][nIndex], c_nValueWidth, Align::Right);
+    for (const CHistoryTable& values : quantities) out.General(values[k][nIndex], c_nValueWidth, Align::Right);
     out.EndLine();
   }
 }
@@ -43,7 +44,7 @@ bool WriteHistory(const HistorySet& history, const std::string& strPath) {
   if (!file.IsOpen()) return false;
   CTextWriter& out = file.GetWriter();
   WriteHeader(out, history, texts::c_strIncrement);
-  const std::span<const CMatrix> values = history.values;
+  const std::span<const CHistoryTable> values = history.values;
   for (int i = 0; i < history.GetNodeCount(); ++i) {
     WriteBlock(out, texts::c_strNodeLabel, i, history.nSteps, values.first(c_nHistoryForce));
   }
@@ -55,7 +56,7 @@ bool WriteHistory(const HistorySet& history, const std::string& strPath) {
 
 bool WriteCurve(const HistorySet& history, const HistoryCurve& curve, const std::string& strPrefix) {
   const bool bElement = curve.nQuantity == c_nHistoryForce;
-  const std::string_view strSuffix = bElement ? texts::c_strElementFile : texts::c_strNodeFile;
+  const std::string_view strSuffix = bElement ? suffix::c_strElementHistory : suffix::c_strNodeHistory;
   CResultFile file(strPrefix + "_" + std::to_string(curve.nNumber) + std::string(strSuffix));
   if (!file.IsOpen()) return false;
   CTextWriter& out = file.GetWriter();

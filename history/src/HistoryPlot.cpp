@@ -30,7 +30,7 @@ double GetUnitFactor(int nQuantity) { return nQuantity == c_nHistoryForce ? 1.0e
 
 /// The history in the viewer's units; values that are not finite are 0.
 std::vector<double> GetValues(const HistorySet& history, const HistoryCurve& curve) {
-  const CMatrix& matrix = history.values[static_cast<std::size_t>(curve.nQuantity)];
+  const CHistoryTable& matrix = history.values[static_cast<std::size_t>(curve.nQuantity)];
   const double dFactor = GetUnitFactor(curve.nQuantity);
   std::vector<double> values;
   for (int k = 0; k < history.nSteps; ++k) {

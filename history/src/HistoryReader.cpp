@@ -6,6 +6,7 @@
 #include "skyframe/history/HistoryFile.h"
 #include "skyframe/hostdata/HostData.h"
 #include "skyframe/platform/Platform.h"
+#include "skyframe/values/ResultFiles.h"
 #include "texts.h"
 
 namespace skyframe {
@@ -104,12 +105,12 @@ double GetSmallestLength(int nSteps, int nNodes, int nElements) {
 }
 
 /// Column nIndex of every quantity.
-void ReadBlock(CWordReader& words, int nIndex, int nSteps, std::span<CMatrix> quantities) {
+void ReadBlock(CWordReader& words, int nIndex, int nSteps, std::span<CHistoryTable> quantities) {
   words.Skip(2);
   words.Expect(words.Number<int>() == nIndex + 1);
   for (int k = 0; k < nSteps && !words.HasFailed(); ++k) {
     words.Expect(words.TimePoint() == k + 1);
-    for (CMatrix& values : quantities) values[k][nIndex] = words.Number<double>();
+    for (CHistoryTable& values : quantities) values[k][nIndex] = words.Number<double>();
   }
 }
 
@@ -123,7 +124,7 @@ std::optional<HistorySet> ParseHistory(std::string_view strText, int nNodes, int
   if (words.HasFailed()) return std::nullopt;
 
   history.Allocate(history.nSteps, nNodes, nElements);
-  const std::span<CMatrix> values = history.values;
+  const std::span<CHistoryTable> values = history.values;
   for (int i = 0; i < nNodes; ++i) ReadBlock(words, i, history.nSteps, values.first(c_nHistoryForce));
   for (int j = 0; j < nElements; ++j) ReadBlock(words, j, history.nSteps, values.subspan(c_nHistoryForce));
   if (words.HasFailed()) return std::nullopt;
@@ -133,7 +134,7 @@ std::optional<HistorySet> ParseHistory(std::string_view strText, int nNodes, int
 
 bool ReadHistoryFile(HistorySet& history) {
   const CWaitCursorScope waitCursor;
-  const auto pStream = GetPlatform().OpenForReading(g_FilePathName + std::string(texts::c_strHistorySuffix));
+  const auto pStream = GetPlatform().OpenForReading(g_FilePathName + std::string(suffix::c_strHistory));
   if (!pStream) {
     GetPlatform().ShowMessage(texts::c_strNoHistory);
     return false;

@@ -9,6 +9,7 @@
 
 #include "skyframe/platform/NumberText.h"
 #include "skyframe/platform/TextWriter.h"
+#include "skyframe/values/ResultFiles.h"
 #include "texts.h"
 
 namespace skyframe {
@@ -111,7 +112,7 @@ std::string ComposeImpulseScript(std::span<const ImpulseEntry> entries, int nSha
 }
 
 bool SaveImpulseScript(const std::string& strPrefix, std::string_view strText) {
-  CResultFile file(strPrefix + std::string(texts::c_strLoadEchoSuffix));
+  CResultFile file(strPrefix + std::string(suffix::c_strImpulseEcho));
   if (file.IsOpen()) file.GetWriter().Text(strText);
   return file.Commit();
 }

@@ -4,6 +4,7 @@
 #include "skyframe/history/HistoryFile.h"
 #include "skyframe/hostdata/HostData.h"
 #include "skyframe/platform/Platform.h"
+#include "skyframe/values/ResultFiles.h"
 #include "texts.h"
 
 // The time-history operations of the analysis model.
@@ -33,7 +34,7 @@ void CAnalysisModel::NewmarkIntegration(const std::string& strPrefix, int nAssum
 }
 
 void CAnalysisModel::ReadLoadLog(const std::string& strPrefix) {
-  const auto pStream = GetPlatform().OpenForReading(strPrefix + std::string(texts::c_strLoadLogSuffix));
+  const auto pStream = GetPlatform().OpenForReading(strPrefix + std::string(suffix::c_strImpulseLoad));
   if (!pStream) {
     GetPlatform().GetConsole() << texts::c_strNoLoadLog;
     return;
@@ -42,7 +43,7 @@ void CAnalysisModel::ReadLoadLog(const std::string& strPrefix) {
 }
 
 bool CAnalysisModel::WriteHistoryFile() const {
-  if (WriteHistory(m_history, g_FilePathName + std::string(texts::c_strHistorySuffix))) return true;
+  if (WriteHistory(m_history, g_FilePathName + std::string(suffix::c_strHistory))) return true;
   GetPlatform().ShowMessage(texts::c_strHistoryNotWritten);
   return false;
 }

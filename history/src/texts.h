@@ -10,13 +10,10 @@ namespace skyframe::texts {
 inline constexpr std::string_view c_strImpulseTag = "/IMPULSELOAD/";
 inline constexpr std::string_view c_strEndTag = "/END/";
 inline constexpr std::string_view c_strTagNotFound = "Can not find the data: ";
-inline constexpr std::string_view c_strLoadLogSuffix = "impulseload.log";
-inline constexpr std::string_view c_strLoadEchoSuffix = "_Loadinputtest.txt";
 inline constexpr std::string_view c_strNoLoadLog = "Couldn't open log file! \n";
 inline constexpr std::string_view c_strBadScript = "冲击荷载数据文件读入有误";
 
 // Ground motion, by direction X, Y, Z, oblique.
-inline constexpr std::string_view c_strRecordSuffixes[] = {"_Xacc.txt", "_Yacc.txt", "_Zacc.txt", "_Tacc.txt"};
 inline constexpr std::string_view c_strBadRecords[] = {"X方向加速度数据文件读入有误", "Y方向加速度数据文件读入有误",
                                                        "Z方向加速度数据文件读入有误", "斜方向加速度数据文件读入有误"};
 
@@ -26,7 +23,6 @@ inline constexpr std::string_view c_strHistoryTooLarge = "时程结果所需内�
 inline constexpr std::string_view c_strIntegration = "时程积分";
 
 // History files.
-inline constexpr std::string_view c_strHistorySuffix = "_HisTime.txt";
 inline constexpr std::string_view c_strNoHistory = "没有进行时程分析。";
 inline constexpr std::string_view c_strHistoryNotWritten = "时程结果文件无法写入!";
 inline constexpr std::string_view c_strNodeTotal = "Total node number:  ";
@@ -45,7 +41,5 @@ inline constexpr std::string_view c_strTimeLabel = "Time.";
 inline constexpr std::string_view c_strTimePoint = "TimePoint:";
 inline constexpr std::string_view c_strQuantityLines[] = {
     "X-direction Disp(m): ", "Y-direction Disp(m): ", "Z-direction Disp(m): ", "Element internal force(N): "};
-inline constexpr std::string_view c_strNodeFile = "_node.txt";
-inline constexpr std::string_view c_strElementFile = "_elem.txt";
 
 }  // namespace skyframe::texts

@@ -7,7 +7,7 @@
 namespace skyframe::host {
 
 HistoryPeak FindPeak(const HistorySet& history, int nQuantity) {
-  const CMatrix& values = history.values[static_cast<std::size_t>(nQuantity)];
+  const CHistoryTable& values = history.values[static_cast<std::size_t>(nQuantity)];
   HistoryPeak peak;
   for (int k = 0; k < history.nSteps; ++k) {
     for (int i = 0; i < values.GetCols(); ++i) {

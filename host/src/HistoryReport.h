@@ -3,7 +3,7 @@
 #include <ostream>
 
 #include "skyframe/host/Job.h"
-#include "skyframe/model/HistorySet.h"
+#include "skyframe/values/HistorySet.h"
 
 namespace skyframe::host {
 

@@ -188,7 +188,7 @@ class CJobParser {
   void ReadLoads() {
     ForEach("loads", Need::Optional, c_nMaxLoads, [this](CJobObject& object) {
       JobLoad load;
-      const std::optional<int> nCase = object.Integer("case", Need::Required, 0, c_nMaxLoadCases - 1);
+      const std::optional<int> nCase = object.Integer("case", Need::Required, 0, c_nLoadTypes - 1);
       m_bCasesKnown = m_bCasesKnown && nCase;
       load.nCase = nCase.value_or(0);
       load.nNode = ReadNode(object, "node");
@@ -212,7 +212,7 @@ class CJobParser {
   }
 
   void ReadAnalyses() {
-    const AnalysisContext context{m_bCasesKnown ? m_job.GetHighestCase() : c_nMaxLoadCases - 1, m_numberOfId};
+    const AnalysisContext context{m_bCasesKnown ? m_job.GetHighestCase() : c_nLoadTypes - 1, m_numberOfId};
     ForEach("analyses", Need::Optional, std::numeric_limits<std::size_t>::max(), [this, &context](CJobObject& object) {
       if (auto analysis = ReadAnalysis(object, context)) m_job.analyses.push_back(*std::move(analysis));
     });

@@ -242,7 +242,7 @@ class CPlotter {
     picture.strSubtitle =
         Format("%s %d: time history, ", bElement ? "Element" : "Node", request.nNumber) + DescribeRun(history);
     picture.dTimeStep = history.dTimeStep;
-    const CMatrix& values = history.values[static_cast<std::size_t>(curve.nQuantity)];
+    const CHistoryTable& values = history.values[static_cast<std::size_t>(curve.nQuantity)];
     for (int k = 0; k < history.nSteps; ++k) {
       picture.values.push_back(values[k][curve.nNumber - 1] * (bElement ? 1.0e-3 : 1.0e3));
     }

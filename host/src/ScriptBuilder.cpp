@@ -1,7 +1,7 @@
 #include "ScriptBuilder.h"
 
 #include "JobReader.h"
-#include "skyframe/dialogs/Resource.h"
+#include "skyframe/values/DialogIds.h"
 
 namespace skyframe::host {
 

@@ -1,7 +1,7 @@
 #include "skyframe/host/Scripts.h"
 
 #include "ScriptBuilder.h"
-#include "skyframe/dialogs/Resource.h"
+#include "skyframe/values/DialogIds.h"
 
 namespace skyframe::host {
 

@@ -1,6 +1,6 @@
 #include "ScriptBuilder.h"
-#include "skyframe/dialogs/Resource.h"
 #include "skyframe/host/Scripts.h"
+#include "skyframe/values/DialogIds.h"
 
 namespace skyframe::host {
 

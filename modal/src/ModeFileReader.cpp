@@ -5,6 +5,7 @@
 #include "TokenReader.h"
 #include "skyframe/model/AnalysisModel.h"
 #include "skyframe/platform/Platform.h"
+#include "skyframe/values/ResultFiles.h"
 #include "texts.h"
 
 namespace skyframe {
@@ -95,7 +96,7 @@ CMatrix FormMatrix(const std::vector<std::vector<double>>& columns, int nRows, i
 
 bool CAnalysisModel::ReadModeFile(const std::string& strJobPath) {
   const std::unique_ptr<std::istream> pStream =
-      GetPlatform().OpenForReading(FormResultPath(strJobPath, c_strModeSuffix));
+      GetPlatform().OpenForReading(FormResultPath(strJobPath, suffix::c_strModes));
   if (!pStream) return Fail(c_strModeFileAccess);
   CTokenReader reader(*pStream);
   if (!ReadHead(reader, *this)) return false;
@@ -120,7 +121,7 @@ bool CAnalysisModel::ReadModeFile(const std::string& strJobPath) {
 
 bool CAnalysisModel::ReadModeFrequencies(const std::string& strJobPath) {
   const std::unique_ptr<std::istream> pStream =
-      GetPlatform().OpenForReading(FormResultPath(strJobPath, c_strModeSuffix));
+      GetPlatform().OpenForReading(FormResultPath(strJobPath, suffix::c_strModes));
   if (!pStream) return Fail(c_strModeFileAccess);
   CTokenReader reader(*pStream);
   if (!ReadHead(reader, *this)) return false;

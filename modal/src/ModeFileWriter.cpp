@@ -1,6 +1,7 @@
 #include "ResultHeader.h"
 #include "skyframe/hostdata/HostData.h"
 #include "skyframe/modal/ModeFile.h"
+#include "skyframe/values/ResultFiles.h"
 #include "texts.h"
 
 namespace skyframe {
@@ -43,7 +44,7 @@ void WriteShape(CTextWriter& out, const CAnalysisModel& model, int nMode) {
 }  // namespace
 
 bool WriteModeFile(const CAnalysisModel& model, const std::string& strJobPath) {
-  CResultFile file(FormResultPath(strJobPath, c_strModeSuffix));
+  CResultFile file(FormResultPath(strJobPath, suffix::c_strModes));
   if (!file.IsOpen()) return false;
   CTextWriter& out = file.GetWriter();
   WriteResultHeader(out, c_strModeHeader, model);

@@ -4,6 +4,7 @@
 
 #include "ResultHeader.h"
 #include "skyframe/modal/ModeFile.h"
+#include "skyframe/values/ResultFiles.h"
 #include "texts.h"
 
 namespace skyframe {
@@ -121,14 +122,14 @@ bool WriteFile(const std::string& strJobPath, std::string_view strSuffix, WriteC
 bool WriteSpectrumFiles(const CAnalysisModel& model, const SpectrumModes& modes, const SpectrumResult& result,
                         const std::string& strJobPath) {
   if (modes.bVirtual) {
-    if (!WriteFile(strJobPath, c_strVirtualModeSuffix,
+    if (!WriteFile(strJobPath, suffix::c_strVirtualMode,
                    [&](CTextWriter& out) { WriteVirtualMode(out, model, modes); }) ||
-        !WriteFile(strJobPath, c_strVirtualResponseSuffix,
+        !WriteFile(strJobPath, suffix::c_strVirtualResponse,
                    [&](CTextWriter& out) { WriteVirtualResponse(out, modes); })) {
       return false;
     }
   }
-  return WriteFile(strJobPath, c_strSpectrumSuffix,
+  return WriteFile(strJobPath, suffix::c_strSpectrum,
                    [&](CTextWriter& out) { WriteSpectrum(out, model, modes, result); });
 }
 

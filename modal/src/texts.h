@@ -16,7 +16,6 @@ inline constexpr std::string_view c_strNoConvergedModes = "达到迭代要求次
 inline constexpr std::string_view c_strModalProgress = "模态分析";
 
 // Mode file.
-inline constexpr std::string_view c_strModeSuffix = ".mode";
 inline constexpr std::string_view c_strModeHeader = "The_Data_of_Zan's_Mode_Analysis";
 inline constexpr std::string_view c_strFileVersion = "v1.0";
 inline constexpr std::string_view c_strFrequencyMark = "Eigen_And_Freq:";
@@ -43,9 +42,6 @@ inline constexpr std::string_view c_strBadExpanded = "请正确输入扩展模�
 inline constexpr std::string_view c_strNoModes = "模态、频率未求解，计算终止!";
 inline constexpr std::string_view c_strBadPseudoLoad = "错误:虚拟地震静力序号";
 inline constexpr std::string_view c_strSpectrumFileAccess = "反应谱结果文件无法写入,计算终止!";
-inline constexpr std::string_view c_strSpectrumSuffix = ".spec";
-inline constexpr std::string_view c_strVirtualModeSuffix = "_VirtMode.spec";
-inline constexpr std::string_view c_strVirtualResponseSuffix = "VIRTRESP.log";
 inline constexpr std::string_view c_strSpectrumHeader = "The_Data_of_Zan's_Spectrum_Analysis";
 inline constexpr std::string_view c_strModeMasses = "各阶振型参与质量:";
 inline constexpr std::string_view c_strComputedMass = "总计算参与质量:";

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "skyframe/hostdata/HostData.h"
 #include "skyframe/platform/Platform.h"
 #include "texts.h"
 
@@ -13,6 +14,9 @@ constexpr int c_nReactionDecimals = 3;
 constexpr int c_nReactionWidth = 15;
 
 constexpr double c_dDisplacementLimit = 1.0e10;  // m, rad
+
+/// The host's own number, 1-based, of a node index.
+int GetHostNumber(int nNode) { return COMDAT.m_pFirstOrder == nullptr ? nNode + 1 : COMDAT.m_pFirstOrder[nNode + 1]; }
 
 }  // namespace
 
@@ -112,6 +116,32 @@ bool CAnalysisModel::IsWithinLimit(std::span<const double> v) const {
   strMessage.append(std::to_string(nNode + 1)).append(c_strRunawayParts[1]);
   GetPlatform().ShowMessage(strMessage.append(strDof).append(c_strRunawayParts[2]));
   return false;
+}
+
+DofPlace CAnalysisModel::FindDofPlace(int nEquation) const {
+  for (const int nNode : m_nodes.GetListedNodes()) {
+    for (int nDirection = 0; nDirection < c_nDofsPerNode; ++nDirection) {
+      if (m_nodes.FindDof(nNode, nDirection) == nEquation) return {GetHostNumber(nNode), nDirection};
+    }
+  }
+  return {};
+}
+
+Conditioning CAnalysisModel::DescribeConditioning(const SparseMatrix& A) const {
+  const LostDigits lost = A.GetLostDigits();
+  if (lost.nEquation < 0) return {};
+  return {lost.dDigits, FindDofPlace(lost.nEquation)};
+}
+
+std::vector<NodeValues> CAnalysisModel::GatherNodeValues(std::span<const double> u) const {
+  std::vector<NodeValues> values(static_cast<std::size_t>(m_nodes.GetNodeCount()));
+  for (const int nNode : m_nodes.GetListedNodes()) {
+    NodeValues& value = values[static_cast<std::size_t>(GetHostNumber(nNode) - 1)];
+    for (int nDirection = 0; nDirection < c_nDofsPerNode; ++nDirection) {
+      value[static_cast<std::size_t>(nDirection)] = m_nodes.GetValue(u, nNode, nDirection);
+    }
+  }
+  return values;
 }
 
 void CAnalysisModel::WriteReactions(CTextWriter& out) const {

@@ -339,12 +339,26 @@ bool SparseMatrix::SolveKeepDiagonal(int n, std::span<double> d, std::span<doubl
 bool SparseMatrix::Factorise(int n, std::span<double> pivots) {
   for (int i = 0; i < n; ++i) pivots[Index(i)] = Column(i)[i];
   if (!RunWithMemory([&] { skyline::FactoriseLdlt(GetProfile(n), m_values.get(), pivots); })) return false;
+  m_lostDigits = MeasureLostDigits(pivots.first(Index(n)));
   if (!std::ranges::all_of(pivots.first(Index(n)), IsAcceptedPivot)) {
     GetPlatform().ShowMessage(text::c_strUnstable);
     return false;
   }
   m_bFactorised = true;
   return true;
+}
+
+/// The diagonal still holds A_ii, pivots hold D_ii.
+LostDigits SparseMatrix::MeasureLostDigits(std::span<const double> pivots) const {
+  double dLargest = -1.0;
+  int nEquation = -1;
+  for (int i = 0; i < static_cast<int>(pivots.size()); ++i) {
+    const double dRatio = std::abs(Column(i)[i] / pivots[Index(i)]);
+    if (dRatio <= dLargest) continue;
+    nEquation = i;
+    dLargest = std::isnan(dRatio) ? std::numeric_limits<double>::infinity() : dRatio;
+  }
+  return {nEquation < 0 ? 0.0 : std::log10(dLargest), nEquation};
 }
 
 std::size_t SparseMatrix::GetCount() const { return m_diag.empty() ? 0 : Index(m_diag.back()) + 1; }

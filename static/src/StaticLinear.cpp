@@ -3,6 +3,7 @@
 #include "StaticResult.h"
 #include "skyframe/model/AnalysisModel.h"
 #include "skyframe/platform/Platform.h"
+#include "skyframe/values/ResultFiles.h"
 #include "texts.h"
 
 namespace skyframe {
@@ -11,7 +12,7 @@ void CAnalysisModel::SolveStaticLinear(const std::string& strJobPath) {
   if (!m_bValid) return;
   // Deliberate: opened before anything else, so an unstable structure leaves an empty file.
   const std::unique_ptr<std::ostream> pStream =
-      GetPlatform().OpenForWriting(strJobPath + std::string(c_strLinearSuffix));
+      GetPlatform().OpenForWriting(strJobPath + std::string(suffix::c_strStaticLinear));
   if (!pStream) return GetPlatform().ShowMessage(c_strFileNotWritten);
 
   AssembleCombinedLoad();

@@ -5,6 +5,7 @@
 #include "StaticResult.h"
 #include "skyframe/model/AnalysisModel.h"
 #include "skyframe/platform/Platform.h"
+#include "skyframe/values/ResultFiles.h"
 #include "texts.h"
 
 namespace skyframe {
@@ -26,7 +27,7 @@ void CAnalysisModel::SolveStaticNonlinear(const std::string& strJobPath) {
   if (!IterateToEquilibrium()) return;
 
   GetPlatform().BeginWaitCursor();
-  CResultFile file(strJobPath + std::string(c_strNonlinearSuffix));
+  CResultFile file(strJobPath + std::string(suffix::c_strStaticNonlinear));
   if (file.IsOpen()) WriteStaticResult(file.GetWriter(), c_strNonlinearHeading, *this);
   if (!file.Commit()) GetPlatform().ShowMessage(c_strFileNotWritten);
   GetPlatform().EndWaitCursor();

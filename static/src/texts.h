@@ -6,8 +6,6 @@
 
 namespace skyframe {
 
-inline constexpr std::string_view c_strLinearSuffix = "_StaticLinearSol.txt";
-inline constexpr std::string_view c_strNonlinearSuffix = "_StaticNonlinearSol.txt";
 inline constexpr std::string_view c_strLinearHeading = "Linear Solution Output: ";
 inline constexpr std::string_view c_strNonlinearHeading = "Nonlinear Solution Output: ";
 inline constexpr std::string_view c_strMemberForces = "Member forces: ";

@@ -14,14 +14,14 @@
 #include "skyframe/dialogs/ModeDlg.h"
 #include "skyframe/dialogs/NewmarkDlg.h"
 #include "skyframe/dialogs/NonlinStaticDlg.h"
-#include "skyframe/dialogs/Resource.h"
 #include "skyframe/dialogs/SpectrumDlg.h"
+#include "skyframe/dialogs/Templates.h"
 #include "skyframe/dialogs/WilsonDlg.h"
 #include "skyframe/platform/PaintContext.h"
 
 namespace skyframe::test {
 
-inline constexpr int c_nLoadTypes = 4;
+inline constexpr int c_nOfferedTypes = 4;
 
 /// One of the module's dialogs, with load types on offer where it has a load combination.
 struct DialogCase {
@@ -32,7 +32,7 @@ struct DialogCase {
 template <class Dialog>
 std::unique_ptr<CDialog> MakeDialog() {
   auto pDialog = std::make_unique<Dialog>();
-  if constexpr (requires { pDialog->m_loadComb; }) pDialog->m_loadComb.nLoadTypes = c_nLoadTypes;
+  if constexpr (requires { pDialog->m_loadComb; }) pDialog->m_loadComb.nLoadTypes = c_nOfferedTypes;
   return pDialog;
 }
 

@@ -13,7 +13,7 @@
 #include "MainWindow.h"
 #include "QtPerson.h"
 #include "skyframe/dialogs/HisResultDlg.h"
-#include "skyframe/dialogs/Resource.h"
+#include "skyframe/dialogs/Templates.h"
 #include "skyframe/qt/Font.h"
 
 namespace skyframe::test {

@@ -234,7 +234,7 @@ TEST(LoadCombinationWindow, RowsMoveAsInTheScriptedView) {
   RunBoth(MakeDialog<CLoadCombDlg>, {{c_nIdLoadCombDlg, steps}});
 
   CLoadCombDlg dialog;
-  dialog.m_loadComb.nLoadTypes = c_nLoadTypes;
+  dialog.m_loadComb.nLoadTypes = c_nOfferedTypes;
   RunByHand(dialog, {{c_nIdLoadCombDlg, steps}});
   const auto& flags = dialog.m_loadComb.flags;
   EXPECT_EQ(std::vector<int>(flags.begin(), flags.begin() + 4), (std::vector<int>{1, 1, 0, 0}));
@@ -244,7 +244,7 @@ TEST(LoadCombinationWindow, RowsMoveAsInTheScriptedView) {
 
 TEST(LoadCombinationWindow, DraggingMarksNothing) {
   CLoadCombDlg dialog;
-  dialog.m_loadComb.nLoadTypes = c_nLoadTypes;
+  dialog.m_loadComb.nLoadTypes = c_nOfferedTypes;
   CDialogWindow window(dialog);
   window.OpenDialog();
   window.show();
@@ -253,7 +253,7 @@ TEST(LoadCombinationWindow, DraggingMarksNothing) {
   QTest::mousePress(pArea, Qt::LeftButton, Qt::NoModifier, {10, 5});
   for (int nY = 5; nY < 70; nY += 5) QTest::mouseMove(pArea, {10, nY});
   QTest::mouseRelease(pArea, Qt::LeftButton, Qt::NoModifier, {10, 69});
-  for (int nRow = 0; nRow < c_nLoadTypes; ++nRow) EXPECT_EQ(window.IsSelected(c_nIdAvailable, nRow), nRow == 0);
+  for (int nRow = 0; nRow < c_nOfferedTypes; ++nRow) EXPECT_EQ(window.IsSelected(c_nIdAvailable, nRow), nRow == 0);
 }
 
 TEST(LoadCombinationWindow, UnfinishedNumberGetsItsMessageWhileTyping) {
@@ -276,7 +276,7 @@ TEST(NestedWindows, CombinationBehindTheModeDialog) {
     const Scripts scripts = {{c_nIdModeDlg, outer}, {c_nIdLoadCombDlg, inner}};
     RunBoth(MakeDialog<CModeDlg>, scripts);
     CModeDlg dialog;
-    dialog.m_loadComb.nLoadTypes = c_nLoadTypes;
+    dialog.m_loadComb.nLoadTypes = c_nOfferedTypes;
     CQtPerson person;
     for (const auto& [nDialogId, steps] : scripts) person.AddScript(nDialogId, steps);
     person.Watch([&] { dialog.DoModal(); });

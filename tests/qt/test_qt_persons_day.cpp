@@ -17,7 +17,7 @@
 #include "MainWindow.h"
 #include "QtPerson.h"
 #include "skyframe/dialogs/HisResultDlg.h"
-#include "skyframe/dialogs/Resource.h"
+#include "skyframe/dialogs/Templates.h"
 #include "skyframe/host/CommandLine.h"
 #include "skyframe/host/JobFile.h"
 

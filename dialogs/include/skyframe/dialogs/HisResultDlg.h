@@ -3,23 +3,11 @@
 #include <optional>
 
 #include "skyframe/platform/Dialog.h"
+#include "skyframe/values/DialogIds.h"
 
 namespace skyframe {
 
 class IPaintContext;
-
-inline constexpr int c_nIdHisResultDlg = 16006;
-
-// Controls of the result viewer; radio buttons in the order of their index.
-inline constexpr int c_nIdNodeHistory = 16118;
-inline constexpr int c_nIdElementHistory = 16119;
-inline constexpr int c_nIdHistoryNode = 16120;
-inline constexpr int c_nIdHistoryX = 16121;
-inline constexpr int c_nIdHistoryY = 16122;
-inline constexpr int c_nIdHistoryZ = 16123;
-inline constexpr int c_nIdHistoryElement = 16124;
-inline constexpr int c_nIdRefresh = 16125;
-inline constexpr int c_nIdOutput = 16126;
 
 extern const DialogTemplate c_hisResultTemplate;
 

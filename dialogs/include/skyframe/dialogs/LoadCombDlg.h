@@ -22,7 +22,7 @@ class CLoadCombDlg : public CDialog {
   void DoDataExchange(CDataExchange& exchange) override;
 
  private:
-  using Flags = std::array<bool, c_nMaxLoadCases>;
+  using Flags = std::array<bool, c_nLoadTypes>;
 
   void FillLists();
   void OnSelectAvailable();
@@ -37,11 +37,11 @@ class CLoadCombDlg : public CDialog {
   [[nodiscard]] std::string GetCurrentText(int nListId) const;
 
   double m_dFactor = 1.0;  ///< given to the types that are added
-  std::array<std::string, c_nMaxLoadCases> m_names;
-  Flags m_bAvailableSelected = {};               ///< by load type
-  Flags m_bCombinedSelected = {};                ///< by load type
-  int m_nRows = 0;                               ///< rows of the combination list
-  std::array<int, c_nMaxLoadCases> m_typeOfRow;  ///< ascending; -1 beyond m_nRows
+  std::array<std::string, c_nLoadTypes> m_names;
+  Flags m_bAvailableSelected = {};            ///< by load type
+  Flags m_bCombinedSelected = {};             ///< by load type
+  int m_nRows = 0;                            ///< rows of the combination list
+  std::array<int, c_nLoadTypes> m_typeOfRow;  ///< ascending; -1 beyond m_nRows
 };
 
 }  // namespace skyframe

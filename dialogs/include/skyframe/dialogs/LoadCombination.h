@@ -9,9 +9,9 @@ namespace skyframe {
 /// Which load types take part in an analysis and with which factor. Type 0 is the dead load,
 /// type k the live load k.
 struct LoadCombination {
-  int nLoadTypes = 0;                           ///< load types on offer: the host's load cases plus one
-  std::array<int, c_nMaxLoadCases> flags = {};  ///< 1: the type takes part
-  std::array<double, c_nMaxLoadCases> factors;
+  int nLoadTypes = 0;                        ///< load types on offer: the host's load cases plus one
+  std::array<int, c_nLoadTypes> flags = {};  ///< 1: the type takes part
+  std::array<double, c_nLoadTypes> factors;
 
   LoadCombination() { Reset(); }
 

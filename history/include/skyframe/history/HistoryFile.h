@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "skyframe/model/HistorySet.h"
+#include "skyframe/values/HistorySet.h"
 
 namespace skyframe {
 

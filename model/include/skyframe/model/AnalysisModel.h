@@ -8,18 +8,18 @@
 #include <vector>
 
 #include "skyframe/model/Element.h"
-#include "skyframe/model/HistorySet.h"
 #include "skyframe/model/LoadCase.h"
 #include "skyframe/model/Material.h"
 #include "skyframe/model/NodeTable.h"
 #include "skyframe/numeric/SparseMatrix.h"
 #include "skyframe/platform/TextWriter.h"
+#include "skyframe/values/Capacities.h"
+#include "skyframe/values/Findings.h"
+#include "skyframe/values/HistorySet.h"
 
 namespace skyframe {
 
 class CTimeHistoryRun;
-
-inline constexpr int c_nLoadTypes = 20;  ///< load types of a combination
 
 /// Factor from the kN of host load records to N.
 inline constexpr double c_dNewtonPerKilonewton = 1000.0;
@@ -101,6 +101,12 @@ class CAnalysisModel {
   HistorySet m_history;               ///< empty until all steps are done
   std::vector<double> m_staticForce;  ///< axial forces after the static stage of a nonlinear run, N
 
+  // What the run found, for the host; the analysis fills its own.
+  StaticFindings m_staticFindings;
+  ModalFindings m_modalFindings;
+  SpectrumFindings m_spectrumFindings;
+  HistoryFindings m_historyFindings;
+
   /// Set by a successful build (and, for the spectrum analysis, by the mode-file reader).
   bool m_bValid = false;
 
@@ -169,6 +175,12 @@ class CAnalysisModel {
   /// False after a message when a value of v (equations 0..) exceeds 1e10 m or rad: the structure runs away.
   /// Deliberate: a signed comparison, large negative values pass.
   [[nodiscard]] bool IsWithinLimit(std::span<const double> v) const;
+  /// Node and direction of an equation in the host's own numbering, also while the nodes are renumbered.
+  [[nodiscard]] DofPlace FindDofPlace(int nEquation) const;
+  /// Digits lost and their place, of a matrix over the model's equations.
+  [[nodiscard]] Conditioning DescribeConditioning(const SparseMatrix& A) const;
+  /// X Y Z RX RY RZ by node in the host's own order of an N-vector; 0 where there is no DOF.
+  [[nodiscard]] std::vector<NodeValues> GatherNodeValues(std::span<const double> u) const;
   /// Reaction block of the result files.
   void WriteReactions(CTextWriter& out) const;
 

@@ -11,6 +11,12 @@
 
 namespace skyframe {
 
+/// What a factorisation took off a diagonal entry: log10(|A_ii| / |D_ii|) decimal digits.
+struct LostDigits {
+  double dDigits = 0.0;  ///< the largest of all equations; infinite where nothing was left
+  int nEquation = -1;    ///< -1: nothing was factorised
+};
+
 /// Symmetric matrix in skyline storage with LDL^T factorisation in place, A = L D L^T.
 /// Storage: column i holds the rows i - height[i] + 1 .. i contiguously and ends with its diagonal:
 /// A(r, i), r <= i, is values[diag[i] - (i - r)]; what lies above is zero.
@@ -75,6 +81,8 @@ class SparseMatrix {
   /// LDL^T of the leading n x n block. A pivot within +-1e-15 (or NaN) is refused after all columns
   /// are done: message, false, values left partly reduced.
   [[nodiscard]] bool Decompose(int n);
+  /// Of the last factorisation, also of one that was refused.
+  [[nodiscard]] LostDigits GetLostDigits() const { return m_lostDigits; }
   /// Solves A x = b in place; factorises first when needed. b: n values.
   [[nodiscard]] bool Solve(int n, std::span<double> b);
   /// Solves A X = B in place for nColumns right-hand sides, one behind the other; several at a time, which
@@ -104,6 +112,7 @@ class SparseMatrix {
   void DropRows();
   void FillRows(int n);
   [[nodiscard]] bool Factorise(int n, std::span<double> pivots);
+  [[nodiscard]] LostDigits MeasureLostDigits(std::span<const double> pivots) const;
 
   /// Values come from the zeroed memory of calloc: pages that stay zero are never touched and cost nothing.
   struct FreeValues {
@@ -121,6 +130,7 @@ class SparseMatrix {
   std::vector<int> m_rowExtent;
   std::vector<int> m_rowStart;
   std::vector<int> m_rowColumn;
+  LostDigits m_lostDigits;
 };
 
 }  // namespace skyframe

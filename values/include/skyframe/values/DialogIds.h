@@ -1,9 +1,5 @@
 #pragma once
 
-#include <span>
-
-#include "skyframe/platform/Dialog.h"
-
 namespace skyframe {
 
 // Dialogs and their controls. A control's identifier is unique within its dialog only.
@@ -14,6 +10,7 @@ inline constexpr int c_nIdLoadCombDlg = 16002;
 inline constexpr int c_nIdDynOptionDlg = 16003;
 inline constexpr int c_nIdWilsonDlg = 16004;
 inline constexpr int c_nIdNewmarkDlg = 16005;
+inline constexpr int c_nIdHisResultDlg = 16006;
 inline constexpr int c_nIdNonlinStaticDlg = 16007;
 inline constexpr int c_nIdImpulseLoadDlg = 16009;
 inline constexpr int c_nIdGeneralLoadDlg = 16010;
@@ -127,18 +124,15 @@ inline constexpr int c_nIdPeakZLabel = 16086;
 inline constexpr int c_nIdPeakObliqueLabel = 16087;
 inline constexpr int c_nIdStandardRecord = 16117;
 
-extern const DialogTemplate c_modeTemplate;
-extern const DialogTemplate c_loadCombTemplate;
-extern const DialogTemplate c_nonlinStaticTemplate;
-extern const DialogTemplate c_spectrumTemplate;
-extern const DialogTemplate c_dynOptionTemplate;
-extern const DialogTemplate c_wilsonTemplate;
-extern const DialogTemplate c_newmarkTemplate;
-extern const DialogTemplate c_impulseLoadTemplate;
-extern const DialogTemplate c_generalLoadTemplate;
-extern const DialogTemplate c_earthquakeTemplate;
-
-/// Every template of this room.
-std::span<const DialogTemplate* const> GetDialogTemplates();
+// Result viewer; radio buttons in the order of their index
+inline constexpr int c_nIdNodeHistory = 16118;
+inline constexpr int c_nIdElementHistory = 16119;
+inline constexpr int c_nIdHistoryNode = 16120;
+inline constexpr int c_nIdHistoryX = 16121;
+inline constexpr int c_nIdHistoryY = 16122;
+inline constexpr int c_nIdHistoryZ = 16123;
+inline constexpr int c_nIdHistoryElement = 16124;
+inline constexpr int c_nIdRefresh = 16125;
+inline constexpr int c_nIdOutput = 16126;
 
 }  // namespace skyframe
