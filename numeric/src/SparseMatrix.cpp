@@ -353,10 +353,11 @@ LostDigits SparseMatrix::MeasureLostDigits(std::span<const double> pivots) const
   double dLargest = -1.0;
   int nEquation = -1;
   for (int i = 0; i < static_cast<int>(pivots.size()); ++i) {
-    const double dRatio = std::abs(Column(i)[i] / pivots[Index(i)]);
+    double dRatio = std::abs(Column(i)[i] / pivots[Index(i)]);
+    if (std::isnan(dRatio)) dRatio = std::numeric_limits<double>::infinity();  // 0 / 0: nothing was there
     if (dRatio <= dLargest) continue;
     nEquation = i;
-    dLargest = std::isnan(dRatio) ? std::numeric_limits<double>::infinity() : dRatio;
+    dLargest = dRatio;
   }
   return {nEquation < 0 ? 0.0 : std::log10(dLargest), nEquation};
 }
