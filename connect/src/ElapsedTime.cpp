@@ -19,8 +19,8 @@ void CElapsedTime::Report() const {
     --nHours;
   }
   if (nHours < 0) nHours += 24;
-  GetPlatform().ShowMessage("OK!\nTime = " + std::to_string(nHours) + "hour: " + std::to_string(nMinutes) +
-                            "min: " + std::to_string(nSeconds) + "s");
+  GetPlatform().ShowNotice("OK!\nTime = " + std::to_string(nHours) + "hour: " + std::to_string(nMinutes) +
+                           "min: " + std::to_string(nSeconds) + "s");
 }
 
 }  // namespace skyframe

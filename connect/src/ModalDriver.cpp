@@ -2,6 +2,7 @@
 
 #include "Drivers.h"
 #include "ElapsedTime.h"
+#include "FindingsKeeper.h"
 #include "ModuleState.h"
 #include "Renumbering.h"
 #include "skyframe/dialogs/ModeDlg.h"
@@ -10,12 +11,14 @@
 namespace skyframe {
 
 void RunModal() {
+  g_findings.modal = {};
   CModeDlg dialog;
   dialog.m_loadComb.nLoadTypes = ABCD.m_nLoadCases + 1;
   if (dialog.DoModal() != c_nIdOk) return;
 
   const CRenumbering renumbering;
   const auto pModel = std::make_unique<CAnalysisModel>();
+  const CFindingsKeeper keeper(g_findings.modal, pModel->m_modalFindings);
   SetLoadCombination(*pModel, dialog.m_loadComb);
   pModel->m_bLoadComb = HasLoads(dialog.m_loadComb);
   pModel->BuildModelForModes(pModel->m_bLoadComb);

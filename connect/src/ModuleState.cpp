@@ -9,6 +9,7 @@ HistorySet g_history;
 std::array<CHistoryTable, c_nHistoryQuantities>& g_matHistory = g_history.values;
 int g_nHistorySteps = 0;
 int g_nHistoryPoints = 0;
+KeptFindings g_findings;
 KeptModels g_keptModels;
 
 void KeepHistory(const HistorySet& history) {

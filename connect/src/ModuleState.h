@@ -6,6 +6,7 @@
 
 #include "skyframe/dialogs/LoadCombination.h"
 #include "skyframe/model/AnalysisModel.h"
+#include "skyframe/values/Findings.h"
 
 namespace skyframe {
 
@@ -23,6 +24,15 @@ extern int g_nHistoryPoints;  ///< nodes
 
 /// Takes over a set of histories and its counts.
 void KeepHistory(const HistorySet& history);
+
+/// What the last call of each entry point found.
+struct KeptFindings {
+  StaticFindings statics;
+  ModalFindings modal;
+  SpectrumFindings spectrum;
+  HistoryFindings history;
+};
+extern KeptFindings g_findings;
 
 /// Models that stay allocated after their entry point returned: the last one of each.
 struct KeptModels {

@@ -2,6 +2,7 @@
 
 #include "Drivers.h"
 #include "ElapsedTime.h"
+#include "FindingsKeeper.h"
 #include "ModuleState.h"
 #include "skyframe/dialogs/SpectrumDlg.h"
 #include "skyframe/hostdata/HostData.h"
@@ -31,11 +32,13 @@ void SetSpectrumParameters(CAnalysisModel& model, const CSpectrumDlg& dialog) {
 }  // namespace
 
 int RunSpectrum() {
+  g_findings.spectrum = {};
   CSpectrumDlg dialog;
   dialog.m_loadComb.nLoadTypes = ABCD.m_nLoadCases + 1;
   if (dialog.DoModal() != c_nIdOk) return 0;
 
   const auto pModel = std::make_unique<CAnalysisModel>();
+  const CFindingsKeeper keeper(g_findings.spectrum, pModel->m_spectrumFindings);
   SetLoadCombination(*pModel, dialog.m_loadComb);
   pModel->m_bLoadComb = HasLoads(dialog.m_loadComb);
   pModel->BuildModelForModes(pModel->m_bLoadComb);

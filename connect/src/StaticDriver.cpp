@@ -1,4 +1,5 @@
 #include "Drivers.h"
+#include "FindingsKeeper.h"
 #include "ModuleState.h"
 #include "skyframe/dialogs/NonlinStaticDlg.h"
 #include "skyframe/hostdata/HostData.h"
@@ -6,12 +7,14 @@
 namespace skyframe {
 
 void RunStatic() {
+  g_findings.statics = {};
   CNonlinStaticDlg dialog;
   dialog.m_loadComb.nLoadTypes = ABCD.m_nLoadCases + 1;
   if (dialog.DoModal() != c_nIdOk) return;
 
   // Deliberate: the model outlives the call.
   CAnalysisModel& model = KeepNewModel(g_keptModels.m_pStatic);
+  const CFindingsKeeper keeper(g_findings.statics, model.m_staticFindings);
   model.m_nConvCriterion = dialog.m_nCriterion;
   model.m_dConvTol = dialog.m_dTolerance;
   model.m_nMaxIter = dialog.m_nMaxIter;

@@ -1,4 +1,5 @@
 #include "Drivers.h"
+#include "FindingsKeeper.h"
 #include "ModuleState.h"
 #include "skyframe/dialogs/DynOptionDlg.h"
 #include "skyframe/dialogs/NewmarkDlg.h"
@@ -24,6 +25,7 @@ int RunWilson(CAnalysisModel& model) {
   dialog.m_loadComb.nLoadTypes = ABCD.m_nLoadCases + 1;
   if (dialog.DoModal() != c_nIdOk) return 0;
 
+  const CFindingsKeeper keeper(g_findings.history, model.m_historyFindings);
   model.m_dDuration = dialog.m_dDuration;
   model.m_dTimeStep = dialog.m_dTimeStep;
   model.m_pDamping[0] = dialog.m_dDamping[0];
@@ -78,6 +80,7 @@ int RunNewmark(CAnalysisModel& model) {
   dialog.m_loadComb.nLoadTypes = ABCD.m_nLoadCases + 1;
   if (dialog.DoModal() != c_nIdOk) return 0;
 
+  const CFindingsKeeper keeper(g_findings.history, model.m_historyFindings);
   model.m_nLoadType = dialog.m_nLoadType;
   if (model.m_nLoadType != c_nNodalForce && model.m_nLoadType != c_nGroundMotion) return 1;
   SetNewmarkParameters(model, dialog);
@@ -98,6 +101,7 @@ int RunNewmark(CAnalysisModel& model) {
 }  // namespace
 
 int RunTimeHistory() {
+  g_findings.history = {};
   CDynOptionDlg option;
   if (option.DoModal() != c_nIdOk) return 0;
 

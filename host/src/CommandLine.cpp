@@ -32,14 +32,6 @@ void PrintProblems(const std::string& strFile, const std::vector<JobProblem>& pr
   }
 }
 
-/// Nothing when the job file has errors; they are then listed.
-std::optional<Job> LoadJob(const std::string& strFile, std::ostream& err) {
-  JobFile file = ReadJobFile(strFile);
-  PrintProblems(strFile, file.errors, "", err);
-  PrintProblems(strFile, file.warnings, "warning: ", err);
-  return file.errors.empty() ? std::optional(std::move(file.job)) : std::nullopt;
-}
-
 class CCommandLine {
  public:
   CCommandLine(std::ostream& out, std::ostream& err) : m_out(out), m_err(err) {
@@ -62,10 +54,20 @@ class CCommandLine {
   }
 
  private:
+  /// Nothing when the job file has errors; they are then listed.
+  std::optional<Job> LoadJob() {
+    JobFile file = ReadJobFile(m_strJobFile);
+    PrintProblems(m_strJobFile, file.errors, "", m_err);
+    PrintProblems(m_strJobFile, file.warnings, "warning: ", m_err);
+    m_bInputWarned = !file.warnings.empty();
+    return file.errors.empty() ? std::optional(std::move(file.job)) : std::nullopt;
+  }
+
   void DefineRun() {
     CLI::App* pRun = m_app.add_subcommand("run", "Run every analysis of a job; results stand beside the job file");
     pRun->add_option("job", m_strJobFile, "Job file (JSON)")->required();
     pRun->add_option("--log", m_strLogFile, "File for the progress and trace lines (default: standard output)");
+    pRun->add_flag("--strict", m_bStrict, "End with status 3 when there was a warning");
     pRun->add_option("--data", m_strProgramPath, "Directory that holds GroundAccData")->capture_default_str();
     pRun->callback([this] { m_action = [this] { return OnRun(); }; });
   }
@@ -174,7 +176,7 @@ class CCommandLine {
   }
 
   int OnRun() {
-    const std::optional<Job> job = LoadJob(m_strJobFile, m_err);
+    const std::optional<Job> job = LoadJob();
     if (!job) return c_nExitBadInput;
     std::ofstream log;
     if (!m_strLogFile.empty()) {
@@ -184,11 +186,13 @@ class CCommandLine {
     const bool bTerminal = &m_err == &std::cerr && isatty(STDERR_FILENO) == 1;
     const HostStreams streams{m_out, m_err, m_strLogFile.empty() ? m_out : log, bTerminal ? &m_err : nullptr};
     if (!job->strTitle.empty()) m_out << job->strTitle << '\n';
-    return RunJob(*job, GetJobPath(m_strJobFile), m_strProgramPath, streams) ? c_nExitGood : c_nExitAnalysisFailed;
+    const RunOutcome outcome = RunJob(*job, GetJobPath(m_strJobFile), m_strProgramPath, streams);
+    if (!outcome.bGood) return c_nExitAnalysisFailed;
+    return m_bStrict && (outcome.bWarned || m_bInputWarned) ? c_nExitWarned : c_nExitGood;
   }
 
   int OnCheck() {
-    const std::optional<Job> job = LoadJob(m_strJobFile, m_err);
+    const std::optional<Job> job = LoadJob();
     if (!job) return c_nExitBadInput;
     CNullBuffer nothing;
     std::ostream console(&nothing);
@@ -204,7 +208,7 @@ class CCommandLine {
                   : node.count() > 0       ? Kind::Node
                   : element.count() > 0    ? Kind::Element
                                            : Kind::Spectrum;
-    const std::optional<Job> job = LoadJob(m_strJobFile, m_err);
+    const std::optional<Job> job = LoadJob();
     if (!job) return c_nExitBadInput;
     const std::optional<std::string> strPicture = DrawPlot(*job, GetJobPath(m_strJobFile), m_plot, m_err);
     if (!strPicture) return c_nExitBadInput;
@@ -267,6 +271,8 @@ class CCommandLine {
   std::string m_strProgramPath = FindDataDirectory();
   std::string m_strOutput;
   PlotRequest m_plot;
+  bool m_bStrict = false;
+  bool m_bInputWarned = false;
   bool m_bSpectrum = false;
   bool m_bDeformed = false;
   int m_nNodes = 0;

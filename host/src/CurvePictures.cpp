@@ -4,6 +4,7 @@
 #include "Chart.h"
 #include "Format.h"
 #include "Pictures.h"
+#include "skyframe/connect/Inquiries.h"
 
 namespace skyframe::host {
 
@@ -14,19 +15,23 @@ constexpr int c_nCurveSteps = 1200;
 constexpr double c_dLabelGap = 16;  // least distance of two period labels
 constexpr double c_dLabelHeight = 12;
 
-std::vector<PaintPoint> SampleSpectrum(const CDesignSpectrum& spectrum, double dDamping) {
-  std::vector<double> periods = {0.1, spectrum.GetTg(), 5.0 * spectrum.GetTg()};
+double GetAlpha(const SpectrumPicture& picture, double T) {
+  return EvaluateDesignSpectrum(picture.site, T, picture.dDamping).value_or(DesignSpectrumValue{}).dAlpha;
+}
+
+std::vector<PaintPoint> SampleSpectrum(const SpectrumPicture& picture, double dTg) {
+  std::vector<double> periods = {0.1, dTg, 5.0 * dTg};
   for (int k = 0; k <= c_nCurveSteps; ++k) periods.push_back(c_dLongestPeriod * k / c_nCurveSteps);
   std::sort(periods.begin(), periods.end());
   std::vector<PaintPoint> points;
   for (const double T : periods) {
-    if (T < c_dLongestPeriod) points.push_back({T, spectrum.GetAlpha(T, dDamping)});
+    if (T < c_dLongestPeriod) points.push_back({T, GetAlpha(picture, T)});
   }
   return points;
 }
 
 /// Dropped lines and squares on the curve, neighbours labelled together: "4-6".
-void MarkPeriods(IPaintContext& paint, CChart& chart, const CDesignSpectrum& spectrum, const SpectrumPicture& picture) {
+void MarkPeriods(IPaintContext& paint, CChart& chart, const SpectrumPicture& picture) {
   const std::vector<double>& T = picture.periods;
   std::size_t nFirst = 0;
   for (std::size_t i = 0; i < T.size(); ++i) {
@@ -34,7 +39,7 @@ void MarkPeriods(IPaintContext& paint, CChart& chart, const CDesignSpectrum& spe
       nFirst = i + 1;
       continue;
     }
-    const double dAlpha = spectrum.GetAlpha(T[i], picture.dDamping);
+    const double dAlpha = GetAlpha(picture, T[i]);
     const PaintPoint at = chart.Map(T[i], dAlpha);
     paint.SetPen(c_markColour, 0.8);
     paint.Line(at.dX, at.dY, at.dX, chart.GetBox().dBottom);
@@ -43,7 +48,7 @@ void MarkPeriods(IPaintContext& paint, CChart& chart, const CDesignSpectrum& spe
     if (!bLast) continue;
     const double dCentre = 0.5 * (at.dX + chart.Map(T[nFirst], 0.0).dX);
     const std::string strLabel = nFirst == i ? Format("%zu", i + 1) : Format("%zu–%zu", nFirst + 1, i + 1);
-    const double dTop = std::min(at.dY, chart.Map(0.0, spectrum.GetAlpha(T[nFirst], picture.dDamping)).dY);
+    const double dTop = std::min(at.dY, chart.Map(0.0, GetAlpha(picture, T[nFirst])).dY);
     PaintLabel(paint, chart.GetBox(), {dCentre, dTop - 7}, strLabel, c_markColour);
     nFirst = i + 1;
   }
@@ -65,17 +70,17 @@ void MarkCorners(IPaintContext& paint, const CChart& chart, double dTg) {
 }  // namespace
 
 void PaintSpectrum(IPaintContext& paint, const SpectrumPicture& picture) {
-  const CDesignSpectrum spectrum(picture.site);
-  const std::vector<PaintPoint> curve = SampleSpectrum(spectrum, picture.dDamping);
+  const double dTg = EvaluateDesignSpectrum(picture.site, 0.0, picture.dDamping).value_or(DesignSpectrumValue{}).dTg;
+  const std::vector<PaintPoint> curve = SampleSpectrum(picture, dTg);
   double dHighest = 0.0;
   for (const PaintPoint& point : curve) dHighest = std::max(dHighest, point.dY);
   CChart chart(
       paint,
       {picture.strTitle, "Design spectrum: " + picture.strSite, "period T [s]", "seismic influence coefficient α"},
       ChooseTicks(0.0, c_dLongestPeriod, 13), ChooseTicks(0.0, 1.15 * dHighest, 8));
-  MarkCorners(paint, chart, spectrum.GetTg());
+  MarkCorners(paint, chart, dTg);
   chart.Curve(curve, c_curveColour, 2.0);
-  MarkPeriods(paint, chart, spectrum, picture);
+  MarkPeriods(paint, chart, picture);
   chart.Legend(0, Format("α(T), damping ratio %g", picture.dDamping), c_curveColour, false);
   if (!picture.periods.empty()) {
     chart.Legend(1, Format("periods of modes 1–%zu", picture.periods.size()), c_markColour, true);

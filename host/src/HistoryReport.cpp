@@ -25,7 +25,7 @@ void PrintHistoryReport(const Job& job, const HistorySet& history, std::ostream&
     const HistoryPeak peak = FindPeak(history, d);
     out << "  peak displacement " << c_strDirections[static_cast<std::size_t>(d)];
     if (peak.nNumber == 0) {
-      out << "   none\n";
+      out << "   0\n";
     } else {
       out << Format("   %.6g m at node %d, t = %g s\n", peak.dValue,
                     job.nodes[static_cast<std::size_t>(peak.nNumber - 1)].nId, peak.dTime);

@@ -8,25 +8,17 @@ namespace skyframe::host {
 
 namespace {
 
-constexpr std::string_view c_strTimeReport = "OK!\nTime = ";
 constexpr int c_nBarWidth = 40;
 constexpr std::string_view c_strEraseLine = "\r\x1b[K";
 
 }  // namespace
 
-void CHostPlatform::StartRun() {
-  Clear();
-  m_strElapsedTime.clear();
-}
-
 void CHostPlatform::ShowMessage(std::string_view strText) {
   EndProgress();
-  if (strText.starts_with(c_strTimeReport)) {
-    m_strElapsedTime = strText.substr(c_strTimeReport.size());
-  } else {
-    CHeadlessPlatform::ShowMessage(strText);
-  }
+  CHeadlessPlatform::ShowMessage(strText);
 }
+
+void CHostPlatform::ShowNotice(std::string_view /*strText*/) { EndProgress(); }
 
 void CHostPlatform::ReportProgress(double dFraction, std::string_view strLabel) {
   if (m_pProgress == nullptr) return;

@@ -1,6 +1,5 @@
 #include "skyframe/host/JobRunner.h"
 
-#include <chrono>
 #include <filesystem>
 
 #include "Format.h"
@@ -10,6 +9,7 @@
 #include "Records.h"
 #include "SpectrumReport.h"
 #include "StaticReport.h"
+#include "skyframe/connect/Findings.h"
 #include "skyframe/connect/Histories.h"
 #include "skyframe/connect/ModeConnect.h"
 #include "skyframe/host/Scripts.h"
@@ -21,135 +21,154 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// How an analysis is called and what it leaves.
-struct AnalysisKind {
-  std::string_view strName;
-  /// Suffixes of the result files. The first must be there after the run, and names no file when it is
-  /// empty: the histories then stay in memory.
-  std::vector<std::string_view> suffixes;
-  void (*pEntryPoint)();
-};
-
-AnalysisKind GetKind(const StaticJob& analysis) {
+std::string_view GetName(const StaticJob& analysis) {
   const bool bNonlinear = analysis.bNonlinear.value_or(true);  // as the dialog has it
-  return {bNonlinear ? "Static analysis, nonlinear" : "Static analysis, linear",
-          {bNonlinear ? "_StaticNonlinearSol.txt" : "_StaticLinearSol.txt"},
-          CModeConnect::OnStaticNonlinearSol};
+  return bNonlinear ? "Static analysis, nonlinear" : "Static analysis, linear";
 }
+std::string_view GetName(const ModalJob&) { return "Modal analysis"; }
+std::string_view GetName(const SpectrumJob&) { return "Response-spectrum analysis"; }
+std::string_view GetName(const WilsonJob&) { return "Time history, Wilson"; }
+std::string_view GetName(const NewmarkJob&) { return "Time history, Newmark"; }
 
-AnalysisKind GetKind(const ModalJob&) { return {"Modal analysis", {".mode"}, CModeConnect::OnMode}; }
-
-AnalysisKind GetKind(const SpectrumJob& analysis) {
+/// Runs the entry point of the analysis.
+const RunFindings& CallEntryPoint(const StaticJob&) {
+  CModeConnect::OnStaticNonlinearSol();
+  return GetStaticFindings();
+}
+const RunFindings& CallEntryPoint(const ModalJob&) {
+  CModeConnect::OnMode();
+  return GetModalFindings();
+}
+const RunFindings& CallEntryPoint(const SpectrumJob& analysis) {
   COMDYN.m_bVirtualModes = analysis.bVirtualMode.value_or(false) ? 1 : 0;
   COMDYN.m_nPseudoLoadNo = analysis.nPseudoLoad.value_or(0);
-  return {"Response-spectrum analysis", {".spec", "_VirtMode.spec", "VIRTRESP.log"}, [] {
-            CModeConnect::OnAnsysSpectrum();
-          }};
+  CModeConnect::OnAnsysSpectrum();
+  return GetSpectrumFindings();
 }
-
-void RunTimeHistory() {
-  COMDYN.m_bHistoryAvailable = 0;
+const RunFindings& CallEntryPoint(const WilsonJob&) {
   CModeConnect::OnTimeHistoryAnalysis();
+  return GetHistoryFindings();
 }
-
-AnalysisKind GetKind(const WilsonJob&) { return {"Time history, Wilson", {""}, RunTimeHistory}; }
-
-AnalysisKind GetKind(const NewmarkJob& analysis) {
-  if (analysis.HasGroundMotion()) return {"Time history, Newmark", {"_HisTime.txt"}, RunTimeHistory};
-  return {"Time history, Newmark", {"", "_Loadinputtest.txt"}, RunTimeHistory};
-}
-
-/// File systems stamp with a clock that may lag a little.
-bool IsWrittenSince(const std::string& strPath, fs::file_time_type start) {
-  std::error_code error;
-  const fs::file_time_type time = fs::last_write_time(fs::path(strPath), error);
-  return !error && time >= start - std::chrono::milliseconds(100) && fs::file_size(fs::path(strPath), error) > 0;
+const RunFindings& CallEntryPoint(const NewmarkJob&) {
+  CModeConnect::OnTimeHistoryAnalysis();
+  return GetHistoryFindings();
 }
 
 class CJobRunner {
  public:
-  CJobRunner(const Job& job, const std::string& strJobPath, const HostStreams& streams)
-      : m_job(job),
-        m_strJobPath(strJobPath),
-        m_streams(streams),
-        m_platform(streams.err, streams.console, streams.pProgress) {}
+  CJobRunner(const Job& job, const HostStreams& streams)
+      : m_job(job), m_streams(streams), m_platform(streams.err, streams.console, streams.pProgress) {}
 
+  /// False when the analysis has no result that can be used.
   bool Run(const JobAnalysis& analysis) {
-    const AnalysisKind kind = std::visit([](const auto& parameters) { return GetKind(parameters); }, analysis);
-    m_streams.out << kind.strName << '\n';
-    const auto start = fs::file_time_type::clock::now();
-    const bool bCalm = Call(analysis, kind);
-    const bool bInMemory = kind.suffixes.front().empty();
-    const bool bDone =
-        bInMemory ? COMDYN.m_bHistoryAvailable != 0 : IsWrittenSince(FormPath(kind.suffixes.front()), start);
-    if (!bCalm || !bDone) {
-      m_streams.out << (bDone ? "  ended with a message\n" : "  no result\n");
-      return false;
-    }
-    std::visit([this, &kind](const auto& parameters) { Report(parameters, kind); }, analysis);
-    PrintTimeAndFiles(kind, start);
-    return true;
+    m_streams.out << std::visit([](const auto& parameters) { return GetName(parameters); }, analysis) << '\n';
+    const RunFindings& findings = *std::visit([this](const auto& parameters) { return Call(parameters); }, analysis);
+    const bool bCalm = ReportScriptErrors();
+    m_advice.clear();
+    if (findings.status != RunStatus::Done) m_streams.out << "  no result\n";
+    std::visit([this](const auto& parameters) { Report(parameters); }, analysis);
+    PrintConditioning(findings.conditioning);
+    for (const Advice& advice : m_advice) m_streams.out << "  " << FormatAdvice(advice) << '\n';
+    PrintFiles(findings);
+    return findings.status == RunStatus::Done && bCalm && !HasError(m_advice) && findings.failures.empty();
   }
+
+  [[nodiscard]] const AdviceList& GetAdvice() const { return m_advice; }
 
  private:
-  /// False when something went wrong on the way.
-  bool Call(const JobAnalysis& analysis, const AnalysisKind& kind) {
+  template <class Parameters>
+  const RunFindings* Call(const Parameters& parameters) {
     CHostPlatform& platform = m_platform.Get();
-    platform.StartRun();
-    std::visit([&platform](const auto& parameters) { AddScripts(parameters, platform); }, analysis);
-    kind.pEntryPoint();
+    platform.Clear();
+    AddScripts(parameters, platform);
+    const RunFindings& findings = CallEntryPoint(parameters);
     platform.EndProgress();
     m_streams.console.flush();
+    return &findings;
+  }
+
+  bool ReportScriptErrors() {
+    const CHostPlatform& platform = m_platform.Get();
     for (const std::string& strError : platform.GetScriptErrors()) m_streams.err << strError << '\n';
-    return platform.GetMessages().empty() && platform.GetScriptErrors().empty() && !platform.HasUnusedScripts();
+    return platform.GetScriptErrors().empty() && !platform.HasUnusedScripts();
   }
 
-  [[nodiscard]] std::string FormPath(std::string_view strSuffix) const { return m_strJobPath + std::string(strSuffix); }
+  void Report(const StaticJob&) {
+    const StaticFindings& findings = GetStaticFindings();
+    m_advice = AdviseOnStatic(m_job, findings);
+    if (findings.status == RunStatus::Done) PrintStaticReport(m_job, findings, m_streams.out);
+  }
 
-  void Report(const StaticJob& analysis, const AnalysisKind& kind) {
-    PrintStaticReport(m_job, analysis, FormPath(kind.suffixes.front()), m_streams.out);
+  void Report(const ModalJob& analysis) {
+    const ModalFindings& findings = GetModalFindings();
+    m_advice = AdviseOnModes(m_job, findings);
+    if (findings.status != RunStatus::Done) return;
+    PrintModalReport(findings, m_streams.out);
+    if (!analysis.bVerify.value_or(true)) return;
+    const std::optional<ModeCount> count = CountModes(findings);
+    PrintModeCount(count, m_streams.out);
+    for (Advice& advice : AdviseOnCount(findings, count)) m_advice.push_back(std::move(advice));
   }
-  void Report(const ModalJob& analysis, const AnalysisKind&) {
-    PrintModalReport(analysis, m_strJobPath, m_streams.out);
-  }
-  void Report(const SpectrumJob& analysis, const AnalysisKind&) {
-    PrintSpectrumReport(m_job, analysis, m_strJobPath, m_streams.out);
-  }
-  void Report(const WilsonJob&, const AnalysisKind&) { PrintHistoryReport(m_job, GetHistories(), m_streams.out); }
-  void Report(const NewmarkJob&, const AnalysisKind&) { PrintHistoryReport(m_job, GetHistories(), m_streams.out); }
 
-  void PrintTimeAndFiles(const AnalysisKind& kind, fs::file_time_type start) {
-    const std::string& strTime = m_platform.Get().GetElapsedTime();
-    if (!strTime.empty()) m_streams.out << "  time                  " << strTime << '\n';
-    for (const std::string_view strSuffix : kind.suffixes) {
-      const std::string strPath = FormPath(strSuffix);
-      if (strSuffix.empty() || !IsWrittenSince(strPath, start)) continue;
+  void Report(const SpectrumJob&) {
+    const SpectrumFindings& findings = GetSpectrumFindings();
+    m_advice = AdviseOnSpectrum(m_job, findings);
+    if (findings.status == RunStatus::Done) PrintSpectrumReport(m_job, findings, m_streams.out);
+  }
+
+  void ReportHistory() {
+    const HistoryFindings& findings = GetHistoryFindings();
+    m_advice = AdviseOnHistory(m_job, findings, GetHistories());
+    if (findings.status == RunStatus::Done) PrintHistoryReport(m_job, GetHistories(), m_streams.out);
+  }
+  void Report(const WilsonJob&) { ReportHistory(); }
+  void Report(const NewmarkJob&) { ReportHistory(); }
+
+  void PrintConditioning(const Conditioning& conditioning) {
+    if (conditioning.place.nNode == 0) return;
+    m_streams.out << Format("  conditioning          %.1f digits lost, at %s\n", conditioning.dLostDigits,
+                            DescribePlace(m_job, conditioning.place).c_str());
+  }
+
+  void PrintFiles(const RunFindings& findings) {
+    if (findings.status == RunStatus::Done)
+      m_streams.out << Format("  time                  %.2f s\n", findings.dSeconds);
+    for (const std::string& strPath : findings.files) {
+      std::error_code error;
       m_streams.out << Format("  file                  %s, %ju bytes\n", strPath.c_str(),
-                              fs::file_size(fs::path(strPath)));
+                              fs::file_size(strPath, error));
+    }
+    for (const FileFailure& failure : findings.failures) {
+      m_streams.err << "cannot write " << failure.strPath << ": " << failure.strReason << '\n';
     }
   }
 
   const Job& m_job;
-  const std::string& m_strJobPath;
   const HostStreams& m_streams;
   CPlatformScope m_platform;
+  AdviceList m_advice;  ///< on the last run
 };
 
 }  // namespace
 
-bool RunJob(const Job& job, const std::string& strJobPath, const std::string& strProgramPath,
-            const HostStreams& streams) {
+RunOutcome RunJob(const Job& job, const std::string& strJobPath, const std::string& strProgramPath,
+                  const HostStreams& streams) {
+  RunOutcome outcome;
   if (!FillRecords(job, strJobPath, strProgramPath)) {
     streams.err << "the path of the job file is too long\n";
-    return false;
+    outcome.bGood = false;
+    return outcome;
   }
-  CJobRunner runner(job, strJobPath, streams);
-  bool bGood = true;
-  for (const JobAnalysis& analysis : job.analyses) bGood = runner.Run(analysis) && bGood;
+  CJobRunner runner(job, streams);
+  for (const JobAnalysis& analysis : job.analyses) {
+    outcome.bGood = runner.Run(analysis) && outcome.bGood;
+    outcome.bWarned = outcome.bWarned || !runner.GetAdvice().empty();
+    outcome.advice.push_back(runner.GetAdvice());
+  }
   if (!job.HasConsecutiveIds()) {
     streams.out << "Result files number the nodes in the order of the job file; this summary uses their ids.\n";
   }
-  return bGood;
+  return outcome;
 }
 
 }  // namespace skyframe::host

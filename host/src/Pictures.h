@@ -4,8 +4,8 @@
 #include <string>
 #include <vector>
 
-#include "skyframe/modal/DesignSpectrum.h"
 #include "skyframe/platform/PaintContext.h"
+#include "skyframe/values/SpectrumSite.h"
 
 namespace skyframe::host {
 

@@ -7,16 +7,19 @@
 
 #include "Chart.h"
 #include "Format.h"
-#include "ModeLoader.h"
+#include "ModeResultFile.h"
 #include "Pictures.h"
 #include "PlatformScope.h"
 #include "Records.h"
+#include "Report.h"
 #include "StaticResultFile.h"
-#include "skyframe/dialogs/SpectrumDlg.h"
-#include "skyframe/history/HistoryPlot.h"
-#include "skyframe/host/Scripts.h"
+#include "skyframe/connect/Histories.h"
+#include "skyframe/connect/Inquiries.h"
+#include "skyframe/connect/ModeConnect.h"
+#include "skyframe/host/Advice.h"
 #include "skyframe/hostdata/HostData.h"
-#include "skyframe/modal/ModeFile.h"
+#include "skyframe/values/DialogIds.h"
+#include "skyframe/values/ResultFiles.h"
 
 namespace skyframe::host {
 
@@ -25,11 +28,39 @@ namespace {
 constexpr std::array<const char*, 5> c_strRomanNumbers = {"", "I", "II", "III", "IV"};
 constexpr int c_nLowestIntensity = 6;
 
-/// Node or element, what it shows, and the set's method: "Node 11, displacement X; Newmark, linear, 1000 steps of 0.02
-/// s".
-std::string DescribeRun(const HistorySet& history) {
-  return Format("%s, %s, %d steps of %g s", history.nMethod == c_nNewmarkMethod ? "Newmark" : "Wilson",
-                history.nAssumption == 1 ? "nonlinear" : "linear", history.nSteps, history.dTimeStep);
+constexpr int c_nViewerWidth = 665;  // client area of the result viewer, pixels
+constexpr int c_nViewerHeight = 300;
+
+/// One history, as the viewer's dialog takes it.
+struct HistoryChoice {
+  int nQuantity = c_nHistoryX;
+  int nNumber = 1;  ///< host number
+};
+
+/// Settings of the spectrum analysis; what the job leaves out is what the dialog would show.
+struct SpectrumChoice {
+  SpectrumSite site;
+  double dDamping = 0.0;
+  int nModes = 0;
+};
+
+SpectrumChoice GetSpectrumChoice(const SpectrumJob& analysis) {
+  SpectrumChoice choice;
+  choice.site.nQuakeLevel = analysis.nLevel.value_or(COMDYN.m_nQuakeLevel);
+  choice.site.nIntensity = analysis.nIntensity ? *analysis.nIntensity + c_nLowestIntensity : COMDYN.m_nIntensity;
+  choice.site.nZoneGroup = analysis.nZoneGroup.value_or(COMDYN.m_nZoneGroup);
+  choice.site.nSiteClass = analysis.nSiteClass.value_or(COMDYN.m_nSiteClass);
+  choice.dDamping = analysis.dDamping.value_or(COMDYN.m_dDampRatio);
+  choice.nModes = analysis.nModes.value_or(COMDYN.m_nExpandModes);
+  return choice;
+}
+
+std::string DescribeSite(const SpectrumSite& site) {
+  const auto strIntensity =
+      std::string(c_strIntensities[static_cast<std::size_t>(site.nIntensity - c_nLowestIntensity)]);
+  const auto strLevel = std::string(c_strQuakeLevels[static_cast<std::size_t>(site.nQuakeLevel)]);
+  return Format("intensity %s, %s earthquake, site class %s, design group %d", strIntensity.c_str(), strLevel.c_str(),
+                c_strRomanNumbers[static_cast<std::size_t>(site.nSiteClass)], site.nZoneGroup);
 }
 
 class CPlotter {
@@ -77,19 +108,17 @@ class CPlotter {
     return paint.GetDocument();
   }
 
-  std::unique_ptr<CAnalysisModel> LoadModeFile(const JobCombination& combination, int nModes) {
-    const auto strPath = FindFile(".mode", "modal analysis");
-    auto pModel = strPath ? LoadModes(combination, m_strJobPath, nModes) : nullptr;
-    if (strPath && !pModel) Refuse(*strPath + ": cannot be read");
-    return pModel;
-  }
-
-  /// Lets the dialog fill in what the job leaves out; the host's record then holds all settings.
-  bool FillSpectrumSettings(const SpectrumJob& analysis) {
-    AddScripts(analysis, m_platform.Get());
-    CSpectrumDlg dialog;
-    dialog.m_loadComb.nLoadTypes = ABCD.m_nLoadCases + 1;
-    return dialog.DoModal() == c_nIdOk;
+  std::optional<ModeResultFile> LoadModes() {
+    const auto strPath = FindFile(suffix::c_strModes, "modal analysis");
+    if (!strPath) return std::nullopt;
+    std::optional<ModeResultFile> file = ReadModeResultFile(*strPath, m_job.nodes);
+    if (!file) return Refuse(*strPath + ": is damaged or belongs to another model");
+    for (std::size_t i = 0; i < file->omega.size(); ++i) {
+      if (!std::isfinite(file->omega[i]) || file->omega[i] <= 0.0) {
+        return Refuse(*strPath + Format(": the frequency of mode %zu is not a positive number", i + 1));
+      }
+    }
+    return file;
   }
 
   std::optional<std::string> DrawSpectrum() {
@@ -98,23 +127,22 @@ class CPlotter {
       if (pAnalysis == nullptr) pAnalysis = std::get_if<SpectrumJob>(&analysis);
     }
     if (pAnalysis == nullptr) return Refuse("the job has no response-spectrum analysis");
-    if (!FillSpectrumSettings(*pAnalysis)) return Refuse("the dialog does not take the job's values");
+    const SpectrumChoice choice = GetSpectrumChoice(*pAnalysis);
+    if (!EvaluateDesignSpectrum(choice.site, 0.0, choice.dDamping)) return std::nullopt;
+    const auto file = LoadModes();
+    if (!file) return std::nullopt;
+    if (choice.nModes > static_cast<int>(file->omega.size())) {
+      return Refuse(Format("%s.mode: %d modes are asked for; the file has %zu", m_strJobPath.c_str(), choice.nModes,
+                           file->omega.size()));
+    }
     SpectrumPicture picture;
-    picture.site = {COMDYN.m_nQuakeLevel, COMDYN.m_nIntensity, COMDYN.m_nZoneGroup, COMDYN.m_nSiteClass};
-    if (const auto strError = FindSiteError(picture.site)) return Refuse(std::string(*strError));
-    const auto pModel = LoadModeFile(pAnalysis->combination, COMDYN.m_nExpandModes);
-    if (!pModel) return std::nullopt;
-    for (int i = 0; i < COMDYN.m_nExpandModes; ++i) {
-      picture.periods.push_back(c_dTwoPi / pModel->Omega[static_cast<std::size_t>(i)]);
+    picture.site = choice.site;
+    for (int i = 0; i < choice.nModes; ++i) {
+      picture.periods.push_back(c_dTwoPi / file->omega[static_cast<std::size_t>(i)]);
     }
     picture.strTitle = GetTitle();
-    picture.dDamping = COMDYN.m_dDampRatio;
-    const auto strIntensity =
-        std::string(c_strIntensities[static_cast<std::size_t>(COMDYN.m_nIntensity - c_nLowestIntensity)]);
-    const auto strLevel = std::string(c_strQuakeLevels[static_cast<std::size_t>(COMDYN.m_nQuakeLevel)]);
-    picture.strSite =
-        Format("intensity %s, %s earthquake, site class %s, design group %d", strIntensity.c_str(), strLevel.c_str(),
-               c_strRomanNumbers[static_cast<std::size_t>(COMDYN.m_nSiteClass)], COMDYN.m_nZoneGroup);
+    picture.dDamping = choice.dDamping;
+    picture.strSite = DescribeSite(choice.site);
     return Render(c_nChartWidth, c_nChartHeight, picture, PaintSpectrum);
   }
 
@@ -154,25 +182,29 @@ class CPlotter {
     }
   }
 
+  /// False after a line about the first value that cannot be drawn.
+  bool CheckFinite(const std::vector<NodeValues>& values, const std::string& strFile) {
+    for (std::size_t i = 0; i < values.size(); ++i) {
+      if (std::ranges::all_of(values[i], [](double d) { return std::isfinite(d); })) continue;
+      Refuse(strFile + ": the displacement of node " + std::to_string(m_job.nodes[i].nId) + " is not a finite number");
+      return false;
+    }
+    return true;
+  }
+
   std::optional<std::string> DrawMode(int nMode) {
-    const auto pModel = LoadModeFile({}, 0);
-    if (!pModel) return std::nullopt;
-    const int nModes = static_cast<int>(pModel->Omega.size());
+    const auto file = LoadModes();
+    if (!file) return std::nullopt;
+    const int nModes = static_cast<int>(file->omega.size());
     if (nMode < 1 || nMode > nModes) {
       return Refuse(Format("%s.mode: no mode %d; the file has %d", m_strJobPath.c_str(), nMode, nModes));
     }
+    const auto i = static_cast<std::size_t>(nMode - 1);
+    if (!CheckFinite(file->shapes[i], m_strJobPath + std::string(suffix::c_strModes))) return std::nullopt;
     ShapePicture picture = MakeShape();
     LetBeamsBend(picture);
-    std::vector<double> shape;
-    shape.reserve(static_cast<std::size_t>(pModel->GetFreeDofs()));
-    for (int e = 0; e < pModel->GetFreeDofs(); ++e) shape.push_back(pModel->ModeShapes[e][nMode - 1]);
-    for (std::size_t i = 0; i < picture.nodes.size(); ++i) {
-      for (int d = 0; d < c_nDofsPerNode; ++d) {
-        picture.displacements[i][static_cast<std::size_t>(d)] =
-            pModel->GetNodes().GetValue(shape, static_cast<int>(i), d);
-      }
-    }
-    const double omega = pModel->Omega[static_cast<std::size_t>(nMode - 1)];
+    picture.displacements = file->shapes[i];
+    const double omega = file->omega[i];
     picture.strShape = Format("mode %d", nMode);
     picture.strSubtitle = Format("Mode %d of %d: frequency %.4g Hz, period %.4g s", nMode, nModes,
                                  omega * c_dHertzPerRadian, c_dTwoPi / omega);
@@ -180,58 +212,68 @@ class CPlotter {
   }
 
   std::optional<std::string> DrawDeformed(bool bNonlinear) {
-    const auto strPath = FindFile(bNonlinear ? "_StaticNonlinearSol.txt" : "_StaticLinearSol.txt",
+    const auto strPath = FindFile(bNonlinear ? suffix::c_strStaticNonlinear : suffix::c_strStaticLinear,
                                   bNonlinear ? "nonlinear static analysis" : "linear static analysis");
     if (!strPath) return std::nullopt;
-    const auto result = ReadStaticResultFile(*strPath);
-    if (!result || result->displacements.size() != m_job.nodes.size()) {
-      return Refuse(*strPath + ": is damaged or belongs to another model");
-    }
+    const auto displacements = ReadStaticResultFile(*strPath, m_job.nodes.size());
+    if (!displacements) return Refuse(*strPath + ": is damaged or belongs to another model");
+    if (!CheckFinite(*displacements, *strPath)) return std::nullopt;
     ShapePicture picture = MakeShape();
-    double dLargest = 0.0;
-    for (std::size_t i = 0; i < picture.nodes.size(); ++i) {
-      const std::array<double, 3>& u = result->displacements[i];
-      picture.displacements[i] = {u[0], u[1], u[2], 0.0, 0.0, 0.0};
-      dLargest = std::max(dLargest, std::hypot(u[0], u[1], u[2]));
-    }
+    picture.displacements = *displacements;
     picture.bShowScale = true;
     picture.strShape = "deformed";
+    const NodeValues& largest = (*displacements)[FindLargestTranslation(*displacements)];
     picture.strSubtitle = Format("Static analysis, %s: largest displacement %.4g mm",
-                                 bNonlinear ? "nonlinear" : "linear", 1.0e3 * dLargest);
+                                 bNonlinear ? "nonlinear" : "linear", 1.0e3 * GetTranslation(largest));
     return Render(c_nSheetWidth, c_nSheetHeight, picture, PaintShape);
   }
 
-  std::optional<HistoryCurve> FindCurve(const PlotRequest& request) {
+  std::optional<HistoryChoice> FindCurve(const PlotRequest& request) {
     if (request.kind == PlotRequest::Kind::Element) {
       if (request.nNumber >= 1 && request.nNumber <= static_cast<int>(m_job.elements.size())) {
-        return HistoryCurve{c_nHistoryForce, request.nNumber};
+        return HistoryChoice{c_nHistoryForce, request.nNumber};
       }
       return Refuse(Format("no element %d; the job has %zu", request.nNumber, m_job.elements.size()));
     }
     for (std::size_t i = 0; i < m_job.nodes.size(); ++i) {
       if (m_job.nodes[i].nId != request.nNumber) continue;
-      return HistoryCurve{c_nHistoryX + request.nDirection, static_cast<int>(i) + 1};
+      return HistoryChoice{c_nHistoryX + request.nDirection, static_cast<int>(i) + 1};
     }
     return Refuse(Format("no node has the id %d", request.nNumber));
   }
 
   std::optional<std::string> DrawHistory(const PlotRequest& request) {
-    const std::optional<HistoryCurve> curve = FindCurve(request);
+    const std::optional<HistoryChoice> curve = FindCurve(request);
     if (!curve) return std::nullopt;
-    const auto strPath = FindFile("_HisTime.txt", "time history under ground motion");
+    const auto strPath = FindFile(suffix::c_strHistory, "time history under ground motion");
     if (!strPath) return std::nullopt;
-    HistorySet history;
-    if (!ReadHistoryFile(history)) return Refuse(*strPath + ": is damaged or belongs to another model");
-    if (request.bViewer) {
-      CSvgPaintContext paint(c_nViewerWidth, c_nViewerHeight);
-      PaintHistory(paint, history, *curve);
-      return paint.GetDocument();
+    CSvgPaintContext viewer(c_nViewerWidth, c_nViewerHeight);
+    if (!OpenViewer(*curve, viewer)) return Refuse(*strPath + ": is damaged or belongs to another model");
+    const HistoryPicture picture = MakeHistory(request, *curve, GetHistories());
+    for (std::size_t k = 0; k < picture.values.size(); ++k) {
+      if (std::isfinite(picture.values[k])) continue;
+      return Refuse(*strPath + Format(": %s %d is not a finite number at t = %g s", picture.strQuantity.c_str(),
+                                      request.nNumber, static_cast<double>(k + 1) * picture.dTimeStep));
     }
-    return Render(c_nChartWidth, c_nChartHeight, MakeHistory(request, *curve, history), PaintHistoryChart);
+    return request.bViewer ? viewer.GetDocument() : Render(c_nChartWidth, c_nChartHeight, picture, PaintHistoryChart);
+  }
+
+  /// The module reads the history file, and its viewer draws the curve.
+  bool OpenViewer(const HistoryChoice& curve, IPaintContext& paint) {
+    const bool bElement = curve.nQuantity == c_nHistoryForce;
+    std::vector<DialogStep> steps = {
+        DialogStep::Choose(bElement ? c_nIdElementHistory : c_nIdNodeHistory),
+        DialogStep::Type(bElement ? c_nIdHistoryElement : c_nIdHistoryNode, std::to_string(curve.nNumber))};
+    if (!bElement) steps.push_back(DialogStep::Choose(c_nIdHistoryX + curve.nQuantity));
+    steps.push_back(DialogStep::Click(c_nIdRefresh));
+    steps.push_back(DialogStep::Draw(paint));
+    m_platform.Get().AddScript(c_nIdHisResultDlg, std::move(steps));
+    CModeConnect::OnTimeHistoryRes();
+    return m_platform.Get().GetMessages().empty() && m_platform.Get().GetScriptErrors().empty();
   }
 
   /// In mm or kN.
-  [[nodiscard]] HistoryPicture MakeHistory(const PlotRequest& request, const HistoryCurve& curve,
+  [[nodiscard]] HistoryPicture MakeHistory(const PlotRequest& request, const HistoryChoice& curve,
                                            const HistorySet& history) const {
     const bool bElement = curve.nQuantity == c_nHistoryForce;
     HistoryPicture picture;
@@ -240,7 +282,7 @@ class CPlotter {
                                    : Format("displacement %c", "XYZ"[static_cast<std::size_t>(curve.nQuantity)]);
     picture.strUnit = bElement ? "kN" : "mm";
     picture.strSubtitle =
-        Format("%s %d: time history, ", bElement ? "Element" : "Node", request.nNumber) + DescribeRun(history);
+        Format("%s %d: time history, ", bElement ? "Element" : "Node", request.nNumber) + DescribeHistory(history);
     picture.dTimeStep = history.dTimeStep;
     const CHistoryTable& values = history.values[static_cast<std::size_t>(curve.nQuantity)];
     for (int k = 0; k < history.nSteps; ++k) {

@@ -1,19 +1,16 @@
 #pragma once
 
-#include <array>
 #include <optional>
 #include <string>
 #include <vector>
 
+#include "skyframe/values/Findings.h"
+
 namespace skyframe::host {
 
-/// What a static result file says, as any host can read it.
-struct StaticResultFile {
-  std::vector<std::array<double, 3>> displacements;  ///< m, by node in host order
-  std::array<double, 3> supportForce = {};           ///< sums of the printed reactions X Y Z, N
-};
-
-/// Nothing when the file cannot be read or is no whole static result.
-[[nodiscard]] std::optional<StaticResultFile> ReadStaticResultFile(const std::string& strPath);
+/// Translations, m, by node in host order of a static result file, as any host can read it; the file has no rotations.
+/// Nothing when it cannot be read, is no whole result or belongs to a model with another number of nodes.
+[[nodiscard]] std::optional<std::vector<NodeValues>> ReadStaticResultFile(const std::string& strPath,
+                                                                          std::size_t nNodes);
 
 }  // namespace skyframe::host

@@ -85,6 +85,10 @@ DialogStep DialogStep::Inspect(std::function<void(const IDialogView&)> look) {
   return {.action = Action::Inspect, .strText = {}, .look = std::move(look)};
 }
 
+DialogStep DialogStep::Draw(IPaintContext& paint) {
+  return {.action = Action::Draw, .strText = {}, .look = {}, .pPaint = &paint};
+}
+
 CHeadlessPlatform::CHeadlessPlatform(std::ostream& strmMessages, std::ostream& strmConsole)
     : m_strmMessages(strmMessages), m_strmConsole(strmConsole) {}
 

@@ -32,6 +32,7 @@ bool CanPerform(Action action, ControlKind kind) {
       return IsButton(kind) || kind == ControlKind::Check || kind == ControlKind::Radio;
     case Action::Wait:
     case Action::Inspect:
+    case Action::Draw:
       break;
   }
   return false;
@@ -83,6 +84,10 @@ void CScriptedView::FocusFirst() {
 std::string_view CScriptedView::Perform(const DialogStep& step) {
   if (step.action == Action::Inspect) {
     step.look(*this);
+    return {};
+  }
+  if (step.action == Action::Draw) {
+    m_dialog.Paint(*step.pPaint);
     return {};
   }
   if (step.action == Action::Wait) {

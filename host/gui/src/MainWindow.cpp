@@ -12,6 +12,8 @@
 
 #include "ErrorDialog.h"
 #include "Records.h"
+#include "skyframe/connect/Findings.h"
+#include "skyframe/connect/Histories.h"
 #include "skyframe/connect/ModeConnect.h"
 #include "skyframe/host/DataDirectory.h"
 #include "skyframe/qt/Font.h"
@@ -51,6 +53,19 @@ std::unique_ptr<QSettings> OpenSettings(const QString& strFile) {
   return std::make_unique<QSettings>(QStringLiteral("skyframe"), QStringLiteral("skyframe-gui"));
 }
 
+host::AdviceList AdviseOnModalRun(const host::Job& job) {
+  const ModalFindings& findings = GetModalFindings();
+  host::AdviceList list = host::AdviseOnModes(job, findings);
+  if (findings.status != RunStatus::Done) return list;
+  for (host::Advice& advice : host::AdviseOnCount(findings, host::CountModes(findings)))
+    list.push_back(std::move(advice));
+  return list;
+}
+
+host::AdviceList AdviseOnHistoryRun(const host::Job& job) {
+  return host::AdviseOnHistory(job, GetHistoryFindings(), GetHistories());
+}
+
 }  // namespace
 
 CMainWindow::CMainWindow(const QString& strSettingsFile)
@@ -60,6 +75,7 @@ CMainWindow::CMainWindow(const QString& strSettingsFile)
       m_shapeBar(this),
       m_consoleDock(this),
       m_decoder(QStringDecoder::Utf8),
+      m_adviceDock(this),
       m_resultDock(this),
       m_recentMenu(this),
       m_fontSizes(this) {
@@ -142,19 +158,23 @@ void CMainWindow::MakeAnalysisMenu() {
     std::string_view strTip;
     const char* strName;
     void (*pEntryPoint)();
+    host::AdviceList (*pAdvise)(const host::Job&);
   };
   const std::array<Entry, 5> entries = {{
-      {texts::c_strModal, texts::c_strModalTip, "modal", CModeConnect::OnMode},
-      {texts::c_strSpectrum, texts::c_strSpectrumTip, "spectrum", [] { CModeConnect::OnAnsysSpectrum(); }},
+      {texts::c_strModal, texts::c_strModalTip, "modal", CModeConnect::OnMode, AdviseOnModalRun},
+      {texts::c_strSpectrum, texts::c_strSpectrumTip, "spectrum", [] { CModeConnect::OnAnsysSpectrum(); },
+       [](const host::Job& job) { return host::AdviseOnSpectrum(job, GetSpectrumFindings()); }},
       {texts::c_strTimeHistory, texts::c_strTimeHistoryTip, "time_history",
-       [] { CModeConnect::OnTimeHistoryAnalysis(); }},
-      {texts::c_strHistoryResults, texts::c_strHistoryResultsTip, "history_results", CModeConnect::OnTimeHistoryRes},
-      {texts::c_strStatic, texts::c_strStaticTip, "static", CModeConnect::OnStaticNonlinearSol},
+       [] { CModeConnect::OnTimeHistoryAnalysis(); }, AdviseOnHistoryRun},
+      {texts::c_strHistoryResults, texts::c_strHistoryResultsTip, "history_results", CModeConnect::OnTimeHistoryRes,
+       AdviseOnHistoryRun},
+      {texts::c_strStatic, texts::c_strStaticTip, "static", CModeConnect::OnStaticNonlinearSol,
+       [](const host::Job& job) { return host::AdviseOnStatic(job, GetStaticFindings()); }},
   }};
   QMenu& menu = AddMenu(texts::c_strAnalysisMenu);
   for (const Entry& entry : entries) {
     m_jobActions.push_back(AddAction(menu, entry.strText, entry.strTip, entry.strName,
-                                     [this, pEntryPoint = entry.pEntryPoint] { Analyse(pEntryPoint); }));
+                                     [this, entry] { Analyse(entry.pEntryPoint, entry.pAdvise); }));
   }
 }
 
@@ -177,6 +197,7 @@ void CMainWindow::MakeViewMenu() {
             &ViewOptions::bElementNumbers);
   menu.addSeparator();
   menu.addAction(m_consoleDock.toggleViewAction());
+  menu.addAction(m_adviceDock.toggleViewAction());
   menu.addAction(m_resultDock.toggleViewAction());
   MakeFontMenu(menu);
 }
@@ -241,6 +262,10 @@ void CMainWindow::MakeDocks() {
   m_consoleDock.setWindowTitle(ToQt(texts::c_strConsole));
   m_consoleDock.setWidget(&m_console);
   addDockWidget(Qt::BottomDockWidgetArea, &m_consoleDock);
+  m_adviceDock.setObjectName(QStringLiteral("advice_dock"));
+  m_adviceDock.setWindowTitle(ToQt(texts::c_strAdvice));
+  m_adviceDock.setWidget(&m_advice);
+  addDockWidget(Qt::BottomDockWidgetArea, &m_adviceDock);
   m_resultDock.setObjectName(QStringLiteral("result_dock"));
   m_resultDock.setWindowTitle(ToQt(texts::c_strResults));
   m_resultDock.setWidget(&m_results);
@@ -257,6 +282,7 @@ void CMainWindow::SetFontScale(double dScale) {
   QFont dockFont = font;
   dockFont.setStyleHint(QFont::SansSerif);
   m_consoleDock.setFont(dockFont);
+  m_adviceDock.setFont(dockFont);
   m_resultDock.setFont(dockFont);
   m_results.SetTextSize(font.pointSizeF());
 }
@@ -281,8 +307,6 @@ bool CMainWindow::OpenJob(const QString& strFile) {
   }
   const bool bSameFile = strFile == m_strJobFile;
   m_strJobFile = strFile;
-  m_rigidJoints.clear();
-  for (const host::JobNode& node : file.job.nodes) m_rigidJoints.push_back(node.nJoint == host::c_nRigid);
   m_view.SetScene(CScene(file.job), bSameFile);
   m_results.SetJobPath(strJobPath);
   const QString strTitle = QString::fromStdString(file.job.strTitle);
@@ -290,6 +314,8 @@ bool CMainWindow::OpenJob(const QString& strFile) {
                  ToQt(texts::c_strProgram));
   m_console.clear();
   ReportWarnings(file.warnings);
+  m_advice.clear();
+  m_job = std::move(file.job);
   Remember(strFile);
   RefreshResults();
   return true;
@@ -301,8 +327,13 @@ void CMainWindow::ReportWarnings(const std::vector<host::JobProblem>& warnings) 
   }
 }
 
-void CMainWindow::Analyse(const std::function<void()>& entryPoint) {
-  entryPoint();
+void CMainWindow::Analyse(void (*pEntryPoint)(), host::AdviceList (*pAdvise)(const host::Job&)) {
+  pEntryPoint();
+  m_advice.ShowAdvice(pAdvise(m_job));
+  const HistorySet& history = GetHistories();
+  if (history.bComplete) {
+    statusBar()->showMessage(ToQt(std::string(texts::c_strShownHistory) + host::DescribeHistory(history)));
+  }
   RefreshResults();
 }
 
@@ -317,7 +348,7 @@ void CMainWindow::RefreshResults() {
   for (QAction* const pAction : m_jobActions) pAction->setEnabled(!m_strJobFile.isEmpty());
   m_results.Refresh();
   m_shapes.clear();
-  if (!m_strJobFile.isEmpty()) m_shapes = ReadShapes(host::GetJobPath(m_strJobFile.toStdString()), m_rigidJoints);
+  if (!m_strJobFile.isEmpty()) m_shapes = ReadShapes(host::GetJobPath(m_strJobFile.toStdString()), m_job.nodes);
   const int nChosen = m_shapeList.currentIndex();
   {
     const QSignalBlocker blocker(m_shapeList);

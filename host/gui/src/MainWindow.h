@@ -19,6 +19,7 @@
 #include <string_view>
 #include <vector>
 
+#include "AdvicePanel.h"
 #include "ResultPanel.h"
 #include "Shape.h"
 #include "StructureView.h"
@@ -62,7 +63,8 @@ class CMainWindow : public QMainWindow {
   void OnOpen();
   void OnSavePicture();
   void OnAbout();
-  void Analyse(const std::function<void()>& entryPoint);
+  /// Calls an entry point and shows what its findings tell of the job.
+  void Analyse(void (*pEntryPoint)(), host::AdviceList (*pAdvise)(const host::Job&));
   void AppendConsole(std::string_view strText);
   void ReportWarnings(const std::vector<host::JobProblem>& warnings);
   /// Result files and shapes as they now are.
@@ -75,7 +77,7 @@ class CMainWindow : public QMainWindow {
   CQtPlatform m_platform;
   IPlatform* m_pPrevious;
   QString m_strJobFile;
-  std::vector<bool> m_rigidJoints;  ///< by node
+  host::Job m_job;
   std::vector<Shape> m_shapes;
 
   CStructureView m_view;
@@ -88,6 +90,8 @@ class CMainWindow : public QMainWindow {
   QDockWidget m_consoleDock;
   QPlainTextEdit m_console;
   QStringDecoder m_decoder;
+  QDockWidget m_adviceDock;
+  CAdvicePanel m_advice;
   QDockWidget m_resultDock;
   CResultPanel m_results;
   QMenu m_recentMenu;

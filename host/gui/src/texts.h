@@ -67,6 +67,12 @@ inline constexpr std::string_view c_strConsole = "控制台";
 inline constexpr std::string_view c_strConsoleTip = "Progress and trace lines of the analyses";
 inline constexpr std::string_view c_strResults = "结果文件";
 inline constexpr std::string_view c_strResultsTip = "Result files beside the job file; click one to read it";
+inline constexpr std::string_view c_strAdvice = "提示";
+inline constexpr std::string_view c_strAdviceTip =
+    "Warnings and errors of the last run; the manual explains each under its name";
+inline constexpr std::string_view c_strAdviceName = "名称";
+inline constexpr std::string_view c_strAdviceText = "说明";
+inline constexpr std::string_view c_strShownHistory = "时程结果: ";
 inline constexpr std::string_view c_strCut = "\n…（文件过大，仅显示开头部分）\n";
 
 // Drawing

@@ -1,11 +1,12 @@
 #pragma once
 
-namespace skyframe {
+#include "skyframe/values/Export.h"
+#include "skyframe/values/HistorySet.h"
 
-struct HistorySet;
+namespace skyframe {
 
 /// Histories that the result viewer shows: those of the last complete time-history run, or of the file
 /// read for the viewer; no steps before the first.
-[[nodiscard]] const HistorySet& GetHistories();
+SKYFRAME_API [[nodiscard]] const HistorySet& GetHistories();
 
 }  // namespace skyframe

@@ -2,7 +2,9 @@
 
 #include <ostream>
 #include <string>
+#include <vector>
 
+#include "skyframe/host/Advice.h"
 #include "skyframe/host/Job.h"
 
 namespace skyframe::host {
@@ -15,11 +17,18 @@ struct HostStreams {
   std::ostream* pProgress = nullptr;  ///< terminal for a progress bar; null: none
 };
 
-/// Runs every analysis of the job in order through the module's entry points, the dialogs scripted,
-/// and prints a summary of each. Result files are named strJobPath plus a suffix.
-/// False when an analysis showed an error message or left no result file; the later ones still run.
-[[nodiscard]] bool RunJob(const Job& job, const std::string& strJobPath, const std::string& strProgramPath,
-                          const HostStreams& streams);
+/// How the runs of a job ended.
+struct RunOutcome {
+  bool bGood = true;               ///< every analysis is done, with no error in its advice and all its files written
+  bool bWarned = false;            ///< a warning was given
+  std::vector<AdviceList> advice;  ///< by analysis
+};
+
+/// Runs every analysis of the job in order through the module's entry points, the dialogs scripted, and prints a
+/// summary of each with what is to be known about it. Result files are named strJobPath plus a suffix. After a
+/// failure the later analyses still run.
+[[nodiscard]] RunOutcome RunJob(const Job& job, const std::string& strJobPath, const std::string& strProgramPath,
+                                const HostStreams& streams);
 
 /// Builds the analysis model and prints counts, equations, profile and cost of the factorisation, in
 /// the job's numbering and in the one the modal analysis would use.

@@ -6,20 +6,12 @@
 #include <string_view>
 #include <vector>
 
+#include "skyframe/values/SpectrumSite.h"
+
 namespace skyframe {
 
-/// T = c_dTwoPi / omega. Deliberate: truncated, not std::numbers::pi.
-inline constexpr double c_dTwoPi = 6.2831852;
 /// m/s2 per unit of the influence coefficient. Deliberate: not the 9.81 of the load masses.
 inline constexpr double c_dSpectrumGravity = 9.8;
-
-/// What the design spectrum depends on beside period and damping.
-struct SpectrumSite {
-  int nQuakeLevel = 0;  ///< 0 frequent, 1 rare
-  int nIntensity = 7;   ///< 6..11: 6 (0.05 g), 7 (0.10 g), 7 (0.15 g), 8 (0.20 g), 8 (0.30 g), 9 (0.40 g)
-  int nZoneGroup = 1;   ///< 1..3
-  int nSiteClass = 3;   ///< 1..4
-};
 
 /// Corrections of the reference curve for the damping ratio; gamma 0.9, eta1 0.02, eta2 1 at 0.05.
 struct DampingFactors {

@@ -14,6 +14,7 @@ namespace skyframe {
 
 class CScriptedView;
 class IDialogView;
+class IPaintContext;
 
 /// One thing a person does in an open dialog.
 struct DialogStep {
@@ -25,7 +26,8 @@ struct DialogStep {
     DoubleClick,  ///< double-clicks a row of a list
     Click,        ///< clicks a button
     Wait,         ///< lets nRow milliseconds pass; timers of every open dialog run
-    Inspect       ///< looks at the dialog without touching it
+    Inspect,      ///< looks at the dialog without touching it
+    Draw          ///< has the dialog's own area drawn
   };
   Action action = Action::Click;
   int nId = 0;
@@ -33,6 +35,7 @@ struct DialogStep {
   int nRow = -1;
   bool bOn = true;
   std::function<void(const IDialogView&)> look;
+  IPaintContext* pPaint = nullptr;
 
   static DialogStep Type(int nId, std::string strText);
   static DialogStep Tick(int nId, bool bOn = true);
@@ -47,6 +50,7 @@ struct DialogStep {
   static DialogStep Cancel();
   static DialogStep Wait(int nMilliseconds);
   static DialogStep Inspect(std::function<void(const IDialogView&)> look);
+  static DialogStep Draw(IPaintContext& paint);
 };
 
 /// Runs the module without a window system: dialogs follow scripts, messages are recorded.

@@ -34,6 +34,8 @@ class IPlatform {
 
   /// Shows a message box with an OK button and waits until it is acknowledged.
   virtual void ShowMessage(std::string_view strText) = 0;
+  /// The same for a text that tells of no fault; by default a message box like any other.
+  virtual void ShowNotice(std::string_view strText) { ShowMessage(strText); }
 
   /// Runs the dialog until it ends. Returns c_nIdOk or c_nIdCancel.
   virtual int RunModal(CDialog& dialog) = 0;

@@ -1,0 +1,55 @@
+#pragma once
+
+#include <array>
+#include <optional>
+
+#include "skyframe/values/Capacities.h"
+#include "skyframe/values/Export.h"
+#include "skyframe/values/SpectrumSite.h"
+
+namespace skyframe {
+
+// Questions about the model in the host records that need no run and leave no file. Each builds a model of its
+// own; nothing is answered, after the module's message, when that is refused or memory is short.
+
+/// The skyline of one numbering, its leading block of free equations.
+struct ProfileMeasure {
+  int nFree = 0;
+  int nRestrained = 0;
+  double dEntries = 0.0;
+  double dLargestHeight = 0.0;
+  double dOperations = 0.0;  ///< sum of squared column heights: multiplications and additions of a factorisation
+  double dBytes = 0.0;       ///< of the values in memory
+
+  [[nodiscard]] double GetMeanHeight() const { return nFree == 0 ? 0.0 : dEntries / nFree; }
+};
+
+struct ModelMeasure {
+  ProfileMeasure own;         ///< in the host's own numbering
+  ProfileMeasure renumbered;  ///< in the one that the modal analysis uses
+};
+
+/// Counts, profile and memory. bForModes: as the modal and spectrum analyses build the model.
+SKYFRAME_API [[nodiscard]] std::optional<ModelMeasure> MeasureModel(bool bForModes);
+
+/// What decides the modes of a model beside the model itself.
+struct ModeSettings {
+  bool bShear = false;
+  std::array<int, c_nLoadTypes> loadFlags = {};  ///< load types that become mass
+  std::array<double, c_nLoadTypes> loadFactors = {};
+};
+
+/// Number of modes below dOmega, rad/s, by a Sturm count of K - dOmega^2 M.
+SKYFRAME_API [[nodiscard]] std::optional<int> CountModesBelow(double dOmega, const ModeSettings& settings);
+
+/// Seismic influence coefficient at a period, with the curve's highest value for a damping ratio of 0.05 and its
+/// characteristic period.
+struct DesignSpectrumValue {
+  double dAlpha = 0.0;
+  double dAlphaMax = 0.0;
+  double dTg = 0.0;  ///< s
+};
+SKYFRAME_API [[nodiscard]] std::optional<DesignSpectrumValue> EvaluateDesignSpectrum(const SpectrumSite& site,
+                                                                                     double dPeriod, double dDampRatio);
+
+}  // namespace skyframe

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <chrono>
+#include <exception>
+#include <utility>
+
+#include "skyframe/values/Findings.h"
+
+namespace skyframe {
+
+/// Takes the findings of a model over when the run has ended, also when an exception ends it. Until the analysis
+/// says otherwise the run counts as refused.
+template <class Findings>
+class CFindingsKeeper {
+ public:
+  CFindingsKeeper(Findings& kept, Findings& ofModel) : m_kept(kept), m_ofModel(ofModel) {
+    m_ofModel.status = RunStatus::Refused;
+  }
+  ~CFindingsKeeper() {
+    if (std::uncaught_exceptions() > m_nExceptions) m_ofModel.status = RunStatus::Failed;
+    m_kept = std::move(m_ofModel);
+    m_kept.dSeconds = std::chrono::duration<double>(std::chrono::steady_clock::now() - m_start).count();
+  }
+  CFindingsKeeper(const CFindingsKeeper&) = delete;
+  CFindingsKeeper& operator=(const CFindingsKeeper&) = delete;
+
+ private:
+  Findings& m_kept;
+  Findings& m_ofModel;
+  int m_nExceptions = std::uncaught_exceptions();
+  std::chrono::steady_clock::time_point m_start = std::chrono::steady_clock::now();
+};
+
+}  // namespace skyframe

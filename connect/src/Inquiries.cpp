@@ -1,0 +1,91 @@
+#include "skyframe/connect/Inquiries.h"
+
+#include <algorithm>
+#include <exception>
+
+#include "Renumbering.h"
+#include "skyframe/hostdata/HostData.h"
+#include "skyframe/modal/DesignSpectrum.h"
+#include "skyframe/modal/ModalReport.h"
+#include "skyframe/model/AnalysisModel.h"
+#include "skyframe/platform/Platform.h"
+#include "texts.h"
+
+namespace skyframe {
+namespace {
+
+/// Answers within the module's state; nothing after a message when memory is short.
+template <class Question>
+auto Answer(Question question) -> decltype(question()) {
+  const CModuleStateScope scope;
+  try {
+    return question();
+  } catch (const std::exception&) {
+    GetPlatform().ShowMessage(c_strOutOfMemory);
+    return std::nullopt;
+  }
+}
+
+ProfileMeasure MeasureProfile(const CAnalysisModel& model) {
+  ProfileMeasure result;
+  result.nFree = model.GetFreeDofs();
+  result.nRestrained = model.GetTotalDofs() - result.nFree;
+  const std::vector<int>& diagonal = model.GetDiagonalAddresses();
+  for (int i = 0; i < result.nFree; ++i) {
+    const auto k = static_cast<std::size_t>(i);
+    const double dHeight = i == 0 ? 1.0 : static_cast<double>(diagonal[k]) - diagonal[k - 1];
+    result.dEntries += dHeight;
+    result.dLargestHeight = std::max(result.dLargestHeight, dHeight);
+    result.dOperations += dHeight * dHeight;
+  }
+  result.dBytes = diagonal.empty() ? 0.0 : sizeof(double) * (diagonal.back() + 1.0);
+  return result;
+}
+
+std::optional<ProfileMeasure> BuildAndMeasure(bool bForModes) {
+  CAnalysisModel model;
+  if (bForModes) {
+    model.BuildModelForModes(false);
+  } else {
+    model.BuildModel();
+  }
+  return model.m_bValid ? std::optional(MeasureProfile(model)) : std::nullopt;
+}
+
+}  // namespace
+
+std::optional<ModelMeasure> MeasureModel(bool bForModes) {
+  return Answer([bForModes]() -> std::optional<ModelMeasure> {
+    const std::optional<ProfileMeasure> own = BuildAndMeasure(bForModes);
+    if (!own) return std::nullopt;
+    const CRenumbering renumbering;
+    const std::optional<ProfileMeasure> renumbered = BuildAndMeasure(bForModes);
+    return renumbered ? std::optional(ModelMeasure{*own, *renumbered}) : std::nullopt;
+  });
+}
+
+std::optional<int> CountModesBelow(double dOmega, const ModeSettings& settings) {
+  return Answer([&]() -> std::optional<int> {
+    const CRenumbering renumbering;  // the smaller profile
+    CAnalysisModel model;
+    model.m_nLoadCaseFlag = settings.loadFlags;
+    model.m_dLoadFactor = settings.loadFactors;
+    model.m_bLoadComb = std::ranges::any_of(settings.loadFlags, [](int n) { return n != 0; });
+    model.m_bShear = settings.bShear ? 1 : 0;
+    model.BuildModelForModes(model.m_bLoadComb);
+    return model.m_bValid ? CountModesBelow(model, dOmega, model.m_bLoadComb) : std::nullopt;
+  });
+}
+
+std::optional<DesignSpectrumValue> EvaluateDesignSpectrum(const SpectrumSite& site, double dPeriod, double dDampRatio) {
+  return Answer([&]() -> std::optional<DesignSpectrumValue> {
+    if (const auto strError = FindSiteError(site)) {
+      GetPlatform().ShowMessage(*strError);
+      return std::nullopt;
+    }
+    const CDesignSpectrum spectrum(site);
+    return DesignSpectrumValue{spectrum.GetAlpha(dPeriod, dDampRatio), spectrum.GetAlphaMax(), spectrum.GetTg()};
+  });
+}
+
+}  // namespace skyframe

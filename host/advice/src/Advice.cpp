@@ -1,0 +1,71 @@
+#include "skyframe/host/Advice.h"
+
+#include <algorithm>
+#include <filesystem>
+
+#include "AdviceBuilder.h"
+#include "Format.h"
+
+namespace skyframe::host {
+
+bool HasError(const AdviceList& list) {
+  return std::ranges::any_of(list, [](const Advice& advice) { return advice.severity == Severity::Error; });
+}
+
+std::string FormatAdvice(const Advice& advice) {
+  const std::string strKind = advice.severity == Severity::Error ? "error: " : "warning: ";
+  return strKind + advice.strText + " [" + advice.strName + "]";
+}
+
+std::string DescribePlace(const Job& job, const DofPlace& place) {
+  const auto nNodes = static_cast<int>(job.nodes.size());
+  if (place.nNode < 1 || place.nNode > nNodes) return "no node";
+  return "node " + std::to_string(job.nodes[static_cast<std::size_t>(place.nNode - 1)].nId) + " " +
+         std::string(c_strDirections[static_cast<std::size_t>(place.nDirection)]);
+}
+
+void CAdviceBuilder::CheckConditioning() {
+  constexpr double c_dAllDigits = 16.0;  // of a double
+  constexpr double c_dDoubtful = 10.0;
+  constexpr double c_dMechanism = 13.0;
+  const Conditioning& conditioning = m_findings.conditioning;
+  const double dLost = conditioning.dLostDigits;
+  if (!(dLost > c_dDoubtful)) return;
+  const std::string strPlace = DescribePlace(m_job, conditioning.place);
+  if (dLost >= c_dMechanism) {
+    const std::string strLost =
+        std::isfinite(dLost) ? Format("%.1f of 16 digits are lost there", dLost) : "no stiffness is left there";
+    Error("mechanism", "nearly a mechanism at " + strPlace + ": " + strLost + "; the results cannot be used");
+  } else {
+    Warn("conditioning", Format("%.1f digits are lost at %s, results are good to about %.0f digits", dLost,
+                                strPlace.c_str(), std::floor(c_dAllDigits - dLost)));
+  }
+}
+
+bool CAdviceBuilder::CheckNodeValues(const std::vector<NodeValues>& values, std::string_view strQuantity,
+                                     std::string_view strSuffix) {
+  for (std::size_t i = 0; i < values.size(); ++i) {
+    for (std::size_t d = 0; d < values[i].size(); ++d) {
+      const DofPlace place = {static_cast<int>(i) + 1, static_cast<int>(d)};
+      if (!CheckFinite(values[i][d], std::string(strQuantity) + " at " + DescribePlace(m_job, place), strSuffix)) {
+        return false;
+      }
+    }
+  }
+  return true;
+}
+
+std::string CAdviceBuilder::GetFileName(std::string_view strSuffix) const {
+  for (const std::string& strPath : m_findings.files) {
+    if (strPath.ends_with(strSuffix)) return std::filesystem::path(strPath).filename().string();
+  }
+  return "*" + std::string(strSuffix);
+}
+
+bool CAdviceBuilder::CheckFinite(double dValue, const std::string& strWhat, std::string_view strSuffix) {
+  if (std::isfinite(dValue)) return true;
+  Error("not-finite", GetFileName(strSuffix) + ": " + strWhat + " is not a finite number");
+  return false;
+}
+
+}  // namespace skyframe::host

@@ -1,0 +1,54 @@
+#include "AdviceBuilder.h"
+#include "Format.h"
+#include "skyframe/values/ResultFiles.h"
+
+namespace skyframe::host {
+
+namespace {
+
+void CheckDamping(const HistoryFindings& findings, CAdviceBuilder& advice) {
+  for (std::size_t i = 0; i < findings.damping.size(); ++i) {
+    if (!(findings.damping[i] < 0.0)) continue;
+    advice.Warn("negative-damping", Format("the damping ratios give mode %zu (%.4g rad/s) %.2g %%: it is driven, not "
+                                           "damped",
+                                           i + 1, findings.omega[i], 100.0 * findings.damping[i]));
+    return;
+  }
+}
+
+void CheckValues(const Job& job, const HistoryFindings& findings, CAdviceBuilder& advice) {
+  if (findings.nBadStep == 0) return;
+  const std::string strPlace =
+      findings.nBadQuantity == c_nHistoryForce
+          ? "axial force of element " + std::to_string(findings.nBadNumber)
+          : "displacement at " + DescribePlace(job, {findings.nBadNumber, findings.nBadQuantity});
+  const std::string strTime = Format(" from t = %g s on", findings.nBadStep * findings.dTimeStep);
+  advice.CheckFinite(std::nan(""), strPlace + strTime, findings.bGroundMotion ? suffix::c_strHistory : "history");
+}
+
+/// A run without result leaves the histories of an earlier one to the viewer.
+void CheckKept(const HistoryFindings& findings, const HistorySet& kept, CAdviceBuilder& advice) {
+  const bool bEnded = findings.status == RunStatus::Refused || findings.status == RunStatus::Failed;
+  if (!bEnded || !kept.bComplete) return;
+  advice.Warn("older-history", "the viewer still shows an earlier run: " + DescribeHistory(kept));
+}
+
+}  // namespace
+
+std::string DescribeHistory(const HistorySet& history) {
+  std::string strText = Format("%s, %s, %d steps of %g s", history.nMethod == c_nNewmarkMethod ? "Newmark" : "Wilson",
+                               history.nAssumption == 1 ? "nonlinear" : "linear", history.nSteps, history.dTimeStep);
+  if (!history.strFinished.empty()) strText += ", finished " + history.strFinished;
+  return strText;
+}
+
+AdviceList AdviseOnHistory(const Job& job, const HistoryFindings& findings, const HistorySet& kept) {
+  CAdviceBuilder advice(job, findings);
+  advice.CheckConditioning();
+  CheckDamping(findings, advice);
+  CheckValues(job, findings, advice);
+  CheckKept(findings, kept, advice);
+  return advice.Take();
+}
+
+}  // namespace skyframe::host

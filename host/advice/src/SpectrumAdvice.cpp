@@ -1,0 +1,68 @@
+#include <algorithm>
+
+#include "AdviceBuilder.h"
+#include "Format.h"
+#include "skyframe/values/ResultFiles.h"
+#include "skyframe/values/SpectrumSite.h"
+
+namespace skyframe::host {
+
+namespace {
+
+constexpr double c_dMassNormTolerance = 1.0e-3;
+constexpr double c_dEnoughMass = 0.9;
+constexpr double c_dSpectrumEnd = 6.0;  ///< s
+constexpr double c_dNoComponent = 1.0e-15;
+
+/// Modes are normalised with the mass of the modal run.
+void CheckMassNorms(const SpectrumFindings& findings, CAdviceBuilder& advice) {
+  const auto Distance = [](double m) { return std::abs(m - 1.0); };
+  const auto it = std::ranges::max_element(findings.modalMass, {}, Distance);
+  if (it == findings.modalMass.end() || !(Distance(*it) > c_dMassNormTolerance)) return;
+  advice.Warn("other-combination",
+              Format("phi^T M phi of mode %d is %.4f with the load combination of this analysis, not 1: the modal "
+                     "analysis had another one",
+                     static_cast<int>(it - findings.modalMass.begin()) + 1, *it));
+}
+
+void CheckMasses(const SpectrumFindings& findings, CAdviceBuilder& advice) {
+  if (findings.bVirtual) return;  // it carries the rest
+  for (std::size_t d = 0; d < 3; ++d) {
+    if (std::abs(findings.direction[d]) <= c_dNoComponent || findings.totalMass[d] <= 0.0) continue;
+    double dSum = 0.0;
+    for (const std::array<double, 3>& mode : findings.effectiveMasses) dSum += mode[d];
+    const double dShare = dSum / findings.totalMass[d];
+    if (dShare >= c_dEnoughMass) continue;
+    advice.Warn("missing-mass", Format("the %d modes hold %.1f %% of the mass in %s, below 90 %%: use more modes",
+                                       findings.nModes, 100.0 * dShare, std::string(c_strDirections[d]).c_str()));
+  }
+}
+
+void CheckPeriods(const SpectrumFindings& findings, CAdviceBuilder& advice) {
+  for (std::size_t i = 0; i < static_cast<std::size_t>(findings.nModes) && i < findings.omega.size(); ++i) {
+    const double T = c_dTwoPi / findings.omega[i];
+    if (T < c_dSpectrumEnd) continue;
+    advice.Warn("long-period",
+                Format("mode %zu has the period %.4g s: the spectrum ends at 6 s and gives it no load", i + 1, T));
+    return;
+  }
+}
+
+}  // namespace
+
+AdviceList AdviseOnSpectrum(const Job& job, const SpectrumFindings& findings) {
+  CAdviceBuilder advice(job, findings);
+  advice.CheckConditioning();
+  CheckMassNorms(findings, advice);
+  if (findings.status != RunStatus::Done) return advice.Take();
+  CheckMasses(findings, advice);
+  CheckPeriods(findings, advice);
+  for (std::size_t d = 0; d < 3; ++d) {
+    const std::string strWhat = "the base shear in " + std::string(c_strDirections[d]);
+    if (!advice.CheckFinite(findings.baseShear[d], strWhat, suffix::c_strSpectrum)) return advice.Take();
+  }
+  advice.CheckNodeValues(findings.displacements, "displacement", suffix::c_strSpectrum);
+  return advice.Take();
+}
+
+}  // namespace skyframe::host

@@ -1,0 +1,109 @@
+#include <algorithm>
+#include <cmath>
+
+#include "AdviceBuilder.h"
+#include "Format.h"
+#include "skyframe/values/ResultFiles.h"
+
+namespace skyframe::host {
+
+namespace {
+
+using Vector = std::array<double, 3>;
+
+constexpr double c_dBalanceTolerance = 1.0e-6;
+constexpr double c_dNotableCompression = 0.05;  ///< of pi^2 E I / L^2
+
+/// Resultant about the origin, the largest of its contributions, and the lever arm they can have.
+struct Resultant {
+  std::array<double, 6> sum = {};
+  double dForce = 0.0;
+  double dMoment = 0.0;
+  double dReach = 0.0;
+
+  /// What a difference counts against: forces and moments bring each other about over the reach.
+  [[nodiscard]] double GetScale(std::size_t d) const {
+    return d < 3 ? std::max(dForce, dReach > 0.0 ? dMoment / dReach : 0.0) : std::max(dMoment, dForce * dReach);
+  }
+};
+
+/// Coordinates as the records have them.
+Vector GetPosition(const JobNode& node) {
+  const auto Single = [](double d) { return static_cast<double>(static_cast<float>(d)); };
+  return {Single(node.dX), Single(node.dY), Single(node.dZ)};
+}
+
+/// sum <- sum + dSign (F, M + r x F)
+void Add(const JobNode& node, const NodeValues& force, double dSign, Resultant& resultant) {
+  const auto [x, y, z] = GetPosition(node);
+  const auto& [Fx, Fy, Fz, Mx, My, Mz] = force;
+  const std::array<double, 6> values = {Fx, Fy, Fz, Mx + y * Fz - z * Fy, My + z * Fx - x * Fz, Mz + x * Fy - y * Fx};
+  for (std::size_t d = 0; d < values.size(); ++d) {
+    resultant.sum[d] += dSign * values[d];
+    double& dLargest = d < 3 ? resultant.dForce : resultant.dMoment;
+    dLargest = std::max(dLargest, std::abs(values[d]));
+  }
+  resultant.dReach = std::max(resultant.dReach, std::hypot(x, y, z));
+}
+
+/// The supports take what the loads bring.
+void CheckBalance(const Job& job, const StaticFindings& findings, CAdviceBuilder& advice) {
+  const std::size_t nNodes = job.nodes.size();
+  if (findings.loads.size() != nNodes || findings.reactions.size() != nNodes) return;
+  Resultant resultant;
+  for (std::size_t i = 0; i < nNodes; ++i) {
+    Add(job.nodes[i], findings.loads[i], 1.0, resultant);
+    Add(job.nodes[i], findings.reactions[i], -1.0, resultant);
+  }
+  for (std::size_t d = 0; d < resultant.sum.size(); ++d) {
+    if (std::abs(resultant.sum[d]) <= c_dBalanceTolerance * resultant.GetScale(d)) continue;
+    const char* const pszUnit = d < 3 ? "kN" : "kNm";
+    advice.Error("equilibrium", Format("loads and support forces do not balance: %.6g %s in %s is left of %.6g %s",
+                                       resultant.sum[d] * 1.0e-3, pszUnit, std::string(c_strDirections[d]).c_str(),
+                                       resultant.GetScale(d) * 1.0e-3, pszUnit));
+    return;
+  }
+}
+
+/// How far an iteration came that did not converge.
+void DescribeIteration(const Job& job, const StaticFindings& findings, CAdviceBuilder& advice) {
+  if (!findings.bNonlinear || findings.status != RunStatus::Failed || findings.nIterations == 0) return;
+  const bool bGrows = !(findings.dIncrement < findings.dPreviousIncrement);
+  advice.Error("no-convergence",
+               Format("no equilibrium after %d iterations: ||R|| = %.3g N of ||P|| = %.3g N, ||du|| = %.3g m, %s, "
+                      "the largest at %s",
+                      findings.nIterations, findings.dResidual, findings.dForce, findings.dIncrement,
+                      findings.nIterations < 2 ? "its first"
+                      : bGrows                 ? "growing"
+                                               : "falling",
+                      DescribePlace(job, findings.largestIncrement).c_str()));
+}
+
+void CheckCompression(const StaticFindings& findings, CAdviceBuilder& advice) {
+  const auto it = std::ranges::min_element(findings.eulerRatios);
+  if (it == findings.eulerRatios.end() || -*it <= c_dNotableCompression) return;
+  const auto nCount = std::ranges::count_if(findings.eulerRatios, [](double d) { return -d > c_dNotableCompression; });
+  advice.Warn("divide-members",
+              Format("element %d carries %.2f of its own pi^2 E I / L^2 in compression (%d above %.2f): one element a "
+                     "member overestimates its stability, divide it",
+                     static_cast<int>(it - findings.eulerRatios.begin()) + 1, -*it, static_cast<int>(nCount),
+                     c_dNotableCompression));
+}
+
+}  // namespace
+
+AdviceList AdviseOnStatic(const Job& job, const StaticFindings& findings) {
+  CAdviceBuilder advice(job, findings);
+  advice.CheckConditioning();
+  DescribeIteration(job, findings, advice);
+  if (findings.status == RunStatus::Done) {
+    const std::string_view strSuffix = findings.bNonlinear ? suffix::c_strStaticNonlinear : suffix::c_strStaticLinear;
+    const bool bFinite = advice.CheckNodeValues(findings.displacements, "displacement", strSuffix) &&
+                         advice.CheckNodeValues(findings.reactions, "reaction", strSuffix);
+    if (bFinite && !findings.bNonlinear) CheckBalance(job, findings, advice);
+    CheckCompression(findings, advice);
+  }
+  return advice.Take();
+}
+
+}  // namespace skyframe::host
