@@ -109,23 +109,26 @@ TEST(Scene, BeamBendsAsTheCubicOfACantilever) {
 
 TEST(ModeShapes, DamagedFilesGiveNone) {
   const QTemporaryDir directory;
-  const QString strFile = directory.filePath(QStringLiteral("a.mode"));
+  const std::string strJob = directory.filePath(QStringLiteral("a")).toStdString();
   const std::string strGood =
       "The_Data_of_Zan's_Mode_Analysis\n\n7/1/2025  10:11:12\nv1.0\n\n1 2 1 1 1 0\nEigen_And_Freq:\n"
-      "1     6.28319        1.00000\nNode_DOF_When_FREQ_1:\n2\n1   0 0 0 0 0 0\n2   1 2 2\n";
-  WriteFile(strFile, strGood);
-  const std::vector<Shape> shapes = ReadModeShapes(strFile.toStdString(), {true, false});
+      "1     6.2831852        1.00000\nNode_DOF_When_FREQ_1:\n1\n1   0 0 0 0 0 0\n2   1 2 2\n";
+  const host::JobNode rigid = {}, pinned = {.nJoint = host::c_nPinned, .nSpring = {}};
+  WriteFile(ToQt(strJob + ".mode"), strGood);
+  const std::vector<Shape> shapes = ReadShapes(strJob, {rigid, pinned});
   ASSERT_EQ(shapes.size(), 1U);
   EXPECT_EQ(shapes[0].GetLargestTranslation(), 3.0);
-  EXPECT_EQ(shapes[0].strTitle, "振型 1   f = 2 Hz   T = 0.5 s");
-  for (const auto& [strText, joints] : {std::pair<std::string, std::vector<bool>>{strGood, {true}},
-                                        {strGood.substr(0, strGood.size() - 6), {true, false}},
-                                        {"a b c d 1 2 1 1 99999999999 0", {true, false}},
-                                        {std::string(1000, '\xff'), {true, false}}}) {
-    WriteFile(strFile, strText);
-    EXPECT_TRUE(ReadModeShapes(strFile.toStdString(), joints).empty());
+  EXPECT_EQ(shapes[0].strTitle, "振型 1   f = 1 Hz   T = 1 s");
+  const std::string strNan = std::string(strGood).replace(strGood.rfind("2 2"), 1, "nan");
+  for (const auto& [strText, nodes] : {std::pair<std::string, std::vector<host::JobNode>>{strGood, {rigid}},
+                                       {strGood.substr(0, strGood.size() - 6), {rigid, pinned}},
+                                       {strNan, {rigid, pinned}},
+                                       {"a b c d 1 2 1 1 99999999999 0", {rigid, pinned}},
+                                       {std::string(1000, '\xff'), {rigid, pinned}}}) {
+    WriteFile(ToQt(strJob + ".mode"), strText);
+    EXPECT_TRUE(ReadShapes(strJob, nodes).empty());
   }
-  EXPECT_TRUE(ReadModeShapes(directory.filePath(QStringLiteral("absent")).toStdString(), {true}).empty());
+  EXPECT_TRUE(ReadShapes(strJob + "absent", {rigid}).empty());
 }
 
 class MainWindow : public ::testing::Test {
