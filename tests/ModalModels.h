@@ -53,7 +53,7 @@ struct ModeErrors {
 };
 inline ModeErrors FormModeErrors(const CAnalysisModel& model, bool bUseLoadMass) {
   SparseMatrix K, M;
-  EXPECT_TRUE(AssemblePencil(model, false, bUseLoadMass, K, M));
+  EXPECT_TRUE(AssembleModalMass(model, bUseLoadMass, M) && model.AssembleStiffness(K, false, model.m_bShear != 0));
   const int F = model.GetFreeDofs(), n = static_cast<int>(model.Omega.size());
   ModeErrors errors;
   for (int i = 0; i < n; ++i) {
