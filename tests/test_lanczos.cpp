@@ -92,13 +92,8 @@ TEST(Lanczos, FindsAllRootsOfKnownPencils) {
     ASSERT_TRUE(solver.Extend(static_cast<int>(c.theta.size())));
     ASSERT_EQ(solver.GetSize(), c.nExpectedSize);
     solver.SolveRitz(1e-16);
-    const CMatrix Phi = solver.FormRitzVectors(c.nExpectedSize);
     for (int i = 0; i < c.nExpectedSize; ++i) {
       EXPECT_NEAR(solver.GetRitzValues()[i], c.theta[i], 1e-11);
-      // Residual of the equations with mass; the others keep what the start vector had there.
-      for (std::size_t k = 0; k < c.theta.size(); ++k) {
-        EXPECT_NEAR(c.theta[k] * (c.theta[k] - solver.GetRitzValues()[i]) * Phi[static_cast<int>(k)][i], 0.0, 1e-9);
-      }
       for (int j = 0; j <= i; ++j) {
         double dProduct = i == j ? -1.0 : 0.0;  // Q^T M Q - I
         for (std::size_t k = 0; k < c.theta.size(); ++k) {
