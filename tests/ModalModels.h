@@ -30,18 +30,20 @@ inline void FillOneBar(CHostModel& host) {
   host.AddLoad(0, 2, 2, 100.0);
 }
 
-/// Square tower of rigid frames, one bay: equal stiffness along X and Y.
-inline void FillSquareTower(CHostModel& host, int nStoreys) {
+/// Square towers of rigid frames, one bay: equal stiffness along X and Y, nothing between them.
+inline void FillSquareTower(CHostModel& host, int nStoreys, int nTowers = 1) {
   host.SetSection(1, 2, 20000, 1e8, 2e8, 2e8);
   const auto node = [](int nStorey, int nCorner) { return 4 * nStorey + nCorner + 1; };
   constexpr double c_dX[] = {0, 6, 6, 0}, c_dY[] = {0, 0, 6, 6};
-  for (int s = 0; s <= nStoreys; ++s) {
-    for (int c = 0; c < 4; ++c) host.AddNode(c_dX[c], c_dY[c], 3.5 * s, c_nRigid, s == 0 ? "111111" : "000000");
-  }
-  for (int s = 0; s < nStoreys; ++s) {
+  const int nLevels = nStoreys + 1;
+  for (int s = 0; s < nLevels * nTowers; ++s) {
     for (int c = 0; c < 4; ++c) {
-      host.AddElement(c_nBeam, node(s, c), node(s + 1, c));
-      host.AddElement(c_nBeam, node(s + 1, c), node(s + 1, (c + 1) % 4));
+      host.AddNode(c_dX[c] + 50.0 * (s / nLevels), c_dY[c], 3.5 * (s % nLevels), c_nRigid,
+                   s % nLevels == 0 ? "111111" : "000000");
+    }
+    for (int c = 0; c < 4 && s % nLevels > 0; ++c) {
+      host.AddElement(c_nBeam, node(s - 1, c), node(s, c));
+      host.AddElement(c_nBeam, node(s, c), node(s, (c + 1) % 4));
     }
   }
 }
@@ -53,7 +55,7 @@ struct ModeErrors {
 };
 inline ModeErrors FormModeErrors(const CAnalysisModel& model, bool bUseLoadMass) {
   SparseMatrix K, M;
-  EXPECT_TRUE(AssemblePencil(model, false, bUseLoadMass, K, M));
+  EXPECT_TRUE(AssembleModalMass(model, bUseLoadMass, M) && model.AssembleStiffness(K, false, model.m_bShear != 0));
   const int F = model.GetFreeDofs(), n = static_cast<int>(model.Omega.size());
   ModeErrors errors;
   for (int i = 0; i < n; ++i) {

@@ -11,7 +11,6 @@
 #include "skyframe/host/CommandLine.h"
 #include "skyframe/host/JobFile.h"
 #include "skyframe/modal/ModalPencil.h"
-#include "skyframe/modal/ModalReport.h"
 
 // Every example from its job file to its results, then the same analyses once more on the filled host
 // records, where the full precision of the results can be held against statics and the eigenproblem.
@@ -111,10 +110,10 @@ TEST_P(Example, ModesSolveTheirEigenproblem) {
     model.m_nRootCheck = pModal->nRootCheck.value();
     model.SolveModes(m_strPath, 0, model.m_bLoadComb);
     ASSERT_EQ(static_cast<int>(model.Omega.size()), model.m_nModes);
-    EXPECT_EQ(CountMissedModes(model, model.m_bLoadComb), 0);
 
     SparseMatrix K, M;
-    ASSERT_TRUE(AssemblePencil(model, false, model.m_bLoadComb, K, M));
+    ASSERT_TRUE(AssembleModalMass(model, model.m_bLoadComb, M) &&
+                model.AssembleStiffness(K, false, model.m_bShear != 0));
     const int F = model.GetFreeDofs();
     ASSERT_TRUE(PrepareProducts(K, F) && PrepareProducts(M, F));
     const CMatrix& Phi = model.ModeShapes;

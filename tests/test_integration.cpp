@@ -449,7 +449,7 @@ TEST_F(TimeHistory, NoStepsAndNoFreeEquations) {
   m_host.SetSection(1, 2, 100.0);
   for (const double dX : {0.0, 1.0}) m_host.AddNode(dX, 0, 0, test::c_nPinned, "111000");
   m_host.AddElement(test::c_nBar, 1, 2);
-  WriteModes({});
+  WriteModes({500.0, 5000.0});
   for (const int nAssumption : {0, 1}) {
     for (const double dt : {0.01, -1.0}) {
       Build(dt, 0.05).NewmarkIntegration(m_folder.GetJobPath(), nAssumption, 1);

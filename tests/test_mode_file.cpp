@@ -159,14 +159,19 @@ std::vector<FileCase> MakeFileCases() {
       {"pinned count", Change(strCounts, "1 3 1 1 1 0"), c_pCounts, c_pCounts},
       {"count of 2^31", Change(strCounts, "1 2147483648 1 2 1 0"), c_pCounts, c_pCounts},
       {"negative modes", Change(strCounts, "1 3 1 2 -5 0"), c_pExpand, c_pExpand},
+      {"no modes", Change(strCounts, "1 3 1 2 0 0"), c_pExpand, c_pCounts},
       {"2^31 - 1 modes that are not there", Change(strCounts, "1 3 1 2 2147483647 0"), c_pRead, c_pRead},
       {"mode count of 2^31", Change(strCounts, "1 3 1 2 2147483648 0"), c_pRead, c_pRead},
       {"shear flag is a word", Change(strCounts, "1 3 1 2 1 yes"), c_pRead, c_pRead},
       {"no frequency mark", Change("Eigen_And_Freq:", "Eigen"), c_pRead, c_pRead},
       {"NaN frequency", Change(strOmega, "nan "), c_pRead, c_pRead},
       {"overflowing frequency", Change(strOmega, "1e999 "), c_pRead, c_pRead},
-      {"zero frequency", Change(strOmega, "0 "), c_pCounts, nullptr},
-      {"negative frequency", Change(strOmega, "-317.055 "), c_pCounts, nullptr},
+      {"zero frequency", Change(strOmega, "0 "), c_pCounts, c_pCounts},
+      {"negative frequency", Change(strOmega, "-317.055 "), c_pCounts, c_pCounts},
+      {"frequency whose square overflows", Change(strOmega, "1e200 "), c_pCounts, c_pCounts},
+      {"frequency whose square underflows", Change(strOmega, "1e-200 "), c_pCounts, c_pCounts},
+      {"shape whose square overflows", Change(strValue, "-1e200 "), c_pCounts, nullptr},
+      {"shape whose square underflows", Change(strValue, "1e-200 "), c_pCounts, nullptr},
       {"NaN in a shape", Change(strValue, "nan "), c_pRead, nullptr},
       {"shape cut", Change(strValue, nullptr), c_pRead, nullptr},
       {"shape block missing", Change("Node_DOF", nullptr), c_pRead, nullptr},
@@ -180,6 +185,7 @@ TEST(ModeFile, DamagedFilesGetTheirMessage) {
       SCOPED_TRACE(testing::Message() << c.pName << (bFull ? ", full reader" : ", frequency reader"));
       CBarModel bar;
       bar.model.m_bValid = false;
+      bar.model.m_nExpandModes = bFull ? 1 : 0;
       const std::string strPath = bar.folder.GetJobPath();
       if (!c.strText.starts_with("missing")) bar.folder.Write(".mode", c.strText);
       const char* const pMessage = bFull ? c.pFull : c.pFrequencies;

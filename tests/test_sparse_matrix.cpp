@@ -293,7 +293,7 @@ TEST(SparseMatrix, PivotTest) {
   }
 }
 
-TEST(SparseMatrix, RefusalComesAfterAllColumns) {
+TEST(SparseMatrix, RefusalComesAfterAllColumnsAndLostDigitsAreThoseOfTheWorstEquation) {
   CTestPlatform platform;
   // The pivot of equation 1 vanishes; column 2 does not touch it and is reduced all the same.
   SparseMatrix S = MakeSparse({0, 2, 5}, {2, 2, 2, 1, 1, 3});
@@ -302,6 +302,12 @@ TEST(SparseMatrix, RefusalComesAfterAllColumns) {
   EXPECT_EQ(S(0, 1), 1.0);
   EXPECT_EQ(S(1, 1), 0.0);
   EXPECT_EQ(S(0, 2), 0.5);
+  EXPECT_EQ(S.GetLostDigits().nEquation, 1);
+  EXPECT_EQ(S.GetLostDigits().dDigits, c_dInfinity);
+  SparseMatrix weak = MakeSparse({0, 2, 3}, {1, 1, 1.001, 7});  // D = 1, 0.001, 7
+  EXPECT_TRUE(weak.Decompose(3));
+  EXPECT_EQ(weak.GetLostDigits().nEquation, 1);
+  EXPECT_NEAR(weak.GetLostDigits().dDigits, std::log10(1001.0), 1e-12);
 }
 
 TEST(SparseMatrix, NotANumberAndInfinityAreRefusedWhereverTheyStand) {

@@ -204,7 +204,25 @@ TEST(SpectrumAnalysis, TwoStoreyShearFrameByHand) {
     ExpectRow(support[0], {1, V, 0, 0, 0, V * ShearFrame::L / 2.0, 0}, 3e-5 * V);
     EXPECT_EQ(support[1][1], 0.0);  // free DOFs of a supported node
     EXPECT_GT(support[1][5], 0.0);
+    const SpectrumFindings& findings = run.model.m_spectrumFindings;
+    EXPECT_EQ(findings.status, RunStatus::Done);
+    ExpectRow(Vector(findings.baseShear.begin(), findings.baseShear.end()), {V, 0, 0}, 1e-9 * V);
+    ExpectRow(findings.modalMass, {1, 1});
+    for (const int i : {0, 1}) {
+      EXPECT_NEAR(findings.effectiveMasses[i][0], frame.gamma[i] * frame.gamma[i], 1e-4 * frame.dTotalMass);
+      EXPECT_NEAR(findings.displacements[i + 1][0], displacement[i + 1][1], 1e-5 * displacement[i + 1][1]);
+    }
+    ExpectRow({findings.totalMass[0], findings.dQuakeMass}, Vector(2, frame.dTotalMass));
   }
+}
+
+TEST(SpectrumAnalysis, FindingsBelongToTheFileThatAnotherCombinationGave) {
+  // Modes of a run with load masses, combined without them: V of the supports, not r^T M phi alpha g.
+  CSpectrumRun run(ShearFrame::Fill, 2, 2);
+  run.model.SpectrumAnalysis(run.folder.GetJobPath(), 0, false);
+  const SpectrumFindings& findings = run.model.m_spectrumFindings;
+  EXPECT_LT(findings.modalMass[0], 0.2);
+  EXPECT_NEAR(findings.baseShear[0], run.GetBlock("Support:", "(end)").at(0)[1], 1e-5 * findings.baseShear[0]);
 }
 
 TEST(SpectrumAnalysis, HeadOfTheFile) {
@@ -258,6 +276,7 @@ TEST(SpectrumAnalysis, RefusesInOrderAndWritesNothing) {
   struct Case {
     std::function<void(CAnalysisModel&)> change;
     const char* pMessage;
+    RunStatus status = RunStatus::Refused;
   };
   // A case with two faults tells which check comes first.
   const Case cases[] = {
@@ -275,6 +294,7 @@ TEST(SpectrumAnalysis, RefusesInOrderAndWritesNothing) {
       {[](auto& m) { m.m_nSiteClass = 0, m.m_bVirtualModes = 1, m.m_nPseudoLoadNo = -1; }, "场地类型选择错误!"},
       {[](auto& m) { m.m_nExpandModes = m.m_bVirtualModes = 1, m.m_nPseudoLoadNo = -1; }, "错误:虚拟地震静力序号"},
       {[](auto& m) { m.m_bValid = false, m.m_nExpandModes = 3; }, nullptr},
+      {[](auto& m) { m.ModeShapes = CMatrix(2, 2, 1e155); }, "文件数据错误，计算终止!", RunStatus::Failed},
   };
   for (const Case& c : cases) {
     CSpectrumRun run(ShearFrame::Fill, 2, 2);
@@ -285,6 +305,7 @@ TEST(SpectrumAnalysis, RefusesInOrderAndWritesNothing) {
     std::vector<std::string> expected;
     if (c.pMessage) expected.emplace_back(c.pMessage);
     EXPECT_EQ(run.platform.GetMessages(), expected);
+    EXPECT_EQ(run.model.m_spectrumFindings.status, c.status);
     EXPECT_EQ(run.folder.Read(".spec"), "older");
     EXPECT_EQ(run.folder.List().size(), 2U);
     EXPECT_EQ(COMDAT.m_fSpectrum[2], 7.0F);
@@ -303,6 +324,9 @@ TEST(SpectrumAnalysis, VirtualModeCompletesTheFrame) {
     EXPECT_TRUE(run.platform.GetMessages().empty());
     EXPECT_EQ(run.model.ModeDamping.size(), static_cast<std::size_t>(nExpand + (bAdded ? 1 : 0)));
     EXPECT_EQ(run.folder.List().size(), bAdded ? 4U : 2U);
+    EXPECT_EQ(run.model.m_spectrumFindings.bVirtual, bAdded);
+    EXPECT_EQ(run.model.m_spectrumFindings.nModes, nExpand);
+    EXPECT_EQ(run.model.m_spectrumFindings.conditioning.place.nNode > 0, bAdded);
     if (!bAdded) continue;
     const double u = frame.Combine(c_nSrss, [&](int i) { return frame.factor[i] * frame.phi[i][1]; });
     EXPECT_NEAR(run.GetBlock("Node_Dis:", "Force:").at(2)[1], u, 1e-4 * u);

@@ -24,8 +24,10 @@ bool AssembleModalMass(const CAnalysisModel& model, bool bUseLoadMass, SparseMat
   return true;
 }
 
-bool AssemblePencil(const CAnalysisModel& model, bool bGeometric, bool bUseLoadMass, SparseMatrix& K, SparseMatrix& M) {
-  return AssembleModalMass(model, bUseLoadMass, M) && model.AssembleStiffness(K, bGeometric, model.m_bShear != 0);
+bool AssembleMassRows(const CAnalysisModel& model, bool bUseLoadMass, SparseMatrix& S, CRowMatrix& M) {
+  if (!AssembleModalMass(model, bUseLoadMass, S)) return false;
+  M = CRowMatrix(S, model.GetFreeDofs());
+  return M.GetOrder() == model.GetFreeDofs();
 }
 
 bool PrepareProducts(SparseMatrix& A, int nFree) {

@@ -14,32 +14,24 @@ constexpr double c_dJustBelow = 0.9999;  ///< of the highest frequency, past the
 }  // namespace
 
 std::optional<EffectiveMasses> ComputeEffectiveMasses(const CAnalysisModel& model, bool bUseLoadMass) {
-  SparseMatrix M;
-  const int F = model.GetFreeDofs();
-  if (!AssembleModalMass(model, bUseLoadMass, M) || !PrepareProducts(M, F)) return std::nullopt;
-  const CMatrix& Phi = model.ModeShapes;
-
+  SparseMatrix S;
+  CRowMatrix M;
+  if (!AssembleMassRows(model, bUseLoadMass, S, M)) return std::nullopt;
+  const CTranslationMasses translation(model, M);
   EffectiveMasses masses;
-  masses.modes.resize(static_cast<std::size_t>(Phi.GetCols()));
-  for (std::size_t d = 0; d < 3; ++d) {
-    std::array<double, 3> direction{};
-    direction[d] = 1.0;
-    const std::vector<double> r = FormDirectionVector(model, direction);
-    const std::vector<double> Mr = Multiply(M, r);
-    masses.total[d] = Dot(r, Mr);
-    for (int i = 0; i < Phi.GetCols(); ++i) {
-      double dGamma = 0.0;
-      for (int k = 0; k < F; ++k) dGamma += Mr[static_cast<std::size_t>(k)] * Phi[k][i];
-      masses.modes[static_cast<std::size_t>(i)][d] = dGamma * dGamma;
-    }
+  masses.total = translation.GetTotal();
+  for (int i = 0; i < model.ModeShapes.GetCols(); ++i) {
+    masses.modes.push_back(translation.FormEffective(GetColumn(model.ModeShapes, i)));
   }
   return masses;
 }
 
 std::optional<int> CountModesBelow(const CAnalysisModel& model, double dOmega, bool bUseLoadMass) {
-  SparseMatrix K, M;
-  if (!AssemblePencil(model, false, bUseLoadMass, K, M)) return std::nullopt;
-  return CSturmCount(K, M, model.GetFreeDofs())(dOmega * dOmega);
+  SparseMatrix S;
+  CRowMatrix M;
+  if (!AssembleMassRows(model, bUseLoadMass, S, M)) return std::nullopt;
+  if (!model.AssembleStiffness(S, false, model.m_bShear != 0)) return std::nullopt;
+  return CountBelowShift(S, M, dOmega * dOmega);
 }
 
 std::optional<int> CountMissedModes(const CAnalysisModel& model, bool bUseLoadMass) {

@@ -6,6 +6,7 @@
 #include <new>
 #include <utility>
 
+#include "Participation.h"
 #include "WaitCursor.h"
 #include "skyframe/modal/ModalPencil.h"
 #include "skyframe/modal/ModeFile.h"
@@ -15,7 +16,8 @@
 namespace skyframe {
 namespace {
 
-constexpr int c_nLargeModel = 1000;       ///< from here on: unit start vector, mode comparison by default
+constexpr int c_nLargeModel = 1000;  ///< from here on: unit start vector, mode comparison by default
+constexpr double c_dStartNoise = 1e-14;
 constexpr int c_nRefinement = 4;          ///< Lanczos steps between two looks at the residuals
 constexpr double c_dLeastTheta = 1e-15;   ///< s2
 constexpr double c_dGreatestTheta = 1e6;  ///< s2; beyond it a free structure shows through round-off
@@ -36,10 +38,15 @@ std::optional<std::string_view> FindParameterError(const CAnalysisModel& model) 
   return std::nullopt;
 }
 
-double Norm2(std::span<const double> v) {
-  double dSum = 0.0;
-  for (const double d : v) dSum += d * d;
-  return dSum;
+ModalFindings FormInitialFindings(const CAnalysisModel& model, bool bUseLoadMass) {
+  ModalFindings findings;
+  findings.status = RunStatus::Refused;
+  findings.nEquations = model.GetFreeDofs();
+  findings.bShear = model.m_bShear != 0;
+  if (!bUseLoadMass) return findings;
+  findings.loadFlags = model.m_nLoadCaseFlag;
+  findings.loadFactors = model.m_dLoadFactor;
+  return findings;
 }
 
 }  // namespace
@@ -59,33 +66,38 @@ CModalSolution::CModalSolution(const CAnalysisModel& model)
 
 bool CModalSolution::Solve(bool bGeometric, bool bUseLoadMass) {
   if (!Assemble(bGeometric, bUseLoadMass)) return false;
-  std::vector<double> x0(static_cast<std::size_t>(m_nFree), 0.0);
-  x0.front() = 1.0;
-  m_lanczos.Start(m_nFree < c_nLargeModel ? m_lanczos.MakeRandomVector() : std::move(x0));
+  m_lanczos.Start(MakeStartVector());
   if (!IterateToAcceptance()) return false;
   Refine();
   return true;
 }
 
-/// M and then K are assembled in the same memory; copies are kept only where the Sturm test can use them.
+/// A large model starts from e1, with noise of the size of round-off: from e1 alone the recurrence never leaves
+/// the part of the structure that its equation belongs to.
+std::vector<double> CModalSolution::MakeStartVector() {
+  std::vector<double> x0 = m_lanczos.MakeRandomVector();
+  if (m_nFree < c_nLargeModel) return x0;
+  for (double& d : x0) d *= c_dStartNoise / 100.0;
+  x0.front() += 1.0;
+  return x0;
+}
+
+/// M and then K are assembled in the same memory; a copy of K is kept only where the Sturm test can use it.
 bool CModalSolution::Assemble(bool bGeometric, bool bUseLoadMass) {
   // Deliberate: 1, the second radio button, means Sturm, and so does any choice for a small model.
   const bool bSturm = m_model.m_nRootCheck == 1 || m_nFree < c_nLargeModel;
-  if (!AssembleModalMass(m_model, bUseLoadMass, m_K)) return false;
-  m_M = CRowMatrix(m_K, m_nFree);
-  if (m_M.GetOrder() != m_nFree) return false;
-  if (bSturm) m_plainM = m_K;
-
+  if (!AssembleMassRows(m_model, bUseLoadMass, m_K, m_M)) return false;
   if (!m_model.AssembleStiffness(m_K, bGeometric, m_model.m_bShear != 0)) return false;
-  if (bSturm) m_plainK = m_K;
-  if (!PrepareProducts(m_K, m_nFree)) return false;
-
   if (!bSturm) {
     m_pRootTest = std::make_unique<CModeComparisonTest>();
-    return true;
+    return PrepareProducts(m_K, m_nFree);
   }
-  m_pRootTest = std::make_unique<CSturmTest>(CSturmCount(m_plainK, m_plainM, m_nFree));
-  return m_plainK.IsAllocated() && m_plainM.IsAllocated();
+  m_plainK = m_K;
+  m_pRootTest = std::make_unique<CSturmTest>([this](double dShift) {
+    SparseMatrix S = m_plainK;
+    return CountBelowShift(S, m_M, dShift);
+  });
+  return m_plainK.IsAllocated() && PrepareProducts(m_K, m_nFree);
 }
 
 /// Passes of growing subspaces until the root-loss test is content or there is nothing left to add.
@@ -105,13 +117,13 @@ bool CModalSolution::IterateToAcceptance() {
   }
 }
 
-/// The root-loss tests look at frequencies alone; a mode that passes may still be rough in shape. Goes
-/// on with the recurrence, a few steps at a time within the permitted size; every pass replaces the accepted modes as a
-/// whole, or not at all.
+/// The root-loss tests look at frequencies alone, and of those at two; a mode that passes may still be rough in
+/// shape, and copies of a multiple one may be missing. Goes on with the recurrence, a few steps at a time within the
+/// permitted size; every pass replaces the accepted modes as a whole, or not at all.
 void CModalSolution::Refine() {
   const auto nLimit = static_cast<std::int64_t>(m_model.m_nIterMultiple) * m_nFirstSize;
   try {
-    while (!IsComplete() && !IsSharp()) {
+    while (!IsComplete() && !(HasAllCounted() && IsSharp())) {
       const int m = std::min(m_lanczos.GetSize() + c_nRefinement, m_nFree);
       if ((m > nLimit && m < m_nFree) || !ExtendTo(m)) return;
       TridiagonalEigen accepted = m_lanczos.GetRitz();
@@ -129,6 +141,7 @@ bool CModalSolution::ExtendTo(int m) {
 }
 
 bool CModalSolution::RunPass(int m) {
+  ++m_nPasses;
   if (!ExtendTo(m)) return false;
   m_lanczos.SolveRitz(m_model.m_dModeTol);
   if (IsSupported()) return true;
@@ -143,6 +156,15 @@ bool CModalSolution::IsSupported() const {
          std::ranges::all_of(GetWanted(), [](double d) { return d > c_dLeastTheta && d <= c_dGreatestTheta; });
 }
 
+/// The Ritz values hold every mode that the Sturm test counted.
+bool CModalSolution::HasAllCounted() const {
+  const std::optional<SturmCount> proof = m_pRootTest->GetProof();
+  if (!proof) return true;
+  const auto nFound = std::ranges::count_if(m_lanczos.GetRitzValues(),
+                                            [&](double theta) { return theta > 0.0 && 1.0 / theta < proof->dShift; });
+  return nFound >= proof->nBelow;
+}
+
 /// True when every wanted mode has a small residual or cannot be improved.
 bool CModalSolution::IsSharp() const {
   const std::span<const double> theta = GetWanted();
@@ -155,11 +177,9 @@ bool CModalSolution::IsSharp() const {
   }
 
   const CMatrix Phi = FormModeShapes();
-  std::vector<double> phi(static_cast<std::size_t>(m_nFree));
   for (int i = nRough; i < m_nModes; ++i) {
     if (m_lanczos.GetResidualNorm(i) <= c_dRoundOff * theta[i]) continue;
-    for (int k = 0; k < m_nFree; ++k) phi[k] = Phi[k][i];
-    if (FormResidual(phi, theta[i]) > c_dGoodResidual) return false;
+    if (FormResidual(GetColumn(Phi, i), theta[i]) > c_dGoodResidual) return false;
   }
   return true;
 }
@@ -170,9 +190,9 @@ double CModalSolution::FormResidual(std::span<const double> phi, double dTheta) 
   std::vector<double> inertia(phi.size());
   m_K.MultiplyRows(phi, residual);
   m_M.Multiply(phi, inertia);
-  const double dForce2 = Norm2(residual);
+  const double dForce2 = Dot(residual, residual);
   for (std::size_t i = 0; i < phi.size(); ++i) residual[i] -= inertia[i] / dTheta;
-  return std::sqrt(Norm2(residual) / dForce2);
+  return std::sqrt(Dot(residual, residual) / dForce2);
 }
 
 std::vector<double> CModalSolution::GetFrequencies() const {
@@ -181,16 +201,43 @@ std::vector<double> CModalSolution::GetFrequencies() const {
   return omega;
 }
 
+void CModalSolution::DescribeRun(ModalFindings& findings) const {
+  findings.conditioning = m_model.DescribeConditioning(m_K);
+  findings.nSubspace = m_lanczos.GetSize();
+  findings.nIterations = m_nPasses;
+  const std::optional<SturmCount> proof = m_pRootTest ? m_pRootTest->GetProof() : std::nullopt;
+  if (!proof) return;
+  findings.sturmCount = proof->nBelow;
+  findings.dCountedBelow = std::sqrt(proof->dShift);
+}
+
+void CModalSolution::DescribeModes(const CMatrix& Phi, ModalFindings& findings) const {
+  const CTranslationMasses masses(m_model, m_M);
+  findings.totalMass = masses.GetTotal();
+  findings.omega = GetFrequencies();
+  for (int i = 0; i < m_nModes; ++i) {
+    const std::vector<double> phi = GetColumn(Phi, i);
+    findings.residuals.push_back(FormResidual(phi, GetWanted()[static_cast<std::size_t>(i)]));
+    findings.effectiveMasses.push_back(masses.FormEffective(phi));
+  }
+}
+
 void CAnalysisModel::SolveModes(const std::string& strJobPath, int nAnalysisType, bool bUseLoadMass) {
+  m_modalFindings = FormInitialFindings(*this, bUseLoadMass);
   if (!m_bValid) return;
   if (const auto strError = FindParameterError(*this)) return GetPlatform().ShowMessage(*strError);
   const CWaitCursor cursor;
+  m_modalFindings.status = RunStatus::Failed;
   CModalSolution solution(*this);
-  if (!solution.Solve(nAnalysisType != 0, bUseLoadMass)) return;
+  const bool bSolved = solution.Solve(nAnalysisType != 0, bUseLoadMass);
+  solution.DescribeRun(m_modalFindings);
+  if (!bSolved) return;
   Omega = solution.GetFrequencies();
   ModeShapes = solution.FormModeShapes();
   ModesSolved = 1;
-  if (!WriteModeFile(*this, strJobPath)) GetPlatform().ShowMessage(c_strModeFileAccess);
+  solution.DescribeModes(ModeShapes, m_modalFindings);
+  if (!WriteModeFile(*this, strJobPath)) return GetPlatform().ShowMessage(c_strModeFileAccess);
+  m_modalFindings.status = RunStatus::Done;
 }
 
 }  // namespace skyframe

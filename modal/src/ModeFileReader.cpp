@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <cmath>
 #include <memory>
 
 #include "ResultHeader.h"
@@ -30,6 +31,15 @@ bool ReadCounts(CTokenReader& reader, const CAnalysisModel& model) {
   return !reader.HasFailed() || Fail(c_strModeFileRead);
 }
 
+/// Its square neither under- nor overflows.
+bool HasSquare(double d) { return std::isnormal(d * d); }
+
+bool IsFrequency(double w) { return w > 0.0 && HasSquare(w); }
+
+bool IsShape(const std::vector<double>& shape) {
+  return std::ranges::all_of(shape, [](double d) { return d == 0.0 || HasSquare(d); });
+}
+
 bool SkipToFrequencies(CTokenReader& reader) {
   while (!reader.HasFailed()) {
     if (reader.Next() == c_strFrequencyMark) return true;
@@ -45,6 +55,7 @@ bool ReadHead(CTokenReader& reader, CAnalysisModel& model) {
   reader.Read(model.m_nModes);
   if (reader.HasFailed()) return Fail(c_strModeFileRead);
   if (model.m_nModes < model.m_nExpandModes) return Fail(c_strTooManyExpanded);
+  if (model.m_nModes <= 0) return Fail(c_strModeFileCounts);
   reader.Read(model.m_bShear);
   return SkipToFrequencies(reader);
 }
@@ -106,7 +117,9 @@ bool CAnalysisModel::ReadModeFile(const std::string& strJobPath) {
   std::vector<std::vector<double>> shapes;
   while (static_cast<int>(shapes.size()) < k && !reader.HasFailed()) shapes.push_back(ReadShape(reader, *this));
   if (reader.HasFailed()) return Fail(c_strModeFileRead);
-  if (std::ranges::any_of(omega, [](double w) { return w <= 0.0; })) return Fail(c_strModeFileCounts);
+  if (!std::ranges::all_of(omega, IsFrequency) || !std::ranges::all_of(shapes, IsShape)) {
+    return Fail(c_strModeFileCounts);
+  }
 
   // Room for the virtual mode.
   const int nColumns = m_bVirtualModes == 1 && k < GetFreeDofs() ? k + 1 : k;
@@ -129,6 +142,7 @@ bool CAnalysisModel::ReadModeFrequencies(const std::string& strJobPath) {
 
   std::vector<double> omega = ReadFrequencyList(reader, m_nModes, m_nModes);
   if (reader.HasFailed()) return Fail(c_strModeFileRead);
+  if (!std::ranges::all_of(omega, IsFrequency)) return Fail(c_strModeFileCounts);
   Omega = std::move(omega);
   return true;
 }

@@ -24,27 +24,30 @@ RootCheck CModeComparisonTest::Check(std::span<const double> theta) {
 
 RootCheck CSturmTest::Check(std::span<const double> theta) {
   const int n = static_cast<int>(theta.size());
-  if (!m_bHighestPassed) {
+  if (!m_proof) {
     const RootCheck highest = CheckBelow(theta[theta.size() - 1], n - 1);
     if (highest != RootCheck::Accept || n < 2) return highest;
-    m_bHighestPassed = true;
   }
   return CheckBelow(theta[theta.size() - 2], n - 2);
 }
 
-RootCheck CSturmTest::CheckBelow(double dTheta, int nAllowed) const {
-  const std::optional<int> count = m_countBelow(c_dShiftFactor / dTheta);
+/// The first count that passes is about the highest mode, and no later shift lies above it: Ritz values of
+/// omega^2 come down as the subspace grows.
+RootCheck CSturmTest::CheckBelow(double dTheta, int nAllowed) {
+  const double dShift = c_dShiftFactor / dTheta;
+  const std::optional<int> count = m_countBelow(dShift);
   if (!count) return RootCheck::Failed;
-  return *count <= nAllowed ? RootCheck::Accept : RootCheck::Enlarge;
+  if (*count > nAllowed) return RootCheck::Enlarge;
+  if (!m_proof) m_proof = {dShift, *count};
+  return RootCheck::Accept;
 }
 
-std::optional<int> CSturmCount::operator()(double dShift) const {
-  // S = K - shift M; a copy of M has full column heights, whatever was trimmed from M
-  SparseMatrix S = m_M;
-  S *= -dShift;
-  S += m_K;
-  if (!S.Decompose(m_nFree)) return std::nullopt;
-  const std::span<const int> diagonal = S.GetDiagonal().first(static_cast<std::size_t>(m_nFree));
+std::optional<int> CountBelowShift(SparseMatrix& S, const CRowMatrix& M, double dShift) {
+  if (!S.IsAllocated()) return std::nullopt;
+  const int F = M.GetOrder();
+  M.AddTo(S, -dShift);
+  if (!S.Decompose(F)) return std::nullopt;
+  const std::span<const int> diagonal = S.GetDiagonal().first(static_cast<std::size_t>(F));
   const std::span<const double> values = S.GetValues();
   return static_cast<int>(
       std::ranges::count_if(diagonal, [&](int k) { return values[static_cast<std::size_t>(k)] < 0.0; }));

@@ -3,10 +3,12 @@
 #include <limits>
 #include <optional>
 
+#include "Participation.h"
 #include "SpectrumFile.h"
 #include "SpectrumResponse.h"
 #include "skyframe/hostdata/HostData.h"
 #include "skyframe/modal/DesignSpectrum.h"
+#include "skyframe/modal/ModalCombination.h"
 #include "skyframe/platform/Platform.h"
 #include "texts.h"
 
@@ -54,22 +56,55 @@ void WriteBack(const CNodeTable& nodes, std::span<const double> displacement) {
   }
 }
 
+bool IsFinite(std::span<const double> values) {
+  return std::ranges::all_of(values, [](double d) { return std::isfinite(d); });
+}
+
+/// Nothing that the result file shows is infinite or not a number.
+bool IsFinite(const SpectrumModes& modes, const SpectrumResult& result) {
+  return IsFinite(modes.gamma) && std::isfinite(Dot(modes.gamma, modes.gamma)) && IsFinite(result.displacement) &&
+         IsFinite(result.reaction) &&
+         std::ranges::all_of(result.elementForce, [](const std::vector<double>& force) { return IsFinite(force); });
+}
+
+void DescribeModes(const SpectrumModes& modes, SpectrumFindings& findings) {
+  findings.omega = modes.omega;
+  findings.gamma = modes.gamma;
+  findings.alpha = modes.alpha;
+  findings.modalMass = modes.modalMass;
+  findings.effectiveMasses = modes.effectiveMasses;
+  findings.totalMass = modes.directionMass;
+  findings.dQuakeMass = modes.dTotalMass;
+  findings.nModes = static_cast<int>(modes.GetCount()) - (modes.bVirtual ? 1 : 0);
+  findings.bVirtual = modes.bVirtual;
+}
+
 }  // namespace
 
 void CAnalysisModel::SpectrumAnalysis(const std::string& strJobPath, int nAnalysisType, bool bUseLoadMass) {
+  m_spectrumFindings = {};
+  m_spectrumFindings.status = RunStatus::Refused;
+  m_spectrumFindings.nCombination = std::clamp<int>(m_nCombMethod, c_nSrss, c_nGrp);
+  m_spectrumFindings.dDampRatio = m_dDampRatio;
   // Deliberate: the count of cells becomes the count of stations, and stays so in the model.
   if (m_nMeshDiv < std::numeric_limits<int>::max()) ++m_nMeshDiv;
   if (const auto strError = FindInputError(*this)) return GetPlatform().ShowMessage(*strError);
-  if (!m_bValid) return;
+  const auto direction = NormaliseDirection(m_dDirCoef);
+  if (!m_bValid || !direction) return;
+  m_spectrumFindings.direction = *direction;
+  m_spectrumFindings.status = RunStatus::Failed;
 
   SpectrumModes modes;
-  const auto direction = NormaliseDirection(m_dDirCoef);
-  if (!direction || !FormSpectrumModes(*this, *direction, nAnalysisType != 0, bUseLoadMass, modes)) return;
+  if (!FormSpectrumModes(*this, *direction, nAnalysisType != 0, bUseLoadMass, modes)) return;
+  DescribeModes(modes, m_spectrumFindings);
   const SpectrumResult result = CombineModes(*this, modes);
+  m_spectrumFindings.baseShear = result.baseShear;
+  m_spectrumFindings.displacements = GatherNodeValues(result.displacement);
+  if (!IsFinite(modes, result)) return GetPlatform().ShowMessage(c_strModeFileCounts);
   if (!WriteSpectrumFiles(*this, modes, result, strJobPath)) {
-    GetPlatform().ShowMessage(c_strSpectrumFileAccess);
-    return;
+    return GetPlatform().ShowMessage(c_strSpectrumFileAccess);
   }
+  m_spectrumFindings.status = RunStatus::Done;
   WriteBack(m_nodes, result.displacement);
 }
 

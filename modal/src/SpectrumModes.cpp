@@ -17,27 +17,26 @@ void Subtract(double dFactor, std::span<const double> x, std::span<double> y) {
 }
 
 void TakeModes(const CAnalysisModel& model, SpectrumModes& modes) {
-  const int F = model.GetFreeDofs();
   for (int i = 0; i < model.m_nExpandModes; ++i) {
-    std::vector<double> phi(static_cast<std::size_t>(F));
-    for (int k = 0; k < F; ++k) phi[static_cast<std::size_t>(k)] = model.ModeShapes[k][i];
     modes.omega.push_back(model.Omega[static_cast<std::size_t>(i)]);
-    modes.shape.push_back(std::move(phi));
+    modes.shape.push_back(GetColumn(model.ModeShapes, i));
   }
 }
 
 /// Residual mode psi = K^-1 M (r - sum gamma_i phi_i), M-orthogonal to the phi_i, psi^T M psi = 1,
 /// omega^2 = psi^T K psi. None when the modes hold all mass already.
-bool AddVirtualMode(const CAnalysisModel& model, bool bGeometric, const SparseMatrix& M, std::span<const double> r,
-                    SpectrumModes& modes) {
+bool AddVirtualMode(CAnalysisModel& model, bool bGeometric, const CRowMatrix& M, SparseMatrix& K,
+                    std::span<const double> r, SpectrumModes& modes) {
   std::vector<double> rest(r.begin(), r.end());
   for (std::size_t i = 0; i < modes.GetCount(); ++i) Subtract(modes.gamma[i], modes.shape[i], rest);
   std::vector<double> psi = Multiply(M, rest);
   if (!(Dot(rest, psi) >= c_dNoResidualMass * modes.dTotalMass) || modes.dTotalMass <= 0.0) return true;
 
-  SparseMatrix K;
   if (!model.AssembleStiffness(K, bGeometric, model.m_bShear != 0)) return false;
-  if (!PrepareProducts(K, model.GetFreeDofs()) || !K.Solve(model.GetFreeDofs(), psi)) return false;
+  if (!PrepareProducts(K, model.GetFreeDofs())) return false;
+  const bool bSolved = K.Solve(model.GetFreeDofs(), psi);
+  model.m_spectrumFindings.conditioning = model.DescribeConditioning(K);
+  if (!bSolved) return false;
   for (int nSweep = 0; nSweep < c_nSweeps; ++nSweep) {
     for (const std::vector<double>& phi : modes.shape) Subtract(Dot(phi, Multiply(M, psi)), phi, psi);
   }
@@ -48,6 +47,15 @@ bool AddVirtualMode(const CAnalysisModel& model, bool bGeometric, const SparseMa
   modes.shape.push_back(std::move(psi));
   modes.bVirtual = true;
   return true;
+}
+
+void MeasureMasses(const CAnalysisModel& model, const CRowMatrix& M, SpectrumModes& modes) {
+  const CTranslationMasses masses(model, M);
+  modes.directionMass = masses.GetTotal();
+  for (const std::vector<double>& phi : modes.shape) {
+    modes.modalMass.push_back(Dot(phi, Multiply(M, phi)));
+    modes.effectiveMasses.push_back(masses.FormEffective(phi));
+  }
 }
 
 /// Deliberate: the interpolation is kept although no driver switches ConstantDamping off.
@@ -71,8 +79,9 @@ void FormFactors(const CDesignSpectrum& spectrum, SpectrumModes& modes) {
 
 bool FormSpectrumModes(CAnalysisModel& model, const std::array<double, 3>& c, bool bGeometric, bool bUseLoadMass,
                        SpectrumModes& modes) {
-  SparseMatrix M;
-  if (!AssembleModalMass(model, bUseLoadMass, M) || !PrepareProducts(M, model.GetFreeDofs())) return false;
+  SparseMatrix K;
+  CRowMatrix M;
+  if (!AssembleMassRows(model, bUseLoadMass, K, M)) return false;
   TakeModes(model, modes);
 
   const std::vector<double> r = FormDirectionVector(model, c);
@@ -80,7 +89,8 @@ bool FormSpectrumModes(CAnalysisModel& model, const std::array<double, 3>& c, bo
   modes.dTotalMass = Dot(r, Mr);
   for (const std::vector<double>& phi : modes.shape) modes.gamma.push_back(Dot(Mr, phi));
   const bool bVirtual = model.m_bVirtualModes == 1 && model.m_nExpandModes < model.GetFreeDofs();
-  if (bVirtual && !AddVirtualMode(model, bGeometric, M, r, modes)) return false;
+  if (bVirtual && !AddVirtualMode(model, bGeometric, M, K, r, modes)) return false;
+  MeasureMasses(model, M, modes);
 
   model.ModeDamping = FormDamping(model, modes.omega);
   modes.zeta = model.ModeDamping;

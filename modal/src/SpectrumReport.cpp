@@ -26,10 +26,11 @@ std::vector<std::vector<double>> FormShares(const SpectrumModes& modes, std::vec
 
 std::optional<std::array<double, 3>> ComputeBaseShear(CAnalysisModel& model, bool bUseLoadMass) {
   SpectrumModes modes;
-  SparseMatrix M;
+  SparseMatrix S;
+  CRowMatrix M;
   const auto quake = NormaliseDirection(model.m_dDirCoef);
   if (!quake || !FormSpectrumModes(model, *quake, false, bUseLoadMass, modes)) return std::nullopt;
-  if (!AssembleModalMass(model, bUseLoadMass, M) || !PrepareProducts(M, model.GetFreeDofs())) return std::nullopt;
+  if (!AssembleMassRows(model, bUseLoadMass, S, M)) return std::nullopt;
 
   const auto shares = FormShares(modes, FormDirectionVector(model, *quake));
   const CModalCombination combination(model.m_nCombMethod, modes.omega, modes.zeta);

@@ -37,6 +37,8 @@ class CModalTable {
   explicit CModalTable(const SpectrumModes& modes) : m_modes(modes.GetCount()) {}
 
   std::vector<double>& operator[](std::size_t i) { return m_modes[i]; }
+  [[nodiscard]] auto begin() const { return m_modes.begin(); }
+  [[nodiscard]] auto end() const { return m_modes.end(); }
 
   [[nodiscard]] std::vector<double> Combine(const CModalCombination& combination) const {
     std::vector<double> R(m_modes.size());
@@ -60,6 +62,23 @@ CModalTable FormDisplacements(const SpectrumModes& modes, int nTotal) {
     std::ranges::transform(modes.shape[i], displacements[i].begin(), [f = modes.factor[i]](double d) { return f * d; });
   }
   return displacements;
+}
+
+/// Combined sums of the modal support forces along X, Y and Z.
+std::array<double, 3> CombineBaseShear(const CAnalysisModel& model, const CModalCombination& combination,
+                                       const CModalTable& reactions) {
+  const CNodeTable& nodes = model.GetNodes();
+  std::array<double, 3> shear{};
+  for (const int nDirection : {c_nDofX, c_nDofY, c_nDofZ}) {
+    std::vector<double> sums;
+    for (const std::vector<double>& reaction : reactions) {
+      double dSum = 0.0;
+      for (const int nNode : nodes.GetListedNodes()) dSum += nodes.GetValue(reaction, nNode, nDirection);
+      sums.push_back(dSum);
+    }
+    shear[static_cast<std::size_t>(nDirection)] = combination.Combine(sums);
+  }
+  return shear;
 }
 
 }  // namespace
@@ -88,6 +107,7 @@ SpectrumResult CombineModes(const CAnalysisModel& model, const SpectrumModes& mo
   for (std::size_t i = 0; i < modes.GetCount(); ++i) std::fill_n(reactions[i].begin(), model.GetFreeDofs(), 0.0);
   result.displacement = displacements.Combine(combination);
   result.reaction = reactions.Combine(combination);
+  result.baseShear = CombineBaseShear(model, combination, reactions);
   return result;
 }
 

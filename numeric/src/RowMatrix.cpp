@@ -31,4 +31,13 @@ void CRowMatrix::MultiplyAdd(std::span<const double> x, std::span<double> y) con
   for (std::size_t i = 0; i < y.size(); ++i) y[i] += FormRowProduct(i, x);
 }
 
+void CRowMatrix::AddTo(SparseMatrix& S, double dFactor) const {
+  for (int i = 0; i < GetOrder(); ++i) {
+    const auto nEnd = static_cast<std::size_t>(m_start[static_cast<std::size_t>(i) + 1]);
+    for (auto k = static_cast<std::size_t>(m_start[static_cast<std::size_t>(i)]); k < nEnd && m_column[k] <= i; ++k) {
+      S(i, m_column[k]) += dFactor * m_value[k];
+    }
+  }
+}
+
 }  // namespace skyframe

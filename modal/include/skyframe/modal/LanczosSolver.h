@@ -13,8 +13,9 @@
 namespace skyframe {
 
 /// Lanczos recurrence on K^-1 M for the pencil K phi = omega^2 M phi, K and M symmetric, M positive
-/// semidefinite: K^-1 M Q = Q T + beta_m q_m+1 e_m^T with Q^T M Q = I and T tridiagonal (alpha, beta).
-/// Ritz values theta of T approximate 1 / omega^2 from below, the largest first.
+/// definite: K^-1 M Q = Q T + beta_m q_m+1 e_m^T with Q^T M Q = I and T tridiagonal (alpha, beta).
+/// Ritz values theta of T approximate 1 / omega^2 from below, the largest first. With M semidefinite they still
+/// do, but the vectors keep what the start vector has where there is no mass.
 /// Lifecycle: Start, Extend as often as needed (the recurrence goes on where it stopped), SolveRitz.
 /// Invariant: Q, M Q and alpha have GetSize() columns or entries, beta one less; q_m+1, M q_m+1 and
 /// beta_m wait beside them.

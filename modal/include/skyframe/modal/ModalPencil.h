@@ -1,6 +1,7 @@
 #pragma once
 
 #include "skyframe/model/AnalysisModel.h"
+#include "skyframe/numeric/RowMatrix.h"
 #include "skyframe/numeric/SparseMatrix.h"
 
 namespace skyframe {
@@ -12,9 +13,9 @@ inline constexpr double c_dMassPerKilonewton = 101.9367991845056;
 /// load that is not positive adds nothing). False when there is no memory for it.
 [[nodiscard]] bool AssembleModalMass(const CAnalysisModel& model, bool bUseLoadMass, SparseMatrix& M);
 
-/// K and M of order N as assembled, without compressed rows. False when there is no memory for them.
-[[nodiscard]] bool AssemblePencil(const CAnalysisModel& model, bool bGeometric, bool bUseLoadMass, SparseMatrix& K,
-                                  SparseMatrix& M);
+/// The same over the F free equations by rows; assembled in S, whose values are of no more use then. False,
+/// after the kernel's message, when there is no memory for it.
+[[nodiscard]] bool AssembleMassRows(const CAnalysisModel& model, bool bUseLoadMass, SparseMatrix& S, CRowMatrix& M);
 
 /// Trims the profile and builds the compressed rows of the leading F x F block. False, after the kernel's
 /// message, when there is no memory for the rows.

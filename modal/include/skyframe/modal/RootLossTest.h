@@ -4,11 +4,18 @@
 #include <optional>
 #include <span>
 
+#include "skyframe/numeric/RowMatrix.h"
 #include "skyframe/numeric/SparseMatrix.h"
 
 namespace skyframe {
 
 enum class RootCheck { Accept, Enlarge, Failed };
+
+/// So many modes lie below omega^2 = dShift.
+struct SturmCount {
+  double dShift = 0.0;
+  int nBelow = 0;
+};
 
 /// Decides after each pass whether a root was lost among the wanted ones.
 /// theta: the n wanted Ritz values, 1 / omega^2, descending.
@@ -16,6 +23,8 @@ class IRootLossTest {
  public:
   virtual ~IRootLossTest() = default;
   [[nodiscard]] virtual RootCheck Check(std::span<const double> theta) = 0;
+  /// The highest shift that passed a count, with that count; nothing from a test that does not count.
+  [[nodiscard]] virtual std::optional<SturmCount> GetProof() const { return std::nullopt; }
 };
 
 /// Accepts when the wanted frequencies did not come down from one pass to the next.
@@ -36,27 +45,19 @@ class CSturmTest final : public IRootLossTest {
 
   explicit CSturmTest(CountBelow countBelow) : m_countBelow(std::move(countBelow)) {}
   [[nodiscard]] RootCheck Check(std::span<const double> theta) override;
+  [[nodiscard]] std::optional<SturmCount> GetProof() const override { return m_proof; }
 
  private:
-  [[nodiscard]] RootCheck CheckBelow(double dTheta, int nAllowed) const;
+  [[nodiscard]] RootCheck CheckBelow(double dTheta, int nAllowed);
 
   CountBelow m_countBelow;
-  bool m_bHighestPassed = false;
+  std::optional<SturmCount> m_proof;
 };
 
-/// Eigenvalues of the pencil (K, M) below a shift: the negative pivots of K - shift M over the leading
-/// F x F block (Sylvester's law of inertia). K and M unfactorised; M and K must outlive the object.
-class CSturmCount {
- public:
-  CSturmCount(const SparseMatrix& K, const SparseMatrix& M, int nFree) : m_K(K), m_M(M), m_nFree(nFree) {}
-  /// Nothing (after the kernel's message) when the shifted matrix cannot be factorised.
-  [[nodiscard]] std::optional<int> operator()(double dShift) const;
-
- private:
-  const SparseMatrix& m_K;
-  const SparseMatrix& m_M;
-  int m_nFree;
-};
+/// Eigenvalues of the pencil (K, M) below a shift: the negative pivots of S = K - shift M over the leading
+/// F x F block (Sylvester's law of inertia), F the order of M. S holds K at first, and the factors at last.
+/// Nothing (after the kernel's message) when S was not allocated or cannot be factorised.
+[[nodiscard]] std::optional<int> CountBelowShift(SparseMatrix& S, const CRowMatrix& M, double dShift);
 
 /// Next subspace size after m: (n + 8) / 2 more columns, at most neq. Nothing when that exceeds
 /// nMultiple times the first size, unless all neq are reached by cutting back.

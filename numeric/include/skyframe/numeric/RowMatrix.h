@@ -7,8 +7,8 @@ namespace skyframe {
 
 class SparseMatrix;
 
-/// The leading n x n block of a symmetric matrix by compressed rows, for products only: 10 to 13 entries a
-/// row of a frame, where the skyline has hundreds.
+/// The leading n x n block of a symmetric matrix by compressed rows, for products and sums: 10 to 13 entries
+/// a row of a frame, where the skyline has hundreds.
 class CRowMatrix {
  public:
   CRowMatrix() = default;
@@ -20,6 +20,8 @@ class CRowMatrix {
   void Multiply(std::span<const double> x, std::span<double> y) const;
   /// y <- y + A x.
   void MultiplyAdd(std::span<const double> x, std::span<double> y) const;
+  /// S <- S + factor A over the leading n x n block; the profile of S holds that of A.
+  void AddTo(SparseMatrix& S, double dFactor) const;
 
  private:
   [[nodiscard]] double FormRowProduct(std::size_t i, std::span<const double> x) const;
