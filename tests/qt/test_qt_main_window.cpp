@@ -114,7 +114,7 @@ TEST(ModeShapes, DamagedFilesGiveNone) {
       "The_Data_of_Zan's_Mode_Analysis\n\n7/1/2025  10:11:12\nv1.0\n\n1 2 1 1 1 0\nEigen_And_Freq:\n"
       "1     6.2831852        1.00000\nNode_DOF_When_FREQ_1:\n1\n1   0 0 0 0 0 0\n2   1 2 2\n";
   const host::JobNode rigid = {}, pinned = {.nJoint = host::c_nPinned, .nSpring = {}};
-  WriteFile(ToQt(strJob + ".mode"), strGood);
+  WriteFile(QString::fromStdString(strJob + ".mode"), strGood);
   const std::vector<Shape> shapes = ReadShapes(strJob, {rigid, pinned});
   ASSERT_EQ(shapes.size(), 1U);
   EXPECT_EQ(shapes[0].GetLargestTranslation(), 3.0);
@@ -125,7 +125,7 @@ TEST(ModeShapes, DamagedFilesGiveNone) {
                                        {strNan, {rigid, pinned}},
                                        {"a b c d 1 2 1 1 99999999999 0", {rigid, pinned}},
                                        {std::string(1000, '\xff'), {rigid, pinned}}}) {
-    WriteFile(ToQt(strJob + ".mode"), strText);
+    WriteFile(QString::fromStdString(strJob + ".mode"), strText);
     EXPECT_TRUE(ReadShapes(strJob, nodes).empty());
   }
   EXPECT_TRUE(ReadShapes(strJob + "absent", {rigid}).empty());
