@@ -98,7 +98,6 @@ class ElementTest : public testing::Test {
     auto pElement = std::make_unique<T>();
     pElement->SetData(data);
     pElement->ReadNodes(0, 1);
-    pElement->ComputeLength();
     pElement->ComputeLocalAxes();
     return pElement;
   }
@@ -296,7 +295,6 @@ TEST_F(ElementTest, CantileverDiagrams) {
 /// Moves the free nodes by du and updates the element as an equilibrium iteration does.
 void Step(CNodeTable& nodes, CElement& element, const Values& du) {
   nodes.MoveNodes(du);
-  element.ComputeLength();
   element.ComputeLocalAxes();
   element.ComputeInternalForce(du, true, false, false);
 }
@@ -359,7 +357,7 @@ TEST(LocalAxes, Table) {
                         {{0, 5, 0}, {1, 0, 0}, {0, 0, -1}},     {{0, -5, 0}, {1, 0, 0}, {0, 0, 1}},
                         {{3, 3, 3}, {r, -r, 0}, {t, t, -2 * t}}};
   for (const Case& c : cases) {
-    const LocalAxes axes = FormLocalAxes(c.d, 1.0, 0.0);
+    const LocalAxes axes = FormLocalAxes(c.d, c.d, 1.0, 0.0);
     for (int k = 0; k < 3; ++k) {
       EXPECT_NEAR(axes[0][k], c.d[k] / std::hypot(c.d[0], c.d[1], c.d[2]), 1e-15);
       EXPECT_NEAR(axes[1][k], c.y[k], 1e-15);
@@ -370,10 +368,10 @@ TEST(LocalAxes, Table) {
 
 TEST(LocalAxes, TurnedSectionKeepsTheSumInItsZComponent) {
   // Along X: h = Y, w = Z. At 90 degrees y = -Z and z_Z = (s + c) w_Z = 1.
-  EXPECT_EQ(FormLocalAxes({5, 0, 0}, 0.0, 1.0), (LocalAxes{{{1, 0, 0}, {0, 0, -1}, {0, 0, 1}}}));
+  EXPECT_EQ(FormLocalAxes({5, 0, 0}, {5, 0, 0}, 0.0, 1.0), (LocalAxes{{{1, 0, 0}, {0, 0, -1}, {0, 0, 1}}}));
   // At 30 degrees the usual rotation would give z = (0, 0.5, 0.866).
   const double c = std::sqrt(0.75), s = 0.5;
-  const LocalAxes Q = FormLocalAxes({5, 0, 0}, c, s);
+  const LocalAxes Q = FormLocalAxes({5, 0, 0}, {5, 0, 0}, c, s);
   EXPECT_NEAR(Q[1][1], c, 1e-15);
   EXPECT_NEAR(Q[1][2], -s, 1e-15);
   EXPECT_NEAR(Q[2][1], s * c, 1e-15);
