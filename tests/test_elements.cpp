@@ -2,6 +2,7 @@
 #include <cmath>
 #include <functional>
 #include <memory>
+#include <numbers>
 #include <random>
 
 #include "TestPlatform.h"
@@ -388,6 +389,18 @@ TEST_F(ElementTest, AxesOfAMemberInMotion) {
         pElement->AssembleEndForces(force);
         for (const double f : force) EXPECT_TRUE(std::isfinite(f));
       }
+    }
+  }
+}
+
+// A column that leans to Y and sways to X: h turns with its plan projection, 45 degrees about Z.
+TEST(LocalAxes, TwistOfALeaningColumn) {
+  for (const auto& [dLean, dExpected] : {std::pair(0.01, std::numbers::pi / 4), {0.0, 0.0}}) {
+    MemberFrame frame;
+    for (const double dSway : {0.0, 0.01}) {
+      frame.SetEnds({1, 2, 3}, {1 + dSway, 2 + dLean, 7});
+      frame.TurnAxes(1.0, 0.0);
+      EXPECT_NEAR(frame.GetTwist(), dSway == 0.0 ? 0.0 : dExpected, 1e-4);
     }
   }
 }

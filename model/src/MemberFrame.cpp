@@ -65,4 +65,13 @@ void MemberFrame::TurnAxes(double c, double s) {
   m_bTurned = true;
 }
 
+double MemberFrame::GetTwist() const {
+  // The axes turn about Z (h in plan) or about Y (h = Y); the member's own component of that is x_pole times it.
+  const int nPole = IsNone(m_initialChord[1]) ? 1 : 2;
+  const int p = (nPole + 1) % 3, q = (nPole + 2) % 3;
+  const Vector3 &a = m_initialChord, &b = m_chord;
+  const double dTurn = std::atan2(a[p] * b[q] - a[q] * b[p], a[p] * b[p] + a[q] * b[q]);
+  return std::abs(m_axes[0][nPole] * dTurn);
+}
+
 }  // namespace skyframe

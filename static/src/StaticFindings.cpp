@@ -3,6 +3,7 @@
 #include <limits>
 
 #include "skyframe/model/AnalysisModel.h"
+#include "skyframe/model/HingedBeams.h"
 
 namespace skyframe {
 
@@ -29,6 +30,20 @@ void CAnalysisModel::KeepStaticState() {
   std::vector<double> reactions(GetTotalDofs());  // 0 over the free equations
   std::copy(m_reaction.begin(), m_reaction.end(), reactions.begin() + GetFreeDofs());
   m_staticFindings.reactions = GatherNodeValues(reactions);
+}
+
+void CAnalysisModel::KeepMemberState() {
+  StaticFindings& found = m_staticFindings;
+  found.eulerRatios.assign(m_elements.size(), 0.0);
+  for (std::size_t n = 0; n < m_elements.size(); ++n) {
+    const auto* pBeam = dynamic_cast<const CBeamElem*>(m_elements[n].get());
+    if (pBeam == nullptr) continue;
+    found.eulerRatios[n] = pBeam->GetEulerRatio();
+    const bool bBends = dynamic_cast<const CBeamHingeBoth*>(pBeam) == nullptr;
+    if (!bBends || pBeam->GetTwist() <= found.dLargestTwist) continue;
+    found.dLargestTwist = pBeam->GetTwist();
+    found.nTwistedElement = static_cast<int>(n) + 1;
+  }
 }
 
 DofPlace CAnalysisModel::FindLargest(std::span<const double> v) const {

@@ -5,7 +5,6 @@
 #include "ConvergenceTest.h"
 #include "StaticResult.h"
 #include "skyframe/model/AnalysisModel.h"
-#include "skyframe/model/BeamElement.h"
 #include "skyframe/platform/Platform.h"
 #include "skyframe/values/ResultFiles.h"
 #include "texts.h"
@@ -28,10 +27,7 @@ void CAnalysisModel::SolveStaticNonlinear(const std::string& strJobPath) {
   m_staticFindings.largestIncrement = FindLargest(increment);
   if (!bConverged) return;
   KeepStaticState();
-  for (const auto& pElement : m_elements) {
-    const auto* pBeam = dynamic_cast<const CBeamElem*>(pElement.get());
-    m_staticFindings.eulerRatios.push_back(pBeam != nullptr ? pBeam->GetEulerRatio() : 0.0);
-  }
+  KeepMemberState();
 
   GetPlatform().BeginWaitCursor();
   CResultFile file(strJobPath + std::string(suffix::c_strStaticNonlinear));

@@ -209,6 +209,8 @@ class CAnalysisModel {
   [[nodiscard]] bool PrepareStatic();
   /// Displacements and reactions into the findings.
   void KeepStaticState();
+  /// Euler ratios and the largest twist of the beams into the findings.
+  void KeepMemberState();
   /// Modified Newton-Raphson with the factorised stiffness; false after its message. increment, length N and
   /// zero before, is the last one afterwards.
   [[nodiscard]] bool IterateToEquilibrium(std::span<double> increment);

@@ -46,6 +46,8 @@ class CBeamElem : public CElement {
   /// N over the Euler load pi^2 E I/L^2 of a strut of the present length with the smaller I, tension positive;
   /// 0 without inertia.
   [[nodiscard]] double GetEulerRatio() const;
+  /// Of the axes about the member itself, rad (MemberFrame).
+  [[nodiscard]] double GetTwist() const { return m_frame.GetTwist(); }
 
  protected:
   explicit CBeamElem(std::span<const int> dofPlaces);

@@ -28,6 +28,9 @@ class MemberFrame {
   [[nodiscard]] double GetInitialLength() const { return m_dInitialLength; }
   [[nodiscard]] const LocalAxes& GetAxes() const { return m_axes; }
   [[nodiscard]] const LocalAxes& GetInitialAxes() const { return m_initialAxes; }
+  /// Angle, rad, by which the rule has turned y and z about the member itself since the undeformed state: h follows
+  /// the plan projection (or stays at Y), the section of a member that merely sways does not.
+  [[nodiscard]] double GetTwist() const;
 
  private:
   bool m_bPlaced = false;
