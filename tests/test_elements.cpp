@@ -2,6 +2,7 @@
 #include <cmath>
 #include <functional>
 #include <memory>
+#include <numbers>
 #include <random>
 
 #include "TestPlatform.h"
@@ -98,7 +99,6 @@ class ElementTest : public testing::Test {
     auto pElement = std::make_unique<T>();
     pElement->SetData(data);
     pElement->ReadNodes(0, 1);
-    pElement->ComputeLength();
     pElement->ComputeLocalAxes();
     return pElement;
   }
@@ -296,7 +296,6 @@ TEST_F(ElementTest, CantileverDiagrams) {
 /// Moves the free nodes by du and updates the element as an equilibrium iteration does.
 void Step(CNodeTable& nodes, CElement& element, const Values& du) {
   nodes.MoveNodes(du);
-  element.ComputeLength();
   element.ComputeLocalAxes();
   element.ComputeInternalForce(du, true, false, false);
 }
@@ -349,6 +348,49 @@ TEST_F(ElementTest, BeamAxialForceFollowsTheChord) {
 
 // ---- Local axes ----
 
+TEST_F(ElementTest, AxesOfAMemberInMotion) {
+  for (const Vector3& d : c_directions) {
+    // At rest; turned right round; along Y and vertical, where the rule has no plane; 40 degrees to either side.
+    std::vector<Vector3> targets = {d, {-d[0], -d[1], -d[2]}, {0, 4, 0}, {0, -4, 0}, {0, 0, 4}, {0, 0, -4}};
+    for (const double s : {-std::sin(0.7), std::sin(0.7)}) {
+      const double c = std::cos(0.7), x = d[0], y = d[1], z = d[2];
+      const Vector3 swung[] = {
+          {x, c * y - s * z, s * y + c * z}, {c * x + s * z, y, c * z - s * x}, {c * x - s * y, s * x + c * y, z}};
+      targets.insert(targets.end(), std::begin(swung), std::end(swung));
+    }
+    for (const Vector3& e : targets) {
+      SCOPED_TRACE(testing::PrintToString(d) + " to " + testing::PrintToString(e));
+      SetNodes(d);
+      const auto pBeam = Make<CBeamElem>();
+      const CMatrix T0 = pBeam->FormTransformation();
+      Values force(12, 0.0);
+      Step(m_nodes, *pBeam, {0, 0, 0, 0, 0, 0, e[0] - d[0], e[1] - d[1], e[2] - d[2], 0, 0, 0});
+      const CMatrix T = pBeam->FormTransformation();
+      if (e == d) ExpectNear(T, T0, 0.0, "at rest");
+      for (int n = 0; n < 9; ++n) {  // x along the member; row i x row j = row k: of unit length, normal, right-handed
+        const int i = n / 3, j = (i + 1) % 3, k = (i + 2) % 3, m = n % 3, p = (m + 1) % 3, q = (m + 2) % 3;
+        EXPECT_NEAR(T[0][m], e[m] / std::hypot(e[0], e[1], e[2]), 1e-15);
+        EXPECT_NEAR(T[i][p] * T[j][q] - T[i][q] * T[j][p], T[k][m], 1e-14);
+      }
+      // The undeformed d_Y decides: z normal to Y, or y horizontal; and on which side y lies.
+      EXPECT_NEAR(d[1] == 0.0 ? T[2][1] : T[1][2], 0.0, 1e-15);
+      EXPECT_GE(d[1] == 0.0 ? T[1][1] : d[1] * (T[1][0] * e[1] - T[1][1] * e[0]), -1e-14);
+      pBeam->AssembleEndForces(force);
+      for (const double f : force) EXPECT_TRUE(std::isfinite(f));
+    }
+  }
+}
+
+// A column that leans to Y and sways to X: h turns with its plan projection, 45 degrees about Z.
+TEST(LocalAxes, TwistOfALeaningColumn) {
+  MemberFrame frame;
+  for (const double dSway : {0.0, 0.01}) {
+    frame.SetEnds({1, 2, 3}, {1 + dSway, 2.01, 7});
+    frame.TurnAxes(1.0, 0.0);
+    EXPECT_NEAR(frame.GetTwist(), dSway * 100 * std::numbers::pi / 4, 1e-4);
+  }
+}
+
 TEST(LocalAxes, Table) {
   const double r = std::sqrt(0.5), t = std::sqrt(1.0 / 6.0);
   struct Case {
@@ -359,9 +401,8 @@ TEST(LocalAxes, Table) {
                         {{0, 5, 0}, {1, 0, 0}, {0, 0, -1}},     {{0, -5, 0}, {1, 0, 0}, {0, 0, 1}},
                         {{3, 3, 3}, {r, -r, 0}, {t, t, -2 * t}}};
   for (const Case& c : cases) {
-    const LocalAxes axes = FormLocalAxes(c.d, 1.0, 0.0);
+    const LocalAxes axes = FormLocalAxes(c.d, c.d, 1.0, 0.0);
     for (int k = 0; k < 3; ++k) {
-      EXPECT_NEAR(axes[0][k], c.d[k] / std::hypot(c.d[0], c.d[1], c.d[2]), 1e-15);
       EXPECT_NEAR(axes[1][k], c.y[k], 1e-15);
       EXPECT_NEAR(axes[2][k], c.z[k], 1e-15);
     }
@@ -370,10 +411,10 @@ TEST(LocalAxes, Table) {
 
 TEST(LocalAxes, TurnedSectionKeepsTheSumInItsZComponent) {
   // Along X: h = Y, w = Z. At 90 degrees y = -Z and z_Z = (s + c) w_Z = 1.
-  EXPECT_EQ(FormLocalAxes({5, 0, 0}, 0.0, 1.0), (LocalAxes{{{1, 0, 0}, {0, 0, -1}, {0, 0, 1}}}));
+  EXPECT_EQ(FormLocalAxes({5, 0, 0}, {5, 0, 0}, 0.0, 1.0), (LocalAxes{{{1, 0, 0}, {0, 0, -1}, {0, 0, 1}}}));
   // At 30 degrees the usual rotation would give z = (0, 0.5, 0.866).
   const double c = std::sqrt(0.75), s = 0.5;
-  const LocalAxes Q = FormLocalAxes({5, 0, 0}, c, s);
+  const LocalAxes Q = FormLocalAxes({5, 0, 0}, {5, 0, 0}, c, s);
   EXPECT_NEAR(Q[1][1], c, 1e-15);
   EXPECT_NEAR(Q[1][2], -s, 1e-15);
   EXPECT_NEAR(Q[2][1], s * c, 1e-15);

@@ -10,6 +10,7 @@
 #include <numbers>
 #include <random>
 #include <sstream>
+#include <utility>
 
 #include "HostModel.h"
 #include "TestPlatform.h"
@@ -43,6 +44,16 @@ void RunStatic(CTestPlatform& platform, const StaticOptions& options = {}) {
   platform->AddScript(16002, combination);
   CModeConnect::OnStaticNonlinearSol();
   EXPECT_TRUE(platform->GetScriptErrors().empty());
+}
+
+/// The analysis itself, load case 0, absolute force criterion.
+void Solve(CAnalysisModel& model, const CJobFolder& job, bool bNonlinear, double dTolerance = 1e-3,
+           int nMaxIter = 500) {
+  model.BuildModel();
+  model.m_nLoadCaseFlag[0] = 1;
+  model.m_dConvTol = dTolerance;
+  model.m_nMaxIter = nMaxIter;
+  bNonlinear ? model.SolveStaticNonlinear(job.GetJobPath()) : model.SolveStaticLinear(job.GetJobPath());
 }
 
 /// What a reader takes from a result file: displacements by node, reactions by node and label, forces by element.
@@ -192,12 +203,10 @@ TEST(StaticLinear, RandomFrameAgreesWithADenseSolve) {
   for (int i = 1; i <= 14; ++i) {
     for (int j = i + 1; j <= std::min(14, i + 4); ++j) host.AddElement((i + j) % 6 == 0 ? c_nBar : c_nBeam, i, j);
   }
-  for (int i = 4; i <= 14; ++i) host.AddLoad(0, i, i % 3, 50 * uniform(random));
+  for (int i = 3; i <= 14; ++i) host.AddLoad(0, i, i % 6, 50 * uniform(random));  // at node 3 on a support
   const CJobFolder job("random");
   CAnalysisModel model;
-  model.BuildModel();
-  model.m_nLoadCaseFlag[0] = 1;
-  model.SolveStaticLinear(job.GetJobPath());
+  Solve(model, job, false);
   EXPECT_TRUE(platform.GetMessages().empty());
 
   // K u = P solved densely, with row exchanges.
@@ -213,17 +222,24 @@ TEST(StaticLinear, RandomFrameAgreesWithADenseSolve) {
   const double dLargest = std::abs(*std::ranges::max_element(u, {}, [](double d) { return std::abs(d); }));
   for (int i = 0; i < F; ++i) EXPECT_NEAR(model.GetDisplacements()[i], u[i], 1e-10 * dLargest) << i;
 
-  // Equilibrium: -Fint at the supports balances the loads in every direction.
-  const CNodeTable& nodes = model.GetNodes();
-  for (int nDirection = 0; nDirection < 3; ++nDirection) {
-    double dLoad = 0.0;
-    double dSupport = 0.0;
-    for (int nNode = 0; nNode < nodes.GetNodeCount(); ++nNode) {
-      const int nDof = nodes.GetDof(nNode, nDirection);
-      (nDof < F ? dLoad : dSupport) += nDof < F ? model.GetLoadVector()[nDof] : model.GetReactions()[nDof - F];
+  // What the run found: forces on the supports and their moments about the origin balance the loads.
+  const StaticFindings& found = model.m_staticFindings;
+  for (int k = 0; k < 3; ++k) {
+    const int p = (k + 1) % 3, q = (k + 2) % 3;
+    double dForce = 0.0, dMoment = 0.0;
+    for (int n = 0; n < model.GetNodes().GetNodeCount(); ++n) {
+      const auto& x = model.GetNodes().GetInitialPosition(n);
+      NodeValues f = found.reactions.at(n);
+      for (int i = 0; i < 6; ++i) f[i] -= found.loads.at(n)[i];
+      dForce += f[k];
+      dMoment += f[k + 3] + x[p] * f[q] - x[q] * f[p];
+      EXPECT_EQ(found.displacements.at(n)[k + 3], model.GetNodes().GetValue(model.GetDisplacements(), n, k + 3));
     }
-    EXPECT_NEAR(dSupport, dLoad, 1e-9 * 50e3);
+    EXPECT_NEAR(dForce, 0.0, 1e-9 * 50e3);
+    EXPECT_NEAR(dMoment, 0.0, 1e-8 * 50e3);
   }
+  EXPECT_EQ(found.status, RunStatus::Done);
+  EXPECT_GT(found.conditioning.place.nNode, 0);
 }
 
 void FillArch(CHostModel& host, double dLoad) {
@@ -242,7 +258,7 @@ TEST(StaticNonlinear, ArchFollowsItsPath) {
     double dLoad;  ///< kN
     double dDescent;
     double dAxial;
-  } cases[] = {{114.05520, 0.02, -239649.80}, {272.22127, 0.05, -589038.84}, {200.0, 0.0359399, 0.0}};
+  } cases[] = {{114.05520, 0.02, -239649.80}, {272.22127, 0.05, -589038.84}};
   for (const auto& c : cases) {
     CTestPlatform platform;
     CHostModel host;
@@ -252,10 +268,7 @@ TEST(StaticNonlinear, ArchFollowsItsPath) {
     EXPECT_TRUE(platform.GetMessages().empty());
     const Results results = ReadResults(job.Read(c_pNonlinear));
     EXPECT_NEAR(results.displacement.at(2)[2], -c.dDescent, 1e-7);
-    if (c.dAxial != 0.0) {
-      EXPECT_NEAR(results.axialForce.at(1), c.dAxial, 0.5);
-      EXPECT_NEAR(results.axialForce.at(2), c.dAxial, 0.5);
-    }
+    for (const int nElement : {1, 2}) EXPECT_NEAR(results.axialForce.at(nElement), c.dAxial, 0.5);
     EXPECT_TRUE(job.Read(c_pNonlinear).starts_with("Nonlinear Solution Output: \n"));
   }
 }
@@ -264,7 +277,7 @@ TEST(StaticNonlinear, ArchFollowsItsPath) {
 TEST(StaticNonlinear, AxialLoadSoftensTheColumn) {
   CTestPlatform platform;
   CHostModel host;
-  host.SetSection(1, 2, 5000, 1e7, 2e7, 2e7);
+  host.SetSection(1, 2, 5000, 1e7, 2e7, 8e7);
   for (int i = 0; i <= 8; ++i) host.AddNode(0, 0, 3.0 * i / 8, c_nRigid, i == 0 ? "111111" : "000000");
   for (int i = 1; i <= 8; ++i) host.AddElement(c_nBeam, i, i + 1);
   const double L = 3.0;
@@ -280,6 +293,10 @@ TEST(StaticNonlinear, AxialLoadSoftensTheColumn) {
   EXPECT_NEAR(ReadResults(job.Read(c_pNonlinear)).displacement.at(9)[0], dTheory, 0.005 * dTheory);
   RunStatic(platform);
   EXPECT_NEAR(ReadResults(job.Read(c_pLinear)).displacement.at(9)[0], 5000.0 * L * L * L / (3 * EI), 1e-7);
+  CAnalysisModel model;
+  Solve(model, job, true);
+  for (const double dRatio : model.m_staticFindings.eulerRatios) EXPECT_NEAR(dRatio, -0.3 / 4 / 64, 1e-5);
+  EXPECT_EQ(model.m_staticFindings.eulerRatios.size(), 8U);
 }
 
 // Columns lean out of the plane in which their axes were formed: the section must follow, not jump.
@@ -322,7 +339,6 @@ TEST(StaticNonlinear, StopsByItsCriterion) {
     bool bLoaded = true;
   } cases[] = {
       {0, "1e-3", "50", true},
-      {0, "1e-3", "2", false},
       {1, "1e-9", "50", true},
       {1, "1e-9", "2", false},
       {2, "1e-6", "50", true},
@@ -332,7 +348,6 @@ TEST(StaticNonlinear, StopsByItsCriterion) {
       {1, "10", "1", true},   // the last permitted counts
       {3, "10", "1", false},  // never on the first pass
       {3, "10", "2", true},   // then as soon as the increment has come down
-      {0, "1e-3", "0", false},
       {0, "0", "1", true, false},       // equality counts
       {2, "1e-6", "50", false, false},  // the relative force needs a load
   };
@@ -352,6 +367,34 @@ TEST(StaticNonlinear, StopsByItsCriterion) {
   }
 }
 
+// The same path walked with the stiffness of the undeformed arch; areas are single precision.
+TEST(StaticNonlinear, FindingsSayHowFarItCame) {
+  for (const int nMaxIter : {0, 1, 2, 500}) {
+    CTestPlatform platform;
+    CHostModel host;
+    FillArch(host, 200.0);
+    const CJobFolder job("findings");
+    CAnalysisModel model;
+    Solve(model, job, true, 1e-3, nMaxIter);
+    const StaticFindings& found = model.m_staticFindings;
+    const double P = 200e3, k = c_dE * 1e-3 / std::pow(17.0, 1.5);
+    double w = 0.0, R = P, du = 0.0, dPrevious = 0.0;
+    for (int n = 0; n < found.nIterations; ++n) {
+      dPrevious = std::exchange(du, R / (2 * k));
+      w += du;
+      R = P - k * (2 * w - w * w) * (1 - w);
+    }
+    EXPECT_EQ(found.status, nMaxIter == 500 ? RunStatus::Done : RunStatus::Failed);
+    EXPECT_TRUE(nMaxIter == 500 || found.nIterations == nMaxIter);
+    EXPECT_DOUBLE_EQ(found.dForce, P);
+    EXPECT_NEAR(found.dResidual, std::abs(R), 1e-2);
+    EXPECT_NEAR(found.dIncrement, std::abs(du), 1e-8);
+    EXPECT_NEAR(found.dPreviousIncrement, std::abs(dPrevious), 1e-8);
+    EXPECT_EQ(found.largestIncrement.nNode, nMaxIter > 0 ? 2 : 0);
+    EXPECT_EQ(found.largestIncrement.nDirection, nMaxIter > 0 ? c_nDofZ : 0);
+  }
+}
+
 // A support so soft that the first increment runs beyond every bound; only the positive side is watched.
 TEST(StaticNonlinear, WatchesForRunaways) {
   for (const double dSign : {1.0, -1.0}) {
@@ -368,6 +411,10 @@ TEST(StaticNonlinear, WatchesForRunaways) {
       EXPECT_EQ(platform.GetMessages(),
                 std::vector<std::string>{"节点2的X向超过限定值1.0e10!\n结构几何可变，请检查！"});
       EXPECT_FALSE(job.Has(c_pNonlinear));
+      CAnalysisModel model;
+      Solve(model, job, true);
+      EXPECT_EQ(model.m_staticFindings.nIterations, 1);
+      EXPECT_EQ(model.m_staticFindings.largestIncrement.nNode, 2);
     } else {
       EXPECT_TRUE(platform.GetMessages().empty());
       EXPECT_TRUE(job.Has(c_pNonlinear));
@@ -399,11 +446,14 @@ TEST(StaticFailures, UnstableStructuresAreRefused) {
     const CJobFolder job("unstable");
     job.Write(c_pLinear, "older result");
     RunStatic(platform);
-    RunStatic(platform, {.bNonlinear = true});
+    CAnalysisModel model;
+    Solve(model, job, true);
     EXPECT_EQ(platform.GetMessages(), (std::vector<std::string>{"结构几何可变", "结构几何可变"}));
     EXPECT_TRUE(job.Has(c_pLinear));
     EXPECT_EQ(job.Read(c_pLinear), "");  // opened first, left empty
     EXPECT_FALSE(job.Has(c_pNonlinear));
+    EXPECT_EQ(model.m_staticFindings.conditioning.place.nNode, 2);
+    EXPECT_EQ(platform.GetConsole().find("荷载组装"), std::string::npos);  // no load without a factorised K
   }
 }
 
@@ -413,6 +463,9 @@ TEST(StaticFailures, NothingHappensWithoutAModelOrAfterCancel) {
   const CJobFolder job("nothing");
   RunStatic(platform);
   EXPECT_EQ(platform.GetMessages(), std::vector<std::string>{"缺少节点!"});
+  CAnalysisModel model;
+  Solve(model, job, true);
+  EXPECT_EQ(model.m_staticFindings.status, RunStatus::Refused);
   FillArch(host, 1.0);
   platform->AddScript(16007, {DialogStep::Cancel()});
   CModeConnect::OnStaticNonlinearSol();

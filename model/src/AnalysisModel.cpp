@@ -100,7 +100,6 @@ void CAnalysisModel::ApplyIncrement(std::span<const double> increment, bool bShe
   m_nodes.MoveNodes(increment);
   for (const auto& pElement : m_elements) {
     if (!pElement) continue;
-    pElement->ComputeLength();
     pElement->ComputeLocalAxes();
     pElement->ComputeInternalForce(increment, true, bShear, bFillDiagrams);
   }

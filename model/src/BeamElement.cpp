@@ -1,6 +1,8 @@
 #include "skyframe/model/BeamElement.h"
 
+#include <algorithm>
 #include <cmath>
+#include <numbers>
 
 #include "BeamMatrices.h"
 #include "ElementWork.h"
@@ -48,7 +50,7 @@ const CMatrix& CBeamElem::FormMassMatrix(bool bConsistent, bool bShear) const {
     CMatrix& full = GetElementWork(c_nMemberDofs).mass;
     FormConsistentMass(p, full);
     Condense(full, bShear, work.local);
-    RotateToGlobal(work.local, m_axes, work.mass);
+    RotateToGlobal(work.local, m_frame.GetAxes(), work.mass);
     return work.mass;
   }
   work.mass.Fill(0.0);
@@ -127,14 +129,15 @@ void CBeamElem::ComputeInternalForce(std::span<const double> u, bool bIncrementa
     m_displacement.fill(0.0);
   }
   const double dPrevious = m_endForce[6];
-  AddIncrement(GatherLocal(m_axes, u), bShear);
+  AddIncrement(GatherLocal(m_frame.GetAxes(), u), bShear);
   if (bIncremental) {
     // dN = E A (L - L_prev)/L0
-    const double dPreviousLength = m_dForceLength == 0.0 ? m_dInitialLength : m_dForceLength;
+    const double L = m_frame.GetLength(), L0 = m_frame.GetInitialLength();
+    const double dPreviousLength = m_dForceLength == 0.0 ? L0 : m_dForceLength;
     const double EA = GetMaterial().GetElasticModulus() * GetArea();
-    SetAxialForce(dPrevious + EA * (m_dLength - dPreviousLength) / m_dInitialLength);
+    SetAxialForce(dPrevious + EA * (L - dPreviousLength) / L0);
   }
-  m_dForceLength = m_dLength;
+  m_dForceLength = m_frame.GetLength();
   m_dAxialForce = m_endForce[6];
   if (!bFillDiagrams) return;
   FillForceDiagrams();
@@ -148,7 +151,7 @@ const CMatrix& CBeamElem::FormElementStiffness(bool bGeometric, bool bShear) con
     Condense(FormGeometricStiffness(), bShear, work.stiffness);
     work.local += work.stiffness;
   }
-  RotateToGlobal(work.local, m_axes, work.stiffness);
+  RotateToGlobal(work.local, m_frame.GetAxes(), work.stiffness);
   return work.stiffness;
 }
 
@@ -175,6 +178,12 @@ MemberVector CBeamElem::GetGlobalEndForces() const {
   return ToGlobal(own);
 }
 
+double CBeamElem::GetEulerRatio() const {
+  const double E = GetMaterial().GetElasticModulus(), I = std::min(m_dIy, m_dIz), L = m_frame.GetLength();
+  if (I <= 0.0) return 0.0;
+  return m_dAxialForce * L * L / (std::numbers::pi * std::numbers::pi * E * I);
+}
+
 void CBeamElem::Condense(const CMatrix& full, bool /*bShear*/, CMatrix& out) const { out = full; }
 
 MemberVector CBeamElem::Expand(const MemberVector& own, bool /*bShear*/) const { return own; }
@@ -183,7 +192,7 @@ BeamProperties CBeamElem::GetProperties(bool bShear) const {
   const CMaterial& material = GetMaterial();
   const double E = material.GetElasticModulus(), nu = material.GetPoissonRatio();
   const double G = E / (nu + 1.0 + nu + 1.0);
-  const double A = GetArea(), L = m_dLength, kappa = m_dShearCoefficient;
+  const double A = GetArea(), L = m_frame.GetLength(), kappa = m_dShearCoefficient;
   const double J = std::abs(m_dIx) <= c_dNoTorsion ? m_dTorsionAlt : m_dIx;
   const double phiY = bShear ? ComputeShearParameter(kappa, E, m_dIy, G, A, L) : 0.0;
   const double phiZ = bShear ? ComputeShearParameter(kappa, E, m_dIz, G, A, L) : 0.0;

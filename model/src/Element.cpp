@@ -1,7 +1,6 @@
 #include "skyframe/model/Element.h"
 
 #include <algorithm>
-#include <cmath>
 
 #include "ElementWork.h"
 #include "skyframe/platform/Platform.h"
@@ -10,33 +9,6 @@
 namespace skyframe {
 
 namespace {
-
-/// A member whose plan projection has no more than this along Y takes global Y as its auxiliary vector.
-constexpr double c_dNoYComponent = 1.0e-15;
-
-double Dot(const Vector3& a, const Vector3& b) { return a[0] * b[0] + a[1] * b[1] + a[2] * b[2]; }
-
-double Norm(const Vector3& a) { return std::sqrt(Dot(a, a)); }
-
-Vector3 Scale(const Vector3& a, double f) { return {a[0] * f, a[1] * f, a[2] * f}; }
-
-Vector3 Cross(const Vector3& a, const Vector3& b) {
-  return {a[1] * b[2] - a[2] * b[1], a[2] * b[0] - a[0] * b[2], a[0] * b[1] - a[1] * b[0]};
-}
-
-/// Horizontal unit vector, perpendicular to the plan projection of d or global Y.
-Vector3 FormAuxiliary(const Vector3& d, double L) {
-  if (std::abs(d[1]) <= c_dNoYComponent) return {0.0, 1.0, 0.0};
-  const Vector3 h = {L, -L * d[0] / d[1], 0.0};
-  return Scale(h, 1.0 / Norm(h));
-}
-
-/// d = x_j - x_i.
-Vector3 FormChord(int nNodeI, int nNodeJ) {
-  const Vector3& xi = g_pNodeTable->GetPosition(nNodeI);
-  const Vector3& xj = g_pNodeTable->GetPosition(nNodeJ);
-  return {xj[0] - xi[0], xj[1] - xi[1], xj[2] - xi[2]};
-}
 
 const ElementTexts& GetTexts(int nTypeCode) {
   switch (nTypeCode) {
@@ -54,39 +26,6 @@ const ElementTexts& GetTexts(int nTypeCode) {
 }
 
 }  // namespace
-
-LocalAxes FormLocalAxes(const Vector3& d, double c, double s) {
-  const double L = Norm(d);
-  const Vector3 x = Scale(d, 1.0 / L);
-  const Vector3 h = FormAuxiliary(d, L);
-  const Vector3 xh = Cross(x, h);
-  const double dNorm = Norm(xh);
-  const double dProjection = Dot(x, h);
-  const Vector3 w = Scale(xh, 1.0 / dNorm);
-  Vector3 y, z;
-  for (int i = 0; i < 3; ++i) {
-    const double hPerp = (h[i] - dProjection * x[i]) / dNorm;
-    y[i] = c * hPerp - s * w[i];
-    z[i] = s * y[i] + c * w[i];
-  }
-  // Deliberate: (s + c) w_Z, not from y_Z; the same when the angle is zero.
-  z[2] = (s + c) * w[2];
-  return {x, y, z};
-}
-
-LocalAxes CarryLocalAxes(const LocalAxes& axes, const Vector3& d) {
-  const Vector3& x = axes[0];
-  const Vector3 xNew = Scale(d, 1.0 / Norm(d));
-  const Vector3 v = Cross(x, xNew);
-  const double c = Dot(x, xNew);
-  // a' = c a + v x a + v (v . a)/(1 + c)
-  const auto rotate = [&](const Vector3& a) {
-    const Vector3 va = Cross(v, a);
-    const double f = Dot(v, a) / (1.0 + c);
-    return Vector3{c * a[0] + va[0] + f * v[0], c * a[1] + va[1] + f * v[1], c * a[2] + va[2] + f * v[2]};
-  };
-  return {xNew, rotate(axes[1]), rotate(axes[2])};
-}
 
 void CElement::AssembleMass(SparseMatrix& M, bool bShear) const {
   std::array<int, c_nMemberDofs> numbers;
@@ -112,22 +51,15 @@ void CElement::AssembleEquilibrium(SparseMatrix& /*equilibrium*/) const {
 }
 
 void CElement::ComputeLength() {
-  m_dLength = Norm(FormChord(m_nNodeI, m_nNodeJ));
-  if (m_dInitialLength == 0.0) m_dInitialLength = m_dLength;
+  m_frame.SetEnds(g_pNodeTable->GetPosition(m_nNodeI), g_pNodeTable->GetPosition(m_nNodeJ));
 }
 
 void CElement::ComputeLocalAxes() {
   ComputeLength();
-  const Vector3 d = FormChord(m_nNodeI, m_nNodeJ);
-  if (m_bAxesKnown) {
-    m_axes = CarryLocalAxes(m_initialAxes, d);
-  } else {
-    m_axes = m_initialAxes = FormLocalAxes(d, m_dAngleCos, m_dAngleSin);
-    m_bAxesKnown = true;
-  }
+  m_frame.TurnAxes(m_dAngleCos, m_dAngleSin);
 }
 
-const CMatrix& CElement::FormTransformation() const { return FormTransformationOf(m_axes); }
+const CMatrix& CElement::FormTransformation() const { return FormTransformationOf(m_frame.GetAxes()); }
 
 const CMatrix& CElement::FormTransformationOf(const LocalAxes& R) const {
   CMatrix& T = GetElementWork(GetDofCount()).transformation;
@@ -174,7 +106,9 @@ MemberVector CElement::GatherLocal(const LocalAxes& R, std::span<const double> u
   return Rotate(R, values, GetDofCount());
 }
 
-MemberVector CElement::ToGlobal(const MemberVector& local) const { return RotateBack(m_axes, local, GetDofCount()); }
+MemberVector CElement::ToGlobal(const MemberVector& local) const {
+  return RotateBack(m_frame.GetAxes(), local, GetDofCount());
+}
 
 void CElement::ScatterVector(const MemberVector& values, std::span<double> vector) const {
   std::array<int, c_nMemberDofs> numbers;

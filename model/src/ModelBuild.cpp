@@ -214,7 +214,6 @@ void CAnalysisModel::SetElementData(int nMaterialCode) {
     data.dMass = m_materials[data.nMaterialNo]->GetUnitWeight() * data.dArea;
     data.nElemNo = nSlot;
     m_elements[nSlot]->SetData(data);
-    m_elements[nSlot]->ComputeLength();
     m_elements[nSlot]->ComputeLocalAxes();
   }
 }

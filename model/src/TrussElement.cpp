@@ -72,7 +72,7 @@ CTrussElem::CTrussElem() : CElement(c_barPlaces), m_stress(1, 1, 0.0), m_strainG
 
 const CMatrix& CTrussElem::FormMassMatrix(bool bConsistent, bool /*bShear*/) const {
   CMatrix& mass = GetElementWork(c_nBarDofs).mass;
-  FormBarMass(GetMaterial().GetUnitWeight() * m_dArea * m_dLength, bConsistent, mass);
+  FormBarMass(GetMaterial().GetUnitWeight() * m_dArea * m_frame.GetLength(), bConsistent, mass);
   return mass;
 }
 
@@ -104,7 +104,7 @@ std::array<double, 2> CTrussElem::GetDeflectionDiagram(Diagram& fy, Diagram& fz)
 
 void CTrussElem::ComputeLength() {
   CElement::ComputeLength();
-  FormStrainGradient(m_dLength, m_strainGradient);
+  FormStrainGradient(m_frame.GetLength(), m_strainGradient);
 }
 
 void CTrussElem::SetData(const ElementData& data) {
@@ -127,9 +127,10 @@ void CTrussElem::ResetDiagrams() {
 
 void CTrussElem::ComputeInternalForce(std::span<const double> u, bool bIncremental, bool /*bShear*/,
                                       bool /*bFillDiagrams*/) {
-  const double E = GetMaterial().GetElasticModulus(), A = m_dArea, L = m_dLength, L0 = m_dInitialLength;
+  const double E = GetMaterial().GetElasticModulus(), A = m_dArea, L = m_frame.GetLength(),
+               L0 = m_frame.GetInitialLength();
   if (!bIncremental) m_displacement.fill(0.0);
-  const MemberVector du = GatherLocal(m_axes, u);
+  const MemberVector du = GatherLocal(m_frame.GetAxes(), u);
   for (int i = 0; i < c_nBarDofs; ++i) m_displacement[i] += du[i];
   if (bIncremental) {
     m_stress[0][0] = E * (L * L - L0 * L0) / (2.0 * L0 * L0);
@@ -141,12 +142,12 @@ void CTrussElem::ComputeInternalForce(std::span<const double> u, bool bIncrement
 }
 
 const CMatrix& CTrussElem::FormElementStiffness(bool bGeometric, bool /*bShear*/) const {
-  const double A = m_dArea, L = m_dLength, L0 = m_dInitialLength;
+  const double A = m_dArea, L = m_frame.GetLength(), L0 = m_frame.GetInitialLength();
   const double b = bGeometric ? L / (L0 * L0) : 1.0 / L;
   const double sigma = bGeometric ? m_stress[0][0] : 0.0;
   ElementWork& work = GetElementWork(c_nBarDofs);
   FormBarStiffness(A * L, GetMaterial().GetElasticModulus(), {-b, 0, 0, b, 0, 0}, sigma, m_strainGradient, work.local);
-  RotateToGlobal(work.local, m_axes, work.stiffness);
+  RotateToGlobal(work.local, m_frame.GetAxes(), work.stiffness);
   return work.stiffness;
 }
 
@@ -155,8 +156,8 @@ void CTrussElem::AssembleEndForces(std::span<double> vector) const {
 }
 
 void CTrussElem::FormTangentStiffness(CMatrix& out, std::span<const double> u) const {
-  const double A = m_dArea, L0 = m_dInitialLength;
-  const MemberVector d = GatherLocal(m_initialAxes, u);
+  const double A = m_dArea, L0 = m_frame.GetInitialLength();
+  const MemberVector d = GatherLocal(m_frame.GetInitialAxes(), u);
   const Vector3 a = {(d[3] - d[0]) / L0, (d[4] - d[1]) / L0, (d[5] - d[2]) / L0};
   CMatrix G(3, c_nBarDofs);
   FormStrainGradient(L0, G);
@@ -168,7 +169,7 @@ void CTrussElem::FormTangentStiffness(CMatrix& out, std::span<const double> u) c
   ElementWork& work = GetElementWork(c_nBarDofs);
   FormBarStiffness(A * L0, GetMaterial().GetElasticModulus(), B, m_stress[0][0], G, work.local);
   out.Resize(c_nBarDofs, c_nBarDofs);
-  RotateToGlobal(work.local, m_initialAxes, out);
+  RotateToGlobal(work.local, m_frame.GetInitialAxes(), out);
   TraceTangent(u, a, G, Bnl);
 }
 
@@ -185,7 +186,7 @@ void CTrussElem::TraceTangent(std::span<const double> u, const Vector3& a, const
   trace.Line(c_strTraceDisplacement);
   for (int i = 0; i < c_nBarDofs; ++i) trace.Value(nodal[i]);
   trace.Line(c_strTraceDisplacementEnd);
-  TraceMatrix(trace, c_strTraceTransformation, "matT", FormTransformationOf(m_initialAxes));
+  TraceMatrix(trace, c_strTraceTransformation, "matT", FormTransformationOf(m_frame.GetInitialAxes()));
   TraceRow(trace, c_strTraceA, "matA", a);
   TraceMatrix(trace, c_strTraceG, "matG", G);
   TraceRow(trace, c_strTraceBnl, "matBnl", Bnl);

@@ -9,18 +9,15 @@
 namespace skyframe {
 
 void CAnalysisModel::SolveStaticLinear(const std::string& strJobPath) {
-  if (!m_bValid) return;
+  if (!BeginStatic(false)) return;
   // Deliberate: opened before anything else, so an unstable structure leaves an empty file.
   const std::unique_ptr<std::ostream> pStream =
       GetPlatform().OpenForWriting(strJobPath + std::string(suffix::c_strStaticLinear));
   if (!pStream) return GetPlatform().ShowMessage(c_strFileNotWritten);
 
-  AssembleCombinedLoad();
-  if (!AssembleStiffness(m_stiffness, false, false)) return;
-
+  if (!PrepareStatic()) return;
   // K u = P over the free equations; restrained entries of u stay 0
   const int F = GetFreeDofs();
-  std::fill(m_displacement.begin(), m_displacement.end(), 0.0);
   std::copy_n(m_load.begin(), F, m_displacement.begin());
   if (!m_stiffness.Solve(F, std::span(m_displacement).first(F))) return;
 
@@ -28,10 +25,12 @@ void CAnalysisModel::SolveStaticLinear(const std::string& strJobPath) {
     if (pElement) pElement->ComputeInternalForce(m_displacement, false, false, true);
   }
   AssembleInternalForce();
+  KeepStaticState();
 
   CTextWriter out(*pStream);
   WriteStaticResult(out, c_strLinearHeading, *this);
-  if (!out.Flush()) GetPlatform().ShowMessage(c_strFileNotWritten);
+  if (!out.Flush()) return GetPlatform().ShowMessage(c_strFileNotWritten);
+  m_staticFindings.status = RunStatus::Done;
 }
 
 }  // namespace skyframe

@@ -1,5 +1,6 @@
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include "ConvergenceTest.h"
 #include "StaticResult.h"
@@ -20,40 +21,48 @@ double Norm(std::span<const double> v) {
 }  // namespace
 
 void CAnalysisModel::SolveStaticNonlinear(const std::string& strJobPath) {
-  if (!m_bValid) return;
-  std::fill(m_displacement.begin(), m_displacement.end(), 0.0);
-  AssembleCombinedLoad();
-  if (!AssembleStiffness(m_stiffness, false, false) || !m_stiffness.Decompose(GetFreeDofs())) return;
-  if (!IterateToEquilibrium()) return;
+  if (!BeginStatic(true) || !PrepareStatic()) return;
+  std::vector<double> increment(GetTotalDofs());  // du, length N
+  const bool bConverged = IterateToEquilibrium(increment);
+  m_staticFindings.largestIncrement = FindLargest(increment);
+  if (!bConverged) return;
+  KeepStaticState();
+  KeepMemberState();
 
   GetPlatform().BeginWaitCursor();
   CResultFile file(strJobPath + std::string(suffix::c_strStaticNonlinear));
   if (file.IsOpen()) WriteStaticResult(file.GetWriter(), c_strNonlinearHeading, *this);
-  if (!file.Commit()) GetPlatform().ShowMessage(c_strFileNotWritten);
+  if (file.Commit()) {
+    m_staticFindings.status = RunStatus::Done;
+  } else {
+    GetPlatform().ShowMessage(c_strFileNotWritten);
+  }
   GetPlatform().EndWaitCursor();
 }
 
-bool CAnalysisModel::IterateToEquilibrium() {
+bool CAnalysisModel::IterateToEquilibrium(std::span<double> increment) {
+  StaticFindings& found = m_staticFindings;
   const int F = GetFreeDofs();
   const std::span<const double> P = std::span(m_load).first(F);
   std::vector<double> residual(P.begin(), P.end());  // R, length F
-  std::vector<double> increment(GetTotalDofs());     // du, length N
-  CConvergenceTest test(m_nConvCriterion, m_dConvTol, Norm(P));
+  found.dForce = found.dResidual = Norm(P);
+  CConvergenceTest test(m_nConvCriterion, m_dConvTol, found.dForce);
 
   for (int k = 0; k < m_nMaxIter; ++k) {
     // K du = R; the restrained part of du is 0
     std::copy(residual.begin(), residual.end(), increment.begin());
-    const std::span<double> freeIncrement = std::span(increment).first(F);
+    const std::span<double> freeIncrement = increment.first(F);
     if (!m_stiffness.Solve(F, freeIncrement)) return false;
+    found.nIterations = k + 1;
+    found.dPreviousIncrement = std::exchange(found.dIncrement, Norm(increment));
     if (!IsWithinLimit(freeIncrement)) return false;
 
     ApplyIncrement(increment, false, true);
     // R = P - Fint
     for (int i = 0; i < F; ++i) residual[i] = P[i] - m_internalForce[i];
-    const double dResidual = Norm(residual);
-    const double dIncrement = Norm(increment);
-    if (test.IsConverged(dResidual, dIncrement)) return true;
-    if (!std::isfinite(dResidual) || !std::isfinite(dIncrement)) break;  // it cannot come back
+    found.dResidual = Norm(residual);
+    if (test.IsConverged(found.dResidual, found.dIncrement)) return true;
+    if (!std::isfinite(found.dResidual) || !std::isfinite(found.dIncrement)) break;  // it cannot come back
     GetPlatform().ReportProgress((k + 1.0) / m_nMaxIter, c_strIteration);
   }
   GetPlatform().ShowMessage(c_strNoConvergence);

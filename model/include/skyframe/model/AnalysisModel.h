@@ -203,8 +203,19 @@ class CAnalysisModel {
   void ApplyConstraints(SparseMatrix& K) const;
   /// A = 0 with the profile of the model, in the memory it has where that fits. False when there is none.
   [[nodiscard]] bool ClearMatrix(SparseMatrix& A) const;
-  /// Modified Newton-Raphson with the factorised stiffness; false after its message.
-  [[nodiscard]] bool IterateToEquilibrium();
+  /// Starts the findings of a static run; false when there is no valid model.
+  [[nodiscard]] bool BeginStatic(bool bNonlinear);
+  /// u = 0, K assembled and factorised, then the combined load; false after its message.
+  [[nodiscard]] bool PrepareStatic();
+  /// Displacements and reactions into the findings.
+  void KeepStaticState();
+  /// Euler ratios and the largest twist of the beams into the findings.
+  void KeepMemberState();
+  /// Modified Newton-Raphson with the factorised stiffness; false after its message. increment, length N and
+  /// zero before, is the last one afterwards.
+  [[nodiscard]] bool IterateToEquilibrium(std::span<double> increment);
+  /// Place of the largest |v|, or of the first value that is no number; none when all are 0.
+  [[nodiscard]] DofPlace FindLargest(std::span<const double> v) const;
 
   CNodeTable m_nodes;
   std::vector<std::unique_ptr<CElement>> m_elements;

@@ -42,7 +42,12 @@ class CBeamElem : public CElement {
   virtual const CMatrix& FormGeometricStiffness() const;
   /// End forces in global axes over the element's own DOFs; zeros behind them.
   [[nodiscard]] virtual MemberVector GetGlobalEndForces() const;
-  [[nodiscard]] virtual double GetLength() const { return m_dLength; }
+  [[nodiscard]] virtual double GetLength() const { return m_frame.GetLength(); }
+  /// N over the Euler load pi^2 E I/L^2 of a strut of the present length with the smaller I, tension positive;
+  /// 0 without inertia.
+  [[nodiscard]] double GetEulerRatio() const;
+  /// Of the axes about the member itself, rad (MemberFrame).
+  [[nodiscard]] double GetTwist() const { return m_frame.GetTwist(); }
 
  protected:
   explicit CBeamElem(std::span<const int> dofPlaces);

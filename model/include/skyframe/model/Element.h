@@ -5,6 +5,7 @@
 #include <string>
 
 #include "skyframe/model/Material.h"
+#include "skyframe/model/MemberFrame.h"
 #include "skyframe/model/NodeTable.h"
 #include "skyframe/numeric/Matrix.h"
 #include "skyframe/numeric/SparseMatrix.h"
@@ -19,18 +20,6 @@ using Diagram = std::array<double, c_nStations>;
 inline constexpr int c_nMemberDofs = 12;
 /// Values over the DOFs of a member; only the first ones are used where it has fewer than twelve.
 using MemberVector = std::array<double, c_nMemberDofs>;
-
-using Vector3 = std::array<double, 3>;
-/// Rows local x, local y, local z; columns global X, Y, Z.
-using LocalAxes = std::array<Vector3, 3>;
-
-/// Local axes of a member along d (its length need not be 1) whose section is turned by the angle
-/// with cosine c and sine s. Vertical and X-parallel members get local y = global Y.
-[[nodiscard]] LocalAxes FormLocalAxes(const Vector3& d, double c, double s);
-
-/// The axes turned by the smallest rotation that brings local x into the direction of d: the section
-/// follows its member. Not for a member that has turned right round.
-[[nodiscard]] LocalAxes CarryLocalAxes(const LocalAxes& axes, const Vector3& d);
 
 /// Section and identity of a member. Areas m2, second moments m4.
 struct ElementData {
@@ -76,9 +65,8 @@ class CElement {
   virtual void SetData(const ElementData& data) = 0;
   /// 0-based node indices.
   virtual void ReadNodes(int nNodeI, int nNodeJ) = 0;
-  /// Length, direction cosines and local axes from the current coordinates. The first call forms the
-  /// axes of the undeformed member; later ones carry these along, so that stored end forces and the
-  /// section keep their place when a vertical or X-parallel member leans out of its plane.
+  /// Length, direction cosines and local axes from the current coordinates; the first call also sets the
+  /// initial axes.
   virtual void ComputeLocalAxes();
   /// Nothing for beams; length and axes of a bar.
   virtual void UpdateGeometry() {}
@@ -139,11 +127,7 @@ class CElement {
   int m_nNodeI = 0;
   int m_nNodeJ = 0;
   double m_dAxialForce = 0.0;
-  double m_dLength = 0.0;
-  double m_dInitialLength = 0.0;  ///< set once, at the first ComputeLength; 0 before
-  LocalAxes m_axes = {};
-  LocalAxes m_initialAxes = {};
-  bool m_bAxesKnown = false;
+  MemberFrame m_frame;
 
  private:
   /// Equation numbers in numbers, which the result views.

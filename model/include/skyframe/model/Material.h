@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <memory>
 #include <string_view>
 #include <vector>
@@ -38,6 +39,7 @@ class CMaterial {
  protected:
   double m_dE = 0.0;
   double m_dNu = 0.0;
+  std::array<double, 2> m_reserved = {};  ///< neither set nor read
   double m_dUnitWeight = 0.0;
 };
 

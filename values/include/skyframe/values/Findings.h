@@ -64,6 +64,11 @@ struct StaticFindings : RunFindings {
   /// By element slot: axial force N of the present state over pi^2 E I / L^2 with the smaller I; tension
   /// positive, 0 for bars. Empty for a linear run.
   std::vector<double> eulerRatios;
+  /// Largest angle, rad, by which the rule for the local axes turned a beam's section about the member itself while
+  /// it moved, and its element from 1: with unequal Iy and Iz its forces may be wrong by about this part. 0 for a
+  /// linear run.
+  double dLargestTwist = 0.0;
+  int nTwistedElement = 0;
 };
 
 struct ModalFindings : RunFindings {
