@@ -10,7 +10,7 @@
 #include "ModalModels.h"
 #include "TestPlatform.h"
 #include "skyframe/modal/LanczosSolver.h"
-#include "skyframe/modal/ModalReport.h"
+#include "skyframe/modal/ModeCount.h"
 #include "skyframe/modal/RootLossTest.h"
 
 namespace skyframe::test {

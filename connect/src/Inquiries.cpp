@@ -6,7 +6,7 @@
 #include "Renumbering.h"
 #include "skyframe/hostdata/HostData.h"
 #include "skyframe/modal/DesignSpectrum.h"
-#include "skyframe/modal/ModalReport.h"
+#include "skyframe/modal/ModeCount.h"
 #include "skyframe/model/AnalysisModel.h"
 #include "skyframe/platform/Platform.h"
 #include "texts.h"

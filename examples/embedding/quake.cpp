@@ -26,8 +26,11 @@ int main(int nArguments, char** ppszArguments) {
   quake.nLoad = 1;  // ground motion
   quake.damping = {0.05, 0.05};
   quake.combination = modes.combination;
-  quake.earthquake = host::EarthquakeJob{.dTimeStep = 0.02, .dDuration = 10.0, .nMode = 0, .directions = {true}};
-  quake.earthquake->peaks[0] = 0.7;  // m/s2 along X
+  host::EarthquakeJob& ground = quake.earthquake.emplace();
+  ground.dTimeStep = 0.02;
+  ground.dDuration = 10.0;
+  ground.directions = {true};  // along X
+  ground.peaks[0] = 0.7;       // m/s2
   file.job.analyses = {modes, quake};
 
   std::ofstream console("quake.log");

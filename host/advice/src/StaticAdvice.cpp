@@ -13,6 +13,7 @@ using Vector = std::array<double, 3>;
 
 constexpr double c_dBalanceTolerance = 1.0e-6;
 constexpr double c_dNotableCompression = 0.05;  ///< of pi^2 E I / L^2
+constexpr double c_dNotableTwist = 0.01;        ///< rad
 
 /// Resultant about the origin, the largest of its contributions, and the lever arm they can have.
 struct Resultant {
@@ -90,6 +91,16 @@ void CheckCompression(const StaticFindings& findings, CAdviceBuilder& advice) {
                      c_dNotableCompression));
 }
 
+/// The rule of the local axes follows the member's plan projection; a section that turns with it takes the member's
+/// stiffness along.
+void CheckTwist(const StaticFindings& findings, CAdviceBuilder& advice) {
+  if (findings.nTwistedElement == 0 || !(findings.dLargestTwist > c_dNotableTwist)) return;
+  advice.Warn("axes-twist",
+              Format("the section of element %d turned by %.2g rad about its own axis with its plan projection: second-"
+                     "order effects are a few per cent off where its Iy and Iz differ",
+                     findings.nTwistedElement, findings.dLargestTwist));
+}
+
 }  // namespace
 
 AdviceList AdviseOnStatic(const Job& job, const StaticFindings& findings) {
@@ -102,6 +113,7 @@ AdviceList AdviseOnStatic(const Job& job, const StaticFindings& findings) {
                          advice.CheckNodeValues(findings.reactions, "reaction", strSuffix);
     if (bFinite && !findings.bNonlinear) CheckBalance(job, findings, advice);
     CheckCompression(findings, advice);
+    CheckTwist(findings, advice);
   }
   return advice.Take();
 }

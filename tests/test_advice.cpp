@@ -1,0 +1,242 @@
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <functional>
+#include <sstream>
+
+#include "HostModel.h"
+#include "skyframe/connect/Findings.h"
+#include "skyframe/connect/Inquiries.h"
+#include "skyframe/host/DataDirectory.h"
+#include "skyframe/host/JobRunner.h"
+
+namespace skyframe::host {
+namespace {
+
+using test::CJobFolder;
+
+constexpr std::array<int, 6> c_fixed = {1, 1, 1, 1, 1, 1};
+const JobCombination c_dead = {{0, 1.0}};
+
+/// A portal of 4 m by 6 m in X and Z, clamped; 10 kN along X and 60 kN upwards, which is mass, at each upper corner.
+Job MakePortal() {
+  Job job;
+  constexpr double c_dPlaces[][2] = {{0, 0}, {0, 4}, {6, 4}, {6, 0}};
+  for (const auto& [x, z] : c_dPlaces) {
+    job.nodes.push_back({.nId = 10 * (static_cast<int>(job.nodes.size()) + 1), .dX = x, .dZ = z, .nSpring = {}});
+  }
+  job.nodes[0].restraint = job.nodes[3].restraint = c_fixed;
+  job.sections = {{"C", 2, 12000, 1e8, 2e8, 2e8}};
+  job.elements = {{c_nBeam, 1, 2, 0}, {c_nBeam, 2, 3, 0}, {c_nBeam, 3, 4, 0}};
+  for (const int nNode : {2, 3}) {
+    job.loads.push_back({0, nNode, 0, 10.0});
+    job.loads.push_back({0, nNode, 2, 60.0});
+  }
+  return job;
+}
+
+StaticJob MakeStatic(bool bNonlinear = false) {
+  StaticJob analysis;
+  analysis.bNonlinear = bNonlinear;
+  analysis.combination = c_dead;
+  return analysis;
+}
+
+ModalJob MakeModal(int nModes) {
+  ModalJob analysis;
+  analysis.nModes = nModes;
+  analysis.combination = c_dead;
+  return analysis;
+}
+
+SpectrumJob MakeSpectrum(int nModes, JobCombination combination) {
+  SpectrumJob analysis;
+  analysis.nModes = nModes;
+  analysis.direction = {1.0, 0.0, 0.0};
+  analysis.combination = std::move(combination);
+  return analysis;
+}
+
+NewmarkJob MakeQuake() {
+  NewmarkJob analysis;
+  analysis.nLoad = 1;
+  analysis.damping = {0.05, 0.05};
+  analysis.combination = c_dead;
+  EarthquakeJob& quake = analysis.earthquake.emplace();
+  quake.dTimeStep = 0.02;
+  quake.dDuration = 1.0;
+  quake.directions = {true};
+  quake.peaks[0] = 1.0;
+  return analysis;
+}
+
+/// A job with its analyses, run beside a folder of its own.
+class AdviceOnRuns : public ::testing::Test {
+ protected:
+  RunOutcome Run(const Job& job) {
+    std::ostringstream out, err, console;
+    const RunOutcome outcome = RunJob(job, m_folder.GetJobPath(), FindDataDirectory(), {out, err, console});
+    m_strOut = out.str();
+    m_strErr = err.str();
+    return outcome;
+  }
+  /// The advice of all analyses, a line each.
+  static std::string Join(const RunOutcome& outcome) {
+    std::string strLines;
+    for (const AdviceList& list : outcome.advice) {
+      for (const Advice& advice : list) strLines += FormatAdvice(advice) + "\n";
+    }
+    return strLines;
+  }
+
+  CJobFolder m_folder{"advice"};
+  std::string m_strOut;
+  std::string m_strErr;
+};
+
+struct AdviceCase {
+  const char* pszName;
+  std::function<void(Job&)> change;  ///< of the portal
+  bool bGood;
+  std::string strStart;  ///< of the first line of advice; empty: there is none
+  std::string strPart;   ///< somewhere in the summary
+};
+
+TEST_F(AdviceOnRuns, EveryDoubtfulRunIsTold) {
+  const auto Supports = [](Job& job, std::array<int, 6> restraint) {
+    job.nodes[0].restraint = job.nodes[3].restraint = restraint;
+    job.analyses = {MakeStatic()};
+  };
+  const auto Stub = [](Job& job, double dLength) {
+    job.nodes[2].dX = dLength;
+    job.analyses = {MakeStatic()};
+  };
+  const AdviceCase cases[] = {
+      {"sound", [&](Job& job) { Supports(job, c_fixed); }, true, "", "conditioning          1."},
+      {"ball supports",
+       [&](Job& job) {
+         Supports(job, {1, 1, 1, 0, 0, 0});
+       },
+       false, "error: nearly a mechanism at node 40 RX: ", "digits lost, at node 40 RX"},
+      {"free to slide",
+       [&](Job& job) {
+         Supports(job, {0, 1, 1, 1, 1, 1});
+       },
+       false, "error: nearly a mechanism at node ", "error: loads and support forces do not balance: "},
+      {"short stub", [&](Job& job) { Stub(job, 1.0e-3); }, true, "warning: 1", "results are good to about "},
+      {"spread mass missing",
+       [](Job& job) {
+         job.analyses = {MakeModal(1), MakeSpectrum(1, c_dead)};
+       },
+       true, "warning: the 1 modes hold 0.0 % of the mass in X, below 90 %", "[missing-mass]"},
+      {"other combination",
+       [](Job& job) {
+         job.analyses = {MakeModal(3), MakeSpectrum(3, {{0, 0.5}})};
+       },
+       true, "warning: phi^T M phi of mode ", "[other-combination]"},
+      {"long period",
+       [](Job& job) {
+         for (JobLoad& load : job.loads) load.dValue *= 2.0e4;
+         job.analyses = {MakeModal(3), MakeSpectrum(3, c_dead)};
+       },
+       true, "warning: mode 1 has the period ", "[long-period]"},
+      {"negative damping",
+       [](Job& job) {
+         NewmarkJob quake = MakeQuake();
+         quake.damping = {0.05, 0.0001};
+         job.analyses = {MakeModal(4), quake};
+       },
+       true, "warning: the damping ratios give mode ", "[negative-damping]"},
+      {"too much load",
+       [](Job& job) {
+         for (JobLoad& load : job.loads) load.dValue *= 200.0;
+         job.analyses = {MakeStatic(true)};
+       },
+       false, "error: no equilibrium after ", "growing, the largest at node "},
+      {"slender column",
+       [](Job& job) {
+         for (JobLoad& load : job.loads) load.dValue *= load.nDirection == 2 ? -50.0 : 0.01;
+         job.analyses = {MakeStatic(true)};
+         std::get<StaticJob>(job.analyses[0]).nMaxIterations = 500;
+       },
+       true, "warning: element ", "[divide-members]"},
+  };
+  for (const AdviceCase& c : cases) {
+    Job job = MakePortal();
+    c.change(job);
+    const RunOutcome outcome = Run(job);
+    const std::string strAdvice = Join(outcome);
+    EXPECT_EQ(outcome.bGood, c.bGood) << c.pszName << '\n' << m_strOut << m_strErr;
+    EXPECT_EQ(outcome.bWarned, !c.strStart.empty()) << c.pszName;
+    EXPECT_TRUE(c.strStart.empty() ? strAdvice.empty() : strAdvice.starts_with(c.strStart)) << c.pszName << '\n'
+                                                                                            << strAdvice;
+    EXPECT_NE(m_strOut.find(c.strPart), std::string::npos) << c.pszName << '\n' << m_strOut;
+  }
+}
+
+TEST_F(AdviceOnRuns, RecordOfZerosAndTheHistoryThatStays) {
+  Job job = MakePortal();
+  NewmarkJob zeros = MakeQuake();
+  zeros.bFromFile = true;
+  NewmarkJob refused = zeros;
+  refused.earthquake->directions = {false, true};  // there is no record along Y
+  job.analyses = {MakeModal(4), zeros, refused};
+  m_folder.Write("_Xacc.txt", "0 0 0\n");
+  const RunOutcome outcome = Run(job);
+  EXPECT_FALSE(outcome.bGood);
+  ASSERT_EQ(outcome.advice.size(), 3U);
+  ASSERT_EQ(outcome.advice[1].size(), 1U);
+  EXPECT_EQ(FormatAdvice(outcome.advice[1][0]),
+            "error: job_HisTime.txt: displacement at node 20 X from t = 0.02 s on is not a finite number [not-finite]");
+  ASSERT_EQ(outcome.advice[2].size(), 1U);
+  EXPECT_EQ(outcome.advice[2][0].strName, "older-history");
+  EXPECT_NE(outcome.advice[2][0].strText.find("Newmark, linear, 50 steps of 0.02 s, finished "), std::string::npos);
+}
+
+/// The base shear stands in the file: support forces of the run, whatever combination the modal run had.
+TEST_F(AdviceOnRuns, BaseShearBelongsToTheFile) {
+  Job job = MakePortal();
+  job.elements.resize(1);  // a mast, one support
+  for (const JobCombination& combination : {c_dead, JobCombination{{0, 0.5}}, JobCombination{}}) {
+    job.analyses = {MakeModal(4), MakeSpectrum(4, combination)};
+    EXPECT_TRUE(Run(job).bGood) << m_strErr;
+    std::istringstream strm(m_folder.Read(".spec"));
+    for (std::string strWord; strWord != "Support:";) strm >> strWord;
+    double dNode = 0.0, dForce = 0.0;
+    strm >> dNode >> dForce;
+    EXPECT_NEAR(GetSpectrumFindings().baseShear[0], dForce, 1e-5 * dForce);
+    EXPECT_GT(dForce, 0.0);
+  }
+}
+
+/// The inquiries against what is known of two equal masts of one element.
+TEST_F(AdviceOnRuns, Inquiries) {
+  Job job = MakePortal();
+  job.elements.erase(job.elements.begin() + 1);
+  ModalJob modal = MakeModal(4);
+  modal.bShear = true;
+  job.analyses = {modal};
+  EXPECT_TRUE(Run(job).bGood);
+  EXPECT_NE(m_strOut.find("Sturm count           no mode below"), std::string::npos) << m_strOut;
+  const ModalFindings& findings = GetModalFindings();
+  const ModeSettings settings{true, findings.loadFlags, findings.loadFactors};
+  EXPECT_EQ(CountModesBelow(0.999 * findings.omega[0], settings), 0);
+  EXPECT_EQ(CountModesBelow(1.001 * findings.omega[3], settings), 4);
+  const auto measure = MeasureModel(true);
+  ASSERT_TRUE(measure);
+  EXPECT_EQ(measure->own.nFree, 12);
+  EXPECT_EQ(measure->own.dEntries, 42.0);  // two triangles of six columns
+  EXPECT_EQ(measure->own.dOperations, 182.0);
+  EXPECT_NEAR(EvaluateDesignSpectrum({0, 9, 1, 2}, 0.2, 0.05)->dAlpha, 0.16, 1e-12);
+
+  // A count that does not agree is told of, never by a negative number.
+  for (const auto& [nCounted, strName] : {std::pair(6, "missed-modes"), std::pair(3, "modes-in-doubt")}) {
+    const AdviceList list = AdviseOnCount(findings, ModeCount{nCounted, 4, 100.0});
+    ASSERT_EQ(list.size(), 1U);
+    EXPECT_EQ(list[0].strName, strName);
+    EXPECT_EQ(list[0].strText.find('-'), list[0].strText.find("-1")) << list[0].strText;
+  }
+}
+
+}  // namespace
+}  // namespace skyframe::host
