@@ -1,9 +1,11 @@
-// The time-history and viewer drivers through their dialogs, on one bar with a known answer.
+// The time-history and viewer drivers through their dialogs, against the same runs on the model.
 
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <functional>
 #include <sstream>
+#include <utility>
 
 #include "HostModel.h"
 #include "TestPlatform.h"
@@ -11,15 +13,13 @@
 #include "skyframe/connect/ModeConnect.h"
 #include "skyframe/dialogs/HisResultDlg.h"
 #include "skyframe/dialogs/Templates.h"
-#include "skyframe/model/NodeTable.h"
+#include "skyframe/history/ImpulseScript.h"
+#include "skyframe/hostdata/HostData.h"
+#include "skyframe/model/AnalysisModel.h"
 #include "skyframe/values/HistorySet.h"
 
 namespace skyframe::test {
 namespace {
-
-constexpr double c_dStiffness = 1.03e9;                // N/m
-constexpr double c_dMass = 7900.0 * 0.01 * 2.0 / 3.0;  // kg, of the bar at its end
-constexpr double c_dForce = 10.0e3;                    // N
 
 /// A bar of two metres free along X at its end, which carries a load of 100 kN along +Z as mass.
 void FillBar(CHostModel& host) {
@@ -85,88 +85,224 @@ TEST(TimeHistoryDrivers, HostRecordThatOutlivedTheHistories) {
   EXPECT_EQ(platform.GetMessages(), c_noHistory);
 }
 
-TEST(TimeHistoryDrivers, NewmarkUnderAStepLoad) {
-  CTestPlatform platform;
-  CHostModel host;
-  FillBar(host);
-  const CJobFolder job("newmark");
-  RunModal(platform);
-  ScriptStepLoad(platform);
-  EXPECT_EQ(CModeConnect::OnTimeHistoryAnalysis(), 1);
-  EXPECT_TRUE(platform.GetMessages().empty());
-  EXPECT_TRUE(platform->GetScriptErrors().empty());
-
-  std::string strBlock = "   2   10.000   0.000   0.000\r\n##\r\n";
-  std::string strScript = "/IMPULSELOAD/\r\n";
-  for (int i = 0; i < 1000; ++i) strScript += strBlock;
-  EXPECT_EQ(job.Read("_Loadinputtest.txt"), strScript + "/END/");
-  EXPECT_FALSE(job.Has("_HisTime.txt"));  // nodal forces leave no history file
-
-  const std::vector<double> u = ReadThroughViewer(platform, job);
-  ASSERT_EQ(u.size(), 1000U);
-  EXPECT_NEAR(u[0], 2.38008e-7, 2e-12);
-  EXPECT_NEAR(u[1], 1.16670e-6, 2e-11);
+/// A frame that leans every way; two load types of 60 and 40 kN along +Z.
+void FillFrame(CHostModel& host) {
+  host.SetSection(1, 2, 6000.0, 5e6, 2e7, 4e7);
+  host.AddNode(0, 0, 0, c_nRigid, "111111");
+  host.AddNode(0.2, 0.1, 3);
+  host.AddNode(4, 0, 3.1);
+  host.AddNode(4, 0.3, 0, c_nPinned, "111000");
+  for (const int n : {1, 2, 3}) host.AddElement(c_nBeam, n, n + 1);
+  host.AddElement(c_nBar, 1, 3);
+  host.AddLoad(0, 2, c_nDofZ, 60.0);
+  host.AddLoad(1, 3, c_nDofZ, 40.0);
+  ABCD.m_nLoadCases = 1;
 }
 
-TEST(TimeHistoryDrivers, WilsonReadsTheJobsOwnScript) {
+/// Both load types, the first one by 0.8, the second one by 1.3.
+std::vector<DialogStep> CombineLoads() {
+  return {DialogStep::Type(c_nIdFactor, "0.8"),
+          DialogStep::ToggleRow(c_nIdAvailable, 0),
+          DialogStep::Click(c_nIdAdd),
+          DialogStep::Type(c_nIdFactor, "1.3"),
+          DialogStep::ToggleRow(c_nIdAvailable, 1),
+          DialogStep::Click(c_nIdAdd),
+          DialogStep::Ok()};
+}
+void CombineLoads(CAnalysisModel& model) {
+  model.m_nLoadCaseFlag[0] = model.m_nLoadCaseFlag[1] = 1;
+  model.m_dLoadFactor[0] = 0.8;
+  model.m_dLoadFactor[1] = 1.3;
+}
+
+using Scripts = std::vector<std::pair<int, std::vector<DialogStep>>>;
+
+struct WholeRun {
+  const char* strName;
+  Scripts scripts;                           ///< of the dialogs behind the choice of the method
+  std::function<void(CAnalysisModel&)> run;  ///< the same without dialogs
+};
+
+/// Newmark without a default left; further steps before OK.
+std::vector<DialogStep> NewmarkSteps(std::vector<DialogStep> further) {
+  std::vector<DialogStep> steps = {DialogStep::Type(c_nIdDamping1, "0.03"), DialogStep::Type(c_nIdDamping2, "0.08"),
+                                   DialogStep::Type(c_nIdAlpha, "0.31"), DialogStep::Type(c_nIdDelta, "0.6"),
+                                   DialogStep::Click(c_nIdLoadComb)};
+  steps.insert(steps.end(), further.begin(), further.end());
+  steps.push_back(DialogStep::Ok());
+  return steps;
+}
+void SetNewmark(CAnalysisModel& model, double dTimeStep, double dDuration) {
+  CombineLoads(model);
+  model.m_pDamping = {0.03, 0.08};
+  model.m_dNewmarkAlpha = 0.31;
+  model.m_dNewmarkDelta = 0.6;
+  model.m_dTimeStep = dTimeStep;
+  model.m_dDuration = dDuration;
+}
+
+std::vector<DialogStep> ObliqueSteps() {
+  return {DialogStep::Choose(c_nIdOblique),         DialogStep::Type(c_nIdObliqueX, "3"),
+          DialogStep::Type(c_nIdObliqueY, "-4"),    DialogStep::Type(c_nIdObliqueZ, "12"),
+          DialogStep::Type(c_nIdPeakOblique, "40"), DialogStep::Type(c_nIdStep, "0.008"),
+          DialogStep::Type(c_nIdDuration, "0.3"),   DialogStep::Ok()};
+}
+
+/// Oblique nonlinear ground motion.
+WholeRun MakeNonlinearRun(const char* strName, int nCriterion, double dTolerance, int nMaxIter) {
+  return {
+      strName,
+      {{c_nIdNewmarkDlg,
+        NewmarkSteps({DialogStep::Choose(c_nIdGroundMotion), DialogStep::Tick(c_nIdFromFile),
+                      DialogStep::Tick(c_nIdNonlinear), DialogStep::ChooseItem(c_nIdCriterion, nCriterion),
+                      DialogStep::Type(c_nIdTolerance, std::to_string(dTolerance)),
+                      DialogStep::Type(c_nIdMaxIter, std::to_string(nMaxIter)), DialogStep::Click(c_nIdEarthquake)})},
+       {c_nIdEarthquakeDlg, ObliqueSteps()}},
+      [=](CAnalysisModel& model) {
+        SetNewmark(model, 0.008, 0.3);
+        model.m_bLoadFromFile = 1;
+        model.m_nQuakeMode = 1;
+        model.m_dObliqueCoef = {3.0 / 13.0, -4.0 / 13.0, 12.0 / 13.0};
+        model.m_dPeakOblique = 40.0;
+        model.m_nConvCriterion = nCriterion;
+        model.m_dConvTol = dTolerance;
+        model.m_nMaxIter = nMaxIter;
+        model.NewmarkIntegration(g_FilePathName, 1, 1);
+      }};
+}
+
+std::string ComposeImpulses() {
+  return ComposeImpulseScript(std::vector<ImpulseEntry>{{2, 1, 10.0}, {3, 0, -7.0}}, 1, 0.0301, 0.005);
+}
+
+std::vector<WholeRun> MakeRuns() {
+  const WholeRun wilson = {"Wilson",
+                           {{c_nIdWilsonDlg,
+                             {DialogStep::Type(c_nIdDamping1, "0.03"), DialogStep::Type(c_nIdDamping2, "0.08"),
+                              DialogStep::Type(c_nIdTheta, "1.9"), DialogStep::Type(c_nIdWilsonStep, "0.004"),
+                              DialogStep::Type(c_nIdWilsonDuration, "0.1"), DialogStep::Tick(c_nIdNonlinear),
+                              DialogStep::Click(c_nIdLoadComb), DialogStep::Ok()}}},
+                           [](CAnalysisModel& model) {  // deliberate: this dialog hands over no load combination
+                             model.m_pDamping = {0.03, 0.08};
+                             model.m_dWilsonTheta = 1.9;
+                             model.m_dTimeStep = 0.004;
+                             model.m_dDuration = 0.1;
+                             model.WilsonTheta(g_FilePathName);
+                           }};
+  const WholeRun impulse = {"impulses",
+                            {{c_nIdNewmarkDlg, NewmarkSteps({DialogStep::Click(c_nIdImpulseLoad)})},
+                             {c_nIdImpulseLoadDlg,
+                              {DialogStep::Choose(c_nIdRectangular), DialogStep::Type(c_nIdImpulseNode, "2"),
+                               DialogStep::Type(c_nIdImpulseDirection, "1"), DialogStep::Type(c_nIdImpulsePeak, "10"),
+                               DialogStep::Click(c_nIdImpulseInsert), DialogStep::Type(c_nIdImpulseNode, "3"),
+                               DialogStep::Type(c_nIdImpulseDirection, "0"), DialogStep::Type(c_nIdImpulsePeak, "-7"),
+                               DialogStep::Click(c_nIdImpulseInsert), DialogStep::Type(c_nIdPeakTime, "0.01"),
+                               DialogStep::Type(c_nIdUnloadTime, "0.0301"), DialogStep::Type(c_nIdStep, "0.005"),
+                               DialogStep::Type(c_nIdDuration, "0.2"), DialogStep::Ok()}}},
+                            [](CAnalysisModel& model) {
+                              SetNewmark(model, 0.005, 0.2);
+                              model.LoadScript = ComposeImpulseScript(
+                                  std::vector<ImpulseEntry>{{2, 1, 10.0}, {3, 0, -7.0}}, 1, 0.0301, 0.005);
+                              model.NewmarkIntegration(g_FilePathName, 0, 0);
+                            }};
+  const WholeRun file = {
+      "forces of a file",
+      {{c_nIdNewmarkDlg, NewmarkSteps({DialogStep::Tick(c_nIdFromFile), DialogStep::Click(c_nIdGeneralLoad)})},
+       {c_nIdGeneralLoadDlg,
+        {DialogStep::Type(c_nIdStep, "0.006"), DialogStep::Type(c_nIdDuration, "0.2"), DialogStep::Ok()}}},
+      [](CAnalysisModel& model) {
+        SetNewmark(model, 0.006, 0.2);
+        model.m_bLoadFromFile = 1;
+        model.NewmarkIntegration(g_FilePathName, 0, 0);
+      }};
+  const WholeRun ground = {
+      "standard record along Y",
+      {{c_nIdNewmarkDlg, NewmarkSteps({DialogStep::Choose(c_nIdGroundMotion), DialogStep::Click(c_nIdEarthquake)})},
+       {c_nIdEarthquakeDlg,
+        {DialogStep::Tick(c_nIdQuakeY), DialogStep::Tick(c_nIdQuakeZ), DialogStep::Type(c_nIdPeakY, "2"),
+         DialogStep::Type(c_nIdStep, "0.02"), DialogStep::Type(c_nIdDuration, "1.1"), DialogStep::Ok()}}},
+      [](CAnalysisModel& model) {
+        SetNewmark(model, 0.02, 1.1);
+        model.m_strQuakeFile = g_ProgramPath + "\\GroundAccData\\Elcentro.txt";
+        model.m_bQuakeDir = {0, 1, 1};
+        model.m_dPeak = {0.35, 2.0, 0.35};
+        model.NewmarkIntegration(g_FilePathName, 0, 1);
+      }};
+  return {wilson,
+          impulse,
+          file,
+          ground,
+          MakeNonlinearRun("nonlinear, to the tolerance", 3, 0.01, 25),
+          MakeNonlinearRun("nonlinear, to the last iteration", 1, 1e-6, 2)};
+}
+
+/// Largest difference over largest value of a table.
+double Compare(const CHistoryTable& found, const CHistoryTable& expected) {
+  if (found.GetRows() != expected.GetRows() || found.GetCols() != expected.GetCols()) return 1.0;
+  double dLargest = 0.0, dDifference = 0.0;
+  for (int k = 0; k < found.GetRows(); ++k) {
+    for (int i = 0; i < found.GetCols(); ++i) {
+      dLargest = std::max(dLargest, std::abs(expected[k][i]));
+      dDifference = std::max(dDifference, std::abs(found[k][i] - expected[k][i]));
+    }
+  }
+  return dLargest > 0.0 ? dDifference / dLargest : 1.0;
+}
+
+TEST(TimeHistoryDrivers, EverySettingOfTheDialogsReachesTheRun) {
   CTestPlatform platform;
   CHostModel host;
-  FillBar(host);
-  const CJobFolder job("wilson");
-  RunModal(platform);
-  const auto run = [&] {
-    platform->AddScript(c_nIdDynOptionDlg, {DialogStep::Choose(c_nIdWilson), DialogStep::Ok()});
-    platform->AddScript(c_nIdWilsonDlg, {DialogStep::Type(c_nIdDamping1, "0"), DialogStep::Type(c_nIdDamping2, "0"),
-                                         DialogStep::Type(c_nIdWilsonStep, "0.001"),
-                                         DialogStep::Type(c_nIdWilsonDuration, "0.0205"), DialogStep::Ok()});
-    COMDYN.m_bNonlinear = 1;
+  FillFrame(host);
+  const CJobFolder job("every_setting");
+  g_ProgramPath = SKYFRAME_SOURCE_DIR "/data";
+  job.Write("impulseload.log", "/IMPULSELOAD/2 10 3 5 ## 3 0 8 0 ## 2 -4 0 0 ##/END/");
+  job.Write("_Tacc.txt", "1 -3 2 5 -4 1 0 2 -1 -2 3 1");
+  platform->SetClock({{2026, 3, 4, 5, 6, 7}});
+  for (const WholeRun& run : MakeRuns()) {
+    CAnalysisModel modes, direct;
+    CombineLoads(modes);
+    modes.BuildModelForModes(true);
+    modes.m_nModes = 4;
+    modes.m_bShear = 1;
+    modes.SolveModes(job.GetJobPath(), 0, true);
+    direct.BuildModel();
+    run.run(direct);
+    ASSERT_TRUE(direct.m_history.bComplete) << run.strName;
+    std::filesystem::remove(job.GetPath(".mode"));
+
+    platform->AddScript(c_nIdModeDlg, {DialogStep::Type(c_nIdModes, "4"), DialogStep::Tick(c_nIdShear),
+                                       DialogStep::Click(c_nIdModeLoadComb), DialogStep::Ok()});
+    platform->AddScript(c_nIdLoadCombDlg, CombineLoads());
+    CModeConnect::OnMode();
+    const bool bWilson = run.scripts.front().first == c_nIdWilsonDlg;
+    platform->AddScript(c_nIdDynOptionDlg,
+                        {DialogStep::Choose(bWilson ? c_nIdWilson : c_nIdNewmark), DialogStep::Ok()});
+    for (const auto& [nDialog, steps] : run.scripts) platform->AddScript(nDialog, steps);
+    platform->AddScript(c_nIdLoadCombDlg, CombineLoads());
+    COMDYN.m_bNonlinear = 7;
     EXPECT_EQ(CModeConnect::OnTimeHistoryAnalysis(), 1);
-    EXPECT_EQ(COMDYN.m_bNonlinear, 0);
-  };
-  run();
-  EXPECT_EQ(platform.GetMessages(), std::vector<std::string>{"冲击荷载数据文件读入有误"});
-  EXPECT_EQ(COMDYN.m_bHistoryAvailable, 0);
+    EXPECT_EQ(platform->GetScriptErrors(), std::vector<std::string>{}) << run.strName;
+    EXPECT_FALSE(platform->HasUnusedScripts()) << run.strName;
+    EXPECT_EQ(platform.GetMessages().size(), 1U) << run.strName;  // the time of the modal analysis
+    const HistorySet& history = GetHistories();
+    for (std::size_t q = 0; q < c_nHistoryQuantities; ++q) {
+      EXPECT_LT(Compare(history.values[q], direct.m_history.values[q]), 1e-9) << run.strName << ", quantity " << q;
+    }
+    EXPECT_EQ(history.nMethod, direct.m_history.nMethod) << run.strName;
+    EXPECT_EQ(history.nAssumption, direct.m_history.nAssumption) << run.strName;
+    EXPECT_EQ(history.dTimeStep, direct.m_history.dTimeStep) << run.strName;
+    EXPECT_EQ(history.strFinished, "2026-03-04 05:06:07");
+    const bool bNodalForce = !bWilson && run.scripts.back().first != c_nIdEarthquakeDlg;
+    EXPECT_EQ(COMDYN.m_bNonlinear, bNodalForce ? 7 : history.nAssumption) << run.strName;
+    platform->Clear();
+  }
+  EXPECT_EQ(job.Read("_Loadinputtest.txt"), ComposeImpulses());
 
-  platform->Clear();
-  std::string strScript = "/IMPULSELOAD/\n";
-  for (int i = 0; i < 30; ++i) strScript += "2 10 0 0\n##\n";
-  job.Write("impulseload.log", strScript + "/END/");
-  run();
-  EXPECT_TRUE(platform.GetMessages().empty());
-  // This dialog hands over no load combination: the bar's own mass alone.
-  const std::vector<double> u = ReadThroughViewer(platform, job);
-  ASSERT_EQ(u.size(), 20U);
-  const double h = 1.4e-3, u1 = 1.4 * c_dForce / (c_dStiffness + 6.0 * c_dMass / (h * h));  // first step from rest
-  EXPECT_NEAR(u[0], 1e-6 / 6.0 * 6.0 / (h * h) / 1.4 * u1, 1e-4 * u1);
-}
-
-TEST(TimeHistoryDrivers, GroundMotionWritesTheHistoryFile) {
-  CTestPlatform platform;
-  CHostModel host;
-  FillBar(host);
-  const CJobFolder job("ground");
-  RunModal(platform);
-  job.Write("_Xacc.txt", "0 0.5 1 -1 0.5 0 0 0 0 0");
-  platform->AddScript(c_nIdDynOptionDlg, {DialogStep::Choose(c_nIdNewmark), DialogStep::Ok()});
-  platform->AddScript(c_nIdEarthquakeDlg,
-                      {DialogStep::Tick(c_nIdQuakeX), DialogStep::Type(c_nIdStep, "0.01"),
-                       DialogStep::Type(c_nIdDuration, "0.105"), DialogStep::Type(c_nIdPeakX, "2"), DialogStep::Ok()});
-  platform->AddScript(c_nIdNewmarkDlg, {DialogStep::Choose(c_nIdGroundMotion), DialogStep::Tick(c_nIdFromFile),
-                                        DialogStep::Click(c_nIdEarthquake), DialogStep::Ok()});
-  EXPECT_EQ(CModeConnect::OnTimeHistoryAnalysis(), 1);
-  EXPECT_TRUE(platform.GetMessages().empty());
-  const std::string strFile = job.Read("_HisTime.txt");
-  EXPECT_TRUE(
-      strFile.starts_with("Total node number:  2\nTotal element number:  1\nTotal time step:  10\n"
-                          "Time increment(s):  0.01\nSolution Method:  Newmark.\nSolution Assumption:  Linear.\n--\n"));
+  // Another session has nothing in memory and reads the file of the last run.
   const std::vector<double> shown = ReadThroughViewer(platform, job);
-
-  // Another session has nothing in memory and reads the file.
+  EXPECT_EQ(shown.size(), 37U);
   COMDYN.m_bHistoryAvailable = 0;
   EXPECT_EQ(ReadThroughViewer(platform, job), shown);
-  EXPECT_EQ(shown.size(), 10U);
-  // Period 1.4 ms, step 10 ms: the relative displacement follows -m a / k nearly statically.
-  EXPECT_NEAR(shown[2], -c_dMass * 2.0 / c_dStiffness, 0.3 * c_dMass * 2.0 / c_dStiffness);
 }
 
 TEST(TimeHistoryDrivers, EndEarly) {

@@ -22,7 +22,7 @@ extern int g_nHistorySteps;
 extern int g_nHistoryPoints;  ///< nodes
 
 /// Takes over a set of histories and its counts.
-void KeepHistory(const HistorySet& history);
+void KeepHistory(HistorySet history);
 
 /// Models that stay allocated after their entry point returned: the last one of each.
 struct KeptModels {
