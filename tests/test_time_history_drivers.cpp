@@ -311,6 +311,10 @@ TEST(TimeHistoryDrivers, EndEarly) {
   FillBar(host);
   const CJobFolder job("history_early");
   EXPECT_EQ(CModeConnect::OnTimeHistoryAnalysis(), 0);  // cancelled
+  platform->AddScript(c_nIdDynOptionDlg, {DialogStep::Choose(c_nIdWilson), DialogStep::Ok()});
+  COMDYN.m_bNonlinear = 1;
+  EXPECT_EQ(CModeConnect::OnTimeHistoryAnalysis(), 0);  // cancelled later
+  EXPECT_EQ(COMDYN.m_bNonlinear, 0);
   CModeConnect::OnTimeHistoryRes();
   EXPECT_EQ(platform.GetMessages(), c_noHistory);
   platform->Clear();
@@ -331,6 +335,16 @@ TEST(TimeHistoryDrivers, EndEarly) {
   ScriptStepLoad(platform);
   EXPECT_EQ(CModeConnect::OnTimeHistoryAnalysis(), 1);
   EXPECT_EQ(ReadThroughViewer(platform, job).size(), 1000U);
+
+  // Only they and the new ones are held at once: twice 1000 steps of 3 * 2 + 1 numbers.
+  RunModal(platform);
+  for (const bool bEnough : {false, true}) {
+    platform->SetPhysicalMemory(bEnough ? 112000.0 : 111999.0);
+    ScriptStepLoad(platform);
+    EXPECT_EQ(CModeConnect::OnTimeHistoryAnalysis(), 1);
+    EXPECT_EQ(platform.GetMessages().size(), bEnough ? 0U : 1U);
+    platform->Clear();
+  }
 }
 
 }  // namespace
