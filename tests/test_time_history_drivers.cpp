@@ -5,6 +5,7 @@
 #include <cmath>
 #include <functional>
 #include <sstream>
+#include <tuple>
 #include <utility>
 
 #include "HostModel.h"
@@ -20,41 +21,6 @@
 
 namespace skyframe::test {
 namespace {
-
-/// A bar of two metres free along X at its end, which carries a load of 100 kN along +Z as mass.
-void FillBar(CHostModel& host) {
-  host.SetSection(1, 2, 10000);
-  host.AddNode(0, 0, 0, c_nPinned, "111000");
-  host.AddNode(2, 0, 0, c_nPinned, "011000");
-  host.AddElement(c_nBar, 1, 2);
-  host.AddLoad(0, 2, c_nDofZ, 100.0);
-}
-
-std::vector<DialogStep> SelectDeadLoad() {
-  return {DialogStep::ToggleRow(c_nIdAvailable, 0), DialogStep::Click(c_nIdAdd), DialogStep::Ok()};
-}
-
-void RunModal(CTestPlatform& platform) {
-  platform->AddScript(c_nIdModeDlg,
-                      {DialogStep::Type(c_nIdModes, "1"), DialogStep::Click(c_nIdModeLoadComb), DialogStep::Ok()});
-  platform->AddScript(c_nIdLoadCombDlg, SelectDeadLoad());
-  CModeConnect::OnMode();
-  platform->Clear();
-}
-
-/// 10 kN along X from the start to the end of 1000 steps of a millisecond, without damping.
-void ScriptStepLoad(CTestPlatform& platform, const std::string& strUnloadTime = "1.0005") {
-  platform->AddScript(c_nIdDynOptionDlg, {DialogStep::Choose(c_nIdNewmark), DialogStep::Ok()});
-  platform->AddScript(c_nIdImpulseLoadDlg,
-                      {DialogStep::Choose(c_nIdRectangular), DialogStep::Type(c_nIdImpulseNode, "2"),
-                       DialogStep::Type(c_nIdImpulsePeak, "10"), DialogStep::Type(c_nIdUnloadTime, strUnloadTime),
-                       DialogStep::Type(c_nIdStep, "0.001"), DialogStep::Type(c_nIdDuration, "1.0005"),
-                       DialogStep::Click(c_nIdImpulseInsert), DialogStep::Ok()});
-  platform->AddScript(c_nIdLoadCombDlg, SelectDeadLoad());
-  platform->AddScript(c_nIdNewmarkDlg,
-                      {DialogStep::Type(c_nIdDamping1, "0"), DialogStep::Type(c_nIdDamping2, "0"),
-                       DialogStep::Click(c_nIdImpulseLoad), DialogStep::Click(c_nIdLoadComb), DialogStep::Ok()});
-}
 
 /// Steps of the history of node 2 along X as the viewer writes it.
 std::vector<double> ReadThroughViewer(CTestPlatform& platform, const CJobFolder& job) {
@@ -99,15 +65,22 @@ void FillFrame(CHostModel& host) {
   ABCD.m_nLoadCases = 1;
 }
 
-/// Both load types, the first one by 0.8, the second one by 1.3.
-std::vector<DialogStep> CombineLoads() {
-  return {DialogStep::Type(c_nIdFactor, "0.8"),
-          DialogStep::ToggleRow(c_nIdAvailable, 0),
-          DialogStep::Click(c_nIdAdd),
-          DialogStep::Type(c_nIdFactor, "1.3"),
-          DialogStep::ToggleRow(c_nIdAvailable, 1),
-          DialogStep::Click(c_nIdAdd),
-          DialogStep::Ok()};
+using Steps = std::vector<DialogStep>;
+using Fields = std::vector<std::pair<int, std::string>>;
+
+Steps Join(Steps steps, const Fields& fields, const Steps& last = {}) {
+  for (const auto& [nId, strText] : fields) steps.push_back(DialogStep::Type(nId, strText));
+  steps.insert(steps.end(), last.begin(), last.end());
+  steps.push_back(DialogStep::Ok());
+  return steps;
+}
+
+/// The first load type by 0.8, the second one by 1.3.
+void CombineLoads(CTestPlatform& platform) {
+  const DialogStep add = DialogStep::Click(c_nIdAdd);
+  platform->AddScript(c_nIdLoadCombDlg,
+                      Join({DialogStep::Type(c_nIdFactor, "0.8"), DialogStep::ToggleRow(c_nIdAvailable, 0), add},
+                           {{c_nIdFactor, "1.3"}}, {DialogStep::ToggleRow(c_nIdAvailable, 1), add}));
 }
 void CombineLoads(CAnalysisModel& model) {
   model.m_nLoadCaseFlag[0] = model.m_nLoadCaseFlag[1] = 1;
@@ -115,22 +88,41 @@ void CombineLoads(CAnalysisModel& model) {
   model.m_dLoadFactor[1] = 1.3;
 }
 
-using Scripts = std::vector<std::pair<int, std::vector<DialogStep>>>;
+/// Four modes with shear.
+void RunModal(CTestPlatform& platform) {
+  platform->AddScript(c_nIdModeDlg,
+                      Join({DialogStep::Tick(c_nIdShear), DialogStep::Click(c_nIdModeLoadComb)}, {{c_nIdModes, "4"}}));
+  CombineLoads(platform);
+  CModeConnect::OnMode();
+  platform->Clear();
+}
+void RunModal(const CJobFolder& job) {
+  CAnalysisModel model;
+  CombineLoads(model);
+  model.BuildModelForModes(true);
+  model.m_nModes = 4;
+  model.m_bShear = 1;
+  model.SolveModes(job.GetJobPath(), 0, true);
+}
 
 struct WholeRun {
-  const char* strName;
-  Scripts scripts;                           ///< of the dialogs behind the choice of the method
-  std::function<void(CAnalysisModel&)> run;  ///< the same without dialogs
+  std::string strName;
+  std::vector<std::pair<int, Steps>> scripts;  ///< of the dialogs behind the choice of the method
+  std::function<void(CAnalysisModel&)> run;    ///< the same without dialogs
 };
 
-/// Newmark without a default left; further steps before OK.
-std::vector<DialogStep> NewmarkSteps(std::vector<DialogStep> further) {
-  std::vector<DialogStep> steps = {DialogStep::Type(c_nIdDamping1, "0.03"), DialogStep::Type(c_nIdDamping2, "0.08"),
-                                   DialogStep::Type(c_nIdAlpha, "0.31"), DialogStep::Type(c_nIdDelta, "0.6"),
-                                   DialogStep::Click(c_nIdLoadComb)};
-  steps.insert(steps.end(), further.begin(), further.end());
-  steps.push_back(DialogStep::Ok());
-  return steps;
+int RunDriver(CTestPlatform& platform, const WholeRun& run) {
+  const bool bWilson = run.scripts.front().first == c_nIdWilsonDlg;
+  platform->AddScript(c_nIdDynOptionDlg, Join({DialogStep::Choose(bWilson ? c_nIdWilson : c_nIdNewmark)}, {}));
+  for (const auto& [nDialog, steps] : run.scripts) platform->AddScript(nDialog, steps);
+  CombineLoads(platform);
+  return CModeConnect::OnTimeHistoryAnalysis();
+}
+
+/// Newmark without a default left: the steps, then the fields all runs have in common.
+Steps NewmarkSteps(Steps steps) {
+  steps.push_back(DialogStep::Click(c_nIdLoadComb));
+  return Join(steps, {{c_nIdDamping1, "0.03"}, {c_nIdDamping2, "0.08"}, {c_nIdAlpha, "0.31"}, {c_nIdDelta, "0.6"}});
 }
 void SetNewmark(CAnalysisModel& model, double dTimeStep, double dDuration) {
   CombineLoads(model);
@@ -141,23 +133,69 @@ void SetNewmark(CAnalysisModel& model, double dTimeStep, double dDuration) {
   model.m_dDuration = dDuration;
 }
 
-std::vector<DialogStep> ObliqueSteps() {
-  return {DialogStep::Choose(c_nIdOblique),         DialogStep::Type(c_nIdObliqueX, "3"),
-          DialogStep::Type(c_nIdObliqueY, "-4"),    DialogStep::Type(c_nIdObliqueZ, "12"),
-          DialogStep::Type(c_nIdPeakOblique, "40"), DialogStep::Type(c_nIdStep, "0.008"),
-          DialogStep::Type(c_nIdDuration, "0.3"),   DialogStep::Ok()};
+WholeRun MakeWilson() {
+  const Fields fields = {{c_nIdDamping1, "0.03"},
+                         {c_nIdDamping2, "0.08"},
+                         {c_nIdTheta, "1.9"},
+                         {c_nIdWilsonStep, "0.004"},
+                         {c_nIdWilsonDuration, "0.1"}};
+  return {"Wilson",
+          {{c_nIdWilsonDlg, Join({DialogStep::Tick(c_nIdNonlinear), DialogStep::Click(c_nIdLoadComb)}, fields)}},
+          [](CAnalysisModel& model) {  // deliberate: this dialog hands over no load combination
+            model.m_pDamping = {0.03, 0.08};
+            model.m_dWilsonTheta = 1.9;
+            model.m_dTimeStep = 0.004;
+            model.m_dDuration = 0.1;
+            model.WilsonTheta(g_FilePathName);
+          }};
 }
 
-/// Oblique nonlinear ground motion.
-WholeRun MakeNonlinearRun(const char* strName, int nCriterion, double dTolerance, int nMaxIter) {
+std::string ComposeImpulses() {
+  return ComposeImpulseScript(std::vector<ImpulseEntry>{{3, 1, -7.0}}, c_nRectangularImpulse, 0.0301, 0.005);
+}
+
+/// 40 steps.
+WholeRun MakeImpulse(const std::string& strUnloadTime) {
+  const Fields fields = {{c_nIdImpulseNode, "3"}, {c_nIdImpulseDirection, "1"},     {c_nIdImpulsePeak, "-7"},
+                         {c_nIdPeakTime, "0.01"}, {c_nIdUnloadTime, strUnloadTime}, {c_nIdStep, "0.005"},
+                         {c_nIdDuration, "0.2"}};
+  return {"impulse",
+          {{c_nIdNewmarkDlg, NewmarkSteps({DialogStep::Click(c_nIdImpulseLoad)})},
+           {c_nIdImpulseLoadDlg,
+            Join({DialogStep::Choose(c_nIdRectangular)}, fields, {DialogStep::Click(c_nIdImpulseInsert)})}},
+          [](CAnalysisModel& model) {
+            SetNewmark(model, 0.005, 0.2);
+            model.LoadScript = ComposeImpulses();
+            model.NewmarkIntegration(g_FilePathName, 0, 0);
+          }};
+}
+
+WholeRun MakeStandardRecord() {
+  return {"standard record along Y",
+          {{c_nIdNewmarkDlg, NewmarkSteps({DialogStep::Choose(c_nIdGroundMotion), DialogStep::Click(c_nIdEarthquake)})},
+           {c_nIdEarthquakeDlg, Join({DialogStep::Tick(c_nIdQuakeY), DialogStep::Tick(c_nIdQuakeZ)},
+                                     {{c_nIdPeakY, "2"}, {c_nIdStep, "0.02"}, {c_nIdDuration, "1.1"}})}},
+          [](CAnalysisModel& model) {
+            SetNewmark(model, 0.02, 1.1);
+            model.m_strQuakeFile = g_ProgramPath + "\\GroundAccData\\Elcentro.txt";
+            model.m_bQuakeDir = {0, 1, 1};
+            model.m_dPeak = {0.35, 2.0, 0.35};
+            model.NewmarkIntegration(g_FilePathName, 0, 1);
+          }};
+}
+
+/// Oblique ground motion of 37 steps.
+WholeRun MakeNonlinear(int nCriterion, double dTolerance, int nMaxIter) {
+  const Fields fields = {{c_nIdObliqueX, "3"},     {c_nIdObliqueY, "-4"}, {c_nIdObliqueZ, "12"},
+                         {c_nIdPeakOblique, "40"}, {c_nIdStep, "0.008"},  {c_nIdDuration, "0.3"}};
   return {
-      strName,
+      "nonlinear, criterion " + std::to_string(nCriterion),
       {{c_nIdNewmarkDlg,
         NewmarkSteps({DialogStep::Choose(c_nIdGroundMotion), DialogStep::Tick(c_nIdFromFile),
                       DialogStep::Tick(c_nIdNonlinear), DialogStep::ChooseItem(c_nIdCriterion, nCriterion),
                       DialogStep::Type(c_nIdTolerance, std::to_string(dTolerance)),
                       DialogStep::Type(c_nIdMaxIter, std::to_string(nMaxIter)), DialogStep::Click(c_nIdEarthquake)})},
-       {c_nIdEarthquakeDlg, ObliqueSteps()}},
+       {c_nIdEarthquakeDlg, Join({DialogStep::Choose(c_nIdOblique)}, fields)}},
       [=](CAnalysisModel& model) {
         SetNewmark(model, 0.008, 0.3);
         model.m_bLoadFromFile = 1;
@@ -169,71 +207,6 @@ WholeRun MakeNonlinearRun(const char* strName, int nCriterion, double dTolerance
         model.m_nMaxIter = nMaxIter;
         model.NewmarkIntegration(g_FilePathName, 1, 1);
       }};
-}
-
-std::string ComposeImpulses() {
-  return ComposeImpulseScript(std::vector<ImpulseEntry>{{2, 1, 10.0}, {3, 0, -7.0}}, 1, 0.0301, 0.005);
-}
-
-std::vector<WholeRun> MakeRuns() {
-  const WholeRun wilson = {"Wilson",
-                           {{c_nIdWilsonDlg,
-                             {DialogStep::Type(c_nIdDamping1, "0.03"), DialogStep::Type(c_nIdDamping2, "0.08"),
-                              DialogStep::Type(c_nIdTheta, "1.9"), DialogStep::Type(c_nIdWilsonStep, "0.004"),
-                              DialogStep::Type(c_nIdWilsonDuration, "0.1"), DialogStep::Tick(c_nIdNonlinear),
-                              DialogStep::Click(c_nIdLoadComb), DialogStep::Ok()}}},
-                           [](CAnalysisModel& model) {  // deliberate: this dialog hands over no load combination
-                             model.m_pDamping = {0.03, 0.08};
-                             model.m_dWilsonTheta = 1.9;
-                             model.m_dTimeStep = 0.004;
-                             model.m_dDuration = 0.1;
-                             model.WilsonTheta(g_FilePathName);
-                           }};
-  const WholeRun impulse = {"impulses",
-                            {{c_nIdNewmarkDlg, NewmarkSteps({DialogStep::Click(c_nIdImpulseLoad)})},
-                             {c_nIdImpulseLoadDlg,
-                              {DialogStep::Choose(c_nIdRectangular), DialogStep::Type(c_nIdImpulseNode, "2"),
-                               DialogStep::Type(c_nIdImpulseDirection, "1"), DialogStep::Type(c_nIdImpulsePeak, "10"),
-                               DialogStep::Click(c_nIdImpulseInsert), DialogStep::Type(c_nIdImpulseNode, "3"),
-                               DialogStep::Type(c_nIdImpulseDirection, "0"), DialogStep::Type(c_nIdImpulsePeak, "-7"),
-                               DialogStep::Click(c_nIdImpulseInsert), DialogStep::Type(c_nIdPeakTime, "0.01"),
-                               DialogStep::Type(c_nIdUnloadTime, "0.0301"), DialogStep::Type(c_nIdStep, "0.005"),
-                               DialogStep::Type(c_nIdDuration, "0.2"), DialogStep::Ok()}}},
-                            [](CAnalysisModel& model) {
-                              SetNewmark(model, 0.005, 0.2);
-                              model.LoadScript = ComposeImpulseScript(
-                                  std::vector<ImpulseEntry>{{2, 1, 10.0}, {3, 0, -7.0}}, 1, 0.0301, 0.005);
-                              model.NewmarkIntegration(g_FilePathName, 0, 0);
-                            }};
-  const WholeRun file = {
-      "forces of a file",
-      {{c_nIdNewmarkDlg, NewmarkSteps({DialogStep::Tick(c_nIdFromFile), DialogStep::Click(c_nIdGeneralLoad)})},
-       {c_nIdGeneralLoadDlg,
-        {DialogStep::Type(c_nIdStep, "0.006"), DialogStep::Type(c_nIdDuration, "0.2"), DialogStep::Ok()}}},
-      [](CAnalysisModel& model) {
-        SetNewmark(model, 0.006, 0.2);
-        model.m_bLoadFromFile = 1;
-        model.NewmarkIntegration(g_FilePathName, 0, 0);
-      }};
-  const WholeRun ground = {
-      "standard record along Y",
-      {{c_nIdNewmarkDlg, NewmarkSteps({DialogStep::Choose(c_nIdGroundMotion), DialogStep::Click(c_nIdEarthquake)})},
-       {c_nIdEarthquakeDlg,
-        {DialogStep::Tick(c_nIdQuakeY), DialogStep::Tick(c_nIdQuakeZ), DialogStep::Type(c_nIdPeakY, "2"),
-         DialogStep::Type(c_nIdStep, "0.02"), DialogStep::Type(c_nIdDuration, "1.1"), DialogStep::Ok()}}},
-      [](CAnalysisModel& model) {
-        SetNewmark(model, 0.02, 1.1);
-        model.m_strQuakeFile = g_ProgramPath + "\\GroundAccData\\Elcentro.txt";
-        model.m_bQuakeDir = {0, 1, 1};
-        model.m_dPeak = {0.35, 2.0, 0.35};
-        model.NewmarkIntegration(g_FilePathName, 0, 1);
-      }};
-  return {wilson,
-          impulse,
-          file,
-          ground,
-          MakeNonlinearRun("nonlinear, to the tolerance", 3, 0.01, 25),
-          MakeNonlinearRun("nonlinear, to the last iteration", 1, 1e-6, 2)};
 }
 
 /// Largest difference over largest value of a table.
@@ -255,46 +228,33 @@ TEST(TimeHistoryDrivers, EverySettingOfTheDialogsReachesTheRun) {
   FillFrame(host);
   const CJobFolder job("every_setting");
   g_ProgramPath = SKYFRAME_SOURCE_DIR "/data";
-  job.Write("impulseload.log", "/IMPULSELOAD/2 10 3 5 ## 3 0 8 0 ## 2 -4 0 0 ##/END/");
+  job.Write("impulseload.log", "/IMPULSELOAD/2 10 3 5 ## 3 0 8 0 ## 2 -4 0 0 ##/END/");  // Wilson reads it
   job.Write("_Tacc.txt", "1 -3 2 5 -4 1 0 2 -1 -2 3 1");
   platform->SetClock({{2026, 3, 4, 5, 6, 7}});
-  for (const WholeRun& run : MakeRuns()) {
-    CAnalysisModel modes, direct;
-    CombineLoads(modes);
-    modes.BuildModelForModes(true);
-    modes.m_nModes = 4;
-    modes.m_bShear = 1;
-    modes.SolveModes(job.GetJobPath(), 0, true);
+  // The last two stop at the tolerance and at the last iteration.
+  for (const WholeRun& run : {MakeWilson(), MakeImpulse("0.0301"), MakeStandardRecord(), MakeNonlinear(3, 0.01, 25),
+                              MakeNonlinear(1, 1e-6, 2)}) {
+    SCOPED_TRACE(run.strName);
+    RunModal(job);
+    CAnalysisModel direct;
     direct.BuildModel();
     run.run(direct);
-    ASSERT_TRUE(direct.m_history.bComplete) << run.strName;
-    std::filesystem::remove(job.GetPath(".mode"));
+    const HistorySet &expected = direct.m_history, &found = GetHistories();
+    ASSERT_TRUE(expected.bComplete);
 
-    platform->AddScript(c_nIdModeDlg, {DialogStep::Type(c_nIdModes, "4"), DialogStep::Tick(c_nIdShear),
-                                       DialogStep::Click(c_nIdModeLoadComb), DialogStep::Ok()});
-    platform->AddScript(c_nIdLoadCombDlg, CombineLoads());
-    CModeConnect::OnMode();
-    const bool bWilson = run.scripts.front().first == c_nIdWilsonDlg;
-    platform->AddScript(c_nIdDynOptionDlg,
-                        {DialogStep::Choose(bWilson ? c_nIdWilson : c_nIdNewmark), DialogStep::Ok()});
-    for (const auto& [nDialog, steps] : run.scripts) platform->AddScript(nDialog, steps);
-    platform->AddScript(c_nIdLoadCombDlg, CombineLoads());
+    std::filesystem::remove(job.GetPath(".mode"));
+    RunModal(platform);
     COMDYN.m_bNonlinear = 7;
-    EXPECT_EQ(CModeConnect::OnTimeHistoryAnalysis(), 1);
-    EXPECT_EQ(platform->GetScriptErrors(), std::vector<std::string>{}) << run.strName;
-    EXPECT_FALSE(platform->HasUnusedScripts()) << run.strName;
-    EXPECT_EQ(platform.GetMessages().size(), 1U) << run.strName;  // the time of the modal analysis
-    const HistorySet& history = GetHistories();
+    EXPECT_EQ(RunDriver(platform, run), 1);
+    EXPECT_EQ(platform->GetScriptErrors(), std::vector<std::string>{});
+    EXPECT_FALSE(platform->HasUnusedScripts());
+    EXPECT_TRUE(platform.GetMessages().empty());
     for (std::size_t q = 0; q < c_nHistoryQuantities; ++q) {
-      EXPECT_LT(Compare(history.values[q], direct.m_history.values[q]), 1e-9) << run.strName << ", quantity " << q;
+      EXPECT_LT(Compare(found.values[q], expected.values[q]), 1e-9) << q;
     }
-    EXPECT_EQ(history.nMethod, direct.m_history.nMethod) << run.strName;
-    EXPECT_EQ(history.nAssumption, direct.m_history.nAssumption) << run.strName;
-    EXPECT_EQ(history.dTimeStep, direct.m_history.dTimeStep) << run.strName;
-    EXPECT_EQ(history.strFinished, "2026-03-04 05:06:07");
-    const bool bNodalForce = !bWilson && run.scripts.back().first != c_nIdEarthquakeDlg;
-    EXPECT_EQ(COMDYN.m_bNonlinear, bNodalForce ? 7 : history.nAssumption) << run.strName;
-    platform->Clear();
+    EXPECT_EQ(std::tie(found.nMethod, found.nAssumption, found.dTimeStep, found.strFinished),
+              std::tuple(expected.nMethod, expected.nAssumption, expected.dTimeStep, "2026-03-04 05:06:07"));
+    EXPECT_EQ(COMDYN.m_bNonlinear, run.strName == "impulse" ? 7 : found.nAssumption);
   }
   EXPECT_EQ(job.Read("_Loadinputtest.txt"), ComposeImpulses());
 
@@ -308,43 +268,38 @@ TEST(TimeHistoryDrivers, EverySettingOfTheDialogsReachesTheRun) {
 TEST(TimeHistoryDrivers, EndEarly) {
   CTestPlatform platform;
   CHostModel host;
-  FillBar(host);
+  FillFrame(host);
   const CJobFolder job("history_early");
   EXPECT_EQ(CModeConnect::OnTimeHistoryAnalysis(), 0);  // cancelled
-  platform->AddScript(c_nIdDynOptionDlg, {DialogStep::Choose(c_nIdWilson), DialogStep::Ok()});
   COMDYN.m_bNonlinear = 1;
-  EXPECT_EQ(CModeConnect::OnTimeHistoryAnalysis(), 0);  // cancelled later
+  EXPECT_EQ(RunDriver(platform, {"cancelled later", {{c_nIdWilsonDlg, {DialogStep::Cancel()}}}, {}}), 0);
   EXPECT_EQ(COMDYN.m_bNonlinear, 0);
   CModeConnect::OnTimeHistoryRes();
   EXPECT_EQ(platform.GetMessages(), c_noHistory);
-  platform->Clear();
-  ScriptStepLoad(platform);
-  EXPECT_EQ(CModeConnect::OnTimeHistoryAnalysis(), 1);
-  EXPECT_EQ(platform.GetMessages(), (std::vector<std::string>{"模态文件访问出错,计算终止!", "错误:模态未分析"}));
-  platform->Clear();
-  ScriptStepLoad(platform, "1e300");  // no text of two thousand million blocks is composed
-  EXPECT_EQ(CModeConnect::OnTimeHistoryAnalysis(), 1);
-  EXPECT_EQ(platform.GetMessages(), std::vector<std::string>{"冲击荷载步数过多,计算终止!"});
-  platform->Clear();
+
+  const auto run = [&platform](const std::string& strUnloadTime) {
+    platform->Clear();
+    EXPECT_EQ(RunDriver(platform, MakeImpulse(strUnloadTime)), 1);
+    return platform.GetMessages();
+  };
+  using Messages = std::vector<std::string>;
+  const Messages noModes = {"模态文件访问出错,计算终止!", "错误:模态未分析"};
+  EXPECT_EQ(run("0.03"), noModes);
+  EXPECT_EQ(run("1e300"), Messages{"冲击荷载步数过多,计算终止!"});  // no text of two thousand million blocks
   RunModal(platform);
+  EXPECT_EQ(run("0.03"), Messages{});
 
   // A broken run leaves the histories of the one before.
-  ScriptStepLoad(platform);
-  EXPECT_EQ(CModeConnect::OnTimeHistoryAnalysis(), 1);
   std::filesystem::remove(job.GetPath(".mode"));
-  ScriptStepLoad(platform);
-  EXPECT_EQ(CModeConnect::OnTimeHistoryAnalysis(), 1);
-  EXPECT_EQ(ReadThroughViewer(platform, job).size(), 1000U);
+  EXPECT_EQ(run("0.03"), noModes);
+  EXPECT_EQ(ReadThroughViewer(platform, job).size(), 40U);
 
-  // Only they and the new ones are held at once: twice 1000 steps of 3 * 2 + 1 numbers.
+  // Only they and the new ones are held at once: twice 40 steps of 3 * 4 + 4 numbers.
   RunModal(platform);
-  for (const bool bEnough : {false, true}) {
-    platform->SetPhysicalMemory(bEnough ? 112000.0 : 111999.0);
-    ScriptStepLoad(platform);
-    EXPECT_EQ(CModeConnect::OnTimeHistoryAnalysis(), 1);
-    EXPECT_EQ(platform.GetMessages().size(), bEnough ? 0U : 1U);
-    platform->Clear();
-  }
+  platform->SetPhysicalMemory(2 * 5120 - 1);
+  EXPECT_EQ(run("0.03"), Messages{"时程结果所需内存超出本机内存,计算终止!"});
+  platform->SetPhysicalMemory(2 * 5120);
+  EXPECT_EQ(run("0.03"), Messages{});
 }
 
 }  // namespace
