@@ -68,15 +68,25 @@ void ReadFrequencies() {
   Demand(std::ranges::all_of(model.Omega, IsFinite));
 }
 
+class CCantilever {
+ public:
+  CCantilever() {
+    m_host.SetSection(1, 2, 10000, 1e4, 2e7, 2e7);
+    m_host.AddNode(0, 0, 0, skyframe::test::c_nRigid, "111111");
+    m_host.AddNode(4, 0, 0);
+    m_host.AddElement(skyframe::test::c_nBeam, 1, 2);
+  }
+
+ private:
+  skyframe::test::CHostModel m_host;
+};
+
+const CCantilever g_cantilever;
+
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* pData, std::size_t nSize) {
   const CTextPlatform platform(std::string(reinterpret_cast<const char*>(pData), nSize));
-  skyframe::test::CHostModel host;
-  host.SetSection(1, 2, 10000, 1e4, 2e7, 2e7);
-  host.AddNode(0, 0, 0, skyframe::test::c_nRigid, "111111");
-  host.AddNode(4, 0, 0);
-  host.AddElement(skyframe::test::c_nBeam, 1, 2);
   ReadWhole(2, 0);
   ReadWhole(1, 1);
   ReadFrequencies();
