@@ -28,17 +28,21 @@ QuakeSettings GetQuakeSettings(const CAnalysisModel& model) {
 
 }  // namespace
 
-bool CTimeHistoryRun::Start(int nMethod, int nAssumption, bool bGroundMotion) {
-  HistorySet& history = m_model.m_history;
-  history = HistorySet();
-  const int N = CountSteps(m_model.m_dDuration, m_model.m_dTimeStep);
+void CTimeHistoryRun::DescribeRun(int nMethod, int nAssumption, bool bGroundMotion) {
   m_findings.status = RunStatus::Refused;  // until the input is accepted
   m_findings.nMethod = nMethod;
   m_findings.nAssumption = nAssumption;
   m_findings.bGroundMotion = bGroundMotion;
-  m_findings.nSteps = N;
+  m_findings.nSteps = CountSteps(m_model.m_dDuration, m_model.m_dTimeStep);
   m_findings.dTimeStep = m_model.m_dTimeStep;
+}
+
+bool CTimeHistoryRun::Start(int nMethod, int nAssumption, bool bGroundMotion) {
+  HistorySet& history = m_model.m_history;
+  history = HistorySet();
+  DescribeRun(nMethod, nAssumption, bGroundMotion);
   if (!m_model.m_bValid) return false;
+  const int N = m_findings.nSteps;
   const int nNodes = m_model.GetNodes().GetNodeCount();
   const int nElements = static_cast<int>(m_model.GetElements().size());
   // Histories of an earlier run stay until this one is done.

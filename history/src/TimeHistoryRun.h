@@ -30,6 +30,8 @@ class CTimeHistoryRun {
   void Finish(bool bDone);
 
  private:
+  /// What was asked for, into the findings.
+  void DescribeRun(int nMethod, int nAssumption, bool bGroundMotion);
   [[nodiscard]] bool OpenScript(CImpulseScript& script) const;
   /// Linear steps under nodal forces; Step takes the forces at t + dt.
   template <class Integrator>
