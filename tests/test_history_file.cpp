@@ -149,8 +149,9 @@ TEST_F(HistoryFile, DamagedFiles) {
       {"one step less", Replace("step:  2", "step:  1"), false},
       {"text for a number", Replace("5.0625", "abc"), false},
       {"number beyond double", Replace("5.0625", "1e999 "), false},
-      {"nodes in another order", Replace("Node No.     1", "Node No.     2"), false},
-      {"steps in another order", Replace("Time.     1", "Time.     2"), false},
+      {"numbers are not compared", Replace("Node No.     1\nTime.     1", "Node No.     +7\nTime.x"), true},
+      {"plus signs", Replace("2.25        11.3906         57.665", "+2.25 +1.13e+01 +nan"), true},
+      {"two signs", Replace("2.25 ", "+-2.25 "), false},
       {"no method line", Replace("Solution Method:  Newmark.\n", ""), false},
   };
   for (const auto& c : cases) EXPECT_EQ(ParseHistory(c.strText, 2, 1).has_value(), c.bRead) << c.strName;

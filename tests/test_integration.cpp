@@ -3,6 +3,7 @@
 #include <cmath>
 #include <numbers>
 #include <optional>
+#include <tuple>
 
 #include "HostModel.h"
 #include "TestPlatform.h"
@@ -462,6 +463,44 @@ TEST_F(TimeHistory, NoStepsAndNoFreeEquations) {
             "Mem No.     1\n");
 }
 
+TEST_F(TimeHistory, Findings) {
+  MakeBar();
+  WriteModes({34.27, 37.80, 150.0});
+  m_folder.Write("_Xacc.txt", "0 0 0");  // scaled by 0 / 0
+  const auto run = [this](int nAssumption) -> const HistoryFindings& {
+    CAnalysisModel& model = Build(0.01, 0.055);
+    model.m_pDamping = {0.05, 0.04};
+    model.m_bLoadFromFile = 1;
+    model.m_bQuakeDir = {1, 0, 0};
+    model.NewmarkIntegration(m_folder.GetJobPath(), nAssumption, 1);
+    return model.m_historyFindings;
+  };
+  const HistoryFindings& linear = run(0);
+  EXPECT_EQ(linear.status, RunStatus::Done);
+  EXPECT_EQ(linear.files, std::vector<std::string>{m_folder.GetPath("_HisTime.txt")});
+  EXPECT_EQ(std::tie(linear.nMethod, linear.bGroundMotion, linear.nSteps, linear.nStepsDone, linear.dTimeStep),
+            std::tuple(1, true, 5, 5, 0.01));
+  EXPECT_EQ(std::tie(linear.nBadQuantity, linear.nBadStep, linear.nBadNumber), std::tuple(c_nHistoryX, 1, 2));
+  EXPECT_EQ(std::tie(linear.conditioning.place.nNode, linear.conditioning.place.nDirection), std::tuple(2, c_nDofX));
+  const double expected[] = {0.05, 0.04, -0.1012};
+  ASSERT_EQ(linear.damping.size(), 3U);
+  for (std::size_t i = 0; i < 3; ++i) EXPECT_NEAR(linear.damping[i], expected[i], 1e-4) << linear.omega[i];
+
+  g_FilePathName = m_folder.GetPath("/none/x");  // no such directory
+  m_folder.Write("_Xacc.txt", "1 0 0");
+  EXPECT_EQ(run(0).status, RunStatus::Failed);
+  EXPECT_EQ(m_model->m_historyFindings.nBadStep, 0);
+  ASSERT_EQ(m_model->m_historyFindings.failures.size(), 1U);
+
+  ABCD.m_nRestraint[2] = RestraintCode::EncodeRestraint({0, 0, 1, 0, 0, 0});  // a mechanism across the bar
+  const HistoryFindings& nonlinear = run(1);
+  EXPECT_EQ(nonlinear.status, RunStatus::Failed);
+  EXPECT_EQ(nonlinear.nAssumption, 1);
+  EXPECT_EQ(std::tie(nonlinear.conditioning.place.nNode, nonlinear.conditioning.place.nDirection),
+            std::tuple(2, c_nDofY));
+  EXPECT_TRUE(std::isinf(nonlinear.conditioning.dLostDigits));
+}
+
 TEST_F(TimeHistory, FailuresLeaveEverythingAsItWas) {
   MakeBar();
   const std::string strNoFile = "模态文件访问出错,计算终止!", strNoModes = "错误:模态未分析";
@@ -474,17 +513,20 @@ TEST_F(TimeHistory, FailuresLeaveEverythingAsItWas) {
     std::string strScript;
     double dPeak, dTimeStep;
     std::vector<std::string> messages;
-  } cases[] = {{"no mode file", 1, 0, 1, "", 1.0, 0.01, {strNoFile, strNoModes}},
-               {"no mode file, Wilson", 0, 0, 0, "", 1.0, 0.01, {strNoFile, strNoModes}},
-               {"no script", 1, 0, 0, "", 1.0, 0.01, {strBadScript}},
-               {"Wilson reads the file only", 0, 0, 0, "", 1.0, 0.01, {strBadScript}},
-               {"nodal forces are not nonlinear", 1, 1, 0, MakeScript(3, "2 1 0 0 "), 1.0, 0.01, {}},
-               {"nonlinear, but the script comes first", 1, 1, 0, "", 1.0, 0.01, {strBadScript}},
-               {"no record", 1, 0, 1, "", 0.0, 0.01, {strNoRecord}},
-               {"runs away", 1, 0, 0, MakeScript(3, "2 1e20 0 0 "), 1.0, 0.01, {strRunaway}},
-               {"ground runs away", 1, 0, 1, "", -1e25, 0.01, {strRunaway}},
-               {"nonlinear ground runs away", 1, 1, 1, "", -1e25, 0.01, {strRunaway}},
-               {"histories beyond the memory", 1, 0, 1, "", 1.0, 1e-300, {strMemory}}};
+    RunStatus status = RunStatus::Refused;
+    int nStepsDone = 0;
+  } cases[] = {
+      {"no mode file", 1, 0, 1, "", 1.0, 0.01, {strNoFile, strNoModes}},
+      {"no mode file, Wilson", 0, 0, 0, "", 1.0, 0.01, {strNoFile, strNoModes}},
+      {"no script", 1, 0, 0, "", 1.0, 0.01, {strBadScript}},
+      {"Wilson reads the file only", 0, 0, 0, "", 1.0, 0.01, {strBadScript}},
+      {"nodal forces are not nonlinear", 1, 1, 0, MakeScript(3, "2 1 0 0 "), 1.0, 0.01, {}},
+      {"nonlinear, but the script comes first", 1, 1, 0, "", 1.0, 0.01, {strBadScript}},
+      {"no record", 1, 0, 1, "", 0.0, 0.01, {strNoRecord}},
+      {"runs away", 1, 0, 0, MakeScript(1, "2 1 0 0 ##2 1e20 0 0 "), 1.0, 0.01, {strRunaway}, RunStatus::Failed, 1},
+      {"ground runs away", 1, 0, 1, "", -1e25, 0.01, {strRunaway}, RunStatus::Failed},
+      {"nonlinear ground runs away", 1, 1, 1, "", -1e25, 0.01, {strRunaway}, RunStatus::Failed},
+      {"histories beyond the memory", 1, 0, 1, "", 1.0, 1e-300, {strMemory}}};
   m_folder.Write("_HisTime.txt", "older");
   m_folder.Write("_record.txt", "1 1 1 1 1");
   for (int n = 0; const auto& c : cases) {
@@ -502,6 +544,8 @@ TEST_F(TimeHistory, FailuresLeaveEverythingAsItWas) {
     }
     EXPECT_EQ(m_platform.GetMessages(), c.messages) << c.strName;
     EXPECT_FALSE(model.m_history.bComplete) << c.strName;
+    EXPECT_EQ(model.m_historyFindings.status, c.status) << c.strName;
+    EXPECT_EQ(model.m_historyFindings.nStepsDone, c.nStepsDone) << c.strName;
     EXPECT_EQ(COMDYN.m_bHistoryAvailable, 0) << c.strName;
     EXPECT_EQ(m_folder.Read("_HisTime.txt"), "older") << c.strName;
   }

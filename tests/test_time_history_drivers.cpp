@@ -1,9 +1,12 @@
-// The time-history and viewer drivers through their dialogs, on one bar with a known answer.
+// The time-history and viewer drivers through their dialogs, against the same runs on the model.
 
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <functional>
 #include <sstream>
+#include <tuple>
+#include <utility>
 
 #include "HostModel.h"
 #include "TestPlatform.h"
@@ -11,50 +14,13 @@
 #include "skyframe/connect/ModeConnect.h"
 #include "skyframe/dialogs/HisResultDlg.h"
 #include "skyframe/dialogs/Templates.h"
-#include "skyframe/model/NodeTable.h"
+#include "skyframe/history/ImpulseScript.h"
+#include "skyframe/hostdata/HostData.h"
+#include "skyframe/model/AnalysisModel.h"
 #include "skyframe/values/HistorySet.h"
 
 namespace skyframe::test {
 namespace {
-
-constexpr double c_dStiffness = 1.03e9;                // N/m
-constexpr double c_dMass = 7900.0 * 0.01 * 2.0 / 3.0;  // kg, of the bar at its end
-constexpr double c_dForce = 10.0e3;                    // N
-
-/// A bar of two metres free along X at its end, which carries a load of 100 kN along +Z as mass.
-void FillBar(CHostModel& host) {
-  host.SetSection(1, 2, 10000);
-  host.AddNode(0, 0, 0, c_nPinned, "111000");
-  host.AddNode(2, 0, 0, c_nPinned, "011000");
-  host.AddElement(c_nBar, 1, 2);
-  host.AddLoad(0, 2, c_nDofZ, 100.0);
-}
-
-std::vector<DialogStep> SelectDeadLoad() {
-  return {DialogStep::ToggleRow(c_nIdAvailable, 0), DialogStep::Click(c_nIdAdd), DialogStep::Ok()};
-}
-
-void RunModal(CTestPlatform& platform) {
-  platform->AddScript(c_nIdModeDlg,
-                      {DialogStep::Type(c_nIdModes, "1"), DialogStep::Click(c_nIdModeLoadComb), DialogStep::Ok()});
-  platform->AddScript(c_nIdLoadCombDlg, SelectDeadLoad());
-  CModeConnect::OnMode();
-  platform->Clear();
-}
-
-/// 10 kN along X from the start to the end of 1000 steps of a millisecond, without damping.
-void ScriptStepLoad(CTestPlatform& platform, const std::string& strUnloadTime = "1.0005") {
-  platform->AddScript(c_nIdDynOptionDlg, {DialogStep::Choose(c_nIdNewmark), DialogStep::Ok()});
-  platform->AddScript(c_nIdImpulseLoadDlg,
-                      {DialogStep::Choose(c_nIdRectangular), DialogStep::Type(c_nIdImpulseNode, "2"),
-                       DialogStep::Type(c_nIdImpulsePeak, "10"), DialogStep::Type(c_nIdUnloadTime, strUnloadTime),
-                       DialogStep::Type(c_nIdStep, "0.001"), DialogStep::Type(c_nIdDuration, "1.0005"),
-                       DialogStep::Click(c_nIdImpulseInsert), DialogStep::Ok()});
-  platform->AddScript(c_nIdLoadCombDlg, SelectDeadLoad());
-  platform->AddScript(c_nIdNewmarkDlg,
-                      {DialogStep::Type(c_nIdDamping1, "0"), DialogStep::Type(c_nIdDamping2, "0"),
-                       DialogStep::Click(c_nIdImpulseLoad), DialogStep::Click(c_nIdLoadComb), DialogStep::Ok()});
-}
 
 /// Steps of the history of node 2 along X as the viewer writes it.
 std::vector<double> ReadThroughViewer(CTestPlatform& platform, const CJobFolder& job) {
@@ -85,116 +51,255 @@ TEST(TimeHistoryDrivers, HostRecordThatOutlivedTheHistories) {
   EXPECT_EQ(platform.GetMessages(), c_noHistory);
 }
 
-TEST(TimeHistoryDrivers, NewmarkUnderAStepLoad) {
-  CTestPlatform platform;
-  CHostModel host;
-  FillBar(host);
-  const CJobFolder job("newmark");
-  RunModal(platform);
-  ScriptStepLoad(platform);
-  EXPECT_EQ(CModeConnect::OnTimeHistoryAnalysis(), 1);
-  EXPECT_TRUE(platform.GetMessages().empty());
-  EXPECT_TRUE(platform->GetScriptErrors().empty());
-
-  std::string strBlock = "   2   10.000   0.000   0.000\r\n##\r\n";
-  std::string strScript = "/IMPULSELOAD/\r\n";
-  for (int i = 0; i < 1000; ++i) strScript += strBlock;
-  EXPECT_EQ(job.Read("_Loadinputtest.txt"), strScript + "/END/");
-  EXPECT_FALSE(job.Has("_HisTime.txt"));  // nodal forces leave no history file
-
-  const std::vector<double> u = ReadThroughViewer(platform, job);
-  ASSERT_EQ(u.size(), 1000U);
-  EXPECT_NEAR(u[0], 2.38008e-7, 2e-12);
-  EXPECT_NEAR(u[1], 1.16670e-6, 2e-11);
+/// A frame that leans every way; two load types of 60 and 40 kN along +Z.
+void FillFrame(CHostModel& host) {
+  host.SetSection(1, 2, 6000.0, 5e6, 2e7, 4e7);
+  host.AddNode(0, 0, 0, c_nRigid, "111111");
+  host.AddNode(0.2, 0.1, 3);
+  host.AddNode(4, 0, 3.1);
+  host.AddNode(4, 0.3, 0, c_nPinned, "111000");
+  for (const int n : {1, 2, 3}) host.AddElement(c_nBeam, n, n + 1);
+  host.AddElement(c_nBar, 1, 3);
+  host.AddLoad(0, 2, c_nDofZ, 60.0);
+  host.AddLoad(1, 3, c_nDofZ, 40.0);
+  ABCD.m_nLoadCases = 1;
 }
 
-TEST(TimeHistoryDrivers, WilsonReadsTheJobsOwnScript) {
-  CTestPlatform platform;
-  CHostModel host;
-  FillBar(host);
-  const CJobFolder job("wilson");
-  RunModal(platform);
-  const auto run = [&] {
-    platform->AddScript(c_nIdDynOptionDlg, {DialogStep::Choose(c_nIdWilson), DialogStep::Ok()});
-    platform->AddScript(c_nIdWilsonDlg, {DialogStep::Type(c_nIdDamping1, "0"), DialogStep::Type(c_nIdDamping2, "0"),
-                                         DialogStep::Type(c_nIdWilsonStep, "0.001"),
-                                         DialogStep::Type(c_nIdWilsonDuration, "0.0205"), DialogStep::Ok()});
-    COMDYN.m_bNonlinear = 1;
-    EXPECT_EQ(CModeConnect::OnTimeHistoryAnalysis(), 1);
-    EXPECT_EQ(COMDYN.m_bNonlinear, 0);
-  };
-  run();
-  EXPECT_EQ(platform.GetMessages(), std::vector<std::string>{"冲击荷载数据文件读入有误"});
-  EXPECT_EQ(COMDYN.m_bHistoryAvailable, 0);
+using Steps = std::vector<DialogStep>;
+using Fields = std::vector<std::pair<int, std::string>>;
 
+Steps Join(Steps steps, const Fields& fields, const Steps& last = {}) {
+  for (const auto& [nId, strText] : fields) steps.push_back(DialogStep::Type(nId, strText));
+  steps.insert(steps.end(), last.begin(), last.end());
+  steps.push_back(DialogStep::Ok());
+  return steps;
+}
+
+/// The first load type by 0.8, the second one by 1.3.
+void CombineLoads(CTestPlatform& platform) {
+  const DialogStep add = DialogStep::Click(c_nIdAdd);
+  platform->AddScript(c_nIdLoadCombDlg,
+                      Join({DialogStep::Type(c_nIdFactor, "0.8"), DialogStep::ToggleRow(c_nIdAvailable, 0), add},
+                           {{c_nIdFactor, "1.3"}}, {DialogStep::ToggleRow(c_nIdAvailable, 1), add}));
+}
+void CombineLoads(CAnalysisModel& model) {
+  model.m_nLoadCaseFlag[0] = model.m_nLoadCaseFlag[1] = 1;
+  model.m_dLoadFactor[0] = 0.8;
+  model.m_dLoadFactor[1] = 1.3;
+}
+
+/// Four modes with shear.
+void RunModal(CTestPlatform& platform) {
+  platform->AddScript(c_nIdModeDlg,
+                      Join({DialogStep::Tick(c_nIdShear), DialogStep::Click(c_nIdModeLoadComb)}, {{c_nIdModes, "4"}}));
+  CombineLoads(platform);
+  CModeConnect::OnMode();
   platform->Clear();
-  std::string strScript = "/IMPULSELOAD/\n";
-  for (int i = 0; i < 30; ++i) strScript += "2 10 0 0\n##\n";
-  job.Write("impulseload.log", strScript + "/END/");
-  run();
-  EXPECT_TRUE(platform.GetMessages().empty());
-  // This dialog hands over no load combination: the bar's own mass alone.
-  const std::vector<double> u = ReadThroughViewer(platform, job);
-  ASSERT_EQ(u.size(), 20U);
-  const double h = 1.4e-3, u1 = 1.4 * c_dForce / (c_dStiffness + 6.0 * c_dMass / (h * h));  // first step from rest
-  EXPECT_NEAR(u[0], 1e-6 / 6.0 * 6.0 / (h * h) / 1.4 * u1, 1e-4 * u1);
+}
+void RunModal(const CJobFolder& job) {
+  CAnalysisModel model;
+  CombineLoads(model);
+  model.BuildModelForModes(true);
+  model.m_nModes = 4;
+  model.m_bShear = 1;
+  model.SolveModes(job.GetJobPath(), 0, true);
 }
 
-TEST(TimeHistoryDrivers, GroundMotionWritesTheHistoryFile) {
+struct WholeRun {
+  std::string strName;
+  std::vector<std::pair<int, Steps>> scripts;  ///< of the dialogs behind the choice of the method
+  std::function<void(CAnalysisModel&)> run;    ///< the same without dialogs
+};
+
+int RunDriver(CTestPlatform& platform, const WholeRun& run) {
+  const bool bWilson = run.scripts.front().first == c_nIdWilsonDlg;
+  platform->AddScript(c_nIdDynOptionDlg, Join({DialogStep::Choose(bWilson ? c_nIdWilson : c_nIdNewmark)}, {}));
+  for (const auto& [nDialog, steps] : run.scripts) platform->AddScript(nDialog, steps);
+  CombineLoads(platform);
+  return CModeConnect::OnTimeHistoryAnalysis();
+}
+
+/// Newmark without a default left: the steps, then the fields all runs have in common.
+Steps NewmarkSteps(Steps steps) {
+  steps.push_back(DialogStep::Click(c_nIdLoadComb));
+  return Join(steps, {{c_nIdDamping1, "0.03"}, {c_nIdDamping2, "0.08"}, {c_nIdAlpha, "0.31"}, {c_nIdDelta, "0.6"}});
+}
+void SetNewmark(CAnalysisModel& model, double dTimeStep, double dDuration) {
+  CombineLoads(model);
+  model.m_pDamping = {0.03, 0.08};
+  model.m_dNewmarkAlpha = 0.31;
+  model.m_dNewmarkDelta = 0.6;
+  model.m_dTimeStep = dTimeStep;
+  model.m_dDuration = dDuration;
+}
+
+WholeRun MakeWilson() {
+  const Fields fields = {{c_nIdDamping1, "0.03"},
+                         {c_nIdDamping2, "0.08"},
+                         {c_nIdTheta, "1.9"},
+                         {c_nIdWilsonStep, "0.004"},
+                         {c_nIdWilsonDuration, "0.1"}};
+  return {"Wilson",
+          {{c_nIdWilsonDlg, Join({DialogStep::Tick(c_nIdNonlinear), DialogStep::Click(c_nIdLoadComb)}, fields)}},
+          [](CAnalysisModel& model) {  // deliberate: this dialog hands over no load combination
+            model.m_pDamping = {0.03, 0.08};
+            model.m_dWilsonTheta = 1.9;
+            model.m_dTimeStep = 0.004;
+            model.m_dDuration = 0.1;
+            model.WilsonTheta(g_FilePathName);
+          }};
+}
+
+std::string ComposeImpulses() {
+  return ComposeImpulseScript(std::vector<ImpulseEntry>{{3, 1, -7.0}}, c_nRectangularImpulse, 0.0301, 0.005);
+}
+
+/// 40 steps.
+WholeRun MakeImpulse(const std::string& strUnloadTime) {
+  const Fields fields = {{c_nIdImpulseNode, "3"}, {c_nIdImpulseDirection, "1"},     {c_nIdImpulsePeak, "-7"},
+                         {c_nIdPeakTime, "0.01"}, {c_nIdUnloadTime, strUnloadTime}, {c_nIdStep, "0.005"},
+                         {c_nIdDuration, "0.2"}};
+  return {"impulse",
+          {{c_nIdNewmarkDlg, NewmarkSteps({DialogStep::Click(c_nIdImpulseLoad)})},
+           {c_nIdImpulseLoadDlg,
+            Join({DialogStep::Choose(c_nIdRectangular)}, fields, {DialogStep::Click(c_nIdImpulseInsert)})}},
+          [](CAnalysisModel& model) {
+            SetNewmark(model, 0.005, 0.2);
+            model.LoadScript = ComposeImpulses();
+            model.NewmarkIntegration(g_FilePathName, 0, 0);
+          }};
+}
+
+WholeRun MakeStandardRecord() {
+  return {"standard record along Y",
+          {{c_nIdNewmarkDlg, NewmarkSteps({DialogStep::Choose(c_nIdGroundMotion), DialogStep::Click(c_nIdEarthquake)})},
+           {c_nIdEarthquakeDlg, Join({DialogStep::Tick(c_nIdQuakeY), DialogStep::Tick(c_nIdQuakeZ)},
+                                     {{c_nIdPeakY, "2"}, {c_nIdStep, "0.02"}, {c_nIdDuration, "1.1"}})}},
+          [](CAnalysisModel& model) {
+            SetNewmark(model, 0.02, 1.1);
+            model.m_strQuakeFile = g_ProgramPath + "\\GroundAccData\\Elcentro.txt";
+            model.m_bQuakeDir = {0, 1, 1};
+            model.m_dPeak = {0.35, 2.0, 0.35};
+            model.NewmarkIntegration(g_FilePathName, 0, 1);
+          }};
+}
+
+/// Oblique ground motion of 37 steps.
+WholeRun MakeNonlinear(int nCriterion, double dTolerance, int nMaxIter) {
+  const Fields fields = {{c_nIdObliqueX, "3"},     {c_nIdObliqueY, "-4"}, {c_nIdObliqueZ, "12"},
+                         {c_nIdPeakOblique, "40"}, {c_nIdStep, "0.008"},  {c_nIdDuration, "0.3"}};
+  return {
+      "nonlinear, criterion " + std::to_string(nCriterion),
+      {{c_nIdNewmarkDlg,
+        NewmarkSteps({DialogStep::Choose(c_nIdGroundMotion), DialogStep::Tick(c_nIdFromFile),
+                      DialogStep::Tick(c_nIdNonlinear), DialogStep::ChooseItem(c_nIdCriterion, nCriterion),
+                      DialogStep::Type(c_nIdTolerance, std::to_string(dTolerance)),
+                      DialogStep::Type(c_nIdMaxIter, std::to_string(nMaxIter)), DialogStep::Click(c_nIdEarthquake)})},
+       {c_nIdEarthquakeDlg, Join({DialogStep::Choose(c_nIdOblique)}, fields)}},
+      [=](CAnalysisModel& model) {
+        SetNewmark(model, 0.008, 0.3);
+        model.m_bLoadFromFile = 1;
+        model.m_nQuakeMode = 1;
+        model.m_dObliqueCoef = {3.0 / 13.0, -4.0 / 13.0, 12.0 / 13.0};
+        model.m_dPeakOblique = 40.0;
+        model.m_nConvCriterion = nCriterion;
+        model.m_dConvTol = dTolerance;
+        model.m_nMaxIter = nMaxIter;
+        model.NewmarkIntegration(g_FilePathName, 1, 1);
+      }};
+}
+
+/// Largest difference over largest value of a table.
+double Compare(const CHistoryTable& found, const CHistoryTable& expected) {
+  if (found.GetRows() != expected.GetRows() || found.GetCols() != expected.GetCols()) return 1.0;
+  double dLargest = 0.0, dDifference = 0.0;
+  for (int k = 0; k < found.GetRows(); ++k) {
+    for (int i = 0; i < found.GetCols(); ++i) {
+      dLargest = std::max(dLargest, std::abs(expected[k][i]));
+      dDifference = std::max(dDifference, std::abs(found[k][i] - expected[k][i]));
+    }
+  }
+  return dLargest > 0.0 ? dDifference / dLargest : 1.0;
+}
+
+TEST(TimeHistoryDrivers, EverySettingOfTheDialogsReachesTheRun) {
   CTestPlatform platform;
   CHostModel host;
-  FillBar(host);
-  const CJobFolder job("ground");
-  RunModal(platform);
-  job.Write("_Xacc.txt", "0 0.5 1 -1 0.5 0 0 0 0 0");
-  platform->AddScript(c_nIdDynOptionDlg, {DialogStep::Choose(c_nIdNewmark), DialogStep::Ok()});
-  platform->AddScript(c_nIdEarthquakeDlg,
-                      {DialogStep::Tick(c_nIdQuakeX), DialogStep::Type(c_nIdStep, "0.01"),
-                       DialogStep::Type(c_nIdDuration, "0.105"), DialogStep::Type(c_nIdPeakX, "2"), DialogStep::Ok()});
-  platform->AddScript(c_nIdNewmarkDlg, {DialogStep::Choose(c_nIdGroundMotion), DialogStep::Tick(c_nIdFromFile),
-                                        DialogStep::Click(c_nIdEarthquake), DialogStep::Ok()});
-  EXPECT_EQ(CModeConnect::OnTimeHistoryAnalysis(), 1);
-  EXPECT_TRUE(platform.GetMessages().empty());
-  const std::string strFile = job.Read("_HisTime.txt");
-  EXPECT_TRUE(
-      strFile.starts_with("Total node number:  2\nTotal element number:  1\nTotal time step:  10\n"
-                          "Time increment(s):  0.01\nSolution Method:  Newmark.\nSolution Assumption:  Linear.\n--\n"));
-  const std::vector<double> shown = ReadThroughViewer(platform, job);
+  FillFrame(host);
+  const CJobFolder job("every_setting");
+  g_ProgramPath = SKYFRAME_SOURCE_DIR "/data";
+  job.Write("impulseload.log", "/IMPULSELOAD/2 10 3 5 ## 3 0 8 0 ## 2 -4 0 0 ##/END/");  // Wilson reads it
+  job.Write("_Tacc.txt", "1 -3 2 5 -4 1 0 2 -1 -2 3 1");
+  platform->SetClock({{2026, 3, 4, 5, 6, 7}});
+  // The last two stop at the tolerance and at the last iteration.
+  for (const WholeRun& run : {MakeWilson(), MakeImpulse("0.0301"), MakeStandardRecord(), MakeNonlinear(3, 0.01, 25),
+                              MakeNonlinear(1, 1e-6, 2)}) {
+    SCOPED_TRACE(run.strName);
+    RunModal(job);
+    CAnalysisModel direct;
+    direct.BuildModel();
+    run.run(direct);
+    const HistorySet &expected = direct.m_history, &found = GetHistories();
+    ASSERT_TRUE(expected.bComplete);
 
-  // Another session has nothing in memory and reads the file.
+    std::filesystem::remove(job.GetPath(".mode"));
+    RunModal(platform);
+    COMDYN.m_bNonlinear = 7;
+    EXPECT_EQ(RunDriver(platform, run), 1);
+    EXPECT_EQ(platform->GetScriptErrors(), std::vector<std::string>{});
+    EXPECT_FALSE(platform->HasUnusedScripts());
+    EXPECT_TRUE(platform.GetMessages().empty());
+    for (std::size_t q = 0; q < c_nHistoryQuantities; ++q) {
+      EXPECT_LT(Compare(found.values[q], expected.values[q]), 1e-9) << q;
+    }
+    EXPECT_EQ(std::tie(found.nMethod, found.nAssumption, found.dTimeStep, found.strFinished),
+              std::tuple(expected.nMethod, expected.nAssumption, expected.dTimeStep, "2026-03-04 05:06:07"));
+    EXPECT_EQ(COMDYN.m_bNonlinear, run.strName == "impulse" ? 7 : found.nAssumption);
+  }
+  EXPECT_EQ(job.Read("_Loadinputtest.txt"), ComposeImpulses());
+
+  // Another session has nothing in memory and reads the file of the last run.
+  const std::vector<double> shown = ReadThroughViewer(platform, job);
+  EXPECT_EQ(shown.size(), 37U);
   COMDYN.m_bHistoryAvailable = 0;
   EXPECT_EQ(ReadThroughViewer(platform, job), shown);
-  EXPECT_EQ(shown.size(), 10U);
-  // Period 1.4 ms, step 10 ms: the relative displacement follows -m a / k nearly statically.
-  EXPECT_NEAR(shown[2], -c_dMass * 2.0 / c_dStiffness, 0.3 * c_dMass * 2.0 / c_dStiffness);
 }
 
 TEST(TimeHistoryDrivers, EndEarly) {
   CTestPlatform platform;
   CHostModel host;
-  FillBar(host);
+  FillFrame(host);
   const CJobFolder job("history_early");
   EXPECT_EQ(CModeConnect::OnTimeHistoryAnalysis(), 0);  // cancelled
+  COMDYN.m_bNonlinear = 1;
+  EXPECT_EQ(RunDriver(platform, {"cancelled later", {{c_nIdWilsonDlg, {DialogStep::Cancel()}}}, {}}), 0);
+  EXPECT_EQ(COMDYN.m_bNonlinear, 0);
   CModeConnect::OnTimeHistoryRes();
   EXPECT_EQ(platform.GetMessages(), c_noHistory);
-  platform->Clear();
-  ScriptStepLoad(platform);
-  EXPECT_EQ(CModeConnect::OnTimeHistoryAnalysis(), 1);
-  EXPECT_EQ(platform.GetMessages(), (std::vector<std::string>{"模态文件访问出错,计算终止!", "错误:模态未分析"}));
-  platform->Clear();
-  ScriptStepLoad(platform, "1e300");  // no text of two thousand million blocks is composed
-  EXPECT_EQ(CModeConnect::OnTimeHistoryAnalysis(), 1);
-  EXPECT_EQ(platform.GetMessages(), std::vector<std::string>{"冲击荷载步数过多,计算终止!"});
-  platform->Clear();
+
+  const auto run = [&platform](const std::string& strUnloadTime) {
+    platform->Clear();
+    EXPECT_EQ(RunDriver(platform, MakeImpulse(strUnloadTime)), 1);
+    return platform.GetMessages();
+  };
+  using Messages = std::vector<std::string>;
+  const Messages noModes = {"模态文件访问出错,计算终止!", "错误:模态未分析"};
+  EXPECT_EQ(run("0.03"), noModes);
+  EXPECT_EQ(run("1e300"), Messages{"冲击荷载步数过多,计算终止!"});  // no text of two thousand million blocks
   RunModal(platform);
+  EXPECT_EQ(run("0.03"), Messages{});
 
   // A broken run leaves the histories of the one before.
-  ScriptStepLoad(platform);
-  EXPECT_EQ(CModeConnect::OnTimeHistoryAnalysis(), 1);
   std::filesystem::remove(job.GetPath(".mode"));
-  ScriptStepLoad(platform);
-  EXPECT_EQ(CModeConnect::OnTimeHistoryAnalysis(), 1);
-  EXPECT_EQ(ReadThroughViewer(platform, job).size(), 1000U);
+  EXPECT_EQ(run("0.03"), noModes);
+  EXPECT_EQ(ReadThroughViewer(platform, job).size(), 40U);
+
+  // Only they and the new ones are held at once: twice 40 steps of 3 * 4 + 4 numbers.
+  RunModal(platform);
+  platform->SetPhysicalMemory(2 * 5120 - 1);
+  EXPECT_EQ(run("0.03"), Messages{"时程结果所需内存超出本机内存,计算终止!"});
+  platform->SetPhysicalMemory(2 * 5120);
+  EXPECT_EQ(run("0.03"), Messages{});
 }
 
 }  // namespace

@@ -1,3 +1,5 @@
+#include <utility>
+
 #include "Drivers.h"
 #include "ModuleState.h"
 #include "skyframe/dialogs/HisResultDlg.h"
@@ -39,7 +41,7 @@ bool HasHistory() { return COMDYN.m_bHistoryAvailable != 0 && g_history.bComplet
 bool ReadStoredHistory() {
   HistorySet history;
   if (!ReadHistoryFile(history)) return false;
-  KeepHistory(history);
+  KeepHistory(std::move(history));
   return true;
 }
 

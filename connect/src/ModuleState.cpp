@@ -1,6 +1,7 @@
 #include "ModuleState.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace skyframe {
 
@@ -12,10 +13,10 @@ int g_nHistoryPoints = 0;
 KeptFindings g_findings;
 KeptModels g_keptModels;
 
-void KeepHistory(const HistorySet& history) {
-  g_history = history;
-  g_nHistorySteps = history.nSteps;
-  g_nHistoryPoints = history.GetNodeCount();
+void KeepHistory(HistorySet history) {
+  g_history = std::move(history);
+  g_nHistorySteps = g_history.nSteps;
+  g_nHistoryPoints = g_history.GetNodeCount();
 }
 
 CAnalysisModel& KeepNewModel(std::unique_ptr<CAnalysisModel>& pKept) {

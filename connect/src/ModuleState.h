@@ -23,7 +23,7 @@ extern int g_nHistorySteps;
 extern int g_nHistoryPoints;  ///< nodes
 
 /// Takes over a set of histories and its counts.
-void KeepHistory(const HistorySet& history);
+void KeepHistory(HistorySet history);
 
 /// What the last call of each entry point found.
 struct KeptFindings {

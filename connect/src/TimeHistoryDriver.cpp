@@ -1,3 +1,5 @@
+#include <utility>
+
 #include "Drivers.h"
 #include "FindingsKeeper.h"
 #include "ModuleState.h"
@@ -13,9 +15,9 @@ namespace {
 
 enum LoadType : int { c_nNodalForce = 0, c_nGroundMotion = 1 };
 
-/// A run that did not get to its end leaves the histories of an earlier one.
-void KeepHistoryOf(const CAnalysisModel& model) {
-  if (model.m_history.bComplete) KeepHistory(model.m_history);
+/// Takes the histories out of the model. A run that did not get to its end leaves those of an earlier one.
+void KeepHistoryOf(CAnalysisModel& model) {
+  if (model.m_history.bComplete) KeepHistory(std::exchange(model.m_history, HistorySet()));
 }
 
 int RunWilson(CAnalysisModel& model) {
@@ -107,6 +109,7 @@ int RunTimeHistory() {
 
   // Deliberate: the model outlives the call, and nobody asks whether it was built before the dialogs.
   CAnalysisModel& model = KeepNewModel(g_keptModels.m_pTimeHistory);
+  model.m_dKeptHistoryBytes = g_history.GetBytes();
   model.BuildModel();
   g_strJobPath = COMDAT.m_szJobPath;
   switch (COMDYN.m_nMethod) {

@@ -14,7 +14,7 @@ namespace skyframe {
 namespace {
 
 /// Words of a text, one after the other. A word that is not there, or not what was asked for, makes
-/// every later call fail.
+/// every later call fail. Numbers may have a plus sign.
 class CWordReader {
  public:
   explicit CWordReader(std::string_view strText) : m_strRest(strText) {}
@@ -37,30 +37,26 @@ class CWordReader {
   /// The next word as a whole.
   template <class T>
   T Number() {
-    return Convert<T>(Word());
-  }
-
-  /// "Time." and the step number, which may stand in the same word.
-  int TimePoint() {
-    const std::string_view strWord = Word();
-    if (!strWord.starts_with(texts::c_strTimeLabel)) m_bFailed = true;
-    if (m_bFailed || strWord.size() == texts::c_strTimeLabel.size()) return Number<int>();
-    return Convert<int>(strWord.substr(texts::c_strTimeLabel.size()));
-  }
-
-  void Expect(bool bTrue) { m_bFailed = m_bFailed || !bTrue; }
-  [[nodiscard]] std::size_t GetRestLength() const { return m_strRest.size(); }
-
- private:
-  template <class T>
-  T Convert(std::string_view strWord) {
+    std::string_view strWord = Word();
     T value{};
+    if (strWord.starts_with('+') && !strWord.starts_with("+-")) strWord.remove_prefix(1);
     const char* const pEnd = strWord.data() + strWord.size();
     const auto [pStop, error] = std::from_chars(strWord.data(), pEnd, value);
     Expect(error == std::errc{} && pStop == pEnd);
     return value;
   }
 
+  /// "Time." and the step number, which may stand in the same word.
+  void SkipTimePoint() {
+    const std::string_view strWord = Word();
+    Expect(strWord.starts_with(texts::c_strTimeLabel));
+    if (strWord.size() == texts::c_strTimeLabel.size()) Skip(1);
+  }
+
+  void Expect(bool bTrue) { m_bFailed = m_bFailed || !bTrue; }
+  [[nodiscard]] std::size_t GetRestLength() const { return m_strRest.size(); }
+
+ private:
   std::string_view m_strRest;
   bool m_bFailed = false;
 };
@@ -104,12 +100,11 @@ double GetSmallestLength(int nSteps, int nNodes, int nElements) {
   return nSteps * (c_dNodeLine * nNodes + c_dMemberLine * nElements) - c_dSlack;
 }
 
-/// Column nIndex of every quantity.
+/// Column nIndex of every quantity. Deliberate: the numbers written beside the values are not compared.
 void ReadBlock(CWordReader& words, int nIndex, int nSteps, std::span<CHistoryTable> quantities) {
-  words.Skip(2);
-  words.Expect(words.Number<int>() == nIndex + 1);
+  words.Skip(3);
   for (int k = 0; k < nSteps && !words.HasFailed(); ++k) {
-    words.Expect(words.TimePoint() == k + 1);
+    words.SkipTimePoint();
     for (CHistoryTable& values : quantities) values[k][nIndex] = words.Number<double>();
   }
 }

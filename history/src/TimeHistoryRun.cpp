@@ -1,8 +1,10 @@
 #include "TimeHistoryRun.h"
 
 #include <algorithm>
+#include <array>
+#include <cmath>
+#include <cstdio>
 
-#include "Memory.h"
 #include "skyframe/hostdata/HostData.h"
 #include "skyframe/platform/Platform.h"
 #include "texts.h"
@@ -11,8 +13,12 @@ namespace skyframe {
 
 namespace {
 
-double GetHistoryBytes(int nSteps, int nNodes, int nElements) {
-  return sizeof(double) * static_cast<double>(nSteps) * (3.0 * nNodes + nElements);
+/// "2026-11-21 23:05:09"
+std::string FormatTime(const LocalTime& t) {
+  std::array<char, 80> text = {};
+  std::snprintf(text.data(), text.size(), "%04d-%02d-%02d %02d:%02d:%02d", t.nYear, t.nMonth, t.nDay, t.nHour,
+                t.nMinute, t.nSecond);
+  return text.data();
 }
 
 QuakeSettings GetQuakeSettings(const CAnalysisModel& model) {
@@ -22,15 +28,26 @@ QuakeSettings GetQuakeSettings(const CAnalysisModel& model) {
 
 }  // namespace
 
+void CTimeHistoryRun::DescribeRun(int nMethod, int nAssumption, bool bGroundMotion) {
+  m_findings.status = RunStatus::Refused;  // until the input is accepted
+  m_findings.nMethod = nMethod;
+  m_findings.nAssumption = nAssumption;
+  m_findings.bGroundMotion = bGroundMotion;
+  m_findings.nSteps = CountSteps(m_model.m_dDuration, m_model.m_dTimeStep);
+  m_findings.dTimeStep = m_model.m_dTimeStep;
+}
+
 bool CTimeHistoryRun::Start(int nMethod, int nAssumption, bool bGroundMotion) {
   HistorySet& history = m_model.m_history;
   history = HistorySet();
+  DescribeRun(nMethod, nAssumption, bGroundMotion);
   if (!m_model.m_bValid) return false;
-  const int N = CountSteps(m_model.m_dDuration, m_model.m_dTimeStep);
+  const int N = m_findings.nSteps;
   const int nNodes = m_model.GetNodes().GetNodeCount();
   const int nElements = static_cast<int>(m_model.GetElements().size());
-  // the model's histories and the module's copy of them
-  if (2.0 * GetHistoryBytes(N, nNodes, nElements) > GetPhysicalMemory()) {
+  // Histories of an earlier run stay until this one is done.
+  const double dBytes = HistorySet::CountBytes(N, nNodes, nElements) + m_model.m_dKeptHistoryBytes;
+  if (dBytes > GetPlatform().GetPhysicalMemory()) {
     GetPlatform().ShowMessage(texts::c_strHistoryTooLarge);
     return false;
   }
@@ -44,6 +61,7 @@ bool CTimeHistoryRun::Start(int nMethod, int nAssumption, bool bGroundMotion) {
     GetPlatform().ShowMessage(texts::c_strNoModes);
     return false;
   }
+  FormDamping();
   history.Allocate(N, nNodes, nElements);
   history.dTimeStep = m_model.m_dTimeStep;
   history.nMethod = nMethod;
@@ -84,11 +102,14 @@ bool CTimeHistoryRun::RunGroundMotion() {
 }
 
 void CTimeHistoryRun::Finish(bool bDone) {
+  if (m_findings.nAssumption == 0) m_findings.conditioning = m_model.DescribeConditioning(m_stiffness);
   if (!bDone) {
     m_model.m_history = HistorySet();
     return;
   }
+  m_findings.status = RunStatus::Done;
   m_model.m_history.bComplete = true;
+  m_model.m_history.strFinished = FormatTime(GetPlatform().GetLocalTime());
   COMDYN.m_bHistoryAvailable = 1;
 }
 
@@ -149,21 +170,29 @@ bool CTimeHistoryRun::StepNonlinearGround(const CGroundMotion& motion) {
   return true;
 }
 
+void CTimeHistoryRun::FormDamping() {
+  const RayleighCoefficients rayleigh = FormRayleigh(m_model.Omega, m_model.m_pDamping[0], m_model.m_pDamping[1]);
+  m_findings.dMassDamping = rayleigh.dMass;
+  m_findings.dStiffnessDamping = rayleigh.dStiffness;
+  m_findings.omega = m_model.Omega;
+  for (const double w : m_model.Omega) m_findings.damping.push_back(GetDampingRatio(rayleigh, w));
+}
+
 bool CTimeHistoryRun::FormOperators(double a0, double a1) {
+  m_findings.status = RunStatus::Failed;  // until the last step
   const int F = m_model.GetFreeDofs();
   SparseMatrix& K = m_stiffness;
   SparseMatrix& M = m_inertia;
   if (!m_model.AssembleStiffness(K, false, IsShear()) || !m_model.AssembleMass(M, IsShear())) return false;
   m_model.AddStaticLoadMass(M);
 
-  const RayleighCoefficients rayleigh = FormRayleigh(m_model.Omega, m_model.m_pDamping[0], m_model.m_pDamping[1]);
   SparseMatrix C = K;
   if (!C.IsAllocated()) return false;
-  C *= rayleigh.dStiffness;
+  C *= m_findings.dStiffnessDamping;
   {
     SparseMatrix massPart = M;
     if (!massPart.IsAllocated()) return false;
-    massPart *= rayleigh.dMass;
+    massPart *= m_findings.dMassDamping;
     C += massPart;
   }
   m_massRows = CRowMatrix(M, F);
@@ -205,7 +234,9 @@ bool CTimeHistoryRun::ApplyStaticLoad() {
     SparseMatrix& K = m_model.m_stiffness;
     if (!m_model.AssembleStiffness(K, true, IsShear())) return false;
     std::copy(residual.begin(), residual.end(), increment.begin());
-    if (!K.Solve(m_model.GetFreeDofs(), increment)) return false;
+    const bool bSolved = K.Solve(m_model.GetFreeDofs(), increment);
+    if (k == 0) m_findings.conditioning = m_model.DescribeConditioning(K);
+    if (!bSolved) return false;
     if (!Move(increment)) return false;
     for (std::size_t i = 0; i < F; ++i) residual[i] = P[i] - m_model.m_internalForce[i];
     const double dTotal = ComputeNorm(m_model.GetDisplacements().first(F));
@@ -242,7 +273,22 @@ void CTimeHistoryRun::Record(int nStep, std::span<const double> u) {
   for (const auto& pElement : m_model.m_elements) {
     if (pElement) forces[pElement->GetElemNo()] = pElement->GetAxialForce();
   }
+  ++m_findings.nStepsDone;
+  if (m_findings.nBadStep == 0) FindBadValue(nStep);
   GetPlatform().ReportProgress((nStep + 1.0) / history.nSteps, texts::c_strIntegration);
+}
+
+void CTimeHistoryRun::FindBadValue(int nStep) {
+  for (int nQuantity = 0; nQuantity < c_nHistoryQuantities; ++nQuantity) {
+    const CHistoryTable& table = m_model.m_history.values[static_cast<std::size_t>(nQuantity)];
+    const std::span<const double> row(table[nStep], static_cast<std::size_t>(table.GetCols()));
+    const auto it = std::ranges::find_if_not(row, [](double d) { return std::isfinite(d); });
+    if (it == row.end()) continue;
+    m_findings.nBadQuantity = nQuantity;
+    m_findings.nBadStep = nStep + 1;
+    m_findings.nBadNumber = static_cast<int>(it - row.begin()) + 1;
+    return;
+  }
 }
 
 }  // namespace skyframe

@@ -2,6 +2,7 @@
 
 #include <span>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "skyframe/history/GroundMotion.h"
@@ -17,7 +18,8 @@ namespace skyframe {
 /// Failure: one message (none for what is silent by intention), then false.
 class CTimeHistoryRun {
  public:
-  CTimeHistoryRun(CAnalysisModel& model, std::string strPrefix) : m_model(model), m_strPrefix(std::move(strPrefix)) {}
+  CTimeHistoryRun(CAnalysisModel& model, std::string strPrefix)
+      : m_model(model), m_findings(model.m_historyFindings), m_strPrefix(std::move(strPrefix)) {}
 
   /// Step count, memory, mode file; makes room for the histories and tells COMDYN.
   [[nodiscard]] bool Start(int nMethod, int nAssumption, bool bGroundMotion);
@@ -28,6 +30,8 @@ class CTimeHistoryRun {
   void Finish(bool bDone);
 
  private:
+  /// What was asked for, into the findings.
+  void DescribeRun(int nMethod, int nAssumption, bool bGroundMotion);
   [[nodiscard]] bool OpenScript(CImpulseScript& script) const;
   /// Linear steps under nodal forces; Step takes the forces at t + dt.
   template <class Integrator>
@@ -35,6 +39,8 @@ class CTimeHistoryRun {
   [[nodiscard]] bool StepLinearGround(const CGroundMotion& motion);
   [[nodiscard]] bool StepNonlinearGround(const CGroundMotion& motion);
 
+  /// The Rayleigh pair and what it gives every mode, into the findings.
+  void FormDamping();
   /// K, M and C = alpha M + beta K; m_inertia = a0 M + a1 C.
   [[nodiscard]] bool FormOperators(double a0, double a1);
   /// K <- K + a0 M + a1 C, which is all a linear run keeps.
@@ -51,6 +57,8 @@ class CTimeHistoryRun {
   void ComputeAxialForces(std::span<const double> u);
   /// Row nStep of the histories.
   void Record(int nStep, std::span<const double> u);
+  /// First value of row nStep that is not finite, into the findings.
+  void FindBadValue(int nStep);
 
   [[nodiscard]] NewmarkConstants GetNewmark() const {
     return {m_model.m_dNewmarkAlpha, m_model.m_dNewmarkDelta, m_model.m_dTimeStep};
@@ -60,6 +68,7 @@ class CTimeHistoryRun {
   [[nodiscard]] std::size_t GetFreeCount() const { return static_cast<std::size_t>(m_model.GetFreeDofs()); }
 
   CAnalysisModel& m_model;
+  HistoryFindings& m_findings;
   std::string m_strPrefix;
   SparseMatrix m_stiffness;  ///< K, then K^ of a linear run
   SparseMatrix m_inertia;

@@ -4,7 +4,12 @@
 #include <filesystem>
 #include <fstream>
 #include <iostream>
+#include <limits>
 #include <system_error>
+
+#if __has_include(<unistd.h>)
+#include <unistd.h>
+#endif
 
 #include "skyframe/platform/HeadlessPlatform.h"
 
@@ -30,6 +35,15 @@ std::unique_ptr<FileStream> OpenFile(const std::string& strPath) {
 }
 
 }  // namespace
+
+double IPlatform::GetPhysicalMemory() {
+#if defined(_SC_PHYS_PAGES) && defined(_SC_PAGESIZE)
+  const long nPages = sysconf(_SC_PHYS_PAGES);
+  const long nPageSize = sysconf(_SC_PAGESIZE);
+  if (nPages > 0 && nPageSize > 0) return static_cast<double>(nPages) * static_cast<double>(nPageSize);
+#endif
+  return std::numeric_limits<double>::infinity();
+}
 
 void IPlatform::ReportProgress(double /*dFraction*/, std::string_view /*strLabel*/) {}
 

@@ -20,6 +20,11 @@ struct RayleighCoefficients {
 /// than 1e-15; no damping when there is none.
 [[nodiscard]] RayleighCoefficients FormRayleigh(std::span<const double> omega, double zeta1, double zeta2);
 
+/// Damping ratio that the coefficients give a mode of the frequency omega.
+[[nodiscard]] inline double GetDampingRatio(const RayleighCoefficients& rayleigh, double omega) {
+  return 0.5 * (rayleigh.dMass / omega + rayleigh.dStiffness * omega);
+}
+
 struct NewmarkConstants {
   double a0, a1, a2, a3, a4, a5, a6, a7;
 

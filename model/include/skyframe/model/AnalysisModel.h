@@ -99,6 +99,7 @@ class CAnalysisModel {
   // Time-history results.
   std::string LoadScript;             ///< impulse load text of the run, kN
   HistorySet m_history;               ///< empty until all steps are done
+  double m_dKeptHistoryBytes = 0.0;   ///< memory of earlier histories that stay while this run computes
   std::vector<double> m_staticForce;  ///< axial forces after the static stage of a nonlinear run, N
 
   // What the run found, for the host; the analysis fills its own.
@@ -141,7 +142,7 @@ class CAnalysisModel {
   /// Copies strPrefix + "impulseload.log" into LoadScript; without the file a line on the console.
   void ReadLoadLog(const std::string& strPrefix);
   /// Writes m_history to g_FilePathName + "_HisTime.txt"; false when that was not possible.
-  bool WriteHistoryFile() const;
+  bool WriteHistoryFile();
   /// Adds the positive vertical loads of the combination over g to M at their nodes' translations.
   void AddStaticLoadMass(SparseMatrix& M);
 

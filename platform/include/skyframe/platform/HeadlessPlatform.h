@@ -3,6 +3,7 @@
 #include <deque>
 #include <functional>
 #include <map>
+#include <optional>
 #include <ostream>
 #include <string>
 #include <string_view>
@@ -80,6 +81,8 @@ class CHeadlessPlatform : public IPlatform {
 
   /// Times handed out by GetLocalTime, first to last; the last one stays. Empty: the system clock.
   void SetClock(std::vector<LocalTime> times);
+  /// Told by GetPhysicalMemory from now on instead of the machine's own.
+  void SetPhysicalMemory(double dBytes) { m_physicalMemory = dBytes; }
 
   void ShowMessage(std::string_view strText) override;
   int RunModal(CDialog& dialog) override;
@@ -87,6 +90,7 @@ class CHeadlessPlatform : public IPlatform {
   void EndWaitCursor() override;
   std::ostream& GetConsole() override;
   LocalTime GetLocalTime() override;
+  double GetPhysicalMemory() override { return m_physicalMemory.value_or(IPlatform::GetPhysicalMemory()); }
   void EnterModule() override;
   void LeaveModule() override;
 
@@ -99,6 +103,7 @@ class CHeadlessPlatform : public IPlatform {
   std::vector<std::string> m_messages;
   std::vector<std::string> m_scriptErrors;
   std::deque<LocalTime> m_clock;
+  std::optional<double> m_physicalMemory;
   CScriptedView* m_pTopView = nullptr;  ///< innermost open dialog; null when none is open
   int m_nWaitCursor = 0;
   int m_nWaitCursorCount = 0;

@@ -49,6 +49,9 @@ class IPlatform {
 
   virtual LocalTime GetLocalTime() = 0;
 
+  /// Bytes of the machine's memory; infinite where the system does not tell.
+  virtual double GetPhysicalMemory();
+
   /// Fraction 0..1 of the running analysis step; may be ignored.
   virtual void ReportProgress(double dFraction, std::string_view strLabel);
 

@@ -46,6 +46,12 @@ struct HistorySet {
   [[nodiscard]] int GetNodeCount() const { return values[c_nHistoryX].GetCols(); }
   [[nodiscard]] int GetElementCount() const { return values[c_nHistoryForce].GetCols(); }
 
+  /// Memory of the values of that shape.
+  [[nodiscard]] static double CountBytes(int nStepCount, int nNodes, int nElements) {
+    return sizeof(double) * static_cast<double>(nStepCount) * (3.0 * nNodes + nElements);
+  }
+  [[nodiscard]] double GetBytes() const { return CountBytes(nSteps, GetNodeCount(), GetElementCount()); }
+
   /// All zeros in the given shape.
   void Allocate(int nStepCount, int nNodes, int nElements) {
     nSteps = nStepCount;
