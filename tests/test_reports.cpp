@@ -49,7 +49,7 @@ TEST_F(Reports, AllModesHoldAllMass) {
   ASSERT_TRUE(pModel);
   pModel->Omega.erase(pModel->Omega.begin());
   pModel->Omega.resize(2);
-  ASSERT_TRUE(WriteModeFile(*pModel, strPath));
+  ASSERT_TRUE(WriteModeFile(*pModel, strPath, pModel->m_modalFindings));
   ModalJob analysis;
   analysis.combination = {{0, 1.0}};
   analysis.bVerify = true;

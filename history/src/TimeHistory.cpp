@@ -42,8 +42,8 @@ void CAnalysisModel::ReadLoadLog(const std::string& strPrefix) {
   LoadScript.assign(std::istreambuf_iterator<char>(*pStream), {});
 }
 
-bool CAnalysisModel::WriteHistoryFile() const {
-  if (WriteHistory(m_history, g_FilePathName + std::string(suffix::c_strHistory))) return true;
+bool CAnalysisModel::WriteHistoryFile() {
+  if (WriteHistory(m_history, g_FilePathName + std::string(suffix::c_strHistory), m_historyFindings)) return true;
   GetPlatform().ShowMessage(texts::c_strHistoryNotWritten);
   return false;
 }

@@ -1,9 +1,10 @@
 #include "StaticResultFile.h"
 
 #include <charconv>
-#include <fstream>
 #include <sstream>
 #include <string_view>
+
+#include "skyframe/platform/Platform.h"
 
 namespace skyframe::host {
 
@@ -36,7 +37,9 @@ bool SkipTo(std::istream& strm, std::string_view strHeading) {
 }  // namespace
 
 std::optional<StaticResultFile> ReadStaticResultFile(const std::string& strPath) {
-  std::ifstream strm(strPath);
+  const auto pStream = GetPlatform().OpenForReading(strPath);
+  if (!pStream) return std::nullopt;
+  std::istream& strm = *pStream;
   StaticResultFile result;
   std::string strLine;
   if (!SkipTo(strm, c_strReactionHeading)) return std::nullopt;

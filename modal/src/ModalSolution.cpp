@@ -190,7 +190,7 @@ void CAnalysisModel::SolveModes(const std::string& strJobPath, int nAnalysisType
   Omega = solution.GetFrequencies();
   ModeShapes = solution.FormModeShapes();
   ModesSolved = 1;
-  if (!WriteModeFile(*this, strJobPath)) GetPlatform().ShowMessage(c_strModeFileAccess);
+  if (!WriteModeFile(*this, strJobPath, m_modalFindings)) GetPlatform().ShowMessage(c_strModeFileAccess);
 }
 
 }  // namespace skyframe

@@ -66,7 +66,7 @@ void CAnalysisModel::SpectrumAnalysis(const std::string& strJobPath, int nAnalys
   const auto direction = NormaliseDirection(m_dDirCoef);
   if (!direction || !FormSpectrumModes(*this, *direction, nAnalysisType != 0, bUseLoadMass, modes)) return;
   const SpectrumResult result = CombineModes(*this, modes);
-  if (!WriteSpectrumFiles(*this, modes, result, strJobPath)) {
+  if (!WriteSpectrumFiles(*this, modes, result, strJobPath, m_spectrumFindings)) {
     GetPlatform().ShowMessage(c_strSpectrumFileAccess);
     return;
   }

@@ -4,7 +4,7 @@
 #include "ConvergenceTest.h"
 #include "StaticResult.h"
 #include "skyframe/model/AnalysisModel.h"
-#include "skyframe/platform/Platform.h"
+#include "skyframe/platform/OutputFile.h"
 #include "skyframe/values/ResultFiles.h"
 #include "texts.h"
 
@@ -27,9 +27,9 @@ void CAnalysisModel::SolveStaticNonlinear(const std::string& strJobPath) {
   if (!IterateToEquilibrium()) return;
 
   GetPlatform().BeginWaitCursor();
-  CResultFile file(strJobPath + std::string(suffix::c_strStaticNonlinear));
+  COutputFile file(strJobPath + std::string(suffix::c_strStaticNonlinear));
   if (file.IsOpen()) WriteStaticResult(file.GetWriter(), c_strNonlinearHeading, *this);
-  if (!file.Commit()) GetPlatform().ShowMessage(c_strFileNotWritten);
+  if (!CommitResult(file, m_staticFindings)) GetPlatform().ShowMessage(c_strFileNotWritten);
   GetPlatform().EndWaitCursor();
 }
 

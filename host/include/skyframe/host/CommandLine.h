@@ -8,8 +8,9 @@ namespace skyframe::host {
 
 /// Exit statuses.
 inline constexpr int c_nExitGood = 0;
-inline constexpr int c_nExitAnalysisFailed = 1;  ///< an analysis ended with a message or without a result
-inline constexpr int c_nExitBadInput = 2;        ///< wrong arguments or job file; nothing was written
+inline constexpr int c_nExitAnalysisFailed =
+    1;                                     ///< an analysis ended with a message or without a result, or output was lost
+inline constexpr int c_nExitBadInput = 2;  ///< wrong arguments or job file; nothing was written
 
 /// The program `skyframe`: arguments without the program's own name, exit status as the result.
 [[nodiscard]] int RunCommandLine(const std::vector<std::string>& arguments, std::ostream& out, std::ostream& err);

@@ -140,8 +140,8 @@ class CAnalysisModel {
   void NewmarkIntegration(const std::string& strPrefix, int nAssumption, int bGroundMotion);
   /// Copies strPrefix + "impulseload.log" into LoadScript; without the file a line on the console.
   void ReadLoadLog(const std::string& strPrefix);
-  /// Writes m_history to g_FilePathName + "_HisTime.txt"; false when that was not possible.
-  bool WriteHistoryFile() const;
+  /// Writes m_history to g_FilePathName + "_HisTime.txt"; after a message false when that was not possible.
+  bool WriteHistoryFile();
   /// Adds the positive vertical loads of the combination over g to M at their nodes' translations.
   void AddStaticLoadMass(SparseMatrix& M);
 
@@ -203,6 +203,8 @@ class CAnalysisModel {
   void ApplyConstraints(SparseMatrix& K) const;
   /// A = 0 with the profile of the model, in the memory it has where that fits. False when there is none.
   [[nodiscard]] bool ClearMatrix(SparseMatrix& A) const;
+  /// Displacements, internal forces and reactions under the combination; false after a message.
+  [[nodiscard]] bool SolveLinear();
   /// Modified Newton-Raphson with the factorised stiffness; false after its message.
   [[nodiscard]] bool IterateToEquilibrium();
 
