@@ -247,16 +247,16 @@ TEST(Files, RunsAtOnceLeaveWholeFiles) {
   for (const char cFill : {'a', 'b', 'c'}) {
     children.push_back(fork());
     if (children.back() != 0) continue;
-    for (int i = 0; i < 40; ++i) {
+    for (int i = 0; i < 400; ++i) {
       COutputFile file(strPath);
-      file.GetStream() << std::string(200000, cFill);
+      file.GetStream() << std::string(100000, cFill);
       if (!file.Commit()) _exit(1);
     }
     _exit(0);
   }
   for (int i = 0; i < 100; ++i) {
     const std::string strText = job.Read(".txt");
-    ASSERT_TRUE(strText.empty() || strText == std::string(200000, strText.front()));
+    ASSERT_TRUE(strText.empty() || strText == std::string(100000, strText.front()));
   }
   for (const pid_t nChild : children) {
     int nStatus = -1;
