@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <cmath>
@@ -11,6 +12,7 @@
 #include <tuple>
 #include <vector>
 
+#include "FullDisk.h"
 #include "TestPlatform.h"
 #include "skyframe/dialogs/DynOptionDlg.h"
 #include "skyframe/dialogs/ModeDlg.h"
@@ -116,7 +118,6 @@ TEST_F(CommandLine, WrongArgumentsEndWithStatusTwo) {
       {"generate", "dome", "--rise", "30"},
       {"generate", "arch", "--segments", "5"},
       {"generate", "arch", "--rise", "nan"},
-      {"generate", "arch", "-o", Path("no/such/directory.json")},
   };
   for (const auto& arguments : commands) {
     const Outcome outcome = Run(arguments);
@@ -137,6 +138,74 @@ TEST_F(CommandLine, ABadJobListsItsErrorsAndWritesNothing) {
   }
   EXPECT_EQ(CountFiles(), 1U);
   EXPECT_EQ(Run({"run", Path("none.json")}).strErr, Path("none.json") + ": /: cannot be opened\n");
+}
+
+TEST_F(CommandLine, OutputThatCannotBeWrittenIsReported) {
+  const std::string strAnalysis = R"({"type": "static", "nonlinear": false, "combination": {"0": 1}})";
+  const std::string strJob = Write("job.json", MakeCantilever("111111", strAnalysis));
+  ASSERT_EQ(RunJobFile(strJob).nStatus, 0);
+  fs::create_symlink("job.json", Path("link"));
+  fs::create_hard_link(strJob, Path("same"));
+  fs::create_symlink("absent", Path("dangling"));
+  mkfifo(Path("pipe").c_str(), 0666);
+  const std::string strOwn = ": belongs to the job; choose another name\n";
+  const struct {
+    std::string strOutput, strReason;
+    int nRun = 2, nPlot = 2;
+  } cases[] = {
+      {"/dev/null", "", 0, 0},
+      {"/dev/full", ": No space left on device\n", 1},
+      {Path("dangling"), ": is a symbolic link\n"},
+      {Path("pipe"), ": is not a regular file\n"},
+      {Path("no/such.svg"), ": No such file or directory\n"},
+      {strJob, strOwn},
+      {Path("./none/../job.json"), strOwn},
+      {Path("link"), strOwn},
+      {Path("same"), strOwn},
+      {Path("job_StaticLinearSol.txt"), strOwn},
+      {Path("job.mode"), strOwn},
+  };
+  for (const auto& c : cases) {
+    const std::string strExpected =
+        c.strReason.empty() ? "" : (c.strReason == strOwn ? "" : "cannot write ") + c.strOutput + c.strReason;
+    const Outcome run = Run({"run", strJob, "--log", c.strOutput});
+    EXPECT_EQ(std::tuple(run.nStatus, run.strErr), std::tuple(c.nRun, strExpected));
+    EXPECT_EQ(run.strOut.empty(), c.nRun == 2);
+    const Outcome plot = Run({"plot", strJob, "--deformed", "-o", c.strOutput});
+    EXPECT_EQ(std::tuple(plot.nStatus, plot.strErr), std::tuple(c.nPlot, strExpected));
+  }
+  for (const std::vector<std::string>& arguments : {std::vector<std::string>{"generate", "arch"}, {"--help"}}) {
+    std::ofstream full("/dev/full");
+    std::ostringstream err;
+    EXPECT_EQ(RunCommandLine(arguments, full, err), 1);
+    EXPECT_EQ(err.str(), "cannot write the standard output: No space left on device\n");
+  }
+  EXPECT_EQ(Run({"plot", strJob, "", "--deformed", "-o", Path("p.svg")}).strErr, "an argument is empty\n");
+  EXPECT_EQ(Run({"check", Path("pipe")}).strErr, Path("pipe") + ": /: cannot be opened\n");
+}
+
+TEST_F(CommandLine, AResultThatCannotBeWrittenLeavesTheOldOne) {
+  const std::pair<std::string, std::string> cases[] = {
+      {R"({"type": "static", "nonlinear": false, "combination": {"0": 1}})", "job_StaticLinearSol.txt"},
+      {R"({"type": "static"})", "job_StaticNonlinearSol.txt"},
+      {R"({"type": "modal", "modes": 1})", "job.mode"},
+  };
+  for (const auto& [strAnalysis, strResult] : cases) {
+    const std::string strJob = Write("job.json", MakeCantilever("111111", strAnalysis));
+    EXPECT_EQ(RunJobFile(strJob).nStatus, 0) << strResult;
+    const std::string strPath = Write(strResult, "old");
+    {
+      const test::CFullDisk full;
+      EXPECT_EQ(Run({"run", strJob, "--log", "/dev/null"}).nStatus, 1);
+    }
+    EXPECT_EQ(fs::file_size(strPath), 3U) << strResult;
+    fs::permissions(strPath, fs::perms(0444));
+    EXPECT_EQ(RunJobFile(strJob).nStatus, 1);
+    EXPECT_EQ(fs::file_size(strPath), 3U) << strResult;
+    fs::remove(strPath);
+    mkfifo(strPath.c_str(), 0666);
+    EXPECT_EQ(RunJobFile(strJob).nStatus, 1);
+  }
 }
 
 // P L^3/(3 E I) with P = 1 * 8 + 0.5 * 4 kN. Case 1 has no loads, the loads come out of order, and the

@@ -7,6 +7,7 @@
 #include "HostModel.h"
 #include "TestPlatform.h"
 #include "skyframe/history/HistoryFile.h"
+#include "skyframe/values/Findings.h"
 
 namespace skyframe {
 namespace {
@@ -63,6 +64,7 @@ class HistoryFile : public testing::Test {
   test::CTestPlatform m_platform;
   test::CHostModel m_host;
   const test::CJobFolder m_folder{"history_file"};
+  RunFindings m_findings;
 };
 
 TEST_F(HistoryFile, ExactText) {
@@ -76,7 +78,7 @@ TEST_F(HistoryFile, ExactText) {
   for (const auto& c : cases) {
     history.nMethod = c.nMethod;
     history.nAssumption = c.nAssumption;
-    ASSERT_TRUE(WriteHistory(history, m_folder.GetPath("_HisTime.txt")));
+    ASSERT_TRUE(WriteHistory(history, m_folder.GetPath("_HisTime.txt"), m_findings));
     EXPECT_EQ(m_folder.Read("_HisTime.txt"), Replace(cases[0].strLines, c.strLines));
   }
 }
@@ -94,10 +96,10 @@ TEST_F(HistoryFile, WhatIsReadIsWrittenBackTheSame) {
       }
     }
     if (nSteps > 0) history.values[0][0][0] = std::numeric_limits<double>::quiet_NaN();
-    ASSERT_TRUE(WriteHistory(history, m_folder.GetPath("_HisTime.txt")));
+    ASSERT_TRUE(WriteHistory(history, m_folder.GetPath("_HisTime.txt"), m_findings));
     ASSERT_TRUE(ReadHistoryFile(read));
     EXPECT_TRUE(read.bComplete);
-    ASSERT_TRUE(WriteHistory(read, m_folder.GetPath("_again.txt")));
+    ASSERT_TRUE(WriteHistory(read, m_folder.GetPath("_again.txt"), m_findings));
     EXPECT_EQ(m_folder.Read("_again.txt"), m_folder.Read("_HisTime.txt"));
   }
 }
@@ -126,7 +128,7 @@ TEST_F(HistoryFile, LongStepNumbersFillTheirField) {
   HistorySet history;
   history.Allocate(100001, 1, 0);
   history.values[0][100000][0] = 4.5;
-  ASSERT_TRUE(WriteHistory(history, m_folder.GetPath("_HisTime.txt")));
+  ASSERT_TRUE(WriteHistory(history, m_folder.GetPath("_HisTime.txt"), m_findings));
   const std::string strText = m_folder.Read("_HisTime.txt");
   EXPECT_NE(strText.find("\nTime.100000              0"), std::string::npos);
   const std::optional<HistorySet> read = ParseHistory(strText, 1, 0);
@@ -181,7 +183,7 @@ TEST_F(HistoryFile, CurveFiles) {
 
 TEST_F(HistoryFile, UnwritablePlacesAreReported) {
   const std::string strNowhere = m_folder.GetPath("/none/x");
-  EXPECT_FALSE(WriteHistory(MakeHistory(), strNowhere));
+  EXPECT_FALSE(WriteHistory(MakeHistory(), strNowhere, m_findings));
   EXPECT_FALSE(WriteCurve(MakeHistory(), {0, 1}, strNowhere));
 }
 

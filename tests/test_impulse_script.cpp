@@ -7,6 +7,7 @@
 #include "HostModel.h"
 #include "TestPlatform.h"
 #include "skyframe/history/ImpulseScript.h"
+#include "skyframe/values/Findings.h"
 
 namespace skyframe {
 namespace {
@@ -53,7 +54,8 @@ TEST(ImpulseCompose, ExactText) {
 TEST(ImpulseCompose, SavedAsItIs) {
   test::CTestPlatform platform;
   const test::CJobFolder folder("impulse");
-  ASSERT_TRUE(SaveImpulseScript(folder.GetJobPath(), "/IMPULSELOAD/\r\n/END/"));
+  RunFindings findings;
+  ASSERT_TRUE(SaveImpulseScript(folder.GetJobPath(), "/IMPULSELOAD/\r\n/END/", findings));
   EXPECT_EQ(folder.Read("_Loadinputtest.txt"), "/IMPULSELOAD/\r\n/END/");
 }
 

@@ -71,7 +71,7 @@ TEST(ModeFile, LinesFollowTheHostOrderBeforeRenumbering) {
   COMDAT.m_pSecondOrder = second.data();
   bar.model.Omega = {10.0};
   bar.model.ModeShapes = CMatrix(1, 1, 0.5);  // the free equation belongs to internal node 1 (number 2)
-  ASSERT_TRUE(WriteModeFile(bar.model, bar.folder.GetJobPath()));
+  ASSERT_TRUE(WriteModeFile(bar.model, bar.folder.GetJobPath(), bar.model.m_modalFindings));
   COMDAT.m_pSecondOrder = nullptr;
   std::istringstream strm(bar.folder.Read(".mode"));
   const std::vector<std::string> words(std::istream_iterator<std::string>(strm), {});

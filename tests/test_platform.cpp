@@ -1,28 +1,38 @@
 #include <gtest/gtest.h>
 
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
 #include <array>
 #include <bit>
 #include <cmath>
 #include <cstdio>
 #include <filesystem>
+#include <functional>
 #include <iostream>
 #include <limits>
+#include <optional>
 #include <random>
 #include <sstream>
 #include <string>
 #include <vector>
 
+#include "FullDisk.h"
 #include "HostModel.h"
 #include "TestPlatform.h"
 #include "skyframe/platform/Dialog.h"
 #include "skyframe/platform/HeadlessPlatform.h"
 #include "skyframe/platform/NumberText.h"
+#include "skyframe/platform/OutputFile.h"
 #include "skyframe/platform/PaintContext.h"
-#include "skyframe/platform/TextWriter.h"
+#include "skyframe/values/Findings.h"
 
 namespace skyframe {
 namespace {
 
+namespace fs = std::filesystem;
+using test::CFullDisk;
 using test::CJobFolder;
 using test::CTestPlatform;
 using Strings = std::vector<std::string>;
@@ -114,61 +124,146 @@ TEST(TextWriter, LongOutputArrivesWholeAndAFailedStreamIsReported) {
 
 // ---- Files -----------------------------------------------------------------------------------------------------
 
-/// A disk that takes no byte.
-class CFullDiskPlatform : public CHeadlessPlatform {
- public:
-  CFullDiskPlatform() : CHeadlessPlatform(std::cerr, std::cout) {}
-  std::unique_ptr<std::ostream> OpenForWriting(const std::string& strPath) override {
-    CHeadlessPlatform::OpenForWriting(strPath)->flush();
-    return std::make_unique<std::ostream>(&m_buffer);
-  }
-
- private:
-  std::stringbuf m_buffer{std::ios::in};
-};
-
-TEST(Files, BackslashSeparatesDirectoriesAndWhatIsNotThereIsNull) {
-  CTestPlatform platform;
-  const CJobFolder job("platform_paths");
-  std::filesystem::create_directory(job.GetPath("s"));
-  const std::string strPath = job.GetPath("s\\地震.txt");
-  *platform->OpenForWriting(strPath) << "0.5\n";
-  EXPECT_EQ(job.Read("s/地震.txt"), "0.5\n");
-  EXPECT_NE(platform->OpenForReading(strPath), nullptr);
-  EXPECT_EQ(platform->OpenForReading(job.GetPath("absent.txt")), nullptr);
-  EXPECT_EQ(platform->OpenForReading(job.GetPath("s")), nullptr) << "a directory is no file";
-  EXPECT_EQ(platform->OpenForWriting(job.GetPath("absent/file.txt")), nullptr);
-  EXPECT_TRUE(platform->RenameFile(strPath, job.GetPath("s\\b.txt")));
-  EXPECT_FALSE(platform->RenameFile(strPath, job.GetPath("s\\c.txt")));
-  EXPECT_TRUE(platform->RemoveFile(job.GetPath("s\\b.txt")));
-  EXPECT_FALSE(platform->RemoveFile(job.GetPath("s\\b.txt")));
+/// Writes more than any buffer holds; the reason why it could not be committed.
+std::string WriteMuch(COutputFile& file, RunFindings& findings) {
+  file.GetWriter().Text(std::string(3U << 20U, 'n')).Text("end");
+  const bool bWritten = CommitResult(file, findings);
+  EXPECT_EQ(bWritten, file.GetError().empty());
+  return file.GetError();
 }
 
-TEST(Files, ResultFileReplacesTheOldOneOnlyWhenComplete) {
-  const CJobFolder job("platform_result");
-  job.Write(".txt", "old");
-  CFullDiskPlatform full;
-  for (const bool bFull : {false, true}) {  // given up; the disk is full
-    IPlatform* const pPrevious = bFull ? InstallPlatform(&full) : &GetPlatform();
-    {
-      CResultFile file(job.GetPath(".txt"));
-      ASSERT_TRUE(file.IsOpen());
-      file.GetWriter().Text("new");
-      EXPECT_FALSE(bFull && file.Commit());
+TEST(Files, BackslashSeparatesDirectoriesAndOnlyRegularFilesAreRead) {
+  const CJobFolder job("platform_paths");
+  fs::create_directory(job.GetPath("s"));
+  RunFindings findings;
+  COutputFile file(job.GetPath("s\\地震.txt"));
+  file.GetStream() << "0.5\n";
+  ASSERT_TRUE(CommitResult(file, findings));
+  EXPECT_EQ(findings.files, Strings{job.GetPath("s\\地震.txt")});
+  EXPECT_EQ(job.Read("s/地震.txt"), "0.5\n");
+  fs::create_symlink(job.GetPath("s/地震.txt"), job.GetPath("link"));
+  mkfifo(job.GetPath("pipe").c_str(), 0666);
+  for (const auto& [szName, bReadable] :
+       {std::pair("s\\地震.txt", true), {"link", true}, {"absent", false}, {"s", false}, {"pipe", false}}) {
+    const auto pStream = GetPlatform().OpenForReading(job.GetPath(szName));
+    ASSERT_EQ(pStream != nullptr, bReadable) << szName;
+    if (bReadable) {
+      EXPECT_EQ(std::string(std::istreambuf_iterator<char>(*pStream), {}), "0.5\n");
     }
-    InstallPlatform(pPrevious);
-    EXPECT_EQ(job.Read(".txt"), "old");
-    EXPECT_EQ(job.List().size(), 1U) << "the temporary file is left over";
   }
-  CResultFile file(job.GetPath(".txt"));
-  file.GetWriter().Text("new").EndLine();
-  EXPECT_EQ(job.Read(".txt"), "old") << "visible before it is complete";
-  EXPECT_TRUE(file.Commit());
-  EXPECT_EQ(job.Read(".txt"), "new\n");
-  EXPECT_EQ(job.List().size(), 1U);
-  CResultFile nowhere(job.GetPath("absent/job.txt"));
-  EXPECT_FALSE(nowhere.IsOpen());
-  EXPECT_FALSE(nowhere.Commit());
+}
+
+// Whether the damage is there before the file is opened or comes while it is written.
+TEST(Files, WhatCannotBeWrittenLeavesTheOldFileAndSaysWhy) {
+  using Path = const fs::path&;
+  const struct {
+    std::string strReason;
+    std::function<void(Path)> damage;
+  } cases[] = {
+      {"is a symbolic link", [](Path p) { fs::rename(p, p.string() + "2"), fs::create_symlink("file.txt2", p); }},
+      {"is a symbolic link", [](Path p) { fs::remove(p), fs::create_symlink("absent", p); }},
+      {"is not a regular file", [](Path p) { fs::remove(p), mkfifo(p.c_str(), 0666); }},
+      {"is not a regular file", [](Path p) { fs::remove(p), fs::create_directory(p); }},
+      {"Permission denied", [](Path p) { fs::permissions(p, fs::perms(0444)); }},
+      {"No such file or directory", [](Path p) { fs::remove_all(p.parent_path()); }},
+  };
+  for (const auto& c : cases) {
+    for (const bool bLate : {false, true}) {
+      SCOPED_TRACE(c.strReason + (bLate ? " later" : " before"));
+      const CJobFolder job("platform_damage");
+      const std::string strPath = job.GetPath("s/file.txt");
+      fs::create_directory(job.GetPath("s"));
+      job.Write("s/file.txt", "old");
+      RunFindings findings;
+      {
+        const auto pEarly = bLate ? std::make_unique<COutputFile>(strPath) : nullptr;
+        c.damage(strPath);
+        const auto pFile = bLate ? nullptr : std::make_unique<COutputFile>(strPath);
+        EXPECT_EQ(WriteMuch(bLate ? *pEarly : *pFile, findings), c.strReason);
+      }
+      ASSERT_EQ(findings.failures.size(), 1U);
+      EXPECT_EQ(findings.failures[0].strPath + findings.failures[0].strReason, strPath + c.strReason);
+      EXPECT_EQ(findings.files, Strings{});
+      EXPECT_EQ(fs::is_regular_file(strPath) ? job.Read("s/file.txt") : "old", "old");
+      std::error_code error;
+      for (const auto& entry : fs::directory_iterator(job.GetPath("s"), error)) {
+        EXPECT_NE(entry.path().extension(), ".part");
+      }
+    }
+  }
+}
+
+TEST(Files, AFullDiskAndAFullDeviceAreNoticed) {
+  const CJobFolder job("platform_full");
+  job.Write(".txt", "old");
+  RunFindings findings;
+  for (const char* const szText : {"n", ""}) {
+    std::optional<CFullDisk> full(std::in_place);
+    COutputFile file(job.GetPath(".txt"));
+    file.GetStream() << szText;
+    EXPECT_EQ(file.Commit(), *szText == '\0');
+    EXPECT_EQ(file.GetError(), *szText == '\0' ? "" : "File too large");
+    full.reset();
+    EXPECT_EQ(job.Read(".txt"), *szText == '\0' ? "" : "old");
+  }
+  for (const auto& [szDevice, szReason] : {std::pair("/dev/null", ""), {"/dev/full", "No space left on device"}}) {
+    COutputFile device(szDevice, OutputPlace::FileOrDevice);
+    EXPECT_EQ(WriteMuch(device, findings), szReason);
+    EXPECT_EQ(COutputFile(szDevice).GetError(), "is not a regular file");
+  }
+}
+
+TEST(Files, LeftoversOfAKilledRunGoAndThoseOfALiveOneStay) {
+  const CJobFolder job("platform_orphans");
+  const pid_t nChild = fork();
+  if (nChild == 0) {
+    COutputFile killed(job.GetPath(".txt"));
+    killed.GetStream() << "half" << std::flush;
+    _exit(0);  // nobody tidies up
+  }
+  waitpid(nChild, nullptr, 0);
+  ASSERT_EQ(job.List().size(), 1U);
+  for (const char* const szOther : {".txt.part", ".txt.0123456g.part", ".txt2.01234567.part"}) job.Write(szOther, "");
+  fs::create_symlink(job.GetPath(".txt.part"), job.GetPath(".txt.01234567.part"));
+  mkfifo(job.GetPath(".txt.12345678.part").c_str(), 0666);
+  RunFindings findings;
+  COutputFile first(job.GetPath(".txt"));
+  EXPECT_EQ(job.List().size(), 6U);
+  first.GetStream() << "first";
+  COutputFile second(job.GetPath(".txt"));
+  EXPECT_EQ(job.List().size(), 7U);
+  EXPECT_EQ(WriteMuch(second, findings), "");
+  fs::permissions(job.GetPath(".txt"), fs::perms(0640));
+  EXPECT_TRUE(first.Commit()) << first.GetError();
+  EXPECT_EQ(job.Read(".txt"), "first");
+  EXPECT_EQ(fs::status(job.GetPath(".txt")).permissions(), fs::perms(0640));
+  EXPECT_EQ(job.List().size(), 6U);
+}
+
+TEST(Files, RunsAtOnceLeaveWholeFiles) {
+  const CJobFolder job("platform_runs");
+  const std::string strPath = job.GetPath(".txt");
+  std::vector<pid_t> children;
+  for (const char cFill : {'a', 'b', 'c'}) {
+    children.push_back(fork());
+    if (children.back() != 0) continue;
+    for (int i = 0; i < 400; ++i) {
+      COutputFile file(strPath);
+      file.GetStream() << std::string(100000, cFill);
+      if (!file.Commit()) _exit(1);
+    }
+    _exit(0);
+  }
+  for (int i = 0; i < 100; ++i) {
+    const std::string strText = job.Read(".txt");
+    ASSERT_TRUE(strText.empty() || strText == std::string(100000, strText.front()));
+  }
+  for (const pid_t nChild : children) {
+    int nStatus = -1;
+    waitpid(nChild, &nStatus, 0);
+    EXPECT_EQ(nStatus, 0) << "a file was not written";
+  }
+  EXPECT_EQ(job.List(), Strings{"job.txt"});
 }
 
 // ---- Platform --------------------------------------------------------------------------------------------------

@@ -74,7 +74,7 @@ void ComposeScript(CAnalysisModel& model, const CNewmarkDlg& dialog) {
   std::vector<ImpulseEntry> entries;
   for (const ImpulseLoad& load : dialog.m_impulses) entries.push_back({load.nNode, load.nDirection, load.dPeak});
   model.LoadScript = ComposeImpulseScript(entries, dialog.m_nImpulseType, dialog.m_dImpulseTime, dialog.m_dTimeStep);
-  SaveImpulseScript(g_strJobPath, model.LoadScript);
+  SaveImpulseScript(g_strJobPath, model.LoadScript, model.m_historyFindings);
 }
 
 int RunNewmark(CAnalysisModel& model) {

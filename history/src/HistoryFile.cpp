@@ -2,7 +2,7 @@
 
 #include <span>
 
-#include "skyframe/platform/TextWriter.h"
+#include "skyframe/platform/OutputFile.h"
 #include "skyframe/values/ResultFiles.h"
 #include "texts.h"
 
@@ -39,9 +39,8 @@ void WriteBlock(CTextWriter& out, std::string_view strLabel, int nIndex, int nSt
 
 }  // namespace
 
-bool WriteHistory(const HistorySet& history, const std::string& strPath) {
-  CResultFile file(strPath);
-  if (!file.IsOpen()) return false;
+bool WriteHistory(const HistorySet& history, const std::string& strPath, RunFindings& findings) {
+  COutputFile file(strPath);
   CTextWriter& out = file.GetWriter();
   WriteHeader(out, history, texts::c_strIncrement);
   const std::span<const CHistoryTable> values = history.values;
@@ -51,14 +50,13 @@ bool WriteHistory(const HistorySet& history, const std::string& strPath) {
   for (int j = 0; j < history.GetElementCount(); ++j) {
     WriteBlock(out, texts::c_strMemberLabel, j, history.nSteps, values.subspan(c_nHistoryForce));
   }
-  return file.Commit();
+  return CommitResult(file, findings);
 }
 
 bool WriteCurve(const HistorySet& history, const HistoryCurve& curve, const std::string& strPrefix) {
   const bool bElement = curve.nQuantity == c_nHistoryForce;
   const std::string_view strSuffix = bElement ? suffix::c_strElementHistory : suffix::c_strNodeHistory;
-  CResultFile file(strPrefix + "_" + std::to_string(curve.nNumber) + std::string(strSuffix));
-  if (!file.IsOpen()) return false;
+  COutputFile file(strPrefix + "_" + std::to_string(curve.nNumber) + std::string(strSuffix));
   CTextWriter& out = file.GetWriter();
   WriteHeader(out, history, texts::c_strIncrementOfOne);
   const auto nQuantity = static_cast<std::size_t>(curve.nQuantity);

@@ -8,7 +8,7 @@
 #include <system_error>
 
 #include "skyframe/platform/NumberText.h"
-#include "skyframe/platform/TextWriter.h"
+#include "skyframe/platform/OutputFile.h"
 #include "skyframe/values/ResultFiles.h"
 #include "texts.h"
 
@@ -111,10 +111,10 @@ std::string ComposeImpulseScript(std::span<const ImpulseEntry> entries, int nSha
   return strText.append(texts::c_strEndTag);
 }
 
-bool SaveImpulseScript(const std::string& strPrefix, std::string_view strText) {
-  CResultFile file(strPrefix + std::string(suffix::c_strImpulseEcho));
-  if (file.IsOpen()) file.GetWriter().Text(strText);
-  return file.Commit();
+bool SaveImpulseScript(const std::string& strPrefix, std::string_view strText, RunFindings& findings) {
+  COutputFile file(strPrefix + std::string(suffix::c_strImpulseEcho));
+  file.GetWriter().Text(strText);
+  return CommitResult(file, findings);
 }
 
 bool CImpulseScript::FindBlocks() {

@@ -43,13 +43,8 @@ void CAnalysisModel::ReadLoadLog(const std::string& strPrefix) {
 }
 
 bool CAnalysisModel::WriteHistoryFile() {
-  const std::string strPath = g_FilePathName + std::string(suffix::c_strHistory);
-  if (WriteHistory(m_history, strPath)) {
-    m_historyFindings.files.push_back(strPath);
-    return true;
-  }
+  if (WriteHistory(m_history, g_FilePathName + std::string(suffix::c_strHistory), m_historyFindings)) return true;
   m_historyFindings.status = RunStatus::Failed;
-  m_historyFindings.failures.push_back({strPath, {}});
   GetPlatform().ShowMessage(texts::c_strHistoryNotWritten);
   return false;
 }

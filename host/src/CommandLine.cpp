@@ -3,19 +3,26 @@
 #include <unistd.h>
 
 #include <CLI/CLI.hpp>
-#include <fstream>
+#include <algorithm>
+#include <cerrno>
+#include <filesystem>
 #include <iostream>
 #include <new>
+#include <system_error>
 
 #include "skyframe/host/DataDirectory.h"
 #include "skyframe/host/Generate.h"
 #include "skyframe/host/JobFile.h"
 #include "skyframe/host/JobRunner.h"
 #include "skyframe/host/Plots.h"
+#include "skyframe/platform/OutputFile.h"
+#include "skyframe/values/ResultFiles.h"
 
 namespace skyframe::host {
 
 namespace {
+
+namespace fs = std::filesystem;
 
 /// Swallows the module's progress lines.
 class CNullBuffer final : public std::streambuf {
@@ -32,6 +39,24 @@ void PrintProblems(const std::string& strFile, const std::vector<JobProblem>& pr
   }
 }
 
+/// Files that the analyses of a job read and write.
+constexpr std::string_view c_strJobSuffixes[] = {
+    suffix::c_strStaticLinear,    suffix::c_strStaticNonlinear, suffix::c_strModes,
+    suffix::c_strSpectrum,        suffix::c_strVirtualMode,     suffix::c_strVirtualResponse,
+    suffix::c_strHistory,         suffix::c_strImpulseEcho,     suffix::c_strImpulseLoad,
+    suffix::c_strAcceleration[0], suffix::c_strAcceleration[1], suffix::c_strAcceleration[2],
+    suffix::c_strAcceleration[3]};
+
+/// Also through links and other spellings; the files need not be there.
+bool IsSameFile(const std::string& strOne, const std::string& strOther) {
+  const fs::path one = ToFilePath(strOne);
+  const fs::path other = ToFilePath(strOther);
+  std::error_code error;
+  if (fs::equivalent(one, other, error)) return true;
+  const fs::path place = fs::weakly_canonical(fs::absolute(one, error), error);
+  return !place.empty() && place == fs::weakly_canonical(fs::absolute(other, error), error);
+}
+
 class CCommandLine {
  public:
   CCommandLine(std::ostream& out, std::ostream& err) : m_out(out), m_err(err) {
@@ -44,6 +69,8 @@ class CCommandLine {
   }
 
   int Run(std::vector<std::string> arguments) {
+    // The parser would look at it for ever.
+    if (std::ranges::find(arguments, "") != arguments.end()) return Refuse("an argument is empty");
     std::reverse(arguments.begin(), arguments.end());  // as the parser wants it
     try {
       m_app.parse(arguments);
@@ -176,17 +203,23 @@ class CCommandLine {
   }
 
   int OnRun() {
+    if (IsJobFile(m_strLogFile)) return RefuseJobFile(m_strLogFile);
     const std::optional<Job> job = LoadJob();
     if (!job) return c_nExitBadInput;
-    std::ofstream log;
-    if (!m_strLogFile.empty()) {
-      log.open(m_strLogFile);
-      if (!log) return Refuse(m_strLogFile + ": cannot be written");
-    }
+    if (m_strLogFile.empty()) return RunAnalyses(*job, m_out);
+    COutputFile log(m_strLogFile, OutputPlace::FileOrDevice);
+    if (!log.IsOpen()) return RefuseToWrite(log);
+    const int nStatus = RunAnalyses(*job, log.GetStream());
+    if (log.Commit()) return nStatus;
+    RefuseToWrite(log);
+    return c_nExitAnalysisFailed;
+  }
+
+  int RunAnalyses(const Job& job, std::ostream& console) {
     const bool bTerminal = &m_err == &std::cerr && isatty(STDERR_FILENO) == 1;
-    const HostStreams streams{m_out, m_err, m_strLogFile.empty() ? m_out : log, bTerminal ? &m_err : nullptr};
-    if (!job->strTitle.empty()) m_out << job->strTitle << '\n';
-    const RunOutcome outcome = RunJob(*job, GetJobPath(m_strJobFile), m_strProgramPath, streams);
+    const HostStreams streams{m_out, m_err, console, bTerminal ? &m_err : nullptr};
+    if (!job.strTitle.empty()) m_out << job.strTitle << '\n';
+    const RunOutcome outcome = RunJob(job, GetJobPath(m_strJobFile), m_strProgramPath, streams);
     if (!outcome.bGood) return c_nExitAnalysisFailed;
     return m_bStrict && (outcome.bWarned || m_bInputWarned) ? c_nExitWarned : c_nExitGood;
   }
@@ -201,6 +234,7 @@ class CCommandLine {
 
   int OnPlot(const CLI::App& what, const CLI::Option& node, const CLI::Option& element) {
     const bool bHistory = node.count() + element.count() > 0;
+    if (IsJobFile(m_strOutput)) return RefuseJobFile(m_strOutput);
     if (m_plot.bViewer && !bHistory) return Refuse("--viewer: belongs to --node or --element");
     using Kind = PlotRequest::Kind;
     m_plot.kind = what.count("--mode") > 0 ? Kind::Mode
@@ -211,10 +245,7 @@ class CCommandLine {
     const std::optional<Job> job = LoadJob();
     if (!job) return c_nExitBadInput;
     const std::optional<std::string> strPicture = DrawPlot(*job, GetJobPath(m_strJobFile), m_plot, m_err);
-    if (!strPicture) return c_nExitBadInput;
-    std::ofstream strm(m_strOutput, std::ios::binary);
-    strm << *strPicture << std::flush;
-    return strm ? c_nExitGood : Refuse(m_strOutput + ": cannot be written");
+    return strPicture ? Save(*strPicture) : c_nExitBadInput;
   }
 
   int OnGenerateBuilding(const CLI::App& app) {
@@ -251,9 +282,30 @@ class CCommandLine {
       m_out << strText;
       return c_nExitGood;
     }
-    std::ofstream strm(m_strOutput, std::ios::binary);
-    strm << strText << std::flush;
-    return strm ? c_nExitGood : Refuse(m_strOutput + ": cannot be written");
+    return Save(strText);
+  }
+
+  int Save(const std::string& strText) {
+    COutputFile file(m_strOutput, OutputPlace::FileOrDevice);
+    file.GetStream() << strText;
+    return file.Commit() ? c_nExitGood : RefuseToWrite(file);
+  }
+
+  /// Whether an output would take the place of the job file, of a result or of an input beside it.
+  [[nodiscard]] bool IsJobFile(const std::string& strOutput) const {
+    const std::string strJobPath = GetJobPath(m_strJobFile);
+    return IsSameFile(strOutput, m_strJobFile) ||
+           std::ranges::any_of(c_strJobSuffixes, [&](std::string_view strSuffix) {
+             return IsSameFile(strOutput, strJobPath + std::string(strSuffix));
+           });
+  }
+
+  int RefuseJobFile(const std::string& strOutput) {
+    return Refuse(strOutput + ": belongs to the job; choose another name");
+  }
+
+  int RefuseToWrite(const COutputFile& file) {
+    return Refuse("cannot write " + file.GetPath() + ": " + file.GetError());
   }
 
   int Refuse(const std::string& strReason) {
@@ -282,11 +334,22 @@ class CCommandLine {
   ArchParameters m_arch;
 };
 
+/// Whether all output has left the program; says so when not.
+bool IsWritten(std::ostream& out, std::ostream& err) {
+  errno = 0;
+  if (out.flush()) return true;
+  err << "cannot write the standard output";
+  if (errno != 0) err << ": " << std::generic_category().message(errno);
+  err << '\n';
+  return false;
+}
+
 }  // namespace
 
 int RunCommandLine(const std::vector<std::string>& arguments, std::ostream& out, std::ostream& err) {
   try {
-    return CCommandLine(out, err).Run(arguments);
+    const int nStatus = CCommandLine(out, err).Run(arguments);
+    return IsWritten(out, err) || nStatus != c_nExitGood ? nStatus : c_nExitAnalysisFailed;
   } catch (const std::bad_alloc&) {
     err << "out of memory\n";
     return c_nExitAnalysisFailed;

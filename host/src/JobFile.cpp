@@ -1,6 +1,5 @@
 #include "skyframe/host/JobFile.h"
 
-#include <fstream>
 #include <iterator>
 #include <unordered_map>
 #include <unordered_set>
@@ -9,6 +8,7 @@
 #include "JobChecks.h"
 #include "JobReader.h"
 #include "skyframe/hostdata/HostData.h"
+#include "skyframe/platform/Platform.h"
 
 namespace skyframe::host {
 
@@ -244,15 +244,14 @@ JobFile ReadJobFile(const std::string& strPath) {
     file.errors.push_back({"/", std::move(strReason)});
     return file;
   };
-  std::ifstream strm(strPath, std::ios::binary);
-  if (!strm) return Refuse("cannot be opened");
+  const auto pStream = GetPlatform().OpenForReading(strPath);
+  if (!pStream) return Refuse("cannot be opened");
   std::string strText;
   std::vector<char> buffer(std::size_t{1} << 20U);
-  while (strm.read(buffer.data(), static_cast<std::streamsize>(buffer.size())) || strm.gcount() > 0) {
-    strText.append(buffer.data(), static_cast<std::size_t>(strm.gcount()));
+  while (pStream->read(buffer.data(), static_cast<std::streamsize>(buffer.size())) || pStream->gcount() > 0) {
+    strText.append(buffer.data(), static_cast<std::size_t>(pStream->gcount()));
     if (strText.size() > c_nMaxFileSize) return Refuse("larger than 256 MB");
   }
-  if (strm.bad() || (strText.empty() && !strm.eof())) return Refuse("cannot be read");
   return ParseJob(strText);
 }
 

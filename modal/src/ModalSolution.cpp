@@ -236,7 +236,7 @@ void CAnalysisModel::SolveModes(const std::string& strJobPath, int nAnalysisType
   ModeShapes = solution.FormModeShapes();
   ModesSolved = 1;
   solution.DescribeModes(ModeShapes, m_modalFindings);
-  if (!WriteModeFile(*this, strJobPath)) return GetPlatform().ShowMessage(c_strModeFileAccess);
+  if (!WriteModeFile(*this, strJobPath, m_modalFindings)) return GetPlatform().ShowMessage(c_strModeFileAccess);
   m_modalFindings.status = RunStatus::Done;
 }
 

@@ -1,6 +1,7 @@
 #include "ResultHeader.h"
 #include "skyframe/hostdata/HostData.h"
 #include "skyframe/modal/ModeFile.h"
+#include "skyframe/platform/OutputFile.h"
 #include "skyframe/values/ResultFiles.h"
 #include "texts.h"
 
@@ -43,9 +44,8 @@ void WriteShape(CTextWriter& out, const CAnalysisModel& model, int nMode) {
 
 }  // namespace
 
-bool WriteModeFile(const CAnalysisModel& model, const std::string& strJobPath) {
-  CResultFile file(FormResultPath(strJobPath, suffix::c_strModes));
-  if (!file.IsOpen()) return false;
+bool WriteModeFile(const CAnalysisModel& model, const std::string& strJobPath, RunFindings& findings) {
+  COutputFile file(FormResultPath(strJobPath, suffix::c_strModes));
   CTextWriter& out = file.GetWriter();
   WriteResultHeader(out, c_strModeHeader, model);
   const int n = static_cast<int>(model.Omega.size());
@@ -56,7 +56,7 @@ bool WriteModeFile(const CAnalysisModel& model, const std::string& strJobPath) {
     out.General(model.Omega[static_cast<std::size_t>(i)] * c_dHertzPerRadian).EndLine();
     WriteShape(out, model, i);
   }
-  return file.Commit();
+  return CommitResult(file, findings);
 }
 
 }  // namespace skyframe

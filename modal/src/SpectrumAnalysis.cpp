@@ -101,7 +101,7 @@ void CAnalysisModel::SpectrumAnalysis(const std::string& strJobPath, int nAnalys
   m_spectrumFindings.baseShear = result.baseShear;
   m_spectrumFindings.displacements = GatherNodeValues(result.displacement);
   if (!IsFinite(modes, result)) return GetPlatform().ShowMessage(c_strModeFileCounts);
-  if (!WriteSpectrumFiles(*this, modes, result, strJobPath)) {
+  if (!WriteSpectrumFiles(*this, modes, result, strJobPath, m_spectrumFindings)) {
     return GetPlatform().ShowMessage(c_strSpectrumFileAccess);
   }
   m_spectrumFindings.status = RunStatus::Done;

@@ -4,6 +4,7 @@
 
 #include "ResultHeader.h"
 #include "skyframe/modal/ModeFile.h"
+#include "skyframe/platform/OutputFile.h"
 #include "skyframe/values/ResultFiles.h"
 #include "texts.h"
 
@@ -110,26 +111,25 @@ void WriteVirtualResponse(CTextWriter& out, const SpectrumModes& modes) {
 }
 
 template <typename WriteContent>
-bool WriteFile(const std::string& strJobPath, std::string_view strSuffix, WriteContent writeContent) {
-  CResultFile file(FormResultPath(strJobPath, strSuffix));
-  if (!file.IsOpen()) return false;
+bool WriteFile(const std::string& strPath, RunFindings& findings, WriteContent writeContent) {
+  COutputFile file(strPath);
   writeContent(file.GetWriter());
-  return file.Commit();
+  return CommitResult(file, findings);
 }
 
 }  // namespace
 
 bool WriteSpectrumFiles(const CAnalysisModel& model, const SpectrumModes& modes, const SpectrumResult& result,
-                        const std::string& strJobPath) {
+                        const std::string& strJobPath, RunFindings& findings) {
   if (modes.bVirtual) {
-    if (!WriteFile(strJobPath, suffix::c_strVirtualMode,
+    if (!WriteFile(FormResultPath(strJobPath, suffix::c_strVirtualMode), findings,
                    [&](CTextWriter& out) { WriteVirtualMode(out, model, modes); }) ||
-        !WriteFile(strJobPath, suffix::c_strVirtualResponse,
+        !WriteFile(FormResultPath(strJobPath, suffix::c_strVirtualResponse), findings,
                    [&](CTextWriter& out) { WriteVirtualResponse(out, modes); })) {
       return false;
     }
   }
-  return WriteFile(strJobPath, suffix::c_strSpectrum,
+  return WriteFile(FormResultPath(strJobPath, suffix::c_strSpectrum), findings,
                    [&](CTextWriter& out) { WriteSpectrum(out, model, modes, result); });
 }
 

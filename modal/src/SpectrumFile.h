@@ -7,8 +7,9 @@
 namespace skyframe {
 
 /// Writes strJobPath + ".spec" and, for a virtual mode, its two files. False when one of them could not
-/// be written.
+/// be written. The findings hear of every file.
 [[nodiscard]] bool WriteSpectrumFiles(const CAnalysisModel& model, const SpectrumModes& modes,
-                                      const SpectrumResult& result, const std::string& strJobPath);
+                                      const SpectrumResult& result, const std::string& strJobPath,
+                                      RunFindings& findings);
 
 }  // namespace skyframe

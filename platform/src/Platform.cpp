@@ -2,15 +2,15 @@
 
 #include <algorithm>
 #include <filesystem>
-#include <fstream>
 #include <iostream>
 #include <limits>
-#include <system_error>
 
 #if __has_include(<unistd.h>)
 #include <unistd.h>
 #endif
 
+#include "InputFile.h"
+#include "PendingFile.h"
 #include "skyframe/platform/HeadlessPlatform.h"
 
 namespace skyframe {
@@ -19,20 +19,6 @@ namespace {
 
 CHeadlessPlatform g_defaultPlatform(std::cerr, std::cout);
 constinit IPlatform* g_pPlatform = nullptr;
-
-std::filesystem::path ToFilePath(std::string_view strPath) {
-  const std::string strNative = ToNativePath(strPath);
-  return {std::u8string(strNative.begin(), strNative.end())};
-}
-
-template <class FileStream>
-std::unique_ptr<FileStream> OpenFile(const std::string& strPath) {
-  const std::filesystem::path path = ToFilePath(strPath);
-  std::error_code error;
-  if (std::filesystem::is_directory(path, error)) return nullptr;
-  auto pFile = std::make_unique<FileStream>(path, std::ios::binary);
-  return pFile->is_open() ? std::move(pFile) : nullptr;
-}
 
 }  // namespace
 
@@ -52,22 +38,12 @@ void IPlatform::EnterModule() {}
 void IPlatform::LeaveModule() {}
 
 std::unique_ptr<std::istream> IPlatform::OpenForReading(const std::string& strPath) {
-  return OpenFile<std::ifstream>(strPath);
+  return CInputFile::Open(ToFilePath(strPath));
 }
 
-std::unique_ptr<std::ostream> IPlatform::OpenForWriting(const std::string& strPath) {
-  return OpenFile<std::ofstream>(strPath);
-}
-
-bool IPlatform::RenameFile(const std::string& strFrom, const std::string& strTo) {
-  std::error_code error;
-  std::filesystem::rename(ToFilePath(strFrom), ToFilePath(strTo), error);
-  return !error;
-}
-
-bool IPlatform::RemoveFile(const std::string& strPath) {
-  std::error_code error;
-  return std::filesystem::remove(ToFilePath(strPath), error);
+std::unique_ptr<IPendingFile> IPlatform::OpenForWriting(const std::string& strPath, OutputPlace place,
+                                                        std::string& strReason) {
+  return CPendingFile::Open(ToFilePath(strPath), place, strReason);
 }
 
 IPlatform* InstallPlatform(IPlatform* pPlatform) {
@@ -79,6 +55,11 @@ IPlatform* InstallPlatform(IPlatform* pPlatform) {
 IPlatform& GetPlatform() {
   if (g_pPlatform == nullptr) return g_defaultPlatform;
   return *g_pPlatform;
+}
+
+std::filesystem::path ToFilePath(std::string_view strPath) {
+  const std::string strNative = ToNativePath(strPath);
+  return {std::u8string(strNative.begin(), strNative.end())};
 }
 
 std::string ToNativePath(std::string_view strPath) {

@@ -4,9 +4,6 @@
 #include <array>
 #include <charconv>
 #include <cmath>
-#include <utility>
-
-#include "texts.h"
 
 namespace skyframe {
 
@@ -108,33 +105,6 @@ bool CTextWriter::Flush() {
   m_strm.write(m_strBuffer.data(), static_cast<std::streamsize>(m_strBuffer.size()));
   m_strBuffer.clear();
   return !m_strm.fail();
-}
-
-CResultFile::CResultFile(std::string strPath)
-    : m_platform(GetPlatform()),
-      m_strPath(std::move(strPath)),
-      m_strTemporary(m_strPath + std::string(texts::c_strTemporarySuffix)),
-      m_pStream(m_platform.OpenForWriting(m_strTemporary)) {
-  if (IsOpen()) m_pWriter = std::make_unique<CTextWriter>(*m_pStream);
-}
-
-CResultFile::~CResultFile() { Discard(); }
-
-bool CResultFile::Commit() {
-  if (!IsOpen()) return false;
-  const bool bWritten = m_pWriter->Flush() && m_pStream->flush().good();
-  m_pWriter.reset();
-  m_pStream.reset();
-  if (bWritten && m_platform.RenameFile(m_strTemporary, m_strPath)) return true;
-  m_platform.RemoveFile(m_strTemporary);
-  return false;
-}
-
-void CResultFile::Discard() {
-  if (!IsOpen()) return;
-  m_pWriter.reset();
-  m_pStream.reset();
-  m_platform.RemoveFile(m_strTemporary);
 }
 
 }  // namespace skyframe

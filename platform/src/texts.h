@@ -13,7 +13,10 @@ inline constexpr std::string_view c_strDisabled = "the control is disabled";
 inline constexpr std::string_view c_strNoRow = "there is no such row";
 inline constexpr std::string_view c_strDialogEnded = "the dialog has ended";
 
-/// Suffix of a result file while it is being written.
+inline constexpr std::string_view c_strIsLink = "is a symbolic link";
+inline constexpr std::string_view c_strNotRegular = "is not a regular file";
+
+/// End of the name of an output file while it is being written.
 inline constexpr std::string_view c_strTemporarySuffix = ".part";
 
 inline constexpr std::string_view c_strSvgFonts =

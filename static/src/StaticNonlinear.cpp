@@ -5,7 +5,7 @@
 #include "ConvergenceTest.h"
 #include "StaticResult.h"
 #include "skyframe/model/AnalysisModel.h"
-#include "skyframe/platform/Platform.h"
+#include "skyframe/platform/OutputFile.h"
 #include "skyframe/values/ResultFiles.h"
 #include "texts.h"
 
@@ -30,9 +30,9 @@ void CAnalysisModel::SolveStaticNonlinear(const std::string& strJobPath) {
   KeepMemberState();
 
   GetPlatform().BeginWaitCursor();
-  CResultFile file(strJobPath + std::string(suffix::c_strStaticNonlinear));
+  COutputFile file(strJobPath + std::string(suffix::c_strStaticNonlinear));
   if (file.IsOpen()) WriteStaticResult(file.GetWriter(), c_strNonlinearHeading, *this);
-  if (file.Commit()) {
+  if (CommitResult(file, m_staticFindings)) {
     m_staticFindings.status = RunStatus::Done;
   } else {
     GetPlatform().ShowMessage(c_strFileNotWritten);

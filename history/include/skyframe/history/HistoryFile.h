@@ -8,8 +8,11 @@
 
 namespace skyframe {
 
+struct RunFindings;
+
 /// Writes all histories as text. False when the file could not be written; an older one is then untouched.
-[[nodiscard]] bool WriteHistory(const HistorySet& history, const std::string& strPath);
+/// The findings hear of either.
+[[nodiscard]] bool WriteHistory(const HistorySet& history, const std::string& strPath, RunFindings& findings);
 
 /// Histories of a text that WriteHistory wrote, read as words whatever the blanks between them.
 /// Empty when the counts are not those given, when the text is too short for its counts, or when a word is

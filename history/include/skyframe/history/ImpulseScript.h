@@ -9,6 +9,8 @@
 
 namespace skyframe {
 
+struct RunFindings;
+
 /// One line of the impulse list.
 struct ImpulseEntry {
   int nNode = 0;       ///< 1-based, as entered
@@ -28,8 +30,8 @@ enum ImpulseShape : int { c_nTriangularImpulse = 0, c_nRectangularImpulse = 1 };
 [[nodiscard]] std::string ComposeImpulseScript(std::span<const ImpulseEntry> entries, int nShape, double dTime,
                                                double dStep);
 
-/// Writes the text to strPrefix + "_Loadinputtest.txt". False when it could not be written.
-bool SaveImpulseScript(const std::string& strPrefix, std::string_view strText);
+/// Writes the text to strPrefix + "_Loadinputtest.txt"; false when that was not possible. The findings hear of either.
+bool SaveImpulseScript(const std::string& strPrefix, std::string_view strText, RunFindings& findings);
 
 /// Reader of an impulse load text; forces in kN there, in N in the records. The text must outlive it.
 /// Any text is read without failure: what cannot start a number is skipped, a line that the text's end

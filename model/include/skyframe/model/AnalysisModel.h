@@ -141,7 +141,7 @@ class CAnalysisModel {
   void NewmarkIntegration(const std::string& strPrefix, int nAssumption, int bGroundMotion);
   /// Copies strPrefix + "impulseload.log" into LoadScript; without the file a line on the console.
   void ReadLoadLog(const std::string& strPrefix);
-  /// Writes m_history to g_FilePathName + "_HisTime.txt"; false when that was not possible.
+  /// Writes m_history to g_FilePathName + "_HisTime.txt"; after a message false when that was not possible.
   bool WriteHistoryFile();
   /// Adds the positive vertical loads of the combination over g to M at their nodes' translations.
   void AddStaticLoadMass(SparseMatrix& M);
@@ -208,6 +208,8 @@ class CAnalysisModel {
   [[nodiscard]] bool BeginStatic(bool bNonlinear);
   /// u = 0, K assembled and factorised, then the combined load; false after its message.
   [[nodiscard]] bool PrepareStatic();
+  /// Displacements, internal forces and reactions under the combination; false after a message.
+  [[nodiscard]] bool SolveLinear();
   /// Displacements and reactions into the findings.
   void KeepStaticState();
   /// Euler ratios and the largest twist of the beams into the findings.

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <filesystem>
 #include <istream>
 #include <memory>
 #include <ostream>
@@ -23,6 +24,22 @@ struct LocalTime {
 /// Results of a modal dialog and identifiers of its two standard buttons.
 inline constexpr int c_nIdOk = 1;
 inline constexpr int c_nIdCancel = 2;
+
+/// What may stand in the place of an output file.
+enum class OutputPlace {
+  RegularFile,  ///< nothing, or a regular file that is not write-protected
+  FileOrDevice  ///< or a character device, which is then written directly
+};
+
+/// A file on its way to its name: Commit makes it appear there whole. Without Commit, or when that fails,
+/// nothing is left of it and an older file stays.
+class IPendingFile {
+ public:
+  virtual ~IPendingFile() = default;
+  virtual std::ostream& GetStream() = 0;
+  /// Once, as the last call. Empty when done, else the reason why not ("No space left on device").
+  [[nodiscard]] virtual std::string Commit() = 0;
+};
 
 /// The seam between the module and the world: messages, dialogs, clock, console, files.
 /// A host installs one implementation before it calls an entry point; until then a headless one
@@ -60,11 +77,13 @@ class IPlatform {
   virtual void EnterModule();
   virtual void LeaveModule();
 
-  /// Files. A backslash separates directories on every system. Null or false: not possible.
+  // Files. A backslash separates directories on every system.
+
+  /// Null when the file cannot be opened or is no regular file; never waits.
   virtual std::unique_ptr<std::istream> OpenForReading(const std::string& strPath);
-  virtual std::unique_ptr<std::ostream> OpenForWriting(const std::string& strPath);
-  virtual bool RenameFile(const std::string& strFrom, const std::string& strTo);
-  virtual bool RemoveFile(const std::string& strPath);
+  /// Null, and the reason, when the place cannot be written. Links are not followed.
+  virtual std::unique_ptr<IPendingFile> OpenForWriting(const std::string& strPath, OutputPlace place,
+                                                       std::string& strReason);
 };
 
 /// Puts the platform in force and returns the one it replaces. Null restores the default.
@@ -76,6 +95,8 @@ IPlatform& GetPlatform();
 
 /// Path with the separators of this system.
 std::string ToNativePath(std::string_view strPath);
+/// The same for the standard library's file operations.
+std::filesystem::path ToFilePath(std::string_view strPath);
 
 /// The module's state for the life of the object: EnterModule now, LeaveModule at the end.
 class CModuleStateScope {

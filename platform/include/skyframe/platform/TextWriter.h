@@ -1,11 +1,8 @@
 #pragma once
 
-#include <memory>
 #include <ostream>
 #include <string>
 #include <string_view>
-
-#include "skyframe/platform/Platform.h"
 
 namespace skyframe {
 
@@ -39,33 +36,6 @@ class CTextWriter {
 
   std::ostream& m_strm;
   std::string m_strBuffer;
-};
-
-/// A result file that appears whole or not at all: written beside its place under a temporary
-/// name and moved there by Commit; an object destroyed without Commit leaves an older file alone
-/// and removes the temporary one.
-class CResultFile {
- public:
-  explicit CResultFile(std::string strPath);
-  ~CResultFile();
-  CResultFile(const CResultFile&) = delete;
-  CResultFile& operator=(const CResultFile&) = delete;
-
-  /// False when the temporary file could not be created.
-  [[nodiscard]] bool IsOpen() const { return m_pStream != nullptr; }
-  /// Only when open.
-  CTextWriter& GetWriter() { return *m_pWriter; }
-  /// Once, as the last call. False when something could not be written; the older file is then untouched.
-  [[nodiscard]] bool Commit();
-
- private:
-  void Discard();
-
-  IPlatform& m_platform;
-  std::string m_strPath;
-  std::string m_strTemporary;
-  std::unique_ptr<std::ostream> m_pStream;
-  std::unique_ptr<CTextWriter> m_pWriter;
 };
 
 }  // namespace skyframe

@@ -1,0 +1,166 @@
+#include "PendingFile.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <charconv>
+#include <random>
+#include <string_view>
+#include <system_error>
+#include <utility>
+
+#include "SystemFile.h"
+#include "texts.h"
+
+namespace skyframe {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr std::size_t c_nTagLength = 8;  // of the number in a temporary name
+
+std::string Describe(int nError) { return std::generic_category().message(nError); }
+
+bool IsTagCharacter(char8_t c) { return (c >= u8'0' && c <= u8'9') || (c >= u8'a' && c <= u8'f'); }
+
+fs::path MakeTemporaryPath(const fs::path& target) {
+  std::array<char, c_nTagLength> digits;
+  const auto result = std::to_chars(digits.data(), digits.data() + digits.size(), std::random_device{}(), 16);
+  std::string strTag(digits.data(), result.ptr);
+  strTag.insert(0, c_nTagLength - strTag.size(), '0');
+  fs::path temporary = target;
+  temporary += "." + strTag + std::string(texts::c_strTemporarySuffix);
+  return temporary;
+}
+
+/// Whether MakeTemporaryPath may have made the name for a file named strTarget.
+bool IsTemporaryName(const std::u8string& strName, const std::u8string& strTarget) {
+  const std::size_t nTag = strTarget.size() + 1;
+  if (strName.size() != nTag + c_nTagLength + texts::c_strTemporarySuffix.size()) return false;
+  if (!strName.starts_with(strTarget + u8".")) return false;
+  const auto tag = strName.begin() + static_cast<std::ptrdiff_t>(nTag);
+  const auto end = tag + c_nTagLength;
+  return std::all_of(tag, end, IsTagCharacter) &&
+         std::equal(end, strName.end(), texts::c_strTemporarySuffix.begin(), texts::c_strTemporarySuffix.end());
+}
+
+void RemoveOrphans(const fs::path& target) {
+  const std::u8string strTarget = target.filename().u8string();
+  const fs::path folder = target.has_parent_path() ? target.parent_path() : fs::path(".");
+  std::error_code error;
+  for (fs::directory_iterator it(folder, error); !error && it != fs::directory_iterator(); it.increment(error)) {
+    if (IsTemporaryName(it->path().filename().u8string(), strTarget)) system_file::RemoveOrphan(it->path());
+  }
+}
+
+/// Why what stands in the place must not be replaced; empty when it may.
+std::string FindObstacle(const fs::path& target) {
+  constexpr fs::perms c_write = fs::perms::owner_write | fs::perms::group_write | fs::perms::others_write;
+  std::error_code error;
+  const fs::file_status status = fs::symlink_status(target, error);
+  if (status.type() == fs::file_type::not_found) return {};
+  if (status.type() == fs::file_type::none) return error.message();
+  if (status.type() == fs::file_type::symlink) return std::string(texts::c_strIsLink);
+  if (status.type() != fs::file_type::regular) return std::string(texts::c_strNotRegular);
+  // Who may do everything is bound by the protection too.
+  if ((status.permissions() & c_write) == fs::perms::none) return Describe(EACCES);
+  return system_file::IsWritable(target) ? std::string() : Describe(errno);
+}
+
+/// A new file beside the target, and its path. Negative: not possible.
+int CreateTemporary(const fs::path& target, fs::path& temporary) {
+  constexpr int c_nMostTries = 100;
+  int nDescriptor = -1;
+  for (int i = 0; i < c_nMostTries; ++i) {
+    temporary = MakeTemporaryPath(target);
+    nDescriptor = system_file::CreateNew(temporary);
+    if (nDescriptor >= 0 || errno != EEXIST) break;
+  }
+  return nDescriptor;
+}
+
+bool IsDevice(const fs::path& target) {
+  std::error_code error;
+  return fs::symlink_status(target, error).type() == fs::file_type::character;
+}
+
+/// A replaced file keeps its permissions.
+void CopyPermissions(const fs::path& from, const fs::path& to) {
+  std::error_code error;
+  const fs::file_status status = fs::status(from, error);
+  if (fs::is_regular_file(status)) fs::permissions(to, status.permissions(), error);
+}
+
+}  // namespace
+
+COutputBuffer::COutputBuffer(int nDescriptor) : m_nDescriptor(nDescriptor) {
+  setp(m_bytes.data(), m_bytes.data() + m_bytes.size());
+}
+
+COutputBuffer::~COutputBuffer() { static_cast<void>(Close()); }
+
+int COutputBuffer::Close() {
+  if (m_nDescriptor < 0) return m_nError;
+  WriteOut();
+  if (!system_file::Close(std::exchange(m_nDescriptor, -1)) && m_nError == 0) m_nError = errno;
+  return m_nError;
+}
+
+COutputBuffer::int_type COutputBuffer::overflow(int_type c) {
+  if (!WriteOut()) return traits_type::eof();
+  if (!traits_type::eq_int_type(c, traits_type::eof())) sputc(traits_type::to_char_type(c));
+  return traits_type::not_eof(c);
+}
+
+int COutputBuffer::sync() { return WriteOut() ? 0 : -1; }
+
+bool COutputBuffer::WriteOut() {
+  const auto nCount = static_cast<std::size_t>(pptr() - pbase());
+  if (m_nError == 0 && !system_file::WriteAll(m_nDescriptor, pbase(), nCount)) m_nError = errno;
+  setp(m_bytes.data(), m_bytes.data() + m_bytes.size());
+  return m_nError == 0;
+}
+
+CPendingFile::CPendingFile(int nDescriptor, fs::path target, fs::path temporary)
+    : m_target(std::move(target)),
+      m_temporary(std::move(temporary)),
+      m_nCare(m_temporary.empty() ? -1 : system_file::KeepInCare(nDescriptor)),
+      m_buffer(nDescriptor) {}
+
+CPendingFile::~CPendingFile() {
+  static_cast<void>(m_buffer.Close());
+  std::error_code error;
+  if (!m_temporary.empty()) fs::remove(m_temporary, error);
+  if (m_nCare >= 0) static_cast<void>(system_file::Close(m_nCare));
+}
+
+std::unique_ptr<IPendingFile> CPendingFile::Open(const fs::path& target, OutputPlace place, std::string& strReason) {
+  const bool bDevice = place == OutputPlace::FileOrDevice && IsDevice(target);
+  strReason = bDevice ? std::string() : FindObstacle(target);
+  if (!strReason.empty()) return nullptr;
+  if (!bDevice) RemoveOrphans(target);
+  fs::path temporary;
+  const int nDescriptor = bDevice ? system_file::OpenDevice(target) : CreateTemporary(target, temporary);
+  if (nDescriptor >= 0) return std::make_unique<CPendingFile>(nDescriptor, target, temporary);
+  strReason = Describe(errno);
+  return nullptr;
+}
+
+std::string CPendingFile::Commit() {
+  const int nError = m_buffer.Close();
+  if (nError != 0) return Describe(nError);
+  return m_temporary.empty() ? std::string() : MoveToTarget();
+}
+
+std::string CPendingFile::MoveToTarget() {
+  std::string strReason = FindObstacle(m_target);
+  if (!strReason.empty()) return strReason;
+  CopyPermissions(m_target, m_temporary);
+  std::error_code error;
+  fs::rename(m_temporary, m_target, error);
+  if (error) return error.message();
+  m_temporary.clear();
+  return {};
+}
+
+}  // namespace skyframe

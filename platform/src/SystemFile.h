@@ -1,0 +1,29 @@
+#pragma once
+
+#include <cstddef>
+#include <filesystem>
+
+/// What the standard library has no words for: files by descriptor. Failures leave errno.
+namespace skyframe::system_file {
+
+/// A regular file; anything else is refused without waiting for it. Negative: not possible.
+int OpenToRead(const std::filesystem::path& path);
+/// A new file, in the care of this process until its descriptors are closed. Negative: not possible; EEXIST
+/// when the name is taken.
+int CreateNew(const std::filesystem::path& path);
+/// A character device. Negative: not possible.
+int OpenDevice(const std::filesystem::path& path);
+
+/// Another descriptor that keeps a new file in care after its own was closed; negative where the system has none.
+int KeepInCare(int nDescriptor);
+/// Removes a file that CreateNew made, unless a process still has it in its care.
+void RemoveOrphan(const std::filesystem::path& path);
+
+/// Bytes read, 0 at the end of the file and on failure.
+std::size_t Read(int nDescriptor, char* pBytes, std::size_t nCount);
+[[nodiscard]] bool WriteAll(int nDescriptor, const char* pBytes, std::size_t nCount);
+[[nodiscard]] bool Close(int nDescriptor);
+
+[[nodiscard]] bool IsWritable(const std::filesystem::path& path);
+
+}  // namespace skyframe::system_file

@@ -1,0 +1,94 @@
+#ifndef _WIN32
+
+#include <fcntl.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+
+#include "SystemFile.h"
+
+// A file in care carries a lock, which goes with the process that holds it.
+
+namespace skyframe::system_file {
+
+namespace {
+
+/// Repeats a call that a signal has broken off.
+template <class Call>
+auto Persist(Call call) {
+  auto result = call();
+  while (result < 0 && errno == EINTR) result = call();
+  return result;
+}
+
+bool IsRegular(int nDescriptor) {
+  struct stat status = {};
+  return fstat(nDescriptor, &status) == 0 && S_ISREG(status.st_mode);
+}
+
+bool IsLinked(int nDescriptor) {
+  struct stat status = {};
+  return fstat(nDescriptor, &status) == 0 && status.st_nlink > 0;
+}
+
+/// Closes the descriptor; -1 with the error given.
+int Refuse(int nDescriptor, int nError) {
+  close(nDescriptor);
+  errno = nError;
+  return -1;
+}
+
+}  // namespace
+
+int OpenToRead(const std::filesystem::path& path) {
+  const int n = open(path.c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC);
+  return n < 0 || IsRegular(n) ? n : Refuse(n, EINVAL);
+}
+
+int CreateNew(const std::filesystem::path& path) {
+  constexpr mode_t c_nMode = 0666;  // less what the user's mask takes away
+  const int n = open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, c_nMode);
+  if (n < 0) return n;
+  // A file system without locks has no orphans to tell from others either.
+  Persist([n] { return flock(n, LOCK_EX); });
+  // Another run may have found the file before it was locked, and removed it.
+  return IsLinked(n) ? n : Refuse(n, EEXIST);
+}
+
+int OpenDevice(const std::filesystem::path& path) {
+  return open(path.c_str(), O_WRONLY | O_NOFOLLOW | O_NOCTTY | O_CLOEXEC);
+}
+
+int KeepInCare(int nDescriptor) { return fcntl(nDescriptor, F_DUPFD_CLOEXEC, 0); }
+
+void RemoveOrphan(const std::filesystem::path& path) {
+  const int n = open(path.c_str(), O_RDWR | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY | O_CLOEXEC);
+  if (n < 0) return;
+  if (IsRegular(n) && flock(n, LOCK_EX | LOCK_NB) == 0) unlink(path.c_str());
+  close(n);
+}
+
+std::size_t Read(int nDescriptor, char* pBytes, std::size_t nCount) {
+  const ssize_t nRead = Persist([=] { return read(nDescriptor, pBytes, nCount); });
+  return nRead < 0 ? 0 : static_cast<std::size_t>(nRead);
+}
+
+bool WriteAll(int nDescriptor, const char* pBytes, std::size_t nCount) {
+  while (nCount > 0) {
+    const ssize_t nWritten = Persist([=] { return write(nDescriptor, pBytes, nCount); });
+    if (nWritten < 0) return false;
+    pBytes += nWritten;
+    nCount -= static_cast<std::size_t>(nWritten);
+  }
+  return true;
+}
+
+bool Close(int nDescriptor) { return close(nDescriptor) == 0 || errno == EINTR; }
+
+bool IsWritable(const std::filesystem::path& path) { return access(path.c_str(), W_OK) == 0; }
+
+}  // namespace skyframe::system_file
+
+#endif

@@ -1,0 +1,70 @@
+#ifdef _WIN32
+
+#include <fcntl.h>
+#include <io.h>
+#include <share.h>
+#include <sys/stat.h>
+
+#include <algorithm>
+#include <cerrno>
+
+#include "SystemFile.h"
+
+// A file in care is open and shared with nobody, so that nobody else can remove it.
+
+namespace skyframe::system_file {
+
+namespace {
+
+constexpr int c_nPlain = _O_BINARY | _O_NOINHERIT;
+constexpr std::size_t c_nMostBytes = std::size_t{1} << 30U;
+
+int Open(const std::filesystem::path& path, int nFlags, int nSharing) {
+  int n = -1;
+  return _wsopen_s(&n, path.c_str(), nFlags | c_nPlain, nSharing, _S_IREAD | _S_IWRITE) == 0 ? n : -1;
+}
+
+}  // namespace
+
+int OpenToRead(const std::filesystem::path& path) {
+  std::error_code error;
+  if (!std::filesystem::is_regular_file(path, error)) {
+    errno = error ? ENOENT : EINVAL;
+    return -1;
+  }
+  return Open(path, _O_RDONLY, _SH_DENYNO);
+}
+
+int CreateNew(const std::filesystem::path& path) { return Open(path, _O_WRONLY | _O_CREAT | _O_EXCL, _SH_DENYRW); }
+
+int OpenDevice(const std::filesystem::path& path) { return Open(path, _O_WRONLY, _SH_DENYNO); }
+
+int KeepInCare(int /*nDescriptor*/) { return -1; }  // an open file cannot be moved to its name
+
+void RemoveOrphan(const std::filesystem::path& path) { _wunlink(path.c_str()); }
+
+std::size_t Read(int nDescriptor, char* pBytes, std::size_t nCount) {
+  const int nRead = _read(nDescriptor, pBytes, static_cast<unsigned>(std::min(nCount, c_nMostBytes)));
+  return nRead < 0 ? 0 : static_cast<std::size_t>(nRead);
+}
+
+bool WriteAll(int nDescriptor, const char* pBytes, std::size_t nCount) {
+  while (nCount > 0) {
+    const int nWritten = _write(nDescriptor, pBytes, static_cast<unsigned>(std::min(nCount, c_nMostBytes)));
+    if (nWritten < 0) return false;
+    pBytes += nWritten;
+    nCount -= static_cast<std::size_t>(nWritten);
+  }
+  return true;
+}
+
+bool Close(int nDescriptor) { return _close(nDescriptor) == 0; }
+
+bool IsWritable(const std::filesystem::path& path) {
+  constexpr int c_nWritable = 2;
+  return _waccess(path.c_str(), c_nWritable) == 0;
+}
+
+}  // namespace skyframe::system_file
+
+#endif
