@@ -7,6 +7,7 @@
 #include <system_error>
 
 #include "skyframe/platform/HeadlessPlatform.h"
+#include "texts.h"
 
 namespace skyframe {
 
@@ -56,7 +57,11 @@ bool IPlatform::RemoveFile(const std::string& strPath) {
   return std::filesystem::remove(ToFilePath(strPath), error);
 }
 
-IPlatform* InstallPlatform(IPlatform* pPlatform) {
+IPlatform* InstallPlatform(IPlatform* pPlatform, const RecordSizes& sizes) {
+  if (sizes != c_recordSizes) {
+    (pPlatform == nullptr ? GetPlatform() : *pPlatform).ShowMessage(texts::c_strOtherRecords);
+    return nullptr;
+  }
   IPlatform* const pPrevious = &GetPlatform();
   g_pPlatform = pPlatform;
   return pPrevious;
