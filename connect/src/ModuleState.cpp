@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "skyframe/hostdata/HostData.h"
+
 namespace skyframe {
 
 std::string g_strJobPath;
@@ -22,6 +24,8 @@ CAnalysisModel& KeepNewModel(std::unique_ptr<CAnalysisModel>& pKept) {
   pKept = std::make_unique<CAnalysisModel>();
   return *pKept;
 }
+
+int CountLoadTypes() { return std::clamp(ABCD.m_nLoadCases, 0, c_nLoadTypes) + 1; }
 
 void SetLoadCombination(CAnalysisModel& model, const LoadCombination& combination) {
   model.m_nLoadCaseFlag = combination.flags;

@@ -21,7 +21,7 @@ int RunWilson(CAnalysisModel& model) {
   COMDYN.m_bNonlinear = 0;
   model.m_nLoadType = c_nNodalForce;
   CWilsonDlg dialog;
-  dialog.m_loadComb.nLoadTypes = ABCD.m_nLoadCases + 1;
+  dialog.m_loadComb.nLoadTypes = CountLoadTypes();
   if (dialog.DoModal() != c_nIdOk) return 0;
 
   model.m_dDuration = dialog.m_dDuration;
@@ -75,7 +75,7 @@ void ComposeScript(CAnalysisModel& model, const CNewmarkDlg& dialog) {
 
 int RunNewmark(CAnalysisModel& model) {
   CNewmarkDlg dialog;
-  dialog.m_loadComb.nLoadTypes = ABCD.m_nLoadCases + 1;
+  dialog.m_loadComb.nLoadTypes = CountLoadTypes();
   if (dialog.DoModal() != c_nIdOk) return 0;
 
   model.m_nLoadType = dialog.m_nLoadType;

@@ -37,10 +37,11 @@ NodeOrder Invert(const NodeOrder& order) {
 }
 
 CNodeGraph FormGraph() {
+  const auto ToVertex = [](int nNumber) { return std::max(nNumber, 0) - 1; };
   std::vector<std::pair<int, int>> edges;
   edges.reserve(GetHostElementCount());
   for (int k = 0; k < GetHostElementCount(); ++k) {
-    edges.emplace_back(ABCD.m_nFirstNode[k] - 1, ABCD.m_nSecondNode[k] - 1);
+    edges.emplace_back(ToVertex(ABCD.m_nFirstNode[k]), ToVertex(ABCD.m_nSecondNode[k]));
   }
   return {GetHostNodeCount(), edges};
 }

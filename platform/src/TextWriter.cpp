@@ -118,7 +118,13 @@ CResultFile::CResultFile(std::string strPath)
   if (IsOpen()) m_pWriter = std::make_unique<CTextWriter>(*m_pStream);
 }
 
-CResultFile::~CResultFile() { Discard(); }
+CResultFile::~CResultFile() {
+  try {
+    Discard();
+  } catch (...) {
+    return;  // for want of memory the temporary file stays
+  }
+}
 
 bool CResultFile::Commit() {
   if (!IsOpen()) return false;

@@ -53,7 +53,7 @@ class IPlatform {
   virtual void ReportProgress(double dFraction, std::string_view strLabel);
 
   /// Called when an entry point starts and when it returns: between the two, dialogs and
-  /// resources resolve to this module.
+  /// resources resolve to this module. Neither may throw.
   virtual void EnterModule();
   virtual void LeaveModule();
 
