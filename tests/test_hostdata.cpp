@@ -169,7 +169,7 @@ TEST_F(Renumbering, KeepsAnOrderThatCostsLess) {
   for (const int nPinnedStorey : {0, 5, 12}) {
     ResetHostData();
     test::FillSquareTower(m_host, 25);
-    for (int i = 5; i <= ABCD.m_nNodes; ++i) m_host.AddElement(test::c_nBeam, i, i % 4 == 0 ? i - 3 : i + 1);
+    for (int i = 6; i <= ABCD.m_nNodes; ++i) m_host.AddElement(test::c_nBeam, (i - 1) / 4 * 4 + 1, i);
     for (int c = 1; c <= 4; ++c) ABCD.m_nJoint[4 * nPinnedStorey + c] = test::c_nPinned;
     const double dBefore = MeasureWork();
     CCommonData::OnReNodeCode();
