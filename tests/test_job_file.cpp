@@ -226,16 +226,37 @@ TEST(JobFile, CapacitiesOfTheRecords) {
   job.elements.resize(69999, job.elements[0]);
   job.loads.resize(90000, job.loads[0]);
   EXPECT_EQ(ListErrors(job), "");
-  job.nodes.push_back({30000, -1, 0, 0, c_nPinned, {}, {}});
-  job.elements.push_back(job.elements[0]);
   job.loads.back().nCase = 2;  // case 1 needs a record of its own
-  EXPECT_EQ(
-      ListErrors(job),
-      "/nodes: 30000 entries; the host records hold 29999\n/elements: 70000 entries; the host records hold 69999\n"
-      "/loads: 90000 entries and one more for each of 1 cases without loads; the host records hold 90000");
-  job = GenerateArch({});
-  job.loads.resize(90001, job.loads[0]);
-  EXPECT_EQ(ListErrors(job), "/loads: 90001 entries; the host records hold 90000");
+  EXPECT_EQ(ListErrors(job),
+            "/loads: 90000 entries and one more for each of 1 cases without loads; the host records hold 90000");
+  job.loads.push_back(job.loads[0]);
+  EXPECT_EQ(ListErrors(job), "/loads: more than 90000 entries; a job holds no more");
+  job.nodes.push_back({30000, -1, 0, 0, c_nPinned, {}, {}});
+  EXPECT_EQ(ListErrors(job), "/nodes: more than 29999 entries; a job holds no more");  // reading stops there
+}
+
+/// What costs more memory than a job is given up: the address space left is hardly more than the text.
+TEST(JobFile, TooMuchOfAnythingIsRefused) {
+  std::string strWrong = "{\"nodes\": [0";
+  for (int k = 0; k < 29998; ++k) strWrong += ",0";
+  const std::vector<std::string> errors = List(ParseJob(strWrong + "]}").errors);
+  EXPECT_EQ(errors.size(), 101U);
+  EXPECT_EQ(errors.back(), "/: 100 errors; reading stopped here");
+
+  const auto Repeat = [](const std::string& strText, int nTimes) {
+    std::string strAll = strText;
+    for (int k = 1; k < nTimes; ++k) strAll += "," + strText;
+    return strAll;
+  };
+  const std::string strRow = "[" + Repeat("0", 50000) + "]";
+  std::string strKeys;
+  for (int k = 0; k < 1001; ++k) strKeys += (k > 0 ? ",\"" : "\"") + std::to_string(k) + "\":0";
+  EXPECT_EQ(List(ParseJob("{\"title\": [" + Repeat(strRow, 81) + "]}").errors),
+            std::vector<std::string>{"/title/79/49918: more than 4000000 values in all"});
+  EXPECT_EQ(List(ParseJob("{\"title\": [" + Repeat("0", 90001) + "]}").errors),
+            std::vector<std::string>{"/title: more than 90000 entries; a job holds no more"});
+  EXPECT_EQ(List(ParseJob("{\"title\": [{" + strKeys + "}]}").errors),
+            std::vector<std::string>{"/title/0: more than 1000 members; a job holds no more"});
 }
 
 TEST(JobFile, WarnsOfWhatIsHardlyMeant) {

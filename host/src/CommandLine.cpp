@@ -7,6 +7,7 @@
 #include <iostream>
 #include <new>
 
+#include "JsonText.h"
 #include "skyframe/host/DataDirectory.h"
 #include "skyframe/host/Generate.h"
 #include "skyframe/host/JobFile.h"
@@ -27,7 +28,7 @@ class CNullBuffer final : public std::streambuf {
 void PrintProblems(const std::string& strFile, const std::vector<JobProblem>& problems, std::string_view strKind,
                    std::ostream& err) {
   for (const JobProblem& problem : problems) {
-    err << strFile << ": " << (problem.strPlace.empty() ? "/" : problem.strPlace) << ": " << strKind
+    err << EscapeControls(strFile) << ": " << (problem.strPlace.empty() ? "/" : problem.strPlace) << ": " << strKind
         << problem.strReason << '\n';
   }
 }
@@ -183,7 +184,7 @@ class CCommandLine {
     }
     const bool bTerminal = &m_err == &std::cerr && isatty(STDERR_FILENO) == 1;
     const HostStreams streams{m_out, m_err, m_strLogFile.empty() ? m_out : log, bTerminal ? &m_err : nullptr};
-    if (!job->strTitle.empty()) m_out << job->strTitle << '\n';
+    if (!job->strTitle.empty()) m_out << EscapeControls(job->strTitle) << '\n';
     return RunJob(*job, GetJobPath(m_strJobFile), m_strProgramPath, streams) ? c_nExitGood : c_nExitAnalysisFailed;
   }
 
@@ -253,7 +254,7 @@ class CCommandLine {
   }
 
   int Refuse(const std::string& strReason) {
-    m_err << strReason << '\n';
+    m_err << EscapeControls(strReason) << '\n';
     return c_nExitBadInput;
   }
 

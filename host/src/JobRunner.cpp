@@ -5,6 +5,7 @@
 
 #include "Format.h"
 #include "HistoryReport.h"
+#include "JsonText.h"
 #include "ModalReport.h"
 #include "PlatformScope.h"
 #include "Records.h"
@@ -124,7 +125,7 @@ class CJobRunner {
     for (const std::string_view strSuffix : kind.suffixes) {
       const std::string strPath = FormPath(strSuffix);
       if (strSuffix.empty() || !IsWrittenSince(strPath, start)) continue;
-      m_streams.out << Format("  file                  %s, %ju bytes\n", strPath.c_str(),
+      m_streams.out << Format("  file                  %s, %ju bytes\n", EscapeControls(strPath).c_str(),
                               fs::file_size(fs::path(strPath)));
     }
   }
