@@ -87,20 +87,14 @@ struct EntryPoint {
 };
 
 std::vector<EntryPoint> GetEntryPoints() {
-  const std::pair<int, Steps> deadLoad = {
-      c_nIdLoadCombDlg, {DialogStep::ToggleRow(c_nIdAvailable, 0), DialogStep::Click(c_nIdAdd), DialogStep::Ok()}};
   return {
-      {".mode",
-       {{c_nIdModeDlg, {DialogStep::Type(c_nIdModes, "2"), DialogStep::Click(c_nIdModeLoadComb), DialogStep::Ok()}},
-        deadLoad},
-       CModeConnect::OnMode},
+      {".mode", {{c_nIdModeDlg, {DialogStep::Type(c_nIdModes, "2"), DialogStep::Ok()}}}, CModeConnect::OnMode},
       {".spec",
-       {{c_nIdSpectrumDlg,
-         {DialogStep::Type(c_nIdExpandModes, "2"), DialogStep::Click(c_nIdLoadValues), DialogStep::Ok()}},
-        deadLoad},
+       {{c_nIdSpectrumDlg, {DialogStep::Type(c_nIdExpandModes, "2"), DialogStep::Ok()}}},
        CModeConnect::OnAnsysSpectrum},
       {"_StaticNonlinearSol.txt",
-       {{c_nIdNonlinStaticDlg, {DialogStep::Click(c_nIdLoadComb), DialogStep::Ok()}}, deadLoad},
+       {{c_nIdLoadCombDlg, {DialogStep::ToggleRow(c_nIdAvailable, 0), DialogStep::Click(c_nIdAdd), DialogStep::Ok()}},
+        {c_nIdNonlinStaticDlg, {DialogStep::Click(c_nIdLoadComb), DialogStep::Ok()}}},
        CModeConnect::OnStaticNonlinearSol},
       {"_HisTime.txt",
        {{c_nIdDynOptionDlg, {DialogStep::Choose(c_nIdNewmark), DialogStep::Ok()}},

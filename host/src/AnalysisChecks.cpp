@@ -105,7 +105,8 @@ class CAnalysisChecks {
   void Check(const WilsonJob& analysis) {
     constexpr std::string_view c_strIgnored = "the Wilson method does not look at it";
     if (!analysis.combination.empty()) Warn("wilson-ignores", "combination", c_strIgnored);
-    if (analysis.peaks != JobPeaks()) Warn("wilson-ignores", "peaks", c_strIgnored);
+    const auto IsSet = [](const std::optional<double>& dPeak) { return dPeak.has_value(); };
+    if (std::ranges::any_of(analysis.peaks, IsSet)) Warn("wilson-ignores", "peaks", c_strIgnored);
     if (analysis.bNonlinear.value_or(false)) Warn("wilson-ignores", "nonlinear", c_strIgnored);
     CheckTimeStep(GetAxis(analysis, c_wilsonAxis));
     CheckInclinedSupports();
