@@ -244,7 +244,7 @@ TEST_F(CommandLine, AFailedAnalysisEndsWithStatusOneAndTheRestRuns) {
 
   const std::string strCable = Write("cable.json", R"({"nodes": [{"id": 1, "x": 0, "y": 0, "z": 0, "joint": "pinned"},
       {"id": 2, "x": 1, "y": 0, "z": 0, "joint": "pinned"}], "sections": [{"id": "S", "area": 1}],
-      "elements": [{"type": "cable", "i": 1, "j": 2, "section": "S"}], "analyses": [{"type": "static", "combination": {"0": 1}}]})");
+      "elements": [{"type": "cable", "i": 1, "j": 2, "section": "S"}], "analyses": [{"type": "modal"}]})");
   EXPECT_EQ(RunJobFile(strCable).nStatus, 1);
   EXPECT_EQ(RunJobFile(strCable).strErr, "不能计算索单元!\n");
   EXPECT_EQ(Run({"check", strCable}).nStatus, 1);

@@ -1,4 +1,7 @@
 #include <gtest/gtest.h>
+#include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <cmath>
@@ -226,34 +229,149 @@ TEST(JobFile, CapacitiesOfTheRecords) {
   job.elements.resize(69999, job.elements[0]);
   job.loads.resize(90000, job.loads[0]);
   EXPECT_EQ(ListErrors(job), "");
-  job.nodes.push_back({30000, -1, 0, 0, c_nPinned, {}, {}});
-  job.elements.push_back(job.elements[0]);
   job.loads.back().nCase = 2;  // case 1 needs a record of its own
-  EXPECT_EQ(
-      ListErrors(job),
-      "/nodes: 30000 entries; the host records hold 29999\n/elements: 70000 entries; the host records hold 69999\n"
-      "/loads: 90000 entries and one more for each of 1 cases without loads; the host records hold 90000");
-  job = GenerateArch({});
-  job.loads.resize(90001, job.loads[0]);
-  EXPECT_EQ(ListErrors(job), "/loads: 90001 entries; the host records hold 90000");
+  EXPECT_EQ(ListErrors(job),
+            "/loads: 90000 entries and one more for each of 1 cases without loads; the host records hold 90000");
+  job.loads.push_back(job.loads[0]);
+  EXPECT_EQ(ListErrors(job), "/loads: more than 90000 entries; a job holds no more");
+  job.nodes.push_back({30000, -1, 0, 0, c_nPinned, {}, {}});
+  EXPECT_EQ(ListErrors(job), "/nodes: more than 29999 entries; a job holds no more");  // reading stops there
 }
+
+TEST(JobFile, TooMuchOfAnythingIsRefused) {
+  const auto Repeat = [](const std::string& strText, int nTimes) {
+    std::string strAll = strText;
+    for (int k = 1; k < nTimes; ++k) strAll += "," + strText;
+    return "[" + strAll + "]";
+  };
+  std::string strMembers = "{\"a\":0";
+  for (int k = 0; k < 1000; ++k) strMembers += ",\"" + std::to_string(k) + "\":0";
+  const std::pair<std::string, std::string> lastErrorOf[] = {
+      {"{\"nodes\": " + Repeat("0", 29999) + "}", "/: 100 errors; reading stopped here"},
+      {"{\"a\": " + Repeat(Repeat("0", 50000), 81) + "}", "/a/79/49918: more than 4000000 values in all"},
+      {"{\"a\": " + Repeat("0", 90001) + "}", "/a: more than 90000 entries; a job holds no more"},
+      {"{\"a\": [" + strMembers + "}]}", "/a/0: more than 1000 members; a job holds no more"}};
+  for (const auto& [strText, strError] : lastErrorOf) EXPECT_EQ(List(ParseJob(strText).errors).back(), strError);
+}
+
+#ifndef __SANITIZE_ADDRESS__  // which needs address space of its own
+TEST(JobFile, LackOfMemoryIsAnError) {
+  Job job = GenerateArch({});
+  job.loads.resize(30000, job.loads[0]);
+  const std::string strText = FormatJob(job);
+  const auto ParseWithin = [&strText](std::size_t nBytes) {
+    std::size_t nPages = 0;
+    std::ifstream("/proc/self/statm") >> nPages;
+    const rlimit limit = {nPages * static_cast<std::size_t>(getpagesize()) + nBytes, RLIM_INFINITY};
+    setrlimit(RLIMIT_AS, &limit);
+    const JobFile file = ParseJob(strText);
+    std::exit(file.errors.empty() ? 0 : file.errors[0].strReason == "out of memory" ? 1 : 2);
+  };
+  for (std::size_t nMegabytes = 0; nMegabytes < 36; nMegabytes += 3) {
+    EXPECT_EXIT(
+        ParseWithin(nMegabytes << 20U), [](int n) { return WIFEXITED(n) && WEXITSTATUS(n) < 2; }, "");
+  }
+}
+#endif
 
 TEST(JobFile, WarnsOfWhatIsHardlyMeant) {
   const std::string strText = R"({
     "nodes": [{"id": 1, "x": 0, "y": 0, "z": 0, "restraint": "111000"}, {"id": 2, "x": 1, "y": 0, "z": 0},
-              {"id": 3, "x": 2, "y": 0, "z": 0}, {"id": 4, "x": 2, "y": 2, "z": 0, "restraint": "111111"}],
-    "sections": [{"id": "S", "area": 1}, {"id": "T", "area": 0}],
-    "elements": [{"type": "bar", "i": 1, "j": 2, "section": "T"}, {"type": "beam", "i": 2, "j": 4, "section": "S"}],
+              {"id": 3, "x": 2, "y": 0, "z": 0}, {"id": 4, "x": 2, "y": 2, "z": 0, "spring": 1}],
+    "springs": [{"group": 1, "kx": 1}], "sections": [{"id": "S\u009b", "area": 1}, {"id": "T", "area": 0}],
+    "elements": [{"type": "bar", "i": 1, "j": 2, "section": "T"}, {"type": "beam", "i": 2, "j": 4, "section": "S\u009b"}],
     "loads": [{"case": 0, "node": 3, "direction": "X", "value": 1}],
     "analyses": [{"type": "static"}]})";
   const JobFile file = ParseJob(strText);
   EXPECT_TRUE(file.errors.empty());
   EXPECT_EQ(List(file.warnings),
             (std::vector<std::string>{"/nodes/0: node 1 is rigid but no beam holds its rotations; make it pinned",
-                                      "/nodes/2: no element touches node 3", "/elements/0: section \"T\" has no area",
-                                      "/elements/1: section \"S\" has no bending inertia",
+                                      "/nodes/2: no element touches node 3",
+                                      "/springs: a spring with a stiffness above 0 holds its node rigidly (1 nodes)",
+                                      "/elements/0: section \"T\" has no area",
+                                      "/elements/1: section \"S\\u009b\" has no bending inertia",
                                       "/loads/0: acts on node 3, which no element touches: it has no effect",
                                       "/analyses/0: no load combination: nothing acts on the structure"}));
+}
+
+std::string ListNames(const JobFile& file) {
+  std::string strNames = Join(List(file.errors));
+  for (const JobProblem& problem : file.warnings) strNames += problem.strPlace + " " + problem.strName + "\n";
+  return strNames;
+}
+
+/// A mast with a load along +Z in case 0 and one along X in case 2; one analysis.
+JobFile ParseMast(const std::string& strAnalysis, const std::string& strMore = "", const std::string& strJobPath = "") {
+  return ParseJob(
+      R"({"nodes": [{"id": 1, "x": 0, "y": 0, "z": 0, "restraint": "111111"}, {"id": 2, "x": 0, "y": 0, "z": 4}],
+    "sections": [{"id": "S", "area": 1, "Iy": 1, "Iz": 1}], "elements": [{"type": "beam", "i": 1, "j": 2, "section": "S"}],
+    "loads": [{"case": 0, "node": 2, "direction": "Z", "value": 1}, {"case": 2, "node": 2, "direction": "X", "value": 1}],
+    "analyses": [{"type": )" +
+          strAnalysis + "}]" + strMore + "}",
+      strJobPath);
+}
+
+TEST(JobFile, WarnsOfAnalysesThatGiveNothing) {
+  const std::string strWilson = "\"time_history\", \"method\": \"wilson\"";
+  const std::string strNewmark = "\"time_history\", \"method\": \"newmark\"";
+  const std::string strGround = strNewmark + ", \"load\": \"ground_motion\"";
+  const std::string strForce = R"("loads": [{"node": 2, "direction": "X", "peak": 1}])";
+  const struct {
+    std::string strAnalysis, strNames;
+  } cases[] = {
+      {R"("static", "combination": {"0": 1})", ""},
+      {R"("static")", " no-case"},
+      {R"("static", "combination": {"1": 1, "2": 1})", "/combination empty-case"},
+      {R"("modal", "combination": {"0": 1, "2": 1})", ""},
+      {R"("modal", "combination": {"2": 1})", "/combination no-mass-load"},
+      {R"("spectrum", "combination": {"0": -1})", "/combination no-mass-load"},
+      {R"("modal", "combination": {"1": 1})", "/combination empty-case"},
+      {strWilson, ""},
+      {strWilson + R"(, "time_step": 0)", " time-step"},
+      {strWilson + R"(, "time_step": 10.5)", " time-step"},
+      {strWilson + R"(, "combination": {"0": 1})", "/combination wilson-ignores"},
+      {strWilson + R"(, "peaks": {"X": 1})", "/peaks wilson-ignores"},
+      {strWilson + R"(, "nonlinear": true)", "/nonlinear wilson-ignores"},
+      {strNewmark, " no-impulse"},
+      {strNewmark + R"(, "impulse": {"loads": [{"node": 2, "direction": "X", "peak": 0}]})", " no-impulse"},
+      {strNewmark + ", \"impulse\": {" + strForce + R"(, "peak_time": 0.02})", ""},
+      {strNewmark + ", \"impulse\": {" + strForce + R"(, "unload_time": 1})", "/impulse impulse-time"},
+      {strNewmark + ", \"impulse\": {" + strForce + R"(, "shape": "rectangular", "unload_time": 0.019})",
+       "/impulse impulse-time"},
+      {strNewmark + ", \"impulse\": {" + strForce + R"(, "peak_time": 2, "time_step": 1.5})", " time-step"},
+      {strNewmark + ", \"nonlinear\": true, \"impulse\": {" + strForce + R"(, "peak_time": 1})",
+       "/nonlinear nonlinear-forces"},
+      {strNewmark + R"(, "from_file": true)", ""},
+      {strNewmark + R"(, "from_file": true, "general_load": {"duration": 2})", "/general_load general-load"},
+      {strNewmark + R"(, "from_file": true, "general_load": {"time_step": 3, "duration": 2})", " time-step"},
+      {strGround, "/earthquake no-direction"},
+      {strGround + R"(, "earthquake": {"mode": "oblique"})", ""},
+      {strGround + R"(, "earthquake": {"directions": ["Y", "Z"]})", "/earthquake one-direction"},
+      {strGround + R"(, "combination": {"2": 1}, "earthquake": {"directions": ["Y"], "duration": 0.01})",
+       " time-step\n/analyses/0/combination no-mass-load"},
+  };
+  for (const auto& c : cases) {
+    const std::string strExpected = c.strNames.empty() ? "" : "/analyses/0" + c.strNames + "\n";
+    EXPECT_EQ(ListNames(ParseMast(c.strAnalysis)), strExpected) << c.strAnalysis;
+  }
+  const std::string strMore = R"(, "inclined_supports": [2], "springs": [{"group": 1, "kx": 1}])";
+  EXPECT_EQ(ListNames(ParseMast(R"("modal")", strMore)), "");
+  EXPECT_EQ(ListNames(ParseMast(strWilson, strMore)), "/analyses/0 inclined-support\n");
+
+  const std::string strRecord = testing::TempDir() + "skyframe_checks_Yacc.txt";
+  const std::string strRun = strGround + R"(, "from_file": true, "earthquake": {"directions": ["Y"]})";
+  for (const auto& [strText, strReason] : std::vector<std::pair<std::string, std::string>>{
+           {"0.1 -2e-1\r\n+3\n", ""},
+           {"\xef\xbb\xbf"
+            "1 2",
+            " starts with no number; a heading or a byte-order mark must go"},
+           {"1,2", " is read up to value 1; values must be separated by blanks or line ends, without commas or words"},
+           {"0 0\n", " holds zeros alone and cannot be scaled to a peak"}}) {
+    std::ofstream(strRecord) << strText;
+    const JobFile file = ParseMast(strRun, "", testing::TempDir() + "skyframe_checks");
+    EXPECT_EQ(Join(List(file.warnings)), strReason.empty() ? "" : "/analyses/0: " + strRecord + strReason);
+  }
+  std::filesystem::remove(strRecord);
 }
 
 TEST(JobFile, FilesAndPaths) {
@@ -261,6 +379,8 @@ TEST(JobFile, FilesAndPaths) {
   EXPECT_EQ(GetJobPath("a/b.txt"), "a/b.txt");
   EXPECT_EQ(List(ReadJobFile("/no/such/file.json").errors), std::vector<std::string>{"/: cannot be opened"});
   EXPECT_EQ(ReadJobFile("/").errors.size(), 1U);
+  EXPECT_EQ(List(ReadJobFile(SKYFRAME_SOURCE_DIR "/examples\\dome.json").errors),
+            std::vector<std::string>{"/: a job file cannot have a backslash in its path"});
   for (const char* pszName : {"tower25", "tower72", "office10", "dome", "arch2"}) {
     const JobFile file = ReadJobFile(std::string(SKYFRAME_SOURCE_DIR "/examples/") + pszName + ".json");
     EXPECT_EQ(Join(List(file.errors)) + Join(List(file.warnings)), "") << pszName;

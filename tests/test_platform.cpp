@@ -279,6 +279,12 @@ TEST(Platform, DefaultIsHeadlessAndComesBack) {
   CTestPlatform platform;
   EXPECT_EQ(InstallPlatform(nullptr), &*platform);
   EXPECT_EQ(&GetPlatform(), pDefault);
+
+  RecordSizes sizes = c_recordSizes;
+  sizes.nComZhu -= sizeof(int);  // a host of one node less
+  EXPECT_EQ(InstallPlatform(&*platform, sizes), nullptr);
+  EXPECT_EQ(&GetPlatform(), pDefault);
+  EXPECT_EQ(platform.GetMessages(), std::vector<std::string>{"宿主数据记录与本模块不符,计算终止!"});
 }
 
 // ---- Dialogs ---------------------------------------------------------------------------------------------------

@@ -13,7 +13,7 @@ namespace skyframe {
 void RunModal() {
   g_findings.modal = {};
   CModeDlg dialog;
-  dialog.m_loadComb.nLoadTypes = ABCD.m_nLoadCases + 1;
+  dialog.m_loadComb.nLoadTypes = CountLoadTypes();
   if (dialog.DoModal() != c_nIdOk) return;
 
   const CRenumbering renumbering;

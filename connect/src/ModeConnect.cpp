@@ -1,6 +1,5 @@
 #include "skyframe/connect/ModeConnect.h"
 
-#include <exception>
 #include <new>
 
 #include "Drivers.h"
@@ -10,17 +9,26 @@
 namespace skyframe {
 namespace {
 
-/// Runs a driver with the module's state in force. A driver that runs out of memory ends with a
+/// A message that cannot be shown, for want of memory as likely as not, is given up.
+void TellFailure(std::string_view strText) noexcept {
+  try {
+    GetPlatform().ShowMessage(strText);
+  } catch (...) {
+    return;
+  }
+}
+
+/// Runs a driver with the module's state in force. A driver that fails by an exception ends with a
 /// message and counts as run.
 template <typename Driver>
-int RunInModule(Driver driver) {
+int RunInModule(Driver driver) noexcept {
   const CModuleStateScope scope;
   try {
     return driver();
   } catch (const std::bad_alloc&) {
-    GetPlatform().ShowMessage(c_strOutOfMemory);
-  } catch (const std::exception&) {
-    GetPlatform().ShowMessage(c_strInternalError);
+    TellFailure(c_strOutOfMemory);
+  } catch (...) {
+    TellFailure(c_strInternalError);
   }
   return 1;
 }

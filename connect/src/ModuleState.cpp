@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "skyframe/hostdata/HostData.h"
+
 namespace skyframe {
 
 std::string g_strJobPath;
@@ -24,6 +26,8 @@ CAnalysisModel& KeepNewModel(std::unique_ptr<CAnalysisModel>& pKept) {
   pKept = std::make_unique<CAnalysisModel>();
   return *pKept;
 }
+
+int CountLoadTypes() { return std::clamp(ABCD.m_nLoadCases, 0, c_nLoadTypes) + 1; }
 
 void SetLoadCombination(CAnalysisModel& model, const LoadCombination& combination) {
   model.m_nLoadCaseFlag = combination.flags;

@@ -44,6 +44,8 @@ extern KeptModels g_keptModels;
 /// Frees the kept model of an entry point and puts a new one in its place.
 CAnalysisModel& KeepNewModel(std::unique_ptr<CAnalysisModel>& pKept);
 
+/// Load types of the host's model: its load cases and one. A count that no dialog can hold stays one.
+[[nodiscard]] int CountLoadTypes();
 /// Copies flags and factors.
 void SetLoadCombination(CAnalysisModel& model, const LoadCombination& combination);
 /// Whether any load type takes part.

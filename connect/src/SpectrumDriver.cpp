@@ -34,7 +34,7 @@ void SetSpectrumParameters(CAnalysisModel& model, const CSpectrumDlg& dialog) {
 int RunSpectrum() {
   g_findings.spectrum = {};
   CSpectrumDlg dialog;
-  dialog.m_loadComb.nLoadTypes = ABCD.m_nLoadCases + 1;
+  dialog.m_loadComb.nLoadTypes = CountLoadTypes();
   if (dialog.DoModal() != c_nIdOk) return 0;
 
   const auto pModel = std::make_unique<CAnalysisModel>();

@@ -9,7 +9,7 @@ namespace skyframe {
 void RunStatic() {
   g_findings.statics = {};
   CNonlinStaticDlg dialog;
-  dialog.m_loadComb.nLoadTypes = ABCD.m_nLoadCases + 1;
+  dialog.m_loadComb.nLoadTypes = CountLoadTypes();
   if (dialog.DoModal() != c_nIdOk) return;
 
   // Deliberate: the model outlives the call.

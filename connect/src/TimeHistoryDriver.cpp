@@ -24,7 +24,7 @@ int RunWilson(CAnalysisModel& model) {
   COMDYN.m_bNonlinear = 0;
   model.m_nLoadType = c_nNodalForce;
   CWilsonDlg dialog;
-  dialog.m_loadComb.nLoadTypes = ABCD.m_nLoadCases + 1;
+  dialog.m_loadComb.nLoadTypes = CountLoadTypes();
   if (dialog.DoModal() != c_nIdOk) return 0;
 
   const CFindingsKeeper keeper(g_findings.history, model.m_historyFindings);
@@ -79,7 +79,7 @@ void ComposeScript(CAnalysisModel& model, const CNewmarkDlg& dialog) {
 
 int RunNewmark(CAnalysisModel& model) {
   CNewmarkDlg dialog;
-  dialog.m_loadComb.nLoadTypes = ABCD.m_nLoadCases + 1;
+  dialog.m_loadComb.nLoadTypes = CountLoadTypes();
   if (dialog.DoModal() != c_nIdOk) return 0;
 
   const CFindingsKeeper keeper(g_findings.history, model.m_historyFindings);

@@ -14,6 +14,9 @@ constexpr int c_nFirstSite = 1;
 constexpr int c_nFirstZone = 1;
 constexpr int c_nFirstIntensity = 6;
 
+/// Radio index of a record code; -1 for every code below the first.
+int ToIndex(int nCode, int nFirst) { return std::max(nCode, nFirst - 1) - nFirst; }
+
 /// Design basic acceleration, g, by the intensity's radio index; 0.05 for any other index.
 double GetDesignAcceleration(int nIntensity) {
   constexpr std::array<double, 6> c_accelerations = {0.05, 0.10, 0.15, 0.20, 0.30, 0.40};
@@ -59,9 +62,9 @@ void CSpectrumDlg::LoadSettings() {
   m_nMeshDiv = COMDYN.m_nMeshDiv;
   m_nExpandModes = COMDYN.m_nExpandModes;
   std::copy(std::begin(COMDYN.m_dDirCoef), std::end(COMDYN.m_dDirCoef), m_dDirCoef.begin());
-  m_nSite = COMDYN.m_nSiteClass - c_nFirstSite;
-  m_nZone = COMDYN.m_nZoneGroup - c_nFirstZone;
-  m_nIntensity = COMDYN.m_nIntensity - c_nFirstIntensity;
+  m_nSite = ToIndex(COMDYN.m_nSiteClass, c_nFirstSite);
+  m_nZone = ToIndex(COMDYN.m_nZoneGroup, c_nFirstZone);
+  m_nIntensity = ToIndex(COMDYN.m_nIntensity, c_nFirstIntensity);
   m_nQuakeLevel = COMDYN.m_nQuakeLevel;
   m_dDampRatio = COMDYN.m_dDampRatio;
   m_nCombMethod = COMDYN.m_nCombMethod;

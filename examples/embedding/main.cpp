@@ -58,7 +58,7 @@ double ReadTipDisplacement() {
 int main() {
   std::ofstream console("cantilever.log");
   CHeadlessPlatform platform(std::cerr, console);
-  InstallPlatform(&platform);
+  if (InstallPlatform(&platform) == nullptr) return 1;
   FillRecords();
   ScriptDialogs(platform);
   CModeConnect::OnStaticNonlinearSol();

@@ -40,7 +40,9 @@ std::vector<double> ReadAccelerationRecord(std::istream& strm, double dPeak) {
 std::optional<std::vector<double>> ReadAccelerationRecord(const std::string& strPath, double dPeak) {
   const std::unique_ptr<std::istream> pStream = GetPlatform().OpenForReading(strPath);
   if (!pStream) return std::nullopt;
-  return ReadAccelerationRecord(*pStream, dPeak);
+  std::vector<double> record = ReadAccelerationRecord(*pStream, dPeak);
+  if (pStream->bad()) return std::nullopt;  // broken off, not at its end
+  return record;
 }
 
 bool CGroundMotion::Read(const QuakeSettings& settings, const std::string& strPrefix) {

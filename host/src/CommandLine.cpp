@@ -10,6 +10,7 @@
 #include <new>
 #include <system_error>
 
+#include "JsonText.h"
 #include "skyframe/host/DataDirectory.h"
 #include "skyframe/host/Generate.h"
 #include "skyframe/host/JobFile.h"
@@ -34,7 +35,7 @@ class CNullBuffer final : public std::streambuf {
 void PrintProblems(const std::string& strFile, const std::vector<JobProblem>& problems, std::string_view strKind,
                    std::ostream& err) {
   for (const JobProblem& problem : problems) {
-    err << strFile << ": " << (problem.strPlace.empty() ? "/" : problem.strPlace) << ": " << strKind
+    err << EscapeControls(strFile) << ": " << (problem.strPlace.empty() ? "/" : problem.strPlace) << ": " << strKind
         << problem.strReason << '\n';
   }
 }
@@ -218,7 +219,7 @@ class CCommandLine {
   int RunAnalyses(const Job& job, std::ostream& console) {
     const bool bTerminal = &m_err == &std::cerr && isatty(STDERR_FILENO) == 1;
     const HostStreams streams{m_out, m_err, console, bTerminal ? &m_err : nullptr};
-    if (!job.strTitle.empty()) m_out << job.strTitle << '\n';
+    if (!job.strTitle.empty()) m_out << EscapeControls(job.strTitle) << '\n';
     const RunOutcome outcome = RunJob(job, GetJobPath(m_strJobFile), m_strProgramPath, streams);
     if (!outcome.bGood) return c_nExitAnalysisFailed;
     return m_bStrict && (outcome.bWarned || m_bInputWarned) ? c_nExitWarned : c_nExitGood;
@@ -309,7 +310,7 @@ class CCommandLine {
   }
 
   int Refuse(const std::string& strReason) {
-    m_err << strReason << '\n';
+    m_err << EscapeControls(strReason) << '\n';
     return c_nExitBadInput;
   }
 

@@ -1,7 +1,9 @@
 #include "JobChecks.h"
 
 #include <algorithm>
+#include <iterator>
 
+#include "AnalysisChecks.h"
 #include "JsonText.h"
 
 namespace skyframe::host {
@@ -40,9 +42,9 @@ class CDoubtfulInput {
 
   std::vector<JobProblem> Find() {
     CheckNodes();
+    CheckSprings();
     CheckElements();
     CheckLoads();
-    CheckAnalyses();
     return std::move(m_found);
   }
 
@@ -50,11 +52,12 @@ class CDoubtfulInput {
   void CheckNodes() {
     for (std::size_t k = 0; k < m_job.nodes.size(); ++k) {
       const JobNode& node = m_job.nodes[k];
+      const std::string strNode = "node " + std::to_string(node.nId);
       if (!m_isUsed[k + 1]) {
-        m_found.push_back({At("nodes", k), "no element touches node " + std::to_string(node.nId)});
+        m_found.push_back({At("nodes", k), "no element touches " + strNode, "unused-node"});
       } else if (node.nJoint == c_nRigid && !m_hasBeam[k + 1] && !HasFixedRotations(node)) {
-        m_found.push_back({At("nodes", k), "node " + std::to_string(node.nId) +
-                                               " is rigid but no beam holds its rotations; make it pinned"});
+        m_found.push_back(
+            {At("nodes", k), strNode + " is rigid but no beam holds its rotations; make it pinned", "loose-rotation"});
       }
     }
   }
@@ -63,14 +66,26 @@ class CDoubtfulInput {
     return std::all_of(node.restraint.begin() + 3, node.restraint.end(), [](int nFlag) { return nFlag == 1; });
   }
 
+  void CheckSprings() {
+    const auto nSprings = std::count_if(m_job.nodes.begin(), m_job.nodes.end(),
+                                        [](const JobNode& node) { return node.nSpring.has_value(); });
+    if (nSprings == 0) return;
+    m_found.push_back(
+        {"/springs",
+         "a spring with a stiffness above 0 holds its node rigidly (" + std::to_string(nSprings) + " nodes)",
+         "spring-support"});
+  }
+
   void CheckElements() {
     for (std::size_t k = 0; k < m_job.elements.size(); ++k) {
       const JobElement& element = m_job.elements[k];
       const JobSection& section = m_job.sections[element.nSection];
       const bool bBends = element.nType == c_nBeam && (IsRigid(element.nNodeI) || IsRigid(element.nNodeJ));
-      if (section.dArea == 0.0 || (bBends && (section.dIy == 0.0 || section.dIz == 0.0))) {
-        m_found.push_back({At("elements", k), "section \"" + section.strId + "\" has no " +
-                                                  (section.dArea == 0.0 ? "area" : "bending inertia")});
+      const std::string strSection = "section " + Quote(section.strId);
+      if (section.dArea == 0.0) {
+        m_found.push_back({At("elements", k), strSection + " has no area", "no-area"});
+      } else if (bBends && (section.dIy == 0.0 || section.dIz == 0.0)) {
+        m_found.push_back({At("elements", k), strSection + " has no bending inertia", "no-inertia"});
       }
     }
   }
@@ -79,16 +94,10 @@ class CDoubtfulInput {
     for (std::size_t k = 0; k < m_job.loads.size(); ++k) {
       const int nNode = m_job.loads[k].nNode;
       if (m_isUsed[nNode]) continue;
-      m_found.push_back({At("loads", k), "acts on node " + std::to_string(m_job.nodes[nNode - 1].nId) +
-                                             ", which no element touches: it has no effect"});
-    }
-  }
-
-  void CheckAnalyses() {
-    for (std::size_t k = 0; k < m_job.analyses.size(); ++k) {
-      const auto* pStatic = std::get_if<StaticJob>(&m_job.analyses[k]);
-      if (pStatic == nullptr || !pStatic->combination.empty()) continue;
-      m_found.push_back({At("analyses", k), "no load combination: nothing acts on the structure"});
+      m_found.push_back({At("loads", k),
+                         "acts on node " + std::to_string(m_job.nodes[nNode - 1].nId) +
+                             ", which no element touches: it has no effect",
+                         "lost-load"});
     }
   }
 
@@ -102,6 +111,10 @@ class CDoubtfulInput {
 
 }  // namespace
 
-std::vector<JobProblem> FindDoubtfulInput(const Job& job) { return CDoubtfulInput(job).Find(); }
+std::vector<JobProblem> FindDoubtfulInput(const Job& job, const std::string& strJobPath) {
+  std::vector<JobProblem> found = CDoubtfulInput(job).Find();
+  std::ranges::move(FindDoubtfulAnalyses(job, strJobPath), std::back_inserter(found));
+  return found;
+}
 
 }  // namespace skyframe::host

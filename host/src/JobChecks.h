@@ -12,7 +12,8 @@ namespace skyframe::host {
 /// Load cases from 0 to the highest one in use that have no load.
 [[nodiscard]] std::vector<int> FindEmptyCases(const Job& job);
 
-/// Legal input that is hardly meant. Needs a job without errors.
-[[nodiscard]] std::vector<JobProblem> FindDoubtfulInput(const Job& job);
+/// Legal input that is hardly meant. Needs a job without errors. Files beside the job are looked at when
+/// its path is given.
+[[nodiscard]] std::vector<JobProblem> FindDoubtfulInput(const Job& job, const std::string& strJobPath);
 
 }  // namespace skyframe::host

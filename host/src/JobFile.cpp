@@ -1,6 +1,7 @@
 #include "skyframe/host/JobFile.h"
 
-#include <iterator>
+#include <filesystem>
+#include <new>
 #include <unordered_map>
 #include <unordered_set>
 
@@ -18,6 +19,13 @@ constexpr std::uintmax_t c_nMaxFileSize = std::uintmax_t{256} << 20U;
 /// Stands for a coordinate in error; such a place coincides with no other.
 constexpr double c_dUnknown = std::numeric_limits<double>::quiet_NaN();
 constexpr std::string_view c_strJobSuffix = ".json";
+constexpr ArrayCapacity c_capacities[] = {{"springs", c_nMaxSpringGroups + 1},
+                                          {"nodes", c_nMaxNodes},
+                                          {"sections", c_nMaxSectionGroups},
+                                          {"elements", c_nMaxElements},
+                                          {"inclined_supports", c_nMaxNodes},
+                                          {"loads", c_nMaxLoads},
+                                          {"analyses", 1000}};
 
 /// Turns the tree into a job, part by part; every error is noted and reading goes on.
 class CJobParser {
@@ -41,25 +49,20 @@ class CJobParser {
 
   /// Calls the reader with each entry's object.
   template <class Reader>
-  void ForEach(std::string_view strKey, Need need, std::size_t nCapacity, Reader reader) {
+  void ForEach(std::string_view strKey, Need need, Reader reader) {
     const Json* pArray = m_root.Array(strKey, need);
     if (pArray == nullptr) return;
-    CheckCapacity(strKey, pArray->size(), nCapacity);
     std::size_t nIndex = 0;
     for (const Json& entry : *pArray) {
+      if (HasTooMany(m_file.errors)) return;
       CJobObject object(entry, AppendPointer(m_root.GetPlace(strKey), nIndex++), m_file.errors);
       reader(object);
       object.ReportUnknownKeys();
     }
   }
 
-  void CheckCapacity(std::string_view strKey, std::size_t nCount, std::size_t nCapacity) {
-    if (nCount <= nCapacity) return;
-    m_root.Error(strKey, std::to_string(nCount) + " entries; the host records hold " + std::to_string(nCapacity));
-  }
-
   void ReadSprings() {
-    ForEach("springs", Need::Optional, c_nMaxSpringGroups + 1, [this](CJobObject& object) {
+    ForEach("springs", Need::Optional, [this](CJobObject& object) {
       JobSpring spring;
       const std::optional<int> nGroup = object.Integer("group", Need::Required, 0, c_nMaxSpringGroups);
       spring.nGroup = nGroup.value_or(0);
@@ -72,7 +75,7 @@ class CJobParser {
   }
 
   void ReadNodes() {
-    ForEach("nodes", Need::Required, c_nMaxNodes, [this](CJobObject& object) {
+    ForEach("nodes", Need::Required, [this](CJobObject& object) {
       JobNode node;
       const std::optional<int> nId = object.Integer("id", Need::Required, 1);
       node.nId = nId.value_or(0);
@@ -105,7 +108,7 @@ class CJobParser {
   }
 
   void ReadSections() {
-    ForEach("sections", Need::Optional, c_nMaxSectionGroups, [this](CJobObject& object) {
+    ForEach("sections", Need::Optional, [this](CJobObject& object) {
       JobSection section;
       const std::optional<std::string> strId = object.Text("id", Need::Required);
       section.strId = strId.value_or("");
@@ -122,7 +125,7 @@ class CJobParser {
   }
 
   void ReadElements() {
-    ForEach("elements", Need::Required, c_nMaxElements, [this](CJobObject& object) {
+    ForEach("elements", Need::Required, [this](CJobObject& object) {
       JobElement element;
       element.nType = object.Word("type", Need::Required, c_strElementTypes).value_or(c_nBar);
       element.nNodeI = ReadNode(object, "i");
@@ -163,16 +166,15 @@ class CJobParser {
   void ReadInclinedSupports() {
     const Json* pArray = m_root.Array("inclined_supports", Need::Optional);
     if (pArray == nullptr) return;
-    CheckCapacity("inclined_supports", pArray->size(), c_nMaxNodes);
     std::unordered_set<int> seen;
     for (std::size_t k = 0; k < pArray->size(); ++k) {
       const std::string strPlace = AppendPointer(m_root.GetPlace("inclined_supports"), k);
       const Json& value = (*pArray)[k];
       const auto it = value.is_number_integer() ? m_numberOfId.find(ClampToInt(value)) : m_numberOfId.end();
       if (it == m_numberOfId.end()) {
-        m_file.errors.push_back({strPlace, "must be the id of a node"});
+        AddError(m_file.errors, {strPlace, "must be the id of a node"});
       } else if (!seen.insert(it->second).second) {
-        m_file.errors.push_back({strPlace, "node " + std::to_string(it->first) + " is listed twice"});
+        AddError(m_file.errors, {strPlace, "node " + std::to_string(it->first) + " is listed twice"});
       } else {
         m_job.inclinedSupports.push_back(it->second);
       }
@@ -186,7 +188,7 @@ class CJobParser {
   }
 
   void ReadLoads() {
-    ForEach("loads", Need::Optional, c_nMaxLoads, [this](CJobObject& object) {
+    ForEach("loads", Need::Optional, [this](CJobObject& object) {
       JobLoad load;
       const std::optional<int> nCase = object.Integer("case", Need::Required, 0, c_nLoadTypes - 1);
       m_bCasesKnown = m_bCasesKnown && nCase;
@@ -205,7 +207,7 @@ class CJobParser {
   }
 
   void CheckFillers(std::size_t nFillers) {
-    if (m_job.loads.size() > c_nMaxLoads || m_job.loads.size() + nFillers <= c_nMaxLoads) return;
+    if (m_job.loads.size() + nFillers <= c_nMaxLoads) return;
     m_root.Error("loads", std::to_string(m_job.loads.size()) + " entries and one more for each of " +
                               std::to_string(nFillers) + " cases without loads; the host records hold " +
                               std::to_string(c_nMaxLoads));
@@ -213,7 +215,7 @@ class CJobParser {
 
   void ReadAnalyses() {
     const AnalysisContext context{m_bCasesKnown ? m_job.GetHighestCase() : c_nLoadTypes - 1, m_numberOfId};
-    ForEach("analyses", Need::Optional, std::numeric_limits<std::size_t>::max(), [this, &context](CJobObject& object) {
+    ForEach("analyses", Need::Optional, [this, &context](CJobObject& object) {
       if (auto analysis = ReadAnalysis(object, context)) m_job.analyses.push_back(*std::move(analysis));
     });
   }
@@ -227,23 +229,43 @@ class CJobParser {
   std::unordered_map<std::string, int> m_placeOfSection;
 };
 
-}  // namespace
-
-JobFile ParseJob(std::string_view strText) {
+JobFile Refuse(std::string strReason) {
   JobFile file;
-  const std::optional<Json> tree = ParseJson(strText, file.errors);
-  if (!tree) return file;
-  CJobParser(*tree, file).Parse();
-  if (file.errors.empty()) file.warnings = FindDoubtfulInput(file.job);
+  file.errors.push_back({"/", std::move(strReason)});
   return file;
 }
 
-JobFile ReadJobFile(const std::string& strPath) {
-  const auto Refuse = [](std::string strReason) {
-    JobFile file;
-    file.errors.push_back({"/", std::move(strReason)});
-    return file;
-  };
+/// What the reader returns; a lack of memory is an error like others.
+template <class Reader>
+JobFile ReadWithinMemory(Reader reader) {
+  try {
+    return reader();
+  } catch (const std::bad_alloc&) {
+    return Refuse("out of memory");
+  }
+}
+
+JobFile ParseText(std::string_view strText, const std::string& strJobPath) {
+  constexpr std::size_t c_nReserve = std::size_t{8} << 20U;
+  JobFile file;
+  Json tree;
+  std::string strReserve;  // given back before the tree goes: its destructor needs memory and must not fail
+  strReserve.reserve(c_nReserve);
+  if (ParseJson(strText, c_capacities, tree, file.errors)) CJobParser(tree, file).Parse();
+  if (HasTooMany(file.errors)) {
+    file.errors.push_back({"/", std::to_string(c_nMostErrors) + " errors; reading stopped here"});
+  }
+  if (file.errors.empty()) file.warnings = FindDoubtfulInput(file.job, strJobPath);
+  return file;
+}
+
+/// Whether the module would take the name for another: result files are named like the job.
+bool HasForeignSeparator(const std::string& strPath) {
+  return std::filesystem::path::preferred_separator != '\\' && strPath.find('\\') != std::string::npos;
+}
+
+JobFile ReadText(const std::string& strPath) {
+  if (HasForeignSeparator(strPath)) return Refuse("a job file cannot have a backslash in its path");
   const auto pStream = GetPlatform().OpenForReading(strPath);
   if (!pStream) return Refuse("cannot be opened");
   std::string strText;
@@ -252,7 +274,17 @@ JobFile ReadJobFile(const std::string& strPath) {
     strText.append(buffer.data(), static_cast<std::size_t>(pStream->gcount()));
     if (strText.size() > c_nMaxFileSize) return Refuse("larger than 256 MB");
   }
-  return ParseJob(strText);
+  return ParseText(strText, GetJobPath(strPath));
+}
+
+}  // namespace
+
+JobFile ParseJob(std::string_view strText, const std::string& strJobPath) {
+  return ReadWithinMemory([&] { return ParseText(strText, strJobPath); });
+}
+
+JobFile ReadJobFile(const std::string& strPath) {
+  return ReadWithinMemory([&] { return ReadText(strPath); });
 }
 
 std::string GetJobPath(const std::string& strJobFile) {

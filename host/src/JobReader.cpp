@@ -24,13 +24,13 @@ std::string FormatNumber(double dValue) {
 
 CJobObject::CJobObject(const Json& value, std::string strPlace, std::vector<JobProblem>& errors)
     : m_value(value), m_strPlace(std::move(strPlace)), m_errors(errors) {
-  if (!value.is_object()) m_errors.push_back({m_strPlace, "must be an object"});
+  if (!value.is_object()) AddError(m_errors, {m_strPlace, "must be an object"});
 }
 
 bool CJobObject::Has(std::string_view strKey) const { return m_value.is_object() && m_value.contains(strKey); }
 
 void CJobObject::Error(std::string_view strKey, std::string strReason) {
-  m_errors.push_back({GetPlace(strKey), std::move(strReason)});
+  AddError(m_errors, {GetPlace(strKey), std::move(strReason)});
 }
 
 const Json* CJobObject::Find(std::string_view strKey, Need need) {
@@ -63,12 +63,12 @@ std::optional<int> CJobObject::Integer(std::string_view strKey, Need need, int n
 
 std::optional<double> CJobObject::CheckNumber(const Json& value, const std::string& strPlace) {
   if (!value.is_number()) {
-    m_errors.push_back({strPlace, "must be a number"});
+    AddError(m_errors, {strPlace, "must be a number"});
     return std::nullopt;
   }
   const auto dValue = value.get<double>();
   if (FitsSingle(dValue)) return dValue;
-  m_errors.push_back({strPlace, "too large for a single-precision record"});
+  AddError(m_errors, {strPlace, "too large for a single-precision record"});
   return std::nullopt;
 }
 

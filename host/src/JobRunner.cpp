@@ -4,6 +4,7 @@
 
 #include "Format.h"
 #include "HistoryReport.h"
+#include "JsonText.h"
 #include "ModalReport.h"
 #include "PlatformScope.h"
 #include "Records.h"
@@ -135,11 +136,11 @@ class CJobRunner {
       m_streams.out << Format("  time                  %.2f s\n", findings.dSeconds);
     for (const std::string& strPath : findings.files) {
       std::error_code error;
-      m_streams.out << Format("  file                  %s, %ju bytes\n", strPath.c_str(),
+      m_streams.out << Format("  file                  %s, %ju bytes\n", EscapeControls(strPath).c_str(),
                               fs::file_size(strPath, error));
     }
     for (const FileFailure& failure : findings.failures) {
-      m_streams.err << "cannot write " << failure.strPath << ": " << failure.strReason << '\n';
+      m_streams.err << "cannot write " << EscapeControls(failure.strPath) << ": " << failure.strReason << '\n';
     }
   }
 

@@ -1,5 +1,6 @@
 #include <algorithm>
 #include <array>
+#include <numeric>
 #include <span>
 #include <utility>
 #include <vector>
@@ -15,8 +16,8 @@ namespace {
 /// Entry n is the new number of node n, 1-based; entry 0 stays 0.
 using NodeOrder = std::vector<int>;
 
-/// Order in force, from the host's own numbering to the present one; empty outside a renumbering.
-NodeOrder g_presentOrder;
+/// Order from the present numbering to the host's own; empty outside a renumbering.
+NodeOrder g_wayBack;
 
 std::array<std::array<float, 3>, c_nMaxSpringGroups + 1> g_springGroups;
 
@@ -25,7 +26,7 @@ int GetHostElementCount() { return std::clamp(ABCD.m_nElements, 0, c_nMaxElement
 
 NodeOrder FormIdentity(int nNodes) {
   NodeOrder order(nNodes + 1);
-  for (int i = 0; i <= nNodes; ++i) order[i] = i;
+  std::iota(order.begin(), order.end(), 0);
   return order;
 }
 
@@ -35,70 +36,104 @@ NodeOrder Invert(const NodeOrder& order) {
   return inverse;
 }
 
-NodeOrder FormSmallProfileOrder() {
+CNodeGraph FormGraph() {
+  const auto ToVertex = [](int nNumber) { return std::max(nNumber, 0) - 1; };
   std::vector<std::pair<int, int>> edges;
   edges.reserve(GetHostElementCount());
   for (int k = 0; k < GetHostElementCount(); ++k) {
-    edges.emplace_back(ABCD.m_nFirstNode[k] - 1, ABCD.m_nSecondNode[k] - 1);
+    edges.emplace_back(ToVertex(ABCD.m_nFirstNode[k]), ToVertex(ABCD.m_nSecondNode[k]));
   }
-  const int nNodes = GetHostNodeCount();
-  const std::vector<int> sequence = FormReverseCuthillMcKeeOrder(CNodeGraph(nNodes, edges));
-  NodeOrder order(nNodes + 1, 0);
-  for (int k = 0; k < nNodes; ++k) order[sequence[k] + 1] = k + 1;
+  return {GetHostNodeCount(), edges};
+}
+
+/// Free equations of a node that an element touches.
+int CountFreeDofs(int nNode) {
+  const RestraintCode code = RestraintCode::Decode(ABCD.m_nRestraint[nNode]);
+  const int nDofs = ABCD.m_nJoint[nNode] == 1 ? 6 : 3;
+  const int nFree = nDofs - std::accumulate(code.nRestrained, code.nRestrained + nDofs, 0);
+  if (!code.bSpring) return nFree;
+  std::array<float, 3> k = {};
+  CCommonData::OnCalculateKxKyKz(code.nSpringGroup, k[0], k[1], k[2]);
+  return nFree - static_cast<int>(std::count_if(k.begin(), k.end(), [](float f) { return f > 0.0F; }));
+}
+
+std::vector<int> CountFreeDofs(const CNodeGraph& graph) {
+  std::vector<int> counts(static_cast<std::size_t>(graph.GetNodeCount()), 0);
+  for (int i = 0; i < graph.GetNodeCount(); ++i) {
+    if (graph.GetDegree(i) > 0) counts[i] = CountFreeDofs(i + 1);
+  }
+  return counts;
+}
+
+/// The small-profile order where it costs less to factorise than the present one; else the identity.
+NodeOrder ChooseOrder() {
+  const CNodeGraph graph = FormGraph();
+  const std::vector<int> freeDofs = CountFreeDofs(graph);
+  std::vector<int> present(freeDofs.size());
+  std::iota(present.begin(), present.end(), 0);
+  const std::vector<int> small = FormReverseCuthillMcKeeOrder(graph);
+  const bool bSmaller = SumSquaredHeights(graph, small, freeDofs) < SumSquaredHeights(graph, present, freeDofs);
+  const std::vector<int>& sequence = bSmaller ? small : present;
+  NodeOrder order(sequence.size() + 1, 0);
+  for (std::size_t k = 0; k < sequence.size(); ++k) order[sequence[k] + 1] = static_cast<int>(k) + 1;
   return order;
 }
 
-template <class Value>
-void PermuteEntries(const NodeOrder& order, Value* pValues) {
-  const std::vector<Value> old(pValues, pValues + order.size());
-  for (std::size_t i = 1; i < order.size(); ++i) pValues[order[i]] = old[i];
-}
-
 /// Numbers outside the order are left as they are.
-void MapNumbers(const NodeOrder& order, std::span<int> numbers) {
+void MapNumbers(const NodeOrder& order, std::span<int> numbers) noexcept {
   for (int& nNode : numbers) {
     if (nNode > 0 && nNode < static_cast<int>(order.size())) nNode = order[nNode];
   }
 }
 
-void ApplyToRecords(const NodeOrder& order) {
-  PermuteEntries(order, ABCD.m_fX);
-  PermuteEntries(order, ABCD.m_fY);
-  PermuteEntries(order, ABCD.m_fZ);
-  PermuteEntries(order, ABCD.m_nRestraint);
-  PermuteEntries(order, ABCD.m_nJoint);
+void SwapNodes(int nA, int nB) {
+  std::swap(ABCD.m_fX[nA], ABCD.m_fX[nB]);
+  std::swap(ABCD.m_fY[nA], ABCD.m_fY[nB]);
+  std::swap(ABCD.m_fZ[nA], ABCD.m_fZ[nB]);
+  std::swap(ABCD.m_nRestraint[nA], ABCD.m_nRestraint[nB]);
+  std::swap(ABCD.m_nJoint[nA], ABCD.m_nJoint[nB]);
+}
+
+/// Needs no memory: the order is used up, and ends as the identity.
+void ApplyToRecords(NodeOrder& order) noexcept {
   MapNumbers(order, std::span(ABCD.m_nFirstNode, GetHostElementCount()));
   MapNumbers(order, std::span(ABCD.m_nSecondNode, GetHostElementCount()));
   MapNumbers(order, std::span(ABCD.m_nLoadNode, std::clamp(ABCD.m_nLoads, 0, c_nMaxLoads)));
   MapNumbers(order, std::span(ZHU.m_nNode, std::clamp(ZHU.m_nCount, 0, c_nMaxNodes)));
+  for (int i = 1; i < static_cast<int>(order.size()); ++i) {
+    while (order[i] != i) {  // sends the record that stands here to its place
+      SwapNodes(i, order[i]);
+      std::swap(order[i], order[order[i]]);
+    }
+  }
 }
 
-void PublishOrder(const NodeOrder& order) {
-  const NodeOrder inverse = Invert(order);
-  if (COMDAT.m_pSecondOrder != nullptr) std::copy(order.begin() + 1, order.end(), COMDAT.m_pSecondOrder + 1);
-  if (COMDAT.m_pFirstOrder != nullptr) std::copy(inverse.begin() + 1, inverse.end(), COMDAT.m_pFirstOrder + 1);
+void PublishOrder(const NodeOrder& fromHost, const NodeOrder& toHost) noexcept {
+  if (COMDAT.m_pSecondOrder != nullptr) std::copy(fromHost.begin() + 1, fromHost.end(), COMDAT.m_pSecondOrder + 1);
+  if (COMDAT.m_pFirstOrder != nullptr) std::copy(toHost.begin() + 1, toHost.end(), COMDAT.m_pFirstOrder + 1);
 }
 
 }  // namespace
 
 void ForgetSpringGroups() { g_springGroups = {}; }
 
-void ForgetNodeOrder() { g_presentOrder.clear(); }
+void ForgetNodeOrder() { g_wayBack.clear(); }
 
 void CCommonData::OnReNodeCode() {
-  if (g_presentOrder.size() != static_cast<std::size_t>(GetHostNodeCount()) + 1) {
-    g_presentOrder = FormIdentity(GetHostNodeCount());
-  }
-  const NodeOrder order = FormSmallProfileOrder();
+  NodeOrder order = ChooseOrder();
+  const NodeOrder previous = g_wayBack.size() == order.size() ? g_wayBack : FormIdentity(GetHostNodeCount());
+  NodeOrder toHost(order.size());
+  for (std::size_t i = 0; i < order.size(); ++i) toHost[order[i]] = previous[i];
+  const NodeOrder fromHost = Invert(toHost);
+  // All memory is at hand: from here on nothing can fail.
   ApplyToRecords(order);
-  MapNumbers(order, g_presentOrder);
-  PublishOrder(g_presentOrder);
+  PublishOrder(fromHost, toHost);
+  g_wayBack.swap(toHost);
 }
 
-void CCommonData::OnRestoreNodeCode() {
-  if (g_presentOrder.empty()) return;
-  ApplyToRecords(Invert(g_presentOrder));
-  g_presentOrder.clear();
+void CCommonData::OnRestoreNodeCode() noexcept {
+  ApplyToRecords(g_wayBack);
+  g_wayBack.clear();
 }
 
 void CCommonData::OnCalculateKxKyKz(int nGroup, float& fKx, float& fKy, float& fKz) {

@@ -123,4 +123,25 @@ class CReverseCuthillMcKee {
 
 std::vector<int> FormReverseCuthillMcKeeOrder(const CNodeGraph& graph) { return CReverseCuthillMcKee(graph).Run(); }
 
+double SumSquaredHeights(const CNodeGraph& graph, std::span<const int> order, std::span<const int> freeDofs) {
+  std::vector<int> firstDof(order.size());
+  int nNext = 0;
+  for (const int nVertex : order) {
+    firstDof[nVertex] = nNext;
+    nNext += freeDofs[nVertex];
+  }
+  double dSum = 0.0;
+  for (const int nVertex : order) {
+    int nLowest = firstDof[nVertex];
+    for (const int nOther : graph.GetNeighbours(nVertex)) {
+      if (freeDofs[nOther] > 0) nLowest = std::min(nLowest, firstDof[nOther]);
+    }
+    for (int d = 0; d < freeDofs[nVertex]; ++d) {
+      const double h = firstDof[nVertex] + d - nLowest + 1;
+      dSum += h * h;
+    }
+  }
+  return dSum;
+}
+
 }  // namespace skyframe

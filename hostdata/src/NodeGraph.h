@@ -29,4 +29,10 @@ class CNodeGraph {
 /// Source: George and Liu (1981), section 4.3.
 [[nodiscard]] std::vector<int> FormReverseCuthillMcKeeOrder(const CNodeGraph& graph);
 
+/// Work of a skyline factorisation in that order: the sum of h^2 over the heights h of its columns. Vertex
+/// i has freeDofs[i] equations, which couple with all equations of its neighbours; restrained ones come
+/// behind all free ones in the model and are not factorised.
+[[nodiscard]] double SumSquaredHeights(const CNodeGraph& graph, std::span<const int> order,
+                                       std::span<const int> freeDofs);
+
 }  // namespace skyframe

@@ -29,6 +29,9 @@ constexpr ElasticConstants c_steel = {2.06e11, 0.3, 7900.0};
 constexpr ElasticConstants c_concretes[] = {{2.55e10, 0.2, 2500.0}, {2.80e10, 0.2, 2500.0}, {3.00e10, 0.2, 2500.0},
                                             {3.15e10, 0.2, 2500.0}, {3.25e10, 0.2, 2500.0}, {3.35e10, 0.2, 2500.0}};
 
+/// Index of a host node number, -1 for one outside the node list.
+int GetNodeIndex(int nNumber) { return nNumber >= 1 && nNumber <= ABCD.m_nNodes ? nNumber - 1 : -1; }
+
 /// 0-based end nodes of a host element; bValid false when one lies outside the node list.
 struct ElementEnds {
   int nI;
@@ -37,9 +40,9 @@ struct ElementEnds {
 };
 
 ElementEnds GetElementEnds(int nSlot) {
-  const int nI = ABCD.m_nFirstNode[nSlot] - 1;
-  const int nJ = ABCD.m_nSecondNode[nSlot] - 1;
-  return {nI, nJ, nI >= 0 && nI < ABCD.m_nNodes && nJ >= 0 && nJ < ABCD.m_nNodes};
+  const int nI = GetNodeIndex(ABCD.m_nFirstNode[nSlot]);
+  const int nJ = GetNodeIndex(ABCD.m_nSecondNode[nSlot]);
+  return {nI, nJ, nI >= 0 && nJ >= 0};
 }
 
 bool FitsRecords() {
@@ -228,7 +231,7 @@ void CAnalysisModel::ReadLoads() {
     nPreviousKey = nKey;
     CNodalLoad load;
     load.m_nDirection = LoadCode::GetDirectionDigit(nCode) - 1;
-    load.m_nNode = ABCD.m_nLoadNode[nSlot] - 1;
+    load.m_nNode = GetNodeIndex(ABCD.m_nLoadNode[nSlot]);
     load.m_dValue = ABCD.m_fLoadValue[nSlot];
     m_loadCases.back().m_records.push_back(load);
   }
@@ -239,12 +242,11 @@ void CAnalysisModel::FormNodeLoadMass() {
   m_nodeLoadMass.assign(m_nodes.GetNodeCount(), 0.0);
   for (int nSlot = 0; nSlot < ABCD.m_nLoads; ++nSlot) {
     const int nCode = ABCD.m_nLoadCode[nSlot];
-    const int nNode = ABCD.m_nLoadNode[nSlot] - 1;
+    const int nNode = GetNodeIndex(ABCD.m_nLoadNode[nSlot]);
     const int nType = LoadCode::GetType(nCode);
     const int nCase = nType == 1 ? 0 : LoadCode::GetCase(nCode);
     const bool bCounts = LoadCode::GetDirectionDigit(nCode) == c_nVerticalDigit && (nType == 1 || nType == 2) &&
-                         nCase >= 0 && nCase < c_nLoadTypes && m_nLoadCaseFlag[nCase] == 1 && nNode >= 0 &&
-                         nNode < m_nodes.GetNodeCount();
+                         nCase >= 0 && nCase < c_nLoadTypes && m_nLoadCaseFlag[nCase] == 1 && nNode >= 0;
     if (bCounts) m_nodeLoadMass[nNode] += ABCD.m_fLoadValue[nSlot] * m_dLoadFactor[nCase];
   }
 }

@@ -12,6 +12,7 @@
 #include "InputFile.h"
 #include "PendingFile.h"
 #include "skyframe/platform/HeadlessPlatform.h"
+#include "texts.h"
 
 namespace skyframe {
 
@@ -46,7 +47,11 @@ std::unique_ptr<IPendingFile> IPlatform::OpenForWriting(const std::string& strPa
   return CPendingFile::Open(ToFilePath(strPath), place, strReason);
 }
 
-IPlatform* InstallPlatform(IPlatform* pPlatform) {
+IPlatform* InstallPlatform(IPlatform* pPlatform, const RecordSizes& sizes) {
+  if (sizes != c_recordSizes) {
+    (pPlatform == nullptr ? GetPlatform() : *pPlatform).ShowMessage(texts::c_strOtherRecords);
+    return nullptr;
+  }
   IPlatform* const pPrevious = &GetPlatform();
   g_pPlatform = pPlatform;
   return pPrevious;

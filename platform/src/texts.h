@@ -7,6 +7,8 @@ namespace skyframe::texts {
 inline constexpr std::string_view c_strNeedInteger = "请输入一个整数。";
 inline constexpr std::string_view c_strNeedNumber = "请输入一个数字。";
 
+inline constexpr std::string_view c_strOtherRecords = "宿主数据记录与本模块不符,计算终止!";
+
 inline constexpr std::string_view c_strNoControl = "there is no such control";
 inline constexpr std::string_view c_strWrongKind = "the control cannot be used that way";
 inline constexpr std::string_view c_strDisabled = "the control is disabled";

@@ -15,7 +15,7 @@ namespace skyframe {
 /// Numbers of the stream up to the first one that cannot be read, scaled so that the largest magnitude
 /// is dPeak. Deliberate: a record of zeros is scaled all the same and becomes NaN.
 [[nodiscard]] std::vector<double> ReadAccelerationRecord(std::istream& strm, double dPeak);
-/// Empty when the file cannot be opened.
+/// Empty when the file cannot be opened, or reading breaks off before its end.
 [[nodiscard]] std::optional<std::vector<double>> ReadAccelerationRecord(const std::string& strPath, double dPeak);
 
 enum QuakeMode : int { c_nPrincipalQuake = 0, c_nObliqueQuake = 1 };

@@ -7,6 +7,8 @@
 #include <string>
 #include <string_view>
 
+#include "skyframe/values/Records.h"
+
 namespace skyframe {
 
 class CDialog;
@@ -73,7 +75,7 @@ class IPlatform {
   virtual void ReportProgress(double dFraction, std::string_view strLabel);
 
   /// Called when an entry point starts and when it returns: between the two, dialogs and
-  /// resources resolve to this module.
+  /// resources resolve to this module. Neither may throw.
   virtual void EnterModule();
   virtual void LeaveModule();
 
@@ -88,7 +90,10 @@ class IPlatform {
 
 /// Puts the platform in force and returns the one it replaces. Null restores the default.
 /// The caller keeps ownership; the object must outlive every call into the module.
-IPlatform* InstallPlatform(IPlatform* pPlatform);
+/// Leave the sizes to their default: they are those of the host records as the caller was built with
+/// them. A host whose records differ from the module's is told so on the platform it offers; nothing is
+/// installed then, and null is returned.
+IPlatform* InstallPlatform(IPlatform* pPlatform, const RecordSizes& sizes = c_recordSizes);
 
 /// The platform in force; never absent.
 IPlatform& GetPlatform();
