@@ -2,11 +2,13 @@
 
 #include <algorithm>
 #include <cmath>
-#include <fstream>
+#include <istream>
+#include <memory>
 #include <optional>
 
 #include "StaticResultFile.h"
 #include "skyframe/platform/NumberText.h"
+#include "skyframe/platform/Platform.h"
 #include "texts.h"
 
 namespace skyframe::gui {
@@ -18,7 +20,8 @@ constexpr std::size_t c_nMostModes = 10000;
 /// Words of a mode file.
 class CModeWords {
  public:
-  explicit CModeWords(const std::string& strPath) : m_strm(strPath) {}
+  explicit CModeWords(const std::string& strPath)
+      : m_pFile(GetPlatform().OpenForReading(strPath)), m_strm(m_pFile ? m_pFile->rdbuf() : nullptr) {}
 
   bool SkipTo(std::string_view strWord) {
     for (std::string strRead; m_strm >> strRead;) {
@@ -39,7 +42,8 @@ class CModeWords {
   [[nodiscard]] bool IsGood() const { return !m_strm.fail(); }
 
  private:
-  std::ifstream m_strm;
+  std::unique_ptr<std::istream> m_pFile;  ///< null: not there
+  std::istream m_strm;
 };
 
 std::string DescribeMode(std::size_t nMode, double dFrequency) {
