@@ -144,9 +144,9 @@ TEST_F(AdviceOnRuns, EveryDoubtfulRunIsTold) {
        [](Job& job) {
          NewmarkJob quake = MakeQuake();
          quake.damping = {0.05, 0.0001};
-         job.analyses = {MakeModal(4), quake};
+         job.analyses = {MakeModal(4), quake};  // it runs away
        },
-       true, "warning: the damping ratios give mode ", "[negative-damping]"},
+       false, "warning: the damping ratios give mode ", "[negative-damping]"},
       {"too much load",
        [](Job& job) {
          for (JobLoad& load : job.loads) load.dValue *= 200.0;
@@ -188,7 +188,7 @@ TEST_F(AdviceOnRuns, RecordOfZerosAndTheHistoryThatStays) {
   ASSERT_EQ(outcome.advice[1].size(), 1U);
   EXPECT_EQ(FormatAdvice(outcome.advice[1][0]),
             "error: job_HisTime.txt: displacement at node 20 X from t = 0.02 s on is not a finite number [not-finite]");
-  ASSERT_EQ(outcome.advice[2].size(), 1U);
+  ASSERT_EQ(outcome.advice[2].size(), 1U) << m_strOut << m_strErr;
   EXPECT_EQ(outcome.advice[2][0].strName, "older-history");
   EXPECT_NE(outcome.advice[2][0].strText.find("Newmark, linear, 50 steps of 0.02 s, finished "), std::string::npos);
 }

@@ -47,9 +47,8 @@ bool IsTemporaryName(const std::u8string& strName, const std::u8string& strTarge
 void RemoveOrphans(const fs::path& target) {
   const std::u8string strTarget = target.filename().u8string();
   const fs::path folder = target.has_parent_path() ? target.parent_path() : fs::path(".");
-  std::error_code error;
-  for (fs::directory_iterator it(folder, error); !error && it != fs::directory_iterator(); it.increment(error)) {
-    if (IsTemporaryName(it->path().filename().u8string(), strTarget)) system_file::RemoveOrphan(it->path());
+  for (const fs::path& name : system_file::ListNames(folder)) {
+    if (IsTemporaryName(name.u8string(), strTarget)) system_file::RemoveOrphan(folder / name);
   }
 }
 
@@ -67,18 +66,6 @@ std::string FindObstacle(const fs::path& target) {
   return system_file::IsWritable(target) ? std::string() : Describe(errno);
 }
 
-/// A new file beside the target, and its path. Negative: not possible.
-int CreateTemporary(const fs::path& target, fs::path& temporary) {
-  constexpr int c_nMostTries = 100;
-  int nDescriptor = -1;
-  for (int i = 0; i < c_nMostTries; ++i) {
-    temporary = MakeTemporaryPath(target);
-    nDescriptor = system_file::CreateNew(temporary);
-    if (nDescriptor >= 0 || errno != EEXIST) break;
-  }
-  return nDescriptor;
-}
-
 bool IsDevice(const fs::path& target) {
   std::error_code error;
   return fs::symlink_status(target, error).type() == fs::file_type::character;
@@ -93,9 +80,7 @@ void CopyPermissions(const fs::path& from, const fs::path& to) {
 
 }  // namespace
 
-COutputBuffer::COutputBuffer(int nDescriptor) : m_nDescriptor(nDescriptor) {
-  setp(m_bytes.data(), m_bytes.data() + m_bytes.size());
-}
+COutputBuffer::COutputBuffer() { setp(m_bytes.data(), m_bytes.data() + m_bytes.size()); }
 
 COutputBuffer::~COutputBuffer() { static_cast<void>(Close()); }
 
@@ -121,12 +106,6 @@ bool COutputBuffer::WriteOut() {
   return m_nError == 0;
 }
 
-CPendingFile::CPendingFile(int nDescriptor, fs::path target, fs::path temporary)
-    : m_target(std::move(target)),
-      m_temporary(std::move(temporary)),
-      m_nCare(m_temporary.empty() ? -1 : system_file::KeepInCare(nDescriptor)),
-      m_buffer(nDescriptor) {}
-
 CPendingFile::~CPendingFile() {
   static_cast<void>(m_buffer.Close());
   std::error_code error;
@@ -135,15 +114,35 @@ CPendingFile::~CPendingFile() {
 }
 
 std::unique_ptr<IPendingFile> CPendingFile::Open(const fs::path& target, OutputPlace place, std::string& strReason) {
+  auto pFile = std::make_unique<CPendingFile>(target);
   const bool bDevice = place == OutputPlace::FileOrDevice && IsDevice(target);
-  strReason = bDevice ? std::string() : FindObstacle(target);
-  if (!strReason.empty()) return nullptr;
-  if (!bDevice) RemoveOrphans(target);
-  fs::path temporary;
-  const int nDescriptor = bDevice ? system_file::OpenDevice(target) : CreateTemporary(target, temporary);
-  if (nDescriptor >= 0) return std::make_unique<CPendingFile>(nDescriptor, target, temporary);
-  strReason = Describe(errno);
-  return nullptr;
+  strReason = bDevice ? pFile->OpenDevice() : pFile->Create();
+  return strReason.empty() ? std::move(pFile) : nullptr;
+}
+
+std::string CPendingFile::OpenDevice() {
+  const int nDescriptor = system_file::OpenDevice(m_target);
+  if (nDescriptor < 0) return Describe(errno);
+  m_buffer.Attach(nDescriptor);
+  return {};
+}
+
+std::string CPendingFile::Create() {
+  constexpr int c_nMostTries = 100;
+  if (std::string strObstacle = FindObstacle(m_target); !strObstacle.empty()) return strObstacle;
+  RemoveOrphans(m_target);
+  int nDescriptor = -1;
+  for (int i = 0; i < c_nMostTries && nDescriptor < 0; ++i) {
+    m_temporary = MakeTemporaryPath(m_target);
+    nDescriptor = system_file::CreateNew(m_temporary);
+    if (nDescriptor >= 0) break;
+    const int nError = errno;
+    m_temporary.clear();  // it is another's, or there is none
+    if (nError != EEXIST || i + 1 == c_nMostTries) return Describe(nError);
+  }
+  m_buffer.Attach(nDescriptor);
+  m_nCare = system_file::KeepInCare(nDescriptor);
+  return {};
 }
 
 std::string CPendingFile::Commit() {

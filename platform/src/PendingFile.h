@@ -6,6 +6,7 @@
 #include <ostream>
 #include <streambuf>
 #include <string>
+#include <utility>
 
 #include "skyframe/platform/Platform.h"
 
@@ -14,11 +15,13 @@ namespace skyframe {
 /// Bytes on their way into an open file; owns the descriptor.
 class COutputBuffer final : public std::streambuf {
  public:
-  explicit COutputBuffer(int nDescriptor);
+  COutputBuffer();
   ~COutputBuffer() override;
   COutputBuffer(const COutputBuffer&) = delete;
   COutputBuffer& operator=(const COutputBuffer&) = delete;
 
+  /// Takes over an open descriptor.
+  void Attach(int nDescriptor) { m_nDescriptor = nDescriptor; }
   /// Writes what is left and closes. The code of the first failure since the beginning, 0: none.
   [[nodiscard]] int Close();
 
@@ -32,7 +35,7 @@ class COutputBuffer final : public std::streambuf {
 
   static constexpr std::size_t c_nSize = std::size_t{1} << 16U;
 
-  int m_nDescriptor;  ///< -1: closed
+  int m_nDescriptor = -1;  ///< -1: closed
   int m_nError = 0;
   std::array<char, c_nSize> m_bytes;
 };
@@ -41,8 +44,7 @@ class COutputBuffer final : public std::streambuf {
 /// removes the temporary files that runs for the same place have left when they were killed.
 class CPendingFile final : public IPendingFile {
  public:
-  /// A device has no temporary name.
-  CPendingFile(int nDescriptor, std::filesystem::path target, std::filesystem::path temporary);
+  explicit CPendingFile(std::filesystem::path target) : m_target(std::move(target)) {}
   ~CPendingFile() override;
   CPendingFile(const CPendingFile&) = delete;
   CPendingFile& operator=(const CPendingFile&) = delete;
@@ -55,11 +57,14 @@ class CPendingFile final : public IPendingFile {
   [[nodiscard]] std::string Commit() override;
 
  private:
+  // The reason of a failure, empty: none.
+  [[nodiscard]] std::string OpenDevice();
+  [[nodiscard]] std::string Create();
   [[nodiscard]] std::string MoveToTarget();
 
   std::filesystem::path m_target;
   std::filesystem::path m_temporary;  ///< empty: nothing to remove
-  int m_nCare;                        ///< keeps the temporary file from being taken for an orphan
+  int m_nCare = -1;                   ///< keeps the temporary file from being taken for an orphan
   COutputBuffer m_buffer;
   std::ostream m_strm{&m_buffer};
 };

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <filesystem>
+#include <vector>
 
 /// What the standard library has no words for: files by descriptor. Failures leave errno.
 namespace skyframe::system_file {
@@ -16,6 +17,8 @@ int OpenDevice(const std::filesystem::path& path);
 
 /// Another descriptor that keeps a new file in care after its own was closed; negative where the system has none.
 int KeepInCare(int nDescriptor);
+/// Names of what a folder holds; none when it cannot be read.
+[[nodiscard]] std::vector<std::filesystem::path> ListNames(const std::filesystem::path& folder);
 /// Removes a file that CreateNew made, unless a process still has it in its care.
 void RemoveOrphan(const std::filesystem::path& path);
 

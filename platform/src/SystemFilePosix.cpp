@@ -1,11 +1,13 @@
 #ifndef _WIN32
 
+#include <dirent.h>
 #include <fcntl.h>
 #include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <cerrno>
+#include <memory>
 
 #include "SystemFile.h"
 
@@ -62,6 +64,17 @@ int OpenDevice(const std::filesystem::path& path) {
 }
 
 int KeepInCare(int nDescriptor) { return fcntl(nDescriptor, F_DUPFD_CLOEXEC, 0); }
+
+std::vector<std::filesystem::path> ListNames(const std::filesystem::path& folder) {
+  struct CloseFolder {
+    void operator()(DIR* p) const { closedir(p); }
+  };
+  std::vector<std::filesystem::path> names;
+  const std::unique_ptr<DIR, CloseFolder> pFolder(opendir(folder.c_str()));
+  if (!pFolder) return names;
+  while (const dirent* const pEntry = readdir(pFolder.get())) names.emplace_back(pEntry->d_name);
+  return names;
+}
 
 void RemoveOrphan(const std::filesystem::path& path) {
   const int n = open(path.c_str(), O_RDWR | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY | O_CLOEXEC);

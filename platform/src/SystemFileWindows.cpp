@@ -41,6 +41,15 @@ int OpenDevice(const std::filesystem::path& path) { return Open(path, _O_WRONLY,
 
 int KeepInCare(int /*nDescriptor*/) { return -1; }  // an open file cannot be moved to its name
 
+std::vector<std::filesystem::path> ListNames(const std::filesystem::path& folder) {
+  std::vector<std::filesystem::path> names;
+  std::error_code error;
+  for (std::filesystem::directory_iterator it(folder, error), end; !error && it != end; it.increment(error)) {
+    names.push_back(it->path().filename());
+  }
+  return names;
+}
+
 void RemoveOrphan(const std::filesystem::path& path) { _wunlink(path.c_str()); }
 
 std::size_t Read(int nDescriptor, char* pBytes, std::size_t nCount) {
