@@ -11,6 +11,7 @@
 #include <tuple>
 #include <vector>
 
+#include "Sanitizer.h"
 #include "skyframe/host/Generate.h"
 #include "skyframe/host/JobFile.h"
 
@@ -254,7 +255,7 @@ TEST(JobFile, TooMuchOfAnythingIsRefused) {
   for (const auto& [strText, strError] : lastErrorOf) EXPECT_EQ(List(ParseJob(strText).errors).back(), strError);
 }
 
-#ifndef __SANITIZE_ADDRESS__  // which needs address space of its own
+#ifndef SKYFRAME_TEST_ASAN
 TEST(JobFile, LackOfMemoryIsAnError) {
   Job job = GenerateArch({});
   job.loads.resize(30000, job.loads[0]);
