@@ -9,6 +9,7 @@
 #include <new>
 
 #include "HostModel.h"
+#include "Sanitizer.h"
 #include "TestPlatform.h"
 #include "skyframe/connect/ModeConnect.h"
 #include "skyframe/values/DialogIds.h"
@@ -44,7 +45,7 @@ void operator delete[](void* p) noexcept { std::free(p); }
 void operator delete(void* p, std::size_t) noexcept { std::free(p); }
 void operator delete[](void* p, std::size_t) noexcept { std::free(p); }
 
-#if defined(__GLIBC__) && !defined(__SANITIZE_ADDRESS__)
+#if defined(__GLIBC__) && !defined(SKYFRAME_TEST_ASAN)
 // The skylines come from calloc.
 extern "C" void* __libc_calloc(std::size_t, std::size_t);
 extern "C" void* calloc(std::size_t nCount, std::size_t nSize) noexcept {
