@@ -12,8 +12,9 @@ HistoryPeak FindPeak(const HistorySet& history, int nQuantity) {
   for (int k = 0; k < history.nSteps; ++k) {
     for (int i = 0; i < values.GetCols(); ++i) {
       const double dValue = values[k][i];
+      peak.bFinite = peak.bFinite && std::isfinite(dValue);
       if (!std::isfinite(dValue) || std::abs(dValue) <= std::abs(peak.dValue)) continue;
-      peak = {dValue, i + 1, (k + 1) * history.dTimeStep};
+      peak = {dValue, i + 1, (k + 1) * history.dTimeStep, peak.bFinite};
     }
   }
   return peak;
@@ -24,15 +25,17 @@ void PrintHistoryReport(const Job& job, const HistorySet& history, std::ostream&
   for (int d = c_nHistoryX; d <= c_nHistoryZ; ++d) {
     const HistoryPeak peak = FindPeak(history, d);
     out << "  peak displacement " << c_strDirections[static_cast<std::size_t>(d)];
-    if (peak.nNumber == 0) {
-      out << "   0\n";
+    if (!peak.bFinite) {
+      out << "   not finite\n";
+    } else if (peak.nNumber == 0) {
+      out << "   none\n";
     } else {
       out << Format("   %.6g m at node %d, t = %g s\n", peak.dValue,
                     job.nodes[static_cast<std::size_t>(peak.nNumber - 1)].nId, peak.dTime);
     }
   }
   const HistoryPeak force = FindPeak(history, c_nHistoryForce);
-  if (force.nNumber == 0) return;
+  if (force.nNumber == 0 || !force.bFinite) return;
   out << Format("  peak axial force      %.6g kN in element %d, t = %g s\n", 1.0e-3 * force.dValue, force.nNumber,
                 force.dTime);
 }

@@ -12,8 +12,9 @@ struct HistoryPeak {
   double dValue = 0.0;  ///< m or N
   int nNumber = 0;      ///< host number of the node or element; 0: nothing but zeros
   double dTime = 0.0;   ///< s
+  bool bFinite = true;  ///< false: there are values that are no numbers, which do not count
 };
-/// nQuantity: HistoryQuantity. Values that are not finite do not count.
+/// nQuantity: HistoryQuantity.
 [[nodiscard]] HistoryPeak FindPeak(const HistorySet& history, int nQuantity);
 
 /// Steps, and the peaks of displacement and axial force with place and time.
