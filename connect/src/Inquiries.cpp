@@ -14,11 +14,27 @@
 namespace skyframe {
 namespace {
 
+/// Keeps progress and trace lines off the console for the life of the object: they belong to runs.
+class CQuietConsole {
+ public:
+  CQuietConsole() : m_console(GetPlatform().GetConsole()), m_state(m_console.rdstate()) {
+    m_console.clear(m_state | std::ios::badbit);
+  }
+  ~CQuietConsole() { m_console.clear(m_state); }
+  CQuietConsole(const CQuietConsole&) = delete;
+  CQuietConsole& operator=(const CQuietConsole&) = delete;
+
+ private:
+  std::ostream& m_console;
+  std::ios::iostate m_state;
+};
+
 /// Answers within the module's state; nothing after a message when memory is short.
 template <class Question>
 auto Answer(Question question) -> decltype(question()) {
   const CModuleStateScope scope;
   try {
+    const CQuietConsole quiet;
     return question();
   } catch (const std::exception&) {
     GetPlatform().ShowMessage(c_strOutOfMemory);

@@ -30,7 +30,7 @@ void RunModal() {
   pModel->m_nIterMultiple = dialog.m_nIterMultiple;
   pModel->m_bShear = dialog.m_bShear;
 
-  const std::string strJobPath = COMDAT.m_szJobPath;
+  const std::string strJobPath = GetHostJobPath();
   const CElapsedTime elapsed;
   pModel->SolveModes(strJobPath, 0, pModel->m_bLoadComb);
   elapsed.Report();

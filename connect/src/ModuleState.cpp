@@ -15,6 +15,11 @@ int g_nHistoryPoints = 0;
 KeptFindings g_findings;
 KeptModels g_keptModels;
 
+std::string GetHostJobPath() {
+  const std::string_view strRecord(std::begin(COMDAT.m_szJobPath), std::size(COMDAT.m_szJobPath));
+  return std::string(strRecord.substr(0, strRecord.find('\0')));
+}
+
 void KeepHistory(HistorySet history) {
   g_history = std::move(history);
   g_nHistorySteps = g_history.nSteps;

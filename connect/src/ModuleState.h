@@ -22,6 +22,9 @@ extern std::array<CHistoryTable, c_nHistoryQuantities>& g_matHistory;
 extern int g_nHistorySteps;
 extern int g_nHistoryPoints;  ///< nodes
 
+/// Job path of the host's record, also when that has no terminating zero.
+[[nodiscard]] std::string GetHostJobPath();
+
 /// Takes over a set of histories and its counts.
 void KeepHistory(HistorySet history);
 

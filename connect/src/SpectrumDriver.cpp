@@ -45,7 +45,7 @@ int RunSpectrum() {
   if (!pModel->m_bValid) return 1;
 
   SetSpectrumParameters(*pModel, dialog);
-  const std::string strJobPath = COMDAT.m_szJobPath;
+  const std::string strJobPath = GetHostJobPath();
   pModel->m_bValid = false;
   pModel->ReadModeFile(strJobPath);  // sets m_bValid
   if (!pModel->m_bValid) return 1;

@@ -19,7 +19,7 @@ void RunStatic() {
   model.m_dConvTol = dialog.m_dTolerance;
   model.m_nMaxIter = dialog.m_nMaxIter;
 
-  g_strJobPath = COMDAT.m_szJobPath;
+  g_strJobPath = GetHostJobPath();
   model.BuildModel();
   SetLoadCombination(model, dialog.m_loadComb);
   if (dialog.m_bNonlinear == 1) {

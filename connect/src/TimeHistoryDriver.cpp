@@ -111,7 +111,7 @@ int RunTimeHistory() {
   CAnalysisModel& model = KeepNewModel(g_keptModels.m_pTimeHistory);
   model.m_dKeptHistoryBytes = g_history.GetBytes();
   model.BuildModel();
-  g_strJobPath = COMDAT.m_szJobPath;
+  g_strJobPath = GetHostJobPath();
   switch (COMDYN.m_nMethod) {
     case c_nWilsonMethod:
       return RunWilson(model);

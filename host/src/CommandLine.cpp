@@ -36,7 +36,7 @@ void PrintProblems(const std::string& strFile, const std::vector<JobProblem>& pr
                    std::ostream& err) {
   for (const JobProblem& problem : problems) {
     err << EscapeControls(strFile) << ": " << (problem.strPlace.empty() ? "/" : problem.strPlace) << ": " << strKind
-        << problem.strReason << '\n';
+        << problem.strReason << (problem.strName.empty() ? "" : " [" + problem.strName + "]") << '\n';
   }
 }
 

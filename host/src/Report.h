@@ -11,11 +11,15 @@ inline constexpr double c_dKilonewtonPerNewton = 1.0e-3;
 
 inline double GetTranslation(const NodeValues& u) { return std::hypot(u[0], u[1], u[2]); }
 
-/// Place of the largest translation; the first of all when there are none.
+/// Zero instead of what would print as "-0.000".
+inline double DropRoundOff(double dKilonewton) { return std::abs(dKilonewton) < 0.5e-3 ? 0.0 : dKilonewton; }
+
+/// Place of the largest translation, the first of equal ones; 0 when there are none.
 inline std::size_t FindLargestTranslation(const std::vector<NodeValues>& displacements) {
+  constexpr double c_dMore = 1.0 + 1.0e-9;  // past round-off in a symmetric structure
   std::size_t nLargest = 0;
   for (std::size_t i = 1; i < displacements.size(); ++i) {
-    if (GetTranslation(displacements[i]) > GetTranslation(displacements[nLargest])) nLargest = i;
+    if (GetTranslation(displacements[i]) > c_dMore * GetTranslation(displacements[nLargest])) nLargest = i;
   }
   return nLargest;
 }

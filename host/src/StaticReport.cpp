@@ -12,7 +12,8 @@ void PrintSum(const char* pszLabel, const std::vector<NodeValues>& forces, std::
   for (const NodeValues& force : forces) {
     for (std::size_t d = 0; d < sum.size(); ++d) sum[d] += force[d] * c_dKilonewtonPerNewton;
   }
-  out << Format("  %-22sX %.3f, Y %.3f, Z %.3f kN\n", pszLabel, sum[0], sum[1], sum[2]);
+  out << Format("  %-22sX %.3f, Y %.3f, Z %.3f kN\n", pszLabel, DropRoundOff(sum[0]), DropRoundOff(sum[1]),
+                DropRoundOff(sum[2]));
 }
 
 }  // namespace

@@ -17,6 +17,14 @@ std::string FormatAdvice(const Advice& advice) {
   return strKind + advice.strText + " [" + advice.strName + "]";
 }
 
+AdviceList AdviseOnInput(const std::vector<JobProblem>& warnings) {
+  AdviceList list;
+  for (const JobProblem& problem : warnings) {
+    list.push_back({Severity::Warning, problem.strName, problem.strPlace + ": " + problem.strReason});
+  }
+  return list;
+}
+
 std::string DescribePlace(const Job& job, const DofPlace& place) {
   const auto nNodes = static_cast<int>(job.nodes.size());
   if (place.nNode < 1 || place.nNode > nNodes) return "no node";

@@ -313,18 +313,11 @@ bool CMainWindow::OpenJob(const QString& strFile) {
   setWindowTitle((strTitle.isEmpty() ? QFileInfo(strFile).fileName() : strTitle) + QStringLiteral(" - ") +
                  ToQt(texts::c_strProgram));
   m_console.clear();
-  ReportWarnings(file.warnings);
-  m_advice.clear();
+  m_advice.ShowAdvice(host::AdviseOnInput(file.warnings));
   m_job = std::move(file.job);
   Remember(strFile);
   RefreshResults();
   return true;
-}
-
-void CMainWindow::ReportWarnings(const std::vector<host::JobProblem>& warnings) {
-  for (const host::JobProblem& problem : warnings) {
-    AppendConsole(std::string(texts::c_strWarning) + problem.strPlace + ": " + problem.strReason + "\n");
-  }
 }
 
 void CMainWindow::Analyse(void (*pEntryPoint)(), host::AdviceList (*pAdvise)(const host::Job&)) {

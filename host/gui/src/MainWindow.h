@@ -66,7 +66,6 @@ class CMainWindow : public QMainWindow {
   /// Calls an entry point and shows what its findings tell of the job.
   void Analyse(void (*pEntryPoint)(), host::AdviceList (*pAdvise)(const host::Job&));
   void AppendConsole(std::string_view strText);
-  void ReportWarnings(const std::vector<host::JobProblem>& warnings);
   /// Result files and shapes as they now are.
   void RefreshResults();
   void ShowShape();

@@ -94,7 +94,6 @@ inline constexpr std::string_view c_strErrorKept = "文件未打开，当前作�
 inline constexpr std::string_view c_strPlace = "位置";
 inline constexpr std::string_view c_strReason = "原因";
 inline constexpr std::string_view c_strClose = "关闭";
-inline constexpr std::string_view c_strWarning = "警告: ";
 inline constexpr std::string_view c_strPathTooLong = "作业文件的路径过长";
 inline constexpr std::string_view c_strPictureFailed = "图片无法保存。";
 

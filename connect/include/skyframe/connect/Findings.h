@@ -8,9 +8,9 @@ namespace skyframe {
 // What the last call of each entry point found. A call puts its own in the place of the earlier ones, also
 // when it is cancelled.
 
-SKYFRAME_API [[nodiscard]] const StaticFindings& GetStaticFindings();
-SKYFRAME_API [[nodiscard]] const ModalFindings& GetModalFindings();
-SKYFRAME_API [[nodiscard]] const SpectrumFindings& GetSpectrumFindings();
-SKYFRAME_API [[nodiscard]] const HistoryFindings& GetHistoryFindings();
+[[nodiscard]] SKYFRAME_API const StaticFindings& GetStaticFindings();
+[[nodiscard]] SKYFRAME_API const ModalFindings& GetModalFindings();
+[[nodiscard]] SKYFRAME_API const SpectrumFindings& GetSpectrumFindings();
+[[nodiscard]] SKYFRAME_API const HistoryFindings& GetHistoryFindings();
 
 }  // namespace skyframe

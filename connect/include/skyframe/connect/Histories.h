@@ -7,6 +7,6 @@ namespace skyframe {
 
 /// Histories that the result viewer shows: those of the last complete time-history run, or of the file
 /// read for the viewer; no steps before the first.
-SKYFRAME_API [[nodiscard]] const HistorySet& GetHistories();
+[[nodiscard]] SKYFRAME_API const HistorySet& GetHistories();
 
 }  // namespace skyframe

@@ -30,7 +30,7 @@ struct ModelMeasure {
 };
 
 /// Counts, profile and memory. bForModes: as the modal and spectrum analyses build the model.
-SKYFRAME_API [[nodiscard]] std::optional<ModelMeasure> MeasureModel(bool bForModes);
+[[nodiscard]] SKYFRAME_API std::optional<ModelMeasure> MeasureModel(bool bForModes);
 
 /// What decides the modes of a model beside the model itself.
 struct ModeSettings {
@@ -40,7 +40,7 @@ struct ModeSettings {
 };
 
 /// Number of modes below dOmega, rad/s, by a Sturm count of K - dOmega^2 M.
-SKYFRAME_API [[nodiscard]] std::optional<int> CountModesBelow(double dOmega, const ModeSettings& settings);
+[[nodiscard]] SKYFRAME_API std::optional<int> CountModesBelow(double dOmega, const ModeSettings& settings);
 
 /// Seismic influence coefficient at a period, with the curve's highest value for a damping ratio of 0.05 and its
 /// characteristic period.
@@ -49,7 +49,7 @@ struct DesignSpectrumValue {
   double dAlphaMax = 0.0;
   double dTg = 0.0;  ///< s
 };
-SKYFRAME_API [[nodiscard]] std::optional<DesignSpectrumValue> EvaluateDesignSpectrum(const SpectrumSite& site,
+[[nodiscard]] SKYFRAME_API std::optional<DesignSpectrumValue> EvaluateDesignSpectrum(const SpectrumSite& site,
                                                                                      double dPeriod, double dDampRatio);
 
 }  // namespace skyframe

@@ -1,11 +1,13 @@
 #pragma once
 
+#include "skyframe/values/Export.h"
+
 namespace skyframe {
 
 /// The module's five entry points. Each shows its parameter dialog, builds the model from the host
 /// records (skyframe/hostdata/HostData.h), runs one analysis and writes text files named as the job
 /// path plus a suffix. Called on the host's user-interface thread; no exception leaves them.
-class CModeConnect {
+class SKYFRAME_API CModeConnect {
  public:
   /// Modal analysis.
   static void OnMode();

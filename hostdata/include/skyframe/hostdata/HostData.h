@@ -2,28 +2,29 @@
 
 #include <string>
 
+#include "skyframe/values/Export.h"
 #include "skyframe/values/Records.h"
 
 namespace skyframe {
 
-extern tagAbcd ABCD;
-extern tagComDat COMDAT;
-extern tagSect SECT;
-extern tagComDynamic COMDYN;
-extern tagComZhu ZHU;
-extern tagComResult RES;
-extern std::string g_ProgramPath;  ///< directory of the host program
+SKYFRAME_API extern tagAbcd ABCD;
+SKYFRAME_API extern tagComDat COMDAT;
+SKYFRAME_API extern tagSect SECT;
+SKYFRAME_API extern tagComDynamic COMDYN;
+SKYFRAME_API extern tagComZhu ZHU;
+SKYFRAME_API extern tagComResult RES;
+SKYFRAME_API extern std::string g_ProgramPath;  ///< directory of the host program
 /// Current job path. It must agree with COMDAT.m_szJobPath: a ground-motion history is written and read
 /// under this one, every other result under that one.
-extern std::string g_FilePathName;
+SKYFRAME_API extern std::string g_FilePathName;
 
 /// Clears every record, string and spring group, forgets a renumbering and puts the initial settings
 /// into COMDYN.
-void ResetHostData();
+SKYFRAME_API void ResetHostData();
 
 /// Restraint codes, read as decimal digits d7 d6 d5 d4 d3 d2 d1 d0: a digit of 3 or more restrains
 /// X (d4), Y (d3), Z (d2), RX (d7), RY (d6), RZ (d5); 222 in d4 d3 d2 selects spring group code / 100000.
-struct RestraintCode {
+struct SKYFRAME_API RestraintCode {
   bool bSpring = false;
   int nSpringGroup = 0;
   int nRestrained[6] = {};  ///< X Y Z RX RY RZ, 1 = restrained; all 0 for spring supports
@@ -34,7 +35,7 @@ struct RestraintCode {
 };
 
 /// Parts of a load code.
-struct LoadCode {
+struct SKYFRAME_API LoadCode {
   /// Digit 1..6 of a DOF place: X Y Z RX RY RZ are 1 2 3 6 4 5.
   static constexpr int c_nDigitOfDof[6] = {1, 2, 3, 6, 4, 5};
 
@@ -49,7 +50,7 @@ struct LoadCode {
 };
 
 /// Services of the host that the module calls.
-class CCommonData {
+class SKYFRAME_API CCommonData {
  public:
   /// Renumbers the nodes by reverse Cuthill-McKee, unless the present order costs no more to factorise.
   /// Permutes coordinates, joints, restraints, element ends, loads and inclined supports; records the

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "skyframe/platform/Platform.h"
+#include "skyframe/values/Export.h"
 
 namespace skyframe {
 
@@ -55,7 +56,7 @@ struct ControlTemplate {
 };
 
 /// A dialog's fixed part. Controls stand in tab order.
-struct DialogTemplate {
+struct SKYFRAME_API DialogTemplate {
   int nId = 0;
   std::string_view strTitle;
   int nWidth = 0;   ///< dialog units
@@ -74,7 +75,7 @@ struct DialogTemplate {
 
 /// The controls of an open dialog as the dialog sees them. Rows and items count from 0.
 /// Programmatic changes (SetText, SetCheck, ...) raise no event.
-class IDialogView {
+class SKYFRAME_API IDialogView {
  public:
   virtual ~IDialogView() = default;
 
@@ -119,7 +120,7 @@ enum class DialogEvent { Clicked, DoubleClicked, SelectionChanged, TextChanged }
 /// value. Blanks around a number are allowed, anything else beside it is not.
 /// When saving, the first field that does not parse shows a message, takes the focus, and makes
 /// every later transfer do nothing.
-class CDataExchange {
+class SKYFRAME_API CDataExchange {
  public:
   CDataExchange(const DialogTemplate& layout, IDialogView& view, bool bSaving);
 
@@ -151,7 +152,7 @@ class CDataExchange {
 /// A modal dialog: a template, members, one data exchange for both directions, handlers by control.
 /// Lifecycle: constructed with the members' defaults; DoModal opens it on the platform's view,
 /// runs OnInitDialog, then handlers until EndDialog; afterwards the members are read.
-class CDialog {
+class SKYFRAME_API CDialog {
  public:
   explicit CDialog(const DialogTemplate& layout);
   virtual ~CDialog();

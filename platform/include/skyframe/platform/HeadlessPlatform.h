@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "skyframe/platform/Platform.h"
+#include "skyframe/values/Export.h"
 
 namespace skyframe {
 
@@ -18,7 +19,7 @@ class IDialogView;
 class IPaintContext;
 
 /// One thing a person does in an open dialog.
-struct DialogStep {
+struct SKYFRAME_API DialogStep {
   enum class Action {
     Type,         ///< replaces the text of an edit
     Tick,         ///< sets or clears a check
@@ -60,7 +61,7 @@ struct DialogStep {
 /// whose steps end while it is still open. A step that a person could not do (control missing,
 /// disabled, row not there) is reported by GetScriptErrors and ends the dialog with Cancel; steps
 /// left over when the dialog has ended are reported too.
-class CHeadlessPlatform : public IPlatform {
+class SKYFRAME_API CHeadlessPlatform : public IPlatform {
  public:
   /// Messages are also written to strmMessages, the console goes to strmConsole.
   CHeadlessPlatform(std::ostream& strmMessages, std::ostream& strmConsole);

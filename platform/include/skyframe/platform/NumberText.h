@@ -4,23 +4,25 @@
 #include <string>
 #include <string_view>
 
+#include "skyframe/values/Export.h"
+
 namespace skyframe {
 
 // Numbers as text and back, independent of the locale.
 
 /// Fixed notation ("%.*f"); nDecimals 0..64. NaN and infinities: "nan", "inf", "-inf".
-std::string FormatFixed(double dValue, int nDecimals);
+SKYFRAME_API std::string FormatFixed(double dValue, int nDecimals);
 
 /// General notation, six significant digits ("%g").
-std::string FormatGeneral(double dValue);
+SKYFRAME_API std::string FormatGeneral(double dValue);
 
 /// Fewest digits that read back as the same value.
-std::string FormatShortest(double dValue);
+SKYFRAME_API std::string FormatShortest(double dValue);
 
 /// Whole text as a decimal integer, blanks around it allowed; empty when it is none or no int.
-std::optional<int> ParseInt(std::string_view strText);
+SKYFRAME_API std::optional<int> ParseInt(std::string_view strText);
 
 /// Whole text as a finite decimal number, blanks around it allowed; empty when it is none.
-std::optional<double> ParseReal(std::string_view strText);
+SKYFRAME_API std::optional<double> ParseReal(std::string_view strText);
 
 }  // namespace skyframe

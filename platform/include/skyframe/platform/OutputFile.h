@@ -7,6 +7,7 @@
 
 #include "skyframe/platform/Platform.h"
 #include "skyframe/platform/TextWriter.h"
+#include "skyframe/values/Export.h"
 
 namespace skyframe {
 
@@ -15,7 +16,7 @@ struct RunFindings;
 /// A file that appears under its name whole or not at all: an object destroyed without Commit leaves an older
 /// file alone, and so does a Commit that fails. Opened by the constructor; what is written to a file that could
 /// not be opened goes nowhere.
-class COutputFile {
+class SKYFRAME_API COutputFile {
  public:
   explicit COutputFile(std::string strPath, OutputPlace place = OutputPlace::RegularFile);
 

@@ -7,6 +7,8 @@
 #include <string_view>
 #include <vector>
 
+#include "skyframe/values/Export.h"
+
 namespace skyframe {
 
 struct Colour {
@@ -43,7 +45,7 @@ struct PaintState {
 
 /// A surface to draw on. Lines and outlines take the pen, areas the brush, texts the pen's colour.
 /// Starts with the PaintState defaults. Items with a coordinate that is not finite are left out.
-class IPaintContext {
+class SKYFRAME_API IPaintContext {
  public:
   virtual ~IPaintContext() = default;
 
@@ -83,7 +85,7 @@ struct PaintItem {
 };
 
 /// Keeps what is drawn.
-class CPaintRecorder : public IPaintContext {
+class SKYFRAME_API CPaintRecorder : public IPaintContext {
  public:
   [[nodiscard]] const std::vector<PaintItem>& GetItems() const { return m_items; }
 
@@ -97,7 +99,7 @@ class CPaintRecorder : public IPaintContext {
 };
 
 /// Draws an SVG 1.1 picture in UTF-8 on a white ground.
-class CSvgPaintContext : public IPaintContext {
+class SKYFRAME_API CSvgPaintContext : public IPaintContext {
  public:
   /// Size in pixels, both above 0.
   CSvgPaintContext(int nWidth, int nHeight);

@@ -7,6 +7,7 @@
 #include <string>
 #include <string_view>
 
+#include "skyframe/values/Export.h"
 #include "skyframe/values/Records.h"
 
 namespace skyframe {
@@ -35,7 +36,7 @@ enum class OutputPlace {
 
 /// A file on its way to its name: Commit makes it appear there whole. Without Commit, or when that fails,
 /// nothing is left of it and an older file stays.
-class IPendingFile {
+class SKYFRAME_API IPendingFile {
  public:
   virtual ~IPendingFile() = default;
   virtual std::ostream& GetStream() = 0;
@@ -47,7 +48,7 @@ class IPendingFile {
 /// A host installs one implementation before it calls an entry point; until then a headless one
 /// is in force (messages to standard error, every dialog cancelled).
 /// All texts and paths are UTF-8. Single-threaded: called on the host's user-interface thread only.
-class IPlatform {
+class SKYFRAME_API IPlatform {
  public:
   virtual ~IPlatform() = default;
 
@@ -93,15 +94,15 @@ class IPlatform {
 /// Leave the sizes to their default: they are those of the host records as the caller was built with
 /// them. A host whose records differ from the module's is told so on the platform it offers; nothing is
 /// installed then, and null is returned.
-IPlatform* InstallPlatform(IPlatform* pPlatform, const RecordSizes& sizes = c_recordSizes);
+SKYFRAME_API IPlatform* InstallPlatform(IPlatform* pPlatform, const RecordSizes& sizes = c_recordSizes);
 
 /// The platform in force; never absent.
-IPlatform& GetPlatform();
+SKYFRAME_API IPlatform& GetPlatform();
 
 /// Path with the separators of this system.
-std::string ToNativePath(std::string_view strPath);
+SKYFRAME_API std::string ToNativePath(std::string_view strPath);
 /// The same for the standard library's file operations.
-std::filesystem::path ToFilePath(std::string_view strPath);
+SKYFRAME_API std::filesystem::path ToFilePath(std::string_view strPath);
 
 /// The module's state for the life of the object: EnterModule now, LeaveModule at the end.
 class CModuleStateScope {

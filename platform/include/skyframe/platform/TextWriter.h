@@ -4,6 +4,8 @@
 #include <string>
 #include <string_view>
 
+#include "skyframe/values/Export.h"
+
 namespace skyframe {
 
 enum class Align { Left, Right };
@@ -11,7 +13,7 @@ enum class Align { Left, Right };
 /// Buffered writer of the result files. Fields shorter than their width are filled with blanks;
 /// longer ones are written whole; widths count bytes. Numbers have the text that C's printf gives in the C locale.
 /// NaN and infinities print as "nan", "inf", "-inf".
-class CTextWriter {
+class SKYFRAME_API CTextWriter {
  public:
   explicit CTextWriter(std::ostream& strm);
   ~CTextWriter();

@@ -9,5 +9,5 @@
 #elif defined(_WIN32)
 #define SKYFRAME_API __declspec(dllimport)
 #else
-#define SKYFRAME_API [[gnu::visibility("default")]]
+#define SKYFRAME_API __attribute__((visibility("default")))
 #endif

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "skyframe/host/Job.h"
+#include "skyframe/host/JobFile.h"
 #include "skyframe/values/Findings.h"
 #include "skyframe/values/HistorySet.h"
 
@@ -23,6 +23,9 @@ using AdviceList = std::vector<Advice>;
 [[nodiscard]] bool HasError(const AdviceList& list);
 /// "warning: text [name]".
 [[nodiscard]] std::string FormatAdvice(const Advice& advice);
+
+/// What a job file tells before any run.
+[[nodiscard]] AdviceList AdviseOnInput(const std::vector<JobProblem>& warnings);
 
 // What the findings of a run tell. The job gives the nodes their ids.
 
