@@ -139,9 +139,7 @@ class CJobRunner {
       m_streams.out << Format("  file                  %s, %ju bytes\n", EscapeControls(strPath).c_str(),
                               fs::file_size(strPath, error));
     }
-    for (const FileFailure& failure : findings.failures) {
-      m_streams.err << "cannot write " << EscapeControls(failure.strPath) << ": " << failure.strReason << '\n';
-    }
+    for (const Advice& advice : AdviseOnFiles(findings)) m_streams.err << EscapeControls(advice.strText) << '\n';
   }
 
   const Job& m_job;

@@ -25,6 +25,14 @@ AdviceList AdviseOnInput(const std::vector<JobProblem>& warnings) {
   return list;
 }
 
+AdviceList AdviseOnFiles(const RunFindings& findings) {
+  AdviceList list;
+  for (const FileFailure& failure : findings.failures) {
+    list.push_back({Severity::Error, "file-not-written", "cannot write " + failure.strPath + ": " + failure.strReason});
+  }
+  return list;
+}
+
 std::string DescribePlace(const Job& job, const DofPlace& place) {
   const auto nNodes = static_cast<int>(job.nodes.size());
   if (place.nNode < 1 || place.nNode > nNodes) return "no node";

@@ -1,13 +1,13 @@
 #pragma once
 
-#include <QTreeWidget>
+#include <QListWidget>
 
 #include "skyframe/host/Advice.h"
 
 namespace skyframe::gui {
 
-/// What is to be known about the last run: a row each, errors first in red.
-class CAdvicePanel : public QTreeWidget {
+/// What is to be known about the last run, or about a job that was opened: a row each, errors first and in red.
+class CAdvicePanel : public QListWidget {
  public:
   explicit CAdvicePanel(QWidget* pParent = nullptr);
 

@@ -9,6 +9,7 @@
 #include <QStatusBar>
 #include <algorithm>
 #include <array>
+#include <iterator>
 
 #include "ErrorDialog.h"
 #include "Records.h"
@@ -53,17 +54,32 @@ std::unique_ptr<QSettings> OpenSettings(const QString& strFile) {
   return std::make_unique<QSettings>(QStringLiteral("skyframe"), QStringLiteral("skyframe-gui"));
 }
 
+void Append(host::AdviceList more, host::AdviceList& list) { std::ranges::move(more, std::back_inserter(list)); }
+
 host::AdviceList AdviseOnModalRun(const host::Job& job) {
   const ModalFindings& findings = GetModalFindings();
-  host::AdviceList list = host::AdviseOnModes(job, findings);
-  if (findings.status != RunStatus::Done) return list;
-  for (host::Advice& advice : host::AdviseOnCount(findings, host::CountModes(findings)))
-    list.push_back(std::move(advice));
+  host::AdviceList list = host::AdviseOnFiles(findings);
+  Append(host::AdviseOnModes(job, findings), list);
+  if (findings.status == RunStatus::Done) Append(host::AdviseOnCount(findings, host::CountModes(findings)), list);
+  return list;
+}
+
+host::AdviceList AdviseOnSpectrumRun(const host::Job& job) {
+  host::AdviceList list = host::AdviseOnFiles(GetSpectrumFindings());
+  Append(host::AdviseOnSpectrum(job, GetSpectrumFindings()), list);
   return list;
 }
 
 host::AdviceList AdviseOnHistoryRun(const host::Job& job) {
-  return host::AdviseOnHistory(job, GetHistoryFindings(), GetHistories());
+  host::AdviceList list = host::AdviseOnFiles(GetHistoryFindings());
+  Append(host::AdviseOnHistory(job, GetHistoryFindings(), GetHistories()), list);
+  return list;
+}
+
+host::AdviceList AdviseOnStaticRun(const host::Job& job) {
+  host::AdviceList list = host::AdviseOnFiles(GetStaticFindings());
+  Append(host::AdviseOnStatic(job, GetStaticFindings()), list);
+  return list;
 }
 
 }  // namespace
@@ -163,13 +179,12 @@ void CMainWindow::MakeAnalysisMenu() {
   const std::array<Entry, 5> entries = {{
       {texts::c_strModal, texts::c_strModalTip, "modal", CModeConnect::OnMode, AdviseOnModalRun},
       {texts::c_strSpectrum, texts::c_strSpectrumTip, "spectrum", [] { CModeConnect::OnAnsysSpectrum(); },
-       [](const host::Job& job) { return host::AdviseOnSpectrum(job, GetSpectrumFindings()); }},
+       AdviseOnSpectrumRun},
       {texts::c_strTimeHistory, texts::c_strTimeHistoryTip, "time_history",
        [] { CModeConnect::OnTimeHistoryAnalysis(); }, AdviseOnHistoryRun},
       {texts::c_strHistoryResults, texts::c_strHistoryResultsTip, "history_results", CModeConnect::OnTimeHistoryRes,
        AdviseOnHistoryRun},
-      {texts::c_strStatic, texts::c_strStaticTip, "static", CModeConnect::OnStaticNonlinearSol,
-       [](const host::Job& job) { return host::AdviseOnStatic(job, GetStaticFindings()); }},
+      {texts::c_strStatic, texts::c_strStaticTip, "static", CModeConnect::OnStaticNonlinearSol, AdviseOnStaticRun},
   }};
   QMenu& menu = AddMenu(texts::c_strAnalysisMenu);
   for (const Entry& entry : entries) {

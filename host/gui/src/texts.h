@@ -70,8 +70,6 @@ inline constexpr std::string_view c_strResultsTip = "Result files beside the job
 inline constexpr std::string_view c_strAdvice = "提示";
 inline constexpr std::string_view c_strAdviceTip =
     "Warnings and errors of the last run; the manual explains each under its name";
-inline constexpr std::string_view c_strAdviceName = "名称";
-inline constexpr std::string_view c_strAdviceText = "说明";
 inline constexpr std::string_view c_strShownHistory = "时程结果: ";
 inline constexpr std::string_view c_strCut = "\n…（文件过大，仅显示开头部分）\n";
 

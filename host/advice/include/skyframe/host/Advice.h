@@ -29,6 +29,9 @@ using AdviceList = std::vector<Advice>;
 
 // What the findings of a run tell. The job gives the nodes their ids.
 
+/// Files that could not be written, and why.
+[[nodiscard]] AdviceList AdviseOnFiles(const RunFindings& findings);
+
 /// Conditioning, balance of forces and moments, finite values, the way of an iteration, compressed members.
 [[nodiscard]] AdviceList AdviseOnStatic(const Job& job, const StaticFindings& findings);
 
