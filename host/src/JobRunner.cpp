@@ -1,5 +1,6 @@
 #include "skyframe/host/JobRunner.h"
 
+#include <cmath>
 #include <filesystem>
 
 #include "Format.h"
@@ -127,8 +128,10 @@ class CJobRunner {
 
   void PrintConditioning(const Conditioning& conditioning) {
     if (conditioning.place.nNode == 0) return;
-    m_streams.out << Format("  conditioning          %.1f digits lost, at %s\n", conditioning.dLostDigits,
-                            DescribePlace(m_job, conditioning.place).c_str());
+    const std::string strDigits =
+        std::isfinite(conditioning.dLostDigits) ? Format("%.1f", conditioning.dLostDigits) : std::string("all");
+    m_streams.out << "  conditioning          " << strDigits << " digits lost, at "
+                  << DescribePlace(m_job, conditioning.place) << '\n';
   }
 
   void PrintFiles(const RunFindings& findings) {
