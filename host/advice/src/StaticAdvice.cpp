@@ -97,7 +97,7 @@ void CheckTwist(const StaticFindings& findings, CAdviceBuilder& advice) {
   if (findings.nTwistedElement == 0 || !(findings.dLargestTwist > c_dNotableTwist)) return;
   advice.Warn("axes-twist",
               Format("the section of element %d turned by %.2g rad about its own axis with its plan projection: second-"
-                     "order effects are a few per cent off where its Iy and Iz differ",
+                     "order effects are a few per cent off, as its Iy and Iz differ",
                      findings.nTwistedElement, findings.dLargestTwist));
 }
 
