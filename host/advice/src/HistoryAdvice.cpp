@@ -28,8 +28,8 @@ void CheckValues(const Job& job, const HistoryFindings& findings, CAdviceBuilder
 
 /// A run without result leaves the histories of an earlier one to the viewer.
 void CheckKept(const HistoryFindings& findings, const HistorySet& kept, CAdviceBuilder& advice) {
-  const bool bEnded = findings.status == RunStatus::Refused || findings.status == RunStatus::Failed;
-  if (!bEnded || !kept.bComplete) return;
+  const bool bBrokenOff = findings.status == RunStatus::Failed && findings.nStepsDone < findings.nSteps;
+  if (!(findings.status == RunStatus::Refused || bBrokenOff) || !kept.bComplete) return;
   advice.Warn("older-history", "the viewer still shows an earlier run: " + DescribeHistory(kept));
 }
 
