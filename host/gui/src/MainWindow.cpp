@@ -16,6 +16,7 @@
 #include "skyframe/connect/Histories.h"
 #include "skyframe/connect/ModeConnect.h"
 #include "skyframe/host/DataDirectory.h"
+#include "skyframe/hostdata/HostData.h"
 #include "skyframe/qt/Font.h"
 #include "texts.h"
 
@@ -63,6 +64,8 @@ host::AdviceList AdviseOnModalRun(const host::Job& job) {
 }
 
 host::AdviceList AdviseOnHistoryRun(const host::Job& job) {
+  // Histories of a job that was open before are not shown any more.
+  if (COMDYN.m_bHistoryAvailable == 0) return host::AdviseOnHistory(job, GetHistoryFindings(), HistorySet());
   return host::AdviseOnHistory(job, GetHistoryFindings(), GetHistories());
 }
 
@@ -158,7 +161,7 @@ void CMainWindow::MakeAnalysisMenu() {
     std::string_view strTip;
     const char* strName;
     void (*pEntryPoint)();
-    host::AdviceList (*pAdvise)(const host::Job&);
+    host::AdviceList (*pAdvise)(const host::Job&);  ///< null: nothing is run
   };
   const std::array<Entry, 5> entries = {{
       {texts::c_strModal, texts::c_strModalTip, "modal", CModeConnect::OnMode, AdviseOnModalRun},
@@ -167,7 +170,7 @@ void CMainWindow::MakeAnalysisMenu() {
       {texts::c_strTimeHistory, texts::c_strTimeHistoryTip, "time_history",
        [] { CModeConnect::OnTimeHistoryAnalysis(); }, AdviseOnHistoryRun},
       {texts::c_strHistoryResults, texts::c_strHistoryResultsTip, "history_results", CModeConnect::OnTimeHistoryRes,
-       AdviseOnHistoryRun},
+       nullptr},
       {texts::c_strStatic, texts::c_strStaticTip, "static", CModeConnect::OnStaticNonlinearSol,
        [](const host::Job& job) { return host::AdviseOnStatic(job, GetStaticFindings()); }},
   }};
@@ -322,9 +325,11 @@ bool CMainWindow::OpenJob(const QString& strFile) {
 
 void CMainWindow::Analyse(void (*pEntryPoint)(), host::AdviceList (*pAdvise)(const host::Job&)) {
   pEntryPoint();
-  m_advice.ShowAdvice(pAdvise(m_job));
+  if (pAdvise != nullptr) m_advice.ShowAdvice(pAdvise(m_job));
   const HistorySet& history = GetHistories();
-  if (history.bComplete) {
+  // The module keeps histories across jobs; those of a file were read for this one.
+  const bool bOfThisJob = COMDYN.m_bHistoryAvailable != 0 || (pAdvise == nullptr && history.strFinished.empty());
+  if (history.bComplete && bOfThisJob) {
     statusBar()->showMessage(ToQt(std::string(texts::c_strShownHistory) + host::DescribeHistory(history)));
   }
   RefreshResults();
