@@ -54,8 +54,11 @@ std::unique_ptr<QSettings> OpenSettings(const QString& strFile) {
   return std::make_unique<QSettings>(QStringLiteral("skyframe"), QStringLiteral("skyframe-gui"));
 }
 
-host::AdviceList AdviseOnModalRun(const host::Job& job) {
+// Nothing after a cancelled dialog: what was told of the run before still holds.
+
+std::optional<host::AdviceList> AdviseOnModalRun(const host::Job& job) {
   const ModalFindings& findings = GetModalFindings();
+  if (findings.status == RunStatus::Cancelled) return std::nullopt;
   host::AdviceList list = host::AdviseOnModes(job, findings);
   if (findings.status != RunStatus::Done) return list;
   for (host::Advice& advice : host::AdviseOnCount(findings, host::CountModes(findings)))
@@ -63,10 +66,24 @@ host::AdviceList AdviseOnModalRun(const host::Job& job) {
   return list;
 }
 
-host::AdviceList AdviseOnHistoryRun(const host::Job& job) {
+std::optional<host::AdviceList> AdviseOnSpectrumRun(const host::Job& job) {
+  const SpectrumFindings& findings = GetSpectrumFindings();
+  if (findings.status == RunStatus::Cancelled) return std::nullopt;
+  return host::AdviseOnSpectrum(job, findings);
+}
+
+std::optional<host::AdviceList> AdviseOnStaticRun(const host::Job& job) {
+  const StaticFindings& findings = GetStaticFindings();
+  if (findings.status == RunStatus::Cancelled) return std::nullopt;
+  return host::AdviseOnStatic(job, findings);
+}
+
+std::optional<host::AdviceList> AdviseOnHistoryRun(const host::Job& job) {
+  const HistoryFindings& findings = GetHistoryFindings();
+  if (findings.status == RunStatus::Cancelled) return std::nullopt;
   // Histories of a job that was open before are not shown any more.
-  if (COMDYN.m_bHistoryAvailable == 0) return host::AdviseOnHistory(job, GetHistoryFindings(), HistorySet());
-  return host::AdviseOnHistory(job, GetHistoryFindings(), GetHistories());
+  if (COMDYN.m_bHistoryAvailable == 0) return host::AdviseOnHistory(job, findings, HistorySet());
+  return host::AdviseOnHistory(job, findings, GetHistories());
 }
 
 }  // namespace
@@ -161,18 +178,17 @@ void CMainWindow::MakeAnalysisMenu() {
     std::string_view strTip;
     const char* strName;
     void (*pEntryPoint)();
-    host::AdviceList (*pAdvise)(const host::Job&);  ///< null: nothing is run
+    std::optional<host::AdviceList> (*pAdvise)(const host::Job&);  ///< null: nothing is run
   };
   const std::array<Entry, 5> entries = {{
       {texts::c_strModal, texts::c_strModalTip, "modal", CModeConnect::OnMode, AdviseOnModalRun},
       {texts::c_strSpectrum, texts::c_strSpectrumTip, "spectrum", [] { CModeConnect::OnAnsysSpectrum(); },
-       [](const host::Job& job) { return host::AdviseOnSpectrum(job, GetSpectrumFindings()); }},
+       AdviseOnSpectrumRun},
       {texts::c_strTimeHistory, texts::c_strTimeHistoryTip, "time_history",
        [] { CModeConnect::OnTimeHistoryAnalysis(); }, AdviseOnHistoryRun},
       {texts::c_strHistoryResults, texts::c_strHistoryResultsTip, "history_results", CModeConnect::OnTimeHistoryRes,
        nullptr},
-      {texts::c_strStatic, texts::c_strStaticTip, "static", CModeConnect::OnStaticNonlinearSol,
-       [](const host::Job& job) { return host::AdviseOnStatic(job, GetStaticFindings()); }},
+      {texts::c_strStatic, texts::c_strStaticTip, "static", CModeConnect::OnStaticNonlinearSol, AdviseOnStaticRun},
   }};
   QMenu& menu = AddMenu(texts::c_strAnalysisMenu);
   for (const Entry& entry : entries) {
@@ -316,6 +332,7 @@ bool CMainWindow::OpenJob(const QString& strFile) {
   setWindowTitle((strTitle.isEmpty() ? QFileInfo(strFile).fileName() : strTitle) + QStringLiteral(" - ") +
                  ToQt(texts::c_strProgram));
   m_console.clear();
+  statusBar()->clearMessage();
   m_advice.ShowAdvice(host::AdviseOnInput(file.warnings));
   m_job = std::move(file.job);
   Remember(strFile);
@@ -323,9 +340,10 @@ bool CMainWindow::OpenJob(const QString& strFile) {
   return true;
 }
 
-void CMainWindow::Analyse(void (*pEntryPoint)(), host::AdviceList (*pAdvise)(const host::Job&)) {
+void CMainWindow::Analyse(void (*pEntryPoint)(), std::optional<host::AdviceList> (*pAdvise)(const host::Job&)) {
   pEntryPoint();
-  if (pAdvise != nullptr) m_advice.ShowAdvice(pAdvise(m_job));
+  const std::optional<host::AdviceList> advice = pAdvise != nullptr ? pAdvise(m_job) : std::nullopt;
+  if (advice) m_advice.ShowAdvice(*advice);
   const HistorySet& history = GetHistories();
   // The module keeps histories across jobs; those of a file were read for this one.
   const bool bOfThisJob = COMDYN.m_bHistoryAvailable != 0 || (pAdvise == nullptr && history.strFinished.empty());
