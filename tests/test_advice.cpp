@@ -167,6 +167,19 @@ TEST_F(AdviceOnRuns, EveryDoubtfulRunIsTold) {
        true, "warning: element ", "[divide-members]"},
       {"columns that lean across their sway", [&](Job& job) { Lean(job, 1.0e8); }, true,
        "warning: the section of element ", "[axes-twist]"},
+      {"ground at rest",
+       [](Job& job) {
+         NewmarkJob quake = MakeQuake();
+         quake.earthquake->peaks[0] = 0.0;
+         job.analyses = {MakeModal(4), quake};
+       },
+       true, "warning: nothing moves in 50 steps: ", "[no-response]"},
+      {"load on a support",
+       [&](Job& job) {
+         job.loads = {{0, 1, 0, 10.0}};
+         job.analyses = {MakeStatic()};
+       },
+       true, "warning: no load acts ", "[no-load]"},
       {"sections with all axes alike", [&](Job& job) { Lean(job, 2.0e8); }, true, "", "iterations"},
   };
   for (const AdviceCase& c : cases) {
