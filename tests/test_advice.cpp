@@ -111,6 +111,11 @@ TEST_F(AdviceOnRuns, EveryDoubtfulRunIsTold) {
     job.nodes[2].dX = dLength;
     job.analyses = {MakeStatic()};
   };
+  const auto Lean = [](Job& job, double dIz) {
+    job.nodes[1].dY = job.nodes[2].dY = 0.2;
+    job.sections[0].dIz = dIz;
+    job.analyses = {MakeStatic(true)};
+  };
   const AdviceCase cases[] = {
       {"sound", [&](Job& job) { Supports(job, c_fixed); }, true, "", "conditioning          1."},
       {"ball supports",
@@ -160,6 +165,22 @@ TEST_F(AdviceOnRuns, EveryDoubtfulRunIsTold) {
          std::get<StaticJob>(job.analyses[0]).nMaxIterations = 500;
        },
        true, "warning: element ", "[divide-members]"},
+      {"columns that lean across their sway", [&](Job& job) { Lean(job, 1.0e8); }, true,
+       "warning: the section of element ", "[axes-twist]"},
+      {"ground at rest",
+       [](Job& job) {
+         NewmarkJob quake = MakeQuake();
+         quake.earthquake->peaks[0] = 0.0;
+         job.analyses = {MakeModal(4), quake};
+       },
+       true, "warning: nothing moves in 50 steps: ", "[no-response]"},
+      {"load on a support",
+       [&](Job& job) {
+         job.loads = {{0, 1, 0, 10.0}};
+         job.analyses = {MakeStatic()};
+       },
+       true, "warning: no load acts ", "[no-load]"},
+      {"sections with all axes alike", [&](Job& job) { Lean(job, 2.0e8); }, true, "", "iterations"},
   };
   for (const AdviceCase& c : cases) {
     Job job = MakePortal();

@@ -11,6 +11,7 @@
 #include "HostModel.h"
 #include "Sanitizer.h"
 #include "TestPlatform.h"
+#include "skyframe/connect/Findings.h"
 #include "skyframe/connect/ModeConnect.h"
 #include "skyframe/values/DialogIds.h"
 
@@ -85,18 +86,24 @@ struct EntryPoint {
   const char* pszSuffix;  ///< of its result file
   std::vector<std::pair<int, Steps>> scripts;
   std::function<void()> call;
+  const RunFindings* pFindings = nullptr;
 };
 
 std::vector<EntryPoint> GetEntryPoints() {
   return {
-      {".mode", {{c_nIdModeDlg, {DialogStep::Type(c_nIdModes, "2"), DialogStep::Ok()}}}, CModeConnect::OnMode},
+      {".mode",
+       {{c_nIdModeDlg, {DialogStep::Type(c_nIdModes, "2"), DialogStep::Ok()}}},
+       CModeConnect::OnMode,
+       &GetModalFindings()},
       {".spec",
        {{c_nIdSpectrumDlg, {DialogStep::Type(c_nIdExpandModes, "2"), DialogStep::Ok()}}},
-       CModeConnect::OnAnsysSpectrum},
+       CModeConnect::OnAnsysSpectrum,
+       &GetSpectrumFindings()},
       {"_StaticNonlinearSol.txt",
        {{c_nIdLoadCombDlg, {DialogStep::ToggleRow(c_nIdAvailable, 0), DialogStep::Click(c_nIdAdd), DialogStep::Ok()}},
         {c_nIdNonlinStaticDlg, {DialogStep::Click(c_nIdLoadComb), DialogStep::Ok()}}},
-       CModeConnect::OnStaticNonlinearSol},
+       CModeConnect::OnStaticNonlinearSol,
+       &GetStaticFindings()},
       {"_HisTime.txt",
        {{c_nIdDynOptionDlg, {DialogStep::Choose(c_nIdNewmark), DialogStep::Ok()}},
         {c_nIdEarthquakeDlg,
@@ -105,7 +112,8 @@ std::vector<EntryPoint> GetEntryPoints() {
         {c_nIdNewmarkDlg,
          {DialogStep::Choose(c_nIdGroundMotion), DialogStep::Tick(c_nIdFromFile), DialogStep::Click(c_nIdEarthquake),
           DialogStep::Ok()}}},
-       CModeConnect::OnTimeHistoryAnalysis},
+       CModeConnect::OnTimeHistoryAnalysis,
+       &GetHistoryFindings()},
       {"_4_node.txt",
        {{c_nIdHisResultDlg,
          {DialogStep::Type(c_nIdHistoryNode, "4"), DialogStep::Click(c_nIdRefresh), DialogStep::Click(c_nIdOutput),
@@ -156,6 +164,8 @@ TEST(Allocation, NoFailureLeavesATraceOrAWrongResult) {
         // A failure is told as long as there is memory for it.
         const bool bTold = strResult.empty() && (bOnwards || !messages.empty());
         ASSERT_TRUE(strResult == strWhole || bTold) << entry.pszSuffix << ", allocation " << k;
+        const bool bCancelled = entry.pFindings != nullptr && entry.pFindings->status == RunStatus::Cancelled;
+        ASSERT_FALSE(bCancelled) << entry.pszSuffix << ", allocation " << k;
         g_fault.nFirst = 0;
         ASSERT_EQ(Call(entry, job, messages), strWhole) << "the call after allocation " << k;
       }

@@ -276,8 +276,8 @@ TEST(JobFile, LackOfMemoryIsAnError) {
 TEST(JobFile, WarnsOfWhatIsHardlyMeant) {
   const std::string strText = R"({
     "nodes": [{"id": 1, "x": 0, "y": 0, "z": 0, "restraint": "111000"}, {"id": 2, "x": 1, "y": 0, "z": 0},
-              {"id": 3, "x": 2, "y": 0, "z": 0}, {"id": 4, "x": 2, "y": 2, "z": 0, "spring": 1}],
-    "springs": [{"group": 1, "kx": 1}], "sections": [{"id": "S\u009b", "area": 1}, {"id": "T", "area": 0}],
+              {"id": 3, "x": 2, "y": 0, "z": 0, "spring": 2}, {"id": 4, "x": 2, "y": 2, "z": 0, "spring": 1}],
+    "springs": [{"group": 1, "kx": 1}, {"group": 2}], "sections": [{"id": "S\u009b", "area": 1}, {"id": "T", "area": 0}],
     "elements": [{"type": "bar", "i": 1, "j": 2, "section": "T"}, {"type": "beam", "i": 2, "j": 4, "section": "S\u009b"}],
     "loads": [{"case": 0, "node": 3, "direction": "X", "value": 1}],
     "analyses": [{"type": "static"}]})";

@@ -179,6 +179,10 @@ TEST(Plots, WhatIsNotThereEndsWithStatusTwo) {
   const std::vector<std::vector<std::string>> misused = {
       {}, {"--mode", "1", "--deformed"}, {"--node", "10", "--dir", "W"}, {"--mode", "1", "--dir", "X"}};
   for (const auto& what : misused) EXPECT_EQ(Plot(what), 2);
+  EXPECT_EQ(mast.Solve(R"({"type": "time_history", "method": "newmark", "load": "ground_motion",
+      "earthquake": {"time_step": 0.5, "duration": 0.4, "directions": ["Y"]}})"),
+            0);
+  EXPECT_EQ(Plot({"--node", "10"}), 2) << "no steps";
   for (const char* pszSuffix : {".mode", "_HisTime.txt", "_StaticLinearSol.txt"}) {
     std::ofstream(mast.strPath + pszSuffix) << "other";
   }

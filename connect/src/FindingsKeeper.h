@@ -1,15 +1,14 @@
 #pragma once
 
 #include <chrono>
-#include <exception>
 #include <utility>
 
 #include "skyframe/values/Findings.h"
 
 namespace skyframe {
 
-/// Takes the findings of a model over when the run has ended, also when an exception ends it. Until the analysis
-/// says otherwise the run counts as refused.
+/// Takes the findings of a model over when the run has ended, also when an exception ends it; the entry point then
+/// counts it as failed. Until the analysis says otherwise the run counts as refused.
 template <class Findings>
 class CFindingsKeeper {
  public:
@@ -17,7 +16,6 @@ class CFindingsKeeper {
     m_ofModel.status = RunStatus::Refused;
   }
   ~CFindingsKeeper() {
-    if (std::uncaught_exceptions() > m_nExceptions) m_ofModel.status = RunStatus::Failed;
     m_kept = std::move(m_ofModel);
     m_kept.dSeconds = std::chrono::duration<double>(std::chrono::steady_clock::now() - m_start).count();
   }
@@ -27,7 +25,6 @@ class CFindingsKeeper {
  private:
   Findings& m_kept;
   Findings& m_ofModel;
-  int m_nExceptions = std::uncaught_exceptions();
   std::chrono::steady_clock::time_point m_start = std::chrono::steady_clock::now();
 };
 

@@ -3,6 +3,7 @@
 #include <new>
 
 #include "Drivers.h"
+#include "ModuleState.h"
 #include "skyframe/platform/Platform.h"
 #include "texts.h"
 
@@ -19,9 +20,9 @@ void TellFailure(std::string_view strText) noexcept {
 }
 
 /// Runs a driver with the module's state in force. A driver that fails by an exception ends with a
-/// message and counts as run.
+/// message and counts as run, and as failed in its findings, when it has any.
 template <typename Driver>
-int RunInModule(Driver driver) noexcept {
+int RunInModule(Driver driver, RunFindings* pFindings) noexcept {
   const CModuleStateScope scope;
   try {
     return driver();
@@ -30,6 +31,7 @@ int RunInModule(Driver driver) noexcept {
   } catch (...) {
     TellFailure(c_strInternalError);
   }
+  if (pFindings != nullptr) pFindings->status = RunStatus::Failed;
   return 1;
 }
 
@@ -41,10 +43,10 @@ int Completed() {
 
 }  // namespace
 
-void CModeConnect::OnMode() { RunInModule(Completed<RunModal>); }
-int CModeConnect::OnAnsysSpectrum() { return RunInModule(RunSpectrum); }
-int CModeConnect::OnTimeHistoryAnalysis() { return RunInModule(RunTimeHistory); }
-void CModeConnect::OnTimeHistoryRes() { RunInModule(Completed<RunHistoryViewer>); }
-void CModeConnect::OnStaticNonlinearSol() { RunInModule(Completed<RunStatic>); }
+void CModeConnect::OnMode() { RunInModule(Completed<RunModal>, &g_findings.modal); }
+int CModeConnect::OnAnsysSpectrum() { return RunInModule(RunSpectrum, &g_findings.spectrum); }
+int CModeConnect::OnTimeHistoryAnalysis() { return RunInModule(RunTimeHistory, &g_findings.history); }
+void CModeConnect::OnTimeHistoryRes() { RunInModule(Completed<RunHistoryViewer>, nullptr); }
+void CModeConnect::OnStaticNonlinearSol() { RunInModule(Completed<RunStatic>, &g_findings.statics); }
 
 }  // namespace skyframe

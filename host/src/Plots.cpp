@@ -27,6 +27,7 @@ namespace {
 
 constexpr std::array<const char*, 5> c_strRomanNumbers = {"", "I", "II", "III", "IV"};
 constexpr int c_nLowestIntensity = 6;
+constexpr double c_dLargestDrawn = 1.0e30;  // m, kN, s: what scales and pixels are formed from must stay finite
 
 constexpr int c_nViewerWidth = 665;  // client area of the result viewer, pixels
 constexpr int c_nViewerHeight = 300;
@@ -114,9 +115,9 @@ class CPlotter {
     std::optional<ModeResultFile> file = ReadModeResultFile(*strPath, m_job.nodes);
     if (!file) return Refuse(*strPath + ": is damaged or belongs to another model");
     for (std::size_t i = 0; i < file->omega.size(); ++i) {
-      if (!std::isfinite(file->omega[i]) || file->omega[i] <= 0.0) {
-        return Refuse(*strPath + Format(": the frequency of mode %zu is not a positive number", i + 1));
-      }
+      const double omega = file->omega[i];
+      if (omega > 0.0 && std::isnormal(omega * omega)) continue;  // what the module reads
+      return Refuse(*strPath + Format(": the frequency of mode %zu is not a positive number, or out of range", i + 1));
     }
     return file;
   }
@@ -183,10 +184,11 @@ class CPlotter {
   }
 
   /// False after a line about the first value that cannot be drawn.
-  bool CheckFinite(const std::vector<NodeValues>& values, const std::string& strFile) {
+  bool CheckValues(const std::vector<NodeValues>& values, const std::string& strFile) {
     for (std::size_t i = 0; i < values.size(); ++i) {
-      if (std::ranges::all_of(values[i], [](double d) { return std::isfinite(d); })) continue;
-      Refuse(strFile + ": the displacement of node " + std::to_string(m_job.nodes[i].nId) + " is not a finite number");
+      if (std::ranges::all_of(values[i], [](double d) { return std::abs(d) <= c_dLargestDrawn; })) continue;
+      Refuse(strFile + ": the displacement of node " + std::to_string(m_job.nodes[i].nId) +
+             " is not a finite number, or out of range");
       return false;
     }
     return true;
@@ -200,7 +202,7 @@ class CPlotter {
       return Refuse(Format("%s.mode: no mode %d; the file has %d", m_strJobPath.c_str(), nMode, nModes));
     }
     const auto i = static_cast<std::size_t>(nMode - 1);
-    if (!CheckFinite(file->shapes[i], m_strJobPath + std::string(suffix::c_strModes))) return std::nullopt;
+    if (!CheckValues(file->shapes[i], m_strJobPath + std::string(suffix::c_strModes))) return std::nullopt;
     ShapePicture picture = MakeShape();
     LetBeamsBend(picture);
     picture.displacements = file->shapes[i];
@@ -217,7 +219,7 @@ class CPlotter {
     if (!strPath) return std::nullopt;
     const auto displacements = ReadStaticResultFile(*strPath, m_job.nodes.size());
     if (!displacements) return Refuse(*strPath + ": is damaged or belongs to another model");
-    if (!CheckFinite(*displacements, *strPath)) return std::nullopt;
+    if (!CheckValues(*displacements, *strPath)) return std::nullopt;
     ShapePicture picture = MakeShape();
     picture.displacements = *displacements;
     picture.bShowScale = true;
@@ -250,12 +252,26 @@ class CPlotter {
     CSvgPaintContext viewer(c_nViewerWidth, c_nViewerHeight);
     if (!OpenViewer(*curve, viewer)) return Refuse(*strPath + ": is damaged or belongs to another model");
     const HistoryPicture picture = MakeHistory(request, *curve, GetHistories());
-    for (std::size_t k = 0; k < picture.values.size(); ++k) {
-      if (std::isfinite(picture.values[k])) continue;
-      return Refuse(*strPath + Format(": %s %d is not a finite number at t = %g s", picture.strQuantity.c_str(),
-                                      request.nNumber, static_cast<double>(k + 1) * picture.dTimeStep));
+    const bool bElement = request.kind == PlotRequest::Kind::Element;
+    const std::string strHolder = Format(bElement ? "element %d" : "node %d", request.nNumber);
+    if (const std::string strFault = FindFault(picture, strHolder); !strFault.empty()) {
+      return Refuse(*strPath + ": " + strFault);
     }
     return request.bViewer ? viewer.GetDocument() : Render(c_nChartWidth, c_nChartHeight, picture, PaintHistoryChart);
+  }
+
+  /// Why a history cannot be drawn; empty when it can.
+  static std::string FindFault(const HistoryPicture& picture, const std::string& strHolder) {
+    if (picture.values.empty()) return "holds no step";
+    const double dDuration = picture.dTimeStep * static_cast<double>(picture.values.size());
+    if (!(picture.dTimeStep > 0.0 && dDuration <= c_dLargestDrawn)) return "the time step is not a positive number";
+    for (std::size_t k = 0; k < picture.values.size(); ++k) {
+      if (std::abs(picture.values[k]) <= c_dLargestDrawn) continue;
+      const double t = static_cast<double>(k + 1) * picture.dTimeStep;
+      return picture.strQuantity + " of " + strHolder +
+             Format(" is not a finite number, or out of range, at t = %g s", t);
+    }
+    return "";
   }
 
   /// The module reads the history file, and its viewer draws the curve.

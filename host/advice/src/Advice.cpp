@@ -50,7 +50,7 @@ void CAdviceBuilder::CheckConditioning() {
   const std::string strPlace = DescribePlace(m_job, conditioning.place);
   if (dLost >= c_dMechanism) {
     const std::string strLost =
-        std::isfinite(dLost) ? Format("%.1f of 16 digits are lost there", dLost) : "no stiffness is left there";
+        dLost < c_dAllDigits ? Format("%.1f of 16 digits are lost there", dLost) : "no stiffness is left there";
     Error("mechanism", "nearly a mechanism at " + strPlace + ": " + strLost + "; the results cannot be used");
   } else {
     Warn("conditioning", Format("%.1f digits are lost at %s, results are good to about %.0f digits", dLost,

@@ -70,6 +70,7 @@ RecordText ReadRecord(const std::string& strPath) {
 
 std::string DescribeRecord(const RecordText& record) {
   if (!record.bOpened) return "cannot be opened";
+  if (record.nValues == 0 && record.bWhole) return "is empty";
   if (record.nValues == 0) return "starts with no number; a heading or a byte-order mark must go";
   if (!record.bWhole) {
     return "is read up to value " + std::to_string(record.nValues) +

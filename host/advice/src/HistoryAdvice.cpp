@@ -1,5 +1,6 @@
 #include "AdviceBuilder.h"
 #include "Format.h"
+#include "HistoryReport.h"
 #include "skyframe/values/ResultFiles.h"
 
 namespace skyframe::host {
@@ -26,10 +27,22 @@ void CheckValues(const Job& job, const HistoryFindings& findings, CAdviceBuilder
   advice.CheckFinite(std::nan(""), strPlace + strTime, findings.bGroundMotion ? suffix::c_strHistory : "history");
 }
 
+/// The result of a run in which nothing moves looks like one.
+void CheckResponse(const HistoryFindings& findings, const HistorySet& kept, CAdviceBuilder& advice) {
+  if (findings.status != RunStatus::Done) return;
+  for (int q = 0; q < c_nHistoryQuantities; ++q) {
+    const HistoryPeak peak = FindPeak(kept, q);
+    if (peak.nNumber != 0 || !peak.bFinite) return;
+  }
+  advice.Warn("no-response", Format("nothing moves in %d steps: no force or acceleration acts, or none in a free "
+                                    "direction",
+                                    findings.nSteps));
+}
+
 /// A run without result leaves the histories of an earlier one to the viewer.
 void CheckKept(const HistoryFindings& findings, const HistorySet& kept, CAdviceBuilder& advice) {
-  const bool bEnded = findings.status == RunStatus::Refused || findings.status == RunStatus::Failed;
-  if (!bEnded || !kept.bComplete) return;
+  const bool bBrokenOff = findings.status == RunStatus::Failed && findings.nStepsDone < findings.nSteps;
+  if (!(findings.status == RunStatus::Refused || bBrokenOff) || !kept.bComplete) return;
   advice.Warn("older-history", "the viewer still shows an earlier run: " + DescribeHistory(kept));
 }
 
@@ -47,6 +60,7 @@ AdviceList AdviseOnHistory(const Job& job, const HistoryFindings& findings, cons
   advice.CheckConditioning();
   CheckDamping(findings, advice);
   CheckValues(job, findings, advice);
+  CheckResponse(findings, kept, advice);
   CheckKept(findings, kept, advice);
   return advice.Take();
 }

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <set>
 
 #include "AnalysisChecks.h"
 #include "JsonText.h"
@@ -67,8 +68,13 @@ class CDoubtfulInput {
   }
 
   void CheckSprings() {
-    const auto nSprings = std::count_if(m_job.nodes.begin(), m_job.nodes.end(),
-                                        [](const JobNode& node) { return node.nSpring.has_value(); });
+    std::set<int> stiff;
+    for (const JobSpring& spring : m_job.springs) {
+      if (std::max({spring.dKx, spring.dKy, spring.dKz}) > 0.0) stiff.insert(spring.nGroup);
+    }
+    const auto nSprings = std::count_if(m_job.nodes.begin(), m_job.nodes.end(), [&stiff](const JobNode& node) {
+      return node.nSpring && stiff.contains(*node.nSpring);
+    });
     if (nSprings == 0) return;
     m_found.push_back(
         {"/springs",

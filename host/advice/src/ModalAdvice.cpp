@@ -30,7 +30,8 @@ bool CheckFinite(const ModalFindings& findings, CAdviceBuilder& advice) {
 }
 
 void CheckResiduals(const ModalFindings& findings, CAdviceBuilder& advice) {
-  const auto it = std::ranges::max_element(findings.residuals);
+  const auto Size = [](double d) { return std::isnan(d) ? HUGE_VAL : d; };
+  const auto it = std::ranges::max_element(findings.residuals, {}, Size);
   if (it == findings.residuals.end() || *it <= c_dRough) return;
   advice.Warn("rough-mode", Format("mode %d satisfies K phi = omega^2 M phi only to %.1e: ask for a larger iteration "
                                    "multiple",

@@ -14,18 +14,23 @@ constexpr double c_dEnoughMass = 0.9;
 constexpr double c_dSpectrumEnd = 6.0;  ///< s
 constexpr double c_dNoComponent = 1.0e-15;
 
-/// Modes are normalised with the mass of the modal run.
-void CheckMassNorms(const SpectrumFindings& findings, CAdviceBuilder& advice) {
-  const auto Distance = [](double m) { return std::abs(m - 1.0); };
+/// Modes are normalised with the mass of the modal run; false when that was another one.
+bool CheckMassNorms(const SpectrumFindings& findings, CAdviceBuilder& advice) {
+  const auto Distance = [](double m) { return std::isnan(m) ? HUGE_VAL : std::abs(m - 1.0); };
   const auto it = std::ranges::max_element(findings.modalMass, {}, Distance);
-  if (it == findings.modalMass.end() || !(Distance(*it) > c_dMassNormTolerance)) return;
+  if (it == findings.modalMass.end() || !(Distance(*it) > c_dMassNormTolerance)) return true;
   advice.Warn("other-combination",
-              Format("phi^T M phi of mode %d is %.4f with the load combination of this analysis, not 1: the modal "
+              Format("phi^T M phi of mode %d is %.4g with the load combination of this analysis, not 1: the modal "
                      "analysis had another one",
                      static_cast<int>(it - findings.modalMass.begin()) + 1, *it));
+  return false;
 }
 
 void CheckMasses(const SpectrumFindings& findings, CAdviceBuilder& advice) {
+  if (!(findings.dQuakeMass > 0.0)) {
+    advice.Warn("missing-mass", "no mass is free to move along the earthquake: it has no effect");
+    return;
+  }
   if (findings.bVirtual) return;  // it carries the rest
   for (std::size_t d = 0; d < 3; ++d) {
     if (std::abs(findings.direction[d]) <= c_dNoComponent || findings.totalMass[d] <= 0.0) continue;
@@ -53,9 +58,9 @@ void CheckPeriods(const SpectrumFindings& findings, CAdviceBuilder& advice) {
 AdviceList AdviseOnSpectrum(const Job& job, const SpectrumFindings& findings) {
   CAdviceBuilder advice(job, findings);
   advice.CheckConditioning();
-  CheckMassNorms(findings, advice);
+  const bool bSameMass = CheckMassNorms(findings, advice);
   if (findings.status != RunStatus::Done) return advice.Take();
-  CheckMasses(findings, advice);
+  if (bSameMass) CheckMasses(findings, advice);  // of another mass the shapes hold no share
   CheckPeriods(findings, advice);
   for (std::size_t d = 0; d < 3; ++d) {
     const std::string strWhat = "the base shear in " + std::string(c_strDirections[d]);

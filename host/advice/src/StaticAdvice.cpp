@@ -47,6 +47,15 @@ void Add(const JobNode& node, const NodeValues& force, double dSign, Resultant& 
   resultant.dReach = std::max(resultant.dReach, std::hypot(x, y, z));
 }
 
+/// Loads on supports and on nodes without elements do not act.
+void CheckLoads(const StaticFindings& findings, CAdviceBuilder& advice) {
+  const auto IsZero = [](const NodeValues& load) {
+    return std::ranges::all_of(load, [](double d) { return d == 0.0; });
+  };
+  if (!std::ranges::all_of(findings.loads, IsZero)) return;
+  advice.Warn("no-load", "no load acts in a free direction: nothing moves");
+}
+
 /// The supports take what the loads bring.
 void CheckBalance(const Job& job, const StaticFindings& findings, CAdviceBuilder& advice) {
   const std::size_t nNodes = job.nodes.size();
@@ -97,7 +106,7 @@ void CheckTwist(const StaticFindings& findings, CAdviceBuilder& advice) {
   if (findings.nTwistedElement == 0 || !(findings.dLargestTwist > c_dNotableTwist)) return;
   advice.Warn("axes-twist",
               Format("the section of element %d turned by %.2g rad about its own axis with its plan projection: second-"
-                     "order effects are a few per cent off where its Iy and Iz differ",
+                     "order effects are a few per cent off, as its Iy and Iz differ",
                      findings.nTwistedElement, findings.dLargestTwist));
 }
 
@@ -112,6 +121,7 @@ AdviceList AdviseOnStatic(const Job& job, const StaticFindings& findings) {
     const bool bFinite = advice.CheckNodeValues(findings.displacements, "displacement", strSuffix) &&
                          advice.CheckNodeValues(findings.reactions, "reaction", strSuffix);
     if (bFinite && !findings.bNonlinear) CheckBalance(job, findings, advice);
+    CheckLoads(findings, advice);
     CheckCompression(findings, advice);
     CheckTwist(findings, advice);
   }

@@ -17,6 +17,7 @@
 #include "skyframe/connect/Histories.h"
 #include "skyframe/connect/ModeConnect.h"
 #include "skyframe/host/DataDirectory.h"
+#include "skyframe/hostdata/HostData.h"
 #include "skyframe/qt/Font.h"
 #include "texts.h"
 
@@ -54,32 +55,36 @@ std::unique_ptr<QSettings> OpenSettings(const QString& strFile) {
   return std::make_unique<QSettings>(QStringLiteral("skyframe"), QStringLiteral("skyframe-gui"));
 }
 
-void Append(host::AdviceList more, host::AdviceList& list) { std::ranges::move(more, std::back_inserter(list)); }
-
-host::AdviceList AdviseOnModalRun(const host::Job& job) {
-  const ModalFindings& findings = GetModalFindings();
+/// With the files that were not written. Nothing after a cancelled dialog: what was told of the run before still holds.
+std::optional<host::AdviceList> Tell(const RunFindings& findings, host::AdviceList advice) {
+  if (findings.status == RunStatus::Cancelled) return std::nullopt;
   host::AdviceList list = host::AdviseOnFiles(findings);
-  Append(host::AdviseOnModes(job, findings), list);
-  if (findings.status == RunStatus::Done) Append(host::AdviseOnCount(findings, host::CountModes(findings)), list);
+  std::ranges::move(advice, std::back_inserter(list));
   return list;
 }
 
-host::AdviceList AdviseOnSpectrumRun(const host::Job& job) {
-  host::AdviceList list = host::AdviseOnFiles(GetSpectrumFindings());
-  Append(host::AdviseOnSpectrum(job, GetSpectrumFindings()), list);
-  return list;
+std::optional<host::AdviceList> AdviseOnModalRun(const host::Job& job) {
+  const ModalFindings& findings = GetModalFindings();
+  host::AdviceList list = host::AdviseOnModes(job, findings);
+  if (findings.status == RunStatus::Done) {
+    std::ranges::move(host::AdviseOnCount(findings, host::CountModes(findings)), std::back_inserter(list));
+  }
+  return Tell(findings, std::move(list));
 }
 
-host::AdviceList AdviseOnHistoryRun(const host::Job& job) {
-  host::AdviceList list = host::AdviseOnFiles(GetHistoryFindings());
-  Append(host::AdviseOnHistory(job, GetHistoryFindings(), GetHistories()), list);
-  return list;
+std::optional<host::AdviceList> AdviseOnSpectrumRun(const host::Job& job) {
+  return Tell(GetSpectrumFindings(), host::AdviseOnSpectrum(job, GetSpectrumFindings()));
 }
 
-host::AdviceList AdviseOnStaticRun(const host::Job& job) {
-  host::AdviceList list = host::AdviseOnFiles(GetStaticFindings());
-  Append(host::AdviseOnStatic(job, GetStaticFindings()), list);
-  return list;
+std::optional<host::AdviceList> AdviseOnStaticRun(const host::Job& job) {
+  return Tell(GetStaticFindings(), host::AdviseOnStatic(job, GetStaticFindings()));
+}
+
+std::optional<host::AdviceList> AdviseOnHistoryRun(const host::Job& job) {
+  // Histories of a job that was open before are not shown any more.
+  const HistorySet none;
+  const HistorySet& kept = COMDYN.m_bHistoryAvailable == 0 ? none : GetHistories();
+  return Tell(GetHistoryFindings(), host::AdviseOnHistory(job, GetHistoryFindings(), kept));
 }
 
 }  // namespace
@@ -174,7 +179,7 @@ void CMainWindow::MakeAnalysisMenu() {
     std::string_view strTip;
     const char* strName;
     void (*pEntryPoint)();
-    host::AdviceList (*pAdvise)(const host::Job&);
+    std::optional<host::AdviceList> (*pAdvise)(const host::Job&);  ///< null: nothing is run
   };
   const std::array<Entry, 5> entries = {{
       {texts::c_strModal, texts::c_strModalTip, "modal", CModeConnect::OnMode, AdviseOnModalRun},
@@ -183,7 +188,7 @@ void CMainWindow::MakeAnalysisMenu() {
       {texts::c_strTimeHistory, texts::c_strTimeHistoryTip, "time_history",
        [] { CModeConnect::OnTimeHistoryAnalysis(); }, AdviseOnHistoryRun},
       {texts::c_strHistoryResults, texts::c_strHistoryResultsTip, "history_results", CModeConnect::OnTimeHistoryRes,
-       AdviseOnHistoryRun},
+       nullptr},
       {texts::c_strStatic, texts::c_strStaticTip, "static", CModeConnect::OnStaticNonlinearSol, AdviseOnStaticRun},
   }};
   QMenu& menu = AddMenu(texts::c_strAnalysisMenu);
@@ -328,6 +333,7 @@ bool CMainWindow::OpenJob(const QString& strFile) {
   setWindowTitle((strTitle.isEmpty() ? QFileInfo(strFile).fileName() : strTitle) + QStringLiteral(" - ") +
                  ToQt(texts::c_strProgram));
   m_console.clear();
+  statusBar()->clearMessage();
   m_advice.ShowAdvice(host::AdviseOnInput(file.warnings));
   m_job = std::move(file.job);
   Remember(strFile);
@@ -335,11 +341,14 @@ bool CMainWindow::OpenJob(const QString& strFile) {
   return true;
 }
 
-void CMainWindow::Analyse(void (*pEntryPoint)(), host::AdviceList (*pAdvise)(const host::Job&)) {
+void CMainWindow::Analyse(void (*pEntryPoint)(), std::optional<host::AdviceList> (*pAdvise)(const host::Job&)) {
   pEntryPoint();
-  m_advice.ShowAdvice(pAdvise(m_job));
+  const std::optional<host::AdviceList> advice = pAdvise != nullptr ? pAdvise(m_job) : std::nullopt;
+  if (advice) m_advice.ShowAdvice(*advice);
   const HistorySet& history = GetHistories();
-  if (history.bComplete) {
+  // The module keeps histories across jobs; those of a file were read for this one.
+  const bool bOfThisJob = COMDYN.m_bHistoryAvailable != 0 || (pAdvise == nullptr && history.strFinished.empty());
+  if (history.bComplete && bOfThisJob) {
     statusBar()->showMessage(ToQt(std::string(texts::c_strShownHistory) + host::DescribeHistory(history)));
   }
   RefreshResults();

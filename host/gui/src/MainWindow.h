@@ -15,6 +15,7 @@
 #include <QToolBar>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -64,7 +65,7 @@ class CMainWindow : public QMainWindow {
   void OnSavePicture();
   void OnAbout();
   /// Calls an entry point and shows what its findings tell of the job.
-  void Analyse(void (*pEntryPoint)(), host::AdviceList (*pAdvise)(const host::Job&));
+  void Analyse(void (*pEntryPoint)(), std::optional<host::AdviceList> (*pAdvise)(const host::Job&));
   void AppendConsole(std::string_view strText);
   /// Result files and shapes as they now are.
   void RefreshResults();

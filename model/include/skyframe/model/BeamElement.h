@@ -46,8 +46,8 @@ class CBeamElem : public CElement {
   /// N over the Euler load pi^2 E I/L^2 of a strut of the present length with the smaller I, tension positive;
   /// 0 without inertia.
   [[nodiscard]] double GetEulerRatio() const;
-  /// Of the axes about the member itself, rad (MemberFrame).
-  [[nodiscard]] double GetTwist() const { return m_frame.GetTwist(); }
+  /// Of the axes about the member itself, rad (MemberFrame); 0 where all axes of the section are alike.
+  [[nodiscard]] double GetTwist() const { return m_dIy == m_dIz ? 0.0 : m_frame.GetTwist(); }
 
  protected:
   explicit CBeamElem(std::span<const int> dofPlaces);

@@ -67,8 +67,8 @@ struct StaticFindings : RunFindings {
   /// positive, 0 for bars. Empty for a linear run.
   std::vector<double> eulerRatios;
   /// Largest angle, rad, by which the rule for the local axes turned a beam's section about the member itself while
-  /// it moved, and its element from 1: with unequal Iy and Iz its forces may be wrong by about this part. 0 for a
-  /// linear run.
+  /// it moved, and its element from 1: its forces may be wrong by about this part. Sections with Iy = Iz do not
+  /// count; 0 for a linear run.
   double dLargestTwist = 0.0;
   int nTwistedElement = 0;
 };
