@@ -48,16 +48,13 @@ class CWorkingFolder {
   fs::path m_previous;
 };
 
-/// Names stay within the folder, and numbers small.
+/// Names stay within the folder, and numbers have one digit, so that generated structures stay small.
 std::string Tame(std::string strArgument) {
+  constexpr auto IsDigit = [](char c) { return c >= '0' && c <= '9'; };
   std::ranges::replace_if(
       strArgument, [](char c) { return c == '/' || c == '\\'; }, '_');
-  constexpr std::size_t c_nMostDigits = 2;
-  std::size_t nDigits = 0;
-  std::erase_if(strArgument, [&nDigits](char c) {
-    nDigits = c >= '0' && c <= '9' ? nDigits + 1 : 0;
-    return nDigits > c_nMostDigits;
-  });
+  const auto rest = std::ranges::unique(strArgument, [&](char a, char b) { return IsDigit(a) && IsDigit(b); });
+  strArgument.erase(rest.begin(), rest.end());
   return strArgument;
 }
 
