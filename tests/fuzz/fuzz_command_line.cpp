@@ -53,8 +53,9 @@ std::string Tame(std::string strArgument) {
   constexpr auto IsDigit = [](char c) { return c >= '0' && c <= '9'; };
   std::ranges::replace_if(
       strArgument, [](char c) { return c == '/' || c == '\\'; }, '_');
-  const auto rest = std::ranges::unique(strArgument, [&](char a, char b) { return IsDigit(a) && IsDigit(b); });
-  strArgument.erase(rest.begin(), rest.end());
+  const auto rest =
+      std::unique(strArgument.begin(), strArgument.end(), [&](char a, char b) { return IsDigit(a) && IsDigit(b); });
+  strArgument.erase(rest, strArgument.end());
   return strArgument;
 }
 
