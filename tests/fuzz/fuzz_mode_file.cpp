@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <cstdlib>
 #include <memory>
+#include <optional>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -90,9 +91,14 @@ class CCantilever {
   skyframe::test::CHostModel m_host;
 };
 
-const CCantilever g_cantilever;
+std::optional<CCantilever> g_cantilever;
 
 }  // namespace
+
+extern "C" int LLVMFuzzerInitialize(int* /*pnArguments*/, char*** /*pArguments*/) {
+  g_cantilever.emplace();  // not before the records' own initialisation
+  return 0;
+}
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* pData, std::size_t nSize) {
   const CTextPlatform platform(std::string(reinterpret_cast<const char*>(pData), nSize));
