@@ -18,7 +18,7 @@ inline void FillMast(CHostModel& host) {
   const double z[] = {0, 8, 12, 4};
   for (int i = 0; i < 4; ++i) host.AddNode(0, 0.1 * i, z[i], c_nRigid, i == 0 ? "111111" : "000000");
   for (const auto& [nI, nJ] : {std::pair{1, 4}, {4, 2}, {2, 3}}) host.AddElement(c_nBeam, nI, nJ);
-  host.AddElement(c_nBar, 1, 3);
+  host.AddElement(c_nBar, 1, 2);
   host.AddLoad(0, 3, 2, 20.0);
 }
 
