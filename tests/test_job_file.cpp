@@ -167,7 +167,7 @@ TEST(JobFile, EachErrorHasItsPlaceAndReason) {
        "/analyses/5/earthquake/oblique_axis: belongs to mode \"oblique\""},
       {"\"from_file\": true, ", "", "/analyses/6/general_load: needs \"from_file\": true"},
       {"\"title\"", "\"a/b~c\": 1, \"title\"", "/a~1b~0c: unknown key"},
-      {"\"x\": 4", "\"x\": 4, \"x\": 5", "/nodes/1/x: key given twice"},
+      {"\"x\": 4", "\"x\": 4, \"x\": [5]", "/nodes/1/x: key given twice"},
   };
   for (const Case& c : cases) {
     const JobFile file = ParseJob(Replace(c_strGood, c.strFrom, c.strTo));

@@ -106,7 +106,7 @@ class CTreeBuilder final : public nlohmann::json_sax<Json> {
       Refuse(GetPlace(true), "more than " + std::to_string(level.nCapacity) + pszWhat + "; a job holds no more");
       return nullptr;
     }
-    if (parent.is_object()) return &parent.emplace(level.strKey, std::move(value)).first.value();
+    if (parent.is_object()) return &(parent[level.strKey] = std::move(value));
     return &parent.emplace_back(std::move(value));
   }
 

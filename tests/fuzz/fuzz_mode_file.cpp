@@ -1,14 +1,17 @@
-// Mode file of a cantilever of one beam, through both readers: refused, or whole and finite.
+// Mode file of a cantilever of one beam, through the readers of module and host: refused, or whole and finite.
 
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
 #include <cstdlib>
 #include <memory>
+#include <optional>
 #include <sstream>
 #include <string>
+#include <vector>
 
 #include "../HostModel.h"
+#include "ModeResultFile.h"
 #include "skyframe/model/AnalysisModel.h"
 #include "skyframe/platform/HeadlessPlatform.h"
 
@@ -68,6 +71,13 @@ void ReadFrequencies() {
   Demand(std::ranges::all_of(model.Omega, IsFinite));
 }
 
+void ReadAsHost() {
+  const auto file = skyframe::host::ReadModeResultFile("job.mode", std::vector<skyframe::host::JobNode>(2));
+  if (!file) return;
+  Demand(!file->omega.empty() && file->shapes.size() == file->omega.size());
+  Demand(std::ranges::all_of(file->shapes, [](const auto& shape) { return shape.size() == 2; }));
+}
+
 class CCantilever {
  public:
   CCantilever() {
@@ -81,14 +91,20 @@ class CCantilever {
   skyframe::test::CHostModel m_host;
 };
 
-const CCantilever g_cantilever;
+std::optional<CCantilever> g_cantilever;
 
 }  // namespace
+
+extern "C" int LLVMFuzzerInitialize(int* /*pnArguments*/, char*** /*pArguments*/) {
+  g_cantilever.emplace();  // not before the records' own initialisation
+  return 0;
+}
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* pData, std::size_t nSize) {
   const CTextPlatform platform(std::string(reinterpret_cast<const char*>(pData), nSize));
   ReadWhole(2, 0);
   ReadWhole(1, 1);
   ReadFrequencies();
+  ReadAsHost();
   return 0;
 }

@@ -1,0 +1,124 @@
+// Arguments, one a line, and after an empty line the text of job.json in the folder where the program runs: it
+// ends with one of its statuses and leaves the job alone.
+
+#include <unistd.h>
+
+#include <algorithm>
+#include <cstdint>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <optional>
+#include <sstream>
+#include <string>
+#include <string_view>
+#include <tuple>
+#include <variant>
+#include <vector>
+
+#include "skyframe/host/CommandLine.h"
+#include "skyframe/host/JobFile.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+using namespace skyframe::host;
+
+constexpr const char* c_szJobFile = "job.json";
+
+/// A folder of this process alone, and the current one, for the life of the object.
+class CWorkingFolder {
+ public:
+  CWorkingFolder()
+      : m_folder(fs::temp_directory_path() / ("fuzz_command_line" + std::to_string(getpid()))),
+        m_previous(fs::current_path()) {
+    fs::create_directories(m_folder);
+    fs::current_path(m_folder);
+  }
+  ~CWorkingFolder() {
+    fs::current_path(m_previous);
+    fs::remove_all(m_folder);
+  }
+  CWorkingFolder(const CWorkingFolder&) = delete;
+  CWorkingFolder& operator=(const CWorkingFolder&) = delete;
+
+ private:
+  fs::path m_folder;
+  fs::path m_previous;
+};
+
+/// Names stay within the folder, and numbers have one digit, so that generated structures stay small.
+std::string Tame(std::string strArgument) {
+  constexpr auto IsDigit = [](char c) { return c >= '0' && c <= '9'; };
+  std::ranges::replace_if(
+      strArgument, [](char c) { return c == '/' || c == '\\'; }, '_');
+  const auto rest =
+      std::unique(strArgument.begin(), strArgument.end(), [&](char a, char b) { return IsDigit(a) && IsDigit(b); });
+  strArgument.erase(rest, strArgument.end());
+  return strArgument;
+}
+
+std::vector<std::string> GetArguments(std::string_view strLines) {
+  std::vector<std::string> arguments;
+  while (!strLines.empty()) {
+    const std::string_view strLine = strLines.substr(0, strLines.find('\n'));
+    arguments.push_back(Tame(std::string(strLine)));
+    strLines.remove_prefix(std::min(strLine.size() + 1, strLines.size()));
+  }
+  return arguments;
+}
+
+bool IsShort(std::optional<double> dDuration, std::optional<double> dStep) {
+  return !dDuration || !dStep || !(*dDuration / *dStep > 100.0);
+}
+
+bool IsShort(const StaticJob& analysis) { return analysis.nMaxIterations.value_or(0) <= 100; }
+bool IsShort(const ModalJob&) { return true; }
+bool IsShort(const SpectrumJob&) { return true; }
+bool IsShort(const WilsonJob& analysis) { return IsShort(analysis.dDuration, analysis.dTimeStep); }
+bool IsShort(const NewmarkJob& analysis) {
+  const auto& [impulse, general, quake] = std::tie(analysis.impulse, analysis.generalLoad, analysis.earthquake);
+  return analysis.nMaxIterations.value_or(0) <= 100 && (!impulse || IsShort(impulse->dDuration, impulse->dTimeStep)) &&
+         (!impulse || IsShort(impulse->dUnloadTime, impulse->dTimeStep)) &&
+         (!impulse || IsShort(impulse->dPeakTime, impulse->dTimeStep)) &&
+         (!general || IsShort(general->dDuration, general->dTimeStep)) &&
+         (!quake || IsShort(quake->dDuration, quake->dTimeStep));
+}
+
+/// Whether the analyses end within a fraction of a second.
+bool IsShort(const Job& job) {
+  return std::ranges::all_of(job.analyses, [](const JobAnalysis& analysis) {
+    return std::visit([](const auto& parameters) { return IsShort(parameters); }, analysis);
+  });
+}
+
+void Run(const std::vector<std::string>& arguments) {
+  std::ostringstream out;
+  std::ostringstream err;
+  const int nStatus = RunCommandLine(arguments, out, err);
+  if (nStatus < c_nExitGood || nStatus > c_nExitWarned) std::abort();
+}
+
+std::string ReadText() {
+  std::ifstream strm(c_szJobFile, std::ios::binary);
+  return {std::istreambuf_iterator<char>(strm), {}};
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* pData, std::size_t nSize) {
+  const std::string_view strInput(reinterpret_cast<const char*>(pData), nSize);
+  const std::size_t nLines = std::min(strInput.find("\n\n"), nSize);
+  const std::vector<std::string> arguments = GetArguments(strInput.substr(0, nLines));
+  const std::string strJob(strInput.substr(std::min(nLines + 2, nSize)));
+  if (arguments.empty() || !IsShort(ParseJob(strJob).job)) return 0;
+
+  const CWorkingFolder folder;
+  std::ofstream(c_szJobFile, std::ios::binary) << strJob;
+  if (arguments.front() == "plot") Run({"run", c_szJobFile});
+  Run(arguments);
+  // A generated structure may take any name.
+  if (std::ranges::find(arguments, "generate") == arguments.end() && ReadText() != strJob) std::abort();
+  return 0;
+}
