@@ -118,11 +118,13 @@ TEST_F(CommandLine, WrongArgumentsEndWithStatusTwo) {
       {"generate", "dome", "--rise", "30"},
       {"generate", "arch", "--segments", "5"},
       {"generate", "arch", "--rise", "nan"},
+      {"check", "a.json", "\x1b[2J"},
   };
   for (const auto& arguments : commands) {
     const Outcome outcome = Run(arguments);
     EXPECT_EQ(outcome.nStatus, 2) << (arguments.empty() ? "" : arguments.back());
     EXPECT_FALSE(outcome.strErr.empty());
+    EXPECT_EQ(outcome.strErr.find('\x1b'), std::string::npos);
     EXPECT_EQ(outcome.strOut.find("nodes"), std::string::npos);
   }
 }
