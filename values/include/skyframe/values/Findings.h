@@ -5,6 +5,8 @@
 #include <string>
 #include <vector>
 
+#include "skyframe/values/Capacities.h"
+
 namespace skyframe {
 
 // What the last run of each analysis found, beside its result files. Filled inside the analysis, kept until
@@ -78,8 +80,8 @@ struct ModalFindings : RunFindings {
   int nIterations = 0;            ///< passes until the root-loss test accepted
   int nEquations = 0;             ///< free equations
   bool bShear = false;
-  std::array<int, 20> loadFlags = {};  ///< load combination that became mass
-  std::array<double, 20> loadFactors = {};
+  std::array<int, c_nLoadTypes> loadFlags = {};  ///< load combination that became mass
+  std::array<double, c_nLoadTypes> loadFactors = {};
   /// Sturm count of the run's own root-loss test: so many modes lie below dCountedBelow (rad/s).
   std::optional<int> sturmCount;
   double dCountedBelow = 0.0;
