@@ -345,8 +345,9 @@ TEST_F(Scripts, TimeHistoryValuesArrive) {
   const WilsonJob wilson{std::array{0.01, 0.03}, 1.37, 0.002, 4.0, true, JobPeaks{0.1, 0.2, 0.3, 0.4}, {{1, 2.0}}};
   EXPECT_EQ(Open<CDynOptionDlg>(wilson)->m_nMethod, 0);
   const auto p1 = Open<CWilsonDlg>(wilson);
-  EXPECT_EQ(std::tuple(p1->m_dDamping, p1->m_dTheta, p1->m_dTimeStep, p1->m_dDuration, p1->m_dPeak, p1->m_dPeakOblique),
-            std::tuple(std::array{0.01, 0.03}, 1.37, 0.002, 4.0, std::array{0.1, 0.2, 0.3}, 0.4));
+  EXPECT_EQ(std::tuple(p1->m_dDamping, p1->m_dTheta, p1->m_dTimeStep, p1->m_dDuration, p1->m_dPeak, p1->m_dPeakOblique,
+                       p1->m_bNonlinear),
+            std::tuple(std::array{0.01, 0.03}, 1.37, 0.002, 4.0, std::array{0.1, 0.2, 0.3}, 0.4, 1));
 
   NewmarkJob impulse;
   std::tie(impulse.bNonlinear, impulse.nCriterion, impulse.dTolerance) = std::tuple(true, 2, 0.003);
