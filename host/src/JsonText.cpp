@@ -16,6 +16,8 @@ constexpr std::size_t c_nMostEntries = 90'000;
 constexpr std::size_t c_nMostMembers = 1'000;
 /// Bytes of a text of the job that a message shows.
 constexpr std::size_t c_nLongestShown = 60;
+/// Likewise, of the parser's words.
+constexpr std::size_t c_nLongestReason = 200;
 
 /// "line L, column C", both from 1, of the last of the bytes read so far.
 std::string FormatPosition(std::string_view strText, std::size_t nBytesRead) {
@@ -26,7 +28,7 @@ std::string FormatPosition(std::string_view strText, std::size_t nBytesRead) {
   return "line " + std::to_string(nLine) + ", column " + std::to_string(strBefore.size() - nLineStart + 1);
 }
 
-/// The parser's own words without its tag and its position.
+/// The parser's own words without its tag and its position. A number that overflows, in its last words, may be long.
 std::string GetParserReason(const std::exception& error) {
   std::string_view strText = error.what();
   for (const std::string_view strMark : {"; last read", "] ", "parse error at line ", ": "}) {
@@ -34,7 +36,7 @@ std::string GetParserReason(const std::exception& error) {
     if (n == std::string_view::npos) continue;
     strText = strMark.front() == ';' ? strText.substr(0, n) : strText.substr(n + strMark.size());
   }
-  return std::string(strText);
+  return std::string(strText.substr(0, c_nLongestReason));
 }
 
 /// Builds the tree in one walk over the text, and breaks off at the first thing that is too much of it.
@@ -189,6 +191,14 @@ std::string EscapeControls(std::string_view strText) {
     }
   }
   return strResult;
+}
+
+std::string EscapeLines(std::string_view strText) {
+  std::string strResult;
+  for (std::size_t nEnd = 0; (nEnd = strText.find('\n')) != std::string_view::npos; strText.remove_prefix(nEnd + 1)) {
+    strResult += EscapeControls(strText.substr(0, nEnd)) + '\n';
+  }
+  return strResult + EscapeControls(strText);
 }
 
 std::string Quote(std::string_view strText) {

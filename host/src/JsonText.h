@@ -37,6 +37,9 @@ struct ArrayCapacity {
 /// Text fit for a terminal: its control characters as \u001b and the like.
 [[nodiscard]] std::string EscapeControls(std::string_view strText);
 
+/// The same with its line ends.
+[[nodiscard]] std::string EscapeLines(std::string_view strText);
+
 /// Text in quotes, fit for a terminal: control characters escaped, cut after some sixty bytes.
 [[nodiscard]] std::string Quote(std::string_view strText);
 

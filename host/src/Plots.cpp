@@ -7,6 +7,7 @@
 
 #include "Chart.h"
 #include "Format.h"
+#include "JsonText.h"
 #include "ModeResultFile.h"
 #include "Pictures.h"
 #include "PlatformScope.h"
@@ -85,7 +86,7 @@ class CPlotter {
 
  private:
   std::nullopt_t Refuse(const std::string& strReason) {
-    m_err << strReason << '\n';
+    m_err << EscapeControls(strReason) << '\n';
     return std::nullopt;
   }
 

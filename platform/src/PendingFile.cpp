@@ -66,9 +66,13 @@ std::string FindObstacle(const fs::path& target) {
   return system_file::IsWritable(target) ? std::string() : Describe(errno);
 }
 
+/// A stream of this process has a link for its name: /dev/stdout, /dev/fd/63.
 bool IsDevice(const fs::path& target) {
   std::error_code error;
-  return fs::symlink_status(target, error).type() == fs::file_type::character;
+  if (fs::symlink_status(target, error).type() == fs::file_type::character) return true;
+  const fs::file_type type = fs::status(target, error).type();
+  const fs::path folder = target.parent_path();
+  return (folder == "/dev" || folder == "/dev/fd") && (type == fs::file_type::character || type == fs::file_type::fifo);
 }
 
 /// A replaced file keeps its permissions.

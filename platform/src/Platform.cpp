@@ -11,6 +11,7 @@
 
 #include "InputFile.h"
 #include "PendingFile.h"
+#include "SystemFile.h"
 #include "skyframe/platform/HeadlessPlatform.h"
 #include "texts.h"
 
@@ -61,6 +62,8 @@ IPlatform& GetPlatform() {
   if (g_pPlatform == nullptr) return g_defaultPlatform;
   return *g_pPlatform;
 }
+
+bool IsErrorTerminal() { return system_file::IsErrorTerminal(); }
 
 std::filesystem::path ToFilePath(std::string_view strPath) {
   const std::string strNative = ToNativePath(strPath);

@@ -12,7 +12,7 @@ int OpenToRead(const std::filesystem::path& path);
 /// A new file, in the care of this process until its descriptors are closed. Negative: not possible; EEXIST
 /// when the name is taken.
 int CreateNew(const std::filesystem::path& path);
-/// A character device. Negative: not possible.
+/// A character device or a pipe. Negative: not possible.
 int OpenDevice(const std::filesystem::path& path);
 
 /// Another descriptor that keeps a new file in care after its own was closed; negative where the system has none.
@@ -28,5 +28,6 @@ std::size_t Read(int nDescriptor, char* pBytes, std::size_t nCount);
 [[nodiscard]] bool Close(int nDescriptor);
 
 [[nodiscard]] bool IsWritable(const std::filesystem::path& path);
+[[nodiscard]] bool IsErrorTerminal();
 
 }  // namespace skyframe::system_file

@@ -42,6 +42,17 @@ int Refuse(int nDescriptor, int nError) {
   return -1;
 }
 
+/// The same file under a descriptor that is none of the standard three: where these are closed, the next file
+/// would take their place, and with it what the program prints.
+int KeepOffStandard(int nDescriptor) {
+  if (nDescriptor < 0 || nDescriptor > STDERR_FILENO) return nDescriptor;
+  const int nOther = fcntl(nDescriptor, F_DUPFD_CLOEXEC, STDERR_FILENO + 1);
+  const int nError = errno;
+  close(nDescriptor);
+  errno = nError;
+  return nOther;
+}
+
 }  // namespace
 
 int OpenToRead(const std::filesystem::path& path) {
@@ -51,7 +62,7 @@ int OpenToRead(const std::filesystem::path& path) {
 
 int CreateNew(const std::filesystem::path& path) {
   constexpr mode_t c_nMode = 0666;  // less what the user's mask takes away
-  const int n = open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, c_nMode);
+  const int n = KeepOffStandard(open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, c_nMode));
   if (n < 0) return n;
   // A file system without locks has no orphans to tell from others either.
   Persist([n] { return flock(n, LOCK_EX); });
@@ -60,10 +71,11 @@ int CreateNew(const std::filesystem::path& path) {
 }
 
 int OpenDevice(const std::filesystem::path& path) {
-  return open(path.c_str(), O_WRONLY | O_NOFOLLOW | O_NOCTTY | O_CLOEXEC);
+  const int n = KeepOffStandard(open(path.c_str(), O_WRONLY | O_NOCTTY | O_CLOEXEC));
+  return n < 0 || !IsRegular(n) ? n : Refuse(n, EINVAL);
 }
 
-int KeepInCare(int nDescriptor) { return fcntl(nDescriptor, F_DUPFD_CLOEXEC, 0); }
+int KeepInCare(int nDescriptor) { return fcntl(nDescriptor, F_DUPFD_CLOEXEC, STDERR_FILENO + 1); }
 
 std::vector<std::filesystem::path> ListNames(const std::filesystem::path& folder) {
   struct CloseFolder {
@@ -101,6 +113,8 @@ bool WriteAll(int nDescriptor, const char* pBytes, std::size_t nCount) {
 bool Close(int nDescriptor) { return close(nDescriptor) == 0 || errno == EINTR; }
 
 bool IsWritable(const std::filesystem::path& path) { return access(path.c_str(), W_OK) == 0; }
+
+bool IsErrorTerminal() { return isatty(STDERR_FILENO) == 1; }
 
 }  // namespace skyframe::system_file
 

@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <cstdio>
 
 #include "SystemFile.h"
 
@@ -73,6 +74,8 @@ bool IsWritable(const std::filesystem::path& path) {
   constexpr int c_nWritable = 2;
   return _waccess(path.c_str(), c_nWritable) == 0;
 }
+
+bool IsErrorTerminal() { return _isatty(_fileno(stderr)) != 0; }
 
 }  // namespace skyframe::system_file
 

@@ -2,11 +2,11 @@
 
 #include <algorithm>
 #include <cmath>
-#include <filesystem>
-#include <fstream>
+#include <locale>
 #include <set>
 
 #include "JobReader.h"
+#include "skyframe/platform/Platform.h"
 #include "skyframe/values/ResultFiles.h"
 
 namespace skyframe::host {
@@ -56,15 +56,14 @@ struct RecordText {
 
 RecordText ReadRecord(const std::string& strPath) {
   RecordText record;
-  std::error_code error;
-  std::ifstream strm;
-  if (std::filesystem::is_regular_file(std::filesystem::path(strPath), error)) strm.open(strPath, std::ios::binary);
-  record.bOpened = strm.is_open();
-  strm.imbue(std::locale::classic());
-  for (double dValue = 0.0; record.bOpened && strm >> dValue; ++record.nValues) {
+  const auto pStream = GetPlatform().OpenForReading(strPath);
+  if (!pStream) return record;
+  record.bOpened = true;
+  pStream->imbue(std::locale::classic());
+  for (double dValue = 0.0; *pStream >> dValue; ++record.nValues) {
     record.dLargest = std::max(record.dLargest, std::abs(dValue));
   }
-  record.bWhole = strm.eof();
+  record.bWhole = pStream->eof();
   return record;
 }
 

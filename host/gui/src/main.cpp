@@ -1,4 +1,5 @@
 #include <QApplication>
+#include <clocale>
 #include <iostream>
 #include <string_view>
 
@@ -20,6 +21,7 @@ int main(int nArguments, char** arguments) {
     return 0;
   }
   const QApplication application(nArguments, arguments);  // takes its own options out
+  std::setlocale(LC_NUMERIC, "C");                        // Qt has put the person's in force; summaries have points
   const QStringList words = QApplication::arguments();
   if (words.size() > 2) {
     std::cerr << c_strHelp;

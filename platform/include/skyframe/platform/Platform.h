@@ -31,7 +31,7 @@ inline constexpr int c_nIdCancel = 2;
 /// What may stand in the place of an output file.
 enum class OutputPlace {
   RegularFile,  ///< nothing, or a regular file that is not write-protected
-  FileOrDevice  ///< or a character device, which is then written directly
+  FileOrDevice  ///< or a character device, or a pipe under its name in /dev; these are written directly
 };
 
 /// A file on its way to its name: Commit makes it appear there whole. Without Commit, or when that fails,
@@ -98,6 +98,9 @@ SKYFRAME_API IPlatform* InstallPlatform(IPlatform* pPlatform, const RecordSizes&
 
 /// The platform in force; never absent.
 SKYFRAME_API IPlatform& GetPlatform();
+
+/// Whether a person sees standard error on a terminal.
+[[nodiscard]] SKYFRAME_API bool IsErrorTerminal();
 
 /// Path with the separators of this system.
 SKYFRAME_API std::string ToNativePath(std::string_view strPath);

@@ -87,7 +87,7 @@ struct tagComResult {
   int m_nReserved;
 };
 
-/// Sizes in bytes of the records as a binary was built with them.
+/// Sizes in bytes of the records as a binary was built with them, and the capacities that these do not show.
 struct RecordSizes {
   std::size_t nAbcd;
   std::size_t nComDat;
@@ -95,12 +95,14 @@ struct RecordSizes {
   std::size_t nComDynamic;
   std::size_t nComZhu;
   std::size_t nComResult;
+  int nLoadTypes;
+  int nSpringGroups;
 
   bool operator==(const RecordSizes&) const = default;
 };
 
 /// Not inline: each binary has its own, so that host and module can be compared.
-constexpr RecordSizes c_recordSizes = {sizeof(tagAbcd),       sizeof(tagComDat), sizeof(tagSect),
-                                       sizeof(tagComDynamic), sizeof(tagComZhu), sizeof(tagComResult)};
+constexpr RecordSizes c_recordSizes = {sizeof(tagAbcd),   sizeof(tagComDat),    sizeof(tagSect), sizeof(tagComDynamic),
+                                       sizeof(tagComZhu), sizeof(tagComResult), c_nLoadTypes,    c_nMaxSpringGroups};
 
 }  // namespace skyframe
