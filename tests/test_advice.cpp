@@ -167,6 +167,22 @@ TEST_F(AdviceOnRuns, EveryDoubtfulRunIsTold) {
        true, "warning: element ", "[divide-members]"},
       {"columns that lean across their sway", [&](Job& job) { Lean(job, 1.0e8); }, true,
        "warning: the section of element ", "[axes-twist]"},
+      {"too few iterations",
+       [](Job& job) {
+         NewmarkJob quake = MakeQuake();
+         quake.bNonlinear = true;
+         quake.nMaxIterations = 1;
+         quake.dTolerance = 0.0;
+         job.analyses = {MakeModal(4), quake};
+       },
+       true, "warning: in 50 of 50 steps equilibrium was not reached ", "[rough-steps]"},
+      {"second ratio of none",
+       [](Job& job) {
+         NewmarkJob quake = MakeQuake();
+         quake.damping = {0.0, 0.05};
+         job.analyses = {MakeModal(4), quake};
+       },
+       true, "", "Time history"},
       {"ground at rest",
        [](Job& job) {
          NewmarkJob quake = MakeQuake();

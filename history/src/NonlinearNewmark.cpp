@@ -101,6 +101,7 @@ bool CNonlinearNewmark::Iterate() {
   const double dForce = ComputeNorm(m_load);
   double dFirstIncrement = 0.0;
   FormResidual();
+  m_bConverged = false;
   for (m_nIterations = 0; m_nIterations < m_settings.nMaxIter;) {
     // K^ dU = psi; the residual becomes the increment
     if (!m_effective.Solve(m_M.GetOrder(), m_residual)) return false;
@@ -112,8 +113,8 @@ bool CNonlinearNewmark::Iterate() {
     std::copy_n(resistance.begin(), m_resistance.size(), m_resistance.begin());
     FormResidual();
     const double dResidual = ComputeNorm(m_residual);
-    if (m_settings.test.IsConverged(dResidual, dForce, dIncrement, dFirstIncrement)) break;
-    if (!std::isfinite(dResidual)) break;  // it cannot come back
+    m_bConverged = m_settings.test.IsConverged(dResidual, dForce, dIncrement, dFirstIncrement);
+    if (m_bConverged || !std::isfinite(dResidual)) break;  // it cannot come back
   }
   return true;
 }

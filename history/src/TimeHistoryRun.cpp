@@ -165,6 +165,7 @@ bool CTimeHistoryRun::StepNonlinearGround(const CGroundMotion& motion) {
   for (int k = 0; k < m_model.m_history.nSteps; ++k) {
     motion.FormVector(k, m_model.GetNodes(), g);
     if (!integrator.StepGround(g)) return false;
+    if (!integrator.HasConverged()) ++m_findings.nRoughSteps;
     Record(k, std::span(m_model.m_displacement).first(GetFreeCount()));
   }
   return true;

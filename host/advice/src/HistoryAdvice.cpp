@@ -1,3 +1,5 @@
+#include <algorithm>
+
 #include "AdviceBuilder.h"
 #include "Format.h"
 #include "HistoryReport.h"
@@ -8,13 +10,20 @@ namespace skyframe::host {
 namespace {
 
 void CheckDamping(const HistoryFindings& findings, CAdviceBuilder& advice) {
-  for (std::size_t i = 0; i < findings.damping.size(); ++i) {
-    if (!(findings.damping[i] < 0.0)) continue;
-    advice.Warn("negative-damping", Format("the damping ratios give mode %zu (%.4g rad/s) %.2g %%: it is driven, not "
-                                           "damped",
-                                           i + 1, findings.omega[i], 100.0 * findings.damping[i]));
-    return;
-  }
+  constexpr double c_dRoundOff = 1.0e-12;
+  const auto it = std::ranges::min_element(findings.damping);
+  if (it == findings.damping.end() || !(*it < -c_dRoundOff)) return;
+  const auto i = static_cast<std::size_t>(it - findings.damping.begin());
+  advice.Warn("negative-damping", Format("the damping ratios give mode %zu (%.4g rad/s) %.2g %%: it is driven, not "
+                                         "damped",
+                                         i + 1, findings.omega[i], 100.0 * *it));
+}
+
+void CheckIterations(const HistoryFindings& findings, CAdviceBuilder& advice) {
+  if (findings.nRoughSteps == 0) return;
+  advice.Warn("rough-steps", Format("in %d of %d steps equilibrium was not reached within the permitted iterations: "
+                                    "permit more, or take a smaller time step",
+                                    findings.nRoughSteps, findings.nSteps));
 }
 
 void CheckValues(const Job& job, const HistoryFindings& findings, CAdviceBuilder& advice) {
@@ -59,6 +68,7 @@ AdviceList AdviseOnHistory(const Job& job, const HistoryFindings& findings, cons
   CAdviceBuilder advice(job, findings);
   advice.CheckConditioning();
   CheckDamping(findings, advice);
+  CheckIterations(findings, advice);
   CheckValues(job, findings, advice);
   CheckResponse(findings, kept, advice);
   CheckKept(findings, kept, advice);

@@ -47,6 +47,8 @@ class CNonlinearNewmark {
   [[nodiscard]] bool StepGround(std::span<const double> g);
   /// Iterations of the last step.
   [[nodiscard]] int GetIterations() const { return m_nIterations; }
+  /// Whether they converged; a step that did not is kept all the same.
+  [[nodiscard]] bool HasConverged() const { return m_bConverged; }
   /// u: displacement since the start of the steps.
   [[nodiscard]] const MotionState& GetState() const { return m_state; }
 
@@ -73,6 +75,7 @@ class CNonlinearNewmark {
   std::vector<double> m_p;
   std::vector<double> m_q;
   int m_nIterations = 0;
+  bool m_bConverged = false;
 };
 
 /// Euclidean norm.
