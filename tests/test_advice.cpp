@@ -133,7 +133,7 @@ TEST_F(AdviceOnRuns, EveryDoubtfulRunIsTold) {
        [](Job& job) {
          job.analyses = {MakeModal(1), MakeSpectrum(1, c_dead)};
        },
-       true, "warning: the 1 modes hold 0.0 % of the mass in X, below 90 %", "[missing-mass]"},
+       true, "warning: 1 mode holds 0.0 % of the mass in X, below 90 %", "[missing-mass]"},
       {"other combination",
        [](Job& job) {
          job.analyses = {MakeModal(3), MakeSpectrum(3, {{0, 0.5}})};

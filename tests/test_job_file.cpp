@@ -271,6 +271,7 @@ TEST(JobFile, WarnsOfWhatIsHardlyMeant) {
   EXPECT_EQ(List(file.warnings),
             (std::vector<std::string>{"/nodes/0: node 1 is rigid but no beam holds its rotations; make it pinned",
                                       "/nodes/2: no element touches node 3",
+                                      "/nodes/3: no support keeps node 4 Z from moving with its part of the structure",
                                       "/springs: a spring with a stiffness above 0 holds its node rigidly (1 nodes)",
                                       "/elements/0: section \"T\" has no area",
                                       "/elements/1: section \"S\\u009b\" has no bending inertia",

@@ -5,6 +5,7 @@
 
 #include "AdviceBuilder.h"
 #include "Format.h"
+#include "FreeBody.h"
 
 namespace skyframe::host {
 
@@ -46,13 +47,16 @@ void CAdviceBuilder::CheckConditioning() {
   constexpr double c_dMechanism = 13.0;
   const Conditioning& conditioning = m_findings.conditioning;
   const double dLost = conditioning.dLostDigits;
-  if (!(dLost > c_dDoubtful)) return;
+  if (conditioning.place.nNode == 0) return;
   const std::string strPlace = DescribePlace(m_job, conditioning.place);
   if (dLost >= c_dMechanism) {
     const std::string strLost =
         dLost < c_dAllDigits ? Format("%.1f of 16 digits are lost there", dLost) : "no stiffness is left there";
     Error("mechanism", "nearly a mechanism at " + strPlace + ": " + strLost + "; the results cannot be used");
-  } else {
+  } else if (const std::optional<DofPlace> place = FindFreeBody(m_job)) {
+    Error("mechanism", "no support keeps " + DescribePlace(m_job, *place) +
+                           " from moving with its part of the structure; the results cannot be used");
+  } else if (dLost > c_dDoubtful) {
     Warn("conditioning", Format("%.1f digits are lost at %s, results are good to about %.0f digits", dLost,
                                 strPlace.c_str(), std::floor(c_dAllDigits - dLost)));
   }

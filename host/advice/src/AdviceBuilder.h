@@ -22,7 +22,8 @@ class CAdviceBuilder {
   }
   [[nodiscard]] AdviceList Take() { return std::move(m_list); }
 
-  /// More than 10 lost digits are doubtful, 13 a mechanism.
+  /// More than 10 lost digits are doubtful, 13 a mechanism. A large model loses fewer before its round-off hides the
+  /// rest: whether the supports hold it is seen from their places.
   void CheckConditioning();
   /// An error names the run's file with the suffix and the first place; false then.
   bool CheckNodeValues(const std::vector<NodeValues>& values, std::string_view strQuantity, std::string_view strSuffix);

@@ -1,17 +1,26 @@
 #include "JobChecks.h"
 
 #include <algorithm>
+#include <array>
 #include <iterator>
 #include <set>
 
 #include "AnalysisChecks.h"
+#include "FreeBody.h"
 #include "JsonText.h"
+#include "skyframe/host/Advice.h"
 
 namespace skyframe::host {
 
 bool HaveSamePlace(const JobNode& a, const JobNode& b) {
   const auto Same = [](double dA, double dB) { return static_cast<float>(dA) == static_cast<float>(dB); };
   return Same(a.dX, b.dX) && Same(a.dY, b.dY) && Same(a.dZ, b.dZ);
+}
+
+bool IsRestrained(const Job& job, const JobNode& node, std::size_t nDof) {
+  if (!node.nSpring) return node.restraint[nDof] == 1;
+  const auto it = std::ranges::find(job.springs, *node.nSpring, &JobSpring::nGroup);
+  return nDof < 3 && it != job.springs.end() && std::array{it->dKx, it->dKy, it->dKz}[nDof] > 0.0;
 }
 
 std::vector<int> FindEmptyCases(const Job& job) {
@@ -43,6 +52,7 @@ class CDoubtfulInput {
 
   std::vector<JobProblem> Find() {
     CheckNodes();
+    CheckSupports();
     CheckSprings();
     CheckElements();
     CheckLoads();
@@ -61,6 +71,15 @@ class CDoubtfulInput {
             {At("nodes", k), strNode + " is rigid but no beam holds its rotations; make it pinned", "loose-rotation"});
       }
     }
+  }
+
+  void CheckSupports() {
+    const std::optional<DofPlace> place = FindFreeBody(m_job);
+    if (!place) return;
+    m_found.push_back(
+        {At("nodes", static_cast<std::size_t>(place->nNode - 1)),
+         "no support keeps " + DescribePlace(m_job, *place) + " from moving with its part of the structure",
+         "mechanism"});
   }
 
   static bool HasFixedRotations(const JobNode& node) {

@@ -9,6 +9,9 @@ namespace skyframe::host {
 /// True when the places coincide in the single precision of the host records.
 [[nodiscard]] bool HaveSamePlace(const JobNode& a, const JobNode& b);
 
+/// Whether a support holds the DOF 0..5; a spring with a stiffness above 0 acts like a rigid support.
+[[nodiscard]] bool IsRestrained(const Job& job, const JobNode& node, std::size_t nDof);
+
 /// Load cases from 0 to the highest one in use that have no load.
 [[nodiscard]] std::vector<int> FindEmptyCases(const Job& job);
 

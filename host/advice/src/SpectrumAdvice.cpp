@@ -38,8 +38,9 @@ void CheckMasses(const SpectrumFindings& findings, CAdviceBuilder& advice) {
     for (const std::array<double, 3>& mode : findings.effectiveMasses) dSum += mode[d];
     const double dShare = dSum / findings.totalMass[d];
     if (dShare >= c_dEnoughMass) continue;
-    advice.Warn("missing-mass", Format("the %d modes hold %.1f %% of the mass in %s, below 90 %%: use more modes",
-                                       findings.nModes, 100.0 * dShare, std::string(c_strDirections[d]).c_str()));
+    advice.Warn("missing-mass", Format("%d mode%s %.1f %% of the mass in %s, below 90 %%: use more modes",
+                                       findings.nModes, findings.nModes == 1 ? " holds" : "s hold", 100.0 * dShare,
+                                       std::string(c_strDirections[d]).c_str()));
   }
 }
 
