@@ -230,7 +230,8 @@ bool CTimeHistoryRun::ApplyStaticLoad() {
   std::vector<double> increment(F);
   const IterationTest test = GetTest();
   const double dForce = ComputeNorm(P);
-  for (int k = 0; k < m_model.m_nMaxIter; ++k) {
+  m_findings.bRoughStart = true;
+  for (int k = 0; k < m_model.m_nMaxIter && m_findings.bRoughStart; ++k) {
     // K du = R with the tangent stiffness; R = P - Fint
     SparseMatrix& K = m_model.m_stiffness;
     if (!m_model.AssembleStiffness(K, true, IsShear())) return false;
@@ -241,7 +242,7 @@ bool CTimeHistoryRun::ApplyStaticLoad() {
     if (!Move(increment)) return false;
     for (std::size_t i = 0; i < F; ++i) residual[i] = P[i] - m_model.m_internalForce[i];
     const double dTotal = ComputeNorm(m_model.GetDisplacements().first(F));
-    if (test.IsConverged(ComputeNorm(residual), dForce, ComputeNorm(increment), dTotal)) break;
+    m_findings.bRoughStart = !test.IsConverged(ComputeNorm(residual), dForce, ComputeNorm(increment), dTotal);
   }
   m_model.m_stiffness.Release();
   m_model.m_staticForce.clear();

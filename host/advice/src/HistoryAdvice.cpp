@@ -20,6 +20,11 @@ void CheckDamping(const HistoryFindings& findings, CAdviceBuilder& advice) {
 }
 
 void CheckIterations(const HistoryFindings& findings, CAdviceBuilder& advice) {
+  if (findings.bRoughStart) {
+    advice.Warn("rough-steps",
+                "the static loads of the start did not reach equilibrium within the permitted iterations: "
+                "permit more");
+  }
   if (findings.nRoughSteps == 0) return;
   advice.Warn("rough-steps", Format("in %d of %d steps equilibrium was not reached within the permitted iterations: "
                                     "permit more, or take a smaller time step",

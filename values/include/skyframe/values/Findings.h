@@ -119,6 +119,7 @@ struct HistoryFindings : RunFindings {
   double dStiffnessDamping = 0.0;
   std::vector<double> omega;    ///< rad/s, all modes of the mode file
   std::vector<double> damping;  ///< ratio that the Rayleigh pair gives each of them
+  bool bRoughStart = false;     ///< of a nonlinear run: its static stage ended without convergence
   int nRoughSteps = 0;          ///< of a nonlinear run: steps whose iteration ended without convergence
   /// First value that is not finite: quantity (HistoryQuantity), step and number, both from 1. Step 0: none.
   int nBadQuantity = 0;
