@@ -25,6 +25,7 @@
 #include "skyframe/host/Generate.h"
 #include "skyframe/host/JobFile.h"
 #include "skyframe/hostdata/HostData.h"
+#include "skyframe/values/DialogIds.h"
 
 namespace skyframe::gui {
 namespace {
@@ -283,6 +284,27 @@ TEST_F(MainWindow, ListsResultsAndDrawsShapesScaledAndSwinging) {
   window.findChild<QCheckBox*>(QStringLiteral("animate"))->setChecked(true);
   EXPECT_TRUE(QTest::qWaitFor([&view] { return view.GetPhaseFactor() < -0.8; }));
   EXPECT_TRUE(QTest::qWaitFor([&view] { return view.GetPhaseFactor() > 0.8; }));
+}
+
+TEST_F(MainWindow, PanelTellsOfTheInputThenOfTheRun) {
+  CMainWindow window(Settings());
+  test::CQtPerson person(&window);
+  window.show();
+  host::Job job = MakeCantilever();
+  job.nodes.front().restraint = {};
+  ASSERT_TRUE(window.OpenJob(WriteJob("free.json", job)));
+  const auto* const pPanel = window.findChild<QListWidget*>(QStringLiteral("advice"));
+  ASSERT_EQ(pPanel->count(), 1);
+  EXPECT_TRUE(pPanel->item(0)->text().startsWith(QStringLiteral("warning: /nodes/")));
+  const auto Solve = [&](DialogStep last) {
+    person.AddScript(c_nIdNonlinStaticDlg, {DialogStep::Tick(c_nIdNonlinear, false), std::move(last)});
+    person.Watch([&] { window.findChild<QAction*>(QStringLiteral("static"))->trigger(); });
+  };
+  Solve(DialogStep::Cancel());
+  EXPECT_EQ(pPanel->count(), 1) << "what was told still holds";
+  Solve(DialogStep::Ok());
+  ASSERT_GE(pPanel->count(), 1);
+  EXPECT_TRUE(pPanel->item(0)->text().startsWith(QStringLiteral("error: nearly a mechanism at node ")));
 }
 
 TEST_F(MainWindow, NothingClippedAtBothFontSizes) {
