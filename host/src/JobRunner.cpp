@@ -47,14 +47,12 @@ const RunFindings& CallEntryPoint(const SpectrumJob& analysis) {
   CModeConnect::OnAnsysSpectrum();
   return GetSpectrumFindings();
 }
-const RunFindings& CallEntryPoint(const WilsonJob&) {
+const RunFindings& CallTimeHistory() {
   CModeConnect::OnTimeHistoryAnalysis();
   return GetHistoryFindings();
 }
-const RunFindings& CallEntryPoint(const NewmarkJob&) {
-  CModeConnect::OnTimeHistoryAnalysis();
-  return GetHistoryFindings();
-}
+const RunFindings& CallEntryPoint(const WilsonJob&) { return CallTimeHistory(); }
+const RunFindings& CallEntryPoint(const NewmarkJob&) { return CallTimeHistory(); }
 
 class CJobRunner {
  public:

@@ -4,6 +4,7 @@
 
 #include "AdviceBuilder.h"
 #include "Format.h"
+#include "Report.h"
 #include "skyframe/values/ResultFiles.h"
 
 namespace skyframe::host {
@@ -68,8 +69,8 @@ double FormRoundOff(const Job& job, const StaticFindings& findings) {
     const auto [xi, yi, zi] = GetPosition(job.nodes[i]);
     const auto [xj, yj, zj] = GetPosition(job.nodes[j]);
     const double A = job.sections[static_cast<std::size_t>(element.nSection)].dArea * c_dSquareMetre;
-    const NodeValues& u = findings.displacements[j];
-    dSum += c_dSteel * A / std::hypot(xj - xi, yj - yi, zj - zi) * std::hypot(u[0], u[1], u[2]);
+    const double u = std::max(GetTranslation(findings.displacements[i]), GetTranslation(findings.displacements[j]));
+    dSum += c_dSteel * A / std::hypot(xj - xi, yj - yi, zj - zi) * u;
   }
   return std::numeric_limits<double>::epsilon() * dSum;
 }
