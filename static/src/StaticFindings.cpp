@@ -15,7 +15,7 @@ bool CAnalysisModel::BeginStatic(bool bNonlinear) {
 }
 
 bool CAnalysisModel::PrepareStatic() {
-  std::fill(m_displacement.begin(), m_displacement.end(), 0.0);
+  ClearDisplacements();
   if (!AssembleStiffness(m_stiffness, false, false)) return false;
   const bool bStable = m_stiffness.Decompose(GetFreeDofs());
   m_staticFindings.conditioning = DescribeConditioning(m_stiffness);
