@@ -1,4 +1,4 @@
-#include "MainWindow.h"
+#include "skyframe/gui/MainWindow.h"
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -12,13 +12,14 @@
 #include <iterator>
 
 #include "ErrorDialog.h"
-#include "Records.h"
 #include "skyframe/connect/Findings.h"
 #include "skyframe/connect/Histories.h"
 #include "skyframe/connect/ModeConnect.h"
-#include "skyframe/host/DataDirectory.h"
 #include "skyframe/hostdata/HostData.h"
 #include "skyframe/qt/Font.h"
+#include "skyframe/results/Histories.h"
+#include "skyframe/run/DataDirectory.h"
+#include "skyframe/run/Records.h"
 #include "texts.h"
 
 namespace skyframe::gui {
