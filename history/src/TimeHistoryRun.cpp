@@ -6,6 +6,8 @@
 #include <cstdio>
 
 #include "skyframe/hostdata/HostData.h"
+#include "skyframe/model/RayleighDamping.h"
+#include "skyframe/numeric/VectorAlgebra.h"
 #include "skyframe/platform/Platform.h"
 #include "texts.h"
 
@@ -169,7 +171,8 @@ bool CTimeHistoryRun::StepNonlinearGround(const CGroundMotion& motion) {
 }
 
 void CTimeHistoryRun::FormDamping() {
-  const RayleighCoefficients rayleigh = FormRayleigh(m_model.Omega, m_model.m_pDamping[0], m_model.m_pDamping[1]);
+  const RayleighCoefficients rayleigh =
+      FormRayleigh(m_model.Omega, m_model.m_pDamping[0], m_model.m_pDamping[1]).value_or(RayleighCoefficients{});
   m_findings.dMassDamping = rayleigh.dMass;
   m_findings.dStiffnessDamping = rayleigh.dStiffness;
   m_findings.omega = m_model.Omega;
@@ -226,7 +229,7 @@ bool CTimeHistoryRun::ApplyStaticLoad() {
   std::vector<double> residual(P.begin(), P.end());
   std::vector<double> increment(F);
   const IterationTest test = GetTest();
-  const double dForce = ComputeNorm(P);
+  const double dForce = Norm(P);
   m_findings.bRoughStart = true;
   for (int k = 0; k < m_model.m_nMaxIter && m_findings.bRoughStart; ++k) {
     // K du = R with the tangent stiffness; R = P - Fint
@@ -238,8 +241,8 @@ bool CTimeHistoryRun::ApplyStaticLoad() {
     if (!bSolved) return false;
     if (!Move(increment)) return false;
     for (std::size_t i = 0; i < F; ++i) residual[i] = P[i] - Fint[i];
-    const double dTotal = ComputeNorm(m_model.GetDisplacements().first(F));
-    m_findings.bRoughStart = !test.IsConverged(ComputeNorm(residual), dForce, ComputeNorm(increment), dTotal);
+    const double dTotal = Norm(m_model.GetDisplacements().first(F));
+    m_findings.bRoughStart = !test.IsConverged(Norm(residual), dForce, Norm(increment), dTotal);
   }
   m_stiffness.Release();
   m_model.m_staticForce.clear();

@@ -19,9 +19,6 @@
 
 namespace skyframe {
 
-/// Factor from the kN of host load records to N.
-inline constexpr double c_dNewtonPerKilonewton = 1000.0;
-
 /// The object one analysis run works on: parameters, nodes, elements, materials, load groups, global
 /// vectors and the skyline layout. N equations, the first F of them free.
 /// Lifecycle: constructed by a driver, parameters set from its dialog, one model build from the host
