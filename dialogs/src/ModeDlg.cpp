@@ -18,7 +18,7 @@ CModeDlg::CModeDlg() : CDialog(c_modeTemplate), ModalSettings(c_firstModal) {
 }
 
 void CModeDlg::OnInitDialog() {
-  static_cast<ModalSettings&>(*this) = FromRecord<ModalSettings>(COMDYN);
+  FromRecord(COMDYN, *this);
   m_loadComb.Reset();
   m_nTicks = 0;
   CDialog::OnInitDialog();

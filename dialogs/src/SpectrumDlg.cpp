@@ -29,13 +29,13 @@ double GetDesignAcceleration(int nIntensity) {
 
 }  // namespace
 
-CSpectrumDlg::CSpectrumDlg()
-    : CDialog(c_spectrumTemplate), SpectrumSettings(FromRecord<SpectrumSettings>(tagComDynamic())) {
+CSpectrumDlg::CSpectrumDlg() : CDialog(c_spectrumTemplate) {
+  FromRecord(tagComDynamic(), *this);
   On(c_nIdLoadValues, DialogEvent::Clicked, [this] { EditLoadCombination(m_loadComb); });
 }
 
 void CSpectrumDlg::OnInitDialog() {
-  static_cast<SpectrumSettings&>(*this) = FromRecord<SpectrumSettings>(COMDYN);
+  FromRecord(COMDYN, *this);
   // Deliberate: the load-case numbers start at 0 every time; the factors are left as they are.
   m_loadComb.flags.fill(0);
   View().SetCurrent(c_nIdSaveAs, 0);

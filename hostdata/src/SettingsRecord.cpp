@@ -4,14 +4,12 @@
 
 namespace skyframe {
 
-template <>
-ModalSettings FromRecord(const tagComDynamic& record) {
-  ModalSettings settings;
+void FromRecord(const tagComDynamic& record, ModalSettings& settings) {
+  settings = {};
   settings.m_nModes = record.m_nModes;
   settings.m_nRootCheck = record.m_nRootCheck;
   settings.m_nIterMultiple = record.m_nIterMultiple;
   settings.m_bShear = record.m_bShear;
-  return settings;
 }
 
 void ToRecord(const ModalSettings& settings, tagComDynamic& record) {
@@ -22,9 +20,8 @@ void ToRecord(const ModalSettings& settings, tagComDynamic& record) {
   record.m_bShear = settings.m_bShear;
 }
 
-template <>
-SpectrumSettings FromRecord(const tagComDynamic& record) {
-  SpectrumSettings settings;
+void FromRecord(const tagComDynamic& record, SpectrumSettings& settings) {
+  settings = {};
   settings.m_nQuakeLevel = record.m_nQuakeLevel;
   settings.m_nIntensity = record.m_nIntensity;
   settings.m_nZoneGroup = record.m_nZoneGroup;
@@ -35,7 +32,6 @@ SpectrumSettings FromRecord(const tagComDynamic& record) {
   settings.m_nCombMethod = record.m_nCombMethod;
   settings.m_nMeshDiv = record.m_nMeshDiv;
   settings.DesignAcceleration = record.m_dDesignAcceleration;
-  return settings;
 }
 
 void ToRecord(const SpectrumSettings& settings, tagComDynamic& record) {

@@ -8,14 +8,10 @@ namespace skyframe {
 
 // Settings that the host's dynamic record keeps from run to run.
 
-/// What the record does not tell has the value that a model starts from: the accuracy of the modes (Deliberate: it
+/// What the record does not tell gets the value that a model starts from: the accuracy of the modes (Deliberate: it
 /// is stored but never read back), the virtual mode and its load number.
-template <class Settings>
-[[nodiscard]] Settings FromRecord(const tagComDynamic& record);
-template <>
-[[nodiscard]] SKYFRAME_API ModalSettings FromRecord(const tagComDynamic& record);
-template <>
-[[nodiscard]] SKYFRAME_API SpectrumSettings FromRecord(const tagComDynamic& record);
+SKYFRAME_API void FromRecord(const tagComDynamic& record, ModalSettings& settings);
+SKYFRAME_API void FromRecord(const tagComDynamic& record, SpectrumSettings& settings);
 
 SKYFRAME_API void ToRecord(const ModalSettings& settings, tagComDynamic& record);
 /// All but the virtual mode and its load number, which are the host's.
