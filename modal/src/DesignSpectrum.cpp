@@ -9,8 +9,6 @@
 namespace skyframe {
 namespace {
 
-constexpr int c_nFirstIntensity = 6;
-constexpr int c_nLastIntensity = 11;
 constexpr int c_nZoneGroups = 3;
 constexpr int c_nSiteClasses = 4;
 
@@ -36,7 +34,7 @@ DampingFactors FormDampingFactors(double dDampRatio) {
 }
 
 CDesignSpectrum::CDesignSpectrum(const SpectrumSite& site)
-    : CDesignSpectrum(c_dAlphaMax[site.nIntensity - c_nFirstIntensity][site.nQuakeLevel],
+    : CDesignSpectrum(c_dAlphaMax[site.nIntensity - c_nLowestIntensity][site.nQuakeLevel],
                       c_dTg[site.nZoneGroup - 1][site.nSiteClass - 1]) {}
 
 double CDesignSpectrum::GetAlpha(double dPeriod, double dDampRatio) const {
@@ -52,8 +50,8 @@ double CDesignSpectrum::GetAlpha(double dPeriod, double dDampRatio) const {
 std::optional<std::string_view> FindSiteError(const SpectrumSite& site) {
   const std::pair<bool, std::string_view> checks[] = {
       {!IsWithin(site.nQuakeLevel, 0, 1), c_strBadQuakeLevel},
-      {!IsWithin(site.nIntensity, c_nFirstIntensity, c_nLastIntensity), c_strBadIntensity},
-      {site.nQuakeLevel == 1 && site.nIntensity == c_nFirstIntensity, c_strNoRareCheck},
+      {!IsWithin(site.nIntensity, c_nLowestIntensity, c_nHighestIntensity), c_strBadIntensity},
+      {site.nQuakeLevel == 1 && site.nIntensity == c_nLowestIntensity, c_strNoRareCheck},
       {!IsWithin(site.nZoneGroup, 1, c_nZoneGroups), c_strBadZoneGroup},
       {!IsWithin(site.nSiteClass, 1, c_nSiteClasses), c_strBadSiteClass},
   };
