@@ -90,7 +90,7 @@ int RunNewmark(CAnalysisModel& model) {
     SetEarthquakeParameters(model, dialog);
   } else if (dialog.m_bFromFile == 0) {
     if (!FitsScript(dialog)) {
-      GetPlatform().ShowMessage(c_strScriptTooLong);
+      GetPlatform().ShowMessage(texts::c_strScriptTooLong);
       return 1;
     }
     ComposeScript(model, dialog);

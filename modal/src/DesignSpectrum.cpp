@@ -49,11 +49,11 @@ double CDesignSpectrum::GetAlpha(double dPeriod, double dDampRatio) const {
 
 std::optional<std::string_view> FindSiteError(const SpectrumSite& site) {
   const std::pair<bool, std::string_view> checks[] = {
-      {!IsWithin(site.nQuakeLevel, 0, 1), c_strBadQuakeLevel},
-      {!IsWithin(site.nIntensity, c_nLowestIntensity, c_nHighestIntensity), c_strBadIntensity},
-      {site.nQuakeLevel == 1 && site.nIntensity == c_nLowestIntensity, c_strNoRareCheck},
-      {!IsWithin(site.nZoneGroup, 1, c_nZoneGroups), c_strBadZoneGroup},
-      {!IsWithin(site.nSiteClass, 1, c_nSiteClasses), c_strBadSiteClass},
+      {!IsWithin(site.nQuakeLevel, 0, 1), texts::c_strBadQuakeLevel},
+      {!IsWithin(site.nIntensity, c_nLowestIntensity, c_nHighestIntensity), texts::c_strBadIntensity},
+      {site.nQuakeLevel == 1 && site.nIntensity == c_nLowestIntensity, texts::c_strNoRareCheck},
+      {!IsWithin(site.nZoneGroup, 1, c_nZoneGroups), texts::c_strBadZoneGroup},
+      {!IsWithin(site.nSiteClass, 1, c_nSiteClasses), texts::c_strBadSiteClass},
   };
   for (const auto& [bFailed, strText] : checks) {
     if (bFailed) return strText;

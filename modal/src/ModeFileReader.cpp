@@ -27,8 +27,8 @@ bool ReadCounts(CWordReader& reader, const CAnalysisModel& model) {
     reader.Read(nCount);
     bSame = bSame && nCount == nExpected;
   }
-  if (!bSame) return Fail(c_strModeFileCounts);
-  return !reader.HasFailed() || Fail(c_strModeFileRead);
+  if (!bSame) return Fail(texts::c_strModeFileCounts);
+  return !reader.HasFailed() || Fail(texts::c_strModeFileRead);
 }
 
 /// Its square neither under- nor overflows.
@@ -42,20 +42,20 @@ bool IsShape(const std::vector<double>& shape) {
 
 bool SkipToFrequencies(CWordReader& reader) {
   while (!reader.HasFailed()) {
-    if (reader.Next() == c_strFrequencyMark) return true;
+    if (reader.Next() == texts::c_strFrequencyMark) return true;
   }
-  return Fail(c_strModeFileRead);
+  return Fail(texts::c_strModeFileRead);
 }
 
 /// From the first line up to the frequency list.
 bool ReadHead(CWordReader& reader, CAnalysisModel& model) {
-  if (reader.Next() != c_strModeHeader) return Fail(c_strModeFileForeign);
+  if (reader.Next() != texts::c_strModeHeader) return Fail(texts::c_strModeFileForeign);
   reader.Skip(3);  // date, time, version: none of them is checked
   if (!ReadCounts(reader, model)) return false;
   reader.Read(model.m_nModes);
-  if (reader.HasFailed()) return Fail(c_strModeFileRead);
-  if (model.m_nModes < model.m_nExpandModes) return Fail(c_strTooManyExpanded);
-  if (model.m_nModes <= 0) return Fail(c_strModeFileCounts);
+  if (reader.HasFailed()) return Fail(texts::c_strModeFileRead);
+  if (model.m_nModes < model.m_nExpandModes) return Fail(texts::c_strTooManyExpanded);
+  if (model.m_nModes <= 0) return Fail(texts::c_strModeFileCounts);
   reader.Read(model.m_bShear);
   return SkipToFrequencies(reader);
 }
@@ -111,7 +111,7 @@ CMatrix FormMatrix(const std::vector<std::vector<double>>& columns, int nRows, i
 bool CAnalysisModel::ReadModeFile(const std::string& strJobPath) {
   const std::unique_ptr<std::istream> pStream =
       GetPlatform().OpenForReading(FormResultPath(strJobPath, suffix::c_strModes));
-  if (!pStream) return Fail(c_strModeFileAccess);
+  if (!pStream) return Fail(texts::c_strModeFileAccess);
   CWordReader reader(*pStream);
   if (!ReadHead(reader, *this)) return false;
 
@@ -119,9 +119,9 @@ bool CAnalysisModel::ReadModeFile(const std::string& strJobPath) {
   std::vector<double> omega = ReadFrequencyList(reader, k, m_nModes);
   std::vector<std::vector<double>> shapes;
   while (static_cast<int>(shapes.size()) < k && !reader.HasFailed()) shapes.push_back(ReadShape(reader, *this));
-  if (reader.HasFailed()) return Fail(c_strModeFileRead);
+  if (reader.HasFailed()) return Fail(texts::c_strModeFileRead);
   if (!std::ranges::all_of(omega, IsFrequency) || !std::ranges::all_of(shapes, IsShape)) {
-    return Fail(c_strModeFileCounts);
+    return Fail(texts::c_strModeFileCounts);
   }
 
   // Room for the virtual mode.
@@ -138,14 +138,14 @@ bool CAnalysisModel::ReadModeFile(const std::string& strJobPath) {
 bool CAnalysisModel::ReadModeFrequencies(const std::string& strJobPath) {
   const std::unique_ptr<std::istream> pStream =
       GetPlatform().OpenForReading(FormResultPath(strJobPath, suffix::c_strModes));
-  if (!pStream) return Fail(c_strModeFileAccess);
+  if (!pStream) return Fail(texts::c_strModeFileAccess);
   CWordReader reader(*pStream);
   if (!ReadHead(reader, *this)) return false;
   if (!Omega.empty() || ModesSolved != 0) return true;
 
   std::vector<double> omega = ReadFrequencyList(reader, m_nModes, m_nModes);
-  if (reader.HasFailed()) return Fail(c_strModeFileRead);
-  if (!std::ranges::all_of(omega, IsFrequency)) return Fail(c_strModeFileCounts);
+  if (reader.HasFailed()) return Fail(texts::c_strModeFileRead);
+  if (!std::ranges::all_of(omega, IsFrequency)) return Fail(texts::c_strModeFileCounts);
   Omega = std::move(omega);
   return true;
 }
