@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <string>
 #include <vector>
 
@@ -25,8 +26,14 @@ struct SingleHistory : HistoryRun {
   std::vector<double> values;   ///< m or N, at dt, 2 dt ...
 };
 
+/// Histories by node and by element in host order, step by step.
+struct HistoryResultFile : HistoryRun {
+  std::vector<std::array<std::vector<double>, 3>> displacements;  ///< X, Y, Z, m
+  std::vector<std::vector<double>> forces;                        ///< axial, N
+};
+
 /// All histories of "_HisTime.txt".
-[[nodiscard]] Reading<HistorySet> ReadHistoryFile(const std::string& strPath, const HistoryModel& model);
+[[nodiscard]] Reading<HistoryResultFile> ReadHistoryFile(const std::string& strPath, const HistoryModel& model);
 
 /// One of them, which the model must have: the file is walked through to its end, but no other one is kept, and
 /// numbers of others are not looked at.
