@@ -1,6 +1,6 @@
 #include <algorithm>
 #include <charconv>
-#include <iterator>
+#include <optional>
 #include <span>
 
 #include "skyframe/history/HistoryFile.h"
@@ -129,13 +129,12 @@ std::optional<HistorySet> ParseHistory(std::string_view strText, int nNodes, int
 
 bool ReadHistoryFile(HistorySet& history) {
   const CWaitCursorScope waitCursor;
-  const auto pStream = GetPlatform().OpenForReading(g_FilePathName + std::string(suffix::c_strHistory));
-  if (!pStream) {
+  const std::optional<std::string> text = ReadWholeFile(g_FilePathName + std::string(suffix::c_strHistory));
+  if (!text) {
     GetPlatform().ShowMessage(texts::c_strNoHistory);
     return false;
   }
-  const std::string strText(std::istreambuf_iterator<char>(*pStream), {});
-  std::optional<HistorySet> read = ParseHistory(strText, ABCD.m_nNodes, ABCD.m_nElements);
+  std::optional<HistorySet> read = ParseHistory(*text, ABCD.m_nNodes, ABCD.m_nElements);
   if (!read) return false;
   history = std::move(*read);
   COMDYN.m_nHistoryCount = history.nSteps;

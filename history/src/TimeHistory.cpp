@@ -1,4 +1,6 @@
-#include <iterator>
+#include <algorithm>
+#include <optional>
+#include <utility>
 
 #include "TimeHistoryRun.h"
 #include "skyframe/history/HistoryFile.h"
@@ -34,12 +36,12 @@ void CAnalysisModel::NewmarkIntegration(const std::string& strPrefix, int nAssum
 }
 
 void CAnalysisModel::ReadLoadLog(const std::string& strPrefix) {
-  const auto pStream = GetPlatform().OpenForReading(strPrefix + std::string(suffix::c_strImpulseLoad));
-  if (!pStream) {
+  std::optional<std::string> text = ReadWholeFile(strPrefix + std::string(suffix::c_strImpulseLoad));
+  if (!text) {
     GetPlatform().GetConsole() << texts::c_strNoLoadLog;
     return;
   }
-  LoadScript.assign(std::istreambuf_iterator<char>(*pStream), {});
+  LoadScript = std::move(*text);
 }
 
 bool CAnalysisModel::WriteHistoryFile() {

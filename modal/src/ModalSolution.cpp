@@ -24,7 +24,7 @@ constexpr double c_dGreatestTheta = 1e6;  ///< s2; beyond it a free structure sh
 constexpr double c_dGoodResidual = 1e-8;  ///< |K phi - omega^2 M phi| / |K phi|
 constexpr double c_dRoundOff = 1e-15;     ///< relative Lanczos residual that more steps cannot better
 
-/// First check that fails, in the required order.
+/// First check that fails; a person mends one at a time.
 std::optional<std::string_view> FindParameterError(const CAnalysisModel& model) {
   const std::pair<bool, std::string_view> checks[] = {
       {model.m_nModes > model.GetFreeDofs(), c_strTooManyModes},

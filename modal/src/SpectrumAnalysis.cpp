@@ -39,7 +39,7 @@ std::optional<std::string_view> FindParameterError(const CAnalysisModel& model) 
   return std::nullopt;
 }
 
-/// First check that fails, in the required order.
+/// First check that fails; a person mends one at a time.
 std::optional<std::string_view> FindInputError(const CAnalysisModel& model) {
   if (std::ranges::all_of(model.m_dDirCoef, [](double c) { return c == 0.0; })) return c_strNoDirection;
   if (model.m_nMeshDiv > c_nMaxStations) return c_strMeshTooFine;

@@ -8,9 +8,9 @@
 #include "AnalysisReader.h"
 #include "DoubtfulInput.h"
 #include "JobReader.h"
-#include "skyframe/hostdata/HostData.h"
 #include "skyframe/job/Places.h"
 #include "skyframe/platform/Platform.h"
+#include "skyframe/values/Capacities.h"
 
 namespace skyframe::host {
 

@@ -6,9 +6,7 @@
 #include <sstream>
 
 #include "skyframe/advice/Advice.h"
-#include "skyframe/connect/Histories.h"
 #include "skyframe/connect/Inquiries.h"
-#include "skyframe/connect/ModeConnect.h"
 #include "skyframe/hostdata/HostData.h"
 #include "skyframe/job/Text.h"
 #include "skyframe/plot/Chart.h"
@@ -18,8 +16,7 @@
 #include "skyframe/results/ModeResultFile.h"
 #include "skyframe/results/StaticResultFile.h"
 #include "skyframe/run/PlatformScope.h"
-#include "skyframe/run/Records.h"
-#include "skyframe/values/DialogIds.h"
+#include "skyframe/run/Session.h"
 #include "skyframe/values/ResultFiles.h"
 
 namespace skyframe::host {
@@ -32,12 +29,6 @@ constexpr double c_dLargestDrawn = 1.0e30;  // m, kN, s: what scales and pixels 
 
 constexpr int c_nViewerWidth = 665;  // client area of the result viewer, pixels
 constexpr int c_nViewerHeight = 300;
-
-/// One history, as the viewer's dialog takes it.
-struct HistoryChoice {
-  int nQuantity = c_nHistoryX;
-  int nNumber = 1;  ///< host number
-};
 
 /// Settings of the spectrum analysis; what the job leaves out is what the dialog would show.
 struct SpectrumChoice {
@@ -71,7 +62,6 @@ class CPlotter {
       : m_job(job), m_strJobPath(strJobPath), m_err(err), m_platform(err, m_console) {}
 
   std::optional<std::string> Draw(const PlotRequest& request) {
-    if (!FillRecords(m_job, m_strJobPath, "")) return Refuse("the path of the job file is too long");
     switch (request.kind) {
       case PlotRequest::Kind::Spectrum:
         return DrawSpectrum();
@@ -252,8 +242,12 @@ class CPlotter {
     const auto strPath = FindFile(suffix::c_strHistory, "time history under ground motion");
     if (!strPath) return std::nullopt;
     CSvgPaintContext viewer(c_nViewerWidth, c_nViewerHeight);
-    if (!OpenViewer(*curve, viewer)) return Refuse(*strPath + ": is damaged or belongs to another model");
-    const HistoryPicture picture = MakeHistory(request, *curve, GetHistories());
+    std::optional<CSession> session = CSession::Open(m_job, m_strJobPath, "");
+    if (!session) return Refuse("the path of the job file is too long");
+    if (!session->PaintViewer(*curve, m_platform.Get(), viewer)) {
+      return Refuse(*strPath + ": is damaged or belongs to another model");
+    }
+    const HistoryPicture picture = MakeHistory(request, *curve, session->GetHistories());
     const bool bElement = request.kind == PlotRequest::Kind::Element;
     const std::string strHolder = Format(bElement ? "element %d" : "node %d", request.nNumber);
     if (const std::string strFault = FindFault(picture, strHolder); !strFault.empty()) {
@@ -274,20 +268,6 @@ class CPlotter {
              Format(" is not a finite number, or out of range, at t = %g s", t);
     }
     return "";
-  }
-
-  /// The module reads the history file, and its viewer draws the curve.
-  bool OpenViewer(const HistoryChoice& curve, IPaintContext& paint) {
-    const bool bElement = curve.nQuantity == c_nHistoryForce;
-    std::vector<DialogStep> steps = {
-        DialogStep::Choose(bElement ? c_nIdElementHistory : c_nIdNodeHistory),
-        DialogStep::Type(bElement ? c_nIdHistoryElement : c_nIdHistoryNode, std::to_string(curve.nNumber))};
-    if (!bElement) steps.push_back(DialogStep::Choose(c_nIdHistoryX + curve.nQuantity));
-    steps.push_back(DialogStep::Click(c_nIdRefresh));
-    steps.push_back(DialogStep::Draw(paint));
-    m_platform.Get().AddScript(c_nIdHisResultDlg, std::move(steps));
-    CModeConnect::OnTimeHistoryRes();
-    return m_platform.Get().GetMessages().empty() && m_platform.Get().GetScriptErrors().empty();
   }
 
   /// In mm or kN.

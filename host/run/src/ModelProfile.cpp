@@ -1,10 +1,9 @@
 #include <algorithm>
 
-#include "skyframe/connect/Inquiries.h"
 #include "skyframe/job/Text.h"
 #include "skyframe/run/JobRunner.h"
 #include "skyframe/run/PlatformScope.h"
-#include "skyframe/run/Records.h"
+#include "skyframe/run/Session.h"
 
 namespace skyframe::host {
 
@@ -33,13 +32,10 @@ void PrintProfile(const char* pszTitle, const ProfileMeasure& profile, std::ostr
 
 bool CheckJob(const Job& job, const HostStreams& streams) {
   CPlatformScope platform(streams.err, streams.console);
-  if (!FillRecords(job, "", "")) return false;
+  const std::optional<CSession> session = CSession::Open(job, "", "");
+  if (!session) return false;
   PrintCounts(job, streams.out);
-
-  const bool bForModes = std::any_of(job.analyses.begin(), job.analyses.end(), [](const JobAnalysis& analysis) {
-    return std::holds_alternative<ModalJob>(analysis) || std::holds_alternative<SpectrumJob>(analysis);
-  });
-  const std::optional<ModelMeasure> measure = MeasureModel(bForModes);
+  const std::optional<ModelMeasure> measure = session->Measure();
   if (!measure) return false;
   streams.out << Format("equations    %d free, %d restrained\n", measure->own.nFree, measure->own.nRestrained);
   PrintProfile("profile", measure->own, streams.out);

@@ -1,4 +1,4 @@
-#include "skyframe/run/Records.h"
+#include "Records.h"
 
 #include <algorithm>
 

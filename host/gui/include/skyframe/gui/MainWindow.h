@@ -26,6 +26,7 @@
 #include "skyframe/gui/StructureView.h"
 #include "skyframe/job/JobFile.h"
 #include "skyframe/qt/QtPlatform.h"
+#include "skyframe/run/Session.h"
 
 namespace skyframe::gui {
 
@@ -64,8 +65,10 @@ class CMainWindow : public QMainWindow {
   void OnOpen();
   void OnSavePicture();
   void OnAbout();
-  /// Calls an entry point and shows what its findings tell of the job.
-  void Analyse(void (*pEntryPoint)(), std::optional<host::AdviceList> (*pAdvise)(const host::Job&));
+  /// Runs an analysis and shows what is to be told of it.
+  void Analyse(host::AnalysisKind kind);
+  void ShowHistories();
+  void ShowRun();
   void AppendConsole(std::string_view strText);
   /// Result files and shapes as they now are.
   void RefreshResults();
@@ -77,7 +80,7 @@ class CMainWindow : public QMainWindow {
   CQtPlatform m_platform;
   IPlatform* m_pPrevious;
   QString m_strJobFile;
-  host::Job m_job;
+  std::optional<host::CSession> m_session;  ///< of the open job
   std::vector<Shape> m_shapes;
 
   CStructureView m_view;
