@@ -41,7 +41,7 @@ class CResultWords {
  private:
   template <class T>
   T Convert(std::string_view strWord) {
-    if (strWord.starts_with('+')) strWord.remove_prefix(1);
+    if (strWord.starts_with('+') && !strWord.starts_with("+-")) strWord.remove_prefix(1);
     T value{};
     const auto [pEnd, error] = std::from_chars(strWord.data(), strWord.data() + strWord.size(), value);
     Expect(error == std::errc() && pEnd == strWord.data() + strWord.size());

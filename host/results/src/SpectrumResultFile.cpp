@@ -79,7 +79,9 @@ Reading<SpectrumResultFile> ReadSpectrumResultFile(const std::string& strPath, c
     words.Expect(words.Word() == "Force:");
     while (!words.HasFailed() && words.Peek() != "Support:") file.members.push_back(ReadMember(words));
     words.Skip(1);
-    while (!words.Peek().empty()) file.supports.push_back(ReadSupport(words, nodes));
+    do {
+      file.supports.push_back(ReadSupport(words, nodes));
+    } while (!words.Peek().empty());
     return file;
   });
 }
@@ -89,7 +91,7 @@ Reading<VirtualModeFile> ReadVirtualModeFile(const std::string& strPath, const s
     VirtualModeFile file;
     words.Expect(words.Word() == "虚拟频率");
     file.omega = words.Number<double>();
-    words.Skip(1);
+    file.dHertz = words.Number<double>();
     words.Expect(words.Word() == "虚拟振型");
     file.shape = ReadNodes(words, nodes);
     return file;

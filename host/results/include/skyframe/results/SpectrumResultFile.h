@@ -43,6 +43,7 @@ struct SpectrumResultFile {
 /// "_VirtMode.spec".
 struct VirtualModeFile {
   double omega = 0.0;             ///< rad/s
+  double dHertz = 0.0;
   std::vector<NodeValues> shape;  ///< by node in host order
 };
 
