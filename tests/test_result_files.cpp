@@ -75,32 +75,5 @@ TEST_F(ResultFiles, WideNumbersTouchTheNext) {
   EXPECT_EQ(moments[1], 1.9e11);
 }
 
-/// Longer than the block of the reader; step numbers from 100000 on touch their label.
-TEST_F(ResultFiles, OneHistoryIsThatOfTheWholeFile) {
-  constexpr int c_nSteps = 100001;
-  std::string strText =
-      "Total node number:  1\nTotal element number:  2\nTotal time step:  100001\nTime increment(s):  "
-      "0.5\nSolution Method:  Newmark.\nSolution Assumption:  Nonlinear.\n--\n";
-  for (const std::string strBlock : {"Node No.     1\n", "Mem No.     1\n", "Mem No.     2\n"}) {
-    strText += strBlock;
-    for (int k = 1; k <= c_nSteps; ++k) {
-      const std::string strNumber = std::to_string(k);
-      strText += "Time." + std::string(6 - strNumber.size(), ' ') + strNumber + " " + strNumber;
-      strText += strBlock[0] == 'N' ? " -1e-3 nan\n" : strBlock.substr(strBlock.size() - 2);
-    }
-  }
-  const auto file = test::Take(ReadHistoryFile(Write(strText), {1, 2}));
-  ASSERT_EQ(file.displacements.size() + file.forces.size(), 3U);
-  for (const int nElement : {1, 2}) {
-    const auto history = test::Take(ReadHistory(Write(strText), {1, 2}, {c_nHistoryForce, nElement}));
-    EXPECT_EQ(history.values, file.forces[nElement - 1]);
-    EXPECT_EQ(history.values.back(), 1000010.0 + nElement);
-    EXPECT_EQ(history.nMethod + history.nAssumption + history.dTimeStep, c_nNewmarkMethod + 1 + 0.5);
-  }
-  EXPECT_EQ(file.displacements[0][0].back(), c_nSteps);
-  const auto history = test::Take(ReadHistory(Write(strText), {1, 2}, {c_nHistoryY, 1}));
-  EXPECT_EQ(history.values, std::vector<double>(c_nSteps, -1e-3));
-}
-
 }  // namespace
 }  // namespace skyframe::host
