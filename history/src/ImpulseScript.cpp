@@ -16,7 +16,6 @@ namespace skyframe {
 
 namespace {
 
-constexpr double c_dNewtonPerScriptUnit = 1000.0;  // the text is in kN
 constexpr int c_nComponents = 3;
 constexpr std::string_view c_strFieldGap = "   ";
 constexpr std::string_view c_strScriptLineEnd = "\r\n";
@@ -191,7 +190,7 @@ void CImpulseScript::SkipToNumber(std::size_t& nPos) const {
 void CImpulseScript::ReadLine(std::size_t& nPos, std::span<CNodalLoad> records) const {
   const int nNode = ReadIntToken(nPos) - 1;
   for (int nDirection = 0; nDirection < c_nComponents; ++nDirection) {
-    const double dForce = ReadRealToken(nPos) * c_dNewtonPerScriptUnit;
+    const double dForce = ReadRealToken(nPos) * c_dNewtonPerKilonewton;
     records[static_cast<std::size_t>(nDirection)] = {0, nDirection, nNode, dForce};
   }
 }

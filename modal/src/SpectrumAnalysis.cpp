@@ -9,6 +9,7 @@
 #include "skyframe/hostdata/HostData.h"
 #include "skyframe/modal/DesignSpectrum.h"
 #include "skyframe/modal/ModalCombination.h"
+#include "skyframe/numeric/VectorAlgebra.h"
 #include "skyframe/platform/Platform.h"
 #include "texts.h"
 
@@ -39,7 +40,7 @@ std::optional<std::string_view> FindParameterError(const CAnalysisModel& model) 
   return std::nullopt;
 }
 
-/// First check that fails; a person mends one at a time.
+/// First check that fails.
 std::optional<std::string_view> FindInputError(const CAnalysisModel& model) {
   if (std::ranges::all_of(model.m_dDirCoef, [](double c) { return c == 0.0; })) return c_strNoDirection;
   if (model.m_nMeshDiv > c_nMaxStations) return c_strMeshTooFine;

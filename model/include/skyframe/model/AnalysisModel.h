@@ -19,11 +19,6 @@
 
 namespace skyframe {
 
-class CTimeHistoryRun;
-
-/// Factor from the kN of host load records to N.
-inline constexpr double c_dNewtonPerKilonewton = 1000.0;
-
 /// The object one analysis run works on: parameters, nodes, elements, materials, load groups, global
 /// vectors and the skyline layout. N equations, the first F of them free.
 /// Lifecycle: constructed by a driver, parameters set from its dialog, one model build from the host
@@ -158,11 +153,18 @@ class CAnalysisModel {
   [[nodiscard]] const std::vector<double>& GetNodeLoadMass() const { return m_nodeLoadMass; }
   [[nodiscard]] std::span<const double> GetDisplacements() const { return m_displacement; }
   [[nodiscard]] std::span<const double> GetLoadVector() const { return m_load; }
-  /// Entry k belongs to equation F + k: the force of the structure on the support, negated.
+  /// Fint over the N equations: the forces that hold the structure in its present state.
+  [[nodiscard]] std::span<const double> GetInternalForce() const { return m_internalForce; }
+  /// Entry k belongs to equation F + k: -Fint, the force of the structure on its support.
   [[nodiscard]] std::span<const double> GetReactions() const { return m_reaction; }
 
+  /// u = 0; nodes and elements stay as they are.
+  void ClearDisplacements();
+  /// Zeroes both load vectors.
+  void ClearLoads();
   /// Zeroes both load vectors and adds every record of the case.
-  void BuildLoadVector(int nCase);
+  void BuildLoadVector(const CLoadCase& loadCase);
+  void BuildLoadVector(int nCase) { BuildLoadVector(m_loadCases[static_cast<std::size_t>(nCase)]); }
   /// m_load = sum of factor_g * 1000 * (records of group g) over the selected groups, N.
   void AssembleCombinedLoad();
   /// K of all elements with the constraints applied. False when K could not be allocated.
@@ -186,8 +188,6 @@ class CAnalysisModel {
   void WriteReactions(CTextWriter& out) const;
 
  private:
-  friend class CTimeHistoryRun;
-
   /// Shows the message; false.
   [[nodiscard]] static bool Refuse(std::string_view strMessage);
   [[nodiscard]] bool Build(bool bForModes, bool bLoadComb);
