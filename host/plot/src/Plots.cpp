@@ -24,7 +24,6 @@ namespace skyframe::host {
 namespace {
 
 constexpr std::array<const char*, 5> c_strRomanNumbers = {"", "I", "II", "III", "IV"};
-constexpr int c_nLowestIntensity = 6;
 constexpr double c_dLargestDrawn = 1.0e30;  // m, kN, s: what scales and pixels are formed from must stay finite
 
 constexpr int c_nViewerWidth = 665;  // client area of the result viewer, pixels
