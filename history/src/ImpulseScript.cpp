@@ -22,8 +22,8 @@ constexpr std::string_view c_strScriptLineEnd = "\r\n";
 constexpr std::string_view c_strBlockEnd = "##";
 
 /// One block: a line an entry with its peak times dFactor in its own direction.
-void AppendBlock(std::string& strText, std::span<const ImpulseEntry> entries, double dFactor) {
-  for (const ImpulseEntry& entry : entries) {
+void AppendBlock(std::string& strText, std::span<const ImpulseLoad> entries, double dFactor) {
+  for (const ImpulseLoad& entry : entries) {
     strText.append(c_strFieldGap).append(std::to_string(entry.nNode));
     for (int nDirection = 0; nDirection < c_nComponents; ++nDirection) {
       const double dForce = entry.nDirection == nDirection ? entry.dPeak : 0.0;
@@ -93,7 +93,7 @@ int CountSteps(double dTime, double dStep) {
   return dCount >= c_nMost ? c_nMost : static_cast<int>(dCount);
 }
 
-std::string ComposeImpulseScript(std::span<const ImpulseEntry> entries, int nShape, double dTime, double dStep) {
+std::string ComposeImpulseScript(std::span<const ImpulseLoad> entries, int nShape, double dTime, double dStep) {
   std::string strText(texts::c_strImpulseTag);
   strText.append(c_strScriptLineEnd);
   const int K = CountSteps(dTime, dStep);

@@ -23,11 +23,6 @@ std::string FormatTime(const LocalTime& t) {
   return text.data();
 }
 
-QuakeSettings GetQuakeSettings(const CAnalysisModel& model) {
-  return {model.m_nQuakeMode,   model.m_bQuakeDir,          model.m_dPeak,       model.m_dPeakOblique,
-          model.m_dObliqueCoef, model.m_bLoadFromFile == 1, model.m_strQuakeFile};
-}
-
 }  // namespace
 
 void CTimeHistoryRun::DescribeRun(int nMethod, int nAssumption, bool bGroundMotion) {
@@ -97,7 +92,7 @@ bool CTimeHistoryRun::RunNodalForce() {
 
 bool CTimeHistoryRun::RunGroundMotion() {
   CGroundMotion motion;
-  if (!motion.Read(GetQuakeSettings(m_model), m_strPrefix)) return false;
+  if (!motion.Read(m_model, m_model.m_bLoadFromFile == 1, m_strPrefix)) return false;
   const NewmarkConstants constants = GetNewmark();
   if (!FormOperators(constants.a0, constants.a1)) return false;
   return m_model.m_history.nAssumption == 1 ? StepNonlinearGround(motion) : StepLinearGround(motion);

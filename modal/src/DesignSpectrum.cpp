@@ -34,8 +34,8 @@ DampingFactors FormDampingFactors(double dDampRatio) {
 }
 
 CDesignSpectrum::CDesignSpectrum(const SpectrumSite& site)
-    : CDesignSpectrum(c_dAlphaMax[site.nIntensity - c_nLowestIntensity][site.nQuakeLevel],
-                      c_dTg[site.nZoneGroup - 1][site.nSiteClass - 1]) {}
+    : CDesignSpectrum(c_dAlphaMax[site.m_nIntensity - c_nLowestIntensity][site.m_nQuakeLevel],
+                      c_dTg[site.m_nZoneGroup - 1][site.m_nSiteClass - 1]) {}
 
 double CDesignSpectrum::GetAlpha(double dPeriod, double dDampRatio) const {
   const double T = dPeriod, Tg = m_dTg;
@@ -49,11 +49,11 @@ double CDesignSpectrum::GetAlpha(double dPeriod, double dDampRatio) const {
 
 std::optional<std::string_view> FindSiteError(const SpectrumSite& site) {
   const std::pair<bool, std::string_view> checks[] = {
-      {!IsWithin(site.nQuakeLevel, 0, 1), texts::c_strBadQuakeLevel},
-      {!IsWithin(site.nIntensity, c_nLowestIntensity, c_nHighestIntensity), texts::c_strBadIntensity},
-      {site.nQuakeLevel == 1 && site.nIntensity == c_nLowestIntensity, texts::c_strNoRareCheck},
-      {!IsWithin(site.nZoneGroup, 1, c_nZoneGroups), texts::c_strBadZoneGroup},
-      {!IsWithin(site.nSiteClass, 1, c_nSiteClasses), texts::c_strBadSiteClass},
+      {!IsWithin(site.m_nQuakeLevel, 0, 1), texts::c_strBadQuakeLevel},
+      {!IsWithin(site.m_nIntensity, c_nLowestIntensity, c_nHighestIntensity), texts::c_strBadIntensity},
+      {site.m_nQuakeLevel == 1 && site.m_nIntensity == c_nLowestIntensity, texts::c_strNoRareCheck},
+      {!IsWithin(site.m_nZoneGroup, 1, c_nZoneGroups), texts::c_strBadZoneGroup},
+      {!IsWithin(site.m_nSiteClass, 1, c_nSiteClasses), texts::c_strBadSiteClass},
   };
   for (const auto& [bFailed, strText] : checks) {
     if (bFailed) return strText;

@@ -33,8 +33,7 @@ std::optional<std::string_view> FindParameterError(const CAnalysisModel& model) 
   if (!(model.VerticalReduction >= 0.0)) return texts::c_strBadVerticalReduction;
   if (!(model.m_dDampRatio >= 0.0)) return texts::c_strBadDamping;
   if (!NormaliseDirection(model.m_dDirCoef)) return texts::c_strNoDirection;
-  const SpectrumSite site = {model.m_nQuakeLevel, model.m_nIntensity, model.m_nZoneGroup, model.m_nSiteClass};
-  if (const auto strError = FindSiteError(site)) return strError;
+  if (const auto strError = FindSiteError(model)) return strError;
   const bool bVirtual = model.m_bVirtualModes == 1 && model.m_nExpandModes < model.GetFreeDofs();
   if (bVirtual && model.m_nPseudoLoadNo < 0) return texts::c_strBadPseudoLoad;
   return std::nullopt;

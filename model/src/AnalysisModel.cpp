@@ -20,10 +20,7 @@ int GetHostNumber(int nNode) { return COMDAT.m_pFirstOrder == nullptr ? nNode + 
 
 }  // namespace
 
-CAnalysisModel::CAnalysisModel() : m_pDamping(10, 0.0) {
-  m_pDamping[0] = m_pDamping[1] = 0.02;
-  m_dLoadFactor.fill(1.0);
-}
+CAnalysisModel::CAnalysisModel() { m_dLoadFactor.fill(1.0); }
 
 CAnalysisModel::~CAnalysisModel() {
   if (g_pNodeTable == &m_nodes) g_pNodeTable = nullptr;
