@@ -374,9 +374,9 @@ class CProbeDlg : public CDialog {
   std::function<void(IDialogView&)> m_onButton = [](IDialogView&) {};
 
  protected:
-  bool OnInitDialog() override {
+  void OnInitDialog() override {
     m_onInit(View());
-    return CDialog::OnInitDialog();
+    CDialog::OnInitDialog();
   }
   void OnTimer(int nTimer) override { m_trace.push_back("timer " + std::to_string(nTimer)); }
   void DoDataExchange(CDataExchange& exchange) override {

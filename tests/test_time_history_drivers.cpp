@@ -151,7 +151,7 @@ WholeRun MakeWilson() {
 }
 
 std::string ComposeImpulses() {
-  return ComposeImpulseScript(std::vector<ImpulseEntry>{{3, 1, -7.0}}, c_nRectangularImpulse, 0.0301, 0.005);
+  return ComposeImpulseScript(std::vector<ImpulseLoad>{{3, 1, -7.0}}, c_nRectangularImpulse, 0.0301, 0.005);
 }
 
 /// 40 steps.

@@ -38,14 +38,13 @@ CLoadCombDlg::CLoadCombDlg() : CDialog(c_loadCombTemplate) {
 
 void CLoadCombDlg::DoDataExchange(CDataExchange& exchange) { exchange.Text(c_nIdFactor, m_dFactor); }
 
-bool CLoadCombDlg::OnInitDialog() {
+void CLoadCombDlg::OnInitDialog() {
   CDialog::OnInitDialog();
   if (m_loadComb.nLoadTypes > c_nLoadTypes) {
     GetPlatform().ShowMessage(texts::c_strTooManyLoadTypes);
-    return false;
+    return;
   }
   FillLists();
-  return true;
 }
 
 void CLoadCombDlg::FillLists() {

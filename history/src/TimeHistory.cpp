@@ -13,12 +13,6 @@
 
 namespace skyframe {
 
-namespace {
-
-constexpr double c_dMassPerNewton = 0.1019367991845056;  // 1 / 9.81
-
-}  // namespace
-
 void CAnalysisModel::WilsonTheta(const std::string& strPrefix) {
   CTimeHistoryRun run(*this, strPrefix);
   run.Finish(run.Start(c_nWilsonMethod, 0, false) && run.RunWilson());

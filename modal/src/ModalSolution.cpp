@@ -7,9 +7,9 @@
 #include <utility>
 
 #include "Participation.h"
-#include "WaitCursor.h"
 #include "skyframe/modal/ModalPencil.h"
 #include "skyframe/modal/ModeFile.h"
+#include "skyframe/numeric/VectorAlgebra.h"
 #include "skyframe/platform/Platform.h"
 #include "texts.h"
 
@@ -24,7 +24,7 @@ constexpr double c_dGreatestTheta = 1e6;  ///< s2; beyond it a free structure sh
 constexpr double c_dGoodResidual = 1e-8;  ///< |K phi - omega^2 M phi| / |K phi|
 constexpr double c_dRoundOff = 1e-15;     ///< relative Lanczos residual that more steps cannot better
 
-/// First check that fails; a person mends one at a time.
+/// First check that fails.
 std::optional<std::string_view> FindParameterError(const CAnalysisModel& model) {
   const std::pair<bool, std::string_view> checks[] = {
       {model.m_nModes > model.GetFreeDofs(), c_strTooManyModes},
@@ -226,7 +226,7 @@ void CAnalysisModel::SolveModes(const std::string& strJobPath, int nAnalysisType
   m_modalFindings = FormInitialFindings(*this, bUseLoadMass);
   if (!m_bValid) return;
   if (const auto strError = FindParameterError(*this)) return GetPlatform().ShowMessage(*strError);
-  const CWaitCursor cursor;
+  const CWaitCursorScope waitCursor;
   m_modalFindings.status = RunStatus::Failed;
   CModalSolution solution(*this);
   const bool bSolved = solution.Solve(nAnalysisType != 0, bUseLoadMass);

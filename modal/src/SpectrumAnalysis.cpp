@@ -9,6 +9,7 @@
 #include "skyframe/hostdata/HostData.h"
 #include "skyframe/modal/DesignSpectrum.h"
 #include "skyframe/modal/ModalCombination.h"
+#include "skyframe/numeric/VectorAlgebra.h"
 #include "skyframe/platform/Platform.h"
 #include "texts.h"
 
@@ -32,14 +33,13 @@ std::optional<std::string_view> FindParameterError(const CAnalysisModel& model) 
   if (!(model.VerticalReduction >= 0.0)) return c_strBadVerticalReduction;
   if (!(model.m_dDampRatio >= 0.0)) return c_strBadDamping;
   if (!NormaliseDirection(model.m_dDirCoef)) return c_strNoDirection;
-  const SpectrumSite site = {model.m_nQuakeLevel, model.m_nIntensity, model.m_nZoneGroup, model.m_nSiteClass};
-  if (const auto strError = FindSiteError(site)) return strError;
+  if (const auto strError = FindSiteError(model)) return strError;
   const bool bVirtual = model.m_bVirtualModes == 1 && model.m_nExpandModes < model.GetFreeDofs();
   if (bVirtual && model.m_nPseudoLoadNo < 0) return c_strBadPseudoLoad;
   return std::nullopt;
 }
 
-/// First check that fails; a person mends one at a time.
+/// First check that fails.
 std::optional<std::string_view> FindInputError(const CAnalysisModel& model) {
   if (std::ranges::all_of(model.m_dDirCoef, [](double c) { return c == 0.0; })) return c_strNoDirection;
   if (model.m_nMeshDiv > c_nMaxStations) return c_strMeshTooFine;

@@ -20,26 +20,28 @@ int GetHostNumber(int nNode) { return COMDAT.m_pFirstOrder == nullptr ? nNode + 
 
 }  // namespace
 
-CAnalysisModel::CAnalysisModel() : m_pDamping(10, 0.0) {
-  m_pDamping[0] = m_pDamping[1] = 0.02;
-  m_dLoadFactor.fill(1.0);
-}
+CAnalysisModel::CAnalysisModel() { m_dLoadFactor.fill(1.0); }
 
 CAnalysisModel::~CAnalysisModel() {
   if (g_pNodeTable == &m_nodes) g_pNodeTable = nullptr;
   if (g_pMaterials == &m_materials) g_pMaterials = nullptr;
 }
 
-void CAnalysisModel::BuildLoadVector(int nCase) {
+void CAnalysisModel::ClearDisplacements() { std::ranges::fill(m_displacement, 0.0); }
+
+void CAnalysisModel::ClearLoads() {
+  std::ranges::fill(m_load, 0.0);
+  std::ranges::fill(m_secondLoad, 0.0);
+}
+
+void CAnalysisModel::BuildLoadVector(const CLoadCase& loadCase) {
   GetPlatform().GetConsole() << c_strGetLoadVector << '\n';
-  std::fill(m_load.begin(), m_load.end(), 0.0);
-  std::fill(m_secondLoad.begin(), m_secondLoad.end(), 0.0);
-  for (const CNodalLoad& load : m_loadCases[nCase].m_records) load.AddToVector(m_load, m_secondLoad);
+  ClearLoads();
+  for (const CNodalLoad& load : loadCase.m_records) load.AddToVector(m_load, m_secondLoad);
 }
 
 void CAnalysisModel::AssembleCombinedLoad() {
-  std::fill(m_load.begin(), m_load.end(), 0.0);
-  std::fill(m_secondLoad.begin(), m_secondLoad.end(), 0.0);
+  ClearLoads();
   const int nGroups = std::min(static_cast<int>(m_loadCases.size()), c_nLoadTypes);
   for (int g = 0; g < nGroups; ++g) {
     if (m_nLoadCaseFlag[g] == 0) continue;

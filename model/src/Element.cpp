@@ -41,6 +41,12 @@ void CElement::AssembleStiffness(SparseMatrix& K, bool bGeometric, bool bShear) 
   ScatterMatrix(FormElementStiffness(bGeometric, bShear), dofs, K);
 }
 
+void CElement::ReadNodes(int nNodeI, int nNodeJ) {
+  GetPlatform().GetConsole() << GetProgressText(*this, ElementStep::ReadNodes) << '\n';
+  m_nNodeI = nNodeI;
+  m_nNodeJ = nNodeJ;
+}
+
 void CElement::AddToBandwidth(std::span<int> heights) const {
   std::array<int, c_nMemberDofs> numbers;
   RaiseHeights(GetDofs(numbers), heights);

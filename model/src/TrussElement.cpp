@@ -94,11 +94,8 @@ double CTrussElem::GetForceDiagram(Diagram& myz, Diagram& mzx, Diagram& mxy, Dia
 
 std::array<double, 2> CTrussElem::GetDeflectionDiagram(Diagram& fy, Diagram& fz) const {
   const MemberVector& u = m_displacement;
-  for (int p = 0; p < c_nStations; ++p) {
-    const double xi = static_cast<double>(p) / (c_nStations - 1);
-    fy[p] = (1.0 - xi) * u[1] + xi * u[4];
-    fz[p] = (1.0 - xi) * u[2] + xi * u[5];
-  }
+  fy = FormLinearDiagram(u[1], u[4]);
+  fz = FormLinearDiagram(u[2], u[5]);
   return {u[0], u[3]};
 }
 
@@ -111,12 +108,6 @@ void CTrussElem::SetData(const ElementData& data) {
   StoreCommonData(data);
   ResetWorkMatrices();
   ResetDiagrams();
-}
-
-void CTrussElem::ReadNodes(int nNodeI, int nNodeJ) {
-  GetPlatform().GetConsole() << GetProgressText(*this, ElementStep::ReadNodes) << '\n';
-  m_nNodeI = nNodeI;
-  m_nNodeJ = nNodeJ;
 }
 
 void CTrussElem::ResetDiagrams() {

@@ -41,11 +41,11 @@ class CProbeDlg : public CDialog {
   using CDialog::View;
 
  protected:
-  bool OnInitDialog() override {
+  void OnInitDialog() override {
     if (m_bEndAtOnce) EndDialog(c_nIdOk);
     View().StartTimer(3, 10);
     for (const char* strItem : {"b", "c", "a", "b"}) View().AddItem(12, strItem);
-    return CDialog::OnInitDialog();
+    CDialog::OnInitDialog();
   }
   void OnTimer(int nTimer) override {
     m_nTicks += nTimer == 3 ? 1 : 1000;

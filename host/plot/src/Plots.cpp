@@ -36,10 +36,10 @@ struct SpectrumChoice {
 
 SpectrumChoice GetSpectrumChoice(const SpectrumJob& analysis) {
   SpectrumChoice choice;
-  choice.site.nQuakeLevel = analysis.nLevel.value_or(COMDYN.m_nQuakeLevel);
-  choice.site.nIntensity = analysis.nIntensity ? *analysis.nIntensity + c_nLowestIntensity : COMDYN.m_nIntensity;
-  choice.site.nZoneGroup = analysis.nZoneGroup.value_or(COMDYN.m_nZoneGroup);
-  choice.site.nSiteClass = analysis.nSiteClass.value_or(COMDYN.m_nSiteClass);
+  choice.site.m_nQuakeLevel = analysis.nLevel.value_or(COMDYN.m_nQuakeLevel);
+  choice.site.m_nIntensity = analysis.nIntensity ? *analysis.nIntensity + c_nLowestIntensity : COMDYN.m_nIntensity;
+  choice.site.m_nZoneGroup = analysis.nZoneGroup.value_or(COMDYN.m_nZoneGroup);
+  choice.site.m_nSiteClass = analysis.nSiteClass.value_or(COMDYN.m_nSiteClass);
   choice.dDamping = analysis.dDamping.value_or(COMDYN.m_dDampRatio);
   choice.nModes = analysis.nModes.value_or(COMDYN.m_nExpandModes);
   return choice;
@@ -47,10 +47,10 @@ SpectrumChoice GetSpectrumChoice(const SpectrumJob& analysis) {
 
 std::string DescribeSite(const SpectrumSite& site) {
   const auto strIntensity =
-      std::string(c_strIntensities[static_cast<std::size_t>(site.nIntensity - c_nLowestIntensity)]);
-  const auto strLevel = std::string(c_strQuakeLevels[static_cast<std::size_t>(site.nQuakeLevel)]);
+      std::string(c_strIntensities[static_cast<std::size_t>(site.m_nIntensity - c_nLowestIntensity)]);
+  const auto strLevel = std::string(c_strQuakeLevels[static_cast<std::size_t>(site.m_nQuakeLevel)]);
   return Format("intensity %s, %s earthquake, site class %s, design group %d", strIntensity.c_str(), strLevel.c_str(),
-                c_strRomanNumbers[static_cast<std::size_t>(site.nSiteClass)], site.nZoneGroup);
+                c_strRomanNumbers[static_cast<std::size_t>(site.m_nSiteClass)], site.m_nZoneGroup);
 }
 
 class CPlotter {

@@ -18,7 +18,7 @@ class CLoadCombDlg : public CDialog {
   LoadCombination m_loadComb;
 
  protected:
-  bool OnInitDialog() override;
+  void OnInitDialog() override;
   void DoDataExchange(CDataExchange& exchange) override;
 
  private:
