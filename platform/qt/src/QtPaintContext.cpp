@@ -19,10 +19,11 @@ QPolygonF ToQt(std::span<const PaintPoint> points) {
 }
 
 /// From a text's position to the left end of its baseline.
-QPointF GetTextShift(const QFontMetricsF& metrics, double dWidth, HorizontalAlign horizontal, VerticalAlign vertical) {
+QPointF GetTextShift(const QFontMetricsF& metrics, const QString& strLine, HorizontalAlign horizontal,
+                     VerticalAlign vertical) {
   QPointF shift(0.0, 0.0);
-  if (horizontal == HorizontalAlign::Centre) shift.setX(-0.5 * dWidth);
-  if (horizontal == HorizontalAlign::Right) shift.setX(-dWidth);
+  if (horizontal == HorizontalAlign::Centre) shift.setX(-0.5 * metrics.horizontalAdvance(strLine));
+  if (horizontal == HorizontalAlign::Right) shift.setX(-metrics.horizontalAdvance(strLine));
   if (vertical == VerticalAlign::Top) shift.setY(metrics.ascent());
   if (vertical == VerticalAlign::Middle) shift.setY(0.5 * (metrics.ascent() - metrics.descent()));
   if (vertical == VerticalAlign::Bottom) shift.setY(-metrics.descent());
@@ -41,7 +42,9 @@ void CQtPaintContext::DrawRectangle(PaintPoint topLeft, double dWidth, double dH
 
 void CQtPaintContext::DrawPolyline(std::span<const PaintPoint> points) {
   m_painter.setPen(FormPen());
-  m_painter.drawPolyline(ToQt(points));
+  const QPolygonF line = ToQt(points);
+  if (line.size() == 2) return m_painter.drawLine(line[0], line[1]);  // faster than a path
+  m_painter.drawPolyline(line);
 }
 
 void CQtPaintContext::DrawPolygon(std::span<const PaintPoint> points) {
@@ -53,12 +56,11 @@ void CQtPaintContext::DrawPolygon(std::span<const PaintPoint> points) {
 void CQtPaintContext::DrawText(PaintPoint at, std::string_view strText, HorizontalAlign horizontal,
                                VerticalAlign vertical) {
   m_font.setPixelSize(qMax(1, qRound(GetState().dTextHeight)));
-  const QFontMetricsF metrics(m_font);
   const QString strLine = skyframe::ToQt(strText);
   m_painter.setFont(m_font);
   m_painter.setPen(ToQt(GetState().pen));
-  m_painter.drawText(
-      QPointF(at.dX, at.dY) + GetTextShift(metrics, metrics.horizontalAdvance(strLine), horizontal, vertical), strLine);
+  m_painter.drawText(QPointF(at.dX, at.dY) + GetTextShift(QFontMetricsF(m_font), strLine, horizontal, vertical),
+                     strLine);
 }
 
 QPen CQtPaintContext::FormPen() const {
