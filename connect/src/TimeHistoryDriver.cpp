@@ -62,7 +62,7 @@ int RunNewmark(CAnalysisModel& model) {
     COMDYN.m_bNonlinear = dialog.m_bNonlinear;
   } else if (dialog.m_bLoadFromFile == 0) {
     if (!FitsScript(dialog)) {
-      GetPlatform().ShowMessage(c_strScriptTooLong);
+      GetPlatform().ShowMessage(texts::c_strScriptTooLong);
       return 1;
     }
     ComposeScript(model, dialog);

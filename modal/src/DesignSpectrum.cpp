@@ -9,8 +9,6 @@
 namespace skyframe {
 namespace {
 
-constexpr int c_nFirstIntensity = 6;
-constexpr int c_nLastIntensity = 11;
 constexpr int c_nZoneGroups = 3;
 constexpr int c_nSiteClasses = 4;
 
@@ -36,7 +34,7 @@ DampingFactors FormDampingFactors(double dDampRatio) {
 }
 
 CDesignSpectrum::CDesignSpectrum(const SpectrumSite& site)
-    : CDesignSpectrum(c_dAlphaMax[site.m_nIntensity - c_nFirstIntensity][site.m_nQuakeLevel],
+    : CDesignSpectrum(c_dAlphaMax[site.m_nIntensity - c_nLowestIntensity][site.m_nQuakeLevel],
                       c_dTg[site.m_nZoneGroup - 1][site.m_nSiteClass - 1]) {}
 
 double CDesignSpectrum::GetAlpha(double dPeriod, double dDampRatio) const {
@@ -51,11 +49,11 @@ double CDesignSpectrum::GetAlpha(double dPeriod, double dDampRatio) const {
 
 std::optional<std::string_view> FindSiteError(const SpectrumSite& site) {
   const std::pair<bool, std::string_view> checks[] = {
-      {!IsWithin(site.m_nQuakeLevel, 0, 1), c_strBadQuakeLevel},
-      {!IsWithin(site.m_nIntensity, c_nFirstIntensity, c_nLastIntensity), c_strBadIntensity},
-      {site.m_nQuakeLevel == 1 && site.m_nIntensity == c_nFirstIntensity, c_strNoRareCheck},
-      {!IsWithin(site.m_nZoneGroup, 1, c_nZoneGroups), c_strBadZoneGroup},
-      {!IsWithin(site.m_nSiteClass, 1, c_nSiteClasses), c_strBadSiteClass},
+      {!IsWithin(site.m_nQuakeLevel, 0, 1), texts::c_strBadQuakeLevel},
+      {!IsWithin(site.m_nIntensity, c_nLowestIntensity, c_nHighestIntensity), texts::c_strBadIntensity},
+      {site.m_nQuakeLevel == 1 && site.m_nIntensity == c_nLowestIntensity, texts::c_strNoRareCheck},
+      {!IsWithin(site.m_nZoneGroup, 1, c_nZoneGroups), texts::c_strBadZoneGroup},
+      {!IsWithin(site.m_nSiteClass, 1, c_nSiteClasses), texts::c_strBadSiteClass},
   };
   for (const auto& [bFailed, strText] : checks) {
     if (bFailed) return strText;

@@ -27,10 +27,10 @@ constexpr double c_dRoundOff = 1e-15;     ///< relative Lanczos residual that mo
 /// First check that fails.
 std::optional<std::string_view> FindParameterError(const CAnalysisModel& model) {
   const std::pair<bool, std::string_view> checks[] = {
-      {model.m_nModes > model.GetFreeDofs(), c_strTooManyModes},
-      {model.m_nModes <= 0, c_strBadModeCount},
-      {!(model.m_dModeTol > 0.0), c_strBadTolerance},
-      {model.m_nIterMultiple <= 0, c_strBadMultiple},
+      {model.m_nModes > model.GetFreeDofs(), texts::c_strTooManyModes},
+      {model.m_nModes <= 0, texts::c_strBadModeCount},
+      {!(model.m_dModeTol > 0.0), texts::c_strBadTolerance},
+      {model.m_nIterMultiple <= 0, texts::c_strBadMultiple},
   };
   for (const auto& [bFailed, strText] : checks) {
     if (bFailed) return strText;
@@ -110,7 +110,7 @@ bool CModalSolution::IterateToAcceptance() {
     if (check != RootCheck::Enlarge) return check == RootCheck::Accept;
     const auto larger = EnlargeSubspace(m, m_nModes, m_nFree, m_nFirstSize, m_model.m_nIterMultiple);
     if (!larger) {
-      GetPlatform().ShowMessage(c_strNoConvergedModes);
+      GetPlatform().ShowMessage(texts::c_strNoConvergedModes);
       return false;
     }
     m = *larger;
@@ -136,7 +136,7 @@ void CModalSolution::Refine() {
 }
 
 bool CModalSolution::ExtendTo(int m) {
-  GetPlatform().ReportProgress(static_cast<double>(m_lanczos.GetSize()) / m, c_strModalProgress);
+  GetPlatform().ReportProgress(static_cast<double>(m_lanczos.GetSize()) / m, texts::c_strModalProgress);
   return m_lanczos.Extend(m);
 }
 
@@ -145,7 +145,7 @@ bool CModalSolution::RunPass(int m) {
   if (!ExtendTo(m)) return false;
   m_lanczos.SolveRitz(m_model.m_dModeTol);
   if (IsSupported()) return true;
-  GetPlatform().ShowMessage(c_strRigidBody);
+  GetPlatform().ShowMessage(texts::c_strRigidBody);
   return false;
 }
 
@@ -236,7 +236,7 @@ void CAnalysisModel::SolveModes(const std::string& strJobPath, int nAnalysisType
   ModeShapes = solution.FormModeShapes();
   ModesSolved = 1;
   solution.DescribeModes(ModeShapes, m_modalFindings);
-  if (!WriteModeFile(*this, strJobPath, m_modalFindings)) return GetPlatform().ShowMessage(c_strModeFileAccess);
+  if (!WriteModeFile(*this, strJobPath, m_modalFindings)) return GetPlatform().ShowMessage(texts::c_strModeFileAccess);
   m_modalFindings.status = RunStatus::Done;
 }
 

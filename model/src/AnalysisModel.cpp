@@ -35,7 +35,7 @@ void CAnalysisModel::ClearLoads() {
 }
 
 void CAnalysisModel::BuildLoadVector(const CLoadCase& loadCase) {
-  GetPlatform().GetConsole() << c_strGetLoadVector << '\n';
+  GetPlatform().GetConsole() << texts::c_strGetLoadVector << '\n';
   ClearLoads();
   for (const CNodalLoad& load : loadCase.m_records) load.AddToVector(m_load, m_secondLoad);
 }
@@ -113,9 +113,9 @@ bool CAnalysisModel::IsWithinLimit(std::span<const double> v) const {
   if (it == v.end()) return true;
   std::string_view strDof;
   const int nNode = m_nodes.FindNodeOfDof(static_cast<int>(it - v.begin()), strDof);
-  std::string strMessage(c_strRunawayParts[0]);
-  strMessage.append(std::to_string(nNode + 1)).append(c_strRunawayParts[1]);
-  GetPlatform().ShowMessage(strMessage.append(strDof).append(c_strRunawayParts[2]));
+  std::string strMessage(texts::c_strRunawayParts[0]);
+  strMessage.append(std::to_string(nNode + 1)).append(texts::c_strRunawayParts[1]);
+  GetPlatform().ShowMessage(strMessage.append(strDof).append(texts::c_strRunawayParts[2]));
   return false;
 }
 
@@ -151,10 +151,10 @@ void CAnalysisModel::WriteReactions(CTextWriter& out) const {
     bool bSupported = false;
     for (int nDirection = 0; nDirection < c_nDofsPerNode; ++nDirection) {
       if (!m_nodes.HasDof(listed[k], nDirection) || !m_nodes.IsRestrained(k, nDirection)) continue;
-      if (!bSupported) out.Text(c_strNodeNumber).Integer(listed[k] + 1);
+      if (!bSupported) out.Text(texts::c_strNodeNumber).Integer(listed[k] + 1);
       bSupported = true;
       const double dReaction = m_reaction[m_nodes.GetDof(listed[k], nDirection) - GetFreeDofs()];
-      out.Text(c_strReactionLabels[nDirection]).Fixed(dReaction, c_nReactionDecimals, c_nReactionWidth);
+      out.Text(texts::c_strReactionLabels[nDirection]).Fixed(dReaction, c_nReactionDecimals, c_nReactionWidth);
     }
     if (bSupported) out.EndLine();
   }

@@ -59,17 +59,17 @@ const CMatrix& CBeamElem::FormMassMatrix(bool bConsistent, bool bShear) const {
 }
 
 void CBeamElem::OutputMaterial(CTextWriter& out) const {
-  out.Text(c_strBeamArea).General(m_dArea);
-  out.Text(c_strInertiaX).General(m_dIx);
-  out.Text(c_strInertiaY).General(m_dIy);
-  out.Text(c_strInertiaZ).General(m_dIz);
-  out.Text(c_strShearCoefficient).General(m_dShearCoefficient);
-  out.Text(c_strMaterialNumber).Integer(m_nMaterialNo, c_nValueWidth);
-  out.Text(c_strNodeNumbers).Integer(m_nNodeI + 1).Text(c_strNodeGap).Integer(m_nNodeJ + 1).EndLine();
+  out.Text(texts::c_strBeamArea).General(m_dArea);
+  out.Text(texts::c_strInertiaX).General(m_dIx);
+  out.Text(texts::c_strInertiaY).General(m_dIy);
+  out.Text(texts::c_strInertiaZ).General(m_dIz);
+  out.Text(texts::c_strShearCoefficient).General(m_dShearCoefficient);
+  out.Text(texts::c_strMaterialNumber).Integer(m_nMaterialNo, c_nValueWidth);
+  out.Text(texts::c_strNodeNumbers).Integer(m_nNodeI + 1).Text(texts::c_strNodeGap).Integer(m_nNodeJ + 1).EndLine();
 }
 
 void CBeamElem::OutputInternalForce(CTextWriter& out) const {
-  out.Text(c_strBeamAxialForce).Fixed(m_dAxialForce, c_nDecimals, c_nValueWidth).EndLine();
+  out.Text(texts::c_strBeamAxialForce).Fixed(m_dAxialForce, c_nDecimals, c_nValueWidth).EndLine();
   WriteDiagram(out, "MYZ:  ", m_myz);
   WriteDiagram(out, "MZX:  ", m_mzx);
   WriteDiagram(out, "MXY:  ", m_mxy);

@@ -23,8 +23,8 @@ void CAnalysisModel::SolveStaticNonlinear(const std::string& strJobPath) {
 
   const CWaitCursorScope waitCursor;
   COutputFile file(strJobPath + std::string(suffix::c_strStaticNonlinear));
-  if (file.IsOpen()) WriteStaticResult(file.GetWriter(), c_strNonlinearHeading, *this);
-  if (!CommitResult(file, m_staticFindings)) return GetPlatform().ShowMessage(c_strFileNotWritten);
+  if (file.IsOpen()) WriteStaticResult(file.GetWriter(), texts::c_strNonlinearHeading, *this);
+  if (!CommitResult(file, m_staticFindings)) return GetPlatform().ShowMessage(texts::c_strFileNotWritten);
   m_staticFindings.status = RunStatus::Done;
 }
 
@@ -53,9 +53,9 @@ bool CAnalysisModel::IterateToEquilibrium(std::span<double> increment) {
     found.dResidual = Norm(residual);
     if (test.IsConverged(found.dResidual, found.dForce, found.dIncrement, dFirstIncrement)) return true;
     if (!std::isfinite(found.dResidual) || !std::isfinite(found.dIncrement)) break;  // it cannot come back
-    GetPlatform().ReportProgress((k + 1.0) / m_nMaxIter, c_strIteration);
+    GetPlatform().ReportProgress((k + 1.0) / m_nMaxIter, texts::c_strIteration);
   }
-  GetPlatform().ShowMessage(c_strNoConvergence);
+  GetPlatform().ShowMessage(texts::c_strNoConvergence);
   return false;
 }
 

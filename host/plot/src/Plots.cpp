@@ -13,6 +13,7 @@
 #include "skyframe/plot/Pictures.h"
 #include "skyframe/results/Histories.h"
 #include "skyframe/results/ModeResultFile.h"
+#include "skyframe/results/StaticResultFile.h"
 #include "skyframe/run/PlatformScope.h"
 #include "skyframe/run/Session.h"
 #include "skyframe/values/ResultFiles.h"
@@ -100,8 +101,8 @@ class CPlotter {
   std::optional<ModeResultFile> LoadModes() {
     const auto strPath = FindFile(suffix::c_strModes, "modal analysis");
     if (!strPath) return std::nullopt;
-    std::optional<ModeResultFile> file = ReadModeResultFile(*strPath, m_job.nodes);
-    if (!file) return Refuse(*strPath + ": is damaged or belongs to another model");
+    auto file = ReadModeResultFile(*strPath, m_job.nodes);
+    if (!file) return Refuse(*strPath + ": " + file.strError);
     for (std::size_t i = 0; i < file->omega.size(); ++i) {
       const double omega = file->omega[i];
       if (omega > 0.0 && std::isnormal(omega * omega)) continue;  // what the module reads
@@ -169,10 +170,9 @@ class CPlotter {
     const auto strPath = FindFile(bNonlinear ? suffix::c_strStaticNonlinear : suffix::c_strStaticLinear,
                                   bNonlinear ? "nonlinear static analysis" : "linear static analysis");
     if (!strPath) return std::nullopt;
-    auto shape =
-        ReadStaticShape(*strPath, bNonlinear ? ShapeKind::NonlinearState : ShapeKind::LinearState, m_job.nodes.size());
-    if (!shape) return Refuse(*strPath + ": is damaged or belongs to another model");
-    auto picture = MakeShapePicture(std::move(*shape), *strPath);
+    auto file = ReadStaticResultFile(*strPath, m_job.nodes.size());
+    if (!file) return Refuse(*strPath + ": " + file.strError);
+    auto picture = MakeShapePicture(FormStaticShape(*std::move(file)), *strPath);
     if (!picture) return std::nullopt;
     picture->strShape = "deformed";
     picture->strSubtitle = Format("Static analysis, %s: largest displacement %.4g mm",

@@ -3,25 +3,13 @@
 #include <algorithm>
 #include <utility>
 
+#include "skyframe/values/HermiteCubic.h"
+
 namespace skyframe::host {
 
 namespace {
 
 constexpr double c_dLeastLength2 = 1.0e-30;  // m2
-
-/// Weights of the ends' values and of their derivatives by xi = x/L in Hermite's cubic.
-struct HermiteCubic {
-  double dI;
-  double dSlopeI;
-  double dJ;
-  double dSlopeJ;
-};
-
-HermiteCubic FormHermiteCubic(double xi) {
-  const double xi2 = xi * xi;
-  const double xi3 = xi2 * xi;
-  return {1.0 - 3.0 * xi2 + 2.0 * xi3, xi - 2.0 * xi2 + xi3, 3.0 * xi2 - 2.0 * xi3, xi3 - xi2};
-}
 
 /// Derivatives of the displacement by xi at the ends. A rotation turns the chord and the axial part stretches it; an
 /// end that does not turn with its node is free of moment.

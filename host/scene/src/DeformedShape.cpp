@@ -2,18 +2,12 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include "skyframe/results/Displacements.h"
-#include "skyframe/results/StaticResultFile.h"
 #include "skyframe/values/ResultFiles.h"
 
 namespace skyframe::host {
-
-namespace {
-
-bool IsDrawable(const DeformedShape& shape) { return !shape.FindUndrawableNode(); }
-
-}  // namespace
 
 Point3 DeformedShape::GetTranslation(int nNode) const {
   const NodeValues& u = displacements[static_cast<std::size_t>(nNode)];
@@ -38,27 +32,26 @@ std::optional<int> DeformedShape::FindUndrawableNode() const {
   return at == displacements.end() ? std::nullopt : std::optional(static_cast<int>(at - displacements.begin()));
 }
 
+DeformedShape FormStaticShape(StaticResultFile file) {
+  return {file.bNonlinear ? ShapeKind::NonlinearState : ShapeKind::LinearState, 0, 0.0, std::move(file.displacements)};
+}
+
 DeformedShape FormModeShape(const ModeResultFile& file, int nMode) {
   const auto i = static_cast<std::size_t>(nMode - 1);
   return {ShapeKind::Mode, nMode, file.omega[i], file.shapes[i]};
 }
 
-std::optional<DeformedShape> ReadStaticShape(const std::string& strPath, ShapeKind kind, std::size_t nNodes) {
-  auto displacements = ReadStaticResultFile(strPath, nNodes);
-  if (!displacements) return std::nullopt;
-  return DeformedShape{kind, 0, 0.0, std::move(*displacements)};
-}
-
 std::vector<DeformedShape> ReadShapes(const std::string& strJobPath, const std::vector<JobNode>& nodes) {
   std::vector<DeformedShape> shapes;
-  const auto add = [&shapes](std::optional<DeformedShape> shape) {
-    if (shape && IsDrawable(*shape)) shapes.push_back(std::move(*shape));
+  const auto add = [&shapes](DeformedShape shape) {
+    if (!shape.FindUndrawableNode()) shapes.push_back(std::move(shape));
   };
-  const auto addSuffix = [&strJobPath](std::string_view strSuffix) { return strJobPath + std::string(strSuffix); };
-  add(ReadStaticShape(addSuffix(suffix::c_strStaticLinear), ShapeKind::LinearState, nodes.size()));
-  add(ReadStaticShape(addSuffix(suffix::c_strStaticNonlinear), ShapeKind::NonlinearState, nodes.size()));
-  const auto file = ReadModeResultFile(addSuffix(suffix::c_strModes), nodes);
-  for (std::size_t i = 0; file && i < file->shapes.size(); ++i) add(FormModeShape(*file, static_cast<int>(i) + 1));
+  for (const std::string_view strSuffix : {suffix::c_strStaticLinear, suffix::c_strStaticNonlinear}) {
+    auto file = ReadStaticResultFile(strJobPath + std::string(strSuffix), nodes.size());
+    if (file) add(FormStaticShape(*std::move(file)));
+  }
+  const auto modes = ReadModeResultFile(strJobPath + std::string(suffix::c_strModes), nodes);
+  for (std::size_t i = 0; modes && i < modes->shapes.size(); ++i) add(FormModeShape(*modes, static_cast<int>(i) + 1));
   return shapes;
 }
 

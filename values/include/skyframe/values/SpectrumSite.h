@@ -7,6 +7,10 @@ inline constexpr double c_dTwoPi = 6.2831852;
 /// Frequency in Hz per rad/s. Deliberate: 1 / 6.2831852, not 1 / (2 pi).
 inline constexpr double c_dHertzPerRadian = 0.15915494580678602;
 
+/// Earthquake intensities of the design spectrum, code of the first and of the last.
+inline constexpr int c_nLowestIntensity = 6;
+inline constexpr int c_nHighestIntensity = 11;
+
 /// What the design spectrum depends on beside period and damping.
 struct SpectrumSite {
   int m_nQuakeLevel = 0;  ///< 0 frequent, 1 rare

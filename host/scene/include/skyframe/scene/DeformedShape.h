@@ -6,6 +6,7 @@
 
 #include "skyframe/job/Job.h"
 #include "skyframe/results/ModeResultFile.h"
+#include "skyframe/results/StaticResultFile.h"
 #include "skyframe/scene/Point3.h"
 #include "skyframe/values/Findings.h"
 
@@ -35,11 +36,9 @@ struct DeformedShape {
   [[nodiscard]] std::optional<int> FindUndrawableNode() const;
 };
 
+[[nodiscard]] DeformedShape FormStaticShape(StaticResultFile file);
+/// nMode from 1.
 [[nodiscard]] DeformedShape FormModeShape(const ModeResultFile& file, int nMode);
-
-/// The state in a static result file; nothing when it is damaged or belongs to another model.
-[[nodiscard]] std::optional<DeformedShape> ReadStaticShape(const std::string& strPath, ShapeKind kind,
-                                                           std::size_t nNodes);
 
 /// Every shape that the result files of a job hold and that can be drawn: linear and nonlinear static state, then the
 /// modes.

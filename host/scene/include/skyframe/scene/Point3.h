@@ -22,6 +22,6 @@ struct Point3 {
   return {a.dY * b.dZ - a.dZ * b.dY, a.dZ * b.dX - a.dX * b.dZ, a.dX * b.dY - a.dY * b.dX};
 }
 
-[[nodiscard]] inline double Length(Point3 a) { return std::sqrt(Dot(a, a)); }
+[[nodiscard]] inline double Length(Point3 a) { return std::hypot(a.dX, a.dY, a.dZ); }
 
 }  // namespace skyframe::host
