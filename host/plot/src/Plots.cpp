@@ -11,7 +11,6 @@
 #include "skyframe/job/Text.h"
 #include "skyframe/plot/Chart.h"
 #include "skyframe/plot/Pictures.h"
-#include "skyframe/results/Displacements.h"
 #include "skyframe/results/Histories.h"
 #include "skyframe/results/ModeResultFile.h"
 #include "skyframe/results/StaticResultFile.h"
@@ -25,7 +24,6 @@ namespace {
 
 constexpr std::array<const char*, 5> c_strRomanNumbers = {"", "I", "II", "III", "IV"};
 constexpr int c_nLowestIntensity = 6;
-constexpr double c_dLargestDrawn = 1.0e30;  // m, kN, s: what scales and pixels are formed from must stay finite
 
 constexpr int c_nViewerWidth = 665;  // client area of the result viewer, pixels
 constexpr int c_nViewerHeight = 300;
@@ -138,51 +136,18 @@ class CPlotter {
     return Render(c_nChartWidth, c_nChartHeight, picture, PaintSpectrum);
   }
 
-  /// What is restrained at every node, as out of plane in a plane structure, is no support.
-  [[nodiscard]] std::array<int, 6> FindCommonRestraint() const {
-    std::array<int, 6> common = m_job.nodes.front().restraint;
-    for (const JobNode& node : m_job.nodes) {
-      for (std::size_t d = 0; d < common.size(); ++d) common[d] = common[d] * node.restraint[d];
+  /// The structure with one of its shapes; nothing after a line about the first value that cannot be drawn.
+  std::optional<ShapePicture> MakeShapePicture(DeformedShape shape, const std::string& strFile) {
+    if (const std::optional<int> nNode = shape.FindUndrawableNode()) {
+      return Refuse(strFile + ": the displacement of node " +
+                    std::to_string(m_job.nodes[static_cast<std::size_t>(*nNode)].nId) +
+                    " is not a finite number, or out of range");
     }
-    return common;
-  }
-
-  /// The structure at rest.
-  [[nodiscard]] ShapePicture MakeShape() const {
     ShapePicture picture;
     picture.strTitle = GetTitle();
-    const std::array<int, 6> common = FindCommonRestraint();
-    for (const JobNode& node : m_job.nodes) {
-      picture.nodes.push_back({node.dX, node.dY, node.dZ});
-      picture.nodeIds.push_back(node.nId);
-      picture.supports.push_back(node.nSpring || node.restraint != common);
-    }
-    for (const JobElement& element : m_job.elements)
-      picture.members.push_back({element.nNodeI - 1, element.nNodeJ - 1, {}});
-    picture.displacements.resize(picture.nodes.size());
+    picture.scene = CScene(m_job);
+    picture.shape = std::move(shape);
     return picture;
-  }
-
-  /// Beams turn with rigid joints.
-  void LetBeamsBend(ShapePicture& picture) const {
-    for (std::size_t k = 0; k < m_job.elements.size(); ++k) {
-      const JobElement& element = m_job.elements[k];
-      const auto turns = [&](int nNode) {
-        return element.nType == c_nBeam && m_job.nodes[static_cast<std::size_t>(nNode - 1)].nJoint == c_nRigid;
-      };
-      picture.members[k].turns = {turns(element.nNodeI), turns(element.nNodeJ)};
-    }
-  }
-
-  /// False after a line about the first value that cannot be drawn.
-  bool CheckValues(const std::vector<NodeValues>& values, const std::string& strFile) {
-    for (std::size_t i = 0; i < values.size(); ++i) {
-      if (std::ranges::all_of(values[i], [](double d) { return std::abs(d) <= c_dLargestDrawn; })) continue;
-      Refuse(strFile + ": the displacement of node " + std::to_string(m_job.nodes[i].nId) +
-             " is not a finite number, or out of range");
-      return false;
-    }
-    return true;
   }
 
   std::optional<std::string> DrawMode(int nMode) {
@@ -192,34 +157,27 @@ class CPlotter {
     if (nMode < 1 || nMode > nModes) {
       return Refuse(Format("%s.mode: no mode %d; the file has %d", m_strJobPath.c_str(), nMode, nModes));
     }
-    const auto i = static_cast<std::size_t>(nMode - 1);
-    if (!CheckValues(file->shapes[i], m_strJobPath + std::string(suffix::c_strModes))) return std::nullopt;
-    ShapePicture picture = MakeShape();
-    LetBeamsBend(picture);
-    picture.displacements = file->shapes[i];
-    const double omega = file->omega[i];
-    picture.strShape = Format("mode %d", nMode);
-    picture.strSubtitle = Format("Mode %d of %d: frequency %.4g Hz, period %.4g s", nMode, nModes,
-                                 omega * c_dHertzPerRadian, c_dTwoPi / omega);
-    return Render(c_nSheetWidth, c_nSheetHeight, picture, PaintShape);
+    auto picture = MakeShapePicture(FormModeShape(*file, nMode), m_strJobPath + std::string(suffix::c_strModes));
+    if (!picture) return std::nullopt;
+    const double omega = picture->shape.dOmega;
+    picture->strShape = Format("mode %d", nMode);
+    picture->strSubtitle = Format("Mode %d of %d: frequency %.4g Hz, period %.4g s", nMode, nModes,
+                                  omega * c_dHertzPerRadian, c_dTwoPi / omega);
+    return Render(c_nSheetWidth, c_nSheetHeight, *picture, PaintShape);
   }
 
   std::optional<std::string> DrawDeformed(bool bNonlinear) {
     const auto strPath = FindFile(bNonlinear ? suffix::c_strStaticNonlinear : suffix::c_strStaticLinear,
                                   bNonlinear ? "nonlinear static analysis" : "linear static analysis");
     if (!strPath) return std::nullopt;
-    const auto file = ReadStaticResultFile(*strPath, m_job.nodes.size());
+    auto file = ReadStaticResultFile(*strPath, m_job.nodes.size());
     if (!file) return Refuse(*strPath + ": " + file.strError);
-    const std::vector<NodeValues>& displacements = file->displacements;
-    if (!CheckValues(displacements, *strPath)) return std::nullopt;
-    ShapePicture picture = MakeShape();
-    picture.displacements = displacements;
-    picture.bShowScale = true;
-    picture.strShape = "deformed";
-    const NodeValues& largest = displacements[FindLargestTranslation(displacements)];
-    picture.strSubtitle = Format("Static analysis, %s: largest displacement %.4g mm",
-                                 bNonlinear ? "nonlinear" : "linear", 1.0e3 * GetTranslation(largest));
-    return Render(c_nSheetWidth, c_nSheetHeight, picture, PaintShape);
+    auto picture = MakeShapePicture(FormStaticShape(*std::move(file)), *strPath);
+    if (!picture) return std::nullopt;
+    picture->strShape = "deformed";
+    picture->strSubtitle = Format("Static analysis, %s: largest displacement %.4g mm",
+                                  bNonlinear ? "nonlinear" : "linear", 1.0e3 * picture->shape.GetLargestTranslation());
+    return Render(c_nSheetWidth, c_nSheetHeight, *picture, PaintShape);
   }
 
   std::optional<HistoryChoice> FindCurve(const PlotRequest& request) {
