@@ -8,6 +8,7 @@
 #include "skyframe/advice/Advice.h"
 #include "skyframe/connect/Inquiries.h"
 #include "skyframe/hostdata/HostData.h"
+#include "skyframe/job/DialogFields.h"
 #include "skyframe/job/Text.h"
 #include "skyframe/plot/Chart.h"
 #include "skyframe/plot/Pictures.h"
@@ -38,13 +39,14 @@ struct SpectrumChoice {
 };
 
 SpectrumChoice GetSpectrumChoice(const SpectrumJob& analysis) {
+  const SpectrumJob whole = WithDefaults(analysis);
   SpectrumChoice choice;
-  choice.site.nQuakeLevel = analysis.nLevel.value_or(COMDYN.m_nQuakeLevel);
-  choice.site.nIntensity = analysis.nIntensity ? *analysis.nIntensity + c_nLowestIntensity : COMDYN.m_nIntensity;
-  choice.site.nZoneGroup = analysis.nZoneGroup.value_or(COMDYN.m_nZoneGroup);
-  choice.site.nSiteClass = analysis.nSiteClass.value_or(COMDYN.m_nSiteClass);
-  choice.dDamping = analysis.dDamping.value_or(COMDYN.m_dDampRatio);
-  choice.nModes = analysis.nModes.value_or(COMDYN.m_nExpandModes);
+  choice.site.nQuakeLevel = *whole.nLevel;
+  choice.site.nIntensity = *whole.nIntensity + c_nLowestIntensity;
+  choice.site.nZoneGroup = *whole.nZoneGroup;
+  choice.site.nSiteClass = *whole.nSiteClass;
+  choice.dDamping = *whole.dDamping;
+  choice.nModes = *whole.nModes;
   return choice;
 }
 
