@@ -16,17 +16,15 @@ namespace skyframe {
 
 namespace {
 
-template <class Dialog>
-DialogContent Look() {
-  Dialog dialog;
+/// Does nothing with another dialog than the one asked for.
+void Look(CDialog&& dialog, int nDialog, DialogContent& content) {
   const DialogTemplate& layout = dialog.GetTemplate();
+  if (layout.nId != nDialog) return;
   std::ostream nowhere(nullptr);
   CHeadlessPlatform platform(nowhere, nowhere);
-  DialogContent content;
-  platform.AddScript(layout.nId,
+  platform.AddScript(nDialog,
                      {DialogStep::Inspect([&](const IDialogView& view) { content = ReadContent(layout, view); })});
   platform.RunModal(dialog);
-  return content;
 }
 
 }  // namespace
@@ -38,26 +36,16 @@ const DialogTemplate* FindDialogTemplate(int nDialog) {
 }
 
 DialogContent LookAtDialog(int nDialog) {
-  switch (nDialog) {
-    case c_nIdModeDlg:
-      return Look<CModeDlg>();
-    case c_nIdSpectrumDlg:
-      return Look<CSpectrumDlg>();
-    case c_nIdNonlinStaticDlg:
-      return Look<CNonlinStaticDlg>();
-    case c_nIdWilsonDlg:
-      return Look<CWilsonDlg>();
-    case c_nIdNewmarkDlg:
-      return Look<CNewmarkDlg>();
-    case c_nIdImpulseLoadDlg:
-      return Look<CImpulseLoadDlg>();
-    case c_nIdGeneralLoadDlg:
-      return Look<CGeneralLoadDlg>();
-    case c_nIdEarthquakeDlg:
-      return Look<CEarthquakeDlg>();
-    default:
-      return {};
-  }
+  DialogContent content;
+  Look(CModeDlg(), nDialog, content);
+  Look(CSpectrumDlg(), nDialog, content);
+  Look(CNonlinStaticDlg(), nDialog, content);
+  Look(CWilsonDlg(), nDialog, content);
+  Look(CNewmarkDlg(), nDialog, content);
+  Look(CImpulseLoadDlg(), nDialog, content);
+  Look(CGeneralLoadDlg(), nDialog, content);
+  Look(CEarthquakeDlg(), nDialog, content);
+  return content;
 }
 
 }  // namespace skyframe

@@ -33,6 +33,8 @@ double IPlatform::GetPhysicalMemory() {
   return std::numeric_limits<double>::infinity();
 }
 
+void IPlatform::DialogAccepted(const DialogTemplate& /*layout*/, const IDialogView& /*view*/) {}
+
 void IPlatform::ReportProgress(double /*dFraction*/, std::string_view /*strLabel*/) {}
 
 void IPlatform::EnterModule() {}

@@ -11,8 +11,10 @@ namespace skyframe::host {
 /// Puts together an analysis from the dialogs that a person ended with OK.
 class CDialogRecorder {
  public:
-  /// As the dialog stands when it ends; of several openings the last one counts.
-  void Accept(int nDialog, DialogContent content) { m_dialogs[nDialog] = std::move(content); }
+  /// For IPlatform::DialogAccepted; of several openings of a dialog the last one counts.
+  void Accept(const DialogTemplate& layout, const IDialogView& view) {
+    m_dialogs[layout.nId] = ReadContent(layout, view);
+  }
 
   /// Every value that could be changed; nothing when there is no parameter dialog among those accepted. Factors of a
   /// combination and peaks of impulses have the decimals that the dialogs show.
