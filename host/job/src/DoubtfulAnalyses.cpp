@@ -106,7 +106,8 @@ class CAnalysisChecks {
     CheckInclinedSupports();
   }
 
-  void Check(const NewmarkJob& analysis) {
+  void Check(const NewmarkJob& given) {
+    const NewmarkJob analysis = WithDefaults(given);
     if (analysis.HasGroundMotion()) {
       CheckGroundMotion(analysis);
     } else {
@@ -114,7 +115,10 @@ class CAnalysisChecks {
     }
     const bool bSwapped = analysis.generalLoad && !(analysis.generalLoad->dTimeStep && analysis.generalLoad->dDuration);
     if (bSwapped) {
-      Warn("general-load", "general_load", "left out, the time step is 1 s and the duration 0.02 s: give both");
+      const TimeAxis axis = GetAxis(GeneralLoadJob());
+      Warn("general-load", "general_load",
+           "left out, the time step is " + FormatNumber(axis.dStep) + " s and the duration " +
+               FormatNumber(axis.dDuration) + " s: give both");
     } else if (const auto axis = FindAxis(analysis)) {
       CheckTimeStep(*axis);
     }
@@ -123,10 +127,10 @@ class CAnalysisChecks {
   }
 
   void CheckNodalForces(const NewmarkJob& analysis) {
-    if (analysis.bNonlinear.value_or(false)) {
+    if (*analysis.bNonlinear) {
       Warn("nonlinear-forces", "nonlinear", "a run under nodal forces with it ends at once, without a result");
     }
-    if (analysis.bFromFile.value_or(false)) return;
+    if (*analysis.bFromFile) return;
     const ImpulseLoadJob load = WithDefaults(analysis.impulse.value_or(ImpulseLoadJob()));
     const auto HasForce = [](const JobImpulse& impulse) { return impulse.dPeak != 0.0; };
     if (std::none_of(load.impulses.begin(), load.impulses.end(), HasForce)) {
@@ -154,7 +158,7 @@ class CAnalysisChecks {
     if (!bOblique && nDirections > 1) {
       Warn("one-direction", "earthquake", "the ground moves along " + std::string(c_strPeaks[nRecord]) + " alone");
     }
-    if (!analysis.bFromFile.value_or(false) || m_strJobPath.empty()) return;
+    if (!*analysis.bFromFile || m_strJobPath.empty()) return;
     const std::string strFile = m_strJobPath + std::string(suffix::c_strAcceleration[nRecord]);
     const std::string strReason = DescribeRecord(ReadRecord(strFile));
     if (!strReason.empty()) Warn("record", "", EscapeControls(strFile) + " " + strReason);
