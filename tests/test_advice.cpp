@@ -5,6 +5,7 @@
 #include <sstream>
 
 #include "HostModel.h"
+#include "ResultFiles.h"
 #include "skyframe/connect/Findings.h"
 #include "skyframe/connect/Inquiries.h"
 #include "skyframe/run/DataDirectory.h"
@@ -239,10 +240,7 @@ TEST_F(AdviceOnRuns, BaseShearBelongsToTheFile) {
   for (const JobCombination& combination : {c_dead, JobCombination{{0, 0.5}}, JobCombination{}}) {
     job.analyses = {MakeModal(4), MakeSpectrum(4, combination)};
     EXPECT_TRUE(Run(job).bGood) << m_strErr;
-    std::istringstream strm(m_folder.Read(".spec"));
-    for (std::string strWord; strWord != "Support:";) strm >> strWord;
-    double dNode = 0.0, dForce = 0.0;
-    strm >> dNode >> dForce;
+    const double dForce = test::ReadSpectrum(m_folder).supports.at(0).forces[0];
     EXPECT_NEAR(GetSpectrumFindings().baseShear[0], dForce, 1e-5 * dForce);
     EXPECT_GT(dForce, 0.0);
   }

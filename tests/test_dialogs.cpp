@@ -203,7 +203,7 @@ TEST_F(Dialogs, StaticSettingsStartFromTheirDefaults) {
                          DialogStep::ChooseItem(16090, "相对值位移"), DialogStep::Type(16092, "50"),
                          DialogStep::Type(16091, "1e-6"), DialogStep::Tick(16063, false), DialogStep::Ok()}),
             c_nIdOk);
-  EXPECT_EQ(std::tuple(dialog.m_nCriterion, dialog.m_nMaxIter, dialog.m_dTolerance, dialog.m_bNonlinear),
+  EXPECT_EQ(std::tuple(dialog.m_nConvCriterion, dialog.m_nMaxIter, dialog.m_dConvTol, dialog.m_bNonlinear),
             std::tuple(3, 50, 1.0e-6, 0));
 }
 

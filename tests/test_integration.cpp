@@ -11,6 +11,7 @@
 #include "skyframe/history/Integrators.h"
 #include "skyframe/history/NonlinearNewmark.h"
 #include "skyframe/model/AnalysisModel.h"
+#include "skyframe/model/RayleighDamping.h"
 
 namespace skyframe {
 namespace {
@@ -25,7 +26,7 @@ TEST(Rayleigh, Coefficients) {
                {{10, 10}, 0.02, 0.03, 0.0, 0.0},
                {{}, 0.02, 0.03, 0.0, 0.0}};
   for (const auto& c : cases) {
-    const RayleighCoefficients found = FormRayleigh(c.omega, c.zeta1, c.zeta2);
+    const RayleighCoefficients found = FormRayleigh(c.omega, c.zeta1, c.zeta2).value_or(RayleighCoefficients{});
     EXPECT_NEAR(found.dMass, c.dMass, 1e-7);
     EXPECT_NEAR(found.dStiffness, c.dStiffness, 1e-8);
   }
@@ -160,6 +161,8 @@ TEST(IterationTests, Criteria) {
     const IterationTest test = {c.nCriterion, c.dTolerance};
     EXPECT_EQ(test.IsConverged(c.dResidual, c.dForce, c.dIncrement, c.dReference), c.bConverged) << c.nCriterion;
   }
+  const IterationTest strict = {c_nRelativeForce, 0.1, false};
+  EXPECT_FALSE(strict.IsConverged(0, 0, 0, 0));
 }
 
 TEST(NonlinearScheme, StepsSolveTheDiscreteEquilibrium) {

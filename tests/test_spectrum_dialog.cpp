@@ -78,7 +78,7 @@ TEST_F(Dialogs, SpectrumOkStoresEverythingAndTheNextOneShowsIt) {
                EXPECT_FALSE(view.GetCheck(16050));
              }),
              test::ExpectEnabled({16009, 16030}, {16050, 16051, 16127}), DialogStep::Cancel()});
-  EXPECT_EQ(next.m_dDesignAcceleration, 0.123);
+  EXPECT_EQ(next.DesignAcceleration, 0.123);
 }
 
 TEST_F(Dialogs, SpectrumIntensityGivesTheDesignAcceleration) {
@@ -86,19 +86,20 @@ TEST_F(Dialogs, SpectrumIntensityGivesTheDesignAcceleration) {
   CSpectrumDlg dialog;
   for (size_t i = 0; i < c_intensities.size(); ++i) {
     Run(dialog, {DialogStep::Choose(c_intensities[i]), DialogStep::Ok()});
-    EXPECT_EQ(dialog.m_dDesignAcceleration, c_accelerations[i]);
+    EXPECT_EQ(dialog.DesignAcceleration, c_accelerations[i]);
     EXPECT_EQ(COMDYN.m_nIntensity, static_cast<int>(i) + 6);
   }
   COMDYN.m_nIntensity = 12;
   Run(dialog, {DialogStep::Ok()});
-  EXPECT_EQ(dialog.m_nIntensity, -1);
+  EXPECT_EQ(COMDYN.m_nIntensity, 5);
   EXPECT_EQ(COMDYN.m_dDesignAcceleration, 0.05) << "an index outside the six";
 }
 
 TEST_F(Dialogs, SpectrumCancelOrWrongFieldStoresNothing) {
   const CSpectrumDlg fresh;
-  EXPECT_EQ((std::array{fresh.m_nMeshDiv, fresh.m_nExpandModes, fresh.m_nSite, fresh.m_nZone, fresh.m_nIntensity}),
-            (std::array{5, 10, 2, 0, 1}));
+  EXPECT_EQ(
+      (std::array{fresh.m_nMeshDiv, fresh.m_nExpandModes, fresh.m_nSiteClass, fresh.m_nZoneGroup, fresh.m_nIntensity}),
+      (std::array{5, 10, 3, 1, 7}));
   EXPECT_EQ(fresh.m_dDampRatio, 0.02);
   const std::vector<double> before = GetRecord();
   CSpectrumDlg dialog;

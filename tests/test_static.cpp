@@ -6,13 +6,12 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <map>
 #include <numbers>
 #include <random>
-#include <sstream>
 #include <utility>
 
 #include "HostModel.h"
+#include "ResultFiles.h"
 #include "TestPlatform.h"
 #include "skyframe/connect/ModeConnect.h"
 #include "skyframe/model/AnalysisModel.h"
@@ -56,47 +55,8 @@ void Solve(CAnalysisModel& model, const CJobFolder& job, bool bNonlinear, double
   bNonlinear ? model.SolveStaticNonlinear(job.GetJobPath()) : model.SolveStaticLinear(job.GetJobPath());
 }
 
-/// What a reader takes from a result file: displacements by node, reactions by node and label, forces by element.
-struct Results {
-  std::map<int, std::array<double, 3>> displacement;
-  std::map<int, std::map<std::string, double>> reaction;
-  std::map<int, double> axialForce;
-  std::map<int, std::map<std::string, std::vector<double>>> diagram;
-};
-
-Results ReadResults(const std::string& strText) {
-  Results results;
-  std::istringstream strm(strText);
-  std::string strLine;
-  int nElement = 0;
-  bool bDisplacements = false;
-  while (std::getline(strm, strLine)) {
-    std::istringstream words(strLine);
-    std::string strWord;
-    words >> strWord;
-    if (strLine.starts_with("UX ")) {
-      bDisplacements = true;
-    } else if (bDisplacements) {
-      std::array<double, 3>& u = results.displacement[std::stoi(strWord)];
-      words >> u[0] >> u[1] >> u[2];
-    } else if (strLine.starts_with("结点号:")) {
-      const int nNode = std::stoi(strWord.substr(std::string("结点号:").size()));
-      std::string strLabel;
-      double dValue = 0.0;
-      while (words >> strLabel >> dValue) results.reaction[nNode][strLabel] = dValue;
-    } else if (strLine.find("N=  ") != std::string::npos) {
-      nElement = std::stoi(strWord);
-      words >> strWord >> results.axialForce[nElement];
-    } else if (strLine.find("杆单元内力") != std::string::npos) {
-      nElement = std::stoi(strWord);
-    } else if (strLine.starts_with("N = ")) {
-      words >> strWord >> results.axialForce[nElement];
-    } else if (!strWord.empty() && strWord.back() == ':') {
-      std::vector<double>& values = results.diagram[nElement][strWord];
-      for (double d = 0.0; words >> d;) values.push_back(d);
-    }
-  }
-  return results;
+host::StaticResultFile ReadStatic(const CJobFolder& job, const char* pSuffix) {
+  return Take(host::ReadStaticResultFile(job.GetPath(pSuffix), static_cast<std::size_t>(ABCD.m_nNodes)));
 }
 
 TEST(StaticLinear, CantileverFollowsBeamTheory) {
@@ -110,20 +70,20 @@ TEST(StaticLinear, CantileverFollowsBeamTheory) {
   const CJobFolder job("cantilever");
   RunStatic(platform);
   EXPECT_TRUE(platform.GetMessages().empty());
-  const Results results = ReadResults(job.Read(c_pLinear));
-  EXPECT_NEAR(results.displacement.at(2)[2], -0.0517799, 1e-7);
+  const auto results = ReadStatic(job, c_pLinear);
+  EXPECT_NEAR(results.displacements.at(1)[2], -0.0517799, 1e-7);
   // The force on the support: as the load, and 40 kNm.
-  EXPECT_NEAR(results.reaction.at(1).at("Z向支反力"), -10000.0, 0.01);
-  EXPECT_NEAR(std::abs(results.reaction.at(1).at("ZX平面内转角向支反力")), 40000.0, 0.1);
-  EXPECT_EQ(results.reaction.at(1).size(), 6U);
-  const auto& diagram = results.diagram.at(1);
-  ASSERT_EQ(diagram.at("MZX:").size(), 21U);
+  const auto& reaction = results.supports.at(0).forces;
+  EXPECT_TRUE(std::ranges::all_of(reaction, [](const auto& force) { return force.has_value(); }));
+  EXPECT_NEAR(reaction[2].value_or(0.0), -10000.0, 0.01);
+  EXPECT_NEAR(std::abs(reaction[4].value_or(0.0)), 40000.0, 0.1);
+  const auto& diagrams = results.members.at(0).diagrams;
   for (int p = 0; p <= 20; ++p) {
-    EXPECT_NEAR(std::abs(diagram.at("MZX:")[p]), 40000.0 * (1.0 - p / 20.0), 0.1) << p;
-    EXPECT_NEAR(std::abs(diagram.at("Qz:")[p]), 10000.0, 0.01) << p;
+    EXPECT_NEAR(std::abs(diagrams.at(host::c_nMzx)[p]), 40000.0 * (1.0 - p / 20.0), 0.1) << p;
+    EXPECT_NEAR(std::abs(diagrams.at(host::c_nQz)[p]), 10000.0, 0.01) << p;
     const double x = 4.0 * p / 20.0;
-    EXPECT_NEAR(diagram.at("Fz:")[p], -10000.0 * x * x * (12.0 - x) / (6 * c_dE * 2e-5), 0.0006) << p;
-    EXPECT_EQ(diagram.at("Qy:")[p], 0.0);
+    EXPECT_NEAR(diagrams.at(host::c_nFz)[p], -10000.0 * x * x * (12.0 - x) / (6 * c_dE * 2e-5), 0.0006) << p;
+    EXPECT_EQ(diagrams.at(host::c_nQy)[p], 0.0);
   }
 }
 
@@ -138,11 +98,11 @@ TEST(StaticLinear, CombinesCasesWithTheirFactors) {
   for (int nCase = 0; nCase < 3; ++nCase) host.AddLoad(nCase, 2, c_nDofX, std::pow(10.0, nCase));
   const CJobFolder job("combination");
   RunStatic(platform, {.cases = {0, 2}});
-  EXPECT_NEAR(ReadResults(job.Read(c_pLinear)).axialForce.at(1), 101.0e3, 1e-3);
+  EXPECT_NEAR(ReadStatic(job, c_pLinear).members.at(0).dAxialForce, 101.0e3, 1e-3);
   RunStatic(platform, {.cases = {}});
-  const Results none = ReadResults(job.Read(c_pLinear));
-  EXPECT_EQ(none.axialForce.at(1), 0.0);
-  EXPECT_EQ(none.displacement.at(2)[0], 0.0);
+  const auto none = ReadStatic(job, c_pLinear);
+  EXPECT_EQ(none.members.at(0).dAxialForce, 0.0);
+  EXPECT_EQ(none.displacements.at(1)[0], 0.0);
 }
 
 // The reaction is the force on the support: it points as the load does.
@@ -266,10 +226,10 @@ TEST(StaticNonlinear, ArchFollowsItsPath) {
     const CJobFolder job("arch");
     RunStatic(platform, {.bNonlinear = true, .strTolerance = "1e-4"});
     EXPECT_TRUE(platform.GetMessages().empty());
-    const Results results = ReadResults(job.Read(c_pNonlinear));
-    EXPECT_NEAR(results.displacement.at(2)[2], -c.dDescent, 1e-7);
-    for (const int nElement : {1, 2}) EXPECT_NEAR(results.axialForce.at(nElement), c.dAxial, 0.5);
-    EXPECT_TRUE(job.Read(c_pNonlinear).starts_with("Nonlinear Solution Output: \n"));
+    const auto results = ReadStatic(job, c_pNonlinear);
+    EXPECT_NEAR(results.displacements.at(1)[2], -c.dDescent, 1e-7);
+    for (const int i : {0, 1}) EXPECT_NEAR(results.members.at(i).dAxialForce, c.dAxial, 0.5);
+    EXPECT_TRUE(results.bNonlinear);
   }
 }
 
@@ -290,9 +250,9 @@ TEST(StaticNonlinear, AxialLoadSoftensTheColumn) {
   RunStatic(platform, {.bNonlinear = true, .strTolerance = "1e-3", .strMaxIter = "500"});
   EXPECT_TRUE(platform.GetMessages().empty());
   const double dTheory = 5000.0 * (std::tan(k * L) - k * L) / (P * k);
-  EXPECT_NEAR(ReadResults(job.Read(c_pNonlinear)).displacement.at(9)[0], dTheory, 0.005 * dTheory);
+  EXPECT_NEAR(ReadStatic(job, c_pNonlinear).displacements.at(8)[0], dTheory, 0.005 * dTheory);
   RunStatic(platform);
-  EXPECT_NEAR(ReadResults(job.Read(c_pLinear)).displacement.at(9)[0], 5000.0 * L * L * L / (3 * EI), 1e-7);
+  EXPECT_NEAR(ReadStatic(job, c_pLinear).displacements.at(8)[0], 5000.0 * L * L * L / (3 * EI), 1e-7);
   CAnalysisModel model;
   Solve(model, job, true);
   for (const double dRatio : model.m_staticFindings.eulerRatios) EXPECT_NEAR(dRatio, -0.3 / 4 / 64, 1e-5);
@@ -459,11 +419,10 @@ TEST(StaticLinear, RestrainedAndUnusedNodesAreHarmless) {
   for (const bool bNonlinear : {false, true}) RunStatic(platform, {.bNonlinear = bNonlinear});
   EXPECT_TRUE(platform.GetMessages().empty());
   for (const char* pSuffix : {c_pLinear, c_pNonlinear}) {
-    const Results results = ReadResults(job.Read(pSuffix));
-    EXPECT_EQ(results.displacement.size(), 3U);
-    EXPECT_EQ(results.axialForce.at(1), 0.0);
-    EXPECT_EQ(results.axialForce.count(2), 0U);
-    EXPECT_EQ(results.reaction.size(), 2U);
+    const auto results = ReadStatic(job, pSuffix);
+    ASSERT_EQ(results.members.size(), 1U);
+    EXPECT_EQ(results.members[0].dAxialForce, 0.0);
+    EXPECT_EQ(results.supports.size(), 2U);
   }
 }
 

@@ -167,7 +167,7 @@ TEST_F(Dialogs, ACancelledLoadDialogChangesNothing) {
                  EXPECT_TRUE(dialog.m_impulses.empty());
                }),
                DialogStep::Click(16094), DialogStep::Choose(16053), DialogStep::Click(16095), DialogStep::Ok()});
-  EXPECT_EQ(dialog.m_strQuakeFile, "");
+  EXPECT_EQ(dialog.m_quake.m_strQuakeFile, "");
   EXPECT_EQ(dialog.m_dTimeStep, 0.02);
   EXPECT_EQ(dialog.m_dImpulseTime, 0.3) << "the peak of a triangle";
 }
@@ -234,13 +234,13 @@ TEST_F(Dialogs, AnObliqueDirectionWithoutLengthKeepsTheCosines) {
   for (const auto& [szX, bAccepted] : {std::pair{"0", false}, {"3e-8", false}, {"4e-8", true}, {"-1e200", true}}) {
     m_platform->Clear();
     CNewmarkDlg dialog;
-    dialog.m_dObliqueCoef = {0.0, 0.6, 0.8};
+    dialog.m_quake.m_dObliqueCoef = {0.0, 0.6, 0.8};
     m_platform->AddScript(16012, {DialogStep::Choose(16079), DialogStep::Type(16074, szX), DialogStep::Type(16114, "3"),
                                   DialogStep::Ok()});
     Run(dialog, {DialogStep::Choose(16053), DialogStep::Click(16095), DialogStep::Ok()});
     EXPECT_EQ(m_platform.GetMessages(), bAccepted ? Strings{} : Strings{"斜方向错误"}) << szX;
-    EXPECT_EQ(std::abs(dialog.m_dObliqueCoef[0]), bAccepted ? 1.0 : 0.0) << szX;
-    EXPECT_EQ(dialog.m_dObliqueCoef[1], bAccepted ? 0.0 : 0.6) << szX;
+    EXPECT_EQ(std::abs(dialog.m_quake.m_dObliqueCoef[0]), bAccepted ? 1.0 : 0.0) << szX;
+    EXPECT_EQ(dialog.m_quake.m_dObliqueCoef[1], bAccepted ? 0.0 : 0.6) << szX;
     EXPECT_EQ(dialog.m_dDuration, 3.0) << "the rest is taken over";
   }
 }

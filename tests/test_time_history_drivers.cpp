@@ -4,11 +4,11 @@
 
 #include <cmath>
 #include <functional>
-#include <sstream>
 #include <tuple>
 #include <utility>
 
 #include "HostModel.h"
+#include "ResultFiles.h"
 #include "TestPlatform.h"
 #include "skyframe/connect/Histories.h"
 #include "skyframe/connect/ModeConnect.h"
@@ -28,15 +28,7 @@ std::vector<double> ReadThroughViewer(CTestPlatform& platform, const CJobFolder&
                                           DialogStep::Click(c_nIdOutput), DialogStep::Ok()});
   CModeConnect::OnTimeHistoryRes();
   EXPECT_TRUE(platform->GetScriptErrors().empty());
-  std::istringstream strm(job.Read("_2_node.txt"));
-  std::vector<double> values;
-  for (std::string strWord; strm >> strWord;) {
-    if (!strWord.starts_with("TimePoint:")) continue;
-    int nStep = 0;
-    strm >> nStep >> values.emplace_back();
-    EXPECT_EQ(nStep, static_cast<int>(values.size()));
-  }
-  return values;
+  return Take(host::ReadHistoryExtract(job.GetPath("_2_node.txt"), {ABCD.m_nNodes, ABCD.m_nElements})).values;
 }
 
 const std::vector<std::string> c_noHistory = {"没有进行时程分析。", "错误:动力时程未计算."};
@@ -151,7 +143,7 @@ WholeRun MakeWilson() {
 }
 
 std::string ComposeImpulses() {
-  return ComposeImpulseScript(std::vector<ImpulseEntry>{{3, 1, -7.0}}, c_nRectangularImpulse, 0.0301, 0.005);
+  return ComposeImpulseScript(std::vector<ImpulseLoad>{{3, 1, -7.0}}, c_nRectangularImpulse, 0.0301, 0.005);
 }
 
 /// 40 steps.

@@ -114,7 +114,7 @@ void CDialog::Close() {
   m_pView = nullptr;
 }
 
-bool CDialog::OnInitDialog() { return UpdateData(false); }
+void CDialog::OnInitDialog() { UpdateData(false); }
 
 void CDialog::OnOk() {
   if (UpdateData(true)) EndDialog(c_nIdOk);

@@ -41,10 +41,10 @@ struct SpectrumChoice {
 SpectrumChoice GetSpectrumChoice(const SpectrumJob& analysis) {
   const SpectrumJob whole = WithDefaults(analysis);
   SpectrumChoice choice;
-  choice.site.nQuakeLevel = *whole.nLevel;
-  choice.site.nIntensity = *whole.nIntensity + c_nLowestIntensity;
-  choice.site.nZoneGroup = *whole.nZoneGroup;
-  choice.site.nSiteClass = *whole.nSiteClass;
+  choice.site.m_nQuakeLevel = *whole.nLevel;
+  choice.site.m_nIntensity = *whole.nIntensity + c_nLowestIntensity;
+  choice.site.m_nZoneGroup = *whole.nZoneGroup;
+  choice.site.m_nSiteClass = *whole.nSiteClass;
   choice.dDamping = *whole.dDamping;
   choice.nModes = *whole.nModes;
   return choice;
@@ -52,10 +52,10 @@ SpectrumChoice GetSpectrumChoice(const SpectrumJob& analysis) {
 
 std::string DescribeSite(const SpectrumSite& site) {
   const auto strIntensity =
-      std::string(c_strIntensities[static_cast<std::size_t>(site.nIntensity - c_nLowestIntensity)]);
-  const auto strLevel = std::string(c_strQuakeLevels[static_cast<std::size_t>(site.nQuakeLevel)]);
+      std::string(c_strIntensities[static_cast<std::size_t>(site.m_nIntensity - c_nLowestIntensity)]);
+  const auto strLevel = std::string(c_strQuakeLevels[static_cast<std::size_t>(site.m_nQuakeLevel)]);
   return Format("intensity %s, %s earthquake, site class %s, design group %d", strIntensity.c_str(), strLevel.c_str(),
-                c_strRomanNumbers[static_cast<std::size_t>(site.nSiteClass)], site.nZoneGroup);
+                c_strRomanNumbers[static_cast<std::size_t>(site.m_nSiteClass)], site.m_nZoneGroup);
 }
 
 class CPlotter {
@@ -105,8 +105,8 @@ class CPlotter {
   std::optional<ModeResultFile> LoadModes() {
     const auto strPath = FindFile(suffix::c_strModes, "modal analysis");
     if (!strPath) return std::nullopt;
-    std::optional<ModeResultFile> file = ReadModeResultFile(*strPath, m_job.nodes);
-    if (!file) return Refuse(*strPath + ": is damaged or belongs to another model");
+    auto file = ReadModeResultFile(*strPath, m_job.nodes);
+    if (!file) return Refuse(*strPath + ": " + file.strError);
     for (std::size_t i = 0; i < file->omega.size(); ++i) {
       const double omega = file->omega[i];
       if (omega > 0.0 && std::isnormal(omega * omega)) continue;  // what the module reads
@@ -210,14 +210,15 @@ class CPlotter {
     const auto strPath = FindFile(bNonlinear ? suffix::c_strStaticNonlinear : suffix::c_strStaticLinear,
                                   bNonlinear ? "nonlinear static analysis" : "linear static analysis");
     if (!strPath) return std::nullopt;
-    const auto displacements = ReadStaticResultFile(*strPath, m_job.nodes.size());
-    if (!displacements) return Refuse(*strPath + ": is damaged or belongs to another model");
-    if (!CheckValues(*displacements, *strPath)) return std::nullopt;
+    const auto file = ReadStaticResultFile(*strPath, m_job.nodes.size());
+    if (!file) return Refuse(*strPath + ": " + file.strError);
+    const std::vector<NodeValues>& displacements = file->displacements;
+    if (!CheckValues(displacements, *strPath)) return std::nullopt;
     ShapePicture picture = MakeShape();
-    picture.displacements = *displacements;
+    picture.displacements = displacements;
     picture.bShowScale = true;
     picture.strShape = "deformed";
-    const NodeValues& largest = (*displacements)[FindLargestTranslation(*displacements)];
+    const NodeValues& largest = displacements[FindLargestTranslation(displacements)];
     picture.strSubtitle = Format("Static analysis, %s: largest displacement %.4g mm",
                                  bNonlinear ? "nonlinear" : "linear", 1.0e3 * GetTranslation(largest));
     return Render(c_nSheetWidth, c_nSheetHeight, picture, PaintShape);
