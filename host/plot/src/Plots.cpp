@@ -5,9 +5,8 @@
 #include <filesystem>
 #include <sstream>
 
-#include "skyframe/advice/Advice.h"
 #include "skyframe/connect/Inquiries.h"
-#include "skyframe/hostdata/HostData.h"
+#include "skyframe/job/DialogFields.h"
 #include "skyframe/job/Text.h"
 #include "skyframe/plot/Chart.h"
 #include "skyframe/plot/Pictures.h"
@@ -23,7 +22,6 @@ namespace skyframe::host {
 namespace {
 
 constexpr std::array<const char*, 5> c_strRomanNumbers = {"", "I", "II", "III", "IV"};
-constexpr int c_nLowestIntensity = 6;
 
 constexpr int c_nViewerWidth = 665;  // client area of the result viewer, pixels
 constexpr int c_nViewerHeight = 300;
@@ -36,13 +34,14 @@ struct SpectrumChoice {
 };
 
 SpectrumChoice GetSpectrumChoice(const SpectrumJob& analysis) {
+  const SpectrumJob whole = WithDefaults(analysis);
   SpectrumChoice choice;
-  choice.site.m_nQuakeLevel = analysis.nLevel.value_or(COMDYN.m_nQuakeLevel);
-  choice.site.m_nIntensity = analysis.nIntensity ? *analysis.nIntensity + c_nLowestIntensity : COMDYN.m_nIntensity;
-  choice.site.m_nZoneGroup = analysis.nZoneGroup.value_or(COMDYN.m_nZoneGroup);
-  choice.site.m_nSiteClass = analysis.nSiteClass.value_or(COMDYN.m_nSiteClass);
-  choice.dDamping = analysis.dDamping.value_or(COMDYN.m_dDampRatio);
-  choice.nModes = analysis.nModes.value_or(COMDYN.m_nExpandModes);
+  choice.site.m_nQuakeLevel = *whole.nLevel;
+  choice.site.m_nIntensity = *whole.nIntensity + c_nLowestIntensity;
+  choice.site.m_nZoneGroup = *whole.nZoneGroup;
+  choice.site.m_nSiteClass = *whole.nSiteClass;
+  choice.dDamping = *whole.dDamping;
+  choice.nModes = *whole.nModes;
   return choice;
 }
 
@@ -199,19 +198,24 @@ class CPlotter {
     if (!curve) return std::nullopt;
     const auto strPath = FindFile(suffix::c_strHistory, "time history under ground motion");
     if (!strPath) return std::nullopt;
-    CSvgPaintContext viewer(c_nViewerWidth, c_nViewerHeight);
-    std::optional<CSession> session = CSession::Open(m_job, m_strJobPath, "");
-    if (!session) return Refuse("the path of the job file is too long");
-    if (!session->PaintViewer(*curve, m_platform.Get(), viewer)) {
-      return Refuse(*strPath + ": is damaged or belongs to another model");
-    }
-    const HistoryPicture picture = MakeHistory(request, *curve, session->GetHistories());
+    const HistoryModel model = {static_cast<int>(m_job.nodes.size()), static_cast<int>(m_job.elements.size())};
+    const auto history = ReadHistory(*strPath, model, *curve);
+    if (!history) return Refuse(*strPath + ": " + history.strError);
+    const HistoryPicture picture = MakeHistory(request, *history);
     const bool bElement = request.kind == PlotRequest::Kind::Element;
     const std::string strHolder = Format(bElement ? "element %d" : "node %d", request.nNumber);
     if (const std::string strFault = FindFault(picture, strHolder); !strFault.empty()) {
       return Refuse(*strPath + ": " + strFault);
     }
-    return request.bViewer ? viewer.GetDocument() : Render(c_nChartWidth, c_nChartHeight, picture, PaintHistoryChart);
+    return request.bViewer ? DrawViewer(*curve) : Render(c_nChartWidth, c_nChartHeight, picture, PaintHistoryChart);
+  }
+
+  /// The module's own picture of a history.
+  std::optional<std::string> DrawViewer(const HistoryChoice& curve) {
+    std::optional<CSession> session = CSession::Open(m_job, m_strJobPath, "");
+    if (!session) return Refuse("the path of the job file is too long");
+    CSvgPaintContext paint(c_nViewerWidth, c_nViewerHeight);
+    return session->PaintViewer(curve, m_platform.Get(), paint) ? std::optional(paint.GetDocument()) : std::nullopt;
   }
 
   /// Why a history cannot be drawn; empty when it can.
@@ -229,21 +233,17 @@ class CPlotter {
   }
 
   /// In mm or kN.
-  [[nodiscard]] HistoryPicture MakeHistory(const PlotRequest& request, const HistoryChoice& curve,
-                                           const HistorySet& history) const {
-    const bool bElement = curve.nQuantity == c_nHistoryForce;
+  [[nodiscard]] HistoryPicture MakeHistory(const PlotRequest& request, const SingleHistory& history) const {
+    const bool bElement = history.nQuantity == c_nHistoryForce;
     HistoryPicture picture;
     picture.strTitle = GetTitle();
     picture.strQuantity = bElement ? "axial force N, tension positive"
-                                   : Format("displacement %c", "XYZ"[static_cast<std::size_t>(curve.nQuantity)]);
+                                   : Format("displacement %c", "XYZ"[static_cast<std::size_t>(history.nQuantity)]);
     picture.strUnit = bElement ? "kN" : "mm";
     picture.strSubtitle =
         Format("%s %d: time history, ", bElement ? "Element" : "Node", request.nNumber) + DescribeHistory(history);
     picture.dTimeStep = history.dTimeStep;
-    const CHistoryTable& values = history.values[static_cast<std::size_t>(curve.nQuantity)];
-    for (int k = 0; k < history.nSteps; ++k) {
-      picture.values.push_back(values[k][curve.nNumber - 1] * (bElement ? 1.0e-3 : 1.0e3));
-    }
+    for (const double dValue : history.values) picture.values.push_back(dValue * (bElement ? 1.0e-3 : 1.0e3));
     return picture;
   }
 
