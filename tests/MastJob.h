@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-#include "skyframe/host/CommandLine.h"
+#include "skyframe/cli/CommandLine.h"
 
 namespace skyframe::test {
 

@@ -7,8 +7,8 @@
 #include "HostModel.h"
 #include "skyframe/connect/Findings.h"
 #include "skyframe/connect/Inquiries.h"
-#include "skyframe/host/DataDirectory.h"
-#include "skyframe/host/JobRunner.h"
+#include "skyframe/run/DataDirectory.h"
+#include "skyframe/run/JobRunner.h"
 
 namespace skyframe::host {
 namespace {

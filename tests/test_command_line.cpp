@@ -14,15 +14,15 @@
 
 #include "FullDisk.h"
 #include "TestPlatform.h"
+#include "skyframe/cli/CommandLine.h"
 #include "skyframe/dialogs/DynOptionDlg.h"
 #include "skyframe/dialogs/ModeDlg.h"
 #include "skyframe/dialogs/NewmarkDlg.h"
 #include "skyframe/dialogs/NonlinStaticDlg.h"
 #include "skyframe/dialogs/SpectrumDlg.h"
 #include "skyframe/dialogs/WilsonDlg.h"
-#include "skyframe/host/CommandLine.h"
-#include "skyframe/host/Scripts.h"
 #include "skyframe/hostdata/HostData.h"
+#include "skyframe/run/Scripts.h"
 
 namespace skyframe::host {
 namespace {

@@ -8,8 +8,8 @@
 
 #include "ModalModels.h"
 #include "TestPlatform.h"
-#include "skyframe/host/CommandLine.h"
-#include "skyframe/host/JobFile.h"
+#include "skyframe/cli/CommandLine.h"
+#include "skyframe/job/JobFile.h"
 
 // Every example from its job file to its results, then the same analyses once more on the filled host
 // records, where the full precision of the results can be held against statics and the eigenproblem.

@@ -12,8 +12,8 @@
 #include <vector>
 
 #include "Sanitizer.h"
-#include "skyframe/host/Generate.h"
-#include "skyframe/host/JobFile.h"
+#include "skyframe/generate/Generate.h"
+#include "skyframe/job/JobFile.h"
 
 namespace skyframe::host {
 namespace {

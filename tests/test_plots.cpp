@@ -3,9 +3,9 @@
 #include <cmath>
 #include <limits>
 
-#include "../host/src/Chart.h"
-#include "../host/src/Pictures.h"
 #include "MastJob.h"
+#include "skyframe/plot/Chart.h"
+#include "skyframe/plot/Pictures.h"
 
 namespace skyframe::host {
 namespace {

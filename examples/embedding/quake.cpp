@@ -8,9 +8,9 @@
 #include <iostream>
 
 #include "skyframe/connect/Histories.h"
-#include "skyframe/host/DataDirectory.h"
-#include "skyframe/host/JobFile.h"
-#include "skyframe/host/JobRunner.h"
+#include "skyframe/job/JobFile.h"
+#include "skyframe/run/DataDirectory.h"
+#include "skyframe/run/JobRunner.h"
 
 using namespace skyframe;
 

@@ -17,8 +17,8 @@
 #include <variant>
 #include <vector>
 
-#include "skyframe/host/CommandLine.h"
-#include "skyframe/host/JobFile.h"
+#include "skyframe/cli/CommandLine.h"
+#include "skyframe/job/JobFile.h"
 
 namespace {
 

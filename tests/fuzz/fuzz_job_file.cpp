@@ -6,7 +6,7 @@
 #include <string_view>
 #include <tuple>
 
-#include "skyframe/host/JobFile.h"
+#include "skyframe/job/JobFile.h"
 
 namespace {
 

@@ -11,9 +11,9 @@
 #include <vector>
 
 #include "../HostModel.h"
-#include "ModeResultFile.h"
 #include "skyframe/model/AnalysisModel.h"
 #include "skyframe/platform/HeadlessPlatform.h"
+#include "skyframe/results/ModeResultFile.h"
 
 namespace {
 

@@ -8,7 +8,7 @@
 #include <string>
 #include <string_view>
 
-#include "StaticResultFile.h"
+#include "skyframe/results/StaticResultFile.h"
 
 namespace {
 

@@ -10,10 +10,10 @@
 #include <fstream>
 #include <iostream>
 
-#include "MainWindow.h"
 #include "QtPerson.h"
 #include "skyframe/dialogs/HisResultDlg.h"
 #include "skyframe/dialogs/Templates.h"
+#include "skyframe/gui/MainWindow.h"
 #include "skyframe/qt/Font.h"
 
 namespace skyframe::test {

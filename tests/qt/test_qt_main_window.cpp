@@ -20,11 +20,11 @@
 #include <cmath>
 #include <fstream>
 
-#include "MainWindow.h"
 #include "QtPerson.h"
-#include "skyframe/host/Generate.h"
-#include "skyframe/host/JobFile.h"
+#include "skyframe/generate/Generate.h"
+#include "skyframe/gui/MainWindow.h"
 #include "skyframe/hostdata/HostData.h"
+#include "skyframe/job/JobFile.h"
 #include "skyframe/values/DialogIds.h"
 
 namespace skyframe::gui {

@@ -14,12 +14,12 @@
 #include <fstream>
 #include <sstream>
 
-#include "MainWindow.h"
 #include "QtPerson.h"
+#include "skyframe/cli/CommandLine.h"
 #include "skyframe/dialogs/HisResultDlg.h"
 #include "skyframe/dialogs/Templates.h"
-#include "skyframe/host/CommandLine.h"
-#include "skyframe/host/JobFile.h"
+#include "skyframe/gui/MainWindow.h"
+#include "skyframe/job/JobFile.h"
 
 namespace skyframe::test {
 namespace {

@@ -1,11 +1,12 @@
-#include "skyframe/host/Advice.h"
+#include "skyframe/advice/Advice.h"
 
 #include <algorithm>
 #include <filesystem>
 
 #include "AdviceBuilder.h"
-#include "Format.h"
-#include "FreeBody.h"
+#include "skyframe/job/FreeBody.h"
+#include "skyframe/job/Places.h"
+#include "skyframe/job/Text.h"
 
 namespace skyframe::host {
 
@@ -32,13 +33,6 @@ AdviceList AdviseOnFiles(const RunFindings& findings) {
     list.push_back({Severity::Error, "file-not-written", "cannot write " + failure.strPath + ": " + failure.strReason});
   }
   return list;
-}
-
-std::string DescribePlace(const Job& job, const DofPlace& place) {
-  const auto nNodes = static_cast<int>(job.nodes.size());
-  if (place.nNode < 1 || place.nNode > nNodes) return "no node";
-  return "node " + std::to_string(job.nodes[static_cast<std::size_t>(place.nNode - 1)].nId) + " " +
-         std::string(c_strDirections[static_cast<std::size_t>(place.nDirection)]);
 }
 
 void CAdviceBuilder::CheckConditioning() {

@@ -5,7 +5,7 @@
 #include <string_view>
 #include <utility>
 
-#include "skyframe/host/Advice.h"
+#include "skyframe/advice/Advice.h"
 
 namespace skyframe::host {
 

@@ -1,8 +1,9 @@
 #include <algorithm>
 
 #include "AdviceBuilder.h"
-#include "Format.h"
-#include "HistoryReport.h"
+#include "skyframe/job/Places.h"
+#include "skyframe/job/Text.h"
+#include "skyframe/results/Histories.h"
 #include "skyframe/values/ResultFiles.h"
 
 namespace skyframe::host {
@@ -61,13 +62,6 @@ void CheckKept(const HistoryFindings& findings, const HistorySet& kept, CAdviceB
 }
 
 }  // namespace
-
-std::string DescribeHistory(const HistorySet& history) {
-  std::string strText = Format("%s, %s, %d steps of %g s", history.nMethod == c_nNewmarkMethod ? "Newmark" : "Wilson",
-                               history.nAssumption == 1 ? "nonlinear" : "linear", history.nSteps, history.dTimeStep);
-  if (!history.strFinished.empty()) strText += ", finished " + history.strFinished;
-  return strText;
-}
 
 AdviceList AdviseOnHistory(const Job& job, const HistoryFindings& findings, const HistorySet& kept) {
   CAdviceBuilder advice(job, findings);

@@ -1,8 +1,8 @@
 #include <algorithm>
 
 #include "AdviceBuilder.h"
-#include "Format.h"
 #include "skyframe/connect/Inquiries.h"
+#include "skyframe/job/Text.h"
 #include "skyframe/values/ResultFiles.h"
 
 namespace skyframe::host {

@@ -1,7 +1,7 @@
 #include <algorithm>
 
 #include "AdviceBuilder.h"
-#include "Format.h"
+#include "skyframe/job/Text.h"
 #include "skyframe/values/ResultFiles.h"
 #include "skyframe/values/SpectrumSite.h"
 

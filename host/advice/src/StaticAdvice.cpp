@@ -3,8 +3,9 @@
 #include <limits>
 
 #include "AdviceBuilder.h"
-#include "Format.h"
-#include "Report.h"
+#include "skyframe/job/Places.h"
+#include "skyframe/job/Text.h"
+#include "skyframe/results/Displacements.h"
 #include "skyframe/values/ResultFiles.h"
 
 namespace skyframe::host {

@@ -1,4 +1,4 @@
-#include "AdvicePanel.h"
+#include "skyframe/gui/AdvicePanel.h"
 
 #include <memory>
 

@@ -1,4 +1,4 @@
-#include "Camera.h"
+#include "skyframe/gui/Camera.h"
 
 #include <algorithm>
 #include <cmath>

@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-#include "skyframe/host/JobFile.h"
+#include "skyframe/job/JobFile.h"
 
 namespace skyframe::gui {
 

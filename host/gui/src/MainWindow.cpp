@@ -1,4 +1,4 @@
-#include "MainWindow.h"
+#include "skyframe/gui/MainWindow.h"
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -12,13 +12,10 @@
 #include <iterator>
 
 #include "ErrorDialog.h"
-#include "Records.h"
-#include "skyframe/connect/Findings.h"
-#include "skyframe/connect/Histories.h"
-#include "skyframe/connect/ModeConnect.h"
-#include "skyframe/host/DataDirectory.h"
-#include "skyframe/hostdata/HostData.h"
 #include "skyframe/qt/Font.h"
+#include "skyframe/results/Histories.h"
+#include "skyframe/run/DataDirectory.h"
+#include "skyframe/run/RunReport.h"
 #include "texts.h"
 
 namespace skyframe::gui {
@@ -53,38 +50,6 @@ void WidenMenu(QMenu& menu) {
 std::unique_ptr<QSettings> OpenSettings(const QString& strFile) {
   if (!strFile.isEmpty()) return std::make_unique<QSettings>(strFile, QSettings::IniFormat);
   return std::make_unique<QSettings>(QStringLiteral("skyframe"), QStringLiteral("skyframe-gui"));
-}
-
-/// With the files that were not written. Nothing after a cancelled dialog: what was told of the run before still holds.
-std::optional<host::AdviceList> Tell(const RunFindings& findings, host::AdviceList advice) {
-  if (findings.status == RunStatus::Cancelled) return std::nullopt;
-  host::AdviceList list = host::AdviseOnFiles(findings);
-  std::ranges::move(advice, std::back_inserter(list));
-  return list;
-}
-
-std::optional<host::AdviceList> AdviseOnModalRun(const host::Job& job) {
-  const ModalFindings& findings = GetModalFindings();
-  host::AdviceList list = host::AdviseOnModes(job, findings);
-  if (findings.status == RunStatus::Done) {
-    std::ranges::move(host::AdviseOnCount(findings, host::CountModes(findings)), std::back_inserter(list));
-  }
-  return Tell(findings, std::move(list));
-}
-
-std::optional<host::AdviceList> AdviseOnSpectrumRun(const host::Job& job) {
-  return Tell(GetSpectrumFindings(), host::AdviseOnSpectrum(job, GetSpectrumFindings()));
-}
-
-std::optional<host::AdviceList> AdviseOnStaticRun(const host::Job& job) {
-  return Tell(GetStaticFindings(), host::AdviseOnStatic(job, GetStaticFindings()));
-}
-
-std::optional<host::AdviceList> AdviseOnHistoryRun(const host::Job& job) {
-  // Histories of a job that was open before are not shown any more.
-  const HistorySet none;
-  const HistorySet& kept = COMDYN.m_bHistoryAvailable == 0 ? none : GetHistories();
-  return Tell(GetHistoryFindings(), host::AdviseOnHistory(job, GetHistoryFindings(), kept));
 }
 
 }  // namespace
@@ -174,28 +139,18 @@ void CMainWindow::MakeFileMenu() {
 }
 
 void CMainWindow::MakeAnalysisMenu() {
-  struct Entry {
-    std::string_view strText;
-    std::string_view strTip;
-    const char* strName;
-    void (*pEntryPoint)();
-    std::optional<host::AdviceList> (*pAdvise)(const host::Job&);  ///< null: nothing is run
-  };
-  const std::array<Entry, 5> entries = {{
-      {texts::c_strModal, texts::c_strModalTip, "modal", CModeConnect::OnMode, AdviseOnModalRun},
-      {texts::c_strSpectrum, texts::c_strSpectrumTip, "spectrum", [] { CModeConnect::OnAnsysSpectrum(); },
-       AdviseOnSpectrumRun},
-      {texts::c_strTimeHistory, texts::c_strTimeHistoryTip, "time_history",
-       [] { CModeConnect::OnTimeHistoryAnalysis(); }, AdviseOnHistoryRun},
-      {texts::c_strHistoryResults, texts::c_strHistoryResultsTip, "history_results", CModeConnect::OnTimeHistoryRes,
-       nullptr},
-      {texts::c_strStatic, texts::c_strStaticTip, "static", CModeConnect::OnStaticNonlinearSol, AdviseOnStaticRun},
-  }};
   QMenu& menu = AddMenu(texts::c_strAnalysisMenu);
-  for (const Entry& entry : entries) {
-    m_jobActions.push_back(AddAction(menu, entry.strText, entry.strTip, entry.strName,
-                                     [this, entry] { Analyse(entry.pEntryPoint, entry.pAdvise); }));
-  }
+  const auto addRun = [this, &menu](std::string_view strText, std::string_view strTip, const char* strName,
+                                    host::AnalysisKind kind) {
+    m_jobActions.push_back(AddAction(menu, strText, strTip, strName, [this, kind] { Analyse(kind); }));
+  };
+  using Kind = host::AnalysisKind;
+  addRun(texts::c_strModal, texts::c_strModalTip, "modal", Kind::Modal);
+  addRun(texts::c_strSpectrum, texts::c_strSpectrumTip, "spectrum", Kind::Spectrum);
+  addRun(texts::c_strTimeHistory, texts::c_strTimeHistoryTip, "time_history", Kind::TimeHistory);
+  m_jobActions.push_back(AddAction(menu, texts::c_strHistoryResults, texts::c_strHistoryResultsTip, "history_results",
+                                   [this] { ShowHistories(); }));
+  addRun(texts::c_strStatic, texts::c_strStaticTip, "static", Kind::Static);
 }
 
 void CMainWindow::MakeViewMenu() {
@@ -318,8 +273,12 @@ bool CMainWindow::OpenJob(const QString& strFile) {
   const std::string strPath = strFile.toStdString();
   host::JobFile file = host::ReadJobFile(strPath);
   const std::string strJobPath = host::GetJobPath(strPath);
-  if (file.errors.empty() && !host::FillRecords(file.job, strJobPath, host::FindDataDirectory())) {
-    file.errors.push_back({"/", std::string(texts::c_strPathTooLong)});
+  if (file.errors.empty()) {
+    auto session = host::CSession::Open(std::move(file.job), strJobPath, host::FindDataDirectory());
+    if (session)
+      m_session = std::move(session);
+    else
+      file.errors.push_back({"/", std::string(texts::c_strPathTooLong)});
   }
   if (!file.errors.empty()) {
     CErrorDialog(strFile, file.errors, this).exec();
@@ -327,29 +286,38 @@ bool CMainWindow::OpenJob(const QString& strFile) {
   }
   const bool bSameFile = strFile == m_strJobFile;
   m_strJobFile = strFile;
-  m_view.SetScene(CScene(file.job), bSameFile);
+  m_view.SetScene(CScene(m_session->GetJob()), bSameFile);
   m_results.SetJobPath(strJobPath);
-  const QString strTitle = QString::fromStdString(file.job.strTitle);
+  const QString strTitle = QString::fromStdString(m_session->GetJob().strTitle);
   setWindowTitle((strTitle.isEmpty() ? QFileInfo(strFile).fileName() : strTitle) + QStringLiteral(" - ") +
                  ToQt(texts::c_strProgram));
   m_console.clear();
   statusBar()->clearMessage();
   m_advice.ShowAdvice(host::AdviseOnInput(file.warnings));
-  m_job = std::move(file.job);
   Remember(strFile);
   RefreshResults();
   return true;
 }
 
-void CMainWindow::Analyse(void (*pEntryPoint)(), std::optional<host::AdviceList> (*pAdvise)(const host::Job&)) {
-  pEntryPoint();
-  const std::optional<host::AdviceList> advice = pAdvise != nullptr ? pAdvise(m_job) : std::nullopt;
-  if (advice) m_advice.ShowAdvice(*advice);
-  const HistorySet& history = GetHistories();
-  // The module keeps histories across jobs; those of a file were read for this one.
-  const bool bOfThisJob = COMDYN.m_bHistoryAvailable != 0 || (pAdvise == nullptr && history.strFinished.empty());
-  if (history.bComplete && bOfThisJob) {
-    statusBar()->showMessage(ToQt(std::string(texts::c_strShownHistory) + host::DescribeHistory(history)));
+void CMainWindow::Analyse(host::AnalysisKind kind) {
+  const RunFindings& findings = m_session->Run(kind);
+  if (findings.status != RunStatus::Cancelled) {  // else what was told of the run before still holds
+    host::AdviceList list = host::AdviseOnFiles(findings);
+    std::ranges::move(host::ReportRun(*m_session, kind).advice, std::back_inserter(list));
+    m_advice.ShowAdvice(list);
+  }
+  ShowRun();
+}
+
+void CMainWindow::ShowHistories() {
+  m_session->ShowHistories();
+  ShowRun();
+}
+
+void CMainWindow::ShowRun() {
+  const HistorySet& histories = m_session->GetHistories();
+  if (histories.bComplete) {
+    statusBar()->showMessage(ToQt(std::string(texts::c_strShownHistory) + host::DescribeHistory(histories)));
   }
   RefreshResults();
 }
@@ -365,7 +333,7 @@ void CMainWindow::RefreshResults() {
   for (QAction* const pAction : m_jobActions) pAction->setEnabled(!m_strJobFile.isEmpty());
   m_results.Refresh();
   m_shapes.clear();
-  if (!m_strJobFile.isEmpty()) m_shapes = ReadShapes(host::GetJobPath(m_strJobFile.toStdString()), m_job.nodes);
+  if (m_session) m_shapes = ReadShapes(m_session->GetJobPath(), m_session->GetJob().nodes);
   const int nChosen = m_shapeList.currentIndex();
   {
     const QSignalBlocker blocker(m_shapeList);

@@ -1,4 +1,4 @@
-#include "ResultPanel.h"
+#include "skyframe/gui/ResultPanel.h"
 
 #include <QDir>
 #include <QFile>

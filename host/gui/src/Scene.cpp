@@ -1,4 +1,4 @@
-#include "Scene.h"
+#include "skyframe/gui/Scene.h"
 
 #include <algorithm>
 #include <numeric>

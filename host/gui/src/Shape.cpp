@@ -1,11 +1,11 @@
-#include "Shape.h"
+#include "skyframe/gui/Shape.h"
 
 #include <algorithm>
 #include <cmath>
 
-#include "ModeResultFile.h"
-#include "StaticResultFile.h"
 #include "skyframe/platform/NumberText.h"
+#include "skyframe/results/ModeResultFile.h"
+#include "skyframe/results/StaticResultFile.h"
 #include "skyframe/values/ResultFiles.h"
 #include "skyframe/values/SpectrumSite.h"
 #include "texts.h"

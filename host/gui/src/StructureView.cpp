@@ -1,4 +1,4 @@
-#include "StructureView.h"
+#include "skyframe/gui/StructureView.h"
 
 #include <QMouseEvent>
 #include <QPainter>

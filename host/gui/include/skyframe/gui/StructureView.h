@@ -1,0 +1,87 @@
+#pragma once
+
+#include <QTimer>
+#include <QWidget>
+#include <chrono>
+#include <optional>
+
+#include "skyframe/gui/Camera.h"
+#include "skyframe/gui/Scene.h"
+#include "skyframe/gui/Shape.h"
+
+class QPainter;
+
+namespace skyframe::gui {
+
+enum class StandardView { Isometric, Front, Side, Plan };
+
+/// What is drawn besides the members.
+struct ViewOptions {
+  bool bSupports = true;
+  bool bLoads = false;
+  bool bNodeNumbers = false;
+  bool bElementNumbers = false;
+};
+
+/// The structure in wire lines. The left button turns, the others move, the wheel zooms, a double
+/// click shows all. A shape is drawn in colour over the pale structure and may swing.
+class CStructureView : public QWidget {
+ public:
+  explicit CStructureView(QWidget* pParent = nullptr);
+
+  /// Takes the shape away; bKeepCamera: the structure is the one shown before.
+  void SetScene(CScene scene, bool bKeepCamera = false);
+  [[nodiscard]] const CScene& GetScene() const { return m_scene; }
+  void SetShape(std::optional<Shape> shape);
+  /// Largest drawn displacement in parts of the structure's radius.
+  void SetAmplitude(double dAmplitude);
+  void SetAnimated(bool bAnimated);
+  [[nodiscard]] bool IsAnimated() const { return m_timer.isActive(); }
+  void SetOptions(ViewOptions options);
+  [[nodiscard]] ViewOptions GetOptions() const { return m_options; }
+  void SetStandardView(StandardView view);
+  void FitAll();
+  [[nodiscard]] const CCamera& GetCamera() const { return m_camera; }
+  /// Displacements are drawn this many times enlarged, at the swing's extreme; 0 without a shape.
+  [[nodiscard]] double GetMagnification() const;
+  /// Part of the extreme that is drawn now: -1..1 for a mode, 0..1 for a state.
+  [[nodiscard]] double GetPhaseFactor() const;
+
+  [[nodiscard]] QSize sizeHint() const override;
+
+ protected:
+  void paintEvent(QPaintEvent* pEvent) override;
+  void resizeEvent(QResizeEvent* pEvent) override;
+  void mousePressEvent(QMouseEvent* pEvent) override;
+  void mouseMoveEvent(QMouseEvent* pEvent) override;
+  void mouseDoubleClickEvent(QMouseEvent* pEvent) override;
+  void wheelEvent(QWheelEvent* pEvent) override;
+
+ private:
+  using Clock = std::chrono::steady_clock;
+
+  void DrawMembers(QPainter& painter) const;
+  void DrawShape(QPainter& painter) const;
+  void DrawSupports(QPainter& painter) const;
+  void DrawLoads(QPainter& painter) const;
+  void DrawNumbers(QPainter& painter) const;
+  void DrawAxes(QPainter& painter) const;
+  void DrawCaption(QPainter& painter) const;
+  [[nodiscard]] bool IsLarge() const;
+  [[nodiscard]] QPointF ToScreen(Point3 point) const;
+  [[nodiscard]] Point3 NodeAt(int nNode) const { return m_scene.GetNodes()[static_cast<std::size_t>(nNode)]; }
+  /// 1 at the nearest point of the structure, 0 at the farthest.
+  [[nodiscard]] double GetNearness(Point3 point) const;
+
+  CScene m_scene;
+  CCamera m_camera;
+  std::optional<Shape> m_shape;
+  double m_dAmplitude = 0.1;
+  ViewOptions m_options;
+  QTimer m_timer;
+  Clock::time_point m_swingStart;
+  QPointF m_lastMouse;
+  bool m_bFitted = true;  ///< nobody has zoomed or moved since all was shown
+};
+
+}  // namespace skyframe::gui

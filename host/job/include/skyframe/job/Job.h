@@ -1,0 +1,225 @@
+#pragma once
+
+#include <array>
+#include <map>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <variant>
+#include <vector>
+
+namespace skyframe::host {
+
+inline constexpr std::array<std::string_view, 4> c_strElementTypes = {"bar", "beam", "cable", "membrane"};
+inline constexpr std::array<std::string_view, 2> c_strJoints = {"pinned", "rigid"};
+inline constexpr std::array<std::string_view, 6> c_strDirections = {"X", "Y", "Z", "RX", "RY", "RZ"};
+inline constexpr std::array<std::string_view, 4> c_strCriteria = {"force_abs", "disp_abs", "force_rel", "disp_rel"};
+inline constexpr std::array<std::string_view, 2> c_strRootChecks = {"sturm", "compare"};
+inline constexpr std::array<std::string_view, 6> c_strIntensities = {"6 (0.05g)", "7 (0.10g)", "7 (0.15g)",
+                                                                     "8 (0.20g)", "8 (0.30g)", "9 (0.40g)"};
+inline constexpr std::array<std::string_view, 2> c_strQuakeLevels = {"frequent", "rare"};
+inline constexpr std::array<std::string_view, 3> c_strModalCombinations = {"SRSS", "CQC", "GRP"};
+
+inline constexpr std::array<std::string_view, 2> c_strMethods = {"wilson", "newmark"};
+inline constexpr std::array<std::string_view, 2> c_strDynamicLoads = {"nodal_force", "ground_motion"};
+inline constexpr std::array<std::string_view, 2> c_strImpulseShapes = {"triangular", "rectangular"};
+inline constexpr std::array<std::string_view, 2> c_strQuakeModes = {"principal", "oblique"};
+inline constexpr std::array<std::string_view, 4> c_strPeaks = {"X", "Y", "Z", "oblique"};
+
+enum ElementType : int { c_nBar, c_nBeam, c_nCable, c_nMembrane };
+enum JointKind : int { c_nPinned, c_nRigid };
+
+/// Metres. The host number of a node is its place in the list, from 1; nId is the job's own name.
+struct JobNode {
+  int nId = 0;
+  double dX = 0.0;
+  double dY = 0.0;
+  double dZ = 0.0;
+  int nJoint = c_nRigid;
+  std::array<int, 6> restraint = {};  ///< X Y Z RX RY RZ, 1 = restrained
+  std::optional<int> nSpring;         ///< spring group; then restraint is all 0
+
+  bool operator==(const JobNode&) const = default;
+};
+
+/// kN/mm.
+struct JobSpring {
+  int nGroup = 0;
+  double dKx = 0.0;
+  double dKy = 0.0;
+  double dKz = 0.0;
+
+  bool operator==(const JobSpring&) const = default;
+};
+
+/// mm2 and mm4. The section group is the place in the list, from 1.
+struct JobSection {
+  std::string strId;
+  int nShape = 1;  ///< 1..6
+  double dArea = 0.0;
+  double dIx = 0.0;
+  double dIy = 0.0;
+  double dIz = 0.0;
+
+  bool operator==(const JobSection&) const = default;
+};
+
+struct JobElement {
+  int nType = c_nBar;
+  int nNodeI = 0;    ///< host number
+  int nNodeJ = 0;    ///< host number
+  int nSection = 0;  ///< place in the list of sections, from 0
+
+  bool operator==(const JobElement&) const = default;
+};
+
+/// kN, kNm.
+struct JobLoad {
+  int nCase = 0;
+  int nNode = 0;       ///< host number
+  int nDirection = 0;  ///< index into c_strDirections
+  double dValue = 0.0;
+
+  bool operator==(const JobLoad&) const = default;
+};
+
+/// Factor of each load case that takes part.
+using JobCombination = std::map<int, double>;
+
+// Analyses. What is not set keeps the dialog's own default.
+
+struct StaticJob {
+  std::optional<bool> bNonlinear;
+  std::optional<int> nCriterion;
+  std::optional<double> dTolerance;
+  std::optional<int> nMaxIterations;
+  JobCombination combination;
+
+  bool operator==(const StaticJob&) const = default;
+};
+
+struct ModalJob {
+  std::optional<int> nModes;
+  std::optional<int> nRootCheck;
+  std::optional<double> dAccuracy;
+  std::optional<int> nIterationMultiple;
+  std::optional<bool> bShear;
+  JobCombination combination;
+  std::optional<bool> bVerify = std::nullopt;  ///< count by Sturm after the run whether the file misses modes
+
+  bool operator==(const ModalJob&) const = default;
+};
+
+struct SpectrumJob {
+  std::optional<int> nModes;
+  std::optional<int> nMeshDivision;
+  std::optional<std::array<double, 3>> direction;
+  std::optional<int> nSiteClass;  ///< 1..4
+  std::optional<int> nZoneGroup;  ///< 1..3
+  std::optional<int> nIntensity;
+  std::optional<int> nLevel;
+  std::optional<double> dDamping;
+  std::optional<int> nMethod;
+  JobCombination combination;
+  // Settings of the host's record; the dialog has no controls for them.
+  std::optional<bool> bVirtualMode = std::nullopt;
+  std::optional<int> nPseudoLoad = std::nullopt;
+
+  bool operator==(const SpectrumJob&) const = default;
+};
+
+/// Peaks X, Y, Z, oblique.
+using JobPeaks = std::array<std::optional<double>, 4>;
+
+/// Time history by the Wilson method under the loads of the job's impulse file.
+struct WilsonJob {
+  std::optional<std::array<double, 2>> damping;
+  std::optional<double> dTheta;
+  std::optional<double> dTimeStep;
+  std::optional<double> dDuration;
+  std::optional<bool> bNonlinear;
+  JobPeaks peaks;
+  JobCombination combination;
+
+  bool operator==(const WilsonJob&) const = default;
+};
+
+struct JobImpulse {
+  int nNode = 0;       ///< host number
+  int nDirection = 0;  ///< 0..2
+  double dPeak = 0.0;  ///< kN
+
+  bool operator==(const JobImpulse&) const = default;
+};
+
+struct ImpulseLoadJob {
+  std::optional<int> nShape;
+  std::vector<JobImpulse> impulses;
+  std::optional<double> dPeakTime;
+  std::optional<double> dUnloadTime;
+  std::optional<double> dTimeStep;
+  std::optional<double> dDuration;
+
+  bool operator==(const ImpulseLoadJob&) const = default;
+};
+
+struct GeneralLoadJob {
+  std::optional<double> dTimeStep;
+  std::optional<double> dDuration;
+
+  bool operator==(const GeneralLoadJob&) const = default;
+};
+
+struct EarthquakeJob {
+  std::optional<double> dTimeStep;
+  std::optional<double> dDuration;
+  std::optional<int> nMode;
+  std::array<bool, 3> directions = {};               ///< principal mode
+  std::optional<std::array<double, 3>> obliqueAxis;  ///< oblique mode
+  JobPeaks peaks;
+
+  bool operator==(const EarthquakeJob&) const = default;
+};
+
+/// Time history by the Newmark method.
+struct NewmarkJob {
+  std::optional<int> nLoad;
+  std::optional<std::array<double, 2>> damping;
+  std::optional<double> dAlpha;
+  std::optional<double> dDelta;
+  std::optional<bool> bNonlinear;
+  std::optional<int> nCriterion;
+  std::optional<double> dTolerance;
+  std::optional<int> nMaxIterations;
+  std::optional<bool> bFromFile;
+  std::optional<ImpulseLoadJob> impulse;
+  std::optional<GeneralLoadJob> generalLoad;
+  std::optional<EarthquakeJob> earthquake;
+  JobCombination combination;
+
+  [[nodiscard]] bool HasGroundMotion() const { return nLoad == 1; }
+
+  bool operator==(const NewmarkJob&) const = default;
+};
+
+using JobAnalysis = std::variant<StaticJob, ModalJob, SpectrumJob, WilsonJob, NewmarkJob>;
+
+struct Job {
+  std::string strTitle;
+  std::vector<JobNode> nodes;
+  std::vector<JobSpring> springs;
+  std::vector<JobSection> sections;
+  std::vector<JobElement> elements;
+  std::vector<int> inclinedSupports;  ///< host numbers
+  std::vector<JobLoad> loads;
+  std::vector<JobAnalysis> analyses;
+
+  /// Highest load case in use; 0 without loads.
+  [[nodiscard]] int GetHighestCase() const;
+  /// Load cases from 0 to the highest one in use that have no load.
+  [[nodiscard]] std::vector<int> FindEmptyCases() const;
+  /// False: ids and host numbers differ.
+  [[nodiscard]] bool HasConsecutiveIds() const;
+};
+
+}  // namespace skyframe::host

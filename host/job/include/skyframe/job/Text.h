@@ -1,0 +1,30 @@
+#pragma once
+
+#include <span>
+#include <string>
+#include <string_view>
+
+namespace skyframe::host {
+
+/// Text of printf; it has decimal points unless the program has put another C locale in force.
+[[nodiscard, gnu::format(printf, 1, 2)]] std::string Format(const char* pszFormat, ...);
+
+/// "a, b, c or d".
+[[nodiscard]] std::string JoinWords(std::span<const std::string_view> words);
+
+/// Shortest text that reads back as the same number.
+[[nodiscard]] std::string FormatNumber(double dValue);
+
+/// Bytes of a text of the job that a message shows.
+inline constexpr std::size_t c_nLongestShown = 60;
+
+/// Text fit for a terminal: its control characters as \u001b and the like.
+[[nodiscard]] std::string EscapeControls(std::string_view strText);
+
+/// The same with its line ends.
+[[nodiscard]] std::string EscapeLines(std::string_view strText);
+
+/// Text in quotes, fit for a terminal: control characters escaped, cut.
+[[nodiscard]] std::string Quote(std::string_view strText);
+
+}  // namespace skyframe::host

@@ -1,0 +1,220 @@
+#include "DoubtfulAnalyses.h"
+
+#include <algorithm>
+#include <cmath>
+#include <locale>
+#include <set>
+
+#include "JobReader.h"
+#include "skyframe/platform/Platform.h"
+#include "skyframe/values/ResultFiles.h"
+
+namespace skyframe::host {
+
+namespace {
+
+constexpr int c_nDofZ = 2;
+constexpr int c_nRectangular = 1;
+constexpr int c_nOblique = 3;  ///< place behind X, Y, Z among the record files
+
+/// Seconds.
+struct TimeAxis {
+  double dStep;
+  double dDuration;
+
+  /// Whole steps that fit into a time; none for a step that is no step.
+  [[nodiscard]] bool HasStepIn(double dTime) const { return dStep > 0.0 && dTime / dStep >= 1.0; }
+};
+
+// What the dialogs put in where the job says nothing.
+constexpr TimeAxis c_wilsonAxis = {0.01, 10.0};
+constexpr TimeAxis c_newmarkAxis = {0.01, 5.0};
+constexpr TimeAxis c_impulseAxis = {0.02, 1.0};
+constexpr TimeAxis c_generalAxis = {1.0, 0.02};
+constexpr TimeAxis c_quakeAxis = {0.02, 1.0};
+
+template <class Settings>
+TimeAxis GetAxis(const Settings& settings, const TimeAxis& defaults) {
+  return {settings.dTimeStep.value_or(defaults.dStep), settings.dDuration.value_or(defaults.dDuration)};
+}
+
+TimeAxis GetAxis(const NewmarkJob& analysis) {
+  if (analysis.HasGroundMotion()) {
+    return analysis.earthquake ? GetAxis(*analysis.earthquake, c_quakeAxis) : c_newmarkAxis;
+  }
+  if (analysis.impulse) return GetAxis(*analysis.impulse, c_impulseAxis);
+  return analysis.generalLoad ? GetAxis(*analysis.generalLoad, c_generalAxis) : c_newmarkAxis;
+}
+
+/// What the module finds in an acceleration record: it reads up to the first word that is no number.
+struct RecordText {
+  bool bOpened = false;
+  bool bWhole = false;
+  std::size_t nValues = 0;
+  double dLargest = 0.0;
+};
+
+RecordText ReadRecord(const std::string& strPath) {
+  RecordText record;
+  const auto pStream = GetPlatform().OpenForReading(strPath);
+  if (!pStream) return record;
+  record.bOpened = true;
+  pStream->imbue(std::locale::classic());
+  for (double dValue = 0.0; *pStream >> dValue; ++record.nValues) {
+    record.dLargest = std::max(record.dLargest, std::abs(dValue));
+  }
+  record.bWhole = pStream->eof();
+  return record;
+}
+
+std::string DescribeRecord(const RecordText& record) {
+  if (!record.bOpened) return "cannot be opened";
+  if (record.nValues == 0 && record.bWhole) return "is empty";
+  if (record.nValues == 0) return "starts with no number; a heading or a byte-order mark must go";
+  if (!record.bWhole) {
+    return "is read up to value " + std::to_string(record.nValues) +
+           "; values must be separated by blanks or line ends, without commas or words";
+  }
+  return record.dLargest == 0.0 ? "holds zeros alone and cannot be scaled to a peak" : "";
+}
+
+class CAnalysisChecks {
+ public:
+  CAnalysisChecks(const Job& job, const std::string& strJobPath) : m_job(job), m_strJobPath(strJobPath) {
+    for (const JobLoad& load : job.loads) m_casesInUse.insert(load.nCase);
+  }
+
+  std::vector<JobProblem> Find() {
+    for (std::size_t k = 0; k < m_job.analyses.size(); ++k) {
+      m_strPlace = AppendPointer("/analyses", k);
+      std::visit([this](const auto& analysis) { Check(analysis); }, m_job.analyses[k]);
+    }
+    return std::move(m_found);
+  }
+
+ private:
+  void Check(const StaticJob& analysis) {
+    if (analysis.combination.empty()) Warn("no-case", "", "no load combination: nothing acts on the structure");
+    CheckCases(analysis.combination);
+    CheckInclinedSupports();
+  }
+
+  void Check(const ModalJob& analysis) { CheckMassLoads(analysis.combination); }
+  void Check(const SpectrumJob& analysis) { CheckMassLoads(analysis.combination); }
+
+  void Check(const WilsonJob& analysis) {
+    constexpr std::string_view c_strIgnored = "the Wilson method does not look at it";
+    if (!analysis.combination.empty()) Warn("wilson-ignores", "combination", c_strIgnored);
+    const auto IsSet = [](const std::optional<double>& dPeak) { return dPeak.has_value(); };
+    if (std::ranges::any_of(analysis.peaks, IsSet)) Warn("wilson-ignores", "peaks", c_strIgnored);
+    if (analysis.bNonlinear.value_or(false)) Warn("wilson-ignores", "nonlinear", c_strIgnored);
+    CheckTimeStep(GetAxis(analysis, c_wilsonAxis));
+    CheckInclinedSupports();
+  }
+
+  void Check(const NewmarkJob& analysis) {
+    if (analysis.HasGroundMotion()) {
+      CheckGroundMotion(analysis);
+    } else {
+      CheckNodalForces(analysis);
+    }
+    const bool bSwapped = analysis.generalLoad && !(analysis.generalLoad->dTimeStep && analysis.generalLoad->dDuration);
+    if (bSwapped) {
+      Warn("general-load", "general_load", "left out, the time step is 1 s and the duration 0.02 s: give both");
+    } else {
+      CheckTimeStep(GetAxis(analysis));
+    }
+    CheckMassLoads(analysis.combination);
+    CheckInclinedSupports();
+  }
+
+  void CheckNodalForces(const NewmarkJob& analysis) {
+    if (analysis.bNonlinear.value_or(false)) {
+      Warn("nonlinear-forces", "nonlinear", "a run under nodal forces with it ends at once, without a result");
+    }
+    if (analysis.bFromFile.value_or(false)) return;
+    const ImpulseLoadJob load = analysis.impulse.value_or(ImpulseLoadJob());
+    const auto HasForce = [](const JobImpulse& impulse) { return impulse.dPeak != 0.0; };
+    if (std::none_of(load.impulses.begin(), load.impulses.end(), HasForce)) {
+      Warn("no-impulse", "", "nodal forces without an impulse: nothing acts on the structure");
+      return;
+    }
+    const bool bRectangular = load.nShape == c_nRectangular;
+    const double dTime = (bRectangular ? load.dUnloadTime : load.dPeakTime).value_or(0.0);
+    if (GetAxis(analysis).HasStepIn(dTime)) return;
+    const std::string strKey = bRectangular ? "unload_time" : "peak_time";
+    Warn("impulse-time", "impulse", strKey + " is " + FormatNumber(dTime) + " s, less than a time step: no force acts");
+  }
+
+  void CheckGroundMotion(const NewmarkJob& analysis) {
+    const EarthquakeJob quake = analysis.earthquake.value_or(EarthquakeJob());
+    const auto nDirections = std::count(quake.directions.begin(), quake.directions.end(), true);
+    const bool bOblique = quake.nMode == 1;
+    if (!bOblique && nDirections == 0) {
+      Warn("no-direction", "earthquake", "no direction: the ground does not move");
+      return;
+    }
+    const auto itFirst = std::find(quake.directions.begin(), quake.directions.end(), true);
+    const auto nRecord =
+        bOblique ? std::size_t{c_nOblique} : static_cast<std::size_t>(itFirst - quake.directions.begin());
+    if (!bOblique && nDirections > 1) {
+      Warn("one-direction", "earthquake", "the ground moves along " + std::string(c_strPeaks[nRecord]) + " alone");
+    }
+    if (!analysis.bFromFile.value_or(false) || m_strJobPath.empty()) return;
+    const std::string strFile = m_strJobPath + std::string(suffix::c_strAcceleration[nRecord]);
+    const std::string strReason = DescribeRecord(ReadRecord(strFile));
+    if (!strReason.empty()) Warn("record", "", EscapeControls(strFile) + " " + strReason);
+  }
+
+  void CheckTimeStep(const TimeAxis& axis) {
+    if (axis.HasStepIn(axis.dDuration)) return;
+    Warn("time-step", "",
+         "no step of " + FormatNumber(axis.dStep) + " s fits into the duration of " + FormatNumber(axis.dDuration) +
+             " s");
+  }
+
+  /// False when no case of the combination has a load.
+  bool CheckCases(const JobCombination& combination) {
+    bool bAny = false;
+    for (const auto& [nCase, dFactor] : combination) {
+      const bool bInUse = m_casesInUse.contains(nCase);
+      bAny = bAny || bInUse;
+      if (!bInUse) Warn("empty-case", "combination", "no load has the case " + std::to_string(nCase));
+    }
+    return bAny;
+  }
+
+  void CheckMassLoads(const JobCombination& combination) {
+    if (!CheckCases(combination)) return;
+    const auto IsMass = [&combination](const JobLoad& load) {
+      const auto it = combination.find(load.nCase);
+      return it != combination.end() && load.nDirection == c_nDofZ && load.dValue * it->second > 0.0;
+    };
+    if (std::any_of(m_job.loads.begin(), m_job.loads.end(), IsMass)) return;
+    Warn("no-mass-load", "combination", "none of its loads acts along +Z: it adds no mass");
+  }
+
+  void CheckInclinedSupports() {
+    if (m_job.inclinedSupports.empty()) return;
+    Warn("inclined-support", "", "this analysis takes inclined supports for ordinary ones");
+  }
+
+  void Warn(std::string_view strName, std::string_view strKey, std::string_view strReason) {
+    m_found.push_back({strKey.empty() ? m_strPlace : AppendPointer(m_strPlace, strKey), std::string(strReason),
+                       std::string(strName)});
+  }
+
+  const Job& m_job;
+  const std::string& m_strJobPath;
+  std::set<int> m_casesInUse;
+  std::string m_strPlace;  ///< of the analysis at hand
+  std::vector<JobProblem> m_found;
+};
+
+}  // namespace
+
+std::vector<JobProblem> FindDoubtfulAnalyses(const Job& job, const std::string& strJobPath) {
+  return CAnalysisChecks(job, strJobPath).Find();
+}
+
+}  // namespace skyframe::host

@@ -1,0 +1,116 @@
+#include <algorithm>
+#include <cmath>
+
+#include "skyframe/connect/Inquiries.h"
+#include "skyframe/job/Text.h"
+#include "skyframe/plot/Chart.h"
+#include "skyframe/plot/Pictures.h"
+
+namespace skyframe::host {
+
+namespace {
+
+constexpr double c_dLongestPeriod = 6.0;  // the spectrum ends here
+constexpr int c_nCurveSteps = 1200;
+constexpr double c_dLabelGap = 16;  // least distance of two period labels
+constexpr double c_dLabelHeight = 12;
+
+double GetAlpha(const SpectrumPicture& picture, double T) {
+  return EvaluateDesignSpectrum(picture.site, T, picture.dDamping).value_or(DesignSpectrumValue{}).dAlpha;
+}
+
+std::vector<PaintPoint> SampleSpectrum(const SpectrumPicture& picture, double dTg) {
+  std::vector<double> periods = {0.1, dTg, 5.0 * dTg};
+  for (int k = 0; k <= c_nCurveSteps; ++k) periods.push_back(c_dLongestPeriod * k / c_nCurveSteps);
+  std::sort(periods.begin(), periods.end());
+  std::vector<PaintPoint> points;
+  for (const double T : periods) {
+    if (T < c_dLongestPeriod) points.push_back({T, GetAlpha(picture, T)});
+  }
+  return points;
+}
+
+/// Dropped lines and squares on the curve, neighbours labelled together: "4-6".
+void MarkPeriods(IPaintContext& paint, CChart& chart, const SpectrumPicture& picture) {
+  const std::vector<double>& T = picture.periods;
+  std::size_t nFirst = 0;
+  for (std::size_t i = 0; i < T.size(); ++i) {
+    if (T[i] > c_dLongestPeriod) {
+      nFirst = i + 1;
+      continue;
+    }
+    const double dAlpha = GetAlpha(picture, T[i]);
+    const PaintPoint at = chart.Map(T[i], dAlpha);
+    paint.SetPen(c_markColour, 0.8);
+    paint.Line(at.dX, at.dY, at.dX, chart.GetBox().dBottom);
+    chart.Mark(T[i], dAlpha, c_markColour);
+    const bool bLast = i + 1 == T.size() || at.dX - chart.Map(T[i + 1], 0.0).dX > c_dLabelGap;
+    if (!bLast) continue;
+    const double dCentre = 0.5 * (at.dX + chart.Map(T[nFirst], 0.0).dX);
+    const std::string strLabel = nFirst == i ? Format("%zu", i + 1) : Format("%zu–%zu", nFirst + 1, i + 1);
+    const double dTop = std::min(at.dY, chart.Map(0.0, GetAlpha(picture, T[nFirst])).dY);
+    PaintLabel(paint, chart.GetBox(), {dCentre, dTop - 7}, strLabel, c_markColour);
+    nFirst = i + 1;
+  }
+}
+
+/// Periods at which the curve changes its law.
+void MarkCorners(IPaintContext& paint, const CChart& chart, double dTg) {
+  const std::pair<double, std::string> corners[] = {{dTg, Format("Tg = %g s", dTg)}, {5.0 * dTg, "5 Tg"}};
+  for (const auto& [T, strLabel] : corners) {
+    const double dX = chart.Map(T, 0.0).dX;
+    paint.SetPen(c_faintColour, 0.6);
+    paint.Line(dX, chart.GetBox().dTop, dX, chart.GetBox().dBottom);
+    paint.SetPen(c_faintColour);
+    paint.SetTextHeight(c_dLabelHeight);
+    paint.Text(dX + 5, chart.GetBox().dTop + 4, strLabel);
+  }
+}
+
+}  // namespace
+
+void PaintSpectrum(IPaintContext& paint, const SpectrumPicture& picture) {
+  const double dTg = EvaluateDesignSpectrum(picture.site, 0.0, picture.dDamping).value_or(DesignSpectrumValue{}).dTg;
+  const std::vector<PaintPoint> curve = SampleSpectrum(picture, dTg);
+  double dHighest = 0.0;
+  for (const PaintPoint& point : curve) dHighest = std::max(dHighest, point.dY);
+  CChart chart(
+      paint,
+      {picture.strTitle, "Design spectrum: " + picture.strSite, "period T [s]", "seismic influence coefficient α"},
+      ChooseTicks(0.0, c_dLongestPeriod, 13), ChooseTicks(0.0, 1.15 * dHighest, 8));
+  MarkCorners(paint, chart, dTg);
+  chart.Curve(curve, c_curveColour, 2.0);
+  MarkPeriods(paint, chart, picture);
+  chart.Legend(0, Format("α(T), damping ratio %g", picture.dDamping), c_curveColour, false);
+  if (!picture.periods.empty()) {
+    chart.Legend(1, Format("periods of modes 1–%zu", picture.periods.size()), c_markColour, true);
+  }
+}
+
+void PaintHistoryChart(IPaintContext& paint, const HistoryPicture& picture) {
+  std::vector<PaintPoint> curve;
+  PaintPoint peak;
+  double dLow = 0.0;
+  double dHigh = 0.0;
+  for (std::size_t k = 0; k < picture.values.size(); ++k) {
+    const PaintPoint point{static_cast<double>(k + 1) * picture.dTimeStep, picture.values[k]};
+    if (!std::isfinite(point.dY)) continue;
+    curve.push_back(point);
+    dLow = std::min(dLow, point.dY);
+    dHigh = std::max(dHigh, point.dY);
+    if (std::abs(point.dY) > std::abs(peak.dY)) peak = point;
+  }
+  const double dMargin = 0.12 * (dHigh - dLow);
+  CChart chart(
+      paint, {picture.strTitle, picture.strSubtitle, "time t [s]", picture.strQuantity + " [" + picture.strUnit + "]"},
+      ChooseTicks(0.0, static_cast<double>(picture.values.size()) * picture.dTimeStep, 12),
+      ChooseTicks(dLow - (dLow < 0.0 ? dMargin : 0.0), dHigh + dMargin, 10));
+  chart.Curve(curve, c_curveColour, 1.3);
+  if (peak.dY == 0.0) return;
+  chart.Mark(peak.dX, peak.dY, c_markColour);
+  const PaintPoint at = chart.Map(peak.dX, peak.dY);
+  PaintLabel(paint, chart.GetBox(), {at.dX, peak.dY > 0.0 ? at.dY - 8 : at.dY + 25},
+             Format("peak %.4g %s at %.4g s", peak.dY, picture.strUnit.c_str(), peak.dX), c_markColour);
+}
+
+}  // namespace skyframe::host

@@ -1,0 +1,63 @@
+#include "skyframe/report/ModalReport.h"
+
+#include "skyframe/job/Text.h"
+#include "skyframe/values/SpectrumSite.h"
+
+namespace skyframe::host {
+
+namespace {
+
+constexpr double c_dEnoughMass = 0.9;
+
+double Share(double dMass, double dTotal) { return dTotal > 0.0 ? dMass / dTotal : 0.0; }
+
+/// kg; too long for a column in powers of ten.
+std::string FormatMass(double dMass) { return Format(dMass < 1.0e9 ? "%.1f" : "%.5e", dMass); }
+
+void PrintTable(const ModalFindings& findings, std::ostream& out) {
+  out << Format("  %24s", "");
+  for (const char cDirection : {'X', 'Y', 'Z'}) out << Format("         effective mass %c", cDirection);
+  out << Format("\n  %4s %9s %9s", "mode", "f [Hz]", "T [s]");
+  for (int d = 0; d < 3; ++d) out << Format("  %11s %5s %5s", "[kg]", "[%]", "sum");
+  out << '\n';
+  std::array<double, 3> sum = {};
+  for (std::size_t i = 0; i < findings.omega.size(); ++i) {
+    out << Format("  %4zu %9.4f %9.4f", i + 1, findings.omega[i] * c_dHertzPerRadian, c_dTwoPi / findings.omega[i]);
+    for (std::size_t d = 0; d < 3; ++d) {
+      const double dMass = findings.effectiveMasses[i][d];
+      sum[d] += dMass;
+      out << Format("  %11s %5.1f %5.1f", FormatMass(dMass).c_str(), 100.0 * Share(dMass, findings.totalMass[d]),
+                    100.0 * Share(sum[d], findings.totalMass[d]));
+    }
+    out << '\n';
+  }
+  out << Format("  %-24s", "total mass");
+  for (std::size_t d = 0; d < 3; ++d) out << Format("%*s", d == 0 ? 13 : 25, FormatMass(findings.totalMass[d]).c_str());
+  out << '\n';
+}
+
+/// A direction in which nothing is free to move holds no mass.
+void PrintShortfall(const ModalFindings& findings, std::ostream& out) {
+  for (std::size_t d = 0; d < 3; ++d) {
+    double dSum = 0.0;
+    for (const std::array<double, 3>& mode : findings.effectiveMasses) dSum += mode[d];
+    const double dShare = Share(dSum, findings.totalMass[d]);
+    if (findings.totalMass[d] <= 0.0 || dShare >= c_dEnoughMass) continue;
+    out << Format("  effective mass in %s is %.1f %%, below 90 %%: ask for more modes\n",
+                  std::string(c_strDirections[d]).c_str(), 100.0 * dShare);
+  }
+}
+
+}  // namespace
+
+void PrintModalReport(const ModalFindings& findings, std::ostream& out) {
+  PrintTable(findings, out);
+  PrintShortfall(findings, out);
+}
+
+void PrintModeCount(const std::optional<ModeCount>& count, std::ostream& out) {
+  if (!count || count->nCounted != count->nFound) return;
+  out << Format("  Sturm count           no mode below %.4f Hz is missing\n", count->dBelow * c_dHertzPerRadian);
+}
+
+}  // namespace skyframe::host

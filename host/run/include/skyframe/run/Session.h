@@ -1,0 +1,64 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <utility>
+
+#include "skyframe/connect/Inquiries.h"
+#include "skyframe/job/Job.h"
+#include "skyframe/run/HostPlatform.h"
+#include "skyframe/values/Findings.h"
+#include "skyframe/values/HistorySet.h"
+
+namespace skyframe::host {
+
+enum class AnalysisKind { Static, Modal, Spectrum, TimeHistory };
+
+[[nodiscard]] AnalysisKind GetKind(const JobAnalysis& analysis);
+
+/// What the last run of a kind found.
+[[nodiscard]] const RunFindings& GetFindings(AnalysisKind kind);
+
+/// A history as the viewer's dialog takes it.
+struct HistoryChoice {
+  int nQuantity = c_nHistoryX;
+  int nNumber = 1;  ///< host number of the node or element
+};
+
+/// A job in the host records, which nothing else of the host reads or writes. The last one that was opened has them.
+class CSession {
+ public:
+  /// Fills the records; what they held before is lost. Loads are stored in the order of their cases, and a case below
+  /// the highest one that has no load gets one record of value 0, so that the module's load group g is case g.
+  /// Nothing when the job path is too long for its record. strProgramPath: directory that holds GroundAccData.
+  [[nodiscard]] static std::optional<CSession> Open(Job job, std::string strJobPath, const std::string& strProgramPath);
+
+  [[nodiscard]] const Job& GetJob() const { return m_job; }
+  [[nodiscard]] const std::string& GetJobPath() const { return m_strJobPath; }
+
+  /// Calls the entry point of the analysis, whose dialogs the platform in force shows.
+  const RunFindings& Run(AnalysisKind kind);
+  /// Likewise, with dialogs that are filled in with the job's values.
+  const RunFindings& Run(const JobAnalysis& analysis, CHostPlatform& platform);
+
+  /// The result viewer, until a person closes it.
+  void ShowHistories();
+  /// The picture that the viewer shows of a history; false after a message when its file is damaged or of another
+  /// model.
+  [[nodiscard]] bool PaintViewer(const HistoryChoice& curve, CHostPlatform& platform, IPaintContext& paint);
+  /// Histories of this job that the viewer shows; no steps without one. The module keeps those of other jobs, too.
+  [[nodiscard]] const HistorySet& GetHistories() const;
+
+  /// Counts, profile and memory; nothing after a message when the module refuses the model.
+  [[nodiscard]] std::optional<ModelMeasure> Measure() const;
+
+ private:
+  CSession(Job job, std::string strJobPath) : m_job(std::move(job)), m_strJobPath(std::move(strJobPath)) {}
+
+  Job m_job;
+  std::string m_strJobPath;
+  bool m_bViewed = false;  ///< the viewer was open: histories of a file are this job's
+  HistorySet m_none;
+};
+
+}  // namespace skyframe::host

@@ -1,0 +1,101 @@
+#include "skyframe/run/Session.h"
+
+#include <algorithm>
+
+#include "Records.h"
+#include "skyframe/connect/Findings.h"
+#include "skyframe/connect/Histories.h"
+#include "skyframe/connect/ModeConnect.h"
+#include "skyframe/hostdata/HostData.h"
+#include "skyframe/run/Scripts.h"
+#include "skyframe/values/DialogIds.h"
+
+namespace skyframe::host {
+
+AnalysisKind GetKind(const JobAnalysis& analysis) {
+  if (std::holds_alternative<StaticJob>(analysis)) return AnalysisKind::Static;
+  if (std::holds_alternative<ModalJob>(analysis)) return AnalysisKind::Modal;
+  return std::holds_alternative<SpectrumJob>(analysis) ? AnalysisKind::Spectrum : AnalysisKind::TimeHistory;
+}
+
+const RunFindings& GetFindings(AnalysisKind kind) {
+  switch (kind) {
+    case AnalysisKind::Static:
+      return GetStaticFindings();
+    case AnalysisKind::Modal:
+      return GetModalFindings();
+    case AnalysisKind::Spectrum:
+      return GetSpectrumFindings();
+    default:
+      return GetHistoryFindings();
+  }
+}
+
+std::optional<CSession> CSession::Open(Job job, std::string strJobPath, const std::string& strProgramPath) {
+  if (!FillRecords(job, strJobPath, strProgramPath)) return std::nullopt;
+  return CSession(std::move(job), std::move(strJobPath));
+}
+
+const RunFindings& CSession::Run(AnalysisKind kind) {
+  switch (kind) {
+    case AnalysisKind::Static:
+      CModeConnect::OnStaticNonlinearSol();
+      break;
+    case AnalysisKind::Modal:
+      CModeConnect::OnMode();
+      break;
+    case AnalysisKind::Spectrum:
+      CModeConnect::OnAnsysSpectrum();
+      break;
+    case AnalysisKind::TimeHistory:
+      CModeConnect::OnTimeHistoryAnalysis();
+      break;
+  }
+  return GetFindings(kind);
+}
+
+const RunFindings& CSession::Run(const JobAnalysis& analysis, CHostPlatform& platform) {
+  if (const auto* pSpectrum = std::get_if<SpectrumJob>(&analysis)) {
+    COMDYN.m_bVirtualModes = pSpectrum->bVirtualMode.value_or(false) ? 1 : 0;
+    COMDYN.m_nPseudoLoadNo = pSpectrum->nPseudoLoad.value_or(0);
+  }
+  platform.Clear();
+  std::visit([&platform](const auto& parameters) { AddScripts(parameters, platform); }, analysis);
+  const RunFindings& findings = Run(GetKind(analysis));
+  platform.EndProgress();
+  return findings;
+}
+
+void CSession::ShowHistories() {
+  CModeConnect::OnTimeHistoryRes();
+  m_bViewed = true;
+}
+
+bool CSession::PaintViewer(const HistoryChoice& curve, CHostPlatform& platform, IPaintContext& paint) {
+  const bool bElement = curve.nQuantity == c_nHistoryForce;
+  std::vector<DialogStep> steps = {
+      DialogStep::Choose(bElement ? c_nIdElementHistory : c_nIdNodeHistory),
+      DialogStep::Type(bElement ? c_nIdHistoryElement : c_nIdHistoryNode, std::to_string(curve.nNumber))};
+  if (!bElement) steps.push_back(DialogStep::Choose(c_nIdHistoryX + curve.nQuantity));
+  steps.push_back(DialogStep::Click(c_nIdRefresh));
+  steps.push_back(DialogStep::Draw(paint));
+  platform.Clear();
+  platform.AddScript(c_nIdHisResultDlg, std::move(steps));
+  ShowHistories();
+  return platform.GetMessages().empty() && platform.GetScriptErrors().empty();
+}
+
+const HistorySet& CSession::GetHistories() const {
+  const HistorySet& histories = skyframe::GetHistories();
+  const bool bFromFile = histories.strFinished.empty();
+  return COMDYN.m_bHistoryAvailable != 0 || (m_bViewed && bFromFile) ? histories : m_none;
+}
+
+std::optional<ModelMeasure> CSession::Measure() const {
+  const bool bForModes = std::ranges::any_of(m_job.analyses, [](const JobAnalysis& analysis) {
+    return GetKind(analysis) == AnalysisKind::Modal || GetKind(analysis) == AnalysisKind::Spectrum;
+  });
+  return MeasureModel(bForModes);
+}
+
+}  // namespace skyframe::host
