@@ -1,19 +1,10 @@
 #pragma once
 
-#include <gtest/gtest.h>
-
-#include <string>
-#include <utility>
-#include <vector>
-
 #include "TestPlatform.h"
 #include "skyframe/hostdata/HostData.h"
 #include "skyframe/platform/Dialog.h"
 
 namespace skyframe::test {
-
-using Strings = std::vector<std::string>;
-using Steps = std::vector<DialogStep>;
 
 struct ExpectedControl {
   int nId;

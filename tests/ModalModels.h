@@ -1,12 +1,6 @@
 #pragma once
 
-#include <gtest/gtest.h>
-
-#include <cmath>
-#include <numbers>
-#include <vector>
-
-#include "HostModel.h"
+#include "TestPlatform.h"
 #include "skyframe/modal/ModalPencil.h"
 
 namespace skyframe::test {

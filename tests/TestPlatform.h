@@ -2,13 +2,36 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <cstring>
+#include <filesystem>
+#include <fstream>
+#include <functional>
+#include <iterator>
+#include <limits>
+#include <map>
+#include <memory>
+#include <numbers>
+#include <numeric>
+#include <optional>
+#include <random>
+#include <set>
+#include <span>
 #include <sstream>
 #include <string>
+#include <tuple>
+#include <utility>
 #include <vector>
 
+#include "HostModel.h"
 #include "skyframe/platform/HeadlessPlatform.h"
 
 namespace skyframe::test {
+
+using Strings = std::vector<std::string>;
+using Steps = std::vector<DialogStep>;
 
 /// Headless platform in force for the life of the object; its streams are kept in strings.
 class CTestPlatform {

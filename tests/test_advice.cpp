@@ -1,10 +1,4 @@
-#include <gtest/gtest.h>
-
-#include <cmath>
-#include <functional>
-#include <sstream>
-
-#include "HostModel.h"
+#include "TestPlatform.h"
 #include "skyframe/connect/Findings.h"
 #include "skyframe/connect/Inquiries.h"
 #include "skyframe/run/DataDirectory.h"

@@ -1,16 +1,5 @@
-#include <gtest/gtest.h>
-
 #include <sys/stat.h>
 #include <unistd.h>
-
-#include <cmath>
-#include <filesystem>
-#include <fstream>
-#include <memory>
-#include <sstream>
-#include <string>
-#include <tuple>
-#include <vector>
 
 #include "FullDisk.h"
 #include "TestPlatform.h"

@@ -1,9 +1,6 @@
 // Design spectrum: tables, damping corrections, the four segments and their ends, order of the checks.
 
-#include <gtest/gtest.h>
-
-#include <cmath>
-
+#include "TestPlatform.h"
 #include "skyframe/modal/DesignSpectrum.h"
 
 namespace skyframe::test {

@@ -1,12 +1,3 @@
-#include <gtest/gtest.h>
-
-#include <algorithm>
-#include <memory>
-#include <set>
-#include <string>
-#include <tuple>
-#include <vector>
-
 #include "../platform/src/ScriptedView.h"
 #include "DialogTesting.h"
 #include "skyframe/dialogs/LoadCombDlg.h"
@@ -15,13 +6,8 @@
 #include "skyframe/dialogs/Templates.h"
 #include "skyframe/hostdata/HostData.h"
 
-namespace skyframe {
+namespace skyframe::test {
 namespace {
-
-using test::Dialogs;
-using test::ExpectControls;
-using test::Steps;
-using test::Strings;
 
 // ---- Templates -------------------------------------------------------------------------------------------------
 
@@ -123,8 +109,7 @@ TEST(Templates, TextsOfTheModalStaticAndCombinationDialogs) {
                   {16059, Button, "荷载组合"},
                   {1, DefaultButton, "OK"},
                   {2, Button, "Cancel"}});
-  EXPECT_EQ(test::GetItems(c_nonlinStaticTemplate, 16090),
-            (Strings{"绝对值力", "绝对值位移", "相对值力", "相对值位移"}));
+  EXPECT_EQ(GetItems(c_nonlinStaticTemplate, 16090), (Strings{"绝对值力", "绝对值位移", "相对值力", "相对值位移"}));
   ExpectControls(c_loadCombTemplate, 16002, "荷载组合",
                  {{16039, ListBox, ""},
                   {16041, ListBox, ""},
@@ -154,7 +139,7 @@ TEST_F(Dialogs, ModalSettingsComeFromTheRecordAndReturn) {
                            EXPECT_EQ(view.GetText(16003), "1e-16") << "the accuracy always starts anew";
                            EXPECT_TRUE(view.GetCheck(16002) && view.GetCheck(16005));
                          }),
-                         test::ExpectText(16000, "25"), test::ExpectText(16004, "4"), DialogStep::Type(16000, "12"),
+                         ExpectText(16000, "25"), ExpectText(16004, "4"), DialogStep::Type(16000, "12"),
                          DialogStep::Choose(16001), DialogStep::Type(16003, "1e-10"), DialogStep::Type(16004, "8"),
                          DialogStep::Tick(16005, false), DialogStep::Ok()}),
             c_nIdOk);
@@ -199,9 +184,9 @@ TEST_F(Dialogs, StaticSettingsStartFromTheirDefaults) {
                            EXPECT_EQ(view.GetCurrent(16090), 0);
                            EXPECT_TRUE(view.GetCheck(16063));
                          }),
-                         test::ExpectText(16092, "20"), test::ExpectText(16091, "0.1"),
-                         DialogStep::ChooseItem(16090, "相对值位移"), DialogStep::Type(16092, "50"),
-                         DialogStep::Type(16091, "1e-6"), DialogStep::Tick(16063, false), DialogStep::Ok()}),
+                         ExpectText(16092, "20"), ExpectText(16091, "0.1"), DialogStep::ChooseItem(16090, "相对值位移"),
+                         DialogStep::Type(16092, "50"), DialogStep::Type(16091, "1e-6"), DialogStep::Tick(16063, false),
+                         DialogStep::Ok()}),
             c_nIdOk);
   EXPECT_EQ(std::tuple(dialog.m_nCriterion, dialog.m_nMaxIter, dialog.m_dTolerance, dialog.m_bNonlinear),
             std::tuple(3, 50, 1.0e-6, 0));
@@ -311,4 +296,4 @@ TEST_F(Dialogs, ButtonsOpenTheCombinationAndOnlyOkTakesItOver) {
 }
 
 }  // namespace
-}  // namespace skyframe
+}  // namespace skyframe::test

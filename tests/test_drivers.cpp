@@ -1,21 +1,6 @@
 // The modal and spectrum drivers: elapsed time, renumbering bracket, parameters, early ends.
 
-#include <gtest/gtest.h>
-
-#include <algorithm>
-#include <cmath>
-#include <cstring>
-#include <functional>
-#include <iterator>
-#include <limits>
-#include <numeric>
-#include <random>
-#include <span>
-#include <sstream>
-
-#include "HostModel.h"
 #include "ModalModels.h"
-#include "TestPlatform.h"
 #include "skyframe/connect/ModeConnect.h"
 #include "skyframe/model/AnalysisModel.h"
 
@@ -101,7 +86,7 @@ TEST(Drivers, ReportTheTimeOnTheWall) {
     // The clock is read at the start and the end of the analysis, and once for the file's date line.
     run.platform->SetClock({c.start, c.start, c.end});
     run.RunModal();
-    EXPECT_EQ(run.platform.GetMessages(), std::vector<std::string>{c.pMessage});
+    EXPECT_EQ(run.platform.GetMessages(), Strings{c.pMessage});
     EXPECT_TRUE(run.job.Has(".mode"));
   }
 }
@@ -135,7 +120,7 @@ TEST(Drivers, RenumberingLeavesNoTrace) {
     *pBefore = ABCD;
     run.platform->Clear();
     run.RunModal();
-    EXPECT_EQ(run.platform.GetMessages(), std::vector<std::string>{pMessage});
+    EXPECT_EQ(run.platform.GetMessages(), Strings{pMessage});
     EXPECT_TRUE(unchanged());
   }
 }
@@ -237,7 +222,7 @@ TEST(Drivers, SpectrumEndsEarly) {
   CDriverRun run;
   EXPECT_EQ(CModeConnect::OnAnsysSpectrum(), 0);  // no script: cancelled
   run.RunSpectrum();
-  EXPECT_EQ(run.platform.GetMessages(), std::vector<std::string>{"模态文件访问出错,计算终止!"});
+  EXPECT_EQ(run.platform.GetMessages(), Strings{"模态文件访问出错,计算终止!"});
   run.RunModal();
   run.job.Write(".spec", "older result");
   // A mesh of 21 becomes 22; the vector has no direction; intensity 6 has no rare earthquake.

@@ -1,16 +1,9 @@
-#include <algorithm>
-#include <cmath>
-#include <functional>
-#include <memory>
-#include <numbers>
-#include <random>
-
 #include "TestPlatform.h"
 #include "skyframe/model/BeamElement.h"
 #include "skyframe/model/HingedBeams.h"
 #include "skyframe/model/TrussElement.h"
 
-namespace skyframe {
+namespace skyframe::test {
 namespace {
 
 using Values = std::vector<double>;
@@ -113,7 +106,7 @@ class ElementTest : public testing::Test {
     return all;
   }
 
-  test::CTestPlatform m_platform;
+  CTestPlatform m_platform;
   CNodeTable m_nodes;
   MaterialList m_materials;
 };
@@ -602,4 +595,4 @@ TEST(Material, LinesDifferInTheKindAndTheBaseTakesItsSecondValueForTheUnitWeight
 }
 
 }  // namespace
-}  // namespace skyframe
+}  // namespace skyframe::test

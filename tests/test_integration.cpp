@@ -1,18 +1,12 @@
 // Direct integration: constants, order and energy of the schemes, whole runs on the analysis model.
 
-#include <cmath>
-#include <numbers>
-#include <optional>
-#include <tuple>
-
-#include "HostModel.h"
 #include "TestPlatform.h"
 #include "skyframe/history/GroundMotion.h"
 #include "skyframe/history/Integrators.h"
 #include "skyframe/history/NonlinearNewmark.h"
 #include "skyframe/model/AnalysisModel.h"
 
-namespace skyframe {
+namespace skyframe::test {
 namespace {
 
 TEST(Rayleigh, Coefficients) {
@@ -140,11 +134,11 @@ TEST(Schemes, TrapezoidalRuleKeepsTheEnergy) {
 }
 
 TEST(Schemes, SingularSystemEndsTheRun) {
-  test::CTestPlatform platform;
+  CTestPlatform platform;
   SparseMatrix zero = MakeScalar(0.0);
   const CRowMatrix rows(zero, 1);
   EXPECT_FALSE(CNewmarkIntegrator(NewmarkConstants(0.25, 0.5, 0.1), rows, rows, zero).StepForce(std::vector{1.0}));
-  EXPECT_EQ(platform.GetMessages(), std::vector<std::string>{"结构几何可变"});
+  EXPECT_EQ(platform.GetMessages(), Strings{"结构几何可变"});
 }
 
 TEST(IterationTests, Criteria) {
@@ -216,20 +210,20 @@ class TimeHistory : public testing::Test {
   /// A bar along X, free in X at node 2: k = 1.03e9 (A / 0.01 m2) N/m; 100 kN of load that counts as mass.
   void MakeBar(double dArea = 10000.0) {
     m_host.SetSection(1, 2, dArea);
-    m_host.AddNode(0, 0, 0, test::c_nPinned, "111000");
-    m_host.AddNode(2, 0, 0, test::c_nPinned, "011000");
-    m_host.AddElement(test::c_nBar, 1, 2);
+    m_host.AddNode(0, 0, 0, c_nPinned, "111000");
+    m_host.AddNode(2, 0, 0, c_nPinned, "011000");
+    m_host.AddElement(c_nBar, 1, 2);
     m_host.AddLoad(0, 2, c_nDofZ, 100.0);
   }
 
   /// Two bars to an apex 1 m above the supports, half-span 4 m, EA = 2.06e8 N.
   void MakeArch() {
     m_host.SetSection(1, 2, 1000.0);
-    m_host.AddNode(-4, 0, 0, test::c_nPinned, "111000");
-    m_host.AddNode(0, 0, 1, test::c_nPinned, "010000");
-    m_host.AddNode(4, 0, 0, test::c_nPinned, "111000");
-    m_host.AddElement(test::c_nBar, 1, 2);
-    m_host.AddElement(test::c_nBar, 3, 2);
+    m_host.AddNode(-4, 0, 0, c_nPinned, "111000");
+    m_host.AddNode(0, 0, 1, c_nPinned, "010000");
+    m_host.AddNode(4, 0, 0, c_nPinned, "111000");
+    m_host.AddElement(c_nBar, 1, 2);
+    m_host.AddElement(c_nBar, 3, 2);
   }
 
   /// A new model; iterations by the relative force.
@@ -246,19 +240,19 @@ class TimeHistory : public testing::Test {
     return m_model->m_history.values[nQuantity][k][nColumn];
   }
 
-  test::CTestPlatform m_platform;
-  test::CHostModel m_host;
-  const test::CJobFolder m_folder{"integration"};
+  CTestPlatform m_platform;
+  CHostModel m_host;
+  const CJobFolder m_folder{"integration"};
   std::optional<CAnalysisModel> m_model;
 };
 
 TEST_F(TimeHistory, StaticLoadsBecomeMass) {
   m_host.SetSection(1, 2, 10000.0, 1e8, 1e8, 1e8);
-  m_host.AddNode(0, 0, 0, test::c_nRigid, "111111");
+  m_host.AddNode(0, 0, 0, c_nRigid, "111111");
   m_host.AddNode(2, 0, 0);
-  m_host.AddNode(4, 0, 0, test::c_nPinned, "001000");
-  m_host.AddElement(test::c_nBeam, 1, 2);
-  m_host.AddElement(test::c_nBar, 2, 3);
+  m_host.AddNode(4, 0, 0, c_nPinned, "001000");
+  m_host.AddElement(c_nBeam, 1, 2);
+  m_host.AddElement(c_nBar, 2, 3);
   m_host.AddLoad(0, 2, c_nDofZ, 3.0);
   m_host.AddLoad(0, 2, c_nDofX, 50.0);  // only vertical loads count
   m_host.AddLoad(1, 2, c_nDofZ, 4.0);
@@ -358,12 +352,12 @@ TEST_F(TimeHistory, OneBarUnderElCentroAgainstPiecewiseExactIntegration) {
 
 TEST_F(TimeHistory, SmallNonlinearRunIsTheLinearOne) {
   m_host.SetSection(1, 2, 6000.0, 5e6, 2e7, 4e7);
-  m_host.AddNode(0, 0, 0, test::c_nRigid, "111111");
+  m_host.AddNode(0, 0, 0, c_nRigid, "111111");
   m_host.AddNode(0.2, 0.1, 3);
   m_host.AddNode(4, 0, 3.1);
-  m_host.AddNode(4, 0.3, 0, test::c_nPinned, "111000");
-  for (const int n : {1, 2, 3}) m_host.AddElement(test::c_nBeam, n, n + 1);
-  m_host.AddElement(test::c_nBar, 1, 3);
+  m_host.AddNode(4, 0.3, 0, c_nPinned, "111000");
+  for (const int n : {1, 2, 3}) m_host.AddElement(c_nBeam, n, n + 1);
+  m_host.AddElement(c_nBar, 1, 3);
   WriteModes({60.0, 200.0});
   m_folder.Write("_Tacc.txt", "1 -3 2 5 -4 1 0 2 -1 -2 3 1");
   HistorySet histories[2];
@@ -448,8 +442,8 @@ TEST_F(TimeHistory, ArchStaysOnItsPathUnderSlowLoad) {
 
 TEST_F(TimeHistory, NoStepsAndNoFreeEquations) {
   m_host.SetSection(1, 2, 100.0);
-  for (const double dX : {0.0, 1.0}) m_host.AddNode(dX, 0, 0, test::c_nPinned, "111000");
-  m_host.AddElement(test::c_nBar, 1, 2);
+  for (const double dX : {0.0, 1.0}) m_host.AddNode(dX, 0, 0, c_nPinned, "111000");
+  m_host.AddElement(c_nBar, 1, 2);
   WriteModes({500.0, 5000.0});
   for (const int nAssumption : {0, 1}) {
     for (const double dt : {0.01, -1.0}) {
@@ -477,7 +471,7 @@ TEST_F(TimeHistory, Findings) {
   };
   const HistoryFindings& linear = run(0);
   EXPECT_EQ(linear.status, RunStatus::Done);
-  EXPECT_EQ(linear.files, std::vector<std::string>{m_folder.GetPath("_HisTime.txt")});
+  EXPECT_EQ(linear.files, Strings{m_folder.GetPath("_HisTime.txt")});
   EXPECT_EQ(std::tie(linear.nMethod, linear.bGroundMotion, linear.nSteps, linear.nStepsDone, linear.dTimeStep),
             std::tuple(1, true, 5, 5, 0.01));
   EXPECT_EQ(std::tie(linear.nBadQuantity, linear.nBadStep, linear.nBadNumber), std::tuple(c_nHistoryX, 1, 2));
@@ -561,4 +555,4 @@ TEST_F(TimeHistory, FailuresLeaveEverythingAsItWas) {
 }
 
 }  // namespace
-}  // namespace skyframe
+}  // namespace skyframe::test

@@ -1,14 +1,6 @@
 // The mode file: exact text, round trip, both readers' checks in their order, damaged files.
 
-#include <gtest/gtest.h>
-
-#include <array>
-#include <iterator>
-#include <sstream>
-
-#include "HostModel.h"
 #include "ModalModels.h"
-#include "TestPlatform.h"
 #include "skyframe/modal/ModeFile.h"
 
 namespace skyframe::test {
@@ -62,7 +54,7 @@ TEST(ModeFile, TextIsExact) {
   EXPECT_EQ(bar.folder.List().size(), 1U);
   EXPECT_EQ(c_dHertzPerRadian, 0.15915494580678602);  // Deliberate: 1 / 6.2831852
   bar.model.SolveModes(bar.folder.GetJobPath() + "/no/such/folder", 0, true);
-  EXPECT_EQ(bar.platform.GetMessages(), std::vector<std::string>{c_pAccess});
+  EXPECT_EQ(bar.platform.GetMessages(), Strings{c_pAccess});
 }
 
 TEST(ModeFile, LinesFollowTheHostOrderBeforeRenumbering) {
@@ -191,7 +183,7 @@ TEST(ModeFile, DamagedFilesGetTheirMessage) {
       const char* const pMessage = bFull ? c.pFull : c.pFrequencies;
       const bool bRead = bFull ? bar.model.ReadModeFile(strPath) : bar.model.ReadModeFrequencies(strPath);
       EXPECT_EQ(bRead, pMessage == nullptr);
-      EXPECT_EQ(bar.platform.GetMessages(), pMessage ? std::vector<std::string>{pMessage} : std::vector<std::string>{});
+      EXPECT_EQ(bar.platform.GetMessages(), pMessage ? Strings{pMessage} : Strings{});
       EXPECT_EQ(bar.model.m_bValid, bFull && bRead);
       EXPECT_EQ(bar.model.ModesSolved, bFull && bRead ? 1 : 0);
     }
@@ -210,7 +202,7 @@ TEST(ModeFile, CountMismatchComesBeforeTheStreamState) {
     model.BuildModelForModes(false);
     folder.Write(".mode", std::string("The_Data_of_Zan's_Mode_Analysis d t v ") + pCounts);
     EXPECT_FALSE(model.ReadModeFrequencies(folder.GetJobPath()));
-    EXPECT_EQ(platform.GetMessages(), std::vector<std::string>{pMessage}) << pCounts;
+    EXPECT_EQ(platform.GetMessages(), Strings{pMessage}) << pCounts;
   }
 }
 

@@ -1,25 +1,11 @@
-#include <gtest/gtest.h>
-
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include <array>
 #include <bit>
-#include <cmath>
-#include <cstdio>
-#include <filesystem>
-#include <functional>
 #include <iostream>
-#include <limits>
-#include <optional>
-#include <random>
-#include <sstream>
-#include <string>
-#include <vector>
 
 #include "FullDisk.h"
-#include "HostModel.h"
 #include "TestPlatform.h"
 #include "skyframe/platform/Dialog.h"
 #include "skyframe/platform/HeadlessPlatform.h"
@@ -28,15 +14,10 @@
 #include "skyframe/platform/PaintContext.h"
 #include "skyframe/values/Findings.h"
 
-namespace skyframe {
+namespace skyframe::test {
 namespace {
 
 namespace fs = std::filesystem;
-using test::CFullDisk;
-using test::CJobFolder;
-using test::CTestPlatform;
-using Strings = std::vector<std::string>;
-using Steps = std::vector<DialogStep>;
 
 // ---- Numbers as text -------------------------------------------------------------------------------------------
 
@@ -586,4 +567,4 @@ TEST(Paint, SvgIsTheExactDocument) {
 }
 
 }  // namespace
-}  // namespace skyframe
+}  // namespace skyframe::test

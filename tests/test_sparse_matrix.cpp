@@ -1,26 +1,13 @@
-#include <gtest/gtest.h>
-
-#include <cmath>
-#include <functional>
-#include <limits>
-#include <random>
-#include <string>
-#include <tuple>
-#include <vector>
-
 #include "TestPlatform.h"
 #include "reference_skyline.h"
 #include "skyframe/numeric/SkylineKernel.h"
 #include "skyframe/numeric/SparseMatrix.h"
 #include "skyframe/numeric/TallColumns.h"
 
-namespace skyframe {
+namespace skyframe::test {
 namespace {
 
 using skyline::VectorUnit;
-using test::CTestPlatform;
-using test::RandomSkyline;
-using test::Skyline;
 
 using Vector = std::vector<double>;
 using Messages = std::vector<std::string>;
@@ -380,8 +367,8 @@ void TrimAtRandom(Skyline& A, std::mt19937& random) {
 void CompareWithTextbook(const Skyline& A, int n, VectorUnit unit, std::mt19937& random) {
   Skyline expected = A, actual = A;
   Vector d(Index(n)), dExpected(Index(n)), x = RandomVector(n, random), xExpected = x;
-  test::ReferenceFactorise(expected, n, dExpected);
-  test::ReferenceSolve(expected, n, dExpected, xExpected);
+  ReferenceFactorise(expected, n, dExpected);
+  ReferenceSolve(expected, n, dExpected, xExpected);
   const skyline::Profile profile{std::span<const int>(actual.diag).first(Index(n)),
                                  std::span<const int>(actual.height).first(Index(n))};
   skyline::FactoriseLdlt(profile, actual.values.data(), d, unit);
@@ -402,7 +389,7 @@ void CompareWithTextbook(const Skyline& A, int n, VectorUnit unit, std::mt19937&
   Vector B = RandomVector(n * nColumns, random), BExpected;
   for (int c = 0; c < nColumns; ++c) {
     Vector b(B.begin() + c * n, B.begin() + (c + 1) * n);
-    test::ReferenceSolve(expected, n, dExpected, b);
+    ReferenceSolve(expected, n, dExpected, b);
     BExpected.insert(BExpected.end(), b.begin(), b.end());
   }
   skyline::SolveColumns(profile, actual.values.data(), d, B, nColumns, unit);
@@ -459,4 +446,4 @@ INSTANTIATE_TEST_SUITE_P(Units, SkylineKernel,
                          [](const auto& unit) { return std::to_string(static_cast<int>(unit.param)); });
 
 }  // namespace
-}  // namespace skyframe
+}  // namespace skyframe::test

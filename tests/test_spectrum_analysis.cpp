@@ -1,20 +1,6 @@
 // Modal combination, and the spectrum analysis from the mode file to the ".spec" file.
 
-#include <gtest/gtest.h>
-
-#include <algorithm>
-#include <array>
-#include <cmath>
-#include <cstdio>
-#include <functional>
-#include <iterator>
-#include <numeric>
-#include <sstream>
-#include <tuple>
-
-#include "HostModel.h"
 #include "ModalModels.h"
-#include "TestPlatform.h"
 #include "skyframe/modal/DesignSpectrum.h"
 #include "skyframe/modal/ModalCombination.h"
 

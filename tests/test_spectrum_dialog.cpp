@@ -1,36 +1,26 @@
-#include <gtest/gtest.h>
-
-#include <array>
-#include <utility>
-#include <vector>
-
 #include "DialogTesting.h"
 #include "skyframe/dialogs/SpectrumDlg.h"
 #include "skyframe/dialogs/Templates.h"
 
-namespace skyframe {
+namespace skyframe::test {
 namespace {
-
-using test::Dialogs;
-using test::Steps;
-using test::Strings;
 
 constexpr std::array<int, 6> c_intensities = {16010, 16049, 16047, 16011, 16048, 16012};
 
 TEST(SpectrumTemplate, TextsAndRadioOrder) {
   using enum ControlKind;
-  const std::vector<test::ExpectedControl> controls = {{16127, DropList, "保存为"},
-                                                       {16009, Edit, "网格划分:"},
-                                                       {16006, Edit, "扩展模态:"},
-                                                       {16022, Edit, "x向:"},
-                                                       {16028, Edit, "y向:"},
-                                                       {16029, Edit, "z向:"},
-                                                       {16007, Edit, "阻尼率:"},
-                                                       {16051, Edit, "地震拟静力荷载序号"},
-                                                       {16050, Check, "是否组合虚拟模态"},
-                                                       {16030, Button, "设定荷载代表值"}};
-  test::ExpectControls(c_spectrumTemplate, 16001, "谱分析", controls);
-  EXPECT_EQ(test::GetItems(c_spectrumTemplate, 16127),
+  const std::vector<ExpectedControl> controls = {{16127, DropList, "保存为"},
+                                                 {16009, Edit, "网格划分:"},
+                                                 {16006, Edit, "扩展模态:"},
+                                                 {16022, Edit, "x向:"},
+                                                 {16028, Edit, "y向:"},
+                                                 {16029, Edit, "z向:"},
+                                                 {16007, Edit, "阻尼率:"},
+                                                 {16051, Edit, "地震拟静力荷载序号"},
+                                                 {16050, Check, "是否组合虚拟模态"},
+                                                 {16030, Button, "设定荷载代表值"}};
+  ExpectControls(c_spectrumTemplate, 16001, "谱分析", controls);
+  EXPECT_EQ(GetItems(c_spectrumTemplate, 16127),
             (Strings{"X向水平地震", "Y向水平地震", "Z向竖向地震", "斜向水平地震"}));
   const std::pair<std::vector<int>, Strings> groups[] = {
       {{16015, 16016, 16017, 16018}, {"Ⅰ类", "Ⅱ类", "Ⅲ类", "Ⅳ类"}},
@@ -77,7 +67,7 @@ TEST_F(Dialogs, SpectrumOkStoresEverythingAndTheNextOneShowsIt) {
                EXPECT_EQ(view.GetCurrent(16127), 0) << "always the first item";
                EXPECT_FALSE(view.GetCheck(16050));
              }),
-             test::ExpectEnabled({16009, 16030}, {16050, 16051, 16127}), DialogStep::Cancel()});
+             ExpectEnabled({16009, 16030}, {16050, 16051, 16127}), DialogStep::Cancel()});
   EXPECT_EQ(next.m_dDesignAcceleration, 0.123);
 }
 
@@ -122,4 +112,4 @@ TEST_F(Dialogs, SpectrumLoadValuesAreChosenAnewEveryTime) {
 }
 
 }  // namespace
-}  // namespace skyframe
+}  // namespace skyframe::test

@@ -1,18 +1,6 @@
 // Static analysis through the entry point with its dialogs: closed forms, equilibrium, result files,
 // failures.
 
-#include <gtest/gtest.h>
-
-#include <algorithm>
-#include <array>
-#include <cmath>
-#include <map>
-#include <numbers>
-#include <random>
-#include <sstream>
-#include <utility>
-
-#include "HostModel.h"
 #include "TestPlatform.h"
 #include "skyframe/connect/ModeConnect.h"
 #include "skyframe/model/AnalysisModel.h"
@@ -330,7 +318,7 @@ TEST(StaticNonlinear, StopsByItsCriterion) {
     const std::vector<int> loads = c.bLoaded ? std::vector<int>{0} : std::vector<int>{};
     RunStatic(platform, {true, loads, c.nCriterion, c.pTolerance, c.pMaxIter});
     const std::vector<std::string> noConvergence = {"在给定的迭代步内计算不收敛！\n请增加最大迭代步数！"};
-    EXPECT_EQ(platform.GetMessages(), c.bConverges ? std::vector<std::string>{} : noConvergence);
+    EXPECT_EQ(platform.GetMessages(), c.bConverges ? Strings{} : noConvergence);
     EXPECT_EQ(job.Read(c_pNonlinear) == "older result", !c.bConverges);
     EXPECT_EQ(job.List().size(), 1U);  // no temporary file is left
   }
@@ -377,8 +365,7 @@ TEST(StaticNonlinear, WatchesForRunaways) {
     const CJobFolder job("runaway");
     RunStatic(platform, {.bNonlinear = true, .nCriterion = 1, .strTolerance = "1e30", .strMaxIter = "1"});
     if (dSign > 0.0) {
-      EXPECT_EQ(platform.GetMessages(),
-                std::vector<std::string>{"节点2的X向超过限定值1.0e10!\n结构几何可变，请检查！"});
+      EXPECT_EQ(platform.GetMessages(), Strings{"节点2的X向超过限定值1.0e10!\n结构几何可变，请检查！"});
       EXPECT_FALSE(job.Has(c_pNonlinear));
       CAnalysisModel model;
       Solve(model, job, true);
@@ -417,7 +404,7 @@ TEST(StaticFailures, UnstableStructuresAreRefused) {
     RunStatic(platform);
     CAnalysisModel model;
     Solve(model, job, true);
-    EXPECT_EQ(platform.GetMessages(), (std::vector<std::string>{"结构几何可变", "结构几何可变"}));
+    EXPECT_EQ(platform.GetMessages(), (Strings{"结构几何可变", "结构几何可变"}));
     EXPECT_TRUE(job.Has(c_pLinear));
     EXPECT_EQ(job.Read(c_pLinear), "");  // opened first, left empty
     EXPECT_FALSE(job.Has(c_pNonlinear));
@@ -431,7 +418,7 @@ TEST(StaticFailures, NothingHappensWithoutAModelOrAfterCancel) {
   CHostModel host;
   const CJobFolder job("nothing");
   RunStatic(platform);
-  EXPECT_EQ(platform.GetMessages(), std::vector<std::string>{"缺少节点!"});
+  EXPECT_EQ(platform.GetMessages(), Strings{"缺少节点!"});
   CAnalysisModel model;
   Solve(model, job, true);
   EXPECT_EQ(model.m_staticFindings.status, RunStatus::Refused);

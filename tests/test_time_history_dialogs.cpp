@@ -1,11 +1,3 @@
-#include <gtest/gtest.h>
-
-#include <array>
-#include <cmath>
-#include <sstream>
-#include <string>
-#include <vector>
-
 #include "DialogTesting.h"
 #include "skyframe/dialogs/DynOptionDlg.h"
 #include "skyframe/dialogs/EarthquakeDlg.h"
@@ -15,14 +7,8 @@
 #include "skyframe/dialogs/Templates.h"
 #include "skyframe/dialogs/WilsonDlg.h"
 
-namespace skyframe {
+namespace skyframe::test {
 namespace {
-
-using test::Dialogs;
-using test::ExpectEnabled;
-using test::ExpectText;
-using test::Steps;
-using test::Strings;
 
 /// Number and title, then every control in its order: kind, identifier, text, items.
 std::string Describe(const DialogTemplate& layout) {
@@ -246,4 +232,4 @@ TEST_F(Dialogs, AnObliqueDirectionWithoutLengthKeepsTheCosines) {
 }
 
 }  // namespace
-}  // namespace skyframe
+}  // namespace skyframe::test

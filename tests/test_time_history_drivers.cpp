@@ -1,14 +1,5 @@
 // The time-history and viewer drivers through their dialogs, against the same runs on the model.
 
-#include <gtest/gtest.h>
-
-#include <cmath>
-#include <functional>
-#include <sstream>
-#include <tuple>
-#include <utility>
-
-#include "HostModel.h"
 #include "TestPlatform.h"
 #include "skyframe/connect/Histories.h"
 #include "skyframe/connect/ModeConnect.h"
@@ -65,7 +56,6 @@ void FillFrame(CHostModel& host) {
   ABCD.m_nLoadCases = 1;
 }
 
-using Steps = std::vector<DialogStep>;
 using Fields = std::vector<std::pair<int, std::string>>;
 
 Steps Join(Steps steps, const Fields& fields, const Steps& last = {}) {
@@ -246,7 +236,7 @@ TEST(TimeHistoryDrivers, EverySettingOfTheDialogsReachesTheRun) {
     RunModal(platform);
     COMDYN.m_bNonlinear = 7;
     EXPECT_EQ(RunDriver(platform, run), 1);
-    EXPECT_EQ(platform->GetScriptErrors(), std::vector<std::string>{});
+    EXPECT_EQ(platform->GetScriptErrors(), Strings{});
     EXPECT_FALSE(platform->HasUnusedScripts());
     EXPECT_TRUE(platform.GetMessages().empty());
     for (std::size_t q = 0; q < c_nHistoryQuantities; ++q) {

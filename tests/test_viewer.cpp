@@ -1,13 +1,11 @@
 // Result viewer: the picture call by call, and the dialog.
 
-#include <limits>
-
 #include "DialogTesting.h"
 #include "skyframe/dialogs/HisResultDlg.h"
 #include "skyframe/history/HistoryPlot.h"
 #include "skyframe/platform/PaintContext.h"
 
-namespace skyframe {
+namespace skyframe::test {
 namespace {
 
 HistorySet MakeHistory(const std::vector<double>& values, double dTimeStep = 0.5, int nQuantity = c_nHistoryX) {
@@ -69,7 +67,7 @@ TEST(ViewerPlot, EveryCall) {
 TEST(ViewerPlot, ForcesAreInKilonewtons) {
   const auto items = Paint(MakeHistory({-2500.0, 1000.0}, 10.0, c_nHistoryForce), c_nHistoryForce);
   EXPECT_EQ(items[3].points, (std::vector<PaintPoint>{{250, 155}, {450, 280}, {650, 105}}));
-  EXPECT_EQ(GetTexts(items), (std::vector<std::string>{"0", "5", "10", "15", "20", "2.50e+00", "-2.50e+00"}));
+  EXPECT_EQ(GetTexts(items), (Strings{"0", "5", "10", "15", "20", "2.50e+00", "-2.50e+00"}));
 }
 
 TEST(ViewerPlot, Scale) {
@@ -129,7 +127,7 @@ class ViewerDialog : public testing::Test {
     EXPECT_TRUE(m_platform->GetScriptErrors().empty());
   }
 
-  test::CTestPlatform m_platform;
+  CTestPlatform m_platform;
   CFakeHistories m_histories;
 };
 
@@ -145,7 +143,7 @@ TEST_F(ViewerDialog, RefreshShowsAndOutputWritesTheSelection) {
        DialogStep::Click(c_nIdRefresh), DialogStep::Click(c_nIdOutput), DialogStep::Ok()});
   EXPECT_EQ(m_histories.m_plotted.back(), (HistorySelection{true, 3, 0}));
   EXPECT_EQ(m_histories.m_written, (std::vector<HistorySelection>{{false, 1, 0}, {true, 3, 0}}));
-  EXPECT_EQ(m_platform.GetMessages(), std::vector<std::string>{"结果文件无法写入!"});
+  EXPECT_EQ(m_platform.GetMessages(), Strings{"结果文件无法写入!"});
 }
 
 TEST_F(ViewerDialog, NumbersThatTheModelDoesNotHave) {
@@ -168,13 +166,13 @@ TEST_F(ViewerDialog, NumbersThatTheModelDoesNotHave) {
 
 TEST(ViewerTemplate, LeavesRoomForThePlot) {
   using enum ControlKind;
-  test::ExpectControls(c_hisResultTemplate, 16006, "时程计算结果输出",
-                       {{c_nIdNodeHistory, Radio, "节点位移(mm)"},
-                        {c_nIdElementHistory, Radio, "单元轴力(kN)"},
-                        {c_nIdHistoryNode, Edit, "节点号码"},
-                        {c_nIdHistoryElement, Edit, "单元号码"},
-                        {c_nIdRefresh, Button, "刷 新"},
-                        {c_nIdOutput, Button, "输出到文件"}});
+  ExpectControls(c_hisResultTemplate, 16006, "时程计算结果输出",
+                 {{c_nIdNodeHistory, Radio, "节点位移(mm)"},
+                  {c_nIdElementHistory, Radio, "单元轴力(kN)"},
+                  {c_nIdHistoryNode, Edit, "节点号码"},
+                  {c_nIdHistoryElement, Edit, "单元号码"},
+                  {c_nIdRefresh, Button, "刷 新"},
+                  {c_nIdOutput, Button, "输出到文件"}});
   for (const ControlTemplate& control : c_hisResultTemplate.controls) {
     EXPECT_LT(1.9 * (control.rect.nX + control.rect.nWidth), 170.0);  // pixels at most
   }
@@ -183,4 +181,4 @@ TEST(ViewerTemplate, LeavesRoomForThePlot) {
 }
 
 }  // namespace
-}  // namespace skyframe
+}  // namespace skyframe::test
