@@ -226,22 +226,6 @@ TEST_F(AdviceOnRuns, RecordOfZerosAndTheHistoryThatStays) {
   EXPECT_NE(outcome.advice[2][0].strText.find("Newmark, linear, 50 steps of 0.02 s, finished "), std::string::npos);
 }
 
-/// The base shear stands in the file: support forces of the run, whatever combination the modal run had.
-TEST_F(AdviceOnRuns, BaseShearBelongsToTheFile) {
-  Job job = MakePortal();
-  job.elements.resize(1);  // a mast, one support
-  for (const JobCombination& combination : {c_dead, JobCombination{{0, 0.5}}, JobCombination{}}) {
-    job.analyses = {MakeModal(4), MakeSpectrum(4, combination)};
-    EXPECT_TRUE(Run(job).bGood) << m_strErr;
-    std::istringstream strm(m_folder.Read(".spec"));
-    for (std::string strWord; strWord != "Support:";) strm >> strWord;
-    double dNode = 0.0, dForce = 0.0;
-    strm >> dNode >> dForce;
-    EXPECT_NEAR(GetSpectrumFindings().baseShear[0], dForce, 1e-5 * dForce);
-    EXPECT_GT(dForce, 0.0);
-  }
-}
-
 /// The inquiries against what is known of two equal masts of one element.
 TEST_F(AdviceOnRuns, Inquiries) {
   Job job = MakePortal();

@@ -1,6 +1,7 @@
 // The modal and spectrum drivers: elapsed time, renumbering bracket, parameters, early ends.
 
 #include "ModalModels.h"
+#include "skyframe/connect/Findings.h"
 #include "skyframe/connect/ModeConnect.h"
 #include "skyframe/model/AnalysisModel.h"
 
@@ -62,13 +63,6 @@ struct CDriverRun {
   }
 };
 
-/// Combined displacements of a ".spec" file: number and values, node by node.
-std::vector<double> ReadNodeDisplacements(const std::string& strText) {
-  const std::size_t nBegin = strText.find("Node_Dis:") + 9;
-  std::istringstream words(strText.substr(nBegin, strText.find("Force:") - nBegin));
-  return {std::istream_iterator<double>(words), std::istream_iterator<double>()};
-}
-
 TEST(Drivers, ReportTheTimeOnTheWall) {
   const struct {
     LocalTime start;
@@ -129,19 +123,17 @@ TEST(Drivers, SpectrumIsTheSameUnderAnyNumbering) {
   CDriverRun run;
   run.RunModal();
   run.RunSpectrum();
-  const auto renumbered = ReadNodeDisplacements(run.job.Read(".spec"));
+  const std::vector<NodeValues> renumbered = GetSpectrumFindings().displacements;
 
   CAnalysisModel model;  // the host's own numbering throughout
   model.BuildModelForModes(false);
   model.m_nModes = 6;
   model.SolveModes(run.job.GetJobPath(), 0, false);
   run.RunSpectrum();
-  const auto identical = ReadNodeDisplacements(run.job.Read(".spec"));
-
-  ASSERT_EQ(renumbered.size(), 36U * 7U + 2U * 4U);
-  ASSERT_EQ(identical.size(), renumbered.size());
-  EXPECT_GT(identical[1] + identical[8], 1e-5);
-  for (std::size_t i = 0; i < identical.size(); ++i) EXPECT_NEAR(renumbered[i], identical[i], 1e-6) << i;
+  const std::vector<NodeValues>& identical = GetSpectrumFindings().displacements;
+  ASSERT_EQ(renumbered.size(), 38U);
+  EXPECT_GT(identical[0][0] + identical[1][0], 1e-5);
+  for (int i = 0; i < 38 * 6; ++i) EXPECT_NEAR(renumbered[i / 6][i % 6], identical[i / 6][i % 6], 1e-6) << i / 6;
 }
 
 TEST(Drivers, DialogValuesReachTheModalRun) {
@@ -193,12 +185,6 @@ TEST(Drivers, DialogValuesReachTheSpectrumRun) {
   EXPECT_EQ(strByDialog, run.job.Read(".spec"));
 }
 
-/// The number behind a text.
-double ReadNumber(const std::string& strText, const std::string& strBefore) {
-  const std::size_t nAt = strText.find(strBefore);
-  return nAt == std::string::npos ? std::nan("") : std::stod(strText.substr(nAt + strBefore.size()));
-}
-
 // Loads as masses: only when a load type was chosen, alike in both analyses, and only what is positive.
 TEST(Drivers, LoadMassesFollowTheCombination) {
   std::vector<double> omega, mass;
@@ -207,8 +193,8 @@ TEST(Drivers, LoadMassesFollowTheCombination) {
     for (float& f : std::span(ABCD.m_fLoadValue, ABCD.m_nLoads)) f *= fFactor;
     run.RunModal(bDeadLoad);
     run.RunSpectrum(bDeadLoad);
-    omega.push_back(ReadNumber(run.job.Read(".mode"), "Eigen_And_Freq:\n1 "));
-    mass.push_back(ReadNumber(run.job.Read(".spec"), "\n总参与质量:"));
+    omega.push_back(GetModalFindings().omega.at(0));
+    mass.push_back(GetSpectrumFindings().totalMass[0]);
   }
   EXPECT_EQ(omega[1], omega[0]);
   EXPECT_EQ(mass[1], mass[0]);
