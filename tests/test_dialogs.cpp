@@ -122,6 +122,10 @@ TEST(Templates, NothingIsClippedOrOverlaps) {
       }
       EXPECT_TRUE(a.kind != ControlKind::ListView || a.rect.nWidth >= nColumns) << strWhere;
       for (const ControlTemplate& b : pLayout->controls) {
+        const int offsets[] = {a.rect.nX - b.rect.nX, a.rect.nY - b.rect.nY,
+                               a.rect.nX + a.rect.nWidth - b.rect.nX - b.rect.nWidth};
+        for (const int nOffset : offsets)
+          EXPECT_TRUE(nOffset != 1 || a.kind != b.kind) << strWhere << " is out of line";
         if (&a == &b || !Overlap(a.rect, b.rect)) continue;
         EXPECT_NE(a.kind == ControlKind::Group, b.kind == ControlKind::Group)
             << strWhere << " / " << Describe(*pLayout, b);
