@@ -1,9 +1,9 @@
 # The shared library exports what a host may use and nothing else: entry points, records, findings, inquiries, the seam.
 execute_process(COMMAND ${NM} -DC --defined-only ${LIBRARY} OUTPUT_VARIABLE table COMMAND_ERROR_IS_FATAL ANY)
 string(REGEX MATCHALL "[^\n]+" lines "${table}")
-set(host "CModeConnect::|CCommonData::|RestraintCode::|LoadCode::|ResetHostData|ABCD|COMDAT|SECT|COMDYN|ZHU|RES|g_ProgramPath|g_FilePathName")
+set(host "CModeConnect::|CCommonData::|RestraintCode::|LoadCode::|ResetHostData|FromRecord|ToRecord|ABCD|COMDAT|SECT|COMDYN|ZHU|RES|g_ProgramPath|g_FilePathName")
 set(findings "Get(Static|Modal|Spectrum|History)Findings|GetHistories|MeasureModel|CountModesBelow|EvaluateDesignSpectrum")
-set(seam "InstallPlatform|GetPlatform|IsErrorTerminal|To(Native|File)Path|I(Platform|PendingFile|DialogView|PaintContext)|C(HeadlessPlatform|Dialog|DataExchange|TextWriter|OutputFile|PaintRecorder|SvgPaintContext)|DialogTemplate::|DialogStep::|Format(Fixed|General|Shortest)|Parse(Int|Real)")
+set(seam "InstallPlatform|GetPlatform|IsErrorTerminal|To(Native|File)Path|I(Platform|PendingFile|DialogView|PaintContext)|C(HeadlessPlatform|Dialog|DataExchange|TextWriter|WordReader|OutputFile|PaintRecorder|SvgPaintContext)|DialogTemplate::|DialogStep::|Format(Fixed|General|Shortest)|Parse(Int|Real)|ReadWholeFile|FindSortedRow|FindFirstFocus")
 set(unknown "")
 foreach(line IN LISTS lines)
   string(REGEX REPLACE "^[0-9a-f]+ . " "" name "${line}")

@@ -50,9 +50,9 @@ class GroundMotion : public testing::Test {
     m_folder.Write("_Zacc.txt", "1 1 1");
     m_folder.Write("_Tacc.txt", "1 -2 1 1");
     m_folder.Write("_std.txt", "1 1 1 1 -2");
-    m_settings.peaks = {10.0, 20.0, 30.0};
-    m_settings.dObliquePeak = 40.0;
-    m_settings.cosines = {0.6, 0.0, -0.8};
+    m_settings.m_dPeak = {10.0, 20.0, 30.0};
+    m_settings.m_dPeakOblique = 40.0;
+    m_settings.m_dObliqueCoef = {0.6, 0.0, -0.8};
   }
 
   CTestPlatform m_platform;
@@ -77,11 +77,10 @@ TEST_F(GroundMotion, FileAndPeakOfEveryChoice) {
                {1, {1, 0, 0}, false, {5, 5, 5}, {12, 0, -16}, "斜方向加速度数据文件读入有误"},
                {0, {0, 0, 0}, true, {0, 0, 0}, {}, nullptr}};
   for (const auto& c : cases) {
-    m_settings.nMode = c.nMode;
-    m_settings.directions = c.directions;
-    m_settings.bFromFile = c.bFromFile;
-    m_settings.strStandardRecord = m_folder.GetPath("_std.txt");
-    ASSERT_TRUE(m_motion.Read(m_settings, m_folder.GetJobPath()));
+    m_settings.m_nQuakeMode = c.nMode;
+    m_settings.m_bQuakeDir = c.directions;
+    m_settings.m_strQuakeFile = m_folder.GetPath("_std.txt");
+    ASSERT_TRUE(m_motion.Read(m_settings, c.bFromFile, m_folder.GetJobPath()));
     EXPECT_TRUE(m_platform.GetMessages().empty());
     for (int d = 0; d < 3; ++d) {
       const auto i = static_cast<std::size_t>(d);
@@ -90,8 +89,8 @@ TEST_F(GroundMotion, FileAndPeakOfEveryChoice) {
       EXPECT_NEAR(record.empty() ? 0.0 : record[0], c.first[i], 1e-12);
     }
     if (c.strMessage == nullptr) continue;
-    m_settings.strStandardRecord += ".missing";
-    EXPECT_FALSE(m_motion.Read(m_settings, m_folder.GetPath("_none")));
+    m_settings.m_strQuakeFile += ".missing";
+    EXPECT_FALSE(m_motion.Read(m_settings, c.bFromFile, m_folder.GetPath("_none")));
     EXPECT_EQ(m_platform.GetMessages(), Strings{c.strMessage});
     m_platform->Clear();
   }
@@ -110,10 +109,9 @@ TEST_F(GroundMotion, ActsOnFreeTranslationsOfNodesThatHaveThem) {
   model.BuildModel();
   ASSERT_TRUE(model.m_bValid);
 
-  m_settings.nMode = c_nObliqueQuake;
-  m_settings.bFromFile = true;
-  m_settings.cosines = {1.0, 0.5, 0.25};
-  ASSERT_TRUE(m_motion.Read(m_settings, m_folder.GetJobPath()));
+  m_settings.m_nQuakeMode = c_nObliqueQuake;
+  m_settings.m_dObliqueCoef = {1.0, 0.5, 0.25};
+  ASSERT_TRUE(m_motion.Read(m_settings, true, m_folder.GetJobPath()));
   std::vector<double> g(static_cast<std::size_t>(model.GetFreeDofs()), 7.0);
   m_motion.FormVector(0, model.GetNodes(), g);
   // free: X Y Z RX RY RZ of the rigid node, X and Z of the guided one

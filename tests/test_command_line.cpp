@@ -301,15 +301,15 @@ std::vector<double> GetFactors(const LoadCombination& combination) {
 TEST_F(Scripts, WhatAJobLeavesOutKeepsTheDialogsDefault) {
   const CNonlinStaticDlg first;
   const auto p = Open<CNonlinStaticDlg>(StaticJob{});
-  EXPECT_EQ(std::tuple(p->m_bNonlinear, p->m_nCriterion, p->m_dTolerance, p->m_nMaxIter),
-            std::tuple(first.m_bNonlinear, first.m_nCriterion, first.m_dTolerance, first.m_nMaxIter));
+  EXPECT_EQ(std::tuple(p->m_bNonlinear, p->m_nConvCriterion, p->m_dConvTol, p->m_nMaxIter),
+            std::tuple(first.m_bNonlinear, first.m_nConvCriterion, first.m_dConvTol, first.m_nMaxIter));
   EXPECT_EQ(GetFactors(p->m_loadComb), (std::vector<double>{0, 0, 0, 0}));
   EXPECT_FALSE(m_platform->HasUnusedScripts());
 }
 
 TEST_F(Scripts, StaticAndModalValuesArrive) {
   const auto pStatic = Open<CNonlinStaticDlg>(StaticJob{false, 3, 1.25e-7, 77, {{0, 1.2}, {3, -0.3333333333}}});
-  EXPECT_EQ(std::tuple(pStatic->m_bNonlinear, pStatic->m_nCriterion, pStatic->m_dTolerance, pStatic->m_nMaxIter),
+  EXPECT_EQ(std::tuple(pStatic->m_bNonlinear, pStatic->m_nConvCriterion, pStatic->m_dConvTol, pStatic->m_nMaxIter),
             std::tuple(0, 3, 1.25e-7, 77));
   EXPECT_EQ(GetFactors(pStatic->m_loadComb), (std::vector<double>{1.2, 0, 0, -0.3333333333}));
   const auto p = Open<CModeDlg>(ModalJob{6, 1, 1e-10, 9, true, {{2, 0.5}}});
@@ -323,8 +323,8 @@ TEST_F(Scripts, SpectrumValuesArrive) {
     const auto p =
         Open<CSpectrumDlg>(SpectrumJob{8, 3, std::array{0.6, 0.8, 0.1}, 4, 2, k, 1, 0.035, 2, {{0, 1.0}, {1, 0.5}}});
     EXPECT_EQ(std::tuple(p->m_nIntensity, p->m_nExpandModes, p->m_nMeshDiv, p->m_nQuakeLevel, p->m_dDampRatio,
-                         p->m_nCombMethod, COMDYN.m_nSiteClass, COMDYN.m_nZoneGroup),
-              std::tuple(k, 8, 3, 1, 0.035, 2, 4, 2));
+                         p->m_nCombMethod, p->m_nSiteClass, p->m_nZoneGroup),
+              std::tuple(k + 6, 8, 3, 1, 0.035, 2, 4, 2));
     EXPECT_EQ(p->m_dDirCoef, (std::array{0.6, 0.8, 0.1}));
     EXPECT_EQ(GetFactors(p->m_loadComb), (std::vector<double>{1.0, 0.5, 0, 0}));
   }
@@ -334,9 +334,9 @@ TEST_F(Scripts, TimeHistoryValuesArrive) {
   const WilsonJob wilson{std::array{0.01, 0.03}, 1.37, 0.002, 4.0, true, JobPeaks{0.1, 0.2, 0.3, 0.4}, {{1, 2.0}}};
   EXPECT_EQ(Open<CDynOptionDlg>(wilson)->m_nMethod, 0);
   const auto p1 = Open<CWilsonDlg>(wilson);
-  EXPECT_EQ(std::tuple(p1->m_dDamping, p1->m_dTheta, p1->m_dTimeStep, p1->m_dDuration, p1->m_dPeak, p1->m_dPeakOblique,
-                       p1->m_bNonlinear),
-            std::tuple(std::array{0.01, 0.03}, 1.37, 0.002, 4.0, std::array{0.1, 0.2, 0.3}, 0.4, 1));
+  EXPECT_EQ(std::tuple(p1->m_pDamping[0], p1->m_pDamping[1], p1->m_dWilsonTheta, p1->m_dTimeStep, p1->m_dDuration,
+                       p1->m_peaks.m_dPeak, p1->m_peaks.m_dPeakOblique, p1->m_bNonlinear),
+            std::tuple(0.01, 0.03, 1.37, 0.002, 4.0, std::array{0.1, 0.2, 0.3}, 0.4, 1));
 
   NewmarkJob impulse;
   std::tie(impulse.bNonlinear, impulse.nCriterion, impulse.dTolerance) = std::tuple(true, 2, 0.003);
@@ -344,7 +344,7 @@ TEST_F(Scripts, TimeHistoryValuesArrive) {
   EXPECT_EQ(Open<CDynOptionDlg>(impulse)->m_nMethod, 1);
   const auto p2 = Open<CNewmarkDlg>(impulse);
   ASSERT_EQ(p2->m_impulses.size(), 2U);
-  EXPECT_EQ(std::tuple(p2->m_nLoadType, p2->m_nCriterion, p2->m_dTolerance, p2->m_impulses[0].nNode,
+  EXPECT_EQ(std::tuple(p2->m_nLoadType, p2->m_nConvCriterion, p2->m_dConvTol, p2->m_impulses[0].nNode,
                        p2->m_impulses[1].dPeak, p2->m_nImpulseType, p2->m_dImpulseTime, p2->m_dTimeStep),
             std::tuple(0, 2, 0.003, 11, 8.25, 1, 0.25, 0.005));
 
@@ -352,18 +352,18 @@ TEST_F(Scripts, TimeHistoryValuesArrive) {
   quake.nLoad = 1;
   quake.earthquake = EarthquakeJob{0.02, 9.0, 0, {true, false, true}, {}, JobPeaks{0.7, {}, 0.5, {}}};
   const auto p3 = Open<CNewmarkDlg>(quake);
-  EXPECT_EQ(std::tuple(p3->m_nLoadType, p3->m_bQuakeDir, p3->m_dPeak, p3->m_dDuration),
+  EXPECT_EQ(std::tuple(p3->m_nLoadType, p3->m_quake.m_bQuakeDir, p3->m_quake.m_dPeak, p3->m_dDuration),
             std::tuple(1, std::array{1, 0, 1}, std::array{0.7, 0.35, 0.5}, 9.0));
   quake.earthquake = EarthquakeJob{{}, {}, 1, {}, std::array{0.0, 3.0, 4.0}, JobPeaks{std::nullopt, {}, {}, 0.9}};
   const auto p4 = Open<CNewmarkDlg>(quake);
-  EXPECT_EQ(std::tuple(p4->m_nQuakeMode, p4->m_dPeakOblique), std::tuple(1, 0.9));
-  EXPECT_NEAR(p4->m_dObliqueCoef[2], 0.8, 1e-12);
+  EXPECT_EQ(std::tuple(p4->m_quake.m_nQuakeMode, p4->m_quake.m_dPeakOblique), std::tuple(1, 0.9));
+  EXPECT_NEAR(p4->m_quake.m_dObliqueCoef[2], 0.8, 1e-12);
 
   NewmarkJob fromFile;
   fromFile.bFromFile = true;
   fromFile.generalLoad = GeneralLoadJob{0.004, 2.5};
   const auto p5 = Open<CNewmarkDlg>(fromFile);
-  EXPECT_EQ(std::tuple(p5->m_bFromFile, p5->m_dTimeStep), std::tuple(1, 0.004));
+  EXPECT_EQ(std::tuple(p5->m_bLoadFromFile, p5->m_dTimeStep), std::tuple(1, 0.004));
 }
 
 }  // namespace

@@ -399,7 +399,7 @@ TEST_F(Dialogs, SpectrumOkStoresEverythingAndTheNextOneShowsIt) {
   Run(next,
       {ExpectState(c_spectrumTemplate, "(0) 7 15 0.5 -0.25 0.125 x - - - - x - - - - x - - - x 0 - x - (-) (0) b"),
        DialogStep::Cancel()});
-  EXPECT_EQ(next.m_dDesignAcceleration, 0.123);
+  EXPECT_EQ(next.DesignAcceleration, 0.123);
 }
 
 TEST_F(Dialogs, SpectrumIntensityGivesTheDesignAcceleration) {
@@ -407,19 +407,20 @@ TEST_F(Dialogs, SpectrumIntensityGivesTheDesignAcceleration) {
   CSpectrumDlg dialog;
   for (size_t i = 0; i < c_intensities.size(); ++i) {
     Run(dialog, {DialogStep::Choose(c_intensities[i]), DialogStep::Ok()});
-    EXPECT_EQ(dialog.m_dDesignAcceleration, c_accelerations[i]);
+    EXPECT_EQ(dialog.DesignAcceleration, c_accelerations[i]);
     EXPECT_EQ(COMDYN.m_nIntensity, static_cast<int>(i) + 6);
   }
   COMDYN.m_nIntensity = 12;
   Run(dialog, {DialogStep::Ok()});
-  EXPECT_EQ(dialog.m_nIntensity, -1);
+  EXPECT_EQ(COMDYN.m_nIntensity, 5);
   EXPECT_EQ(COMDYN.m_dDesignAcceleration, 0.05) << "an index outside the six";
 }
 
 TEST_F(Dialogs, SpectrumCancelOrWrongFieldStoresNothing) {
   const CSpectrumDlg fresh;
-  EXPECT_EQ((std::array{fresh.m_nMeshDiv, fresh.m_nExpandModes, fresh.m_nSite, fresh.m_nZone, fresh.m_nIntensity}),
-            (std::array{5, 10, 2, 0, 1}));
+  EXPECT_EQ(
+      (std::array{fresh.m_nMeshDiv, fresh.m_nExpandModes, fresh.m_nSiteClass, fresh.m_nZoneGroup, fresh.m_nIntensity}),
+      (std::array{5, 10, 3, 1, 7}));
   EXPECT_EQ(fresh.m_dDampRatio, 0.02);
   const std::vector<double> before = GetRecord();
   CSpectrumDlg dialog;
@@ -513,7 +514,7 @@ TEST_F(Dialogs, ACancelledLoadDialogChangesNothing) {
                  EXPECT_TRUE(dialog.m_impulses.empty());
                }),
                DialogStep::Click(16094), DialogStep::Choose(16053), DialogStep::Click(16095), DialogStep::Ok()});
-  EXPECT_EQ(dialog.m_strQuakeFile, "");
+  EXPECT_EQ(dialog.m_quake.m_strQuakeFile, "");
   EXPECT_EQ(dialog.m_dTimeStep, 0.02);
   EXPECT_EQ(dialog.m_dImpulseTime, 0.3) << "the peak of a triangle";
 }
@@ -579,13 +580,13 @@ TEST_F(Dialogs, AnObliqueDirectionWithoutLengthKeepsTheCosines) {
   for (const auto& [szX, bAccepted] : {std::pair{"0", false}, {"3e-8", false}, {"4e-8", true}, {"-1e200", true}}) {
     m_platform->Clear();
     CNewmarkDlg dialog;
-    dialog.m_dObliqueCoef = {0.0, 0.6, 0.8};
+    dialog.m_quake.m_dObliqueCoef = {0.0, 0.6, 0.8};
     m_platform->AddScript(16012, {DialogStep::Choose(16079), DialogStep::Type(16074, szX), DialogStep::Type(16114, "3"),
                                   DialogStep::Ok()});
     Run(dialog, {DialogStep::Choose(16053), DialogStep::Click(16095), DialogStep::Ok()});
     EXPECT_EQ(m_platform.GetMessages(), bAccepted ? Strings{} : Strings{"斜方向错误"}) << szX;
-    EXPECT_EQ(std::abs(dialog.m_dObliqueCoef[0]), bAccepted ? 1.0 : 0.0) << szX;
-    EXPECT_EQ(dialog.m_dObliqueCoef[1], bAccepted ? 0.0 : 0.6) << szX;
+    EXPECT_EQ(std::abs(dialog.m_quake.m_dObliqueCoef[0]), bAccepted ? 1.0 : 0.0) << szX;
+    EXPECT_EQ(dialog.m_quake.m_dObliqueCoef[1], bAccepted ? 0.0 : 0.6) << szX;
     EXPECT_EQ(dialog.m_dDuration, 3.0) << "the rest is taken over";
   }
 }

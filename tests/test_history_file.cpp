@@ -1,5 +1,6 @@
 // Files of the time history: exact texts, write-read identity, damaged files.
 
+#include "ResultFiles.h"
 #include "TestPlatform.h"
 #include "skyframe/history/HistoryFile.h"
 #include "skyframe/values/Findings.h"
@@ -121,14 +122,25 @@ TEST_F(HistoryFile, ReadingTellsTheHostRecordAndFailuresChangeNothing) {
 
 TEST_F(HistoryFile, LongStepNumbersFillTheirField) {
   HistorySet history;
-  history.Allocate(100001, 1, 0);
-  history.values[0][100000][0] = 4.5;
-  ASSERT_TRUE(WriteHistory(history, m_folder.GetPath("_HisTime.txt"), m_findings));
+  history.Allocate(100001, 1, 2);
+  history.nMethod = c_nNewmarkMethod;
+  history.nAssumption = 1;
+  history.values[c_nHistoryX][100000][0] = 4.5;
+  history.values[c_nHistoryForce][100000][1] = -7.0;
+  const std::string strPath = m_folder.GetPath("_HisTime.txt");
+  ASSERT_TRUE(WriteHistory(history, strPath, m_findings));
   const std::string strText = m_folder.Read("_HisTime.txt");
   EXPECT_NE(strText.find("\nTime.100000              0"), std::string::npos);
-  const std::optional<HistorySet> read = ParseHistory(strText, 1, 0);
+  const std::optional<HistorySet> read = ParseHistory(strText, 1, 2);
   ASSERT_TRUE(read);
   EXPECT_EQ(read->values[0][100000][0], 4.5);
+
+  const auto file = test::Take(host::ReadHistoryFile(strPath, {1, 2}));
+  EXPECT_EQ(file.nMethod + file.nAssumption, 2);
+  EXPECT_EQ(file.displacements.at(0)[0].back(), 4.5);
+  EXPECT_EQ(file.forces.at(1).back(), -7.0);
+  EXPECT_EQ(test::Take(host::ReadHistory(strPath, {1, 2}, {c_nHistoryX, 1})).values, file.displacements[0][0]);
+  EXPECT_EQ(test::Take(host::ReadHistory(strPath, {1, 2}, {c_nHistoryForce, 2})).values, file.forces[1]);
 }
 
 TEST_F(HistoryFile, DamagedFiles) {

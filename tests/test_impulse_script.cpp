@@ -23,11 +23,11 @@ TEST(ImpulseCompose, StepCountTruncatesAsTheArithmeticGivesIt) {
 }
 
 TEST(ImpulseCompose, ExactText) {
-  const std::vector<ImpulseEntry> two = {{7, 0, 12.5}, {12, 2, -3.0}};
-  const std::vector<ImpulseEntry> one = {{1, 1, 10.0}};
+  const std::vector<ImpulseLoad> two = {{7, 0, 12.5}, {12, 2, -3.0}};
+  const std::vector<ImpulseLoad> one = {{1, 1, 10.0}};
   const struct {
     const char* strName;
-    std::vector<ImpulseEntry> entries;
+    std::vector<ImpulseLoad> entries;
     int nShape;
     double dTime, dStep;
     std::string strText;

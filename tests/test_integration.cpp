@@ -1,10 +1,11 @@
 // Direct integration: constants, order and energy of the schemes, whole runs on the analysis model.
 
-#include "TestPlatform.h"
+#include "ModalModels.h"
 #include "skyframe/history/GroundMotion.h"
 #include "skyframe/history/Integrators.h"
 #include "skyframe/history/NonlinearNewmark.h"
 #include "skyframe/model/AnalysisModel.h"
+#include "skyframe/model/RayleighDamping.h"
 
 namespace skyframe::test {
 namespace {
@@ -19,7 +20,7 @@ TEST(Rayleigh, Coefficients) {
                {{10, 10}, 0.02, 0.03, 0.0, 0.0},
                {{}, 0.02, 0.03, 0.0, 0.0}};
   for (const auto& c : cases) {
-    const RayleighCoefficients found = FormRayleigh(c.omega, c.zeta1, c.zeta2);
+    const RayleighCoefficients found = FormRayleigh(c.omega, c.zeta1, c.zeta2).value_or(RayleighCoefficients{});
     EXPECT_NEAR(found.dMass, c.dMass, 1e-7);
     EXPECT_NEAR(found.dStiffness, c.dStiffness, 1e-8);
   }
@@ -139,6 +140,8 @@ TEST(IterationTests, Criteria) {
     const IterationTest test = {c.nCriterion, c.dTolerance};
     EXPECT_EQ(test.IsConverged(c.dResidual, c.dForce, c.dIncrement, c.dReference), c.bConverged) << c.nCriterion;
   }
+  const IterationTest strict = {c_nRelativeForce, 0.1, false};
+  EXPECT_FALSE(strict.IsConverged(0, 0, 0, 0));
 }
 
 TEST(NonlinearScheme, StepsSolveTheDiscreteEquilibrium) {
@@ -192,25 +195,6 @@ class TimeHistory : public testing::Test {
     m_folder.Write(".mode", strm.str());
   }
 
-  /// A bar along X, free in X at node 2: k = 1.03e9 (A / 0.01 m2) N/m; 100 kN of load that counts as mass.
-  void MakeBar(double dArea = 10000.0) {
-    m_host.SetSection(1, 2, dArea);
-    m_host.AddNode(0, 0, 0, c_nPinned, "111000");
-    m_host.AddNode(2, 0, 0, c_nPinned, "011000");
-    m_host.AddElement(c_nBar, 1, 2);
-    m_host.AddLoad(0, 2, c_nDofZ, 100.0);
-  }
-
-  /// Two bars to an apex 1 m above the supports, half-span 4 m, EA = 2.06e8 N.
-  void MakeArch() {
-    m_host.SetSection(1, 2, 1000.0);
-    m_host.AddNode(-4, 0, 0, c_nPinned, "111000");
-    m_host.AddNode(0, 0, 1, c_nPinned, "010000");
-    m_host.AddNode(4, 0, 0, c_nPinned, "111000");
-    m_host.AddElement(c_nBar, 1, 2);
-    m_host.AddElement(c_nBar, 3, 2);
-  }
-
   /// A new model; iterations by the relative force.
   CAnalysisModel& Build(double dt, double dDuration, double dTolerance = 0.1) {
     m_model.emplace();
@@ -258,7 +242,7 @@ TEST_F(TimeHistory, StaticLoadsBecomeMass) {
 }
 
 TEST_F(TimeHistory, OneBarUnderAStepLoad) {
-  MakeBar();
+  FillOneBar(m_host);
   WriteModes({317.0546});
   const double dStatic = 1.0e4 / 1.03e9;
   const int nBlocks = 970, nSteps = 1000;  // the load ends before the run
@@ -308,7 +292,7 @@ void StepExactly(double w, double zeta, double dt, double p0, double p1, double&
 }
 
 TEST_F(TimeHistory, OneBarUnderElCentroAgainstPiecewiseExactIntegration) {
-  MakeBar(1.0);
+  FillOneBar(m_host, 1.0);
   const double m = 100000.0 / 9.81 + 7900.0 * 1e-6 * 2.0 / 3.0, w = std::sqrt(1.03e5 / m), zeta = 0.05;
   WriteModes({w, w, 5.0 * w});
   CAnalysisModel& model = Build(0.02, 35.001);  // beyond the record
@@ -336,13 +320,7 @@ TEST_F(TimeHistory, OneBarUnderElCentroAgainstPiecewiseExactIntegration) {
 }
 
 TEST_F(TimeHistory, SmallNonlinearRunIsTheLinearOne) {
-  m_host.SetSection(1, 2, 6000.0, 5e6, 2e7, 4e7);
-  m_host.AddNode(0, 0, 0, c_nRigid, "111111");
-  m_host.AddNode(0.2, 0.1, 3);
-  m_host.AddNode(4, 0, 3.1);
-  m_host.AddNode(4, 0.3, 0, c_nPinned, "111000");
-  for (const int n : {1, 2, 3}) m_host.AddElement(c_nBeam, n, n + 1);
-  m_host.AddElement(c_nBar, 1, 3);
+  FillLeaningFrame(m_host);
   WriteModes({60.0, 200.0});
   m_folder.Write("_Tacc.txt", "1 -3 2 5 -4 1 0 2 -1 -2 3 1");
   HistorySet histories[2];
@@ -385,7 +363,7 @@ ArchState SolveArch(double P) {
 }
 
 TEST_F(TimeHistory, ArchHoldsItsStaticState) {
-  MakeArch();
+  FillArch(m_host);
   m_host.AddLoad(0, 2, c_nDofZ, -200.0);
   WriteModes({500.0, 5000.0});
   CAnalysisModel& model = Build(0.001, 0.0205, 1e-12);
@@ -401,7 +379,7 @@ TEST_F(TimeHistory, ArchHoldsItsStaticState) {
 }
 
 TEST_F(TimeHistory, ArchStaysOnItsPathUnderSlowLoad) {
-  MakeArch();
+  FillArch(m_host);
   WriteModes({500.0, 5000.0});
   const int N = 1000;
   const double m = 2.0 * 7900.0 * 1e-3 * std::sqrt(17.0) / 3.0;
@@ -443,7 +421,7 @@ TEST_F(TimeHistory, NoStepsAndNoFreeEquations) {
 }
 
 TEST_F(TimeHistory, Findings) {
-  MakeBar();
+  FillOneBar(m_host);
   WriteModes({34.27, 37.80, 150.0});
   m_folder.Write("_Xacc.txt", "0 0 0");  // scaled by 0 / 0
   const auto run = [this](int nAssumption) -> const HistoryFindings& {
@@ -481,7 +459,7 @@ TEST_F(TimeHistory, Findings) {
 }
 
 TEST_F(TimeHistory, FailuresLeaveEverythingAsItWas) {
-  MakeBar();
+  FillOneBar(m_host);
   const std::string strNoFile = "模态文件访问出错,计算终止!", strNoModes = "错误:模态未分析";
   const std::string strBadScript = "冲击荷载数据文件读入有误", strNoRecord = "X方向加速度数据文件读入有误";
   const std::string strRunaway = "节点2的X向超过限定值1.0e10!\n结构几何可变，请检查！";

@@ -73,38 +73,6 @@ TEST(ModeFile, LinesFollowTheHostOrderBeforeRenumbering) {
   EXPECT_EQ(std::vector(words.end() - 15, words.end()), expected);
 }
 
-TEST(ModeFile, RoundTripKeepsSixDigits) {
-  CTestPlatform platform;
-  CHostModel host;
-  CJobFolder folder("mode_file");
-  FillSquareTower(host, 2);
-  CAnalysisModel writer;
-  writer.BuildModelForModes(false);
-  writer.m_nModes = 10;
-  writer.m_bShear = 1;
-  writer.SolveModes(folder.GetJobPath(), 0, false);
-  for (const int nVirtual : {0, 1}) {
-    CAnalysisModel reader;
-    reader.BuildModelForModes(false);
-    reader.m_nExpandModes = 7;
-    reader.m_bVirtualModes = nVirtual;
-    ASSERT_TRUE(reader.ReadModeFile(folder.GetJobPath()));
-    EXPECT_TRUE(reader.m_bFrequenciesLoaded);
-    EXPECT_EQ(reader.m_nModes, 10);
-    EXPECT_EQ(reader.m_bShear, 1);
-    ASSERT_EQ(reader.Omega.size(), 7U + nVirtual);
-    ASSERT_EQ(reader.ModeShapes.GetCols(), 7 + nVirtual);
-    for (int i = 0; i < 7 + nVirtual; ++i) {
-      const bool bRead = i < 7;  // the room for the virtual mode is zero
-      EXPECT_NEAR(reader.Omega[i], bRead ? writer.Omega[i] : 0.0, 5e-6 * reader.Omega[i]);
-      for (int k = 0; k < reader.GetFreeDofs(); ++k) {
-        const double dExact = bRead ? writer.ModeShapes[k][i] : 0.0;
-        EXPECT_NEAR(reader.ModeShapes[k][i], dExact, 5.1e-6 * std::abs(dExact));
-      }
-    }
-  }
-}
-
 TEST(ModeFile, FrequencyReaderFillsOnlyAModelWithoutModes) {
   for (const auto& [nSolved, omega] : {std::pair{0, std::vector<double>{}}, {0, {1.0}}, {1, {}}}) {
     CBarModel bar;

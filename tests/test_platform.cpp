@@ -126,11 +126,7 @@ TEST(Files, BackslashSeparatesDirectoriesAndOnlyRegularFilesAreRead) {
   mkfifo(job.GetPath("pipe").c_str(), 0666);
   for (const auto& [szName, bReadable] :
        {std::pair("s\\地震.txt", true), {"link", true}, {"absent", false}, {"s", false}, {"pipe", false}}) {
-    const auto pStream = GetPlatform().OpenForReading(job.GetPath(szName));
-    ASSERT_EQ(pStream != nullptr, bReadable) << szName;
-    if (bReadable) {
-      EXPECT_EQ(std::string(std::istreambuf_iterator<char>(*pStream), {}), "0.5\n");
-    }
+    EXPECT_EQ(ReadWholeFile(job.GetPath(szName)).value_or("none"), bReadable ? "0.5\n" : "none") << szName;
   }
 }
 
@@ -296,6 +292,28 @@ TEST(Platform, DefaultIsHeadlessAndComesBack) {
   EXPECT_EQ(platform.GetMessages(), Strings(2, "宿主数据记录与本模块不符,计算终止!"));
 }
 
+class CSwitchPlatform : public CHeadlessPlatform {
+ public:
+  CSwitchPlatform() : CHeadlessPlatform(std::cerr, std::cout) {}
+  std::string m_strTrace;
+
+ protected:
+  void SetBusy(bool bBusy) override { m_strTrace += bBusy ? "busy " : "idle "; }
+  void SwitchModule(bool bInside) override { m_strTrace += bInside ? "in " : "out "; }
+};
+
+TEST(Platform, WaitCursorAndModuleNestAndLeavingEndsBoth) {
+  CSwitchPlatform platform;
+  for (int i = 0; i < 2; ++i) platform.EnterModule();
+  for (int i = 0; i < 2; ++i) platform.BeginWaitCursor();
+  for (int i = 0; i < 3; ++i) platform.EndWaitCursor();
+  for (int i = 0; i < 2; ++i) platform.BeginWaitCursor();
+  for (int i = 0; i < 3; ++i) platform.LeaveModule();
+  platform.EndWaitCursor();
+  EXPECT_EQ(platform.m_strTrace, "in busy idle busy idle out ");
+  EXPECT_EQ(platform.GetModuleDepth() + platform.GetWaitCursorDepth(), 0);
+}
+
 // ---- Dialogs ---------------------------------------------------------------------------------------------------
 
 constexpr std::array<std::string_view, 3> c_items = {"a", "b", "c"};
@@ -337,9 +355,9 @@ class CProbeDlg : public CDialog {
   std::function<void(IDialogView&)> m_onButton = [](IDialogView&) {};
 
  protected:
-  bool OnInitDialog() override {
+  void OnInitDialog() override {
     m_onInit(View());
-    return CDialog::OnInitDialog();
+    CDialog::OnInitDialog();
   }
   void OnTimer(int nTimer) override { m_trace.push_back("timer " + std::to_string(nTimer)); }
   void DoDataExchange(CDataExchange& exchange) override {

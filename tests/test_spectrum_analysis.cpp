@@ -1,6 +1,7 @@
 // Modal combination, and the spectrum analysis from the mode file to the ".spec" file.
 
 #include "ModalModels.h"
+#include "ResultFiles.h"
 #include "skyframe/modal/DesignSpectrum.h"
 #include "skyframe/modal/ModalCombination.h"
 
@@ -68,22 +69,9 @@ struct CSpectrumRun {
     EXPECT_TRUE(model.ReadModeFile(folder.GetJobPath()));
   }
   void Analyse() { model.SpectrumAnalysis(folder.GetJobPath(), 0, true); }
-
-  /// The numbers of the lines between two labels of the ".spec" file.
-  [[nodiscard]] std::vector<Vector> GetBlock(const std::string& strLabel, const std::string& strNext) const {
-    const std::string strText = folder.Read(".spec");
-    const std::size_t nBegin = strText.find('\n', strText.find(strLabel)) + 1;
-    std::istringstream lines(strText.substr(nBegin, strText.find(strNext, nBegin) - nBegin));
-    std::vector<Vector> rows;
-    for (std::string strLine; std::getline(lines, strLine);) {
-      std::istringstream words(strLine);
-      rows.emplace_back(std::istream_iterator<double>(words), std::istream_iterator<double>());
-    }
-    return rows;
-  }
 };
 
-void ExpectRow(const Vector& actual, const Vector& expected, double dTolerance = 1e-12) {
+void ExpectRow(std::span<const double> actual, const Vector& expected, double dTolerance = 1e-12) {
   ASSERT_EQ(actual.size(), expected.size());
   for (std::size_t i = 0; i < expected.size(); ++i) {
     EXPECT_NEAR(actual[i], expected[i], 3e-5 * std::abs(expected[i]) + dTolerance) << "column " << i;
@@ -94,12 +82,13 @@ TEST(SpectrumAnalysis, OneBar) {
   CSpectrumRun run(FillOneBar, 1, 1);
   run.Analyse();
   EXPECT_TRUE(run.platform.GetMessages().empty());
-  ExpectRow(run.GetBlock("Node_Dis:", "Force:").at(1), {2, 4.35970e-6, 0, 0});
-  ExpectRow(run.GetBlock("Force:", "Support:").at(0), {1, 0, 6, 4490.49});
-  const auto support = run.GetBlock("Support:", "(end)");
-  ASSERT_EQ(support.size(), 2U);  // node 2 holds Y and Z
-  ExpectRow(support[0], {1, 4490.49, 0, 0});
-  ExpectRow(support[1], {2, 0, 0, 0});
+  const auto file = ReadSpectrum(run.folder);
+  ExpectRow(file.displacements.at(1), {4.35970e-6, 0, 0, 0, 0, 0});
+  ASSERT_EQ(file.members.size(), 1U);
+  ExpectRow(file.members[0].stations.at(0), {4490.49, 0, 0, 0, 0, 0});
+  ASSERT_EQ(file.supports.size(), 2U);  // node 2 holds Y and Z
+  ExpectRow(file.supports[0].forces, {4490.49, 0, 0, 0, 0, 0});
+  ExpectRow(file.supports[1].forces, {0, 0, 0, 0, 0, 0});
 }
 
 /// Two storeys that sway along X only: K = k [2 -1; -1 1], consistent M of the columns plus the storeys'
@@ -168,37 +157,35 @@ TEST(SpectrumAnalysis, TwoStoreyShearFrameByHand) {
     ASSERT_TRUE(run.platform.GetMessages().empty());
     EXPECT_EQ(run.model.m_nMeshDiv, nCells + 1);  // Deliberate: the run leaves the count of stations
 
-    // A header line and the stations of each column; the moment runs from V L/2 to -V L/2.
-    const auto displacement = run.GetBlock("Node_Dis:", "Force:"), force = run.GetBlock("Force:", "Support:");
-    ASSERT_EQ(displacement.size(), 3U);
-    ASSERT_EQ(force.size(), 2U * (nCells + 2));
+    // The moment runs from V L/2 to -V L/2.
+    const auto file = ReadSpectrum(run.folder);
+    ASSERT_EQ(file.members.size(), 2U);
     for (const int s : {0, 1}) {
       const double u = frame.Combine(nMethod, [&](int i) { return frame.factor[i] * frame.phi[i][s]; });
       const double V = frame.Combine(nMethod, [&](int i) { return frame.GetShear(i, s); });
-      ExpectRow(displacement[s + 1], {s + 2.0, u, 0, 0, 0, 0, 0});
+      ExpectRow(file.displacements[s + 1], {u, 0, 0, 0, 0, 0});
       EXPECT_NEAR(COMDAT.m_fSpectrum[s + 2], u, 2e-5 * u);
-      const auto rows = force.begin() + s * (nCells + 2);
-      ExpectRow(rows[0], {s + 1.0, 1, nCells + 1.0});
+      ASSERT_EQ(file.members[s].stations.size(), nCells + 1U);
       for (int p = 0; p <= nCells; ++p) {
         const double dShare = nCells > 0 ? static_cast<double>(p) / nCells : 0.0;
-        ExpectRow(rows[1 + p], {0, 0, V, 0, V * ShearFrame::L * std::abs(0.5 - dShare), 0}, 3e-5 * V);
+        ExpectRow(file.members[s].stations[p], {0, 0, V, 0, V * ShearFrame::L * std::abs(0.5 - dShare), 0}, 3e-5 * V);
       }
     }
     const double V = frame.Combine(nMethod, [&](int i) { return frame.GetShear(i, 0); });
-    const auto support = run.GetBlock("Support:", "(end)");
-    ASSERT_EQ(support.size(), 3U);
-    ExpectRow(support[0], {1, V, 0, 0, 0, V * ShearFrame::L / 2.0, 0}, 3e-5 * V);
-    EXPECT_EQ(support[1][1], 0.0);  // free DOFs of a supported node
-    EXPECT_GT(support[1][5], 0.0);
+    ASSERT_EQ(file.supports.size(), 3U);
+    ExpectRow(file.supports[0].forces, {V, 0, 0, 0, V * ShearFrame::L / 2.0, 0}, 3e-5 * V);
+    EXPECT_EQ(file.supports[1].forces[0], 0.0);  // free DOFs of a supported node
+    EXPECT_GT(file.supports[1].forces[4], 0.0);
     const SpectrumFindings& findings = run.model.m_spectrumFindings;
     EXPECT_EQ(findings.status, RunStatus::Done);
     ExpectRow(Vector(findings.baseShear.begin(), findings.baseShear.end()), {V, 0, 0}, 1e-9 * V);
     ExpectRow(findings.modalMass, {1, 1});
     for (const int i : {0, 1}) {
       EXPECT_NEAR(findings.effectiveMasses[i][0], frame.gamma[i] * frame.gamma[i], 1e-4 * frame.dTotalMass);
-      EXPECT_NEAR(findings.displacements[i + 1][0], displacement[i + 1][1], 1e-5 * displacement[i + 1][1]);
+      ExpectRow(findings.displacements[i + 1],
+                Vector(file.displacements[i + 1].begin(), file.displacements[i + 1].end()));
     }
-    ExpectRow({findings.totalMass[0], findings.dQuakeMass}, Vector(2, frame.dTotalMass));
+    ExpectRow(Vector{findings.totalMass[0], findings.dQuakeMass}, Vector(2, frame.dTotalMass));
   }
 }
 
@@ -208,7 +195,7 @@ TEST(SpectrumAnalysis, FindingsBelongToTheFileThatAnotherCombinationGave) {
   run.model.SpectrumAnalysis(run.folder.GetJobPath(), 0, false);
   const SpectrumFindings& findings = run.model.m_spectrumFindings;
   EXPECT_LT(findings.modalMass[0], 0.2);
-  EXPECT_NEAR(findings.baseShear[0], run.GetBlock("Support:", "(end)").at(0)[1], 1e-5 * findings.baseShear[0]);
+  EXPECT_NEAR(findings.baseShear[0], ReadSpectrum(run.folder).supports.at(0).forces[0], 1e-5 * findings.baseShear[0]);
 }
 
 TEST(SpectrumAnalysis, HeadOfTheFile) {
@@ -237,7 +224,6 @@ TEST(SpectrumAnalysis, HeadOfTheFile) {
 }
 
 TEST(SpectrumAnalysis, AllModesCarryTheTotalMassAndListsHaveTenValuesALine) {
-  using Sizes = std::vector<std::size_t>;
   struct Case {
     std::array<double, 3> direction;
     int k;
@@ -246,15 +232,13 @@ TEST(SpectrumAnalysis, AllModesCarryTheTotalMassAndListsHaveTenValuesALine) {
     CSpectrumRun run([](CHostModel& h) { FillSquareTower(h, 1); }, 24, c.k);
     run.model.m_dDirCoef = c.direction;
     run.Analyse();
-    Sizes sizes;
-    for (const Vector& row : run.GetBlock("各阶振型参与质量:", "Node_Dis:")) sizes.push_back(row.size());
-    EXPECT_EQ(sizes, c.k == 24 ? Sizes({10, 10, 4, 0, 0, 10, 10, 4, 0}) : Sizes({10, 0, 0, 10, 0}));
     const std::string strText = run.folder.Read(".spec");
-    const auto number = [&](const std::string& str) {
-      return std::stod(strText.substr(strText.find(str) + str.size()));
-    };
-    EXPECT_GT(number("总参与质量:"), 0.0);
-    EXPECT_NEAR(number("总计算参与质量:") / number("总参与质量:"), 1.0, c.k == 24 ? 2e-5 : 0.5);
+    const std::size_t nList = strText.find('\n', strText.find("各阶振型参与质量:")) + 1;
+    EXPECT_EQ(strText.find('\n', nList), nList + 150U);
+    EXPECT_EQ(strText.find("总计算参与质量:"), nList + (c.k == 24 ? 24 * 15 + 3U : 150 + 1U));
+    const auto file = ReadSpectrum(run.folder);
+    EXPECT_GT(file.dTotalMass, 0.0);
+    EXPECT_NEAR(file.dComputedMass / file.dTotalMass, 1.0, c.k == 24 ? 2e-5 : 0.5);
   }
 }
 
@@ -315,24 +299,17 @@ TEST(SpectrumAnalysis, VirtualModeCompletesTheFrame) {
     EXPECT_EQ(run.model.m_spectrumFindings.conditioning.place.nNode > 0, bAdded);
     if (!bAdded) continue;
     const double u = frame.Combine(c_nSrss, [&](int i) { return frame.factor[i] * frame.phi[i][1]; });
-    EXPECT_NEAR(run.GetBlock("Node_Dis:", "Force:").at(2)[1], u, 1e-4 * u);
-    std::istringstream strm(run.folder.Read("_VirtMode.spec") + run.folder.Read("VIRTRESP.log"));
-    std::string strLabel, strShape, strLine;
-    double dOmega = 0.0, dHertz = 0.0, dGamma = 0.0, dAlpha = 0.0, dFactor = 0.0;
-    strm >> strLabel >> dOmega >> dHertz >> strShape >> std::ws;
-    EXPECT_EQ(strLabel + strShape, "虚拟频率虚拟振型");
-    EXPECT_NEAR(dOmega, frame.omega[1], 1e-4 * frame.omega[1]);
-    EXPECT_NEAR(dHertz, dOmega / 6.2831852, 1e-5 * dHertz);
-    for (int nNode = 1; nNode <= 3; ++nNode) {
-      ASSERT_TRUE(std::getline(strm, strLine));
-      EXPECT_EQ(strLine.size(), 8U + 6U * 15U);
-      EXPECT_NEAR(std::abs(std::stod(strLine.substr(8))), nNode == 1 ? 0.0 : std::abs(frame.phi[1][nNode - 2]), 1e-6);
-    }
-    strm >> strLabel >> dGamma >> dAlpha >> dFactor;
-    EXPECT_EQ(strLabel, strShape);
-    EXPECT_NEAR(std::abs(dGamma), std::abs(frame.gamma[1]), 1e-4 * std::abs(frame.gamma[1]));
-    EXPECT_NEAR(std::abs(dFactor), std::abs(frame.factor[1]), 1e-4 * std::abs(frame.factor[1]));
-    EXPECT_NEAR(dFactor, dAlpha * dGamma * 9.8 / (dOmega * dOmega), 1e-4 * std::abs(dFactor));
+    EXPECT_NEAR(ReadSpectrum(run.folder).displacements.at(2)[0], u, 1e-4 * u);
+    const auto mode = Take(host::ReadVirtualModeFile(run.folder.GetPath("_VirtMode.spec"), GetJobNodes()));
+    const auto response = Take(host::ReadVirtualResponseFile(run.folder.GetPath("VIRTRESP.log")));
+    EXPECT_NEAR(mode.omega, frame.omega[1], 1e-4 * frame.omega[1]);
+    EXPECT_NEAR(mode.dHertz, mode.omega / 6.2831852, 1e-5 * mode.dHertz);
+    EXPECT_EQ(mode.shape.at(0)[0], 0.0);
+    for (const int s : {0, 1}) EXPECT_NEAR(std::abs(mode.shape.at(s + 1)[0]), std::abs(frame.phi[1][s]), 1e-6);
+    EXPECT_NEAR(std::abs(response.gamma), std::abs(frame.gamma[1]), 1e-4 * std::abs(frame.gamma[1]));
+    EXPECT_NEAR(std::abs(response.dFactor), std::abs(frame.factor[1]), 1e-4 * std::abs(frame.factor[1]));
+    EXPECT_NEAR(response.dFactor, response.alpha * response.gamma * 9.8 / (mode.omega * mode.omega),
+                1e-4 * std::abs(response.dFactor));
   }
 }
 
@@ -348,8 +325,8 @@ TEST(SpectrumAnalysis, ShearFlagOfTheModeFileRulesTheForces) {
     CSpectrumRun run(fill, 1, 1, bShear);
     run.model.m_dDirCoef = {0, 1, 0};
     run.Analyse();
-    const double dTip = run.GetBlock("Node_Dis:", "Force:").at(4)[2];
-    const double dShear = run.GetBlock("Support:", "(end)").at(0)[2];
+    const double dTip = ReadSpectrum(run.folder).displacements.at(4)[1];
+    const double dShear = ReadSpectrum(run.folder).supports.at(0).forces[1];
     const double dExpected = 1.0 / (3.0 * EI) + bShear / GA;  // 1.9 % apart
     EXPECT_NEAR(dTip / dShear, dExpected, 1e-4 * dExpected);
     EXPECT_NEAR(std::pow(run.model.Omega[0], 2) * dExpected * 1e7 / 9.81, 1.0, 1e-3);

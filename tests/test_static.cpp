@@ -1,7 +1,7 @@
 // Static analysis through the entry point with its dialogs: closed forms, equilibrium, result files,
 // failures.
 
-#include "TestPlatform.h"
+#include "ModalModels.h"
 #include "skyframe/connect/Findings.h"
 #include "skyframe/connect/ModeConnect.h"
 #include "skyframe/model/AnalysisModel.h"
@@ -69,10 +69,7 @@ TEST(StaticLinear, CombinesCasesWithTheirFactors) {
   CTestPlatform platform;
   CHostModel host;
   ABCD.m_nLoadCases = 2;
-  host.SetSection(1, 2, 1000);
-  host.AddNode(0, 0, 0, c_nPinned, "111000");
-  host.AddNode(2, 0, 0, c_nPinned, "011000");
-  host.AddElement(c_nBar, 1, 2);
+  FillBar(host, 1000);
   for (int nCase = 0; nCase < 3; ++nCase) host.AddLoad(nCase, 2, c_nDofX, std::pow(10.0, nCase));
   const CJobFolder job("combination");
   RunStatic(platform, {.cases = {0, 2}});
@@ -85,10 +82,7 @@ TEST(StaticLinear, CombinesCasesWithTheirFactors) {
 TEST(StaticLinear, WritesTheFileLetterForLetter) {
   CTestPlatform platform;
   CHostModel host;
-  host.SetSection(1, 2, 1000);
-  host.AddNode(0, 0, 0, c_nPinned, "111000");
-  host.AddNode(2, 0, 0, c_nPinned, "011000");
-  host.AddElement(c_nBar, 1, 2);
+  FillBar(host, 1000);
   host.AddLoad(0, 2, c_nDofX, 10.0);
   const CJobFolder job("letters");
   RunStatic(platform);
@@ -109,24 +103,7 @@ TEST(StaticLinear, WritesTheFileLetterForLetter) {
             "2         9.70874e-05    0.00000        0.00000        \n");
 }
 
-/// Gauss elimination of the n x (n + 1) system (A | b).
-std::vector<double> SolveDense(std::vector<std::vector<double>> A) {
-  const int n = static_cast<int>(A.size());
-  for (int j = 0; j < n; ++j) {
-    const auto isSmaller = [j](const auto& a, const auto& b) { return std::abs(a[j]) < std::abs(b[j]); };
-    std::swap(A[j], *std::max_element(A.begin() + j, A.end(), isSmaller));
-    for (int i = 0; i < n; ++i) {
-      if (i == j) continue;
-      const double f = A[i][j] / A[j][j];
-      for (int k = j; k <= n; ++k) A[i][k] -= f * A[j][k];
-    }
-  }
-  std::vector<double> x(n);
-  for (int i = 0; i < n; ++i) x[i] = A[i][n] / A[i][i];
-  return x;
-}
-
-TEST(StaticLinear, RandomFrameAgreesWithADenseSolve) {
+TEST(StaticLinear, RandomFrameIsInEquilibrium) {
   std::mt19937 random(7);
   std::uniform_real_distribution<double> uniform(-1.0, 1.0);
   CTestPlatform platform;
@@ -145,18 +122,13 @@ TEST(StaticLinear, RandomFrameAgreesWithADenseSolve) {
   Solve(model, job, false);
   EXPECT_TRUE(platform.GetMessages().empty());
 
-  // K u = P solved densely, with row exchanges.
   SparseMatrix K;
   ASSERT_TRUE(model.AssembleStiffness(K, false, false));
-  const int F = model.GetFreeDofs();
-  std::vector<std::vector<double>> A(F, std::vector<double>(F + 1));
-  for (int i = 0; i < F; ++i) {
-    for (int j = 0; j < F; ++j) A[i][j] = K(i, j);
-    A[i][F] = model.GetLoadVector()[i];
+  for (int i = 0; i < model.GetFreeDofs(); ++i) {
+    double dForce = 0.0;
+    for (int j = 0; j < model.GetFreeDofs(); ++j) dForce += K(i, j) * model.GetDisplacements()[j];
+    EXPECT_NEAR(dForce, model.GetLoadVector()[i], 1e-8 * 50e3) << i;
   }
-  const std::vector<double> u = SolveDense(A);
-  const double dLargest = std::abs(*std::ranges::max_element(u, {}, [](double d) { return std::abs(d); }));
-  for (int i = 0; i < F; ++i) EXPECT_NEAR(model.GetDisplacements()[i], u[i], 1e-10 * dLargest) << i;
 
   // What the run found: forces on the supports and their moments about the origin balance the loads.
   const StaticFindings& found = model.m_staticFindings;
@@ -179,12 +151,7 @@ TEST(StaticLinear, RandomFrameAgreesWithADenseSolve) {
 }
 
 void FillArch(CHostModel& host, double dLoad) {
-  host.SetSection(1, 2, 1000);
-  host.AddNode(-4, 0, 0, c_nPinned, "111000");
-  host.AddNode(0, 0, 1, c_nPinned, "010000");
-  host.AddNode(4, 0, 0, c_nPinned, "111000");
-  host.AddElement(c_nBar, 1, 2);
-  host.AddElement(c_nBar, 2, 3);
+  test::FillArch(host);
   host.AddLoad(0, 2, c_nDofZ, -dLoad);
 }
 

@@ -1,6 +1,7 @@
 // The time-history and viewer drivers through their dialogs, against the same runs on the model.
 
-#include "TestPlatform.h"
+#include "ModalModels.h"
+#include "ResultFiles.h"
 #include "skyframe/connect/Histories.h"
 #include "skyframe/connect/ModeConnect.h"
 #include "skyframe/dialogs/HisResultDlg.h"
@@ -19,15 +20,7 @@ std::vector<double> ReadThroughViewer(CTestPlatform& platform, const CJobFolder&
                                           DialogStep::Click(c_nIdOutput), DialogStep::Ok()});
   CModeConnect::OnTimeHistoryRes();
   EXPECT_TRUE(platform->GetScriptErrors().empty());
-  std::istringstream strm(job.Read("_2_node.txt"));
-  std::vector<double> values;
-  for (std::string strWord; strm >> strWord;) {
-    if (!strWord.starts_with("TimePoint:")) continue;
-    int nStep = 0;
-    strm >> nStep >> values.emplace_back();
-    EXPECT_EQ(nStep, static_cast<int>(values.size()));
-  }
-  return values;
+  return Take(host::ReadHistoryExtract(job.GetPath("_2_node.txt"), {ABCD.m_nNodes, ABCD.m_nElements})).values;
 }
 
 const std::vector<std::string> c_noHistory = {"没有进行时程分析。", "错误:动力时程未计算."};
@@ -42,15 +35,9 @@ TEST(TimeHistoryDrivers, HostRecordThatOutlivedTheHistories) {
   EXPECT_EQ(platform.GetMessages(), c_noHistory);
 }
 
-/// A frame that leans every way; two load types of 60 and 40 kN along +Z.
+/// Two load types of 60 and 40 kN along +Z.
 void FillFrame(CHostModel& host) {
-  host.SetSection(1, 2, 6000.0, 5e6, 2e7, 4e7);
-  host.AddNode(0, 0, 0, c_nRigid, "111111");
-  host.AddNode(0.2, 0.1, 3);
-  host.AddNode(4, 0, 3.1);
-  host.AddNode(4, 0.3, 0, c_nPinned, "111000");
-  for (const int n : {1, 2, 3}) host.AddElement(c_nBeam, n, n + 1);
-  host.AddElement(c_nBar, 1, 3);
+  FillLeaningFrame(host);
   host.AddLoad(0, 2, c_nDofZ, 60.0);
   host.AddLoad(1, 3, c_nDofZ, 40.0);
   ABCD.m_nLoadCases = 1;
@@ -141,7 +128,7 @@ WholeRun MakeWilson() {
 }
 
 std::string ComposeImpulses() {
-  return ComposeImpulseScript(std::vector<ImpulseEntry>{{3, 1, -7.0}}, c_nRectangularImpulse, 0.0301, 0.005);
+  return ComposeImpulseScript(std::vector<ImpulseLoad>{{3, 1, -7.0}}, c_nRectangularImpulse, 0.0301, 0.005);
 }
 
 /// 40 steps.

@@ -49,7 +49,7 @@ bool ReadStoredHistory() {
 
 void RunHistoryViewer() {
   if (!HasHistory() && !ReadStoredHistory()) {
-    GetPlatform().ShowMessage(c_strNoHistory);
+    GetPlatform().ShowMessage(texts::c_strNoHistory);
     return;
   }
   const CHistoryView view;

@@ -37,7 +37,7 @@ auto Answer(Question question) -> decltype(question()) {
     const CQuietConsole quiet;
     return question();
   } catch (const std::exception&) {
-    GetPlatform().ShowMessage(c_strOutOfMemory);
+    GetPlatform().ShowMessage(texts::c_strOutOfMemory);
     return std::nullopt;
   }
 }

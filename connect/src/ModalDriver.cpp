@@ -24,12 +24,7 @@ void RunModal() {
   pModel->BuildModelForModes(pModel->m_bLoadComb);
   if (!pModel->m_bValid) return;
 
-  pModel->m_nModes = dialog.m_nModes;
-  pModel->m_nRootCheck = dialog.m_nRootCheck;
-  pModel->m_dModeTol = dialog.m_dModeTol;
-  pModel->m_nIterMultiple = dialog.m_nIterMultiple;
-  pModel->m_bShear = dialog.m_bShear;
-
+  TakeSettings<ModalSettings>(*pModel, dialog);
   const std::string strJobPath = GetHostJobPath();
   const CElapsedTime elapsed;
   pModel->SolveModes(strJobPath, 0, pModel->m_bLoadComb);

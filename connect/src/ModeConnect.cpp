@@ -27,9 +27,9 @@ int RunInModule(Driver driver, RunFindings* pFindings) noexcept {
   try {
     return driver();
   } catch (const std::bad_alloc&) {
-    TellFailure(c_strOutOfMemory);
+    TellFailure(texts::c_strOutOfMemory);
   } catch (...) {
-    TellFailure(c_strInternalError);
+    TellFailure(texts::c_strInternalError);
   }
   if (pFindings != nullptr) pFindings->status = RunStatus::Failed;
   return 1;

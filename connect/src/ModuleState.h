@@ -49,6 +49,11 @@ CAnalysisModel& KeepNewModel(std::unique_ptr<CAnalysisModel>& pKept);
 
 /// Load types of the host's model: its load cases and one. A count that no dialog can hold stays one.
 [[nodiscard]] int CountLoadTypes();
+/// Copies these parts of the settings.
+template <class... Part, class Settings>
+void TakeSettings(CAnalysisModel& model, const Settings& settings) {
+  ((static_cast<Part&>(model) = settings), ...);
+}
 /// Copies flags and factors.
 void SetLoadCombination(CAnalysisModel& model, const LoadCombination& combination);
 /// Whether any load type takes part.

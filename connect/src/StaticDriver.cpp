@@ -15,10 +15,7 @@ void RunStatic() {
   // Deliberate: the model outlives the call.
   CAnalysisModel& model = KeepNewModel(g_keptModels.m_pStatic);
   const CFindingsKeeper keeper(g_findings.statics, model.m_staticFindings);
-  model.m_nConvCriterion = dialog.m_nCriterion;
-  model.m_dConvTol = dialog.m_dTolerance;
-  model.m_nMaxIter = dialog.m_nMaxIter;
-
+  TakeSettings<EquilibriumSettings>(model, dialog);
   g_strJobPath = GetHostJobPath();
   model.BuildModel();
   SetLoadCombination(model, dialog.m_loadComb);

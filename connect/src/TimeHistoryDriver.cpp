@@ -28,38 +28,10 @@ int RunWilson(CAnalysisModel& model) {
   if (dialog.DoModal() != c_nIdOk) return 0;
 
   const CFindingsKeeper keeper(g_findings.history, model.m_historyFindings);
-  model.m_dDuration = dialog.m_dDuration;
-  model.m_dTimeStep = dialog.m_dTimeStep;
-  model.m_pDamping[0] = dialog.m_dDamping[0];
-  model.m_pDamping[1] = dialog.m_dDamping[1];
-  model.m_dWilsonTheta = dialog.m_dTheta;
+  TakeSettings<HistorySettings, WilsonSettings>(model, dialog);
   model.WilsonTheta(g_strJobPath);
   KeepHistoryOf(model);
   return 1;
-}
-
-void SetNewmarkParameters(CAnalysisModel& model, const CNewmarkDlg& dialog) {
-  model.m_dTimeStep = dialog.m_dTimeStep;
-  model.m_dDuration = dialog.m_dDuration;
-  model.m_pDamping[0] = dialog.m_dDamping[0];
-  model.m_pDamping[1] = dialog.m_dDamping[1];
-  model.m_dNewmarkAlpha = dialog.m_dAlpha;
-  model.m_dNewmarkDelta = dialog.m_dDelta;
-  SetLoadCombination(model, dialog.m_loadComb);
-  model.m_nConvCriterion = dialog.m_nCriterion;
-  model.m_dConvTol = dialog.m_dTolerance;
-  model.m_nMaxIter = dialog.m_nMaxIter;
-  model.m_bLoadFromFile = dialog.m_bFromFile;
-}
-
-void SetEarthquakeParameters(CAnalysisModel& model, const CNewmarkDlg& dialog) {
-  model.m_strQuakeFile = dialog.m_strQuakeFile;
-  model.m_nQuakeMode = dialog.m_nQuakeMode;
-  model.m_dObliqueCoef = dialog.m_dObliqueCoef;
-  model.m_bQuakeDir = dialog.m_bQuakeDir;
-  model.m_dPeak = dialog.m_dPeak;
-  model.m_dPeakOblique = dialog.m_dPeakOblique;
-  COMDYN.m_bNonlinear = dialog.m_bNonlinear;
 }
 
 /// Whether the text of the impulse list stays within reason: one line is about 50 bytes.
@@ -71,9 +43,8 @@ bool FitsScript(const CNewmarkDlg& dialog) {
 
 /// Text of the impulse list, for the run and beside the job.
 void ComposeScript(CAnalysisModel& model, const CNewmarkDlg& dialog) {
-  std::vector<ImpulseEntry> entries;
-  for (const ImpulseLoad& load : dialog.m_impulses) entries.push_back({load.nNode, load.nDirection, load.dPeak});
-  model.LoadScript = ComposeImpulseScript(entries, dialog.m_nImpulseType, dialog.m_dImpulseTime, dialog.m_dTimeStep);
+  model.LoadScript =
+      ComposeImpulseScript(dialog.m_impulses, dialog.m_nImpulseType, dialog.m_dImpulseTime, dialog.m_dTimeStep);
   SaveImpulseScript(g_strJobPath, model.LoadScript, model.m_historyFindings);
 }
 
@@ -83,14 +54,15 @@ int RunNewmark(CAnalysisModel& model) {
   if (dialog.DoModal() != c_nIdOk) return 0;
 
   const CFindingsKeeper keeper(g_findings.history, model.m_historyFindings);
-  model.m_nLoadType = dialog.m_nLoadType;
-  if (model.m_nLoadType != c_nNodalForce && model.m_nLoadType != c_nGroundMotion) return 1;
-  SetNewmarkParameters(model, dialog);
+  if (dialog.m_nLoadType != c_nNodalForce && dialog.m_nLoadType != c_nGroundMotion) return 1;
+  TakeSettings<HistorySettings, NewmarkSettings, EquilibriumSettings>(model, dialog);
+  SetLoadCombination(model, dialog.m_loadComb);
   if (model.m_nLoadType == c_nGroundMotion) {
-    SetEarthquakeParameters(model, dialog);
-  } else if (dialog.m_bFromFile == 0) {
+    TakeSettings<QuakeSettings>(model, dialog.m_quake);
+    COMDYN.m_bNonlinear = dialog.m_bNonlinear;
+  } else if (dialog.m_bLoadFromFile == 0) {
     if (!FitsScript(dialog)) {
-      GetPlatform().ShowMessage(c_strScriptTooLong);
+      GetPlatform().ShowMessage(texts::c_strScriptTooLong);
       return 1;
     }
     ComposeScript(model, dialog);

@@ -7,9 +7,9 @@ namespace skyframe {
 
 CDynOptionDlg::CDynOptionDlg() : CDialog(c_dynOptionTemplate) {}
 
-bool CDynOptionDlg::OnInitDialog() {
+void CDynOptionDlg::OnInitDialog() {
   m_nMethod = COMDYN.m_nMethod;
-  return CDialog::OnInitDialog();
+  CDialog::OnInitDialog();
 }
 
 void CDynOptionDlg::OnOk() {

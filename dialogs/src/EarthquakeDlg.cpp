@@ -1,5 +1,6 @@
 #include "skyframe/dialogs/EarthquakeDlg.h"
 
+#include "FirstSettings.h"
 #include "skyframe/dialogs/Templates.h"
 
 namespace skyframe {
@@ -21,26 +22,26 @@ constexpr std::array<AxisControls, 3> c_axes = {{
 
 }  // namespace
 
-CEarthquakeDlg::CEarthquakeDlg() : CDialog(c_earthquakeTemplate) {
+CEarthquakeDlg::CEarthquakeDlg() : CDialog(c_earthquakeTemplate), StepSettings(c_firstLoadSteps) {
+  static_cast<QuakePeaks&>(*this) = c_firstPeaks;
   for (const int nId : {c_nIdPrincipal, c_nIdOblique, c_nIdQuakeX, c_nIdQuakeY, c_nIdQuakeZ}) {
     On(nId, DialogEvent::Clicked, [this] { EnableControls(); });
   }
 }
 
-bool CEarthquakeDlg::OnInitDialog() {
-  const bool bDone = CDialog::OnInitDialog();
+void CEarthquakeDlg::OnInitDialog() {
+  CDialog::OnInitDialog();
   EnableControls();
-  return bDone;
 }
 
 void CEarthquakeDlg::DoDataExchange(CDataExchange& exchange) {
   exchange.Index(c_nIdStandardRecord, m_nRecord);
   exchange.Text(c_nIdStep, m_dTimeStep);
   exchange.Text(c_nIdDuration, m_dDuration);
-  exchange.Radio(c_nIdPrincipal, m_nMode);
+  exchange.Radio(c_nIdPrincipal, m_nQuakeMode);
   for (size_t i = 0; i < c_axes.size(); ++i) {
-    exchange.Check(c_axes[i].nCheck, m_bDirection[i]);
-    exchange.Text(c_axes[i].nOblique, m_dOblique[i]);
+    exchange.Check(c_axes[i].nCheck, m_bQuakeDir[i]);
+    exchange.Text(c_axes[i].nOblique, m_dObliqueCoef[i]);
     exchange.Text(c_axes[i].nPeak, m_dPeak[i]);
   }
   exchange.Text(c_nIdPeakOblique, m_dPeakOblique);

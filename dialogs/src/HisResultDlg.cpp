@@ -9,9 +9,9 @@ CHisResultDlg::CHisResultDlg(const IHistoryView& histories) : CDialog(c_hisResul
   On(c_nIdOutput, DialogEvent::Clicked, [this] { OnOutput(); });
 }
 
-bool CHisResultDlg::OnInitDialog() {
+void CHisResultDlg::OnInitDialog() {
   m_shown.reset();
-  return CDialog::OnInitDialog();
+  CDialog::OnInitDialog();
 }
 
 void CHisResultDlg::OnPaint(IPaintContext& paint) { m_histories.Plot(paint, m_shown); }

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <string_view>
 
+#include "FirstSettings.h"
 #include "skyframe/dialogs/Templates.h"
 #include "skyframe/platform/NumberText.h"
 #include "texts.h"
@@ -24,7 +25,7 @@ std::optional<ImpulseLoad> ParseImpulseRow(const ImpulseRow& row) {
   return ImpulseLoad{*node, static_cast<int>(direction - c_directions.begin()), *peak};
 }
 
-CImpulseLoadDlg::CImpulseLoadDlg() : CDialog(c_impulseLoadTemplate) {
+CImpulseLoadDlg::CImpulseLoadDlg() : CDialog(c_impulseLoadTemplate), StepSettings(c_firstLoadSteps) {
   On(c_nIdImpulseInsert, DialogEvent::Clicked, [this] { OnInsert(); });
   On(c_nIdImpulseRemove, DialogEvent::Clicked, [this] { OnRemove(); });
 }

@@ -26,8 +26,8 @@ void EditLoadCombination(LoadCombination& combination) {
 
 CLoadCombDlg::CLoadCombDlg() : CDialog(c_loadCombTemplate) {
   m_typeOfRow.fill(-1);
-  On(c_nIdAvailable, DialogEvent::SelectionChanged, [this] { OnSelectAvailable(); });
-  On(c_nIdCombined, DialogEvent::SelectionChanged, [this] { OnSelectCombined(); });
+  On(c_nIdAvailable, DialogEvent::SelectionChanged, [this] { ReadSelection(); });
+  On(c_nIdCombined, DialogEvent::SelectionChanged, [this] { ReadSelection(); });
   On(c_nIdAvailable, DialogEvent::DoubleClicked, [this] { OnAdd(); });
   On(c_nIdCombined, DialogEvent::DoubleClicked, [this] { OnRemove(); });
   On(c_nIdAdd, DialogEvent::Clicked, [this] { OnAdd(); });
@@ -38,14 +38,13 @@ CLoadCombDlg::CLoadCombDlg() : CDialog(c_loadCombTemplate) {
 
 void CLoadCombDlg::DoDataExchange(CDataExchange& exchange) { exchange.Text(c_nIdFactor, m_dFactor); }
 
-bool CLoadCombDlg::OnInitDialog() {
+void CLoadCombDlg::OnInitDialog() {
   CDialog::OnInitDialog();
   if (m_loadComb.nLoadTypes > c_nLoadTypes) {
     GetPlatform().ShowMessage(texts::c_strTooManyLoadTypes);
-    return false;
+    return;
   }
   FillLists();
-  return true;
 }
 
 void CLoadCombDlg::FillLists() {
@@ -65,25 +64,19 @@ void CLoadCombDlg::FillLists() {
   }
 }
 
-void CLoadCombDlg::OnSelectAvailable() {
-  const std::string strName = GetCurrentText(c_nIdAvailable);
-  const auto it = std::find(m_names.begin(), m_names.end(), strName);
-  if (it == m_names.end()) return;
-  bool& bSelected = m_bAvailableSelected[static_cast<size_t>(it - m_names.begin())];
-  bSelected = !bSelected;
-}
-
-void CLoadCombDlg::OnSelectCombined() {
-  const std::string strRow = GetCurrentText(c_nIdCombined);
+void CLoadCombDlg::ReadSelection() {
   for (int nType = 0; nType < c_nLoadTypes; ++nType) {
-    if (GetRowText(nType) != strRow) continue;
-    bool& bSelected = m_bCombinedSelected[static_cast<size_t>(nType)];
-    bSelected = !bSelected;
-    return;
+    m_bAvailableSelected[static_cast<size_t>(nType)] = View().IsSelected(c_nIdAvailable, nType);
+  }
+  m_bCombinedSelected.fill(false);
+  for (int nRow = 0; nRow < m_nRows; ++nRow) {
+    const auto nType = static_cast<size_t>(m_typeOfRow[static_cast<size_t>(nRow)]);
+    m_bCombinedSelected[nType] = View().IsSelected(c_nIdCombined, nRow);
   }
 }
 
 void CLoadCombDlg::OnAdd() {
+  ReadSelection();
   for (int nType = 0; nType < c_nLoadTypes; ++nType) {
     const auto nIndex = static_cast<size_t>(nType);
     if (!m_bAvailableSelected[nIndex] || m_loadComb.flags[nIndex] != 0) continue;
@@ -95,6 +88,7 @@ void CLoadCombDlg::OnAdd() {
 }
 
 void CLoadCombDlg::OnRemove() {
+  ReadSelection();
   for (int nRow = m_nRows - 1; nRow >= 0; --nRow) {
     const auto nType = static_cast<size_t>(m_typeOfRow[static_cast<size_t>(nRow)]);
     if (!m_bCombinedSelected[nType]) continue;
@@ -133,10 +127,6 @@ void CLoadCombDlg::ClearSelection() {
 std::string CLoadCombDlg::GetRowText(int nType) const {
   const auto nIndex = static_cast<size_t>(nType);
   return FormatFixed(m_loadComb.factors[nIndex], 2) + m_names[nIndex];
-}
-
-std::string CLoadCombDlg::GetCurrentText(int nListId) const {
-  return View().GetItemText(nListId, View().GetCurrent(nListId));
 }
 
 }  // namespace skyframe

@@ -1,6 +1,8 @@
 #include "skyframe/dialogs/ModeDlg.h"
 
+#include "FirstSettings.h"
 #include "skyframe/dialogs/Templates.h"
+#include "skyframe/hostdata/SettingsRecord.h"
 
 namespace skyframe {
 
@@ -8,34 +10,24 @@ namespace {
 
 constexpr int c_nTimer = 1;
 constexpr int c_nTimerPeriod = 1000;  // ms
-constexpr double c_dDefaultAccuracy = 1.0e-16;
 
 }  // namespace
 
-CModeDlg::CModeDlg() : CDialog(c_modeTemplate) {
+CModeDlg::CModeDlg() : CDialog(c_modeTemplate), ModalSettings(c_firstModal) {
   On(c_nIdModeLoadComb, DialogEvent::Clicked, [this] { EditLoadCombination(m_loadComb); });
 }
 
-bool CModeDlg::OnInitDialog() {
-  m_nModes = COMDYN.m_nModes;
-  m_nRootCheck = COMDYN.m_nRootCheck;
-  // Deliberate: the accuracy is stored on OK but never read back.
-  m_dModeTol = c_dDefaultAccuracy;
-  m_nIterMultiple = COMDYN.m_nIterMultiple;
-  m_bShear = COMDYN.m_bShear;
+void CModeDlg::OnInitDialog() {
+  FromRecord(COMDYN, *this);
   m_loadComb.Reset();
   m_nTicks = 0;
-  return CDialog::OnInitDialog();
+  CDialog::OnInitDialog();
 }
 
 void CModeDlg::OnOk() {
   if (!UpdateData(true)) return;
   View().StartTimer(c_nTimer, c_nTimerPeriod);
-  COMDYN.m_nModes = m_nModes;
-  COMDYN.m_dModeTol = m_dModeTol;
-  COMDYN.m_nRootCheck = m_nRootCheck;
-  COMDYN.m_nIterMultiple = m_nIterMultiple;
-  COMDYN.m_bShear = m_bShear;
+  ToRecord(*this, COMDYN);
   EndDialog(c_nIdOk);
 }
 

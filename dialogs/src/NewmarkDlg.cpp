@@ -3,6 +3,7 @@
 #include <cmath>
 #include <utility>
 
+#include "FirstSettings.h"
 #include "skyframe/dialogs/GeneralLoadDlg.h"
 #include "skyframe/dialogs/Templates.h"
 #include "texts.h"
@@ -13,17 +14,19 @@ namespace {
 
 constexpr double c_dSmallestSquare = 1.0e-15;  // of a direction's length
 
-/// c <- v / |v|. False, and c as it was, when v has no length.
-bool NormaliseDirection(const std::array<double, 3>& v, std::array<double, 3>& c) {
+/// v <- v / |v|. False when v has no length.
+bool Normalise(std::array<double, 3>& v) {
   const double dLength = std::hypot(v[0], v[1], v[2]);
   if (dLength * dLength <= c_dSmallestSquare) return false;
-  for (size_t i = 0; i < v.size(); ++i) c[i] = v[i] / dLength;
+  for (double& d : v) d /= dLength;
   return true;
 }
 
 }  // namespace
 
-CNewmarkDlg::CNewmarkDlg() : CDialog(c_newmarkTemplate) {
+CNewmarkDlg::CNewmarkDlg()
+    : CDialog(c_newmarkTemplate), HistorySettings{c_firstNewmarkSteps}, EquilibriumSettings(c_firstEquilibrium) {
+  static_cast<QuakePeaks&>(m_quake) = c_firstPeaks;
   On(c_nIdNodalForce, DialogEvent::Clicked, [this] { OnNodalForce(); });
   On(c_nIdGroundMotion, DialogEvent::Clicked, [this] { OnGroundMotion(); });
   On(c_nIdFromFile, DialogEvent::Clicked, [this] { OnFromFile(); });
@@ -34,26 +37,25 @@ CNewmarkDlg::CNewmarkDlg() : CDialog(c_newmarkTemplate) {
   On(c_nIdLoadComb, DialogEvent::Clicked, [this] { EditLoadCombination(m_loadComb); });
 }
 
-bool CNewmarkDlg::OnInitDialog() {
+void CNewmarkDlg::OnInitDialog() {
   m_loadComb.Reset();
-  const bool bDone = CDialog::OnInitDialog();
+  CDialog::OnInitDialog();
   for (const int nId : {c_nIdCriterion, c_nIdTolerance, c_nIdMaxIter, c_nIdGeneralLoad, c_nIdEarthquake}) {
     View().Enable(nId, false);
   }
-  return bDone;
 }
 
 void CNewmarkDlg::DoDataExchange(CDataExchange& exchange) {
   exchange.Radio(c_nIdNodalForce, m_nLoadType);
-  exchange.Text(c_nIdDamping1, m_dDamping[0]);
-  exchange.Text(c_nIdDamping2, m_dDamping[1]);
-  exchange.Text(c_nIdAlpha, m_dAlpha);
-  exchange.Text(c_nIdDelta, m_dDelta);
+  exchange.Text(c_nIdDamping1, m_pDamping[0]);
+  exchange.Text(c_nIdDamping2, m_pDamping[1]);
+  exchange.Text(c_nIdAlpha, m_dNewmarkAlpha);
+  exchange.Text(c_nIdDelta, m_dNewmarkDelta);
   exchange.Check(c_nIdNonlinear, m_bNonlinear);
-  exchange.Index(c_nIdCriterion, m_nCriterion);
-  exchange.Text(c_nIdTolerance, m_dTolerance);
+  exchange.Index(c_nIdCriterion, m_nConvCriterion);
+  exchange.Text(c_nIdTolerance, m_dConvTol);
   exchange.Text(c_nIdMaxIter, m_nMaxIter);
-  exchange.Check(c_nIdFromFile, m_bFromFile);
+  exchange.Check(c_nIdFromFile, m_bLoadFromFile);
 }
 
 // Deliberate: going back to nodal forces does not bring the two load buttons back.
@@ -85,9 +87,7 @@ void CNewmarkDlg::OnImpulseLoad() {
 
 void CNewmarkDlg::OnGeneralLoad() {
   CGeneralLoadDlg dialog;
-  if (dialog.DoModal() != c_nIdOk) return;
-  m_dTimeStep = dialog.m_dTimeStep;
-  m_dDuration = dialog.m_dDuration;
+  if (dialog.DoModal() == c_nIdOk) TakeSteps(dialog);
 }
 
 void CNewmarkDlg::OnEarthquake() {
@@ -105,20 +105,18 @@ bool CNewmarkDlg::TakeImpulses(const CImpulseLoadDlg& dialog) {
   m_impulses = std::move(impulses);
   m_nImpulseType = dialog.m_nType;
   m_dImpulseTime = dialog.GetCharacteristicTime();
-  m_dTimeStep = dialog.m_dTimeStep;
-  m_dDuration = dialog.m_dDuration;
+  TakeSteps(dialog);
   return true;
 }
 
 void CNewmarkDlg::TakeEarthquake(const CEarthquakeDlg& dialog) {
-  m_dTimeStep = dialog.m_dTimeStep;
-  m_dDuration = dialog.m_dDuration;
-  m_nQuakeMode = dialog.m_nMode;
-  m_bQuakeDir = dialog.m_bDirection;
-  m_dPeak = dialog.m_dPeak;
-  m_dPeakOblique = dialog.m_dPeakOblique;
-  m_strQuakeFile = g_ProgramPath + std::string(texts::c_strStandardRecord);
-  if (!NormaliseDirection(dialog.m_dOblique, m_dObliqueCoef)) GetPlatform().ShowMessage(texts::c_strWrongOblique);
+  TakeSteps(dialog);
+  const std::array<double, 3> previous = m_quake.m_dObliqueCoef;
+  m_quake = dialog;
+  m_quake.m_strQuakeFile = g_ProgramPath + std::string(texts::c_strStandardRecord);
+  if (Normalise(m_quake.m_dObliqueCoef)) return;
+  m_quake.m_dObliqueCoef = previous;
+  GetPlatform().ShowMessage(texts::c_strWrongOblique);
 }
 
 }  // namespace skyframe

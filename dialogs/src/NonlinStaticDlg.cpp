@@ -1,23 +1,23 @@
 #include "skyframe/dialogs/NonlinStaticDlg.h"
 
+#include "FirstSettings.h"
 #include "skyframe/dialogs/Templates.h"
 
 namespace skyframe {
 
-CNonlinStaticDlg::CNonlinStaticDlg() : CDialog(c_nonlinStaticTemplate) {
+CNonlinStaticDlg::CNonlinStaticDlg() : CDialog(c_nonlinStaticTemplate), StaticSettings{c_firstEquilibrium} {
   On(c_nIdLoadComb, DialogEvent::Clicked, [this] { EditLoadCombination(m_loadComb); });
 }
 
-bool CNonlinStaticDlg::OnInitDialog() {
-  const bool bDone = CDialog::OnInitDialog();
+void CNonlinStaticDlg::OnInitDialog() {
+  CDialog::OnInitDialog();
   m_loadComb.Reset();
-  return bDone;
 }
 
 void CNonlinStaticDlg::DoDataExchange(CDataExchange& exchange) {
-  exchange.Index(c_nIdCriterion, m_nCriterion);
+  exchange.Index(c_nIdCriterion, m_nConvCriterion);
   exchange.Text(c_nIdMaxIter, m_nMaxIter);
-  exchange.Text(c_nIdTolerance, m_dTolerance);
+  exchange.Text(c_nIdTolerance, m_dConvTol);
   exchange.Check(c_nIdNonlinear, m_bNonlinear);
 }
 

@@ -2,7 +2,7 @@
 
 #include <string_view>
 
-namespace skyframe::texts {
+namespace skyframe::dialogs::texts {
 
 inline constexpr std::string_view c_strTooManyLoadTypes = "荷载类型过多,计算终止!";
 inline constexpr std::string_view c_strDeadLoad = "静";
@@ -20,4 +20,8 @@ inline constexpr std::string_view c_strNotWritten = "结果文件无法写入!";
 /// Standard ground-motion record below the host's program directory.
 inline constexpr std::string_view c_strStandardRecord = "\\GroundAccData\\Elcentro.txt";
 
-}  // namespace skyframe::texts
+}  // namespace skyframe::dialogs::texts
+
+namespace skyframe {
+namespace texts = dialogs::texts;
+}  // namespace skyframe

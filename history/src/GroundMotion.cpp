@@ -17,9 +17,9 @@ constexpr int c_nNoDirection = -1;
 
 /// Place in the tables of texts; X wins over Y, Y over Z.
 int ChooseRecord(const QuakeSettings& settings) {
-  if (settings.nMode == c_nObliqueQuake) return c_nOblique;
-  const auto it = std::find_if(settings.directions.begin(), settings.directions.end(), [](int n) { return n != 0; });
-  return it == settings.directions.end() ? c_nNoDirection : static_cast<int>(it - settings.directions.begin());
+  if (settings.m_nQuakeMode == c_nObliqueQuake) return c_nOblique;
+  const auto it = std::ranges::find_if(settings.m_bQuakeDir, [](int n) { return n != 0; });
+  return it == settings.m_bQuakeDir.end() ? c_nNoDirection : static_cast<int>(it - settings.m_bQuakeDir.begin());
 }
 
 }  // namespace
@@ -45,14 +45,14 @@ std::optional<std::vector<double>> ReadAccelerationRecord(const std::string& str
   return record;
 }
 
-bool CGroundMotion::Read(const QuakeSettings& settings, const std::string& strPrefix) {
+bool CGroundMotion::Read(const QuakeSettings& settings, bool bFromFile, const std::string& strPrefix) {
   m_records = {};
   const int nRecord = ChooseRecord(settings);
   if (nRecord == c_nNoDirection) return true;
   const auto nText = static_cast<std::size_t>(nRecord);
   const std::string strPath =
-      settings.bFromFile ? strPrefix + std::string(suffix::c_strAcceleration[nText]) : settings.strStandardRecord;
-  const double dPeak = nRecord == c_nOblique ? settings.dObliquePeak : settings.peaks[nText];
+      bFromFile ? strPrefix + std::string(suffix::c_strAcceleration[nText]) : settings.m_strQuakeFile;
+  const double dPeak = nRecord == c_nOblique ? settings.m_dPeakOblique : settings.m_dPeak[nText];
   std::optional<std::vector<double>> record = ReadAccelerationRecord(strPath, dPeak);
   if (!record) {
     GetPlatform().ShowMessage(texts::c_strBadRecords[nText]);
@@ -64,7 +64,7 @@ bool CGroundMotion::Read(const QuakeSettings& settings, const std::string& strPr
   }
   for (std::size_t nDirection = 0; nDirection < 3; ++nDirection) {
     m_records[nDirection] = *record;
-    for (double& dValue : m_records[nDirection]) dValue *= settings.cosines[nDirection];
+    for (double& dValue : m_records[nDirection]) dValue *= settings.m_dObliqueCoef[nDirection];
   }
   return true;
 }

@@ -1,11 +1,10 @@
-#include <algorithm>
-#include <charconv>
-#include <iterator>
+#include <optional>
 #include <span>
 
 #include "skyframe/history/HistoryFile.h"
 #include "skyframe/hostdata/HostData.h"
 #include "skyframe/platform/Platform.h"
+#include "skyframe/platform/WordReader.h"
 #include "skyframe/values/ResultFiles.h"
 #include "texts.h"
 
@@ -13,53 +12,20 @@ namespace skyframe {
 
 namespace {
 
-/// Words of a text, one after the other. A word that is not there, or not what was asked for, makes
-/// every later call fail. Numbers may have a plus sign.
-class CWordReader {
- public:
-  explicit CWordReader(std::string_view strText) : m_strRest(strText) {}
+/// "Time." and the step number, which may stand in the same word.
+void SkipTimePoint(CWordReader& words) {
+  const std::string_view strWord = words.Next();
+  words.Expect(strWord.starts_with(texts::c_strTimeLabel));
+  if (strWord.size() == texts::c_strTimeLabel.size()) words.Skip(1);
+}
 
-  [[nodiscard]] bool HasFailed() const { return m_bFailed; }
-
-  std::string_view Word() {
-    constexpr std::string_view c_strSpaces = " \t\r\n\v\f";
-    m_strRest.remove_prefix(std::min(m_strRest.find_first_not_of(c_strSpaces), m_strRest.size()));
-    const std::size_t nLength = std::min(m_strRest.find_first_of(c_strSpaces), m_strRest.size());
-    const std::string_view strWord = m_strRest.substr(0, nLength);
-    m_strRest.remove_prefix(nLength);
-    m_bFailed = m_bFailed || strWord.empty();
-    return strWord;
-  }
-  void Skip(int nWords) {
-    for (int i = 0; i < nWords; ++i) Word();
-  }
-
-  /// The next word as a whole.
-  template <class T>
-  T Number() {
-    std::string_view strWord = Word();
-    T value{};
-    if (strWord.starts_with('+') && !strWord.starts_with("+-")) strWord.remove_prefix(1);
-    const char* const pEnd = strWord.data() + strWord.size();
-    const auto [pStop, error] = std::from_chars(strWord.data(), pEnd, value);
-    Expect(error == std::errc{} && pStop == pEnd);
-    return value;
-  }
-
-  /// "Time." and the step number, which may stand in the same word.
-  void SkipTimePoint() {
-    const std::string_view strWord = Word();
-    Expect(strWord.starts_with(texts::c_strTimeLabel));
-    if (strWord.size() == texts::c_strTimeLabel.size()) Skip(1);
-  }
-
-  void Expect(bool bTrue) { m_bFailed = m_bFailed || !bTrue; }
-  [[nodiscard]] std::size_t GetRestLength() const { return m_strRest.size(); }
-
- private:
-  std::string_view m_strRest;
-  bool m_bFailed = false;
-};
+/// Three words and a count that is known.
+void ReadCount(CWordReader& words, int nExpected) {
+  int nCount = -1;
+  words.Skip(3);
+  words.Read(nCount);
+  words.Expect(nCount == nExpected && nExpected >= 0);
+}
 
 bool Contains(std::string_view strWord, std::string_view strName) {
   return strWord.find(strName) != std::string_view::npos;
@@ -68,7 +34,7 @@ bool Contains(std::string_view strWord, std::string_view strName) {
 /// Code 1 when the word contains strOne, 0 when it contains strZero, else as it was. Deliberate: case-sensitive.
 void ReadCode(CWordReader& words, std::string_view strZero, std::string_view strOne, int& nCode) {
   words.Skip(2);
-  const std::string_view strWord = words.Word();
+  const std::string_view strWord = words.Next();
   if (Contains(strWord, strOne)) {
     nCode = 1;
   } else if (Contains(strWord, strZero)) {
@@ -78,15 +44,13 @@ void ReadCode(CWordReader& words, std::string_view strZero, std::string_view str
 
 /// Up to and with "--". Leaves the step count for the check against the text's length.
 void ReadHeader(CWordReader& words, int nNodes, int nElements, HistorySet& history) {
+  ReadCount(words, nNodes);
+  ReadCount(words, nElements);
   words.Skip(3);
-  words.Expect(words.Number<int>() == nNodes);
-  words.Skip(3);
-  words.Expect(words.Number<int>() == nElements);
-  words.Skip(3);
-  history.nSteps = words.Number<int>();
-  words.Expect(history.nSteps >= 0 && nNodes >= 0 && nElements >= 0);
+  words.Read(history.nSteps);
+  words.Expect(history.nSteps >= 0);
   words.Skip(2);
-  history.dTimeStep = words.Number<double>();
+  words.Read(history.dTimeStep);
   ReadCode(words, "Wilson", "Newmark", history.nMethod);
   ReadCode(words, "Linear", "Nonlinear", history.nAssumption);
   words.Skip(1);
@@ -104,8 +68,8 @@ double GetSmallestLength(int nSteps, int nNodes, int nElements) {
 void ReadBlock(CWordReader& words, int nIndex, int nSteps, std::span<CHistoryTable> quantities) {
   words.Skip(3);
   for (int k = 0; k < nSteps && !words.HasFailed(); ++k) {
-    words.SkipTimePoint();
-    for (CHistoryTable& values : quantities) values[k][nIndex] = words.Number<double>();
+    SkipTimePoint(words);
+    for (CHistoryTable& values : quantities) words.Read(values[k][nIndex]);
   }
 }
 
@@ -129,13 +93,12 @@ std::optional<HistorySet> ParseHistory(std::string_view strText, int nNodes, int
 
 bool ReadHistoryFile(HistorySet& history) {
   const CWaitCursorScope waitCursor;
-  const auto pStream = GetPlatform().OpenForReading(g_FilePathName + std::string(suffix::c_strHistory));
-  if (!pStream) {
+  const std::optional<std::string> text = ReadWholeFile(g_FilePathName + std::string(suffix::c_strHistory));
+  if (!text) {
     GetPlatform().ShowMessage(texts::c_strNoHistory);
     return false;
   }
-  const std::string strText(std::istreambuf_iterator<char>(*pStream), {});
-  std::optional<HistorySet> read = ParseHistory(strText, ABCD.m_nNodes, ABCD.m_nElements);
+  std::optional<HistorySet> read = ParseHistory(*text, ABCD.m_nNodes, ABCD.m_nElements);
   if (!read) return false;
   history = std::move(*read);
   COMDYN.m_nHistoryCount = history.nSteps;

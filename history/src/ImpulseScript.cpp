@@ -16,15 +16,14 @@ namespace skyframe {
 
 namespace {
 
-constexpr double c_dNewtonPerScriptUnit = 1000.0;  // the text is in kN
 constexpr int c_nComponents = 3;
 constexpr std::string_view c_strFieldGap = "   ";
 constexpr std::string_view c_strScriptLineEnd = "\r\n";
 constexpr std::string_view c_strBlockEnd = "##";
 
 /// One block: a line an entry with its peak times dFactor in its own direction.
-void AppendBlock(std::string& strText, std::span<const ImpulseEntry> entries, double dFactor) {
-  for (const ImpulseEntry& entry : entries) {
+void AppendBlock(std::string& strText, std::span<const ImpulseLoad> entries, double dFactor) {
+  for (const ImpulseLoad& entry : entries) {
     strText.append(c_strFieldGap).append(std::to_string(entry.nNode));
     for (int nDirection = 0; nDirection < c_nComponents; ++nDirection) {
       const double dForce = entry.nDirection == nDirection ? entry.dPeak : 0.0;
@@ -94,7 +93,7 @@ int CountSteps(double dTime, double dStep) {
   return dCount >= c_nMost ? c_nMost : static_cast<int>(dCount);
 }
 
-std::string ComposeImpulseScript(std::span<const ImpulseEntry> entries, int nShape, double dTime, double dStep) {
+std::string ComposeImpulseScript(std::span<const ImpulseLoad> entries, int nShape, double dTime, double dStep) {
   std::string strText(texts::c_strImpulseTag);
   strText.append(c_strScriptLineEnd);
   const int K = CountSteps(dTime, dStep);
@@ -191,7 +190,7 @@ void CImpulseScript::SkipToNumber(std::size_t& nPos) const {
 void CImpulseScript::ReadLine(std::size_t& nPos, std::span<CNodalLoad> records) const {
   const int nNode = ReadIntToken(nPos) - 1;
   for (int nDirection = 0; nDirection < c_nComponents; ++nDirection) {
-    const double dForce = ReadRealToken(nPos) * c_dNewtonPerScriptUnit;
+    const double dForce = ReadRealToken(nPos) * c_dNewtonPerKilonewton;
     records[static_cast<std::size_t>(nDirection)] = {0, nDirection, nNode, dForce};
   }
 }

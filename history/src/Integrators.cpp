@@ -1,27 +1,14 @@
 #include "skyframe/history/Integrators.h"
 
 #include <algorithm>
-#include <cmath>
 
 namespace skyframe {
 
 namespace {
 
-/// Frequencies no farther apart count as equal.
-constexpr double c_dSameFrequency = 1.0e-15;
-
 std::vector<double> MakeVector(int n) { return std::vector<double>(static_cast<std::size_t>(n)); }
 
 }  // namespace
-
-RayleighCoefficients FormRayleigh(std::span<const double> omega, double zeta1, double zeta2) {
-  const auto differs = [&](double w) { return std::abs(w - omega[0]) > c_dSameFrequency; };
-  const auto it = std::find_if(omega.begin(), omega.end(), differs);
-  if (it == omega.end()) return {};
-  const double w1 = omega[0], w2 = *it;
-  const double D = w1 * w1 - w2 * w2;
-  return {2.0 * w1 * w2 * (zeta2 * w1 - zeta1 * w2) / D, 2.0 * (zeta1 * w1 - zeta2 * w2) / D};
-}
 
 NewmarkConstants::NewmarkConstants(double alpha, double delta, double dt)
     : a0(1.0 / (alpha * dt * dt)),

@@ -3,41 +3,15 @@
 #include <algorithm>
 #include <cmath>
 
+#include "skyframe/numeric/VectorAlgebra.h"
+
 namespace skyframe {
 
 namespace {
 
-/// A reference norm of no more than this counts as zero.
-constexpr double c_dTiny = 1.0e-15;
-
 std::vector<double> MakeVector(int n) { return std::vector<double>(static_cast<std::size_t>(n)); }
 
 }  // namespace
-
-double ComputeNorm(std::span<const double> v) {
-  double dSum = 0.0;
-  for (const double d : v) dSum += d * d;
-  return std::sqrt(dSum);
-}
-
-bool IterationTest::IsConverged(double dResidual, double dForce, double dIncrement, double dReference) const {
-  const auto isSmall = [this](double dValue, double dAgainst) {
-    if (std::abs(dAgainst) <= c_dTiny) return true;
-    return std::abs(dValue / dAgainst) <= dTolerance && dValue < dAgainst;
-  };
-  switch (nCriterion) {
-    case 0:
-      return dResidual <= dTolerance;
-    case 1:
-      return dIncrement <= dTolerance;
-    case 2:
-      return isSmall(dResidual, dForce);
-    case 3:
-      return isSmall(dIncrement, dReference);
-    default:
-      return false;
-  }
-}
 
 CNonlinearNewmark::CNonlinearNewmark(const NewmarkConstants& constants, const Settings& settings, const CRowMatrix& M,
                                      const CRowMatrix& C, const SparseMatrix& inertia, NonlinearStructure structure,
@@ -98,21 +72,21 @@ void CNonlinearNewmark::FormResidual() {
 
 bool CNonlinearNewmark::Iterate() {
   std::fill(m_step.begin(), m_step.end(), 0.0);
-  const double dForce = ComputeNorm(m_load);
+  const double dForce = Norm(m_load);
   double dFirstIncrement = 0.0;
   FormResidual();
   m_bConverged = false;
   for (m_nIterations = 0; m_nIterations < m_settings.nMaxIter;) {
     // K^ dU = psi; the residual becomes the increment
     if (!m_effective.Solve(m_M.GetOrder(), m_residual)) return false;
-    const double dIncrement = ComputeNorm(m_residual);
+    const double dIncrement = Norm(m_residual);
     if (m_nIterations++ == 0) dFirstIncrement = dIncrement;
     for (std::size_t i = 0; i < m_step.size(); ++i) m_step[i] += m_residual[i];
     const std::span<const double> resistance = m_structure.move(m_residual);
     if (resistance.size() < m_resistance.size()) return false;
     std::copy_n(resistance.begin(), m_resistance.size(), m_resistance.begin());
     FormResidual();
-    const double dResidual = ComputeNorm(m_residual);
+    const double dResidual = Norm(m_residual);
     m_bConverged = m_settings.test.IsConverged(dResidual, dForce, dIncrement, dFirstIncrement);
     if (m_bConverged || !std::isfinite(dResidual)) break;  // it cannot come back
   }

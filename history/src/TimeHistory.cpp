@@ -1,4 +1,6 @@
-#include <iterator>
+#include <algorithm>
+#include <optional>
+#include <utility>
 
 #include "TimeHistoryRun.h"
 #include "skyframe/history/HistoryFile.h"
@@ -10,12 +12,6 @@
 // The time-history operations of the analysis model.
 
 namespace skyframe {
-
-namespace {
-
-constexpr double c_dMassPerNewton = 0.1019367991845056;  // 1 / 9.81
-
-}  // namespace
 
 void CAnalysisModel::WilsonTheta(const std::string& strPrefix) {
   CTimeHistoryRun run(*this, strPrefix);
@@ -34,12 +30,12 @@ void CAnalysisModel::NewmarkIntegration(const std::string& strPrefix, int nAssum
 }
 
 void CAnalysisModel::ReadLoadLog(const std::string& strPrefix) {
-  const auto pStream = GetPlatform().OpenForReading(strPrefix + std::string(suffix::c_strImpulseLoad));
-  if (!pStream) {
+  std::optional<std::string> text = ReadWholeFile(strPrefix + std::string(suffix::c_strImpulseLoad));
+  if (!text) {
     GetPlatform().GetConsole() << texts::c_strNoLoadLog;
     return;
   }
-  LoadScript.assign(std::istreambuf_iterator<char>(*pStream), {});
+  LoadScript = std::move(*text);
 }
 
 bool CAnalysisModel::WriteHistoryFile() {

@@ -6,6 +6,8 @@
 #include <cstdio>
 
 #include "skyframe/hostdata/HostData.h"
+#include "skyframe/model/RayleighDamping.h"
+#include "skyframe/numeric/VectorAlgebra.h"
 #include "skyframe/platform/Platform.h"
 #include "texts.h"
 
@@ -19,11 +21,6 @@ std::string FormatTime(const LocalTime& t) {
   std::snprintf(text.data(), text.size(), "%04d-%02d-%02d %02d:%02d:%02d", t.nYear, t.nMonth, t.nDay, t.nHour,
                 t.nMinute, t.nSecond);
   return text.data();
-}
-
-QuakeSettings GetQuakeSettings(const CAnalysisModel& model) {
-  return {model.m_nQuakeMode,   model.m_bQuakeDir,          model.m_dPeak,       model.m_dPeakOblique,
-          model.m_dObliqueCoef, model.m_bLoadFromFile == 1, model.m_strQuakeFile};
 }
 
 }  // namespace
@@ -95,7 +92,7 @@ bool CTimeHistoryRun::RunNodalForce() {
 
 bool CTimeHistoryRun::RunGroundMotion() {
   CGroundMotion motion;
-  if (!motion.Read(GetQuakeSettings(m_model), m_strPrefix)) return false;
+  if (!motion.Read(m_model, m_model.m_bLoadFromFile == 1, m_strPrefix)) return false;
   const NewmarkConstants constants = GetNewmark();
   if (!FormOperators(constants.a0, constants.a1)) return false;
   return m_model.m_history.nAssumption == 1 ? StepNonlinearGround(motion) : StepLinearGround(motion);
@@ -121,10 +118,8 @@ bool CTimeHistoryRun::OpenScript(CImpulseScript& script) const {
 
 template <class Integrator>
 bool CTimeHistoryRun::StepNodalForces(Integrator& integrator, CImpulseScript& script) {
-  const int nCase = static_cast<int>(m_model.m_loadCases.size());
-  m_model.m_loadCases.emplace_back();
   for (int k = 0; k < m_model.m_history.nSteps; ++k) {
-    FormStepLoad(script, nCase);
+    FormStepLoad(script);
     if (!integrator.StepForce(m_model.GetLoadVector().first(GetFreeCount()))) return false;
     if (!m_model.IsWithinLimit(integrator.GetState().u)) return false;
     ComputeAxialForces(integrator.GetState().u);
@@ -148,17 +143,16 @@ bool CTimeHistoryRun::StepLinearGround(const CGroundMotion& motion) {
 }
 
 bool CTimeHistoryRun::StepNonlinearGround(const CGroundMotion& motion) {
-  m_stiffness.Release();
-  std::fill(m_model.m_displacement.begin(), m_model.m_displacement.end(), 0.0);
+  m_model.ClearDisplacements();
   if (!ApplyStaticLoad()) return false;
 
   NonlinearStructure structure;
   structure.formTangent = [this](SparseMatrix& K) { return m_model.AssembleStiffness(K, true, IsShear()); };
   structure.move = [this](std::span<const double> increment) -> std::span<const double> {
-    return Move(increment) ? std::span(m_model.m_internalForce) : std::span<double>();
+    return Move(increment) ? m_model.GetInternalForce() : std::span<const double>();
   };
   const std::span<const double> P0 = m_model.GetLoadVector().first(GetFreeCount());
-  const std::span<const double> Fint = std::span(m_model.m_internalForce).first(GetFreeCount());
+  const std::span<const double> Fint = m_model.GetInternalForce().first(GetFreeCount());
   CNonlinearNewmark integrator(GetNewmark(), {GetTest(), m_model.m_nMaxIter}, m_massRows, m_dampingRows, m_inertia,
                                structure, P0, Fint);
   std::vector<double> g(GetFreeCount());
@@ -166,13 +160,14 @@ bool CTimeHistoryRun::StepNonlinearGround(const CGroundMotion& motion) {
     motion.FormVector(k, m_model.GetNodes(), g);
     if (!integrator.StepGround(g)) return false;
     if (!integrator.HasConverged()) ++m_findings.nRoughSteps;
-    Record(k, std::span(m_model.m_displacement).first(GetFreeCount()));
+    Record(k, m_model.GetDisplacements().first(GetFreeCount()));
   }
   return true;
 }
 
 void CTimeHistoryRun::FormDamping() {
-  const RayleighCoefficients rayleigh = FormRayleigh(m_model.Omega, m_model.m_pDamping[0], m_model.m_pDamping[1]);
+  const RayleighCoefficients rayleigh =
+      FormRayleigh(m_model.Omega, m_model.m_pDamping[0], m_model.m_pDamping[1]).value_or(RayleighCoefficients{});
   m_findings.dMassDamping = rayleigh.dMass;
   m_findings.dStiffnessDamping = rayleigh.dStiffness;
   m_findings.omega = m_model.Omega;
@@ -212,41 +207,41 @@ void CTimeHistoryRun::FormEffective() {
   m_inertia.Release();
 }
 
-void CTimeHistoryRun::FormStepLoad(CImpulseScript& script, int nCase) {
+void CTimeHistoryRun::FormStepLoad(CImpulseScript& script) {
   if (script.IsUsedUp()) {
-    std::fill(m_model.m_load.begin(), m_model.m_load.end(), 0.0);
-    std::fill(m_model.m_secondLoad.begin(), m_model.m_secondLoad.end(), 0.0);
+    m_model.ClearLoads();
     return;
   }
-  script.ReadBlock(m_model.m_loadCases[static_cast<std::size_t>(nCase)]);
-  m_model.BuildLoadVector(nCase);
+  script.ReadBlock(m_stepLoad);
+  m_model.BuildLoadVector(m_stepLoad);
 }
 
 bool CTimeHistoryRun::ApplyStaticLoad() {
   const std::size_t F = GetFreeCount();
   m_model.AssembleCombinedLoad();
   const std::span<const double> P = m_model.GetLoadVector().first(F);
+  const std::span<const double> Fint = m_model.GetInternalForce();
   std::vector<double> residual(P.begin(), P.end());
   std::vector<double> increment(F);
   const IterationTest test = GetTest();
-  const double dForce = ComputeNorm(P);
+  const double dForce = Norm(P);
   m_findings.bRoughStart = true;
   for (int k = 0; k < m_model.m_nMaxIter && m_findings.bRoughStart; ++k) {
     // K du = R with the tangent stiffness; R = P - Fint
-    SparseMatrix& K = m_model.m_stiffness;
+    SparseMatrix& K = m_stiffness;
     if (!m_model.AssembleStiffness(K, true, IsShear())) return false;
     std::copy(residual.begin(), residual.end(), increment.begin());
     const bool bSolved = K.Solve(m_model.GetFreeDofs(), increment);
     if (k == 0) m_findings.conditioning = m_model.DescribeConditioning(K);
     if (!bSolved) return false;
     if (!Move(increment)) return false;
-    for (std::size_t i = 0; i < F; ++i) residual[i] = P[i] - m_model.m_internalForce[i];
-    const double dTotal = ComputeNorm(m_model.GetDisplacements().first(F));
-    m_findings.bRoughStart = !test.IsConverged(ComputeNorm(residual), dForce, ComputeNorm(increment), dTotal);
+    for (std::size_t i = 0; i < F; ++i) residual[i] = P[i] - Fint[i];
+    const double dTotal = Norm(m_model.GetDisplacements().first(F));
+    m_findings.bRoughStart = !test.IsConverged(Norm(residual), dForce, Norm(increment), dTotal);
   }
-  m_model.m_stiffness.Release();
+  m_stiffness.Release();
   m_model.m_staticForce.clear();
-  for (const auto& pElement : m_model.m_elements) {
+  for (const auto& pElement : m_model.GetElements()) {
     m_model.m_staticForce.push_back(pElement ? pElement->GetAxialForce() : 0.0);
   }
   return true;
@@ -258,7 +253,7 @@ bool CTimeHistoryRun::Move(std::span<const double> increment) {
 }
 
 void CTimeHistoryRun::ComputeAxialForces(std::span<const double> u) {
-  for (const auto& pElement : m_model.m_elements) {
+  for (const auto& pElement : m_model.GetElements()) {
     if (pElement) pElement->ComputeInternalForce(u, false, IsShear(), false);
   }
 }
@@ -267,12 +262,12 @@ void CTimeHistoryRun::Record(int nStep, std::span<const double> u) {
   HistorySet& history = m_model.m_history;
   for (int nDirection = 0; nDirection < 3; ++nDirection) {
     double* row = history.values[static_cast<std::size_t>(nDirection)][nStep];
-    for (const int nNode : m_model.m_nodes.GetListedNodes()) {
-      row[nNode] = m_model.m_nodes.GetValue(u, nNode, nDirection);
+    for (const int nNode : m_model.GetNodes().GetListedNodes()) {
+      row[nNode] = m_model.GetNodes().GetValue(u, nNode, nDirection);
     }
   }
   double* forces = history.values[c_nHistoryForce][nStep];
-  for (const auto& pElement : m_model.m_elements) {
+  for (const auto& pElement : m_model.GetElements()) {
     if (pElement) forces[pElement->GetElemNo()] = pElement->GetAxialForce();
   }
   ++m_findings.nStepsDone;

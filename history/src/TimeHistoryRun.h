@@ -45,7 +45,7 @@ class CTimeHistoryRun {
   [[nodiscard]] bool FormOperators(double a0, double a1);
   /// K <- K + a0 M + a1 C, which is all a linear run keeps.
   void FormEffective();
-  void FormStepLoad(CImpulseScript& script, int nCase);
+  void FormStepLoad(CImpulseScript& script);
 
   /// Equilibrium iteration under the load combination with the tangent stiffness; accepted as it stands
   /// at the iteration limit.
@@ -70,6 +70,7 @@ class CTimeHistoryRun {
   CAnalysisModel& m_model;
   HistoryFindings& m_findings;
   std::string m_strPrefix;
+  CLoadCase m_stepLoad;      ///< keeps its records from step to step
   SparseMatrix m_stiffness;  ///< K, then K^ of a linear run
   SparseMatrix m_inertia;
   CRowMatrix m_massRows;     ///< M

@@ -4,7 +4,7 @@
 
 // Fixed texts of the history room.
 
-namespace skyframe::texts {
+namespace skyframe::history::texts {
 
 // Impulse load text.
 inline constexpr std::string_view c_strImpulseTag = "/IMPULSELOAD/";
@@ -42,4 +42,8 @@ inline constexpr std::string_view c_strTimePoint = "TimePoint:";
 inline constexpr std::string_view c_strQuantityLines[] = {
     "X-direction Disp(m): ", "Y-direction Disp(m): ", "Z-direction Disp(m): ", "Element internal force(N): "};
 
-}  // namespace skyframe::texts
+}  // namespace skyframe::history::texts
+
+namespace skyframe {
+namespace texts = history::texts;
+}  // namespace skyframe

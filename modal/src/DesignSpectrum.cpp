@@ -3,13 +3,12 @@
 #include <algorithm>
 #include <cmath>
 
+#include "skyframe/model/RayleighDamping.h"
 #include "texts.h"
 
 namespace skyframe {
 namespace {
 
-constexpr int c_nFirstIntensity = 6;
-constexpr int c_nLastIntensity = 11;
 constexpr int c_nZoneGroups = 3;
 constexpr int c_nSiteClasses = 4;
 
@@ -35,8 +34,8 @@ DampingFactors FormDampingFactors(double dDampRatio) {
 }
 
 CDesignSpectrum::CDesignSpectrum(const SpectrumSite& site)
-    : CDesignSpectrum(c_dAlphaMax[site.nIntensity - c_nFirstIntensity][site.nQuakeLevel],
-                      c_dTg[site.nZoneGroup - 1][site.nSiteClass - 1]) {}
+    : CDesignSpectrum(c_dAlphaMax[site.m_nIntensity - c_nLowestIntensity][site.m_nQuakeLevel],
+                      c_dTg[site.m_nZoneGroup - 1][site.m_nSiteClass - 1]) {}
 
 double CDesignSpectrum::GetAlpha(double dPeriod, double dDampRatio) const {
   const double T = dPeriod, Tg = m_dTg;
@@ -50,11 +49,11 @@ double CDesignSpectrum::GetAlpha(double dPeriod, double dDampRatio) const {
 
 std::optional<std::string_view> FindSiteError(const SpectrumSite& site) {
   const std::pair<bool, std::string_view> checks[] = {
-      {!IsWithin(site.nQuakeLevel, 0, 1), c_strBadQuakeLevel},
-      {!IsWithin(site.nIntensity, c_nFirstIntensity, c_nLastIntensity), c_strBadIntensity},
-      {site.nQuakeLevel == 1 && site.nIntensity == c_nFirstIntensity, c_strNoRareCheck},
-      {!IsWithin(site.nZoneGroup, 1, c_nZoneGroups), c_strBadZoneGroup},
-      {!IsWithin(site.nSiteClass, 1, c_nSiteClasses), c_strBadSiteClass},
+      {!IsWithin(site.m_nQuakeLevel, 0, 1), texts::c_strBadQuakeLevel},
+      {!IsWithin(site.m_nIntensity, c_nLowestIntensity, c_nHighestIntensity), texts::c_strBadIntensity},
+      {site.m_nQuakeLevel == 1 && site.m_nIntensity == c_nLowestIntensity, texts::c_strNoRareCheck},
+      {!IsWithin(site.m_nZoneGroup, 1, c_nZoneGroups), texts::c_strBadZoneGroup},
+      {!IsWithin(site.m_nSiteClass, 1, c_nSiteClasses), texts::c_strBadSiteClass},
   };
   for (const auto& [bFailed, strText] : checks) {
     if (bFailed) return strText;
@@ -72,16 +71,8 @@ std::optional<std::array<double, 3>> NormaliseDirection(const std::array<double,
 std::vector<double> InterpolateDamping(std::span<const double> omega, double dFirst, double dSecond) {
   std::vector<double> zeta(omega.size(), dFirst);
   zeta[1] = dSecond;
-  const double w1 = omega[0];
-  const auto other =
-      std::find_if(omega.begin() + 1, omega.end(), [w1](double w) { return std::abs(w - w1) > c_dZero; });
-  if (other == omega.end()) return zeta;
-  const double wm = *other;
-  // zeta = (a / omega + b omega) / 2 through (w1, zeta1) and (wm, zeta2)
-  const double D = w1 * w1 - wm * wm;
-  const double a = 2.0 * (dSecond * w1 - dFirst * wm) * w1 * wm / D;
-  const double b = 2.0 * (dFirst * w1 - dSecond * wm) / D;
-  for (std::size_t i = 2; i < omega.size(); ++i) zeta[i] = (a / omega[i] + b * omega[i]) / 2.0;
+  const auto rayleigh = FormRayleigh(omega, dFirst, dSecond);
+  for (std::size_t i = 2; rayleigh && i < omega.size(); ++i) zeta[i] = GetDampingRatio(*rayleigh, omega[i]);
   return zeta;
 }
 

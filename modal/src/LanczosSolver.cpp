@@ -4,18 +4,14 @@
 #include <cmath>
 #include <utility>
 
+#include "skyframe/numeric/VectorAlgebra.h"
+
 namespace skyframe {
 namespace {
 
 constexpr double c_dBreakdown = 1e-20;  ///< squared share of a vector that counts as nothing
 constexpr int c_nRestartTries = 3;
 constexpr int c_nRestartSweeps = 3;
-
-double Dot(std::span<const double> x, std::span<const double> y) {
-  double dSum = 0.0;
-  for (std::size_t i = 0; i < x.size(); ++i) dSum += x[i] * y[i];
-  return dSum;
-}
 
 /// More of it is left than round-off. Written so that NaN is refused.
 bool IsLeft(double dNorm2, double dWhole2) { return std::isfinite(dNorm2) && dNorm2 > c_dBreakdown * dWhole2; }

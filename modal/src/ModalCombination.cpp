@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cmath>
 
+#include "skyframe/numeric/VectorAlgebra.h"
+
 namespace skyframe {
 namespace {
 
@@ -23,12 +25,6 @@ double FormCorrelation(double dOmegaI, double dOmegaJ, double dZetaI, double dZe
   return 8.0 * zz * s * std::pow(lambda, 1.5) / (d * d + 4.0 * zz * lambda * s * s);
 }
 
-double CombineSrss(std::span<const double> R) {
-  double dSum = 0.0;
-  for (const double r : R) dSum += r * r;
-  return std::sqrt(dSum);
-}
-
 CModalCombination::CModalCombination(int nMethod, std::span<const double> omega, std::span<const double> zeta)
     : m_nMethod(std::clamp<int>(nMethod, c_nSrss, c_nGrp)) {
   if (m_nMethod == c_nSrss) return;
@@ -44,7 +40,7 @@ CModalCombination::CModalCombination(int nMethod, std::span<const double> omega,
 }
 
 double CModalCombination::Combine(std::span<const double> R) const {
-  if (m_nMethod == c_nSrss) return CombineSrss(R);
+  if (m_nMethod == c_nSrss) return Norm(R);
   const std::size_t k = R.size();
   double dSum = 0.0;
   for (std::size_t i = 0; i < k; ++i) {

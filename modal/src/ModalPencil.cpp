@@ -11,7 +11,7 @@ void AddLoadMass(const CAnalysisModel& model, SparseMatrix& M) {
     if (!(dLoad > 0.0)) continue;
     for (const int nDirection : {c_nDofX, c_nDofY, c_nDofZ}) {
       const int e = nodes.FindDof(nNode, nDirection);
-      if (e >= 0 && e < model.GetFreeDofs()) M(e, e) += dLoad * c_dMassPerKilonewton;
+      if (e >= 0 && e < model.GetFreeDofs()) M(e, e) += dLoad * (c_dNewtonPerKilonewton * c_dMassPerNewton);
     }
   }
 }

@@ -7,9 +7,9 @@
 #include <utility>
 
 #include "Participation.h"
-#include "WaitCursor.h"
 #include "skyframe/modal/ModalPencil.h"
 #include "skyframe/modal/ModeFile.h"
+#include "skyframe/numeric/VectorAlgebra.h"
 #include "skyframe/platform/Platform.h"
 #include "texts.h"
 
@@ -24,13 +24,13 @@ constexpr double c_dGreatestTheta = 1e6;  ///< s2; beyond it a free structure sh
 constexpr double c_dGoodResidual = 1e-8;  ///< |K phi - omega^2 M phi| / |K phi|
 constexpr double c_dRoundOff = 1e-15;     ///< relative Lanczos residual that more steps cannot better
 
-/// First check that fails, in the required order.
+/// First check that fails.
 std::optional<std::string_view> FindParameterError(const CAnalysisModel& model) {
   const std::pair<bool, std::string_view> checks[] = {
-      {model.m_nModes > model.GetFreeDofs(), c_strTooManyModes},
-      {model.m_nModes <= 0, c_strBadModeCount},
-      {!(model.m_dModeTol > 0.0), c_strBadTolerance},
-      {model.m_nIterMultiple <= 0, c_strBadMultiple},
+      {model.m_nModes > model.GetFreeDofs(), texts::c_strTooManyModes},
+      {model.m_nModes <= 0, texts::c_strBadModeCount},
+      {!(model.m_dModeTol > 0.0), texts::c_strBadTolerance},
+      {model.m_nIterMultiple <= 0, texts::c_strBadMultiple},
   };
   for (const auto& [bFailed, strText] : checks) {
     if (bFailed) return strText;
@@ -110,7 +110,7 @@ bool CModalSolution::IterateToAcceptance() {
     if (check != RootCheck::Enlarge) return check == RootCheck::Accept;
     const auto larger = EnlargeSubspace(m, m_nModes, m_nFree, m_nFirstSize, m_model.m_nIterMultiple);
     if (!larger) {
-      GetPlatform().ShowMessage(c_strNoConvergedModes);
+      GetPlatform().ShowMessage(texts::c_strNoConvergedModes);
       return false;
     }
     m = *larger;
@@ -136,7 +136,7 @@ void CModalSolution::Refine() {
 }
 
 bool CModalSolution::ExtendTo(int m) {
-  GetPlatform().ReportProgress(static_cast<double>(m_lanczos.GetSize()) / m, c_strModalProgress);
+  GetPlatform().ReportProgress(static_cast<double>(m_lanczos.GetSize()) / m, texts::c_strModalProgress);
   return m_lanczos.Extend(m);
 }
 
@@ -145,7 +145,7 @@ bool CModalSolution::RunPass(int m) {
   if (!ExtendTo(m)) return false;
   m_lanczos.SolveRitz(m_model.m_dModeTol);
   if (IsSupported()) return true;
-  GetPlatform().ShowMessage(c_strRigidBody);
+  GetPlatform().ShowMessage(texts::c_strRigidBody);
   return false;
 }
 
@@ -226,7 +226,7 @@ void CAnalysisModel::SolveModes(const std::string& strJobPath, int nAnalysisType
   m_modalFindings = FormInitialFindings(*this, bUseLoadMass);
   if (!m_bValid) return;
   if (const auto strError = FindParameterError(*this)) return GetPlatform().ShowMessage(*strError);
-  const CWaitCursor cursor;
+  const CWaitCursorScope waitCursor;
   m_modalFindings.status = RunStatus::Failed;
   CModalSolution solution(*this);
   const bool bSolved = solution.Solve(nAnalysisType != 0, bUseLoadMass);
@@ -236,7 +236,7 @@ void CAnalysisModel::SolveModes(const std::string& strJobPath, int nAnalysisType
   ModeShapes = solution.FormModeShapes();
   ModesSolved = 1;
   solution.DescribeModes(ModeShapes, m_modalFindings);
-  if (!WriteModeFile(*this, strJobPath, m_modalFindings)) return GetPlatform().ShowMessage(c_strModeFileAccess);
+  if (!WriteModeFile(*this, strJobPath, m_modalFindings)) return GetPlatform().ShowMessage(texts::c_strModeFileAccess);
   m_modalFindings.status = RunStatus::Done;
 }
 

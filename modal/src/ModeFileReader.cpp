@@ -3,9 +3,9 @@
 #include <memory>
 
 #include "ResultHeader.h"
-#include "TokenReader.h"
 #include "skyframe/model/AnalysisModel.h"
 #include "skyframe/platform/Platform.h"
+#include "skyframe/platform/WordReader.h"
 #include "skyframe/values/ResultFiles.h"
 #include "texts.h"
 
@@ -18,7 +18,7 @@ bool Fail(std::string_view strText) {
 }
 
 /// Counts of elements, nodes, rigid and other nodes. Deliberate: nothing else identifies the model.
-bool ReadCounts(CTokenReader& reader, const CAnalysisModel& model) {
+bool ReadCounts(CWordReader& reader, const CAnalysisModel& model) {
   const CNodeTable& nodes = model.GetNodes();
   bool bSame = true;
   for (const int nExpected : {static_cast<int>(model.GetElements().size()), nodes.GetNodeCount(), nodes.GetRigidCount(),
@@ -27,8 +27,8 @@ bool ReadCounts(CTokenReader& reader, const CAnalysisModel& model) {
     reader.Read(nCount);
     bSame = bSame && nCount == nExpected;
   }
-  if (!bSame) return Fail(c_strModeFileCounts);
-  return !reader.HasFailed() || Fail(c_strModeFileRead);
+  if (!bSame) return Fail(texts::c_strModeFileCounts);
+  return !reader.HasFailed() || Fail(texts::c_strModeFileRead);
 }
 
 /// Its square neither under- nor overflows.
@@ -40,36 +40,41 @@ bool IsShape(const std::vector<double>& shape) {
   return std::ranges::all_of(shape, [](double d) { return d == 0.0 || HasSquare(d); });
 }
 
-bool SkipToFrequencies(CTokenReader& reader) {
+bool SkipToFrequencies(CWordReader& reader) {
   while (!reader.HasFailed()) {
-    if (reader.Next() == c_strFrequencyMark) return true;
+    if (reader.Next() == texts::c_strFrequencyMark) return true;
   }
-  return Fail(c_strModeFileRead);
+  return Fail(texts::c_strModeFileRead);
 }
 
 /// From the first line up to the frequency list.
-bool ReadHead(CTokenReader& reader, CAnalysisModel& model) {
-  if (reader.Next() != c_strModeHeader) return Fail(c_strModeFileForeign);
+bool ReadHead(CWordReader& reader, CAnalysisModel& model) {
+  if (reader.Next() != texts::c_strModeHeader) return Fail(texts::c_strModeFileForeign);
   reader.Skip(3);  // date, time, version: none of them is checked
   if (!ReadCounts(reader, model)) return false;
   reader.Read(model.m_nModes);
-  if (reader.HasFailed()) return Fail(c_strModeFileRead);
-  if (model.m_nModes < model.m_nExpandModes) return Fail(c_strTooManyExpanded);
-  if (model.m_nModes <= 0) return Fail(c_strModeFileCounts);
+  if (reader.HasFailed()) return Fail(texts::c_strModeFileRead);
+  if (model.m_nModes < model.m_nExpandModes) return Fail(texts::c_strTooManyExpanded);
+  if (model.m_nModes <= 0) return Fail(texts::c_strModeFileCounts);
   reader.Read(model.m_bShear);
   return SkipToFrequencies(reader);
 }
 
+/// Anything but a finite number fails.
+double ReadFinite(CWordReader& reader) {
+  double dValue = 0.0;
+  reader.Read(dValue);
+  reader.Expect(std::isfinite(dValue));
+  return dValue;
+}
+
 /// The first nKept of n frequencies; the list grows with what is there, whatever n says.
-std::vector<double> ReadFrequencyList(CTokenReader& reader, int nKept, int n) {
+std::vector<double> ReadFrequencyList(CWordReader& reader, int nKept, int n) {
   std::vector<double> omega;
   for (int i = 0; i < n && !reader.HasFailed(); ++i) {
-    double dIndex = 0.0;
-    double dOmega = 0.0;
-    double dHertz = 0.0;
-    reader.Read(dIndex);
-    reader.Read(dOmega);
-    reader.Read(dHertz);
+    ReadFinite(reader);  // number
+    const double dOmega = ReadFinite(reader);
+    ReadFinite(reader);  // Hz
     if (i < nKept) omega.push_back(dOmega);
   }
   return omega;
@@ -77,17 +82,15 @@ std::vector<double> ReadFrequencyList(CTokenReader& reader, int nKept, int n) {
 
 /// One block: the free equations of the shape. Records belong to nodes by position; restrained DOFs and
 /// unused nodes are read over.
-std::vector<double> ReadShape(CTokenReader& reader, const CAnalysisModel& model) {
+std::vector<double> ReadShape(CWordReader& reader, const CAnalysisModel& model) {
   const CNodeTable& nodes = model.GetNodes();
   std::vector<double> shape(static_cast<std::size_t>(model.GetFreeDofs()), 0.0);
-  double dIgnored = 0.0;
   reader.Skip(1);
-  reader.Read(dIgnored);
+  ReadFinite(reader);  // Hz
   for (int nNode = 0; nNode < nodes.GetNodeCount() && !reader.HasFailed(); ++nNode) {
-    reader.Read(dIgnored);
+    ReadFinite(reader);  // node
     for (int nDirection = 0; nDirection < (nodes.IsRigid(nNode) ? 6 : 3); ++nDirection) {
-      double dValue = 0.0;
-      reader.Read(dValue);
+      const double dValue = ReadFinite(reader);
       const int e = nodes.FindDof(nNode, nDirection);
       if (e >= 0 && e < model.GetFreeDofs()) shape[static_cast<std::size_t>(e)] = dValue;
     }
@@ -108,17 +111,17 @@ CMatrix FormMatrix(const std::vector<std::vector<double>>& columns, int nRows, i
 bool CAnalysisModel::ReadModeFile(const std::string& strJobPath) {
   const std::unique_ptr<std::istream> pStream =
       GetPlatform().OpenForReading(FormResultPath(strJobPath, suffix::c_strModes));
-  if (!pStream) return Fail(c_strModeFileAccess);
-  CTokenReader reader(*pStream);
+  if (!pStream) return Fail(texts::c_strModeFileAccess);
+  CWordReader reader(*pStream);
   if (!ReadHead(reader, *this)) return false;
 
   const int k = std::max(m_nExpandModes, 0);
   std::vector<double> omega = ReadFrequencyList(reader, k, m_nModes);
   std::vector<std::vector<double>> shapes;
   while (static_cast<int>(shapes.size()) < k && !reader.HasFailed()) shapes.push_back(ReadShape(reader, *this));
-  if (reader.HasFailed()) return Fail(c_strModeFileRead);
+  if (reader.HasFailed()) return Fail(texts::c_strModeFileRead);
   if (!std::ranges::all_of(omega, IsFrequency) || !std::ranges::all_of(shapes, IsShape)) {
-    return Fail(c_strModeFileCounts);
+    return Fail(texts::c_strModeFileCounts);
   }
 
   // Room for the virtual mode.
@@ -135,14 +138,14 @@ bool CAnalysisModel::ReadModeFile(const std::string& strJobPath) {
 bool CAnalysisModel::ReadModeFrequencies(const std::string& strJobPath) {
   const std::unique_ptr<std::istream> pStream =
       GetPlatform().OpenForReading(FormResultPath(strJobPath, suffix::c_strModes));
-  if (!pStream) return Fail(c_strModeFileAccess);
-  CTokenReader reader(*pStream);
+  if (!pStream) return Fail(texts::c_strModeFileAccess);
+  CWordReader reader(*pStream);
   if (!ReadHead(reader, *this)) return false;
   if (!Omega.empty() || ModesSolved != 0) return true;
 
   std::vector<double> omega = ReadFrequencyList(reader, m_nModes, m_nModes);
-  if (reader.HasFailed()) return Fail(c_strModeFileRead);
-  if (!std::ranges::all_of(omega, IsFrequency)) return Fail(c_strModeFileCounts);
+  if (reader.HasFailed()) return Fail(texts::c_strModeFileRead);
+  if (!std::ranges::all_of(omega, IsFrequency)) return Fail(texts::c_strModeFileCounts);
   Omega = std::move(omega);
   return true;
 }

@@ -20,7 +20,7 @@ int GetRenumbered(int i, int nNodes) {
 }
 
 void WriteFrequencies(CTextWriter& out, const std::vector<double>& omega) {
-  out.Text(c_strFrequencyMark).EndLine();
+  out.Text(texts::c_strFrequencyMark).EndLine();
   int i = 0;
   for (const double w : omega) {
     out.Integer(++i, c_nModeWidth).General(w, c_nValueWidth).General(w * c_dHertzPerRadian, c_nValueWidth).EndLine();
@@ -47,12 +47,12 @@ void WriteShape(CTextWriter& out, const CAnalysisModel& model, int nMode) {
 bool WriteModeFile(const CAnalysisModel& model, const std::string& strJobPath, RunFindings& findings) {
   COutputFile file(FormResultPath(strJobPath, suffix::c_strModes));
   CTextWriter& out = file.GetWriter();
-  WriteResultHeader(out, c_strModeHeader, model);
+  WriteResultHeader(out, texts::c_strModeHeader, model);
   const int n = static_cast<int>(model.Omega.size());
   out.Text(" ").Integer(n).Text(" ").Integer(model.m_bShear).EndLine();
   WriteFrequencies(out, model.Omega);
   for (int i = 0; i < n; ++i) {
-    out.Text(c_strShapeMark).Integer(i + 1).Text(":").EndLine();
+    out.Text(texts::c_strShapeMark).Integer(i + 1).Text(":").EndLine();
     out.General(model.Omega[static_cast<std::size_t>(i)] * c_dHertzPerRadian).EndLine();
     WriteShape(out, model, i);
   }

@@ -1,7 +1,8 @@
 #include "Participation.h"
 
 #include <cmath>
-#include <numeric>
+
+#include "skyframe/numeric/VectorAlgebra.h"
 
 namespace skyframe {
 
@@ -51,10 +52,6 @@ std::vector<double> Multiply(const SparseMatrix& A, std::span<const double> x) {
   std::vector<double> y(x.size());
   A.MultiplyRows(x, y);
   return y;
-}
-
-double Dot(std::span<const double> x, std::span<const double> y) {
-  return std::inner_product(x.begin(), x.end(), y.begin(), 0.0);
 }
 
 std::vector<double> GetColumn(const CMatrix& A, int nColumn) {

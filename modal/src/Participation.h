@@ -31,7 +31,6 @@ class CTranslationMasses {
 [[nodiscard]] std::vector<double> Multiply(const CRowMatrix& A, std::span<const double> x);
 /// y = A x with the compressed rows of A.
 [[nodiscard]] std::vector<double> Multiply(const SparseMatrix& A, std::span<const double> x);
-[[nodiscard]] double Dot(std::span<const double> x, std::span<const double> y);
 [[nodiscard]] std::vector<double> GetColumn(const CMatrix& A, int nColumn);
 
 }  // namespace skyframe

@@ -16,7 +16,7 @@ void WriteResultHeader(CTextWriter& out, std::string_view strTitle, const CAnaly
   out.Text(strTitle).EndLine().EndLine();
   out.Integer(now.nMonth).Text("/").Integer(now.nDay).Text("/").Integer(now.nYear).Text("  ");
   out.Integer(now.nHour).Text(":").Integer(now.nMinute).Text(":").Integer(now.nSecond).EndLine();
-  out.Text(c_strFileVersion).EndLine().EndLine();
+  out.Text(texts::c_strFileVersion).EndLine().EndLine();
   out.Integer(static_cast<long long>(model.GetElements().size())).Text(" ").Integer(nodes.GetNodeCount());
   out.Text(" ").Integer(nodes.GetRigidCount()).Text(" ").Integer(nodes.GetPinnedCount());
 }

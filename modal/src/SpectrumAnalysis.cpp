@@ -9,6 +9,7 @@
 #include "skyframe/hostdata/HostData.h"
 #include "skyframe/modal/DesignSpectrum.h"
 #include "skyframe/modal/ModalCombination.h"
+#include "skyframe/numeric/VectorAlgebra.h"
 #include "skyframe/platform/Platform.h"
 #include "texts.h"
 
@@ -21,28 +22,27 @@ std::optional<std::string_view> FindModeError(const CAnalysisModel& model) {
   const int k = model.m_nExpandModes;
   const bool bPresent =
       model.ModesSolved != 0 && static_cast<int>(model.Omega.size()) >= k && model.ModeShapes.GetCols() >= k;
-  if (k > model.m_nModes) return c_strTooManyExpanded;
-  if (k < 1) return c_strBadExpanded;
-  if (!bPresent) return c_strNoModes;
+  if (k > model.m_nModes) return texts::c_strTooManyExpanded;
+  if (k < 1) return texts::c_strBadExpanded;
+  if (!bPresent) return texts::c_strNoModes;
   return std::nullopt;
 }
 
 /// Design spectrum and virtual mode.
 std::optional<std::string_view> FindParameterError(const CAnalysisModel& model) {
-  if (!(model.VerticalReduction >= 0.0)) return c_strBadVerticalReduction;
-  if (!(model.m_dDampRatio >= 0.0)) return c_strBadDamping;
-  if (!NormaliseDirection(model.m_dDirCoef)) return c_strNoDirection;
-  const SpectrumSite site = {model.m_nQuakeLevel, model.m_nIntensity, model.m_nZoneGroup, model.m_nSiteClass};
-  if (const auto strError = FindSiteError(site)) return strError;
+  if (!(model.VerticalReduction >= 0.0)) return texts::c_strBadVerticalReduction;
+  if (!(model.m_dDampRatio >= 0.0)) return texts::c_strBadDamping;
+  if (!NormaliseDirection(model.m_dDirCoef)) return texts::c_strNoDirection;
+  if (const auto strError = FindSiteError(model)) return strError;
   const bool bVirtual = model.m_bVirtualModes == 1 && model.m_nExpandModes < model.GetFreeDofs();
-  if (bVirtual && model.m_nPseudoLoadNo < 0) return c_strBadPseudoLoad;
+  if (bVirtual && model.m_nPseudoLoadNo < 0) return texts::c_strBadPseudoLoad;
   return std::nullopt;
 }
 
-/// First check that fails, in the required order.
+/// First check that fails.
 std::optional<std::string_view> FindInputError(const CAnalysisModel& model) {
-  if (std::ranges::all_of(model.m_dDirCoef, [](double c) { return c == 0.0; })) return c_strNoDirection;
-  if (model.m_nMeshDiv > c_nMaxStations) return c_strMeshTooFine;
+  if (std::ranges::all_of(model.m_dDirCoef, [](double c) { return c == 0.0; })) return texts::c_strNoDirection;
+  if (model.m_nMeshDiv > c_nMaxStations) return texts::c_strMeshTooFine;
   if (!model.m_bValid) return std::nullopt;
   if (const auto strError = FindModeError(model)) return strError;
   return FindParameterError(model);
@@ -100,9 +100,9 @@ void CAnalysisModel::SpectrumAnalysis(const std::string& strJobPath, int nAnalys
   const SpectrumResult result = CombineModes(*this, modes);
   m_spectrumFindings.baseShear = result.baseShear;
   m_spectrumFindings.displacements = GatherNodeValues(result.displacement);
-  if (!IsFinite(modes, result)) return GetPlatform().ShowMessage(c_strModeFileCounts);
+  if (!IsFinite(modes, result)) return GetPlatform().ShowMessage(texts::c_strModeFileCounts);
   if (!WriteSpectrumFiles(*this, modes, result, strJobPath, m_spectrumFindings)) {
-    return GetPlatform().ShowMessage(c_strSpectrumFileAccess);
+    return GetPlatform().ShowMessage(texts::c_strSpectrumFileAccess);
   }
   m_spectrumFindings.status = RunStatus::Done;
   WriteBack(m_nodes, result.displacement);

@@ -41,16 +41,16 @@ void WriteParticipation(CTextWriter& out, const SpectrumModes& modes) {
     dComputed += masses.back();
   }
   WriteList(out, modes.gamma);
-  out.Text(c_strModeMasses).EndLine();
+  out.Text(texts::c_strModeMasses).EndLine();
   WriteList(out, masses);
-  out.Text(c_strComputedMass).General(dComputed).EndLine();
-  out.Text(c_strTotalMass).General(modes.dTotalMass).EndLine();
+  out.Text(texts::c_strComputedMass).General(dComputed).EndLine();
+  out.Text(texts::c_strTotalMass).General(modes.dTotalMass).EndLine();
   WriteList(out, modes.zeta);
 }
 
 /// Element, type and station count; a bar's N on the same line, other members a line per station.
 void WriteForces(CTextWriter& out, const CAnalysisModel& model, const SpectrumResult& result) {
-  out.Text(c_strForces).EndLine();
+  out.Text(texts::c_strForces).EndLine();
   for (std::size_t nSlot = 0; nSlot < result.elementForce.size(); ++nSlot) {
     const CElement* const pElement = model.GetElements()[nSlot].get();
     if (pElement == nullptr) continue;
@@ -67,7 +67,7 @@ void WriteForces(CTextWriter& out, const CAnalysisModel& model, const SpectrumRe
 
 void WriteSupports(CTextWriter& out, const CAnalysisModel& model, const SpectrumResult& result) {
   const CNodeTable& nodes = model.GetNodes();
-  out.Text(c_strSupports).EndLine();
+  out.Text(texts::c_strSupports).EndLine();
   for (int nNode = 0; nNode < nodes.GetNodeCount(); ++nNode) {
     bool bSupported = false;
     for (int nDirection = 0; nDirection < c_nDofsPerNode; ++nDirection) {
@@ -79,12 +79,12 @@ void WriteSupports(CTextWriter& out, const CAnalysisModel& model, const Spectrum
 
 void WriteSpectrum(CTextWriter& out, const CAnalysisModel& model, const SpectrumModes& modes,
                    const SpectrumResult& result) {
-  WriteResultHeader(out, c_strSpectrumHeader, model);
+  WriteResultHeader(out, texts::c_strSpectrumHeader, model);
   out.Text(" ").Integer(model.m_nModes).EndLine();
   WriteParticipation(out, modes);
   const auto nMethod = static_cast<std::size_t>(std::clamp(model.m_nCombMethod, 0, 2));
-  out.Text(c_strCombineMethod).Text(c_strCombineNames[nMethod]).EndLine();
-  out.Text(c_strNodeDisplacements).EndLine();
+  out.Text(texts::c_strCombineMethod).Text(texts::c_strCombineNames[nMethod]).EndLine();
+  out.Text(texts::c_strNodeDisplacements).EndLine();
   for (int nNode = 0; nNode < model.GetNodes().GetNodeCount(); ++nNode) {
     WriteNode(out, model.GetNodes(), nNode, result.displacement);
   }
@@ -95,9 +95,9 @@ void WriteSpectrum(CTextWriter& out, const CAnalysisModel& model, const Spectrum
 /// Frequency in rad/s and Hz, then the shape by nodes.
 void WriteVirtualMode(CTextWriter& out, const CAnalysisModel& model, const SpectrumModes& modes) {
   const double omega = modes.omega.back();
-  out.Text(c_strVirtualFrequency).EndLine();
+  out.Text(texts::c_strVirtualFrequency).EndLine();
   out.General(omega, c_nValueWidth).General(omega * c_dHertzPerRadian, c_nValueWidth).EndLine();
-  out.Text(c_strVirtualShape).EndLine();
+  out.Text(texts::c_strVirtualShape).EndLine();
   for (int nNode = 0; nNode < model.GetNodes().GetNodeCount(); ++nNode) {
     WriteNode(out, model.GetNodes(), nNode, modes.shape.back());
   }
@@ -105,7 +105,7 @@ void WriteVirtualMode(CTextWriter& out, const CAnalysisModel& model, const Spect
 
 /// gamma, alpha and displacement factor.
 void WriteVirtualResponse(CTextWriter& out, const SpectrumModes& modes) {
-  out.Text(c_strVirtualShape).EndLine();
+  out.Text(texts::c_strVirtualShape).EndLine();
   out.General(modes.gamma.back(), c_nValueWidth).General(modes.alpha.back(), c_nValueWidth);
   out.General(modes.factor.back(), c_nValueWidth).EndLine();
 }

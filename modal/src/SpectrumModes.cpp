@@ -4,6 +4,7 @@
 #include "SpectrumResponse.h"
 #include "skyframe/modal/DesignSpectrum.h"
 #include "skyframe/modal/ModalPencil.h"
+#include "skyframe/numeric/VectorAlgebra.h"
 
 namespace skyframe {
 namespace {

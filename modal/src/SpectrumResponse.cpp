@@ -7,30 +7,6 @@
 namespace skyframe {
 namespace {
 
-constexpr int c_nBarType = 0;
-
-/// Value at x = L p / (m - 1), linear between the 21 stations; m = 1 takes the first end.
-double Sample(const Diagram& diagram, int p, int m) {
-  const double x = m > 1 ? static_cast<double>(p * (c_nStations - 1)) / (m - 1) : 0.0;
-  const int k = std::min(static_cast<int>(x), c_nStations - 2);
-  const double t = x - k;
-  const auto i = static_cast<std::size_t>(k);
-  return diagram[i] + t * (diagram[i + 1] - diagram[i]);
-}
-
-/// Forces of the element's present state at m stations; a bar has N alone.
-std::vector<double> SampleForces(const CElement& element, int m) {
-  if (element.GetTypeCode() == c_nBarType) return {element.GetAxialForce()};
-  Diagram myz{}, mzx{}, mxy{}, qy{}, qz{};
-  const double N = element.GetForceDiagram(myz, mzx, mxy, qy, qz);
-  std::vector<double> forces;
-  for (int p = 0; p < m; ++p) {
-    forces.push_back(N);
-    for (const Diagram* const pDiagram : {&qy, &qz, &myz, &mzx, &mxy}) forces.push_back(Sample(*pDiagram, p, m));
-  }
-  return forces;
-}
-
 /// Modal maxima of all quantities of one kind, combined one by one.
 class CModalTable {
  public:
@@ -99,7 +75,7 @@ SpectrumResult CombineModes(const CAnalysisModel& model, const SpectrumModes& mo
     for (std::size_t i = 0; i < modes.GetCount(); ++i) {
       pElement->ComputeInternalForce(displacements[i], false, model.m_bShear != 0, true);
       pElement->AssembleEndForces(reactions[i]);
-      forces[i] = SampleForces(*pElement, model.m_nMeshDiv);
+      forces[i] = pElement->SampleForces(model.m_nMeshDiv);
     }
     result.elementForce[nSlot] = forces.Combine(combination);
   }

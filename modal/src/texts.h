@@ -4,7 +4,7 @@
 
 // Fixed texts of the modal room.
 
-namespace skyframe {
+namespace skyframe::modal::texts {
 
 // Modal solution.
 inline constexpr std::string_view c_strTooManyModes = "模态数大于结构自由度,计算终止!";
@@ -54,4 +54,8 @@ inline constexpr std::string_view c_strSupports = "Support:";
 inline constexpr std::string_view c_strVirtualShape = "虚拟振型";
 inline constexpr std::string_view c_strVirtualFrequency = "虚拟频率";
 
+}  // namespace skyframe::modal::texts
+
+namespace skyframe {
+namespace texts = modal::texts;
 }  // namespace skyframe

@@ -20,26 +20,28 @@ int GetHostNumber(int nNode) { return COMDAT.m_pFirstOrder == nullptr ? nNode + 
 
 }  // namespace
 
-CAnalysisModel::CAnalysisModel() : m_pDamping(10, 0.0) {
-  m_pDamping[0] = m_pDamping[1] = 0.02;
-  m_dLoadFactor.fill(1.0);
-}
+CAnalysisModel::CAnalysisModel() { m_dLoadFactor.fill(1.0); }
 
 CAnalysisModel::~CAnalysisModel() {
   if (g_pNodeTable == &m_nodes) g_pNodeTable = nullptr;
   if (g_pMaterials == &m_materials) g_pMaterials = nullptr;
 }
 
-void CAnalysisModel::BuildLoadVector(int nCase) {
-  GetPlatform().GetConsole() << c_strGetLoadVector << '\n';
-  std::fill(m_load.begin(), m_load.end(), 0.0);
-  std::fill(m_secondLoad.begin(), m_secondLoad.end(), 0.0);
-  for (const CNodalLoad& load : m_loadCases[nCase].m_records) load.AddToVector(m_load, m_secondLoad);
+void CAnalysisModel::ClearDisplacements() { std::ranges::fill(m_displacement, 0.0); }
+
+void CAnalysisModel::ClearLoads() {
+  std::ranges::fill(m_load, 0.0);
+  std::ranges::fill(m_secondLoad, 0.0);
+}
+
+void CAnalysisModel::BuildLoadVector(const CLoadCase& loadCase) {
+  GetPlatform().GetConsole() << texts::c_strGetLoadVector << '\n';
+  ClearLoads();
+  for (const CNodalLoad& load : loadCase.m_records) load.AddToVector(m_load, m_secondLoad);
 }
 
 void CAnalysisModel::AssembleCombinedLoad() {
-  std::fill(m_load.begin(), m_load.end(), 0.0);
-  std::fill(m_secondLoad.begin(), m_secondLoad.end(), 0.0);
+  ClearLoads();
   const int nGroups = std::min(static_cast<int>(m_loadCases.size()), c_nLoadTypes);
   for (int g = 0; g < nGroups; ++g) {
     if (m_nLoadCaseFlag[g] == 0) continue;
@@ -111,9 +113,9 @@ bool CAnalysisModel::IsWithinLimit(std::span<const double> v) const {
   if (it == v.end()) return true;
   std::string_view strDof;
   const int nNode = m_nodes.FindNodeOfDof(static_cast<int>(it - v.begin()), strDof);
-  std::string strMessage(c_strRunawayParts[0]);
-  strMessage.append(std::to_string(nNode + 1)).append(c_strRunawayParts[1]);
-  GetPlatform().ShowMessage(strMessage.append(strDof).append(c_strRunawayParts[2]));
+  std::string strMessage(texts::c_strRunawayParts[0]);
+  strMessage.append(std::to_string(nNode + 1)).append(texts::c_strRunawayParts[1]);
+  GetPlatform().ShowMessage(strMessage.append(strDof).append(texts::c_strRunawayParts[2]));
   return false;
 }
 
@@ -149,10 +151,10 @@ void CAnalysisModel::WriteReactions(CTextWriter& out) const {
     bool bSupported = false;
     for (int nDirection = 0; nDirection < c_nDofsPerNode; ++nDirection) {
       if (!m_nodes.HasDof(listed[k], nDirection) || !m_nodes.IsRestrained(k, nDirection)) continue;
-      if (!bSupported) out.Text(c_strNodeNumber).Integer(listed[k] + 1);
+      if (!bSupported) out.Text(texts::c_strNodeNumber).Integer(listed[k] + 1);
       bSupported = true;
       const double dReaction = m_reaction[m_nodes.GetDof(listed[k], nDirection) - GetFreeDofs()];
-      out.Text(c_strReactionLabels[nDirection]).Fixed(dReaction, c_nReactionDecimals, c_nReactionWidth);
+      out.Text(texts::c_strReactionLabels[nDirection]).Fixed(dReaction, c_nReactionDecimals, c_nReactionWidth);
     }
     if (bSupported) out.EndLine();
   }

@@ -21,14 +21,11 @@ constexpr double c_dNoTorsion = 1.0e-15;
 constexpr int c_nValueWidth = 15;
 constexpr int c_nDecimals = 3;
 
-/// Values at the stations, linear from end i to end j.
-Diagram Linear(double dI, double dJ) {
-  Diagram values;
-  for (int p = 0; p < c_nStations; ++p) {
-    const double xi = static_cast<double>(p) / (c_nStations - 1);
-    values[p] = (1.0 - xi) * dI + xi * dJ;
-  }
-  return values;
+/// Value at station p of nStations, linear between those of the diagram.
+double Sample(const Diagram& diagram, int p, int nStations) {
+  const double x = nStations > 1 ? static_cast<double>(p * (c_nStations - 1)) / (nStations - 1) : 0.0;
+  const int k = std::min(static_cast<int>(x), c_nStations - 2);
+  return diagram[k] + (x - k) * (diagram[k + 1] - diagram[k]);
 }
 
 void WriteDiagram(CTextWriter& out, std::string_view strLabel, const Diagram& values) {
@@ -62,17 +59,17 @@ const CMatrix& CBeamElem::FormMassMatrix(bool bConsistent, bool bShear) const {
 }
 
 void CBeamElem::OutputMaterial(CTextWriter& out) const {
-  out.Text(c_strBeamArea).General(m_dArea);
-  out.Text(c_strInertiaX).General(m_dIx);
-  out.Text(c_strInertiaY).General(m_dIy);
-  out.Text(c_strInertiaZ).General(m_dIz);
-  out.Text(c_strShearCoefficient).General(m_dShearCoefficient);
-  out.Text(c_strMaterialNumber).Integer(m_nMaterialNo, c_nValueWidth);
-  out.Text(c_strNodeNumbers).Integer(m_nNodeI + 1).Text(c_strNodeGap).Integer(m_nNodeJ + 1).EndLine();
+  out.Text(texts::c_strBeamArea).General(m_dArea);
+  out.Text(texts::c_strInertiaX).General(m_dIx);
+  out.Text(texts::c_strInertiaY).General(m_dIy);
+  out.Text(texts::c_strInertiaZ).General(m_dIz);
+  out.Text(texts::c_strShearCoefficient).General(m_dShearCoefficient);
+  out.Text(texts::c_strMaterialNumber).Integer(m_nMaterialNo, c_nValueWidth);
+  out.Text(texts::c_strNodeNumbers).Integer(m_nNodeI + 1).Text(texts::c_strNodeGap).Integer(m_nNodeJ + 1).EndLine();
 }
 
 void CBeamElem::OutputInternalForce(CTextWriter& out) const {
-  out.Text(c_strBeamAxialForce).Fixed(m_dAxialForce, c_nDecimals, c_nValueWidth).EndLine();
+  out.Text(texts::c_strBeamAxialForce).Fixed(m_dAxialForce, c_nDecimals, c_nValueWidth).EndLine();
   WriteDiagram(out, "MYZ:  ", m_myz);
   WriteDiagram(out, "MZX:  ", m_mzx);
   WriteDiagram(out, "MXY:  ", m_mxy);
@@ -106,12 +103,6 @@ void CBeamElem::SetData(const ElementData& data) {
   m_dShearCoefficient = data.dShearCoefficient;
   ResetWorkMatrices();
   ResetDiagrams();
-}
-
-void CBeamElem::ReadNodes(int nNodeI, int nNodeJ) {
-  GetPlatform().GetConsole() << GetProgressText(*this, ElementStep::ReadNodes) << '\n';
-  m_nNodeI = nNodeI;
-  m_nNodeJ = nNodeJ;
 }
 
 void CBeamElem::ResetDiagrams() {
@@ -178,6 +169,17 @@ MemberVector CBeamElem::GetGlobalEndForces() const {
   return ToGlobal(own);
 }
 
+std::vector<double> CBeamElem::SampleForces(int nStations) const {
+  std::vector<double> forces;
+  for (int p = 0; p < nStations; ++p) {
+    forces.push_back(m_dAxialForce);
+    for (const Diagram* const pDiagram : {&m_qy, &m_qz, &m_myz, &m_mzx, &m_mxy}) {
+      forces.push_back(Sample(*pDiagram, p, nStations));
+    }
+  }
+  return forces;
+}
+
 double CBeamElem::GetEulerRatio() const {
   const double E = GetMaterial().GetElasticModulus(), I = std::min(m_dIy, m_dIz), L = m_frame.GetLength();
   if (I <= 0.0) return 0.0;
@@ -215,17 +217,17 @@ void CBeamElem::SetAxialForce(double N) {
 
 void CBeamElem::FillForceDiagrams() {
   const MemberVector& f = m_endForce;
-  m_qy = Linear(f[1], -f[7]);
-  m_qz = Linear(f[2], -f[8]);
-  m_myz = Linear(f[3], -f[9]);
-  m_mzx = Linear(f[4], -f[10]);
-  m_mxy = Linear(f[5], -f[11]);
+  m_qy = FormLinearDiagram(f[1], -f[7]);
+  m_qz = FormLinearDiagram(f[2], -f[8]);
+  m_myz = FormLinearDiagram(f[3], -f[9]);
+  m_mzx = FormLinearDiagram(f[4], -f[10]);
+  m_mxy = FormLinearDiagram(f[5], -f[11]);
 }
 
 void CBeamElem::FillDeflectionDiagrams(bool bShear) {
   const BeamProperties p = GetProperties(bShear);
   for (int n = 0; n < c_nStations; ++n) {
-    const double xi = static_cast<double>(n) / (c_nStations - 1);
+    const double xi = GetStation(n);
     m_fy[n] = InterpolateDeflection(c_planeZ, p.phiZ, p.L, m_displacement, xi);
     m_fz[n] = InterpolateDeflection(c_planeY, p.phiY, p.L, m_displacement, xi);
   }

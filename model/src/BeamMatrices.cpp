@@ -1,6 +1,7 @@
 #include "BeamMatrices.h"
 
 #include "ElementWork.h"
+#include "skyframe/values/HermiteCubic.h"
 
 namespace skyframe {
 
@@ -139,13 +140,9 @@ void FormHingeMatrix(const BeamProperties& p, HingedEnd hinge, std::span<const i
 }
 
 double InterpolateDeflection(const BendingPlane& plane, double phi, double L, const MemberVector& u, double xi) {
-  const double xi2 = xi * xi, xi3 = xi2 * xi;
-  const double shear = phi * (xi - xi2) / 2.0;
-  const double N1 = 1.0 - 3.0 * xi2 + 2.0 * xi3 + phi * (1.0 - xi);
-  const double N2 = L * (xi - 2.0 * xi2 + xi3 + shear);
-  const double N3 = 3.0 * xi2 - 2.0 * xi3 + phi * xi;
-  const double N4 = L * (-xi2 + xi3 - shear);
-  return (N1 * u[plane.ui] + N3 * u[plane.uj] + plane.sign * (N2 * u[plane.ti] + N4 * u[plane.tj])) / (1.0 + phi);
+  const HermiteCubic N = FormHermiteCubic(xi, phi);
+  return N.dI * u[plane.ui] + N.dJ * u[plane.uj] +
+         plane.sign * (L * N.dSlopeI * u[plane.ti] + L * N.dSlopeJ * u[plane.tj]);
 }
 
 }  // namespace skyframe

@@ -10,18 +10,18 @@ namespace skyframe {
 
 namespace {
 
-const ElementTexts& GetTexts(int nTypeCode) {
+const texts::ElementTexts& GetTexts(int nTypeCode) {
   switch (nTypeCode) {
     case 0:
-      return c_trussTexts;
+      return texts::c_trussTexts;
     case 2:
-      return c_hingeLeftTexts;
+      return texts::c_hingeLeftTexts;
     case 3:
-      return c_hingeRightTexts;
+      return texts::c_hingeRightTexts;
     case 6:
-      return c_hingeBothTexts;
+      return texts::c_hingeBothTexts;
     default:
-      return c_beamTexts;
+      return texts::c_beamTexts;
   }
 }
 
@@ -39,6 +39,12 @@ void CElement::AssembleStiffness(SparseMatrix& K, bool bGeometric, bool bShear) 
   const std::span<const int> dofs = GetDofs(numbers);
   K.PrefetchElement(dofs);
   ScatterMatrix(FormElementStiffness(bGeometric, bShear), dofs, K);
+}
+
+void CElement::ReadNodes(int nNodeI, int nNodeJ) {
+  GetPlatform().GetConsole() << GetProgressText(*this, ElementStep::ReadNodes) << '\n';
+  m_nNodeI = nNodeI;
+  m_nNodeJ = nNodeJ;
 }
 
 void CElement::AddToBandwidth(std::span<int> heights) const {
@@ -125,9 +131,9 @@ void RaiseHeights(std::span<const int> dofs, std::span<int> heights) {
 
 std::string GetProgressText(const CElement& element, ElementStep step) {
   std::string strText(GetTexts(element.GetTypeCode())[static_cast<std::size_t>(step)]);
-  const std::size_t nPlace = strText.find(c_strNumberPlace);
+  const std::size_t nPlace = strText.find(texts::c_strNumberPlace);
   if (nPlace != std::string::npos) {
-    strText.replace(nPlace, c_strNumberPlace.size(), std::to_string(element.GetElemNo() + 1));
+    strText.replace(nPlace, texts::c_strNumberPlace.size(), std::to_string(element.GetElemNo() + 1));
   }
   return strText;
 }

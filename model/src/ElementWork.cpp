@@ -90,6 +90,15 @@ void FormCongruence(const CMatrix& A, const CMatrix& T, CMatrix& out) {
   MirrorUpper(out);
 }
 
+Diagram FormLinearDiagram(double dI, double dJ) {
+  Diagram values;
+  for (int p = 0; p < c_nStations; ++p) {
+    const double xi = GetStation(p);
+    values[p] = (1.0 - xi) * dI + xi * dJ;
+  }
+  return values;
+}
+
 void FormBarMass(double m, bool bConsistent, CMatrix& out) {
   out.Fill(0.0);
   for (int i = 0; i < 3; ++i) {

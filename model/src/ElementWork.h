@@ -35,6 +35,9 @@ MemberVector RotateBack(const LocalAxes& R, const MemberVector& x, int nCount);
 /// out = T^t A T for a symmetric 12 x 12 matrix A and T with as many columns as out.
 void FormCongruence(const CMatrix& A, const CMatrix& T, CMatrix& out);
 
+/// Values at the stations, linear from end i to end j.
+[[nodiscard]] Diagram FormLinearDiagram(double dI, double dJ);
+
 /// Mass of a bar of total mass m, the same in X, Y and Z: consistent m/3, m/6; lumped m/2.
 void FormBarMass(double m, bool bConsistent, CMatrix& out);
 

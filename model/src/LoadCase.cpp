@@ -18,7 +18,7 @@ int FindLoadedDof(const CNodalLoad& load) {
 }  // namespace
 
 int CNodalLoad::AddToVector(std::span<double> loadVector, std::span<double> secondVector, double dFactor) const {
-  GetPlatform().GetConsole() << c_strAssembleLoad << '\n';
+  GetPlatform().GetConsole() << texts::c_strAssembleLoad << '\n';
   const int nDof = FindLoadedDof(*this);
   if (nDof >= 0) (m_nTarget == 1 ? secondVector : loadVector)[nDof] += dFactor * m_dValue;
   return nDof;

@@ -20,10 +20,10 @@ void CLinearElastic::SetProperties(double dE, double dNu, double dUnitWeight, do
 }
 
 void CLinearElastic::WriteMaterial(CTextWriter& out) const {
-  out.Text(c_strMaterialKind).Text(GetKindName());
-  out.Text(c_strElasticModulus).General(m_dE);
-  out.Text(c_strUnitWeight).General(m_dUnitWeight);
-  out.Text(c_strPoissonRatio).General(m_dNu).EndLine();
+  out.Text(texts::c_strMaterialKind).Text(GetKindName());
+  out.Text(texts::c_strElasticModulus).General(m_dE);
+  out.Text(texts::c_strUnitWeight).General(m_dUnitWeight);
+  out.Text(texts::c_strPoissonRatio).General(m_dNu).EndLine();
 }
 
 }  // namespace skyframe

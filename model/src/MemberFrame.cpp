@@ -2,6 +2,8 @@
 
 #include <cmath>
 
+#include "skyframe/numeric/VectorAlgebra.h"
+
 namespace skyframe {
 namespace {
 
@@ -9,8 +11,6 @@ namespace {
 constexpr double c_dNoComponent = 1.0e-15;
 
 bool IsNone(double dComponent) { return std::abs(dComponent) <= c_dNoComponent; }
-
-double Norm(const Vector3& a) { return std::sqrt(a[0] * a[0] + a[1] * a[1] + a[2] * a[2]); }
 
 Vector3 Normalise(const Vector3& a) {
   const double f = 1.0 / Norm(a);

@@ -82,18 +82,18 @@ bool CAnalysisModel::Build(bool bForModes, bool bLoadComb) {
   // Deliberate: the wait cursor stays on when the build is broken off; the entry point's end removes it.
   GetPlatform().BeginWaitCursor();
   m_bValid = false;
-  GetPlatform().GetConsole() << c_strNodesCleared << '\n';
+  GetPlatform().GetConsole() << texts::c_strNodesCleared << '\n';
   m_nodes.Clear();
   g_pNodeTable = &m_nodes;
   g_pMaterials = &m_materials;
 
-  if (ABCD.m_nNodes <= 0) return Refuse(c_strNoNodes);
-  if (!FitsRecords()) return Refuse(c_strBeyondCapacity);
+  if (ABCD.m_nNodes <= 0) return Refuse(texts::c_strNoNodes);
+  if (!FitsRecords()) return Refuse(texts::c_strBeyondCapacity);
   ReadNodes();
   const std::vector<bool> inUse = MarkNodesInUse();
   ReadSupports(inUse);
-  if (ABCD.m_nElements <= 0) return Refuse(c_strNoElements);
-  if (bForModes && HasInclinedSupport(inUse)) return Refuse(c_strInclinedSupport);
+  if (ABCD.m_nElements <= 0) return Refuse(texts::c_strNoElements);
+  if (bForModes && HasInclinedSupport(inUse)) return Refuse(texts::c_strInclinedSupport);
 
   int nMaterialCode = 0;
   if (!CreateElements(nMaterialCode)) return false;
@@ -170,7 +170,7 @@ bool CAnalysisModel::CreateElements(int& nMaterialCode) {
     const int nType = ABCD.m_nElementType[nSlot];
     if (nType == c_nHostCable || nType == c_nHostMembrane) {
       m_elements.clear();
-      return Refuse(nType == c_nHostCable ? c_strNoCables : c_strNoMembranes);
+      return Refuse(nType == c_nHostCable ? texts::c_strNoCables : texts::c_strNoMembranes);
     }
     if (!ends.bValid) continue;
     if (nType == c_nHostBar) {
@@ -252,7 +252,7 @@ void CAnalysisModel::FormNodeLoadMass() {
 }
 
 bool CAnalysisModel::LayOutSkyline() {
-  GetPlatform().GetConsole() << c_strDiagonalAddresses << '\n';
+  GetPlatform().GetConsole() << texts::c_strDiagonalAddresses << '\n';
   const int N = GetTotalDofs();
   std::vector<int> heights(N, 1);
   for (const auto& pElement : m_elements) {
@@ -263,7 +263,7 @@ bool CAnalysisModel::LayOutSkyline() {
   std::int64_t nAddress = 0;
   for (int i = 1; i < N; ++i) {
     nAddress += heights[i];
-    if (nAddress >= std::numeric_limits<int>::max()) return Refuse(c_strProfileTooLarge);
+    if (nAddress >= std::numeric_limits<int>::max()) return Refuse(texts::c_strProfileTooLarge);
     m_diagonal[i] = static_cast<int>(nAddress);
   }
   m_stiffness.SetProfile(N, m_diagonal);

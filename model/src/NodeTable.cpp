@@ -9,7 +9,7 @@ namespace skyframe {
 
 const CNodeTable* g_pNodeTable = nullptr;
 
-std::string_view GetDofName(int nDirection) { return c_strDofNames[nDirection]; }
+std::string_view GetDofName(int nDirection) { return texts::c_strDofNames[nDirection]; }
 
 void CNodeTable::Clear() { *this = CNodeTable(); }
 
@@ -90,7 +90,7 @@ int CNodeTable::FindNodeOfDof(int nDof, std::string_view& strName) const {
       return nNode;
     }
   }
-  GetPlatform().ShowMessage(c_strNoSuchDof);
+  GetPlatform().ShowMessage(texts::c_strNoSuchDof);
   return -1;
 }
 

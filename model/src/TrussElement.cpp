@@ -57,13 +57,13 @@ void TraceMatrix(CTrace& trace, std::string_view strHeading, std::string_view st
   for (int i = 0; i < A.GetRows(); ++i) {
     for (int j = 0; j < A.GetCols(); ++j) trace.Entry(strName, i, j, A[i][j]);
   }
-  trace.Line(c_strTraceEnd);
+  trace.Line(texts::c_strTraceEnd);
 }
 
 void TraceRow(CTrace& trace, std::string_view strHeading, std::string_view strName, std::span<const double> row) {
   trace.Line(strHeading);
   for (std::size_t j = 0; j < row.size(); ++j) trace.Entry(strName, 0, static_cast<int>(j), row[j]);
-  trace.Line(c_strTraceEnd);
+  trace.Line(texts::c_strTraceEnd);
 }
 
 }  // namespace
@@ -77,14 +77,14 @@ const CMatrix& CTrussElem::FormMassMatrix(bool bConsistent, bool /*bShear*/) con
 }
 
 void CTrussElem::OutputMaterial(CTextWriter& out) const {
-  out.Text(c_strTrussArea).General(m_dArea);
-  out.Text(c_strMaterialNumber).Integer(m_nMaterialNo);
-  out.Text(c_strNodeNumbers).Integer(m_nNodeI + 1).Text(c_strNodeGap).Integer(m_nNodeJ + 1).EndLine();
+  out.Text(texts::c_strTrussArea).General(m_dArea);
+  out.Text(texts::c_strMaterialNumber).Integer(m_nMaterialNo);
+  out.Text(texts::c_strNodeNumbers).Integer(m_nNodeI + 1).Text(texts::c_strNodeGap).Integer(m_nNodeJ + 1).EndLine();
 }
 
 void CTrussElem::OutputInternalForce(CTextWriter& out) const {
   out.Text(GetProgressText(*this, ElementStep::OutputInternalForce)).EndLine();
-  out.Text(c_strTrussAxialForce).Fixed(m_dAxialForce, c_nDecimals, c_nValueWidth).EndLine();
+  out.Text(texts::c_strTrussAxialForce).Fixed(m_dAxialForce, c_nDecimals, c_nValueWidth).EndLine();
 }
 
 double CTrussElem::GetForceDiagram(Diagram& myz, Diagram& mzx, Diagram& mxy, Diagram& qy, Diagram& qz) const {
@@ -94,11 +94,8 @@ double CTrussElem::GetForceDiagram(Diagram& myz, Diagram& mzx, Diagram& mxy, Dia
 
 std::array<double, 2> CTrussElem::GetDeflectionDiagram(Diagram& fy, Diagram& fz) const {
   const MemberVector& u = m_displacement;
-  for (int p = 0; p < c_nStations; ++p) {
-    const double xi = static_cast<double>(p) / (c_nStations - 1);
-    fy[p] = (1.0 - xi) * u[1] + xi * u[4];
-    fz[p] = (1.0 - xi) * u[2] + xi * u[5];
-  }
+  fy = FormLinearDiagram(u[1], u[4]);
+  fz = FormLinearDiagram(u[2], u[5]);
   return {u[0], u[3]};
 }
 
@@ -111,12 +108,6 @@ void CTrussElem::SetData(const ElementData& data) {
   StoreCommonData(data);
   ResetWorkMatrices();
   ResetDiagrams();
-}
-
-void CTrussElem::ReadNodes(int nNodeI, int nNodeJ) {
-  GetPlatform().GetConsole() << GetProgressText(*this, ElementStep::ReadNodes) << '\n';
-  m_nNodeI = nNodeI;
-  m_nNodeJ = nNodeJ;
 }
 
 void CTrussElem::ResetDiagrams() {
@@ -183,13 +174,13 @@ void CTrussElem::TraceTangent(std::span<const double> u, const Vector3& a, const
   constexpr LocalAxes identity = {{{1.0, 0.0, 0.0}, {0.0, 1.0, 0.0}, {0.0, 0.0, 1.0}}};
   const MemberVector nodal = GatherLocal(identity, u);
   CTrace trace;
-  trace.Line(c_strTraceDisplacement);
+  trace.Line(texts::c_strTraceDisplacement);
   for (int i = 0; i < c_nBarDofs; ++i) trace.Value(nodal[i]);
-  trace.Line(c_strTraceDisplacementEnd);
-  TraceMatrix(trace, c_strTraceTransformation, "matT", FormTransformationOf(m_frame.GetInitialAxes()));
-  TraceRow(trace, c_strTraceA, "matA", a);
-  TraceMatrix(trace, c_strTraceG, "matG", G);
-  TraceRow(trace, c_strTraceBnl, "matBnl", Bnl);
+  trace.Line(texts::c_strTraceDisplacementEnd);
+  TraceMatrix(trace, texts::c_strTraceTransformation, "matT", FormTransformationOf(m_frame.GetInitialAxes()));
+  TraceRow(trace, texts::c_strTraceA, "matA", a);
+  TraceMatrix(trace, texts::c_strTraceG, "matG", G);
+  TraceRow(trace, texts::c_strTraceBnl, "matBnl", Bnl);
 }
 
 }  // namespace skyframe

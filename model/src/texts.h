@@ -5,7 +5,7 @@
 
 // Fixed texts of the model room.
 
-namespace skyframe {
+namespace skyframe::model::texts {
 
 // Nodes and equations.
 inline constexpr std::string_view c_strDofNames[] = {"X向", "Y向", "Z向", "RYZ向", "RZX向", "RXY向"};
@@ -120,4 +120,8 @@ inline constexpr ElementTexts c_trussTexts = {"",
                                               "读入杆单元节点号",
                                               "将索单元%d组装进平衡矩阵"};
 
+}  // namespace skyframe::model::texts
+
+namespace skyframe {
+namespace texts = model::texts;
 }  // namespace skyframe

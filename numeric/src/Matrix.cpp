@@ -20,11 +20,11 @@ std::unique_ptr<double[]> AllocateValues(int nRows, int nCols) {
 /// Rows are compared before columns. True when the shapes agree; else one message.
 bool HaveSameShape(const CMatrix& A, const CMatrix& B) {
   if (A.GetRows() != B.GetRows()) {
-    GetPlatform().ShowMessage(text::c_strSumRows);
+    GetPlatform().ShowMessage(texts::c_strSumRows);
     return false;
   }
   if (A.GetCols() != B.GetCols()) {
-    GetPlatform().ShowMessage(text::c_strSumCols);
+    GetPlatform().ShowMessage(texts::c_strSumCols);
     return false;
   }
   return true;
@@ -92,7 +92,7 @@ CMatrix CMatrix::operator*(double dFactor) const {
 CMatrix& CMatrix::operator*=(const CMatrix& M) {
   if (this == &M) return *this *= CMatrix(M);
   if (m_nCols != M.m_nRows) {
-    GetPlatform().ShowMessage(text::c_strInPlaceProductShape);
+    GetPlatform().ShowMessage(texts::c_strInPlaceProductShape);
     return *this;
   }
   // Deliberate: the shape is kept; of a product that is wider or narrower only the common columns are taken.
@@ -107,7 +107,7 @@ CMatrix& CMatrix::operator*=(const CMatrix& M) {
 
 CMatrix CMatrix::operator*(const CMatrix& M) const {
   if (m_nCols != M.m_nRows) {
-    GetPlatform().ShowMessage(text::c_strProductShape);
+    GetPlatform().ShowMessage(texts::c_strProductShape);
     return {};
   }
   CMatrix R(m_nRows, M.m_nCols);

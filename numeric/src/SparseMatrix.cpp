@@ -62,7 +62,7 @@ bool RunWithMemory(Action action) {
     action();
     return true;
   } catch (const std::bad_alloc&) {
-    GetPlatform().ShowMessage(text::c_strMatrixMemory);
+    GetPlatform().ShowMessage(texts::c_strMatrixMemory);
     return false;
   }
 }
@@ -142,12 +142,12 @@ std::span<const double> SparseMatrix::GetValues() const {
 }
 
 double& SparseMatrix::operator()(int nRow, int nCol) {
-  if (IsRefused(text::c_strAccessUnallocated)) return ResetDummy();
+  if (IsRefused(texts::c_strAccessUnallocated)) return ResetDummy();
   const int i = std::max(nRow, nCol);
   const int j = std::min(nRow, nCol);
   // Deliberate: greater than n, and only the smaller index.
   if (j > m_n) {
-    GetPlatform().ShowMessage(nRow >= nCol ? text::c_strColOutOfRange : text::c_strRowOutOfRange);
+    GetPlatform().ShowMessage(nRow >= nCol ? texts::c_strColOutOfRange : texts::c_strRowOutOfRange);
     return ResetDummy();
   }
   const bool bStored = i >= 0 && i < m_n && i - j < FullHeight(i);
@@ -164,7 +164,7 @@ void SparseMatrix::PrefetchElement(std::span<const int> equations) const {
 }
 
 void SparseMatrix::AddElement(const CMatrix& element, std::span<const int> equations) {
-  if (IsRefused(text::c_strAccessUnallocated)) return;
+  if (IsRefused(texts::c_strAccessUnallocated)) return;
   for (std::size_t c = 0; c < equations.size(); ++c) {
     const int nCol = equations[c];
     const int nTop = nCol - FullHeight(nCol) + 1;
@@ -179,7 +179,7 @@ void SparseMatrix::AddElement(const CMatrix& element, std::span<const int> equat
 }
 
 SparseMatrix& SparseMatrix::operator*=(double dFactor) {
-  if (IsRefused(text::c_strMultiplyUnallocated)) return *this;
+  if (IsRefused(texts::c_strMultiplyUnallocated)) return *this;
   for (double& dEntry : GetEntries()) {
     // Deliberate: zeros stay zero under any factor, NaN too.
     if (dEntry != 0.0) dEntry *= dFactor;
@@ -189,7 +189,7 @@ SparseMatrix& SparseMatrix::operator*=(double dFactor) {
 }
 
 SparseMatrix& SparseMatrix::operator+=(const SparseMatrix& S) {
-  if (IsRefused(text::c_strAddUnallocated) || S.IsRefused(text::c_strAddUnallocated)) return *this;
+  if (IsRefused(texts::c_strAddUnallocated) || S.IsRefused(texts::c_strAddUnallocated)) return *this;
   for (int i = 0; i < std::min(m_n, S.m_n); ++i) {
     const int nCommon = std::min(FullHeight(i), S.FullHeight(i));
     ForEachRun({S.Column(i) + i - nCommon + 1, Index(nCommon)}, [&](std::size_t nFirst, std::span<const double> run) {
@@ -202,9 +202,9 @@ SparseMatrix& SparseMatrix::operator+=(const SparseMatrix& S) {
 }
 
 CMatrix SparseMatrix::operator*(const CMatrix& x) const {
-  if (IsRefused(text::c_strMultiplyUnallocated)) return {};
+  if (IsRefused(texts::c_strMultiplyUnallocated)) return {};
   if (x.GetCols() != 1 && x.GetRows() != 1) {
-    GetPlatform().ShowMessage(text::c_strVectorDefinition);
+    GetPlatform().ShowMessage(texts::c_strVectorDefinition);
     return {};
   }
   CMatrix y(x.GetRows(), x.GetCols(), 0.0);
@@ -297,7 +297,7 @@ void SparseMatrix::FillRows(int n) {
 }
 
 bool SparseMatrix::Decompose(int n) {
-  if (IsRefused(text::c_strSolveUnallocated)) return false;
+  if (IsRefused(texts::c_strSolveUnallocated)) return false;
   std::vector<double> pivots;
   if (!RunWithMemory([&] { pivots.resize(Index(n)); })) return false;
   const bool bAccepted = Factorise(n, pivots);
@@ -306,7 +306,7 @@ bool SparseMatrix::Decompose(int n) {
 }
 
 bool SparseMatrix::Solve(int n, std::span<double> b) {
-  if (IsRefused(text::c_strSolveUnallocated)) return false;
+  if (IsRefused(texts::c_strSolveUnallocated)) return false;
   if (!m_bFactorised && !Decompose(n)) return false;
   const auto profile = GetProfile(n);
   skyline::ForwardReduce(profile, m_values.get(), b);
@@ -316,7 +316,7 @@ bool SparseMatrix::Solve(int n, std::span<double> b) {
 }
 
 bool SparseMatrix::SolveColumns(int n, std::span<double> B, int nColumns) {
-  if (IsRefused(text::c_strSolveUnallocated)) return false;
+  if (IsRefused(texts::c_strSolveUnallocated)) return false;
   if (!m_bFactorised && !Decompose(n)) return false;
   return RunWithMemory([&] {
     std::vector<double> pivots(Index(n));
@@ -326,7 +326,7 @@ bool SparseMatrix::SolveColumns(int n, std::span<double> B, int nColumns) {
 }
 
 bool SparseMatrix::SolveKeepDiagonal(int n, std::span<double> d, std::span<double> b) {
-  if (IsRefused(text::c_strSolveUnallocated)) return false;
+  if (IsRefused(texts::c_strSolveUnallocated)) return false;
   if (!m_bFactorised && !Factorise(n, d)) return false;
   const auto profile = GetProfile(n);
   skyline::ForwardReduce(profile, m_values.get(), b);
@@ -341,7 +341,7 @@ bool SparseMatrix::Factorise(int n, std::span<double> pivots) {
   if (!RunWithMemory([&] { skyline::FactoriseLdlt(GetProfile(n), m_values.get(), pivots); })) return false;
   m_lostDigits = MeasureLostDigits(pivots.first(Index(n)));
   if (!std::ranges::all_of(pivots.first(Index(n)), IsAcceptedPivot)) {
-    GetPlatform().ShowMessage(text::c_strUnstable);
+    GetPlatform().ShowMessage(texts::c_strUnstable);
     return false;
   }
   m_bFactorised = true;

@@ -3,7 +3,7 @@
 #include <string_view>
 
 /// Fixed texts of the dense and the skyline matrix, letter for letter.
-namespace skyframe::text {
+namespace skyframe::numeric::texts {
 
 inline constexpr std::string_view c_strInPlaceProductShape =
     "The row of Matrix1 doesn't equal the col of Matrix2, while multiplying";
@@ -28,4 +28,8 @@ inline constexpr std::string_view c_strVectorDefinition = "Vector Definition Err
 inline constexpr std::string_view c_strUnstable = "结构几何可变";
 inline constexpr std::string_view c_strMatrixMemory = "内存不足，无法为稀疏矩阵分配存储空间";
 
-}  // namespace skyframe::text
+}  // namespace skyframe::numeric::texts
+
+namespace skyframe {
+namespace texts = numeric::texts;
+}  // namespace skyframe

@@ -111,7 +111,7 @@ void CDialog::Notify(int nId, DialogEvent event) {
 
 void CDialog::Close() { m_pView = nullptr; }
 
-bool CDialog::OnInitDialog() { return UpdateData(false); }
+void CDialog::OnInitDialog() { UpdateData(false); }
 
 void CDialog::OnOk() {
   if (UpdateData(true)) EndDialog(c_nIdOk);

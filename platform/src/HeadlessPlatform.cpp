@@ -143,13 +143,8 @@ void CHeadlessPlatform::RunScript(CScriptedView& view, const std::vector<DialogS
   }
 }
 
-void CHeadlessPlatform::BeginWaitCursor() {
-  ++m_nWaitCursor;
-  ++m_nWaitCursorCount;
-}
-
-void CHeadlessPlatform::EndWaitCursor() {
-  if (m_nWaitCursor > 0) --m_nWaitCursor;
+void CHeadlessPlatform::SetBusy(bool bBusy) {
+  if (bBusy) ++m_nWaitCursorCount;
 }
 
 std::ostream& CHeadlessPlatform::GetConsole() { return m_strmConsole; }
@@ -159,13 +154,6 @@ LocalTime CHeadlessPlatform::GetLocalTime() {
   const LocalTime time = m_clock.front();
   if (m_clock.size() > 1) m_clock.pop_front();
   return time;
-}
-
-void CHeadlessPlatform::EnterModule() { ++m_nModule; }
-
-void CHeadlessPlatform::LeaveModule() {
-  if (m_nModule > 0) --m_nModule;
-  if (m_nModule == 0) m_nWaitCursor = 0;
 }
 
 }  // namespace skyframe

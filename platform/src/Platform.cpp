@@ -3,11 +3,7 @@
 #include <algorithm>
 #include <filesystem>
 #include <iostream>
-#include <limits>
-
-#if __has_include(<unistd.h>)
-#include <unistd.h>
-#endif
+#include <iterator>
 
 #include "InputFile.h"
 #include "PendingFile.h"
@@ -24,20 +20,32 @@ constinit IPlatform* g_pPlatform = nullptr;
 
 }  // namespace
 
-double IPlatform::GetPhysicalMemory() {
-#if defined(_SC_PHYS_PAGES) && defined(_SC_PAGESIZE)
-  const long nPages = sysconf(_SC_PHYS_PAGES);
-  const long nPageSize = sysconf(_SC_PAGESIZE);
-  if (nPages > 0 && nPageSize > 0) return static_cast<double>(nPages) * static_cast<double>(nPageSize);
-#endif
-  return std::numeric_limits<double>::infinity();
+void IPlatform::BeginWaitCursor() {
+  if (m_nWaitCursor++ == 0) SetBusy(true);
 }
+
+void IPlatform::EndWaitCursor() {
+  if (m_nWaitCursor > 0 && --m_nWaitCursor == 0) SetBusy(false);
+}
+
+double IPlatform::GetPhysicalMemory() { return system_file::GetPhysicalMemory(); }
 
 void IPlatform::ReportProgress(double /*dFraction*/, std::string_view /*strLabel*/) {}
 
-void IPlatform::EnterModule() {}
+void IPlatform::EnterModule() {
+  if (m_nModule++ == 0) SwitchModule(true);
+}
 
-void IPlatform::LeaveModule() {}
+void IPlatform::LeaveModule() {
+  if (m_nModule == 0 || --m_nModule > 0) return;
+  if (m_nWaitCursor > 0) SetBusy(false);
+  m_nWaitCursor = 0;
+  SwitchModule(false);
+}
+
+void IPlatform::SetBusy(bool /*bBusy*/) {}
+
+void IPlatform::SwitchModule(bool /*bInside*/) {}
 
 std::unique_ptr<std::istream> IPlatform::OpenForReading(const std::string& strPath) {
   return CInputFile::Open(ToFilePath(strPath));
@@ -46,6 +54,12 @@ std::unique_ptr<std::istream> IPlatform::OpenForReading(const std::string& strPa
 std::unique_ptr<IPendingFile> IPlatform::OpenForWriting(const std::string& strPath, OutputPlace place,
                                                         std::string& strReason) {
   return CPendingFile::Open(ToFilePath(strPath), place, strReason);
+}
+
+std::optional<std::string> ReadWholeFile(const std::string& strPath) {
+  const std::unique_ptr<std::istream> pStream = GetPlatform().OpenForReading(strPath);
+  if (!pStream) return std::nullopt;
+  return std::string(std::istreambuf_iterator<char>(*pStream), {});
 }
 
 IPlatform* InstallPlatform(IPlatform* pPlatform, const RecordSizes& sizes) {

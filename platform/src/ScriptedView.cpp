@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <limits>
 
+#include "skyframe/platform/DialogRules.h"
 #include "texts.h"
 
 namespace skyframe {
@@ -14,8 +15,6 @@ using Action = DialogStep::Action;
 bool IsButton(ControlKind kind) { return kind == ControlKind::Button || kind == ControlKind::DefaultButton; }
 
 bool IsList(ControlKind kind) { return kind == ControlKind::ListBox || kind == ControlKind::ListView; }
-
-bool CanFocus(ControlKind kind) { return kind != ControlKind::Label && kind != ControlKind::Group; }
 
 bool CanPerform(Action action, ControlKind kind) {
   switch (action) {
@@ -73,12 +72,7 @@ CScriptedView::Control* CScriptedView::Find(int nId) {
 }
 
 void CScriptedView::FocusFirst() {
-  if (m_nFocus != -1) return;
-  for (const ControlTemplate& control : m_dialog.GetTemplate().controls) {
-    if (!CanFocus(control.kind) || control.nId == -1 || !IsEnabled(control.nId)) continue;
-    m_nFocus = control.nId;
-    return;
-  }
+  if (m_nFocus == -1) m_nFocus = FindFirstFocus(m_dialog.GetTemplate(), *this);
 }
 
 std::string_view CScriptedView::Perform(const DialogStep& step) {
@@ -219,18 +213,13 @@ void CScriptedView::InsertItem(int nId, int nRow, std::string_view strText) {
   row.cells.resize(pControl->nColumns);
   row.cells.front() = strText;
   pControl->rows.insert(pControl->rows.begin() + nRow, std::move(row));
-  if (pControl->nCurrent >= nRow) ++pControl->nCurrent;
+  pControl->nCurrent = CurrentAfterInsert(pControl->nCurrent, nRow);
 }
 
 int CScriptedView::AddItem(int nId, std::string_view strText) {
   const Control* const pControl = Find(nId);
   if (pControl == nullptr) return -1;
-  const auto& rows = pControl->rows;
-  auto it = rows.end();
-  if ((pControl->pTemplate->nStyle & c_nStyleSorted) != 0) {
-    it = std::find_if(rows.begin(), rows.end(), [strText](const Row& row) { return row.cells.front() > strText; });
-  }
-  const int nRow = static_cast<int>(it - rows.begin());
+  const int nRow = FindSortedRow(*pControl->pTemplate, *this, strText);
   InsertItem(nId, nRow, strText);
   return nRow;
 }
@@ -239,11 +228,7 @@ void CScriptedView::DeleteItem(int nId, int nRow) {
   Control* const pControl = Find(nId);
   if (pControl == nullptr || !pControl->HasRow(nRow)) return;
   pControl->rows.erase(pControl->rows.begin() + nRow);
-  if (pControl->nCurrent == nRow) {
-    pControl->nCurrent = -1;
-  } else if (pControl->nCurrent > nRow) {
-    --pControl->nCurrent;
-  }
+  pControl->nCurrent = CurrentAfterDelete(pControl->nCurrent, nRow);
 }
 
 int CScriptedView::GetItemCount(int nId) const {

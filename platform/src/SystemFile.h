@@ -4,7 +4,7 @@
 #include <filesystem>
 #include <vector>
 
-/// What the standard library has no words for: files by descriptor. Failures leave errno.
+/// What the standard library has no words for: files by descriptor, the machine. Failures leave errno.
 namespace skyframe::system_file {
 
 /// A regular file; anything else is refused without waiting for it. Negative: not possible.
@@ -29,5 +29,7 @@ std::size_t Read(int nDescriptor, char* pBytes, std::size_t nCount);
 
 [[nodiscard]] bool IsWritable(const std::filesystem::path& path);
 [[nodiscard]] bool IsErrorTerminal();
+/// Bytes of the machine's memory; infinite where the system does not tell.
+[[nodiscard]] double GetPhysicalMemory();
 
 }  // namespace skyframe::system_file

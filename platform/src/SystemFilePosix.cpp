@@ -7,6 +7,7 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <limits>
 #include <memory>
 
 #include "SystemFile.h"
@@ -115,6 +116,13 @@ bool Close(int nDescriptor) { return close(nDescriptor) == 0 || errno == EINTR; 
 bool IsWritable(const std::filesystem::path& path) { return access(path.c_str(), W_OK) == 0; }
 
 bool IsErrorTerminal() { return isatty(STDERR_FILENO) == 1; }
+
+double GetPhysicalMemory() {
+  const long nPages = sysconf(_SC_PHYS_PAGES);
+  const long nPageSize = sysconf(_SC_PAGESIZE);
+  if (nPages > 0 && nPageSize > 0) return static_cast<double>(nPages) * static_cast<double>(nPageSize);
+  return std::numeric_limits<double>::infinity();
+}
 
 }  // namespace skyframe::system_file
 

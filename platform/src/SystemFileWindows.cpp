@@ -1,13 +1,16 @@
 #ifdef _WIN32
 
+#define NOMINMAX
 #include <fcntl.h>
 #include <io.h>
 #include <share.h>
 #include <sys/stat.h>
+#include <windows.h>
 
 #include <algorithm>
 #include <cerrno>
 #include <cstdio>
+#include <limits>
 
 #include "SystemFile.h"
 
@@ -76,6 +79,13 @@ bool IsWritable(const std::filesystem::path& path) {
 }
 
 bool IsErrorTerminal() { return _isatty(_fileno(stderr)) != 0; }
+
+double GetPhysicalMemory() {
+  MEMORYSTATUSEX status = {};
+  status.dwLength = sizeof status;
+  if (GlobalMemoryStatusEx(&status) != 0) return static_cast<double>(status.ullTotalPhys);
+  return std::numeric_limits<double>::infinity();
+}
 
 }  // namespace skyframe::system_file
 

@@ -2,7 +2,7 @@
 
 #include <string_view>
 
-namespace skyframe::texts {
+namespace skyframe::platform::texts {
 
 inline constexpr std::string_view c_strNeedInteger = "请输入一个整数。";
 inline constexpr std::string_view c_strNeedNumber = "请输入一个数字。";
@@ -24,4 +24,8 @@ inline constexpr std::string_view c_strTemporarySuffix = ".part";
 inline constexpr std::string_view c_strSvgFonts =
     "Noto Sans CJK SC, Source Han Sans SC, Microsoft YaHei, PingFang SC, WenQuanYi Zen Hei, SimSun, sans-serif";
 
-}  // namespace skyframe::texts
+}  // namespace skyframe::platform::texts
+
+namespace skyframe {
+namespace texts = platform::texts;
+}  // namespace skyframe

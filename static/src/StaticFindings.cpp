@@ -3,7 +3,6 @@
 #include <limits>
 
 #include "skyframe/model/AnalysisModel.h"
-#include "skyframe/model/HingedBeams.h"
 
 namespace skyframe {
 
@@ -15,7 +14,7 @@ bool CAnalysisModel::BeginStatic(bool bNonlinear) {
 }
 
 bool CAnalysisModel::PrepareStatic() {
-  std::fill(m_displacement.begin(), m_displacement.end(), 0.0);
+  ClearDisplacements();
   if (!AssembleStiffness(m_stiffness, false, false)) return false;
   const bool bStable = m_stiffness.Decompose(GetFreeDofs());
   m_staticFindings.conditioning = DescribeConditioning(m_stiffness);
@@ -36,12 +35,11 @@ void CAnalysisModel::KeepMemberState() {
   StaticFindings& found = m_staticFindings;
   found.eulerRatios.assign(m_elements.size(), 0.0);
   for (std::size_t n = 0; n < m_elements.size(); ++n) {
-    const auto* pBeam = dynamic_cast<const CBeamElem*>(m_elements[n].get());
-    if (pBeam == nullptr) continue;
-    found.eulerRatios[n] = pBeam->GetEulerRatio();
-    const bool bBends = dynamic_cast<const CBeamHingeBoth*>(pBeam) == nullptr;
-    if (!bBends || pBeam->GetTwist() <= found.dLargestTwist) continue;
-    found.dLargestTwist = pBeam->GetTwist();
+    if (!m_elements[n]) continue;
+    found.eulerRatios[n] = m_elements[n]->GetEulerRatio();
+    const double dTwist = m_elements[n]->GetTwist();
+    if (dTwist <= found.dLargestTwist) continue;
+    found.dLargestTwist = dTwist;
     found.nTwistedElement = static_cast<int>(n) + 1;
   }
 }

@@ -15,8 +15,8 @@ void CAnalysisModel::SolveStaticLinear(const std::string& strJobPath) {
   const bool bSolved = file.IsOpen() && SolveLinear();
   const bool bUnstable = !bSolved && m_stiffness.GetLostDigits().nEquation >= 0;
   if (file.IsOpen() && !bSolved && !bUnstable) return;  // no memory: an older result stays
-  if (bSolved) WriteStaticResult(file.GetWriter(), c_strLinearHeading, *this);
-  if (!CommitResult(file, m_staticFindings)) return GetPlatform().ShowMessage(c_strFileNotWritten);
+  if (bSolved) WriteStaticResult(file.GetWriter(), texts::c_strLinearHeading, *this);
+  if (!CommitResult(file, m_staticFindings)) return GetPlatform().ShowMessage(texts::c_strFileNotWritten);
   if (bSolved) m_staticFindings.status = RunStatus::Done;
 }
 

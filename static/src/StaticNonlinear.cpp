@@ -2,23 +2,15 @@
 #include <cmath>
 #include <utility>
 
-#include "ConvergenceTest.h"
 #include "StaticResult.h"
 #include "skyframe/model/AnalysisModel.h"
+#include "skyframe/model/IterationTest.h"
+#include "skyframe/numeric/VectorAlgebra.h"
 #include "skyframe/platform/OutputFile.h"
 #include "skyframe/values/ResultFiles.h"
 #include "texts.h"
 
 namespace skyframe {
-namespace {
-
-double Norm(std::span<const double> v) {
-  double dSum = 0.0;
-  for (const double d : v) dSum += d * d;
-  return std::sqrt(dSum);
-}
-
-}  // namespace
 
 void CAnalysisModel::SolveStaticNonlinear(const std::string& strJobPath) {
   if (!BeginStatic(true) || !PrepareStatic()) return;
@@ -29,15 +21,11 @@ void CAnalysisModel::SolveStaticNonlinear(const std::string& strJobPath) {
   KeepStaticState();
   KeepMemberState();
 
-  GetPlatform().BeginWaitCursor();
+  const CWaitCursorScope waitCursor;
   COutputFile file(strJobPath + std::string(suffix::c_strStaticNonlinear));
-  if (file.IsOpen()) WriteStaticResult(file.GetWriter(), c_strNonlinearHeading, *this);
-  if (CommitResult(file, m_staticFindings)) {
-    m_staticFindings.status = RunStatus::Done;
-  } else {
-    GetPlatform().ShowMessage(c_strFileNotWritten);
-  }
-  GetPlatform().EndWaitCursor();
+  if (file.IsOpen()) WriteStaticResult(file.GetWriter(), texts::c_strNonlinearHeading, *this);
+  if (!CommitResult(file, m_staticFindings)) return GetPlatform().ShowMessage(texts::c_strFileNotWritten);
+  m_staticFindings.status = RunStatus::Done;
 }
 
 bool CAnalysisModel::IterateToEquilibrium(std::span<double> increment) {
@@ -46,7 +34,8 @@ bool CAnalysisModel::IterateToEquilibrium(std::span<double> increment) {
   const std::span<const double> P = std::span(m_load).first(F);
   std::vector<double> residual(P.begin(), P.end());  // R, length F
   found.dForce = found.dResidual = Norm(P);
-  CConvergenceTest test(m_nConvCriterion, m_dConvTol, found.dForce);
+  const IterationTest test = {m_nConvCriterion, m_dConvTol, false};
+  double dFirstIncrement = 0.0;
 
   for (int k = 0; k < m_nMaxIter; ++k) {
     // K du = R; the restrained part of du is 0
@@ -55,17 +44,18 @@ bool CAnalysisModel::IterateToEquilibrium(std::span<double> increment) {
     if (!m_stiffness.Solve(F, freeIncrement)) return false;
     found.nIterations = k + 1;
     found.dPreviousIncrement = std::exchange(found.dIncrement, Norm(increment));
+    if (k == 0) dFirstIncrement = found.dIncrement;
     if (!IsWithinLimit(freeIncrement)) return false;
 
     ApplyIncrement(increment, false, true);
     // R = P - Fint
     for (int i = 0; i < F; ++i) residual[i] = P[i] - m_internalForce[i];
     found.dResidual = Norm(residual);
-    if (test.IsConverged(found.dResidual, found.dIncrement)) return true;
+    if (test.IsConverged(found.dResidual, found.dForce, found.dIncrement, dFirstIncrement)) return true;
     if (!std::isfinite(found.dResidual) || !std::isfinite(found.dIncrement)) break;  // it cannot come back
-    GetPlatform().ReportProgress((k + 1.0) / m_nMaxIter, c_strIteration);
+    GetPlatform().ReportProgress((k + 1.0) / m_nMaxIter, texts::c_strIteration);
   }
-  GetPlatform().ShowMessage(c_strNoConvergence);
+  GetPlatform().ShowMessage(texts::c_strNoConvergence);
   return false;
 }
 

@@ -9,7 +9,7 @@ constexpr int c_nNumberWidth = 10;
 constexpr int c_nDisplacementWidth = 15;
 
 void WriteMemberForces(CTextWriter& out, const CAnalysisModel& model) {
-  out.Text(c_strMemberForces).EndLine().Text(c_strMemberColumns).EndLine();
+  out.Text(texts::c_strMemberForces).EndLine().Text(texts::c_strMemberColumns).EndLine();
   for (const auto& pElement : model.GetElements()) {
     if (!pElement) continue;
     out.Integer(pElement->GetElemNo() + 1, c_nNumberWidth);
@@ -18,7 +18,7 @@ void WriteMemberForces(CTextWriter& out, const CAnalysisModel& model) {
 }
 
 void WriteDisplacements(CTextWriter& out, const CAnalysisModel& model) {
-  out.EndLine().Text(c_strDisplacements).EndLine().Text(c_strDisplacementColumns).EndLine();
+  out.EndLine().Text(texts::c_strDisplacements).EndLine().Text(texts::c_strDisplacementColumns).EndLine();
   const CNodeTable& nodes = model.GetNodes();
   for (int nNode = 0; nNode < nodes.GetNodeCount(); ++nNode) {
     out.Integer(nNode + 1, c_nNumberWidth);
@@ -34,7 +34,7 @@ void WriteDisplacements(CTextWriter& out, const CAnalysisModel& model) {
 void WriteStaticResult(CTextWriter& out, std::string_view strHeading, const CAnalysisModel& model) {
   out.Text(strHeading).EndLine();
   WriteMemberForces(out, model);
-  out.EndLine().Text(c_strReactions).EndLine();
+  out.EndLine().Text(texts::c_strReactions).EndLine();
   model.WriteReactions(out);
   WriteDisplacements(out, model);
 }

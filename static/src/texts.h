@@ -4,7 +4,7 @@
 
 // Fixed texts of the static room.
 
-namespace skyframe {
+namespace skyframe::statics::texts {
 
 inline constexpr std::string_view c_strLinearHeading = "Linear Solution Output: ";
 inline constexpr std::string_view c_strNonlinearHeading = "Nonlinear Solution Output: ";
@@ -18,4 +18,8 @@ inline constexpr std::string_view c_strIteration = "平衡迭代";
 inline constexpr std::string_view c_strFileNotWritten = "结果文件无法写入,计算终止!";
 inline constexpr std::string_view c_strNoConvergence = "在给定的迭代步内计算不收敛！\n请增加最大迭代步数！";
 
+}  // namespace skyframe::statics::texts
+
+namespace skyframe {
+namespace texts = statics::texts;
 }  // namespace skyframe

@@ -1,14 +1,38 @@
-// History file of a model with two nodes and one element: refused, or complete in the counts asked for.
+// History file of a model with two nodes and one element, through the readers of module and host: refused, or complete
+// in the counts asked for.
 
 #include <cstdint>
-#include <cstdlib>
-#include <string_view>
 
+#include "TextPlatform.h"
 #include "skyframe/history/HistoryFile.h"
+#include "skyframe/results/HistoryResultFile.h"
+
+namespace {
+
+using skyframe::test::Demand;
+namespace host = skyframe::host;
+
+void ReadAsHost() {
+  const host::HistoryModel model = {2, 1};
+  const auto file = host::ReadHistoryFile("job", model);
+  for (const int nQuantity : {skyframe::c_nHistoryY, skyframe::c_nHistoryForce}) {
+    const auto history = host::ReadHistory("job", model, {nQuantity, 1});
+    Demand(!file || history);
+    if (history) Demand(static_cast<int>(history->values.size()) == history->nSteps);
+  }
+  if (file) Demand(file->displacements.size() == 2 && file->forces.size() == 1);
+  const auto extract = host::ReadHistoryExtract("job", model);
+  if (extract) Demand(static_cast<int>(extract->values.size()) == extract->nSteps);
+}
+
+}  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* pData, std::size_t nSize) {
-  const auto history = skyframe::ParseHistory({reinterpret_cast<const char*>(pData), nSize}, 2, 1);
+  const std::string strText(reinterpret_cast<const char*>(pData), nSize);
+  const skyframe::test::CTextPlatform platform(strText);
+  ReadAsHost();
+  const auto history = skyframe::ParseHistory(strText, 2, 1);
   if (!history) return 0;
-  if (history->GetNodeCount() != 2 || history->GetElementCount() != 1 || history->nSteps < 0) std::abort();
+  Demand(history->GetNodeCount() == 2 && history->GetElementCount() == 1 && history->nSteps >= 0);
   return 0;
 }

@@ -1,49 +1,25 @@
-// Mode file of a cantilever of one beam, through the readers of module and host: refused, or whole and finite.
+// Mode file of a cantilever of one beam, through the readers of module and host, and the files of its spectrum
+// analysis: refused, or whole and finite.
 
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
-#include <cstdlib>
-#include <memory>
 #include <optional>
-#include <sstream>
 #include <string>
 #include <vector>
 
 #include "../HostModel.h"
+#include "TextPlatform.h"
 #include "skyframe/model/AnalysisModel.h"
-#include "skyframe/platform/HeadlessPlatform.h"
 #include "skyframe/results/ModeResultFile.h"
+#include "skyframe/results/SpectrumResultFile.h"
 
 namespace {
 
 using skyframe::CAnalysisModel;
 
-std::ostream g_nowhere(nullptr);
-
-/// Every file that is read holds the same text.
-class CTextPlatform : public skyframe::CHeadlessPlatform {
- public:
-  explicit CTextPlatform(std::string strText)
-      : CHeadlessPlatform(g_nowhere, g_nowhere),
-        m_strText(std::move(strText)),
-        m_pPrevious(skyframe::InstallPlatform(this)) {}
-  ~CTextPlatform() override { skyframe::InstallPlatform(m_pPrevious); }
-  CTextPlatform(const CTextPlatform&) = delete;
-  CTextPlatform& operator=(const CTextPlatform&) = delete;
-
-  std::unique_ptr<std::istream> OpenForReading(const std::string& /*strPath*/) override {
-    return std::make_unique<std::istringstream>(m_strText);
-  }
-
- private:
-  std::string m_strText;
-  skyframe::IPlatform* m_pPrevious;
-};
-
-void Demand(bool bTrue) {
-  if (!bTrue) std::abort();
-}
+using skyframe::test::CTextPlatform;
+using skyframe::test::Demand;
 
 bool IsFinite(double d) { return std::isfinite(d); }
 
@@ -72,10 +48,17 @@ void ReadFrequencies() {
 }
 
 void ReadAsHost() {
-  const auto file = skyframe::host::ReadModeResultFile("job.mode", std::vector<skyframe::host::JobNode>(2));
-  if (!file) return;
-  Demand(!file->omega.empty() && file->shapes.size() == file->omega.size());
-  Demand(std::ranges::all_of(file->shapes, [](const auto& shape) { return shape.size() == 2; }));
+  const std::vector<skyframe::host::JobNode> nodes(2);
+  const auto modes = skyframe::host::ReadModeResultFile("job", nodes);
+  if (modes) {
+    Demand(!modes->omega.empty() && modes->shapes.size() == modes->omega.size());
+    Demand(std::ranges::all_of(modes->shapes, [](const auto& shape) { return shape.size() == 2; }));
+  }
+  const auto spectrum = skyframe::host::ReadSpectrumResultFile("job", nodes);
+  if (spectrum) Demand(spectrum->displacements.size() == 2 && !spectrum->supports.empty());
+  const auto mode = skyframe::host::ReadVirtualModeFile("job", nodes);
+  if (mode) Demand(mode->shape.size() == 2);
+  (void)skyframe::host::ReadVirtualResponseFile("job");
 }
 
 class CCantilever {

@@ -36,7 +36,7 @@ std::unique_ptr<CDialog> MakeDialog() {
   return pDialog;
 }
 
-/// Twelve nodes and thirty elements whose histories are a swinging line in the required frame.
+/// Twelve nodes and thirty elements whose histories are a swinging line in the frame of the plot.
 class CSampleHistories : public IHistoryView {
  public:
   [[nodiscard]] int GetNodeCount() const override { return 12; }

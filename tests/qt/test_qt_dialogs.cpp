@@ -242,7 +242,7 @@ TEST(LoadCombinationWindow, RowsMoveAsInTheScriptedView) {
   EXPECT_EQ(dialog.m_loadComb.factors[2], 0.5) << "the factor of a removed type stays";
 }
 
-TEST(LoadCombinationWindow, DraggingMarksNothing) {
+TEST(LoadCombinationWindow, DraggingMarksNothingAndTheKeysMarkAll) {
   CLoadCombDlg dialog;
   dialog.m_loadComb.nLoadTypes = c_nOfferedTypes;
   CDialogWindow window(dialog);
@@ -254,6 +254,12 @@ TEST(LoadCombinationWindow, DraggingMarksNothing) {
   for (int nY = 5; nY < 70; nY += 5) QTest::mouseMove(pArea, {10, nY});
   QTest::mouseRelease(pArea, Qt::LeftButton, Qt::NoModifier, {10, 69});
   for (int nRow = 0; nRow < c_nOfferedTypes; ++nRow) EXPECT_EQ(window.IsSelected(c_nIdAvailable, nRow), nRow == 0);
+  for (const auto& [nListId, nButton, nRows] :
+       {std::tuple(c_nIdAvailable, c_nIdAdd, c_nOfferedTypes), {c_nIdCombined, c_nIdRemove, 0}}) {
+    QTest::keyClick(window.FindWidget(nListId), Qt::Key_A, Qt::ControlModifier);
+    QTest::mouseClick(window.FindWidget(nButton), Qt::LeftButton);
+    EXPECT_EQ(window.GetItemCount(c_nIdCombined), nRows);
+  }
 }
 
 TEST(LoadCombinationWindow, UnfinishedNumberGetsItsMessageWhileTyping) {

@@ -20,6 +20,7 @@
 #include "skyframe/dialogs/Templates.h"
 #include "skyframe/gui/MainWindow.h"
 #include "skyframe/job/JobFile.h"
+#include "skyframe/results/HistoryResultFile.h"
 
 namespace skyframe::test {
 namespace {
@@ -119,23 +120,6 @@ void AddScripts(CQtPerson& person) {
   person.AddScript(c_nIdLoadCombDlg, Combine({{0, "1"}, {1, "0.5"}}));
 }
 
-/// X displacements of a node from "_HisTime.txt".
-std::vector<std::string> GetHistory(const std::string& strText, int nNode) {
-  std::istringstream strm(strText);
-  std::vector<std::string> values;
-  bool bInside = false;
-  for (std::string strLine; std::getline(strm, strLine);) {
-    if (strLine.starts_with("Node No.") || strLine.starts_with("Mem No.")) {
-      bInside = strLine.starts_with("Node No.") && std::stoi(strLine.substr(8)) == nNode;
-    } else if (bInside) {
-      std::istringstream words(strLine.substr(5));
-      int nStep = 0;
-      words >> nStep >> values.emplace_back();
-    }
-  }
-  return values;
-}
-
 TEST(PersonsDay, WindowsAndCommandLineWriteTheSameFiles) {
   const QTemporaryDir windows;
   const QTemporaryDir commands;
@@ -184,22 +168,20 @@ TEST(PersonsDay, WindowsAndCommandLineWriteTheSameFiles) {
   EXPECT_GE(nCompared, 5) << "job, modes, spectrum, history, static";
 
   // The written history is node 11's X column of the result file.
-  const std::string strWritten = ReadText(windows.filePath(QStringLiteral("office_11_node.txt")).toStdString());
-  const std::vector<std::string> history =
-      GetHistory(ReadText(windows.filePath(QStringLiteral("office_HisTime.txt")).toStdString()), 11);
-  EXPECT_NE(strWritten.find("X-direction Disp(m): "), std::string::npos);
-  std::istringstream strm(strWritten);
-  std::size_t nStep = 0;
-  for (std::string strWord; strm >> strWord;) {
-    if (!strWord.starts_with("TimePoint:")) continue;
-    std::string strValue;
-    strm >> strWord >> strValue;
-    ASSERT_LT(nStep, history.size());
-    EXPECT_NEAR(std::stod(strValue), std::stod(history[nStep]), 1e-5 * std::abs(std::stod(history[nStep])) + 1e-300);
-    ++nStep;
-  }
-  EXPECT_EQ(nStep, history.size());
-  EXPECT_EQ(nStep, 200U);
+  const auto readOf = [&](const QString& strName, auto read) {
+    const auto history = read(windows.filePath(strName).toStdString());
+    EXPECT_EQ(history.strError, "");
+    return history.value_or(host::SingleHistory{});
+  };
+  const host::HistoryModel model = {192, 530};
+  const auto written = readOf(QStringLiteral("office_11_node.txt"),
+                              [&](const auto& strPath) { return host::ReadHistoryExtract(strPath, model); });
+  const auto history = readOf(QStringLiteral("office_HisTime.txt"), [&](const auto& strPath) {
+    return host::ReadHistory(strPath, model, {c_nHistoryX, 11});
+  });
+  EXPECT_EQ(written.nQuantity, c_nHistoryX);
+  EXPECT_EQ(written.values.size(), 200U);
+  EXPECT_EQ(written.values, history.values);
   QApplication::setFont(font);
 }
 

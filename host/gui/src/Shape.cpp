@@ -28,11 +28,11 @@ bool IsFinite(const std::vector<NodeValues>& values) {
 
 void AppendStatic(const std::string& strPath, std::string_view strTitle, std::size_t nNodes,
                   std::vector<Shape>& shapes) {
-  auto displacements = host::ReadStaticResultFile(strPath, nNodes);
-  if (!displacements || !IsFinite(*displacements)) return;
+  auto file = host::ReadStaticResultFile(strPath, nNodes);
+  if (!file || !IsFinite(file->displacements)) return;
   Shape shape;
   shape.strTitle = strTitle;
-  shape.values = std::move(*displacements);
+  shape.values = std::move(file->displacements);
   shapes.push_back(std::move(shape));
 }
 

@@ -39,10 +39,10 @@ struct SpectrumChoice {
 
 SpectrumChoice GetSpectrumChoice(const SpectrumJob& analysis) {
   SpectrumChoice choice;
-  choice.site.nQuakeLevel = analysis.nLevel.value_or(COMDYN.m_nQuakeLevel);
-  choice.site.nIntensity = analysis.nIntensity ? *analysis.nIntensity + c_nLowestIntensity : COMDYN.m_nIntensity;
-  choice.site.nZoneGroup = analysis.nZoneGroup.value_or(COMDYN.m_nZoneGroup);
-  choice.site.nSiteClass = analysis.nSiteClass.value_or(COMDYN.m_nSiteClass);
+  choice.site.m_nQuakeLevel = analysis.nLevel.value_or(COMDYN.m_nQuakeLevel);
+  choice.site.m_nIntensity = analysis.nIntensity ? *analysis.nIntensity + c_nLowestIntensity : COMDYN.m_nIntensity;
+  choice.site.m_nZoneGroup = analysis.nZoneGroup.value_or(COMDYN.m_nZoneGroup);
+  choice.site.m_nSiteClass = analysis.nSiteClass.value_or(COMDYN.m_nSiteClass);
   choice.dDamping = analysis.dDamping.value_or(COMDYN.m_dDampRatio);
   choice.nModes = analysis.nModes.value_or(COMDYN.m_nExpandModes);
   return choice;
@@ -50,10 +50,10 @@ SpectrumChoice GetSpectrumChoice(const SpectrumJob& analysis) {
 
 std::string DescribeSite(const SpectrumSite& site) {
   const auto strIntensity =
-      std::string(c_strIntensities[static_cast<std::size_t>(site.nIntensity - c_nLowestIntensity)]);
-  const auto strLevel = std::string(c_strQuakeLevels[static_cast<std::size_t>(site.nQuakeLevel)]);
+      std::string(c_strIntensities[static_cast<std::size_t>(site.m_nIntensity - c_nLowestIntensity)]);
+  const auto strLevel = std::string(c_strQuakeLevels[static_cast<std::size_t>(site.m_nQuakeLevel)]);
   return Format("intensity %s, %s earthquake, site class %s, design group %d", strIntensity.c_str(), strLevel.c_str(),
-                c_strRomanNumbers[static_cast<std::size_t>(site.nSiteClass)], site.nZoneGroup);
+                c_strRomanNumbers[static_cast<std::size_t>(site.m_nSiteClass)], site.m_nZoneGroup);
 }
 
 class CPlotter {
@@ -103,8 +103,8 @@ class CPlotter {
   std::optional<ModeResultFile> LoadModes() {
     const auto strPath = FindFile(suffix::c_strModes, "modal analysis");
     if (!strPath) return std::nullopt;
-    std::optional<ModeResultFile> file = ReadModeResultFile(*strPath, m_job.nodes);
-    if (!file) return Refuse(*strPath + ": is damaged or belongs to another model");
+    auto file = ReadModeResultFile(*strPath, m_job.nodes);
+    if (!file) return Refuse(*strPath + ": " + file.strError);
     for (std::size_t i = 0; i < file->omega.size(); ++i) {
       const double omega = file->omega[i];
       if (omega > 0.0 && std::isnormal(omega * omega)) continue;  // what the module reads
@@ -208,14 +208,15 @@ class CPlotter {
     const auto strPath = FindFile(bNonlinear ? suffix::c_strStaticNonlinear : suffix::c_strStaticLinear,
                                   bNonlinear ? "nonlinear static analysis" : "linear static analysis");
     if (!strPath) return std::nullopt;
-    const auto displacements = ReadStaticResultFile(*strPath, m_job.nodes.size());
-    if (!displacements) return Refuse(*strPath + ": is damaged or belongs to another model");
-    if (!CheckValues(*displacements, *strPath)) return std::nullopt;
+    const auto file = ReadStaticResultFile(*strPath, m_job.nodes.size());
+    if (!file) return Refuse(*strPath + ": " + file.strError);
+    const std::vector<NodeValues>& displacements = file->displacements;
+    if (!CheckValues(displacements, *strPath)) return std::nullopt;
     ShapePicture picture = MakeShape();
-    picture.displacements = *displacements;
+    picture.displacements = displacements;
     picture.bShowScale = true;
     picture.strShape = "deformed";
-    const NodeValues& largest = (*displacements)[FindLargestTranslation(*displacements)];
+    const NodeValues& largest = displacements[FindLargestTranslation(displacements)];
     picture.strSubtitle = Format("Static analysis, %s: largest displacement %.4g mm",
                                  bNonlinear ? "nonlinear" : "linear", 1.0e3 * GetTranslation(largest));
     return Render(c_nSheetWidth, c_nSheetHeight, picture, PaintShape);

@@ -20,10 +20,10 @@ HistoryPeak FindPeak(const HistorySet& history, int nQuantity) {
   return peak;
 }
 
-std::string DescribeHistory(const HistorySet& history) {
-  std::string strText = Format("%s, %s, %d steps of %g s", history.nMethod == c_nNewmarkMethod ? "Newmark" : "Wilson",
-                               history.nAssumption == 1 ? "nonlinear" : "linear", history.nSteps, history.dTimeStep);
-  if (!history.strFinished.empty()) strText += ", finished " + history.strFinished;
+std::string DescribeHistory(const HistoryRun& run) {
+  std::string strText = Format("%s, %s, %d steps of %g s", run.nMethod == c_nNewmarkMethod ? "Newmark" : "Wilson",
+                               run.nAssumption == 1 ? "nonlinear" : "linear", run.nSteps, run.dTimeStep);
+  if (!run.strFinished.empty()) strText += ", finished " + run.strFinished;
   return strText;
 }
 

@@ -1,51 +1,46 @@
 #include "skyframe/results/ModeResultFile.h"
 
-#include <iterator>
-
-#include "ResultWords.h"
-#include "skyframe/platform/Platform.h"
+#include "ResultFile.h"
 
 namespace skyframe::host {
 
 namespace {
 
-/// Signature, date, time, version; counts of elements, nodes, rigid and pinned ones; modes, shear flag.
-int ReadHead(CResultWords& words, std::size_t nNodes) {
-  words.Skip(5);
-  const bool bSameNodes = words.Number<std::size_t>() == nNodes;
-  words.Skip(2);
-  const int nModes = words.Number<int>();
-  words.SkipTo("Eigen_And_Freq:");
-  return bSameNodes && !words.HasFailed() ? nModes : 0;
+std::vector<double> ReadFrequencies(CResultWords& words, int nModes) {
+  std::vector<double> omega;
+  words.Expect(words.Word() == "Eigen_And_Freq:");
+  for (int i = 0; i < nModes && !words.HasFailed(); ++i) {
+    words.Skip(1);
+    omega.push_back(words.Number<double>());
+    words.Skip(1);
+  }
+  return omega;
 }
 
-/// One block: its mark, the frequency, a line a node in host order.
+/// One block: its mark, the frequency, a line a node in host order. Node numbers are those of a renumbering.
 std::vector<NodeValues> ReadShape(CResultWords& words, const std::vector<JobNode>& nodes) {
-  std::vector<NodeValues> shape(nodes.size());
+  std::vector<NodeValues> shape;
   words.Skip(2);
   for (std::size_t i = 0; i < nodes.size() && !words.HasFailed(); ++i) {
     words.Skip(1);
-    for (std::size_t d = 0; d < (nodes[i].nJoint == c_nRigid ? 6U : 3U); ++d) shape[i][d] = words.Number<double>();
+    shape.push_back(ReadNodeValues(words, nodes[i]));
   }
   return shape;
 }
 
 }  // namespace
 
-std::optional<ModeResultFile> ReadModeResultFile(const std::string& strPath, const std::vector<JobNode>& nodes) {
-  const auto pStream = GetPlatform().OpenForReading(strPath);
-  if (!pStream) return std::nullopt;
-  const std::string strText(std::istreambuf_iterator<char>(*pStream), {});
-  CResultWords words(strText);
-  ModeResultFile file;
-  const int nModes = ReadHead(words, nodes.size());
-  for (int i = 0; i < nModes && !words.HasFailed(); ++i) {
-    words.Skip(1);
-    file.omega.push_back(words.Number<double>());
-    words.Skip(1);
-  }
-  for (int i = 0; i < nModes && !words.HasFailed(); ++i) file.shapes.push_back(ReadShape(words, nodes));
-  return nModes > 0 && !words.HasFailed() ? std::optional(std::move(file)) : std::nullopt;
+Reading<ModeResultFile> ReadModeResultFile(const std::string& strPath, const std::vector<JobNode>& nodes) {
+  return ReadResultFile(strPath, [&](CResultWords& words) {
+    ModeResultFile file;
+    file.nElements = ReadHead(words, "The_Data_of_Zan's_Mode_Analysis", nodes);
+    const int nModes = words.Number<int>();
+    words.Expect(nModes > 0);
+    file.bShear = words.Number<int>() != 0;
+    file.omega = ReadFrequencies(words, nModes);
+    for (int i = 0; i < nModes && !words.HasFailed(); ++i) file.shapes.push_back(ReadShape(words, nodes));
+    return file;
+  });
 }
 
 }  // namespace skyframe::host

@@ -1,30 +1,72 @@
 #include "skyframe/results/StaticResultFile.h"
 
-#include <iterator>
+#include <algorithm>
 
-#include "ResultWords.h"
-#include "skyframe/platform/Platform.h"
+#include "ResultFile.h"
 
 namespace skyframe::host {
 
-std::optional<std::vector<NodeValues>> ReadStaticResultFile(const std::string& strPath, std::size_t nNodes) {
-  constexpr std::string_view c_strHeading = "DOF Displacements: ";
-  const auto pStream = GetPlatform().OpenForReading(strPath);
-  if (!pStream) return std::nullopt;
-  const std::string strText(std::istreambuf_iterator<char>(*pStream), {});
-  const std::size_t nHeading = strText.find(c_strHeading);
-  if (nHeading == std::string::npos) return std::nullopt;
+namespace {
 
-  CResultWords words(std::string_view(strText).substr(nHeading + c_strHeading.size()));
-  words.Skip(3);  // the column titles
+constexpr std::string_view c_strNode = "结点号:";
+constexpr std::array<std::string_view, c_nDiagrams> c_strDiagrams = {
+    "MYZ:", "MZX:", "MXY:", "Qy:", "Qz:", "Fy:", "Fz:"};
+constexpr std::array<std::string_view, 6> c_strReactions = {
+    "X向支反力", "Y向支反力", "Z向支反力", "YZ平面内转角向支反力", "ZX平面内转角向支反力", "XY平面内转角向支反力"};
+
+void ExpectWords(CResultWords& words, std::initializer_list<std::string_view> expected) {
+  for (const std::string_view strWord : expected) words.Expect(words.Word() == strWord);
+}
+
+/// A beam has "N=" and its diagrams; others have a line that tells of them, then "N =".
+StaticMember ReadMember(CResultWords& words) {
+  StaticMember member;
+  member.nElement = words.Number<int>();
+  const bool bBeam = words.Word() == "N=";
+  if (!bBeam) ExpectWords(words, {"N", "="});
+  member.dAxialForce = words.FixedNumber();
+  for (std::size_t q = 0; bBeam && q < c_nDiagrams && !words.HasFailed(); ++q) {
+    ExpectWords(words, {c_strDiagrams[q]});
+    for (double& dValue : member.diagrams.emplace_back()) dValue = words.FixedNumber();
+  }
+  return member;
+}
+
+StaticSupport ReadSupport(CResultWords& words) {
+  StaticSupport support;
+  support.nNode = words.NumberBehind<int>(c_strNode);
+  for (;;) {
+    const auto it = std::ranges::find(c_strReactions, words.Peek());
+    if (it == c_strReactions.end()) return support;
+    words.Skip(1);
+    support.forces[static_cast<std::size_t>(it - c_strReactions.begin())] = words.FixedNumber();
+  }
+}
+
+std::vector<NodeValues> ReadDisplacements(CResultWords& words, std::size_t nNodes) {
   std::vector<NodeValues> displacements;
   while (displacements.size() < nNodes && !words.HasFailed()) {
-    words.Skip(1);  // the node number
     NodeValues& u = displacements.emplace_back();
+    words.Expect(words.Number<std::size_t>() == displacements.size());
     for (std::size_t d = 0; d < 3; ++d) u[d] = words.Number<double>();
   }
-  const bool bWhole = !words.HasFailed() && displacements.size() == nNodes && words.Word().empty();
-  return bWhole ? std::optional(std::move(displacements)) : std::nullopt;
+  return displacements;
+}
+
+}  // namespace
+
+Reading<StaticResultFile> ReadStaticResultFile(const std::string& strPath, std::size_t nNodes) {
+  return ReadResultFile(strPath, [&](CResultWords& words) {
+    StaticResultFile file;
+    file.bNonlinear = words.Word() == "Nonlinear";
+    ExpectWords(words, {"Solution", "Output:", "Member", "forces:", "ElementNumber", "AxialForce"});
+    while (!words.HasFailed() && words.Peek() != "Reactions:") file.members.push_back(ReadMember(words));
+    words.Skip(1);
+    while (words.Peek().starts_with(c_strNode)) file.supports.push_back(ReadSupport(words));
+    ExpectWords(words, {"DOF", "Displacements:", "UX", "UY", "UZ"});
+    file.displacements = ReadDisplacements(words, nNodes);
+    return file;
+  });
 }
 
 }  // namespace skyframe::host

@@ -18,6 +18,7 @@
 
 #include "GroupFrame.h"
 #include "RowView.h"
+#include "skyframe/platform/DialogRules.h"
 #include "skyframe/qt/Font.h"
 #include "skyframe/qt/QtPaintContext.h"
 
@@ -43,8 +44,6 @@ std::string ToUtf8(const QString& strText) { return strText.toStdString(); }
 
 /// An ampersand in a caption stands for itself.
 QString ToCaption(std::string_view strText) { return ToQt(strText).replace(QLatin1Char('&'), QStringLiteral("&&")); }
-
-bool CanFocus(ControlKind kind) { return kind != ControlKind::Label && kind != ControlKind::Group; }
 
 /// A row of cells that a person cannot edit.
 QList<QStandardItem*> FormRow(QStandardItemModel& model, std::string_view strText) {
@@ -233,11 +232,7 @@ QSize CDialogWindow::MeasureClient(const CDialogUnits& units) {
 }
 
 void CDialogWindow::FocusFirst() {
-  if (GetFocus() != -1) return;
-  for (const Control& control : m_controls) {
-    if (!CanFocus(control.pTemplate->kind) || control.pTemplate->nId == -1 || !control.pWidget->isEnabled()) continue;
-    return SetFocus(control.pTemplate->nId);
-  }
+  if (GetFocus() == -1) SetFocus(FindFirstFocus(m_dialog.GetTemplate(), *this));
 }
 
 int CDialogWindow::Run() {
@@ -342,16 +337,12 @@ void CDialogWindow::InsertItem(int nId, int nRow, std::string_view strText) {
   nRow = std::clamp(nRow, 0, pRows->rowCount());
   const int nCurrent = GetCurrent(nId);
   pRows->insertRow(nRow, FormRow(*pRows, strText));
-  if (As<QComboBox>(nId) != nullptr) SetCurrent(nId, nCurrent >= nRow ? nCurrent + 1 : nCurrent);
+  SetCurrent(nId, CurrentAfterInsert(nCurrent, nRow));
 }
 
 int CDialogWindow::AddItem(int nId, std::string_view strText) {
   if (GetRows(nId) == nullptr) return -1;
-  const int nCount = GetItemCount(nId);
-  int nRow = nCount;
-  if ((Find(nId)->pTemplate->nStyle & c_nStyleSorted) != 0) {
-    for (nRow = 0; nRow < nCount && GetItemText(nId, nRow) <= strText;) ++nRow;
-  }
+  const int nRow = FindSortedRow(*Find(nId)->pTemplate, *this, strText);
   InsertItem(nId, nRow, strText);
   return nRow;
 }
@@ -363,7 +354,7 @@ void CDialogWindow::DeleteItem(int nId, int nRow) {
   const int nCurrent = GetCurrent(nId);
   if (nCurrent == nRow) SetCurrent(nId, -1);  // else the view would choose a neighbour
   pRows->removeRow(nRow);
-  if (nCurrent != nRow) SetCurrent(nId, nCurrent > nRow ? nCurrent - 1 : nCurrent);
+  SetCurrent(nId, CurrentAfterDelete(nCurrent, nRow));
 }
 
 int CDialogWindow::GetItemCount(int nId) const {

@@ -24,7 +24,7 @@ void WriteToStandardOutput(std::string_view strText) { std::cout << strText << s
 /// The ordinary cursor for the life of the object, whatever waits behind a window.
 class COrdinaryCursor {
  public:
-  explicit COrdinaryCursor(bool bWaiting) : m_bWaiting(bWaiting) {
+  explicit COrdinaryCursor(const IPlatform& platform) : m_bWaiting(platform.GetWaitCursorDepth() > 0) {
     if (m_bWaiting) QApplication::restoreOverrideCursor();
   }
   ~COrdinaryCursor() {
@@ -45,7 +45,7 @@ CQtPlatform::CQtPlatform(QWidget* pHostWindow)
       m_pConsole(std::make_unique<std::ostream>(m_pConsoleBuffer.get())) {}
 
 CQtPlatform::~CQtPlatform() {
-  if (m_nWaitCursor > 0) QApplication::restoreOverrideCursor();
+  if (GetWaitCursorDepth() > 0) QApplication::restoreOverrideCursor();
 }
 
 void CQtPlatform::SetConsoleSink(ConsoleSink sink) {
@@ -60,7 +60,7 @@ QWidget* CQtPlatform::GetParentWindow() const {
 void CQtPlatform::ShowMessage(std::string_view strText) {
   CloseProgress();
   m_pConsole->flush();
-  const COrdinaryCursor cursor(m_nWaitCursor > 0);
+  const COrdinaryCursor cursor(*this);
   QMessageBox box(GetParentWindow());
   box.setObjectName(QStringLiteral("message"));
   box.setFont(FormDialogFont(m_dFontScale));
@@ -75,17 +75,13 @@ void CQtPlatform::ShowMessage(std::string_view strText) {
 int CQtPlatform::RunModal(CDialog& dialog) {
   CloseProgress();
   m_pConsole->flush();
-  const COrdinaryCursor cursor(m_nWaitCursor > 0);
+  const COrdinaryCursor cursor(*this);
   CDialogWindow window(dialog, m_dFontScale, GetParentWindow());
   return window.Run();
 }
 
-void CQtPlatform::BeginWaitCursor() {
-  if (m_nWaitCursor++ == 0) QApplication::setOverrideCursor(Qt::WaitCursor);
-}
-
-void CQtPlatform::EndWaitCursor() {
-  if (m_nWaitCursor > 0 && --m_nWaitCursor == 0) QApplication::restoreOverrideCursor();
+void CQtPlatform::SetBusy(bool bBusy) {
+  bBusy ? QApplication::setOverrideCursor(Qt::WaitCursor) : QApplication::restoreOverrideCursor();
 }
 
 std::ostream& CQtPlatform::GetConsole() { return *m_pConsole; }
@@ -118,15 +114,10 @@ void CQtPlatform::CloseProgress() {
   m_pProgress.reset();
 }
 
-void CQtPlatform::EnterModule() { ++m_nModule; }
-
-void CQtPlatform::LeaveModule() {
-  if (m_nModule > 0) --m_nModule;
-  if (m_nModule > 0) return;
+void CQtPlatform::SwitchModule(bool bInside) {
+  if (bInside) return;
   CloseProgress();
   m_pConsole->flush();
-  if (m_nWaitCursor > 0) QApplication::restoreOverrideCursor();
-  m_nWaitCursor = 0;
 }
 
 }  // namespace skyframe

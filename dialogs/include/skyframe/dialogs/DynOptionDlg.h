@@ -12,7 +12,7 @@ class CDynOptionDlg : public CDialog {
   int m_nMethod = 0;  ///< 0 Wilson-theta, 1 Newmark
 
  protected:
-  bool OnInitDialog() override;
+  void OnInitDialog() override;
   void OnOk() override;
   void DoDataExchange(CDataExchange& exchange) override;
 };

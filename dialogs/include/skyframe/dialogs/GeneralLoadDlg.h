@@ -1,17 +1,14 @@
 #pragma once
 
 #include "skyframe/platform/Dialog.h"
+#include "skyframe/values/Settings.h"
 
 namespace skyframe {
 
 /// Time axis of the loads that a file describes.
-class CGeneralLoadDlg : public CDialog {
+class CGeneralLoadDlg : public CDialog, public StepSettings {
  public:
   CGeneralLoadDlg();
-
-  // Deliberate: step and duration have each other's usual defaults.
-  double m_dTimeStep = 1.0;   ///< s
-  double m_dDuration = 0.02;  ///< s
 
  protected:
   void DoDataExchange(CDataExchange& exchange) override;

@@ -40,7 +40,7 @@ class CHisResultDlg : public CDialog {
   explicit CHisResultDlg(const IHistoryView& histories);
 
  protected:
-  bool OnInitDialog() override;
+  void OnInitDialog() override;
   void OnPaint(IPaintContext& paint) override;
   void DoDataExchange(CDataExchange& exchange) override;
 

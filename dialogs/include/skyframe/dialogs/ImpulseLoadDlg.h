@@ -6,15 +6,9 @@
 #include <vector>
 
 #include "skyframe/platform/Dialog.h"
+#include "skyframe/values/Settings.h"
 
 namespace skyframe {
-
-/// Peak of an impulse on one node.
-struct ImpulseLoad {
-  int nNode = 0;       ///< as the user entered it, 1-based
-  int nDirection = 0;  ///< 0 X, 1 Y, 2 Z
-  double dPeak = 0.0;  ///< kN
-};
 
 /// A row of the impulse list: node number, direction letter, peak in kN.
 using ImpulseRow = std::array<std::string, 3>;
@@ -23,7 +17,7 @@ using ImpulseRow = std::array<std::string, 3>;
 std::optional<ImpulseLoad> ParseImpulseRow(const ImpulseRow& row);
 
 /// List of nodal impulses of one common shape.
-class CImpulseLoadDlg : public CDialog {
+class CImpulseLoadDlg : public CDialog, public StepSettings {
  public:
   CImpulseLoadDlg();
 
@@ -33,8 +27,6 @@ class CImpulseLoadDlg : public CDialog {
   double m_dPeak = 0.0;            ///< kN
   double m_dPeakTime = 0.0;        ///< s
   double m_dUnloadTime = 0.0;      ///< s
-  double m_dTimeStep = 0.02;       ///< s
-  double m_dDuration = 1.0;        ///< s
   std::vector<ImpulseRow> m_rows;  ///< the list as it stood at OK
 
   /// Time that shapes the impulse: the peak time of a triangle, the unload time of a rectangle.

@@ -18,15 +18,15 @@ class CLoadCombDlg : public CDialog {
   LoadCombination m_loadComb;
 
  protected:
-  bool OnInitDialog() override;
+  void OnInitDialog() override;
   void DoDataExchange(CDataExchange& exchange) override;
 
  private:
   using Flags = std::array<bool, c_nLoadTypes>;
 
   void FillLists();
-  void OnSelectAvailable();
-  void OnSelectCombined();
+  /// Takes over which rows of both lists are selected.
+  void ReadSelection();
   void OnAdd();
   void OnRemove();
 
@@ -34,7 +34,6 @@ class CLoadCombDlg : public CDialog {
   void RemoveRow(int nRow);
   void ClearSelection();
   [[nodiscard]] std::string GetRowText(int nType) const;
-  [[nodiscard]] std::string GetCurrentText(int nListId) const;
 
   double m_dFactor = 1.0;  ///< given to the types that are added
   std::array<std::string, c_nLoadTypes> m_names;

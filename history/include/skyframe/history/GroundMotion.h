@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "skyframe/model/NodeTable.h"
+#include "skyframe/values/Settings.h"
 
 namespace skyframe {
 
@@ -20,24 +21,14 @@ namespace skyframe {
 
 enum QuakeMode : int { c_nPrincipalQuake = 0, c_nObliqueQuake = 1 };
 
-/// What excites the structure at its supports. Peaks in m/s2.
-struct QuakeSettings {
-  int nMode = c_nPrincipalQuake;
-  std::array<int, 3> directions = {};  ///< principal mode: the first one that is set is used
-  std::array<double, 3> peaks = {};
-  double dObliquePeak = 0.0;
-  std::array<double, 3> cosines = {};  ///< oblique mode
-  bool bFromFile = false;              ///< from the job's own record files
-  std::string strStandardRecord;       ///< otherwise from this file
-};
-
 /// Ground acceleration in X, Y, Z, one value a step, m/s2.
 class CGroundMotion {
  public:
   /// Reads the record that the settings ask for; none when the principal mode has no direction.
-  /// Job files are strPrefix + "_Xacc.txt", "_Yacc.txt", "_Zacc.txt" or, oblique, "_Tacc.txt".
+  /// bFromFile: instead of the standard record the job's own, strPrefix + "_Xacc.txt", "_Yacc.txt", "_Zacc.txt" or,
+  /// oblique, "_Tacc.txt".
   /// False after the direction's message when the file cannot be opened.
-  [[nodiscard]] bool Read(const QuakeSettings& settings, const std::string& strPrefix);
+  [[nodiscard]] bool Read(const QuakeSettings& settings, bool bFromFile, const std::string& strPrefix);
 
   [[nodiscard]] std::span<const double> GetRecord(int nDirection) const {
     return m_records[static_cast<std::size_t>(nDirection)];

@@ -6,17 +6,11 @@
 #include <string_view>
 
 #include "skyframe/model/LoadCase.h"
+#include "skyframe/values/Settings.h"
 
 namespace skyframe {
 
 struct RunFindings;
-
-/// One line of the impulse list.
-struct ImpulseEntry {
-  int nNode = 0;       ///< 1-based, as entered
-  int nDirection = 0;  ///< 0 X, 1 Y, 2 Z; anything else acts nowhere
-  double dPeak = 0.0;  ///< kN
-};
 
 enum ImpulseShape : int { c_nTriangularImpulse = 0, c_nRectangularImpulse = 1 };
 
@@ -27,7 +21,7 @@ enum ImpulseShape : int { c_nTriangularImpulse = 0, c_nRectangularImpulse = 1 };
 /// Impulse load text: "/IMPULSELOAD/", a block a step, "/END/". With K = CountSteps(dTime, dStep):
 /// rectangular, K blocks of the peaks; triangular, factors 1/K .. K/K, then (K-1)/K .. 0/K. Another
 /// shape: only the first line. dTime is the unload time of a rectangle, the peak time of a triangle.
-[[nodiscard]] std::string ComposeImpulseScript(std::span<const ImpulseEntry> entries, int nShape, double dTime,
+[[nodiscard]] std::string ComposeImpulseScript(std::span<const ImpulseLoad> entries, int nShape, double dTime,
                                                double dStep);
 
 /// Writes the text to strPrefix + "_Loadinputtest.txt"; false when that was not possible. The findings hear of either.

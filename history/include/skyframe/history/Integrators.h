@@ -10,21 +10,6 @@
 
 namespace skyframe {
 
-/// C = dMass M + dStiffness K.
-struct RayleighCoefficients {
-  double dMass = 0.0;
-  double dStiffness = 0.0;
-};
-
-/// Damping ratios zeta1 at omega[0] and zeta2 at the first later frequency that differs from it by more
-/// than 1e-15; no damping when there is none.
-[[nodiscard]] RayleighCoefficients FormRayleigh(std::span<const double> omega, double zeta1, double zeta2);
-
-/// Damping ratio that the coefficients give a mode of the frequency omega.
-[[nodiscard]] inline double GetDampingRatio(const RayleighCoefficients& rayleigh, double omega) {
-  return 0.5 * (rayleigh.dMass / omega + rayleigh.dStiffness * omega);
-}
-
 struct NewmarkConstants {
   double a0, a1, a2, a3, a4, a5, a6, a7;
 

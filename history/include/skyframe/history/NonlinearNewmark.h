@@ -5,19 +5,10 @@
 #include <vector>
 
 #include "skyframe/history/Integrators.h"
+#include "skyframe/model/IterationTest.h"
 #include "skyframe/numeric/SparseMatrix.h"
 
 namespace skyframe {
-
-/// Stopping rule of the equilibrium iterations. Every comparison includes equality; a relative
-/// criterion whose reference is within 1e-15 is met at once.
-struct IterationTest {
-  int nCriterion = 0;  ///< 0 absolute force, 1 absolute displacement, 2 relative force, 3 relative displacement
-  double dTolerance = 0.0;
-
-  /// ||R||, ||P||, ||du|| and the reference of the displacement.
-  [[nodiscard]] bool IsConverged(double dResidual, double dForce, double dIncrement, double dReference) const;
-};
 
 /// The structure of a nonlinear run; vectors over the free equations.
 struct NonlinearStructure {
@@ -77,8 +68,5 @@ class CNonlinearNewmark {
   int m_nIterations = 0;
   bool m_bConverged = false;
 };
-
-/// Euclidean norm.
-[[nodiscard]] double ComputeNorm(std::span<const double> v);
 
 }  // namespace skyframe

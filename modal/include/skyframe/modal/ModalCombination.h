@@ -11,11 +11,8 @@ enum CombinationMethod : int { c_nSrss, c_nCqc, c_nGrp };
 /// Source: Wilson, Der Kiureghian and Bayo (1981).
 [[nodiscard]] double FormCorrelation(double dOmegaI, double dOmegaJ, double dZetaI, double dZetaJ);
 
-/// sqrt(sum_i R_i^2)
-[[nodiscard]] double CombineSrss(std::span<const double> R);
-
 /// Combines modal maxima R_i of one response quantity into one value >= 0.
-/// SRSS; CQC: sqrt(sum_ij rho_ij R_i R_j), 0 where round-off makes the sum negative; GRP (grouping):
+/// SRSS: sqrt(sum_i R_i^2); CQC: sqrt(sum_ij rho_ij R_i R_j), 0 where round-off makes the sum negative; GRP (grouping):
 /// sqrt(sum_ij |R_i R_j|) over the ordered pairs with |omega_j - omega_i| <= 0.1 omega_i.
 class CModalCombination {
  public:

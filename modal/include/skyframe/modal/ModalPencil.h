@@ -6,9 +6,6 @@
 
 namespace skyframe {
 
-/// kN of a node load to kg: 1000 / 9.81.
-inline constexpr double c_dMassPerKilonewton = 101.9367991845056;
-
 /// Consistent M of order N; with bUseLoadMass also the node load masses at the free translations (a
 /// load that is not positive adds nothing). False when there is no memory for it.
 [[nodiscard]] bool AssembleModalMass(const CAnalysisModel& model, bool bUseLoadMass, SparseMatrix& M);

@@ -16,75 +16,38 @@
 #include "skyframe/values/Capacities.h"
 #include "skyframe/values/Findings.h"
 #include "skyframe/values/HistorySet.h"
+#include "skyframe/values/Settings.h"
 
 namespace skyframe {
 
-class CTimeHistoryRun;
-
-/// Factor from the kN of host load records to N.
-inline constexpr double c_dNewtonPerKilonewton = 1000.0;
-
-/// The object one analysis run works on: parameters, nodes, elements, materials, load groups, global
+/// The object one analysis run works on: settings, nodes, elements, materials, load groups, global
 /// vectors and the skyline layout. N equations, the first F of them free.
-/// Lifecycle: constructed by a driver, parameters set from its dialog, one model build from the host
+/// Lifecycle: constructed by a driver, settings taken from its dialog, one model build from the host
 /// records, one analysis. Analyses are declared here and defined in their own rooms.
 /// Failure: one message, then m_bValid stays false (builds) or the analysis returns.
-class CAnalysisModel {
+class CAnalysisModel : public ModalSettings,
+                       public SpectrumSettings,
+                       public EquilibriumSettings,
+                       public HistorySettings,
+                       public WilsonSettings,
+                       public NewmarkSettings,
+                       public QuakeSettings {
  public:
   CAnalysisModel();
   virtual ~CAnalysisModel();
   CAnalysisModel(const CAnalysisModel&) = delete;
   CAnalysisModel& operator=(const CAnalysisModel&) = delete;
 
-  // Time-history parameters.
-  double m_dNewmarkDelta = 0.5;
-  double m_dNewmarkAlpha = 0.25;
-  double m_dWilsonTheta = 1.4;
-  int m_bLoadFromFile = 0;
-  std::string m_strQuakeFile;
-  int m_nLoadType = 0;   ///< 0 nodal force, 1 ground motion
-  int m_nQuakeMode = 0;  ///< 0 principal directions, 1 oblique
+  // Settings that no dialog knows.
   double m_dQuakeFactor = 0.3;
-  std::array<double, 3> m_dPeak = {1.0, 1.0, 1.0};
-  double m_dPeakOblique = 1.0;
-  std::array<int, 3> m_bQuakeDir = {0, 0, 0};
-  std::array<double, 3> m_dObliqueCoef = {1.0, 0.0, 0.0};
-  double m_dTimeStep = 0.01;  ///< s
-  double m_dDuration = 10.0;  ///< s
-  std::vector<double> m_pDamping;
   std::array<std::string, 3> m_strAccelerationFile = {"xacc.txt", "yacc.txt", "zacc.txt"};
-
-  // Modal parameters.
-  int m_nModes = 10;
-  int m_nIterMultiple = 6;
-  int m_bShear = 0;
-  double m_dModeTol = 1.0e-16;
-  int m_nRootCheck = 0;  ///< radio index: 0 "STURM法", 1 "模态比较法"
-
-  // Spectrum parameters.
-  int m_nExpandModes = 0;
-  int m_bVirtualModes = 0;
-  std::array<double, 3> m_dDirCoef = {1.0, 0.0, 0.0};
-  int m_nIntensity = 7;
-  int m_nSiteClass = 3;
-  int m_nZoneGroup = 1;
-  int m_nQuakeLevel = 0;
   double m_dLoadRepValue = 0.15;
-  double m_dDampRatio = 0.02;
-  int m_nCombMethod = 0;
-  int m_nMeshDiv = 0;
-  int m_nPseudoLoadNo = 0;
+  std::string m_strConvCriterion = "力绝对值收敛准则";
 
   // Load combination: entry g belongs to load group g.
   std::array<int, c_nLoadTypes> m_nLoadCaseFlag = {};
   std::array<double, c_nLoadTypes> m_dLoadFactor;
   bool m_bLoadComb = false;
-
-  // Equilibrium iteration.
-  int m_nConvCriterion = 0;  ///< 0 absolute force, 1 absolute displacement, 2 relative force, 3 relative displacement
-  std::string m_strConvCriterion = "力绝对值收敛准则";
-  double m_dConvTol = 1.0e-5;
-  int m_nMaxIter = 30;
 
   // Modal results, from a modal run or from a mode file.
   std::vector<double> Omega;           ///< rad/s, ascending
@@ -94,7 +57,6 @@ class CAnalysisModel {
   std::vector<double> ModeDamping;  ///< damping ratio of each mode of the spectrum analysis
   int ConstantDamping = 1;          ///< 1: every mode takes m_dDampRatio
   double VerticalReduction = 1.0;
-  double DesignAcceleration = 0.15;  ///< g
 
   // Time-history results.
   std::string LoadScript;             ///< impulse load text of the run, kN
@@ -158,11 +120,18 @@ class CAnalysisModel {
   [[nodiscard]] const std::vector<double>& GetNodeLoadMass() const { return m_nodeLoadMass; }
   [[nodiscard]] std::span<const double> GetDisplacements() const { return m_displacement; }
   [[nodiscard]] std::span<const double> GetLoadVector() const { return m_load; }
-  /// Entry k belongs to equation F + k: the force of the structure on the support, negated.
+  /// Fint over the N equations: the forces that hold the structure in its present state.
+  [[nodiscard]] std::span<const double> GetInternalForce() const { return m_internalForce; }
+  /// Entry k belongs to equation F + k: -Fint, the force of the structure on its support.
   [[nodiscard]] std::span<const double> GetReactions() const { return m_reaction; }
 
+  /// u = 0; nodes and elements stay as they are.
+  void ClearDisplacements();
+  /// Zeroes both load vectors.
+  void ClearLoads();
   /// Zeroes both load vectors and adds every record of the case.
-  void BuildLoadVector(int nCase);
+  void BuildLoadVector(const CLoadCase& loadCase);
+  void BuildLoadVector(int nCase) { BuildLoadVector(m_loadCases[static_cast<std::size_t>(nCase)]); }
   /// m_load = sum of factor_g * 1000 * (records of group g) over the selected groups, N.
   void AssembleCombinedLoad();
   /// K of all elements with the constraints applied. False when K could not be allocated.
@@ -186,8 +155,6 @@ class CAnalysisModel {
   void WriteReactions(CTextWriter& out) const;
 
  private:
-  friend class CTimeHistoryRun;
-
   /// Shows the message; false.
   [[nodiscard]] static bool Refuse(std::string_view strMessage);
   [[nodiscard]] bool Build(bool bForModes, bool bLoadComb);

@@ -26,7 +26,6 @@ class CBeamElem : public CElement {
   double GetForceDiagram(Diagram& myz, Diagram& mzx, Diagram& mxy, Diagram& qy, Diagram& qz) const override;
   std::array<double, 2> GetDeflectionDiagram(Diagram& fy, Diagram& fz) const override;
   void SetData(const ElementData& data) override;
-  void ReadNodes(int nNodeI, int nNodeJ) override;
   /// Zeroes diagrams, end forces and N: the member is as long as it was in the beginning.
   void ResetDiagrams() override;
   /// Total: f = k T u. Increment: f += k(L) T du in the current axes, but dN = E A dL/L0 with dL the
@@ -43,11 +42,9 @@ class CBeamElem : public CElement {
   /// End forces in global axes over the element's own DOFs; zeros behind them.
   [[nodiscard]] virtual MemberVector GetGlobalEndForces() const;
   [[nodiscard]] virtual double GetLength() const { return m_frame.GetLength(); }
-  /// N over the Euler load pi^2 E I/L^2 of a strut of the present length with the smaller I, tension positive;
-  /// 0 without inertia.
-  [[nodiscard]] double GetEulerRatio() const;
-  /// Of the axes about the member itself, rad (MemberFrame); 0 where all axes of the section are alike.
-  [[nodiscard]] double GetTwist() const { return m_dIy == m_dIz ? 0.0 : m_frame.GetTwist(); }
+  [[nodiscard]] std::vector<double> SampleForces(int nStations) const override;
+  [[nodiscard]] double GetEulerRatio() const override;
+  [[nodiscard]] double GetTwist() const override { return m_dIy == m_dIz ? 0.0 : m_frame.GetTwist(); }
 
  protected:
   explicit CBeamElem(std::span<const int> dofPlaces);

@@ -3,6 +3,7 @@
 #include <array>
 #include <span>
 #include <string>
+#include <vector>
 
 #include "skyframe/model/Material.h"
 #include "skyframe/model/MemberFrame.h"
@@ -16,6 +17,8 @@ namespace skyframe {
 inline constexpr int c_nStations = 21;
 /// Values at the stations x = p L / 20, p = 0..20, from end i to end j.
 using Diagram = std::array<double, c_nStations>;
+/// x/L of station p.
+[[nodiscard]] constexpr double GetStation(int p) { return static_cast<double>(p) / (c_nStations - 1); }
 
 inline constexpr int c_nMemberDofs = 12;
 /// Values over the DOFs of a member; only the first ones are used where it has fewer than twelve.
@@ -60,11 +63,20 @@ class CElement {
   virtual double GetForceDiagram(Diagram& myz, Diagram& mzx, Diagram& mxy, Diagram& qy, Diagram& qz) const = 0;
   /// Copies the total local deflections, m; returns the axial displacements of ends i and j.
   virtual std::array<double, 2> GetDeflectionDiagram(Diagram& fy, Diagram& fz) const = 0;
+  /// Forces at stations evenly spaced from end i (where a single one stands) to end j: N Qy Qz MYZ MZX MXY each.
+  /// A bar has N, once.
+  [[nodiscard]] virtual std::vector<double> SampleForces(int nStations) const = 0;
+  /// N over the Euler load pi^2 E I/L^2 of a strut of the present length with the smaller I, tension positive;
+  /// 0 without inertia.
+  [[nodiscard]] virtual double GetEulerRatio() const { return 0.0; }
+  /// Of the axes about the member itself, rad (MemberFrame); 0 where nothing bends or all axes of the section are
+  /// alike.
+  [[nodiscard]] virtual double GetTwist() const { return 0.0; }
   /// L from the current coordinates; the first call also sets the initial length.
   virtual void ComputeLength();
   virtual void SetData(const ElementData& data) = 0;
   /// 0-based node indices.
-  virtual void ReadNodes(int nNodeI, int nNodeJ) = 0;
+  virtual void ReadNodes(int nNodeI, int nNodeJ);
   /// Length, direction cosines and local axes from the current coordinates; the first call also sets the
   /// initial axes.
   virtual void ComputeLocalAxes();

@@ -43,6 +43,7 @@ class CBeamHingeBoth final : public CHingedBeam {
   CBeamHingeBoth();
   const CMatrix& FormMassMatrix(bool bConsistent, bool bShear) const override;
   [[nodiscard]] int GetTypeCode() const override { return 6; }
+  [[nodiscard]] double GetTwist() const override { return 0.0; }
   const CMatrix& FormLocalStiffness(bool bShear) const override;
 };
 

@@ -5,6 +5,11 @@
 
 namespace skyframe {
 
+/// Factor from the kN of host load records and impulse texts to N.
+inline constexpr double c_dNewtonPerKilonewton = 1000.0;
+/// kg of a load of 1 N that becomes mass: 1 / 9.81.
+inline constexpr double c_dMassPerNewton = 0.1019367991845056;
+
 /// One scalar nodal load component. A new record is all zeros.
 struct CNodalLoad {
   int m_nTarget = 0;     ///< 0: load vector, 1: second load vector

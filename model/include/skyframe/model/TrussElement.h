@@ -23,9 +23,9 @@ class CTrussElem final : public CElement {
   /// N; no moments and shears.
   double GetForceDiagram(Diagram& myz, Diagram& mzx, Diagram& mxy, Diagram& qy, Diagram& qz) const override;
   std::array<double, 2> GetDeflectionDiagram(Diagram& fy, Diagram& fz) const override;
+  [[nodiscard]] std::vector<double> SampleForces(int /*nStations*/) const override { return {m_dAxialForce}; }
   void ComputeLength() override;
   void SetData(const ElementData& data) override;
-  void ReadNodes(int nNodeI, int nNodeJ) override;
   void UpdateGeometry() override { ComputeLocalAxes(); }
   void ResetDiagrams() override;
   /// bIncremental: large displacements, from the current length; bShear has no effect.

@@ -178,8 +178,8 @@ class SKYFRAME_API CDialog {
   void Close();
 
  protected:
-  /// Default: transfers the members to the controls. False: initialisation was broken off.
-  virtual bool OnInitDialog();
+  /// Default: transfers the members to the controls.
+  virtual void OnInitDialog();
   /// Default: transfers the controls to the members and, when all fields are valid, ends with OK.
   virtual void OnOk();
   virtual void OnCancel();

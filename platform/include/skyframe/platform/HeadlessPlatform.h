@@ -73,9 +73,7 @@ class SKYFRAME_API CHeadlessPlatform : public IPlatform {
 
   [[nodiscard]] const std::vector<std::string>& GetMessages() const { return m_messages; }
   [[nodiscard]] const std::vector<std::string>& GetScriptErrors() const { return m_scriptErrors; }
-  [[nodiscard]] int GetWaitCursorDepth() const { return m_nWaitCursor; }
-  [[nodiscard]] int GetModuleDepth() const { return m_nModule; }
-  /// Wait cursors requested since the start or Clear.
+  /// Times the wait cursor was shown since the start or Clear.
   [[nodiscard]] int GetWaitCursorCount() const { return m_nWaitCursorCount; }
   /// Forgets messages, script errors, unused scripts and the wait-cursor count.
   void Clear();
@@ -87,13 +85,12 @@ class SKYFRAME_API CHeadlessPlatform : public IPlatform {
 
   void ShowMessage(std::string_view strText) override;
   int RunModal(CDialog& dialog) override;
-  void BeginWaitCursor() override;
-  void EndWaitCursor() override;
   std::ostream& GetConsole() override;
   LocalTime GetLocalTime() override;
   double GetPhysicalMemory() override { return m_physicalMemory.value_or(IPlatform::GetPhysicalMemory()); }
-  void EnterModule() override;
-  void LeaveModule() override;
+
+ protected:
+  void SetBusy(bool bBusy) override;
 
  private:
   void RunScript(CScriptedView& view, const std::vector<DialogStep>& steps);
@@ -106,9 +103,7 @@ class SKYFRAME_API CHeadlessPlatform : public IPlatform {
   std::deque<LocalTime> m_clock;
   std::optional<double> m_physicalMemory;
   CScriptedView* m_pTopView = nullptr;  ///< innermost open dialog; null when none is open
-  int m_nWaitCursor = 0;
   int m_nWaitCursorCount = 0;
-  int m_nModule = 0;
 };
 
 }  // namespace skyframe

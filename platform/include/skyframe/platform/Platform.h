@@ -3,6 +3,7 @@
 #include <filesystem>
 #include <istream>
 #include <memory>
+#include <optional>
 #include <ostream>
 #include <string>
 #include <string_view>
@@ -60,9 +61,11 @@ class SKYFRAME_API IPlatform {
   /// Runs the dialog until it ends. Returns c_nIdOk or c_nIdCancel.
   virtual int RunModal(CDialog& dialog) = 0;
 
-  /// Wait-cursor requests nest; LeaveModule ends those still open.
-  virtual void BeginWaitCursor() = 0;
-  virtual void EndWaitCursor() = 0;
+  /// Wait-cursor requests nest.
+  void BeginWaitCursor();
+  void EndWaitCursor();
+  /// Requests that are open.
+  [[nodiscard]] int GetWaitCursorDepth() const { return m_nWaitCursor; }
 
   /// Stream of the progress and trace lines.
   virtual std::ostream& GetConsole() = 0;
@@ -75,10 +78,12 @@ class SKYFRAME_API IPlatform {
   /// Fraction 0..1 of the running analysis step; may be ignored.
   virtual void ReportProgress(double dFraction, std::string_view strLabel);
 
-  /// Called when an entry point starts and when it returns: between the two, dialogs and
-  /// resources resolve to this module. Neither may throw.
-  virtual void EnterModule();
-  virtual void LeaveModule();
+  /// Called when an entry point starts and when it returns. Calls nest; the last one to leave ends the
+  /// wait-cursor requests still open.
+  void EnterModule();
+  void LeaveModule();
+  /// Entry points that have not returned.
+  [[nodiscard]] int GetModuleDepth() const { return m_nModule; }
 
   // Files. A backslash separates directories on every system.
 
@@ -87,7 +92,21 @@ class SKYFRAME_API IPlatform {
   /// Null, and the reason, when the place cannot be written. Links are not followed.
   virtual std::unique_ptr<IPendingFile> OpenForWriting(const std::string& strPath, OutputPlace place,
                                                        std::string& strReason);
+
+ protected:
+  /// Shows the wait cursor, or the ordinary one again: at the first of the nested requests and after the last.
+  /// May not throw.
+  virtual void SetBusy(bool bBusy);
+  /// Between true and false, dialogs and resources resolve to this module. May not throw.
+  virtual void SwitchModule(bool bInside);
+
+ private:
+  int m_nWaitCursor = 0;
+  int m_nModule = 0;
 };
+
+/// The bytes of a file, read through the platform in force; none when it cannot be opened.
+SKYFRAME_API std::optional<std::string> ReadWholeFile(const std::string& strPath);
 
 /// Puts the platform in force and returns the one it replaces. Null restores the default.
 /// The caller keeps ownership; the object must outlive every call into the module.

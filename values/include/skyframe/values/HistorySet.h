@@ -32,15 +32,19 @@ class CHistoryTable {
   std::vector<double> m_values;
 };
 
-/// Histories of one time-history run: row k is the state at (k + 1) dt.
-/// values[0..2]: X, Y, Z displacement, m, steps x nodes; values[3]: axial force, N, steps x elements.
-struct HistorySet {
+/// What a time-history run was.
+struct HistoryRun {
   int nSteps = 0;
   double dTimeStep = 0.0;         ///< dt, s
   int nMethod = c_nWilsonMethod;  ///< HistoryMethod; others are kept but have no name
   int nAssumption = 0;            ///< 0 linear, 1 nonlinear
-  bool bComplete = false;         ///< all steps are there
   std::string strFinished;        ///< local time at the end of the run, "2026-11-21 23:05:09"; empty: read from a file
+};
+
+/// Histories of one time-history run: row k is the state at (k + 1) dt.
+/// values[0..2]: X, Y, Z displacement, m, steps x nodes; values[3]: axial force, N, steps x elements.
+struct HistorySet : HistoryRun {
+  bool bComplete = false;  ///< all steps are there
   std::array<CHistoryTable, c_nHistoryQuantities> values;
 
   [[nodiscard]] int GetNodeCount() const { return values[c_nHistoryX].GetCols(); }

@@ -17,6 +17,6 @@ struct HistoryPeak {
 [[nodiscard]] HistoryPeak FindPeak(const HistorySet& history, int nQuantity);
 
 /// "Newmark, linear, 1000 steps of 0.02 s, finished 2026-11-21 23:05:09".
-[[nodiscard]] std::string DescribeHistory(const HistorySet& history);
+[[nodiscard]] std::string DescribeHistory(const HistoryRun& run);
 
 }  // namespace skyframe::host

@@ -39,13 +39,14 @@ class CQtPlatform : public IPlatform {
 
   void ShowMessage(std::string_view strText) override;
   int RunModal(CDialog& dialog) override;
-  void BeginWaitCursor() override;
-  void EndWaitCursor() override;
   std::ostream& GetConsole() override;
   LocalTime GetLocalTime() override;
   void ReportProgress(double dFraction, std::string_view strLabel) override;
-  void EnterModule() override;
-  void LeaveModule() override;
+
+ protected:
+  void SetBusy(bool bBusy) override;
+  /// Leaving: nothing of the call stays on the screen, and its console text is out.
+  void SwitchModule(bool bInside) override;
 
  private:
   using Clock = std::chrono::steady_clock;
@@ -55,8 +56,6 @@ class CQtPlatform : public IPlatform {
 
   QWidget* m_pHostWindow;
   double m_dFontScale = 1.0;
-  int m_nWaitCursor = 0;
-  int m_nModule = 0;
   std::unique_ptr<CConsoleBuffer> m_pConsoleBuffer;
   std::unique_ptr<std::ostream> m_pConsole;
   std::unique_ptr<CProgressWindow> m_pProgress;  ///< null while none is shown
