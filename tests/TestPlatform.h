@@ -44,12 +44,17 @@ class CTestPlatform {
   CHeadlessPlatform& operator*() { return m_platform; }
   CHeadlessPlatform* operator->() { return &m_platform; }
   std::string GetConsole() const { return m_strmConsole.str(); }
-  const std::vector<std::string>& GetMessages() const { return m_platform.GetMessages(); }
+  const Strings& GetMessages() const { return m_platform.GetMessages(); }
+  const std::vector<double>& GetProgress() const { return m_platform.m_progress; }
 
  private:
   std::ostringstream m_strmMessages;
   std::ostringstream m_strmConsole;
-  CHeadlessPlatform m_platform;
+  struct CPlatform : CHeadlessPlatform {
+    using CHeadlessPlatform::CHeadlessPlatform;
+    void ReportProgress(double dFraction, std::string_view) override { m_progress.push_back(dFraction); }
+    std::vector<double> m_progress;
+  } m_platform;
   IPlatform* m_pPrevious;
 };
 

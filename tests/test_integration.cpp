@@ -414,6 +414,7 @@ TEST_F(TimeHistory, NoStepsAndNoFreeEquations) {
       EXPECT_EQ(m_model->m_history.bComplete ? m_model->m_history.nSteps : -1, dt > 0.0 ? 5 : 0);
     }
   }
+  for (int k = 0; k < 10; ++k) EXPECT_NEAR(m_platform.GetProgress().at(k), 0.2 * (k % 5 + 1), 1e-15);
   EXPECT_EQ(m_folder.Read("_HisTime.txt"),
             "Total node number:  2\nTotal element number:  1\nTotal time step:  0\nTime increment(s):  -1\n"
             "Solution Method:  Newmark.\nSolution Assumption:  Nonlinear.\n--\nNode No.     1\nNode No.     2\n"

@@ -256,6 +256,8 @@ TEST(StaticNonlinear, FindingsSayHowFarItCame) {
       w += du;
       R = P - k * (2 * w - w * w) * (1 - w);
     }
+    if (nMaxIter == 2) EXPECT_EQ(platform.GetProgress(), (std::vector{0.5, 1.0}));
+    EXPECT_EQ(platform->GetWaitCursorDepth(), 0);
     EXPECT_EQ(found.status, nMaxIter == 500 ? RunStatus::Done : RunStatus::Failed);
     EXPECT_TRUE(nMaxIter == 500 || found.nIterations == nMaxIter);
     EXPECT_DOUBLE_EQ(found.dForce, P);
@@ -335,8 +337,10 @@ TEST(StaticFailures, NothingHappensWithoutAModelOrAfterCancel) {
   RunStatic(platform);
   EXPECT_EQ(platform.GetMessages(), Strings{"缺少节点!"});
   CAnalysisModel model;
+  model.m_staticFindings.nIterations = 7;  // of a run before
   Solve(model, job, true);
   EXPECT_EQ(model.m_staticFindings.status, RunStatus::Refused);
+  EXPECT_EQ(model.m_staticFindings.nIterations, 0);
   FillArch(host, 1.0);
   platform->AddScript(16007, {DialogStep::Cancel()});
   CModeConnect::OnStaticNonlinearSol();
