@@ -31,6 +31,7 @@
 namespace skyframe::test {
 
 using Strings = std::vector<std::string>;
+using Do = DialogStep;
 using Steps = std::vector<DialogStep>;
 
 /// Headless platform in force for the life of the object; its streams are kept in strings.

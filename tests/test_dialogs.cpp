@@ -34,7 +34,7 @@ class Dialogs : public testing::Test {
 /// What the controls show, in their order: texts, rows of drop lists, x or - for marks, b and l for buttons and
 /// labels; in brackets what is disabled.
 DialogStep ExpectState(const DialogTemplate& layout, std::string strExpected) {
-  return DialogStep::Inspect([&layout, strExpected = std::move(strExpected)](const IDialogView& view) {
+  return Do::Inspect([&layout, strExpected = std::move(strExpected)](const IDialogView& view) {
     std::string strState;
     for (const auto& [nId, kind, strText, rect, nStyle, items] : layout.controls) {
       const bool bMark = kind == ControlKind::Radio || kind == ControlKind::Check;
@@ -115,6 +115,8 @@ TEST(Templates, NothingIsClippedOrOverlaps) {
                   a.rect.nY + a.rect.nHeight <= pLayout->nHeight - 5)
           << strWhere << " leaves the dialog";
       EXPECT_GE(a.rect.nWidth, EstimateWidth(a.strText) + GetDecoration(a.kind)) << strWhere;
+      const bool bField = a.kind == ControlKind::Edit || a.kind == ControlKind::DropList;
+      if (bField) EXPECT_EQ((&a - 1)->rect.nY - a.rect.nY, 2) << strWhere << " does not stand beside its label";
       int nColumns = 0;
       for (const std::string_view strItem : a.items) {
         nColumns += EstimateWidth(strItem) + 8;
@@ -231,9 +233,8 @@ TEST_F(Dialogs, ModalSettingsComeFromTheRecordAndReturn) {
   COMDYN.m_nIterMultiple = 4;
   COMDYN.m_bShear = 1;
   CModeDlg dialog;
-  EXPECT_EQ(Run(dialog, {ExpectState(c_modeTemplate, "25 - x 1e-16 4 x b"), DialogStep::Type(16000, "12"),
-                         DialogStep::Choose(16001), DialogStep::Type(16003, "1e-10"), DialogStep::Type(16004, "8"),
-                         DialogStep::Tick(16005, false), DialogStep::Ok()}),
+  EXPECT_EQ(Run(dialog, {ExpectState(c_modeTemplate, "25 - x 1e-16 4 x b"), Do::Type(16000, "12"), Do::Choose(16001),
+                         Do::Type(16003, "1e-10"), Do::Type(16004, "8"), Do::Tick(16005, false), Do::Ok()}),
             c_nIdOk);
   EXPECT_EQ(
       std::tuple(COMDYN.m_nModes, COMDYN.m_nRootCheck, COMDYN.m_dModeTol, COMDYN.m_nIterMultiple, COMDYN.m_bShear),
@@ -250,9 +251,8 @@ class CTimerView : public CScriptedView {
 
 TEST_F(Dialogs, OnlyAValidModalOkSavesAndStartsATimerThatCounts) {
   CModeDlg dialog;
-  Run(dialog, {DialogStep::Type(16000, "12"), DialogStep::Cancel()});
-  Run(dialog,
-      {DialogStep::Type(16000, "12"), DialogStep::Type(16003, "small"), DialogStep::Ok(), DialogStep::Wait(5000)});
+  Run(dialog, {Do::Type(16000, "12"), Do::Cancel()});
+  Run(dialog, {Do::Type(16000, "12"), Do::Type(16003, "small"), Do::Ok(), Do::Wait(5000)});
   EXPECT_EQ(COMDYN.m_nModes, 10) << "only a valid OK takes the settings over";
   EXPECT_EQ(dialog.GetTickCount(), 0) << "the timer starts only when the fields are valid";
   Strings errors;
@@ -279,7 +279,7 @@ Strings GetRows(const IDialogView& view, int nListId) {
 }
 
 DialogStep ExpectRows(int nListId, const Strings& rows) {
-  return DialogStep::Inspect([nListId, rows](const IDialogView& view) {
+  return Do::Inspect([nListId, rows](const IDialogView& view) {
     EXPECT_EQ(GetRows(view, nListId), rows);
     for (const int nId : {16039, 16041}) {
       for (int i = 0; i < view.GetItemCount(nId); ++i) EXPECT_FALSE(view.IsSelected(nId, i)) << nId << ", row " << i;
@@ -302,29 +302,26 @@ TEST_F(LoadComb, TypesStandInTheirOrderAndDoubleClicksRemoveThem) {
   m_dialog.m_loadComb.flags[0] = 1;
   m_dialog.m_loadComb.factors[9] = 0.666;
   Run({ExpectRows(16039, {"静", "活1", "活2", "活3", "活4", "活5", "活6", "活7", "活8", "活9", "活10", "活11"}),
-       ExpectRows(16041, {"1.00静", "0.67活9", "1.00活10"}), DialogStep::DoubleClick(16041, 1),
-       DialogStep::ToggleRow(16039, 4), DialogStep::DoubleClick(16039, 4), ExpectRows(16041, {"1.00静", "1.00活10"})});
+       ExpectRows(16041, {"1.00静", "0.67活9", "1.00活10"}), Do::DoubleClick(16041, 1), Do::ToggleRow(16039, 4),
+       Do::DoubleClick(16039, 4), ExpectRows(16041, {"1.00静", "1.00活10"})});
 }
 
 TEST_F(LoadComb, TypesTakeTheFactorOfTheirAdditionAndKeepItWhenRemoved) {
-  EXPECT_EQ(
-      Run({DialogStep::Type(16046, "0.7"), DialogStep::ToggleRow(16039, "活2"), DialogStep::ToggleRow(16039, 5),
-           DialogStep::Click(16042), DialogStep::Type(16046, "1.2"), DialogStep::ToggleRow(16039, "静"),
-           DialogStep::ToggleRow(16039, "活2"), DialogStep::Click(16042),
-           ExpectRows(16041, {"1.20静", "0.70活2", "0.70活5"}), DialogStep::ToggleRow(16041, "0.70活2"),
-           DialogStep::Click(16043), ExpectRows(16041, {"1.20静", "0.70活5"}), DialogStep::ToggleRow(16041, "0.70活5"),
-           DialogStep::Click(16043), ExpectRows(16041, {"1.20静"}), DialogStep::Ok()}),
-      c_nIdOk);
+  EXPECT_EQ(Run({Do::Type(16046, "0.7"), Do::ToggleRow(16039, "活2"), Do::ToggleRow(16039, 5), Do::Click(16042),
+                 Do::Type(16046, "1.2"), Do::ToggleRow(16039, "静"), Do::ToggleRow(16039, "活2"), Do::Click(16042),
+                 ExpectRows(16041, {"1.20静", "0.70活2", "0.70活5"}), Do::ToggleRow(16041, "0.70活2"), Do::Click(16043),
+                 ExpectRows(16041, {"1.20静", "0.70活5"}), Do::ToggleRow(16041, "0.70活5"), Do::Click(16043),
+                 ExpectRows(16041, {"1.20静"}), Do::Ok()}),
+            c_nIdOk);
   EXPECT_EQ(Get().flags[0] + 10 * Get().flags[1] + 100 * Get().flags[2] + 1000 * Get().flags[5], 1);
   EXPECT_EQ(std::tuple(Get().factors[0], Get().factors[1], Get().factors[2], Get().factors[5]),
             std::tuple(1.2, 1.0, 0.7, 0.7));
 }
 
 TEST_F(LoadComb, TheFactorIsReadWhileItIsTyped) {
-  EXPECT_EQ(Run({DialogStep::Inspect([](const IDialogView& view) { EXPECT_EQ(view.GetText(16046), "1"); }),
-                 DialogStep::Type(16046, "0.9"), DialogStep::Type(16046, ""), DialogStep::ToggleRow(16039, 0),
-                 DialogStep::Click(16042), ExpectRows(16041, {"0.90静"}), DialogStep::Ok(),
-                 DialogStep::Type(16046, "1"), DialogStep::Ok()}),
+  EXPECT_EQ(Run({Do::Inspect([](const IDialogView& view) { EXPECT_EQ(view.GetText(16046), "1"); }),
+                 Do::Type(16046, "0.9"), Do::Type(16046, ""), Do::ToggleRow(16039, 0), Do::Click(16042),
+                 ExpectRows(16041, {"0.90静"}), Do::Ok(), Do::Type(16046, "1"), Do::Ok()}),
             c_nIdOk);
   EXPECT_EQ(m_platform.GetMessages(), (Strings{"请输入一个数字。", "请输入一个数字。"}))
       << "one while typing, one when OK meets the empty field";
@@ -333,24 +330,24 @@ TEST_F(LoadComb, TheFactorIsReadWhileItIsTyped) {
 TEST_F(LoadComb, TwentyTypesAreTakenAndNoMore) {
   m_dialog.m_loadComb.nLoadTypes = 20;
   Steps steps;
-  for (int i = 19; i >= 0; --i) steps.push_back(DialogStep::DoubleClick(16039, i));
-  steps.push_back(DialogStep::Inspect([](const IDialogView& view) {
+  for (int i = 19; i >= 0; --i) steps.push_back(Do::DoubleClick(16039, i));
+  steps.push_back(Do::Inspect([](const IDialogView& view) {
     EXPECT_EQ(view.GetItemCount(16041), 20);
     EXPECT_EQ(view.GetItemText(16041, 19), "1.00活19");
   }));
-  steps.push_back(DialogStep::Ok());
+  steps.push_back(Do::Ok());
   EXPECT_EQ(Run(std::move(steps)), c_nIdOk);
   EXPECT_EQ(std::count(Get().flags.begin(), Get().flags.end(), 1), 20);
   EXPECT_TRUE(m_platform.GetMessages().empty());
 
   m_dialog.m_loadComb.nLoadTypes = 21;
-  Run({ExpectRows(16039, {}), ExpectRows(16041, {}), DialogStep::Click(16042), DialogStep::Click(16043)});
+  Run({ExpectRows(16039, {}), ExpectRows(16041, {}), Do::Click(16042), Do::Click(16043)});
   EXPECT_EQ(m_platform.GetMessages(), Strings{"荷载类型过多,计算终止!"});
   EXPECT_EQ(std::count(Get().flags.begin(), Get().flags.end(), 1), 20);
 }
 
 TEST_F(Dialogs, ButtonsOpenTheCombinationAndOnlyOkTakesItOver) {
-  const Steps c_add = {DialogStep::Type(16046, "0.6"), DialogStep::DoubleClick(16039, 2)};
+  const Steps c_add = {Do::Type(16046, "0.6"), Do::DoubleClick(16039, 2)};
   const auto check = [&](auto dialog, int nButton) {
     LoadCombination& combination = dialog->m_loadComb;
     combination.nLoadTypes = 3;
@@ -358,15 +355,15 @@ TEST_F(Dialogs, ButtonsOpenTheCombinationAndOnlyOkTakesItOver) {
     combination.factors[1] = 0.5;
     for (const bool bOk : {false, true}) {
       Steps steps = c_add;
-      steps.push_back(bOk ? DialogStep::Ok() : DialogStep::Cancel());
+      steps.push_back(bOk ? Do::Ok() : Do::Cancel());
       m_platform->AddScript(16002, steps);
     }
     m_platform->AddScript(16002, {ExpectRows(16039, {"静", "活1", "活2"}), ExpectRows(16041, {"0.60活2"})});
-    Run(*dialog, {DialogStep::Click(nButton), DialogStep::Inspect([&](const IDialogView&) {
+    Run(*dialog, {Do::Click(nButton), Do::Inspect([&](const IDialogView&) {
                     EXPECT_EQ(combination.flags, LoadCombination().flags);
                     EXPECT_EQ(combination.factors, LoadCombination().factors);
                   }),
-                  DialogStep::Click(nButton), DialogStep::Click(nButton), DialogStep::Ok()});
+                  Do::Click(nButton), Do::Click(nButton), Do::Ok()});
     EXPECT_EQ(combination.flags[2], 1);
     EXPECT_EQ(combination.factors[2], 0.6);
     EXPECT_FALSE(m_platform->HasUnusedScripts());
@@ -388,10 +385,9 @@ TEST_F(Dialogs, SpectrumOkStoresEverythingAndTheNextOneShowsIt) {
   COMDYN.m_bSaveAs[2] = 1;
   COMDYN.m_nSaveAs = 3;
   CSpectrumDlg dialog;
-  EXPECT_EQ(Run(dialog, {DialogStep::Type(16009, "7"), DialogStep::Type(16006, "15"), DialogStep::Type(16022, "0.5"),
-                         DialogStep::Type(16028, "-0.25"), DialogStep::Type(16029, "0.125"), DialogStep::Choose(16015),
-                         DialogStep::Choose(16020), DialogStep::Choose(16011), DialogStep::Choose(16014),
-                         DialogStep::Type(16007, "0"), DialogStep::Choose(16026), DialogStep::Ok()}),
+  EXPECT_EQ(Run(dialog, {Do::Type(16009, "7"), Do::Type(16006, "15"), Do::Type(16022, "0.5"), Do::Type(16028, "-0.25"),
+                         Do::Type(16029, "0.125"), Do::Choose(16015), Do::Choose(16020), Do::Choose(16011),
+                         Do::Choose(16014), Do::Type(16007, "0"), Do::Choose(16026), Do::Ok()}),
             c_nIdOk);
   // Deliberate: the save-as flag of an earlier run (the last) stays
   const std::vector<double> expected = {7, 15, 0.5, -0.25, 0.125, 1, 2, 9, 1, 0.0, 1, 0.20, 0, 1, 0, 1};
@@ -400,7 +396,7 @@ TEST_F(Dialogs, SpectrumOkStoresEverythingAndTheNextOneShowsIt) {
   CSpectrumDlg next;
   Run(next,
       {ExpectState(c_spectrumTemplate, "(0) 7 15 0.5 -0.25 0.125 x - - - - x - - - - x - - - x 0 - x - (-) (0) b"),
-       DialogStep::Cancel()});
+       Do::Cancel()});
   EXPECT_EQ(next.DesignAcceleration, 0.123);
 }
 
@@ -408,12 +404,12 @@ TEST_F(Dialogs, SpectrumIntensityGivesTheDesignAcceleration) {
   constexpr std::array<double, 6> c_accelerations = {0.05, 0.10, 0.15, 0.20, 0.30, 0.40};
   CSpectrumDlg dialog;
   for (size_t i = 0; i < c_intensities.size(); ++i) {
-    Run(dialog, {DialogStep::Choose(c_intensities[i]), DialogStep::Ok()});
+    Run(dialog, {Do::Choose(c_intensities[i]), Do::Ok()});
     EXPECT_EQ(dialog.DesignAcceleration, c_accelerations[i]);
     EXPECT_EQ(COMDYN.m_nIntensity, static_cast<int>(i) + 6);
   }
   COMDYN.m_nIntensity = 12;
-  Run(dialog, {DialogStep::Ok()});
+  Run(dialog, {Do::Ok()});
   EXPECT_EQ(COMDYN.m_nIntensity, 5);
   EXPECT_EQ(COMDYN.m_dDesignAcceleration, 0.05) << "an index outside the six";
 }
@@ -426,8 +422,8 @@ TEST_F(Dialogs, SpectrumCancelOrWrongFieldStoresNothing) {
   EXPECT_EQ(fresh.m_dDampRatio, 0.02);
   const std::vector<double> before = GetRecord();
   CSpectrumDlg dialog;
-  Run(dialog, {DialogStep::Type(16009, "7"), DialogStep::Cancel()});
-  Run(dialog, {DialogStep::Type(16009, "7"), DialogStep::Type(16007, "2%"), DialogStep::Ok()});
+  Run(dialog, {Do::Type(16009, "7"), Do::Cancel()});
+  Run(dialog, {Do::Type(16009, "7"), Do::Type(16007, "2%"), Do::Ok()});
   EXPECT_EQ(GetRecord(), before);
   EXPECT_EQ(m_platform.GetMessages(), Strings{"请输入一个数字。"});
 }
@@ -435,12 +431,12 @@ TEST_F(Dialogs, SpectrumCancelOrWrongFieldStoresNothing) {
 TEST_F(Dialogs, SpectrumLoadValuesAreChosenAnewEveryTime) {
   CSpectrumDlg dialog;
   dialog.m_loadComb.nLoadTypes = 3;
-  m_platform->AddScript(16002, {DialogStep::Type(16046, "0.5"), DialogStep::DoubleClick(16039, 1), DialogStep::Ok()});
-  m_platform->AddScript(16002, {DialogStep::DoubleClick(16039, 0), DialogStep::Cancel()});
-  Run(dialog, {DialogStep::Click(16030), DialogStep::Click(16030), DialogStep::Ok()});
+  m_platform->AddScript(16002, {Do::Type(16046, "0.5"), Do::DoubleClick(16039, 1), Do::Ok()});
+  m_platform->AddScript(16002, {Do::DoubleClick(16039, 0), Do::Cancel()});
+  Run(dialog, {Do::Click(16030), Do::Click(16030), Do::Ok()});
   EXPECT_EQ(dialog.m_loadComb.flags[0], 0);
   EXPECT_EQ(dialog.m_loadComb.flags[1], 1);
-  Run(dialog, {DialogStep::Ok()});
+  Run(dialog, {Do::Ok()});
   EXPECT_EQ(dialog.m_loadComb.flags[1], 0);
   EXPECT_EQ(dialog.m_loadComb.factors[1], 0.5);
 }
@@ -458,9 +454,9 @@ TEST_F(Dialogs, TheMethodIsRememberedOnOkOnly) {
   for (const int nMethod : {1, 0}) {
     const int nRadio = c_radios[static_cast<size_t>(nMethod)];
     CDynOptionDlg dialog;
-    Run(dialog, {DialogStep::Choose(nRadio), DialogStep::Cancel()});
+    Run(dialog, {Do::Choose(nRadio), Do::Cancel()});
     EXPECT_EQ(COMDYN.m_nMethod, 1 - nMethod);
-    Run(dialog, {DialogStep::Choose(nRadio), DialogStep::Ok()});
+    Run(dialog, {Do::Choose(nRadio), Do::Ok()});
     EXPECT_EQ(COMDYN.m_nMethod, nMethod);
     Run(dialog, {ExpectState(c_dynOptionTemplate, nMethod == 0 ? "x -" : "- x")});
   }
@@ -469,27 +465,23 @@ TEST_F(Dialogs, TheMethodIsRememberedOnOkOnly) {
 TEST_F(Dialogs, NewmarkEnabling) {
   CNewmarkDlg dialog;
   Run(dialog,
-      {DialogStep::Tick(16063), DialogStep::Tick(16114),
-       ExpectState(c_newmarkTemplate, "x - 0.02 0.02 0.25 0.5 x 0 0.1 20 x (b) (b) b b"),
-       DialogStep::Tick(16063, false), DialogStep::Tick(16114, false),
-       ExpectState(c_newmarkTemplate, "x - 0.02 0.02 0.25 0.5 - (0) (0.1) (20) - b (b) (b) b"),
-       DialogStep::Choose(16053),
-       ExpectState(c_newmarkTemplate, "- x 0.02 0.02 0.25 0.5 - (0) (0.1) (20) - (b) b (b) b"), DialogStep::Tick(16114),
-       ExpectState(c_newmarkTemplate, "- x 0.02 0.02 0.25 0.5 - (0) (0.1) (20) x (b) b (b) b"),
-       DialogStep::Choose(16052),
-       ExpectState(c_newmarkTemplate, "x - 0.02 0.02 0.25 0.5 - (0) (0.1) (20) x (b) (b) (b) b")});
+      {Do::Tick(16063), Do::Tick(16114),
+       ExpectState(c_newmarkTemplate, "x - 0.02 0.02 0.25 0.5 x 0 0.1 20 x (b) (b) b b"), Do::Tick(16063, false),
+       Do::Tick(16114, false), ExpectState(c_newmarkTemplate, "x - 0.02 0.02 0.25 0.5 - (0) (0.1) (20) - b (b) (b) b"),
+       Do::Choose(16053), ExpectState(c_newmarkTemplate, "- x 0.02 0.02 0.25 0.5 - (0) (0.1) (20) - (b) b (b) b"),
+       Do::Tick(16114), ExpectState(c_newmarkTemplate, "- x 0.02 0.02 0.25 0.5 - (0) (0.1) (20) x (b) b (b) b"),
+       Do::Choose(16052), ExpectState(c_newmarkTemplate, "x - 0.02 0.02 0.25 0.5 - (0) (0.1) (20) x (b) (b) (b) b")});
 }
 
 // ---- Load dialogs ----------------------------------------------------------------------------------------------
 
 Steps InsertImpulse(const char* szNode, const char* szDirection, const char* szPeak) {
-  return {DialogStep::Type(16109, szNode), DialogStep::Type(16107, szDirection), DialogStep::Type(16108, szPeak),
-          DialogStep::Click(16115)};
+  return {Do::Type(16109, szNode), Do::Type(16107, szDirection), Do::Type(16108, szPeak), Do::Click(16115)};
 }
 
 TEST_F(Dialogs, ImpulsesAreListedAndRemoved) {
   CImpulseLoadDlg dialog;
-  Run(dialog, Join({{DialogStep::Click(16113)},
+  Run(dialog, Join({{Do::Click(16113)},
                     InsertImpulse("12", "1", "2.5"),
                     InsertImpulse("3", "0", "1"),
                     InsertImpulse("0", "2", "-0.125"),
@@ -497,8 +489,7 @@ TEST_F(Dialogs, ImpulsesAreListedAndRemoved) {
                     InsertImpulse("1", "3", "1"),
                     InsertImpulse("1", "-1", "1"),
                     InsertImpulse("1", "0", "1,5"),
-                    {DialogStep::Type(16108, "1"), DialogStep::ToggleRow(16105, 1), DialogStep::Click(16113),
-                     DialogStep::Click(16113), DialogStep::Ok()}}));
+                    {Do::Type(16108, "1"), Do::ToggleRow(16105, 1), Do::Click(16113), Do::Click(16113), Do::Ok()}}));
   EXPECT_EQ(dialog.m_rows, (std::vector<ImpulseRow>{{"12", "Y", "2.500000"}, {"0", "Z", "-0.125000"}}));
   EXPECT_EQ(m_platform.GetMessages(),
             (Strings{"节点号小于0，错误", "方向定义错误", "方向定义错误", "请输入一个数字。"}));
@@ -506,16 +497,15 @@ TEST_F(Dialogs, ImpulsesAreListedAndRemoved) {
 
 TEST_F(Dialogs, ACancelledLoadDialogChangesNothing) {
   const Steps impulse = InsertImpulse("4", "2", "10");
-  m_platform->AddScript(16009, Join({impulse, {DialogStep::Type(16112, "9"), DialogStep::Cancel()}}));
-  m_platform->AddScript(16012, {DialogStep::Type(16112, "9"), DialogStep::Cancel()});
-  m_platform->AddScript(
-      16009, Join({impulse, {DialogStep::Type(16111, "0.3"), DialogStep::Type(16110, "0.7"), DialogStep::Ok()}}));
+  m_platform->AddScript(16009, Join({impulse, {Do::Type(16112, "9"), Do::Cancel()}}));
+  m_platform->AddScript(16012, {Do::Type(16112, "9"), Do::Cancel()});
+  m_platform->AddScript(16009, Join({impulse, {Do::Type(16111, "0.3"), Do::Type(16110, "0.7"), Do::Ok()}}));
   CNewmarkDlg dialog;
-  Run(dialog, {DialogStep::Click(16094), DialogStep::Inspect([&](const IDialogView&) {
+  Run(dialog, {Do::Click(16094), Do::Inspect([&](const IDialogView&) {
                  EXPECT_EQ(dialog.m_dTimeStep, 0.01);
                  EXPECT_TRUE(dialog.m_impulses.empty());
                }),
-               DialogStep::Click(16094), DialogStep::Choose(16053), DialogStep::Click(16095), DialogStep::Ok()});
+               Do::Click(16094), Do::Choose(16053), Do::Click(16095), Do::Ok()});
   EXPECT_EQ(dialog.m_quake.m_strQuakeFile, "");
   EXPECT_EQ(dialog.m_dTimeStep, 0.02);
   EXPECT_EQ(dialog.m_dImpulseTime, 0.3) << "the peak of a triangle";
@@ -539,8 +529,8 @@ TEST_F(Dialogs, ImpulsesThatCannotBeTakenOverChangeNothing) {
     CDamagedRowPlatform platform(strmOut, strmOut);
     platform.m_row = row;
     IPlatform* const pPrevious = InstallPlatform(&platform);
-    platform.AddScript(16005, {DialogStep::Click(16094), DialogStep::Ok()});
-    platform.AddScript(16009, Join({InsertImpulse("4", "2", "10"), {DialogStep::Choose(16100), DialogStep::Ok()}}));
+    platform.AddScript(16005, {Do::Click(16094), Do::Ok()});
+    platform.AddScript(16009, Join({InsertImpulse("4", "2", "10"), {Do::Choose(16100), Do::Ok()}}));
     CNewmarkDlg dialog;
     dialog.DoModal();
     InstallPlatform(pPrevious);
@@ -553,13 +543,13 @@ TEST_F(Dialogs, ImpulsesThatCannotBeTakenOverChangeNothing) {
 
 TEST_F(Dialogs, GeneralLoadHasItsDefaultsSwapped) {
   CNewmarkDlg dialog;
-  m_platform->AddScript(16010, {DialogStep::Cancel()});
-  m_platform->AddScript(16010, {DialogStep::Type(16112, "0.03"), DialogStep::Type(16114, "4"), DialogStep::Ok()});
-  Run(dialog, {DialogStep::Tick(16114), DialogStep::Click(16115), DialogStep::Inspect([&](const IDialogView&) {
+  m_platform->AddScript(16010, {Do::Cancel()});
+  m_platform->AddScript(16010, {Do::Type(16112, "0.03"), Do::Type(16114, "4"), Do::Ok()});
+  Run(dialog, {Do::Tick(16114), Do::Click(16115), Do::Inspect([&](const IDialogView&) {
                  EXPECT_EQ(dialog.m_dTimeStep, 0.01);
                  EXPECT_EQ(dialog.m_dDuration, 5.0);
                }),
-               DialogStep::Click(16115), DialogStep::Ok()});
+               Do::Click(16115), Do::Ok()});
   EXPECT_EQ(dialog.m_dTimeStep, 0.03);
   EXPECT_EQ(dialog.m_dDuration, 4.0);
 }
@@ -567,13 +557,13 @@ TEST_F(Dialogs, GeneralLoadHasItsDefaultsSwapped) {
 TEST_F(Dialogs, EarthquakeEnabling) {
   CEarthquakeDlg dialog;
   Run(dialog,
-      {DialogStep::Tick(16071),
+      {Do::Tick(16071),
        ExpectState(c_earthquakeTemplate, "0 0.02 1 x - - x - (1) (0) (0) (l) (0.35) l 0.35 (l) (0.35) (l) (0.35)"),
-       DialogStep::Tick(16070), DialogStep::Tick(16072), DialogStep::Tick(16071, false),
+       Do::Tick(16070), Do::Tick(16072), Do::Tick(16071, false),
        ExpectState(c_earthquakeTemplate, "0 0.02 1 x - x - x (1) (0) (0) l 0.35 (l) (0.35) l 0.35 (l) (0.35)"),
-       DialogStep::Choose(16079),
+       Do::Choose(16079),
        ExpectState(c_earthquakeTemplate, "0 0.02 1 - x (x) (-) (x) 1 0 0 (l) (0.35) (l) (0.35) (l) (0.35) l 0.35"),
-       DialogStep::Choose(16075),
+       Do::Choose(16075),
        ExpectState(c_earthquakeTemplate, "0 0.02 1 x - x - x (1) (0) (0) l 0.35 (l) (0.35) l 0.35 (l) (0.35)")});
 }
 
@@ -583,9 +573,8 @@ TEST_F(Dialogs, AnObliqueDirectionWithoutLengthKeepsTheCosines) {
     m_platform->Clear();
     CNewmarkDlg dialog;
     dialog.m_quake.m_dObliqueCoef = {0.0, 0.6, 0.8};
-    m_platform->AddScript(16012, {DialogStep::Choose(16079), DialogStep::Type(16074, szX), DialogStep::Type(16114, "3"),
-                                  DialogStep::Ok()});
-    Run(dialog, {DialogStep::Choose(16053), DialogStep::Click(16095), DialogStep::Ok()});
+    m_platform->AddScript(16012, {Do::Choose(16079), Do::Type(16074, szX), Do::Type(16114, "3"), Do::Ok()});
+    Run(dialog, {Do::Choose(16053), Do::Click(16095), Do::Ok()});
     EXPECT_EQ(m_platform.GetMessages(), bAccepted ? Strings{} : Strings{"斜方向错误"}) << szX;
     EXPECT_EQ(std::abs(dialog.m_quake.m_dObliqueCoef[0]), bAccepted ? 1.0 : 0.0) << szX;
     EXPECT_EQ(dialog.m_quake.m_dObliqueCoef[1], bAccepted ? 0.0 : 0.6) << szX;
@@ -625,15 +614,15 @@ class ViewerDialog : public Dialogs {
 };
 
 TEST_F(ViewerDialog, RefreshShowsAndOutputWritesTheSelection) {
-  Run({DialogStep::Ok()});
+  Run({Do::Ok()});
   EXPECT_FALSE(m_histories.m_plotted.back());
-  Run({DialogStep::Click(c_nIdOutput), DialogStep::Type(c_nIdHistoryNode, "5"), DialogStep::Choose(c_nIdHistoryZ),
-       DialogStep::Click(c_nIdRefresh), DialogStep::Ok()});
+  Run({Do::Click(c_nIdOutput), Do::Type(c_nIdHistoryNode, "5"), Do::Choose(c_nIdHistoryZ), Do::Click(c_nIdRefresh),
+       Do::Ok()});
   EXPECT_EQ(m_histories.m_plotted.back(), (HistorySelection{false, 5, 2}));
   EXPECT_TRUE(m_platform.GetMessages().empty());
   m_histories.m_bWritable = false;
-  Run({DialogStep::Choose(c_nIdElementHistory), DialogStep::Type(c_nIdHistoryElement, "3"),
-       DialogStep::Click(c_nIdRefresh), DialogStep::Click(c_nIdOutput), DialogStep::Ok()});
+  Run({Do::Choose(c_nIdElementHistory), Do::Type(c_nIdHistoryElement, "3"), Do::Click(c_nIdRefresh),
+       Do::Click(c_nIdOutput), Do::Ok()});
   EXPECT_EQ(m_histories.m_plotted.back(), (HistorySelection{true, 3, 0}));
   EXPECT_EQ(m_histories.m_written, (std::vector<HistorySelection>{{false, 1, 0}, {true, 3, 0}}));
   EXPECT_EQ(m_platform.GetMessages(), Strings{"结果文件无法写入!"});
@@ -649,8 +638,8 @@ TEST_F(ViewerDialog, NumbersThatTheModelDoesNotHave) {
                {c_nIdElementHistory, c_nIdHistoryElement, "-1", "错误: 没有所求单元"}};
   for (const auto& c : cases) {
     m_platform->Clear();
-    Run({DialogStep::Click(c_nIdRefresh), DialogStep::Choose(c.nRadio), DialogStep::Type(c.nField, c.strNumber),
-         DialogStep::Click(c_nIdRefresh), DialogStep::Click(c_nIdOutput), DialogStep::Ok()});
+    Run({Do::Click(c_nIdRefresh), Do::Choose(c.nRadio), Do::Type(c.nField, c.strNumber), Do::Click(c_nIdRefresh),
+         Do::Click(c_nIdOutput), Do::Ok()});
     EXPECT_EQ(m_platform.GetMessages(), std::vector<std::string>(2, c.strMessage));
     EXPECT_EQ(m_histories.m_plotted.back(), (HistorySelection{false, 1, 0})) << "the picture stays";
   }

@@ -40,13 +40,13 @@ struct CDriverRun {
   CDriverRun() { FillShuffledFrame(host); }
 
   void RunModal(bool bDeadLoad = false, const std::string& strModes = "6", std::vector<DialogStep> steps = {}) {
-    steps.insert(steps.begin(), DialogStep::Type(16000, strModes));
+    steps.insert(steps.begin(), Do::Type(16000, strModes));
     AddScript(16000, std::move(steps), bDeadLoad, 16044);
     CModeConnect::OnMode();
     EXPECT_TRUE(platform->GetScriptErrors().empty());
   }
   void RunSpectrum(bool bDeadLoad = false, std::vector<DialogStep> steps = {}) {
-    steps.insert(steps.begin(), DialogStep::Type(16006, "6"));
+    steps.insert(steps.begin(), Do::Type(16006, "6"));
     AddScript(16001, std::move(steps), bDeadLoad, 16030);
     EXPECT_EQ(CModeConnect::OnAnsysSpectrum(), 1);
     EXPECT_TRUE(platform->GetScriptErrors().empty());
@@ -55,10 +55,10 @@ struct CDriverRun {
  private:
   void AddScript(int nDialog, std::vector<DialogStep> steps, bool bDeadLoad, int nButton) {
     if (bDeadLoad) {
-      steps.push_back(DialogStep::Click(nButton));
-      platform->AddScript(16002, {DialogStep::ToggleRow(16039, 0), DialogStep::Click(16042), DialogStep::Ok()});
+      steps.push_back(Do::Click(nButton));
+      platform->AddScript(16002, {Do::ToggleRow(16039, 0), Do::Click(16042), Do::Ok()});
     }
-    steps.push_back(DialogStep::Ok());
+    steps.push_back(Do::Ok());
     platform->AddScript(nDialog, std::move(steps));
   }
 };
@@ -98,7 +98,7 @@ TEST(Drivers, RenumberingLeavesNoTrace) {
   run.RunModal(false, "100000");  // more modes than equations
   EXPECT_EQ(run.platform.GetMessages().at(1), "模态数大于结构自由度,计算终止!");
   EXPECT_TRUE(unchanged());
-  run.platform->AddScript(16000, {DialogStep::Click(16044), DialogStep::Cancel()});
+  run.platform->AddScript(16000, {Do::Click(16044), Do::Cancel()});
   CModeConnect::OnMode();
   EXPECT_EQ(run.platform.GetMessages().at(3), "荷载类型过多,计算终止!");
   EXPECT_TRUE(unchanged());
@@ -142,10 +142,10 @@ TEST(Drivers, DialogValuesReachTheModalRun) {
   FillSquareTower(run.host, 45);  // large enough for the radio to matter
   // With multiple 1 the comparison cannot have its second pass; the second radio means Sturm, which needs none.
   const std::pair<std::vector<DialogStep>, const char*> cases[] = {
-      {{DialogStep::Choose(16001)}, "达到迭代要求次数，结果不收敛"},
-      {{DialogStep::Type(16003, "0")}, "请正确输入迭代精度!"},
-      {{DialogStep::Type(16004, "0")}, "请正确输入迭代倍数!"},
-      {{DialogStep::Choose(16002), DialogStep::Tick(16005)}, "OK!"}};
+      {{Do::Choose(16001)}, "达到迭代要求次数，结果不收敛"},
+      {{Do::Type(16003, "0")}, "请正确输入迭代精度!"},
+      {{Do::Type(16004, "0")}, "请正确输入迭代倍数!"},
+      {{Do::Choose(16002), Do::Tick(16005)}, "OK!"}};
   for (const auto& [steps, pMessage] : cases) {
     COMDYN.m_nIterMultiple = 1;
     run.platform->Clear();
@@ -159,12 +159,12 @@ TEST(Drivers, DialogValuesReachTheSpectrumRun) {
   CDriverRun run;
   run.RunModal();
   std::vector<DialogStep> steps;
-  for (const int nRadio : {16015, 16021, 16011, 16014, 16026}) steps.push_back(DialogStep::Choose(nRadio));
+  for (const int nRadio : {16015, 16021, 16011, 16014, 16026}) steps.push_back(Do::Choose(nRadio));
   for (const auto& [nId, pText] :
        {std::pair{16006, "4"}, {16009, "3"}, {16022, "0.3"}, {16028, "0.4"}, {16029, "0.5"}}) {
-    steps.push_back(DialogStep::Type(nId, pText));
+    steps.push_back(Do::Type(nId, pText));
   }
-  steps.push_back(DialogStep::Type(16007, "0.07"));
+  steps.push_back(Do::Type(16007, "0.07"));
   run.platform->SetClock({{2026, 1, 1, 1, 1, 1}});
   run.RunSpectrum(false, steps);
   const std::string strByDialog = run.job.Read(".spec");
@@ -213,7 +213,7 @@ TEST(Drivers, SpectrumEndsEarly) {
   run.job.Write(".spec", "older result");
   run.platform->Clear();
   // Intensity 6 has no rare earthquake.
-  run.RunSpectrum(false, {DialogStep::Choose(16010), DialogStep::Choose(16014)});
+  run.RunSpectrum(false, {Do::Choose(16010), Do::Choose(16014)});
   ASSERT_EQ(run.platform.GetMessages().size(), 2U);  // and the time
   EXPECT_EQ(run.platform.GetMessages()[0], "6度地震不进行罕遇验算!");
   EXPECT_EQ(run.job.Read(".spec"), "older result");
@@ -221,7 +221,7 @@ TEST(Drivers, SpectrumEndsEarly) {
 
 TEST(Drivers, AnyFailureEndsWithItsMessage) {
   CDriverRun run;
-  run.platform->AddScript(16000, {DialogStep::Inspect([](const IDialogView&) { throw std::runtime_error(""); })});
+  run.platform->AddScript(16000, {Do::Inspect([](const IDialogView&) { throw std::runtime_error(""); })});
   CModeConnect::OnMode();
   EXPECT_EQ(run.platform.GetMessages(), Strings{"内部错误,计算终止!"});
   EXPECT_EQ(GetModalFindings().status, RunStatus::Failed);

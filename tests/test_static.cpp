@@ -22,14 +22,13 @@ struct StaticOptions {
 };
 
 void RunStatic(CTestPlatform& platform, const StaticOptions& options = {}) {
-  platform->AddScript(16007,
-                      {DialogStep::Tick(16063, options.bNonlinear), DialogStep::ChooseItem(16090, options.nCriterion),
-                       DialogStep::Type(16091, options.strTolerance), DialogStep::Type(16092, options.strMaxIter),
-                       DialogStep::Click(16059), DialogStep::Ok()});
+  platform->AddScript(
+      16007, {Do::Tick(16063, options.bNonlinear), Do::ChooseItem(16090, options.nCriterion),
+              Do::Type(16091, options.strTolerance), Do::Type(16092, options.strMaxIter), Do::Click(16059), Do::Ok()});
   std::vector<DialogStep> combination;
-  for (const int nCase : options.cases) combination.push_back(DialogStep::ToggleRow(16039, nCase));
-  combination.push_back(DialogStep::Click(16042));
-  combination.push_back(DialogStep::Ok());
+  for (const int nCase : options.cases) combination.push_back(Do::ToggleRow(16039, nCase));
+  combination.push_back(Do::Click(16042));
+  combination.push_back(Do::Ok());
   platform->AddScript(16002, combination);
   CModeConnect::OnStaticNonlinearSol();
   EXPECT_TRUE(platform->GetScriptErrors().empty());
@@ -342,7 +341,7 @@ TEST(StaticFailures, NothingHappensWithoutAModelOrAfterCancel) {
   EXPECT_EQ(model.m_staticFindings.status, RunStatus::Refused);
   EXPECT_EQ(model.m_staticFindings.nIterations, 0);
   FillArch(host, 1.0);
-  platform->AddScript(16007, {DialogStep::Cancel()});
+  platform->AddScript(16007, {Do::Cancel()});
   CModeConnect::OnStaticNonlinearSol();
   EXPECT_TRUE(job.List().empty());
   EXPECT_EQ(platform->GetModuleDepth(), 0);
