@@ -17,16 +17,11 @@ namespace {
 using namespace skyframe;
 using test::EntryPoint;
 
-template <class T>
-std::span<T> One(T& value) {
-  return {&value, 1};
-}
-
-const std::span<int> c_integers[] = {One(ABCD.m_nNodes),
-                                     One(ABCD.m_nElements),
-                                     One(ABCD.m_nLoadCases),
-                                     One(ABCD.m_nLoads),
-                                     One(ZHU.m_nCount),
+const std::span<int> c_integers[] = {{&ABCD.m_nNodes, 1},
+                                     {&ABCD.m_nElements, 1},
+                                     {&ABCD.m_nLoadCases, 1},
+                                     {&ABCD.m_nLoads, 1},
+                                     {&ZHU.m_nCount, 1},
                                      ABCD.m_nFirstNode,
                                      ABCD.m_nSecondNode,
                                      ABCD.m_nSection,
@@ -36,30 +31,32 @@ const std::span<int> c_integers[] = {One(ABCD.m_nNodes),
                                      ABCD.m_nLoadNode,
                                      ABCD.m_nLoadCode,
                                      ZHU.m_nNode,
-                                     One(COMDYN.m_nModes),
-                                     One(COMDYN.m_nSaveAs),
-                                     One(COMDYN.m_nRootCheck),
-                                     One(COMDYN.m_bShear),
-                                     One(COMDYN.m_nIterMultiple),
-                                     One(COMDYN.m_nExpandModes),
-                                     One(COMDYN.m_nMeshDiv),
-                                     One(COMDYN.m_nIntensity),
-                                     One(COMDYN.m_nSiteClass),
-                                     One(COMDYN.m_nQuakeLevel),
-                                     One(COMDYN.m_nZoneGroup),
-                                     One(COMDYN.m_bHistoryAvailable),
-                                     One(COMDYN.m_nHistoryCount),
-                                     One(COMDYN.m_nMethod),
-                                     One(COMDYN.m_bNonlinear),
-                                     One(COMDYN.m_nCombMethod),
+                                     {&COMDYN.m_nModes, 1},
+                                     {&COMDYN.m_nSaveAs, 1},
+                                     {&COMDYN.m_nRootCheck, 1},
+                                     {&COMDYN.m_bShear, 1},
+                                     {&COMDYN.m_nIterMultiple, 1},
+                                     {&COMDYN.m_nExpandModes, 1},
+                                     {&COMDYN.m_nMeshDiv, 1},
+                                     {&COMDYN.m_nIntensity, 1},
+                                     {&COMDYN.m_nSiteClass, 1},
+                                     {&COMDYN.m_nQuakeLevel, 1},
+                                     {&COMDYN.m_nZoneGroup, 1},
+                                     {&COMDYN.m_bHistoryAvailable, 1},
+                                     {&COMDYN.m_nHistoryCount, 1},
+                                     {&COMDYN.m_nMethod, 1},
+                                     {&COMDYN.m_bNonlinear, 1},
+                                     {&COMDYN.m_nCombMethod, 1},
                                      COMDYN.m_bSaveAs,
-                                     One(COMDYN.m_bVirtualModes),
-                                     One(COMDYN.m_nPseudoLoadNo)};
+                                     {&COMDYN.m_bVirtualModes, 1},
+                                     {&COMDYN.m_nPseudoLoadNo, 1}};
 const std::span<float> c_floats[] = {ABCD.m_fX,    ABCD.m_fY,    ABCD.m_fZ,    ABCD.m_fLoadValue,
                                      COMDAT.m_fIx, COMDAT.m_fIy, COMDAT.m_fIz, SECT.m_fArea};
-const std::span<double> c_doubles[] = {One(COMDYN.m_dModeTol), One(COMDYN.m_dDampRatio),
-                                       One(COMDYN.m_dDesignAcceleration), COMDYN.m_dDirCoef,
-                                       One(COMDYN.m_dHistoryStep)};
+const std::span<double> c_doubles[] = {{&COMDYN.m_dModeTol, 1},
+                                       {&COMDYN.m_dDampRatio, 1},
+                                       {&COMDYN.m_dDesignAcceleration, 1},
+                                       COMDYN.m_dDirCoef,
+                                       {&COMDYN.m_dHistoryStep, 1}};
 
 /// One number of the records in seven bytes: field, place in it, whether the value is a small one, the value.
 class CChange {
