@@ -79,7 +79,7 @@ void ExpectRow(std::span<const double> actual, const Vector& expected, double dT
 }
 
 TEST(SpectrumAnalysis, OneBar) {
-  CSpectrumRun run(FillOneBar, 1, 1);
+  CSpectrumRun run([](CHostModel& h) { FillOneBar(h); }, 1, 1);
   run.Analyse();
   EXPECT_TRUE(run.platform.GetMessages().empty());
   const auto file = ReadSpectrum(run.folder);
