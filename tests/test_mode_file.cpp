@@ -65,12 +65,10 @@ TEST(ModeFile, LinesFollowTheHostOrderBeforeRenumbering) {
   bar.model.ModeShapes = CMatrix(1, 1, 0.5);  // the free equation belongs to internal node 1 (number 2)
   ASSERT_TRUE(WriteModeFile(bar.model, bar.folder.GetJobPath(), bar.model.m_modalFindings));
   COMDAT.m_pSecondOrder = nullptr;
-  std::istringstream strm(bar.folder.Read(".mode"));
-  const std::vector<std::string> words(std::istream_iterator<std::string>(strm), {});
-  const std::vector<std::string> expected = {"2", "0.5", "0", "0", "3", "0", "0", "0",
-                                             "0", "0",   "0", "1", "0", "0", "0"};
-  ASSERT_GT(words.size(), expected.size());
-  EXPECT_EQ(std::vector(words.end() - 15, words.end()), expected);
+  EXPECT_TRUE(bar.folder.Read(".mode").ends_with(
+      "\n2         0.5            0              0              \n"
+      "3         0              0              0              0              0              0              \n"
+      "1         0              0              0              \n"));
 }
 
 TEST(ModeFile, FrequencyReaderFillsOnlyAModelWithoutModes) {

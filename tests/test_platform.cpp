@@ -552,6 +552,8 @@ TEST(Paint, SvgIsTheExactDocument) {
   const std::array<PaintPoint, 3> points = {PaintPoint{0.0, 0.0}, PaintPoint{1.0, 2.0}, PaintPoint{3.0, 4.0}};
   svg.Polyline(points);
   svg.Polyline(std::span(points).first(1));
+  svg.Polygon(points);
+  svg.Polygon(std::span(points).first(2));
   svg.SetTextHeight(10.0);
   svg.Text(5.0, 6.0, "位移 <a> & \"b\"\x01\xFF", HorizontalAlign::Right, VerticalAlign::Baseline);
   const double dNan = std::numeric_limits<double>::quiet_NaN();
@@ -568,6 +570,7 @@ TEST(Paint, SvgIsTheExactDocument) {
             "stroke-width=\"2\"/>\n"
             "<polyline points=\"0,0 1.5,0\" fill=\"none\" stroke=\"#ff0000\" stroke-width=\"2\"/>\n"
             "<polyline points=\"0,0 1,2 3,4\" fill=\"none\" stroke=\"#ff0000\" stroke-width=\"2\"/>\n"
+            "<polygon points=\"0,0 1,2 3,4\" fill=\"#f0f0f0\" stroke=\"#ff0000\" stroke-width=\"2\"/>\n"
             "<text x=\"5\" y=\"6\" font-size=\"10\" text-anchor=\"end\" fill=\"#ff0000\">"
             "位移 &lt;a&gt; &amp; \"b\"\uFFFD\uFFFD</text>\n</svg>\n");
   for (const std::string_view strBroken :

@@ -109,7 +109,10 @@ void CDialog::Notify(int nId, DialogEvent event) {
   if (nId == c_nIdCancel) OnCancel();
 }
 
-void CDialog::Close() { m_pView = nullptr; }
+void CDialog::Close() {
+  if (m_nResult == c_nIdOk) GetPlatform().DialogAccepted(m_layout, View());
+  m_pView = nullptr;
+}
 
 void CDialog::OnInitDialog() { UpdateData(false); }
 

@@ -11,6 +11,7 @@
 
 #include "skyframe/generate/Generate.h"
 #include "skyframe/job/JobFile.h"
+#include "skyframe/job/JobSchema.h"
 #include "skyframe/job/Text.h"
 #include "skyframe/platform/OutputFile.h"
 #include "skyframe/plot/Plots.h"
@@ -66,6 +67,7 @@ class CCommandLine {
     DefineCheck();
     DefinePlot();
     DefineGenerate();
+    DefineSchema();
   }
 
   int Run(std::vector<std::string> arguments) {
@@ -205,6 +207,14 @@ class CCommandLine {
     p->callback([this] { m_action = [this] { return OnGenerateArch(); }; });
   }
 
+  void DefineSchema() {
+    CLI::App* pSchema = m_app.add_subcommand("schema", "Write the JSON Schema of job files");
+    pSchema->add_option("-o,--output", m_strOutput, "File to write (default: standard output)");
+    CLI::Option* pTable = pSchema->add_option("--table", m_strTable, "Instead the manual's table of an analysis");
+    pSchema->add_flag("--chinese", m_bChinese, "The table of the Chinese manual")->needs(pTable);
+    pSchema->callback([this] { m_action = [this] { return OnSchema(); }; });
+  }
+
   int OnRun() {
     if (IsJobFile(m_strLogFile)) return RefuseJobFile(m_strLogFile);
     const std::optional<Job> job = LoadJob();
@@ -251,6 +261,12 @@ class CCommandLine {
     return strPicture ? Save(*strPicture) : c_nExitBadInput;
   }
 
+  int OnSchema() {
+    if (m_strTable.empty()) return Deliver(FormatJobSchema());
+    const std::string strTable = FormatFieldTable(m_strTable, m_bChinese ? Language::Chinese : Language::English);
+    return strTable.empty() ? Refuse(m_strTable + ": no such table") : Deliver(strTable);
+  }
+
   int OnGenerateBuilding(const CLI::App& app) {
     if (m_nNodes > 0) {
       const BuildingParameters choice = ChooseBuilding(m_nNodes);
@@ -280,12 +296,13 @@ class CCommandLine {
     const std::string strText = FormatJob(generator());
     const JobFile check = ParseJob(strText);
     PrintProblems("generated job", check.errors, "", m_err);
-    if (!check.errors.empty()) return c_nExitBadInput;
-    if (m_strOutput.empty()) {
-      m_out << strText;
-      return c_nExitGood;
-    }
-    return Save(strText);
+    return check.errors.empty() ? Deliver(strText) : c_nExitBadInput;
+  }
+
+  int Deliver(const std::string& strText) {
+    if (!m_strOutput.empty()) return Save(strText);
+    m_out << strText;
+    return c_nExitGood;
   }
 
   int Save(const std::string& strText) {
@@ -325,11 +342,13 @@ class CCommandLine {
   std::string m_strLogFile;
   std::string m_strProgramPath = FindDataDirectory();
   std::string m_strOutput;
+  std::string m_strTable;
   PlotRequest m_plot;
   bool m_bStrict = false;
   bool m_bInputWarned = false;
   bool m_bSpectrum = false;
   bool m_bDeformed = false;
+  bool m_bChinese = false;
   int m_nNodes = 0;
   BuildingParameters m_building;
   TowerParameters m_tower;

@@ -1,12 +1,16 @@
 #include "AnalysisReader.h"
 
+#include <algorithm>
 #include <charconv>
+
+#include "skyframe/job/Fields.h"
 
 namespace skyframe::host {
 
 namespace {
 
-constexpr std::array<std::string_view, 4> c_strAnalyses = {"static", "modal", "spectrum", "time_history"};
+constexpr std::array<std::string_view, 4> c_strAnalyses = {StaticJob::c_strType, ModalJob::c_strType,
+                                                           SpectrumJob::c_strType, WilsonJob::c_strType};
 
 /// Keys are case numbers without sign or leading zeros.
 std::optional<int> ParseCase(std::string_view strText) {
@@ -16,62 +20,148 @@ std::optional<int> ParseCase(std::string_view strText) {
   return bWhole && std::to_string(nCase) == strText ? std::optional(nCase) : std::nullopt;
 }
 
-}  // namespace
+/// Reports members that the dialog would not let a person fill in.
+void Forbid(CJobObject& object, std::initializer_list<std::string_view> keys, const std::string& strReason) {
+  for (const std::string_view strKey : keys) {
+    if (object.Has(strKey)) object.Error(strKey, strReason);
+  }
+}
 
-JobCombination ReadCombination(CJobObject& object, const AnalysisContext& context) {
-  JobCombination combination;
-  std::optional<CJobObject> members = object.Object("combination", Need::Optional);
-  if (!members) return combination;
+// Rules between fields.
+
+template <class A>
+void CheckRules(CJobObject& /*object*/, const A& /*analysis*/) {}
+
+void CheckRules(CJobObject& object, const EarthquakeJob& quake) {
+  if (quake.nMode == 1) {
+    Forbid(object, {"directions"}, "belongs to mode \"principal\"");
+  } else {
+    Forbid(object, {"oblique_axis"}, "belongs to mode \"oblique\"");
+  }
+  for (std::size_t k = 0; k < quake.peaks.size(); ++k) {
+    const bool bOpen = k < quake.directions.size() ? quake.nMode != 1 && quake.directions[k] : quake.nMode == 1;
+    if (quake.peaks[k] && !bOpen) {
+      object.Error("peaks", "peak " + Quote(c_strPeaks[k]) + " of a direction in which the ground does not move");
+    }
+  }
+}
+
+void CheckRules(CJobObject& object, const NewmarkJob& analysis) {
+  const bool bFromFile = analysis.bFromFile.value_or(false);
+  if (!analysis.bNonlinear.value_or(false)) {
+    Forbid(object, {"criterion", "tolerance", "max_iterations"}, "needs \"nonlinear\": true");
+  }
+  if (analysis.HasGroundMotion()) {
+    Forbid(object, {"impulse", "general_load"}, "belongs to load \"nodal_force\"");
+    return;
+  }
+  Forbid(object, {"earthquake"}, "belongs to load \"ground_motion\"");
+  if (bFromFile) {
+    Forbid(object, {"impulse"}, "the loads are read from a file");
+  } else {
+    Forbid(object, {"general_load"}, "needs \"from_file\": true");
+  }
+}
+
+class CFieldReader {
+ public:
+  CFieldReader(CJobObject& object, const AnalysisContext& context) : m_object(object), m_context(context) {}
+
+  template <DialogJob A>
+  static A Read(CJobObject& object, const AnalysisContext& context) {
+    A analysis;
+    CFieldReader reader(object, context);
+    VisitFields(reader, analysis);
+    CheckRules(object, analysis);
+    return analysis;
+  }
+
+  void Visit(const Field& field, std::optional<bool>& value) { value = m_object.Boolean(field.strKey, Need::Optional); }
+  void Visit(const Field& field, std::optional<int>& value, Limits<int> limits = {}) {
+    value = m_object.Integer(field.strKey, Need::Optional, limits.lowest, limits.highest);
+  }
+  void Visit(const Field& field, std::optional<double>& value, Limits<double> limits = {}) {
+    value = m_object.NumberAtLeast(field.strKey, Need::Optional, limits.lowest);
+  }
+  void Visit(const Field& field, std::optional<int>& value, Words words) {
+    value = m_object.Word(field.strKey, Need::Optional, words);
+  }
+  template <std::size_t nCount>
+  void Visit(const Field& field, std::optional<std::array<double, nCount>>& values) {
+    values = m_object.Numbers<nCount>(field.strKey, Need::Optional);
+  }
+  template <DialogJob A>
+  void Visit(const Field& field, std::optional<A>& part) {
+    std::optional<CJobObject> object = m_object.Object(field.strKey, Need::Optional);
+    if (!object) return;
+    part = Read<A>(*object, m_context);
+    object->ReportUnknownKeys();
+  }
+  void Visit(const Field& field, JobCombination& combination);
+  void Visit(const Field& field, JobPeaks& peaks);
+  void Visit(const Field& field, JobAxes& axes);
+  void Visit(const Field& field, std::vector<JobImpulse>& impulses) {
+    for (CJobObject& entry : m_object.Objects(field.strKey, Need::Required)) impulses.push_back(ReadImpulse(entry));
+  }
+
+ private:
+  [[nodiscard]] JobImpulse ReadImpulse(CJobObject& object) const;
+
+  CJobObject& m_object;
+  const AnalysisContext& m_context;
+};
+
+void CFieldReader::Visit(const Field& field, JobCombination& combination) {
+  std::optional<CJobObject> members = m_object.Object(field.strKey, Need::Optional);
+  if (!members) return;
   for (const std::string& strKey : members->GetKeys()) {
     const std::optional<int> nCase = ParseCase(strKey);
-    if (!nCase || *nCase < 0 || *nCase > context.nHighestCase) {
-      members->Error(strKey, "no such load case; the cases are 0 to " + std::to_string(context.nHighestCase));
+    if (!nCase || *nCase < 0 || *nCase > m_context.nHighestCase) {
+      members->Error(strKey, "no such load case; the cases are 0 to " + std::to_string(m_context.nHighestCase));
     } else if (const std::optional<double> dFactor = members->Number(strKey, Need::Required)) {
       combination[*nCase] = *dFactor;
     }
   }
-  return combination;
 }
 
-namespace {
-
-StaticJob ReadStatic(CJobObject& object, const AnalysisContext& context) {
-  StaticJob analysis;
-  analysis.bNonlinear = object.Boolean("nonlinear", Need::Optional);
-  analysis.nCriterion = object.Word("criterion", Need::Optional, c_strCriteria);
-  analysis.dTolerance = object.NumberAtLeast("tolerance", Need::Optional, 0.0);
-  analysis.nMaxIterations = object.Integer("max_iterations", Need::Optional, 1);
-  analysis.combination = ReadCombination(object, context);
-  return analysis;
+void CFieldReader::Visit(const Field& field, JobPeaks& peaks) {
+  std::optional<CJobObject> members = m_object.Object(field.strKey, Need::Optional);
+  if (!members) return;
+  for (std::size_t k = 0; k < peaks.size(); ++k) peaks[k] = members->Number(c_strPeaks[k], Need::Optional);
+  members->ReportUnknownKeys();
 }
 
-ModalJob ReadModal(CJobObject& object, const AnalysisContext& context) {
-  ModalJob analysis;
-  analysis.nModes = object.Integer("modes", Need::Optional, 1);
-  analysis.nRootCheck = object.Word("root_check", Need::Optional, c_strRootChecks);
-  analysis.dAccuracy = object.NumberAtLeast("accuracy", Need::Optional, 0.0);
-  analysis.nIterationMultiple = object.Integer("iteration_multiple", Need::Optional, 1);
-  analysis.bShear = object.Boolean("shear", Need::Optional);
-  analysis.bVerify = object.Boolean("verify_modes", Need::Optional);
-  analysis.combination = ReadCombination(object, context);
-  return analysis;
+void CFieldReader::Visit(const Field& field, JobAxes& axes) {
+  const Json* pArray = m_object.Array(field.strKey, Need::Optional);
+  if (pArray == nullptr) return;
+  for (const Json& value : *pArray) {
+    const auto it = std::ranges::find(c_strAxes, value.is_string() ? value.get<std::string>() : "");
+    if (it == c_strAxes.end()) return m_object.Error(field.strKey, "must list some of " + JoinWords(c_strAxes));
+    axes[static_cast<std::size_t>(it - c_strAxes.begin())] = true;
+  }
 }
 
-SpectrumJob ReadSpectrum(CJobObject& object, const AnalysisContext& context) {
-  SpectrumJob analysis;
-  analysis.nModes = object.Integer("modes", Need::Optional, 1);
-  analysis.nMeshDivision = object.Integer("mesh_division", Need::Optional, 1);
-  analysis.direction = object.Numbers<3>("direction", Need::Optional);
-  analysis.nSiteClass = object.Integer("site_class", Need::Optional, 1, 4);
-  analysis.nZoneGroup = object.Integer("zone_group", Need::Optional, 1, 3);
-  analysis.nIntensity = object.Word("intensity", Need::Optional, c_strIntensities);
-  analysis.nLevel = object.Word("level", Need::Optional, c_strQuakeLevels);
-  analysis.dDamping = object.NumberAtLeast("damping", Need::Optional, 0.0);
-  analysis.nMethod = object.Word("modal_combination", Need::Optional, c_strModalCombinations);
-  analysis.bVirtualMode = object.Boolean("virtual_mode", Need::Optional);
-  analysis.nPseudoLoad = object.Integer("pseudo_load", Need::Optional);
-  analysis.combination = ReadCombination(object, context);
-  return analysis;
+JobImpulse CFieldReader::ReadImpulse(CJobObject& object) const {
+  JobImpulse impulse;
+  if (const std::optional<int> nId = object.Integer("node", Need::Required)) {
+    const auto it = m_context.numberOfId.find(*nId);
+    if (it == m_context.numberOfId.end()) object.Error("node", "no node has the id " + std::to_string(*nId));
+    impulse.nNode = it == m_context.numberOfId.end() ? 0 : it->second;
+  }
+  impulse.nDirection = object.Word("direction", Need::Required, c_strAxes).value_or(0);
+  impulse.dPeak = object.Number("peak", Need::Required).value_or(0.0);
+  object.ReportUnknownKeys();
+  return impulse;
+}
+
+std::optional<JobAnalysis> ReadTimeHistory(CJobObject& object, const AnalysisContext& context) {
+  const std::optional<int> nMethod = object.Word("method", Need::Required, c_strMethods);
+  if (!nMethod) {
+    object.AcceptAllKeys();
+    return std::nullopt;
+  }
+  if (*nMethod == WilsonJob::c_nMethod) return CFieldReader::Read<WilsonJob>(object, context);
+  return CFieldReader::Read<NewmarkJob>(object, context);
 }
 
 }  // namespace
@@ -79,11 +169,11 @@ SpectrumJob ReadSpectrum(CJobObject& object, const AnalysisContext& context) {
 std::optional<JobAnalysis> ReadAnalysis(CJobObject& object, const AnalysisContext& context) {
   switch (object.Word("type", Need::Required, c_strAnalyses).value_or(-1)) {
     case 0:
-      return ReadStatic(object, context);
+      return CFieldReader::Read<StaticJob>(object, context);
     case 1:
-      return ReadModal(object, context);
+      return CFieldReader::Read<ModalJob>(object, context);
     case 2:
-      return ReadSpectrum(object, context);
+      return CFieldReader::Read<SpectrumJob>(object, context);
     case 3:
       return ReadTimeHistory(object, context);
     default:

@@ -16,9 +16,4 @@ struct AnalysisContext {
 /// Reads one entry of "analyses". Nothing when its kind is unknown; the error is then noted.
 [[nodiscard]] std::optional<JobAnalysis> ReadAnalysis(CJobObject& object, const AnalysisContext& context);
 
-[[nodiscard]] JobCombination ReadCombination(CJobObject& object, const AnalysisContext& context);
-
-/// A time-history analysis of either method; nothing when the method is unknown.
-[[nodiscard]] std::optional<JobAnalysis> ReadTimeHistory(CJobObject& object, const AnalysisContext& context);
-
 }  // namespace skyframe::host

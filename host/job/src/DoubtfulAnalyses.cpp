@@ -6,6 +6,7 @@
 #include <set>
 
 #include "JobReader.h"
+#include "skyframe/job/DialogFields.h"
 #include "skyframe/platform/Platform.h"
 #include "skyframe/values/ResultFiles.h"
 
@@ -26,24 +27,17 @@ struct TimeAxis {
   [[nodiscard]] bool HasStepIn(double dTime) const { return dStep > 0.0 && dTime / dStep >= 1.0; }
 };
 
-// What the dialogs put in where the job says nothing.
-constexpr TimeAxis c_wilsonAxis = {0.01, 10.0};
-constexpr TimeAxis c_newmarkAxis = {0.01, 5.0};
-constexpr TimeAxis c_impulseAxis = {0.02, 1.0};
-constexpr TimeAxis c_generalAxis = {1.0, 0.02};
-constexpr TimeAxis c_quakeAxis = {0.02, 1.0};
-
-template <class Settings>
-TimeAxis GetAxis(const Settings& settings, const TimeAxis& defaults) {
-  return {settings.dTimeStep.value_or(defaults.dStep), settings.dDuration.value_or(defaults.dDuration)};
+template <class Part>
+TimeAxis GetAxis(const Part& part) {
+  const Part whole = WithDefaults(part);
+  return {*whole.dTimeStep, *whole.dDuration};
 }
 
-TimeAxis GetAxis(const NewmarkJob& analysis) {
-  if (analysis.HasGroundMotion()) {
-    return analysis.earthquake ? GetAxis(*analysis.earthquake, c_quakeAxis) : c_newmarkAxis;
-  }
-  if (analysis.impulse) return GetAxis(*analysis.impulse, c_impulseAxis);
-  return analysis.generalLoad ? GetAxis(*analysis.generalLoad, c_generalAxis) : c_newmarkAxis;
+/// Nothing when no dialog with a time axis is opened: the module's own one is sound.
+std::optional<TimeAxis> FindAxis(const NewmarkJob& analysis) {
+  if (analysis.earthquake) return GetAxis(*analysis.earthquake);
+  if (analysis.impulse) return GetAxis(*analysis.impulse);
+  return analysis.generalLoad ? std::optional(GetAxis(*analysis.generalLoad)) : std::nullopt;
 }
 
 /// What the module finds in an acceleration record: it reads up to the first word that is no number.
@@ -108,11 +102,12 @@ class CAnalysisChecks {
     const auto IsSet = [](const std::optional<double>& dPeak) { return dPeak.has_value(); };
     if (std::ranges::any_of(analysis.peaks, IsSet)) Warn("wilson-ignores", "peaks", c_strIgnored);
     if (analysis.bNonlinear.value_or(false)) Warn("wilson-ignores", "nonlinear", c_strIgnored);
-    CheckTimeStep(GetAxis(analysis, c_wilsonAxis));
+    CheckTimeStep(GetAxis(analysis));
     CheckInclinedSupports();
   }
 
-  void Check(const NewmarkJob& analysis) {
+  void Check(const NewmarkJob& given) {
+    const NewmarkJob analysis = WithDefaults(given);
     if (analysis.HasGroundMotion()) {
       CheckGroundMotion(analysis);
     } else {
@@ -120,28 +115,31 @@ class CAnalysisChecks {
     }
     const bool bSwapped = analysis.generalLoad && !(analysis.generalLoad->dTimeStep && analysis.generalLoad->dDuration);
     if (bSwapped) {
-      Warn("general-load", "general_load", "left out, the time step is 1 s and the duration 0.02 s: give both");
-    } else {
-      CheckTimeStep(GetAxis(analysis));
+      const TimeAxis axis = GetAxis(GeneralLoadJob());
+      Warn("general-load", "general_load",
+           "left out, the time step is " + FormatNumber(axis.dStep) + " s and the duration " +
+               FormatNumber(axis.dDuration) + " s: give both");
+    } else if (const auto axis = FindAxis(analysis)) {
+      CheckTimeStep(*axis);
     }
     CheckMassLoads(analysis.combination);
     CheckInclinedSupports();
   }
 
   void CheckNodalForces(const NewmarkJob& analysis) {
-    if (analysis.bNonlinear.value_or(false)) {
+    if (*analysis.bNonlinear) {
       Warn("nonlinear-forces", "nonlinear", "a run under nodal forces with it ends at once, without a result");
     }
-    if (analysis.bFromFile.value_or(false)) return;
-    const ImpulseLoadJob load = analysis.impulse.value_or(ImpulseLoadJob());
+    if (*analysis.bFromFile) return;
+    const ImpulseLoadJob load = WithDefaults(analysis.impulse.value_or(ImpulseLoadJob()));
     const auto HasForce = [](const JobImpulse& impulse) { return impulse.dPeak != 0.0; };
     if (std::none_of(load.impulses.begin(), load.impulses.end(), HasForce)) {
       Warn("no-impulse", "", "nodal forces without an impulse: nothing acts on the structure");
       return;
     }
     const bool bRectangular = load.nShape == c_nRectangular;
-    const double dTime = (bRectangular ? load.dUnloadTime : load.dPeakTime).value_or(0.0);
-    if (GetAxis(analysis).HasStepIn(dTime)) return;
+    const double dTime = *(bRectangular ? load.dUnloadTime : load.dPeakTime);
+    if (TimeAxis{*load.dTimeStep, *load.dDuration}.HasStepIn(dTime)) return;
     const std::string strKey = bRectangular ? "unload_time" : "peak_time";
     Warn("impulse-time", "impulse", strKey + " is " + FormatNumber(dTime) + " s, less than a time step: no force acts");
   }
@@ -160,7 +158,7 @@ class CAnalysisChecks {
     if (!bOblique && nDirections > 1) {
       Warn("one-direction", "earthquake", "the ground moves along " + std::string(c_strPeaks[nRecord]) + " alone");
     }
-    if (!analysis.bFromFile.value_or(false) || m_strJobPath.empty()) return;
+    if (!*analysis.bFromFile || m_strJobPath.empty()) return;
     const std::string strFile = m_strJobPath + std::string(suffix::c_strAcceleration[nRecord]);
     const std::string strReason = DescribeRecord(ReadRecord(strFile));
     if (!strReason.empty()) Warn("record", "", EscapeControls(strFile) + " " + strReason);

@@ -7,6 +7,7 @@
 
 #include "AnalysisReader.h"
 #include "DoubtfulInput.h"
+#include "JobCapacities.h"
 #include "JobReader.h"
 #include "skyframe/job/Places.h"
 #include "skyframe/platform/Platform.h"
@@ -20,13 +21,6 @@ constexpr std::uintmax_t c_nMaxFileSize = std::uintmax_t{256} << 20U;
 /// Stands for a coordinate in error; such a place coincides with no other.
 constexpr double c_dUnknown = std::numeric_limits<double>::quiet_NaN();
 constexpr std::string_view c_strJobSuffix = ".json";
-constexpr ArrayCapacity c_capacities[] = {{"springs", c_nMaxSpringGroups + 1},
-                                          {"nodes", c_nMaxNodes},
-                                          {"sections", c_nMaxSectionGroups},
-                                          {"elements", c_nMaxElements},
-                                          {"inclined_supports", c_nMaxNodes},
-                                          {"loads", c_nMaxLoads},
-                                          {"analyses", 1000}};
 
 /// Turns the tree into a job, part by part; every error is noted and reading goes on.
 class CJobParser {
@@ -34,6 +28,7 @@ class CJobParser {
   CJobParser(const Json& tree, JobFile& file) : m_root(tree, "", file.errors), m_file(file), m_job(file.job) {}
 
   void Parse() {
+    m_root.Text("$schema", Need::Optional);  // for editors
     m_job.strTitle = m_root.Text("title", Need::Optional).value_or("");
     ReadSprings();
     ReadNodes();

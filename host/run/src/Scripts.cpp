@@ -1,60 +1,112 @@
 #include "skyframe/run/Scripts.h"
 
-#include "ScriptBuilder.h"
-#include "skyframe/values/DialogIds.h"
+#include "skyframe/job/DialogFields.h"
+#include "skyframe/job/Text.h"
 
 namespace skyframe::host {
 
 namespace {
 
-constexpr std::array<int, 2> c_rootChecks = {c_nIdSturm, c_nIdModeComparison};
-constexpr std::array<int, 3> c_directions = {c_nIdDirectionX, c_nIdDirectionY, c_nIdDirectionZ};
-constexpr std::array<int, 4> c_siteClasses = {c_nIdSiteClass1, c_nIdSiteClass2, c_nIdSiteClass3, c_nIdSiteClass4};
-constexpr std::array<int, 3> c_zoneGroups = {c_nIdZoneGroup1, c_nIdZoneGroup2, c_nIdZoneGroup3};
-constexpr std::array<int, 6> c_intensities = {c_nIdIntensity6, c_nIdIntensity7,     c_nIdIntensity7Half,
-                                              c_nIdIntensity8, c_nIdIntensity8Half, c_nIdIntensity9};
-constexpr std::array<int, 2> c_levels = {c_nIdFrequentQuake, c_nIdRareQuake};
-constexpr std::array<int, 3> c_modalCombinations = {c_nIdSrss, c_nIdCqc, c_nIdGrp};
+/// The steps of a person in one dialog and in those that open from it. Values that are not set are not touched.
+class CScriptBuilder {
+ public:
+  CScriptBuilder(int nDialog, CHeadlessPlatform& platform)
+      : m_layout(*FindDialogTemplate(nDialog)), m_platform(platform) {}
+
+  template <DialogJob A>
+  static void Add(A analysis, CHeadlessPlatform& platform) {
+    if constexpr (requires { A::c_nMethod; }) {
+      CScriptBuilder choice(c_nIdDynOptionDlg, platform);
+      choice.Choose(c_nIdWilson, A::c_nMethod);
+      choice.Finish();
+    }
+    CScriptBuilder script(A::c_nDialog, platform);
+    VisitFields(script, analysis);
+    script.Finish();
+  }
+
+  template <Scalar T>
+  void Visit(const Field& field, const std::optional<T>& value, LimitsOf<T> limits = {}) {
+    if (value && field.HasControl()) Enter(field.controls.front(), *value, limits.lowest);
+  }
+  void Visit(const Field& field, const std::optional<int>& nIndex, Words /*words*/) { Visit(field, nIndex, {0, 0}); }
+  template <std::size_t nCount>
+  void Visit(const Field& field, const std::optional<std::array<double, nCount>>& values) {
+    for (std::size_t k = 0; values && k < nCount; ++k) Enter(field.controls[k], (*values)[k]);
+  }
+  template <DialogJob A>
+  void Visit(const Field& field, const std::optional<A>& part) {
+    if (!part) return;
+    Click(field.controls.front());
+    Add(*part, m_platform);
+  }
+  void Visit(const Field& field, const JobCombination& combination) {
+    if (combination.empty()) return;
+    Click(field.controls.front());
+    CScriptBuilder script(c_nIdLoadCombDlg, m_platform);
+    for (const auto& [nCase, dFactor] : combination) {
+      script.Enter(c_nIdFactor, dFactor);
+      script.m_steps.push_back(DialogStep::ToggleRow(c_nIdAvailable, GetCaseName(nCase)));
+      script.Click(c_nIdAdd);
+    }
+    script.Finish();
+  }
+  void Visit(const Field& field, const JobPeaks& peaks) {
+    for (std::size_t k = 0; k < peaks.size(); ++k) {
+      if (peaks[k]) Enter(field.controls[k], *peaks[k]);
+    }
+  }
+  void Visit(const Field& field, const JobAxes& axes) {
+    for (std::size_t k = 0; k < axes.size(); ++k) {
+      if (axes[k]) Enter(field.controls[k], true);
+    }
+  }
+  void Visit(const Field& /*field*/, const std::vector<JobImpulse>& impulses) {
+    for (const JobImpulse& impulse : impulses) {
+      Enter(c_nIdImpulseNode, impulse.nNode);
+      Enter(c_nIdImpulseDirection, impulse.nDirection);
+      Enter(c_nIdImpulsePeak, impulse.dPeak);
+      Click(c_nIdImpulseInsert);
+    }
+  }
+
+ private:
+  void Enter(int nControl, bool bOn, bool /*bLowest*/ = false) { m_steps.push_back(DialogStep::Tick(nControl, bOn)); }
+  void Enter(int nControl, double dValue, double /*dLowest*/ = 0.0) {
+    m_steps.push_back(DialogStep::Type(nControl, FormatNumber(dValue)));
+  }
+  void Enter(int nControl, int nValue, int nLowest = 0) {
+    if (m_layout.Find(nControl)->kind == ControlKind::Edit) {
+      m_steps.push_back(DialogStep::Type(nControl, std::to_string(nValue)));
+    } else {
+      Choose(nControl, nValue - nLowest);
+    }
+  }
+
+  /// An item of a drop list, or a button of the group that starts with the control.
+  void Choose(int nControl, int nIndex) {
+    const bool bList = m_layout.Find(nControl)->kind == ControlKind::DropList;
+    m_steps.push_back(bList ? DialogStep::ChooseItem(nControl, nIndex)
+                            : DialogStep::Choose(m_layout.GetRadioGroup(nControl)[static_cast<std::size_t>(nIndex)]));
+  }
+
+  void Click(int nButton) { m_steps.push_back(DialogStep::Click(nButton)); }
+
+  /// Ends the dialog with OK and hands the script to the platform.
+  void Finish() {
+    m_steps.push_back(DialogStep::Ok());
+    m_platform.AddScript(m_layout.nId, std::move(m_steps));
+  }
+
+  const DialogTemplate& m_layout;
+  CHeadlessPlatform& m_platform;
+  std::vector<DialogStep> m_steps;
+};
 
 }  // namespace
 
-void AddScripts(const StaticJob& analysis, CHeadlessPlatform& platform) {
-  CScriptBuilder script(c_nIdNonlinStaticDlg, platform);
-  script.Tick(c_nIdNonlinear, analysis.bNonlinear);
-  script.ChooseItem(c_nIdCriterion, analysis.nCriterion);
-  script.Type(c_nIdTolerance, analysis.dTolerance);
-  script.TypeInteger(c_nIdMaxIter, analysis.nMaxIterations);
-  script.Combine(c_nIdLoadComb, analysis.combination);
-  script.Finish();
-}
-
-void AddScripts(const ModalJob& analysis, CHeadlessPlatform& platform) {
-  CScriptBuilder script(c_nIdModeDlg, platform);
-  script.TypeInteger(c_nIdModes, analysis.nModes);
-  script.Choose(c_rootChecks, analysis.nRootCheck);
-  script.Type(c_nIdAccuracy, analysis.dAccuracy);
-  script.TypeInteger(c_nIdIterMultiple, analysis.nIterationMultiple);
-  script.Tick(c_nIdShear, analysis.bShear);
-  script.Combine(c_nIdModeLoadComb, analysis.combination);
-  script.Finish();
-}
-
-void AddScripts(const SpectrumJob& analysis, CHeadlessPlatform& platform) {
-  CScriptBuilder script(c_nIdSpectrumDlg, platform);
-  const auto ToIndex = [](std::optional<int> nValue) { return nValue ? std::optional(*nValue - 1) : nValue; };
-  script.TypeInteger(c_nIdMeshDiv, analysis.nMeshDivision);
-  script.TypeInteger(c_nIdExpandModes, analysis.nModes);
-  for (std::size_t k = 0; analysis.direction && k < c_directions.size(); ++k) {
-    script.Type(c_directions[k], (*analysis.direction)[k]);
-  }
-  script.Choose(c_siteClasses, ToIndex(analysis.nSiteClass));
-  script.Choose(c_zoneGroups, ToIndex(analysis.nZoneGroup));
-  script.Choose(c_intensities, analysis.nIntensity);
-  script.Choose(c_levels, analysis.nLevel);
-  script.Type(c_nIdDampRatio, analysis.dDamping);
-  script.Choose(c_modalCombinations, analysis.nMethod);
-  script.Combine(c_nIdLoadValues, analysis.combination);
-  script.Finish();
+void AddScripts(const JobAnalysis& analysis, CHeadlessPlatform& platform) {
+  std::visit([&platform](const auto& parameters) { CScriptBuilder::Add(parameters, platform); }, analysis);
 }
 
 }  // namespace skyframe::host

@@ -14,6 +14,8 @@
 namespace skyframe {
 
 class CDialog;
+struct DialogTemplate;
+class IDialogView;
 
 /// Broken-down local time; month 1..12, year with four digits.
 struct LocalTime {
@@ -60,6 +62,8 @@ class SKYFRAME_API IPlatform {
 
   /// Runs the dialog until it ends. Returns c_nIdOk or c_nIdCancel.
   virtual int RunModal(CDialog& dialog) = 0;
+  /// A dialog was ended with OK; its controls are still there. May be ignored.
+  virtual void DialogAccepted(const DialogTemplate& layout, const IDialogView& view);
 
   /// Wait-cursor requests nest.
   void BeginWaitCursor();

@@ -8,11 +8,14 @@
 #include <variant>
 #include <vector>
 
+#include "skyframe/values/DialogIds.h"
+
 namespace skyframe::host {
 
 inline constexpr std::array<std::string_view, 4> c_strElementTypes = {"bar", "beam", "cable", "membrane"};
 inline constexpr std::array<std::string_view, 2> c_strJoints = {"pinned", "rigid"};
 inline constexpr std::array<std::string_view, 6> c_strDirections = {"X", "Y", "Z", "RX", "RY", "RZ"};
+inline constexpr std::array<std::string_view, 3> c_strAxes = {"X", "Y", "Z"};
 inline constexpr std::array<std::string_view, 4> c_strCriteria = {"force_abs", "disp_abs", "force_rel", "disp_rel"};
 inline constexpr std::array<std::string_view, 2> c_strRootChecks = {"sturm", "compare"};
 inline constexpr std::array<std::string_view, 6> c_strIntensities = {"6 (0.05g)", "7 (0.10g)", "7 (0.15g)",
@@ -86,9 +89,12 @@ struct JobLoad {
 /// Factor of each load case that takes part.
 using JobCombination = std::map<int, double>;
 
-// Analyses. What is not set keeps the dialog's own default.
+// Analyses. What is not set keeps the dialog's own default. Fields.h tells what the members are.
 
 struct StaticJob {
+  static constexpr std::string_view c_strType = "static";
+  static constexpr int c_nDialog = c_nIdNonlinStaticDlg;
+
   std::optional<bool> bNonlinear;
   std::optional<int> nCriterion;
   std::optional<double> dTolerance;
@@ -99,6 +105,9 @@ struct StaticJob {
 };
 
 struct ModalJob {
+  static constexpr std::string_view c_strType = "modal";
+  static constexpr int c_nDialog = c_nIdModeDlg;
+
   std::optional<int> nModes;
   std::optional<int> nRootCheck;
   std::optional<double> dAccuracy;
@@ -111,6 +120,9 @@ struct ModalJob {
 };
 
 struct SpectrumJob {
+  static constexpr std::string_view c_strType = "spectrum";
+  static constexpr int c_nDialog = c_nIdSpectrumDlg;
+
   std::optional<int> nModes;
   std::optional<int> nMeshDivision;
   std::optional<std::array<double, 3>> direction;
@@ -128,11 +140,18 @@ struct SpectrumJob {
   bool operator==(const SpectrumJob&) const = default;
 };
 
+/// Which of X, Y, Z.
+using JobAxes = std::array<bool, 3>;
+
 /// Peaks X, Y, Z, oblique.
 using JobPeaks = std::array<std::optional<double>, 4>;
 
 /// Time history by the Wilson method under the loads of the job's impulse file.
 struct WilsonJob {
+  static constexpr std::string_view c_strType = "time_history";
+  static constexpr int c_nMethod = 0;
+  static constexpr int c_nDialog = c_nIdWilsonDlg;
+
   std::optional<std::array<double, 2>> damping;
   std::optional<double> dTheta;
   std::optional<double> dTimeStep;
@@ -153,6 +172,8 @@ struct JobImpulse {
 };
 
 struct ImpulseLoadJob {
+  static constexpr int c_nDialog = c_nIdImpulseLoadDlg;
+
   std::optional<int> nShape;
   std::vector<JobImpulse> impulses;
   std::optional<double> dPeakTime;
@@ -164,6 +185,8 @@ struct ImpulseLoadJob {
 };
 
 struct GeneralLoadJob {
+  static constexpr int c_nDialog = c_nIdGeneralLoadDlg;
+
   std::optional<double> dTimeStep;
   std::optional<double> dDuration;
 
@@ -171,10 +194,12 @@ struct GeneralLoadJob {
 };
 
 struct EarthquakeJob {
+  static constexpr int c_nDialog = c_nIdEarthquakeDlg;
+
   std::optional<double> dTimeStep;
   std::optional<double> dDuration;
   std::optional<int> nMode;
-  std::array<bool, 3> directions = {};               ///< principal mode
+  JobAxes directions = {};                           ///< principal mode
   std::optional<std::array<double, 3>> obliqueAxis;  ///< oblique mode
   JobPeaks peaks;
 
@@ -183,6 +208,10 @@ struct EarthquakeJob {
 
 /// Time history by the Newmark method.
 struct NewmarkJob {
+  static constexpr std::string_view c_strType = "time_history";
+  static constexpr int c_nMethod = 1;
+  static constexpr int c_nDialog = c_nIdNewmarkDlg;
+
   std::optional<int> nLoad;
   std::optional<std::array<double, 2>> damping;
   std::optional<double> dAlpha;

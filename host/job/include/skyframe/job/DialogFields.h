@@ -1,0 +1,31 @@
+#pragma once
+
+#include "skyframe/connect/Dialogs.h"
+#include "skyframe/job/Fields.h"
+
+namespace skyframe::host {
+
+/// Name of a load case in the load-combination dialog.
+[[nodiscard]] std::string GetCaseName(int nCase);
+
+/// Puts together an analysis from the dialogs that a person ended with OK.
+class CDialogRecorder {
+ public:
+  /// For IPlatform::DialogAccepted; of several openings of a dialog the last one counts.
+  void Accept(const DialogTemplate& layout, const IDialogView& view) {
+    m_dialogs[layout.nId] = ReadContent(layout, view);
+  }
+
+  /// Every value that could be changed; nothing when there is no parameter dialog among those accepted. Factors of a
+  /// combination and peaks of impulses have the decimals that the dialogs show.
+  [[nodiscard]] std::optional<JobAnalysis> GetAnalysis() const;
+
+ private:
+  std::map<int, DialogContent> m_dialogs;
+};
+
+/// The analysis, or its part with a dialog of its own, and for what it leaves out what its dialog opens with.
+template <DialogJob A>
+[[nodiscard]] A WithDefaults(A analysis);
+
+}  // namespace skyframe::host

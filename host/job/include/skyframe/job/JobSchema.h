@@ -1,0 +1,17 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace skyframe::host {
+
+/// JSON Schema of a job file, for editors. Rules between fields are not in it.
+[[nodiscard]] std::string FormatJobSchema();
+
+enum class Language { English, Chinese };
+
+/// The manual's table of an analysis ("static", "modal", "spectrum", "wilson", "newmark") or of a part of one
+/// ("impulse", "general_load", "earthquake"). Empty for any other name.
+[[nodiscard]] std::string FormatFieldTable(std::string_view strName, Language language);
+
+}  // namespace skyframe::host

@@ -1,0 +1,111 @@
+#include "TestPlatform.h"
+#include "skyframe/dialogs/DynOptionDlg.h"
+#include "skyframe/dialogs/ModeDlg.h"
+#include "skyframe/dialogs/NewmarkDlg.h"
+#include "skyframe/dialogs/NonlinStaticDlg.h"
+#include "skyframe/dialogs/SpectrumDlg.h"
+#include "skyframe/dialogs/WilsonDlg.h"
+#include "skyframe/hostdata/HostData.h"
+#include "skyframe/job/DialogFields.h"
+#include "skyframe/platform/HeadlessPlatform.h"
+#include "skyframe/run/Scripts.h"
+
+namespace skyframe::host {
+namespace {
+
+/// Puts analyses together again from the dialogs that their scripts fill in.
+class CRecordingPlatform : public CHeadlessPlatform {
+ public:
+  CRecordingPlatform() : CHeadlessPlatform(m_strmOutput, m_strmOutput), m_pPrevious(InstallPlatform(this)) {}
+  ~CRecordingPlatform() override { InstallPlatform(m_pPrevious); }
+  CRecordingPlatform(const CRecordingPlatform&) = delete;
+  CRecordingPlatform& operator=(const CRecordingPlatform&) = delete;
+
+  void DialogAccepted(const DialogTemplate& layout, const IDialogView& view) override {
+    m_recorder.Accept(layout, view);
+  }
+
+  template <class Dialog>
+  void Open() {
+    Dialog dialog;
+    if constexpr (requires { dialog.m_loadComb; }) dialog.m_loadComb.nLoadTypes = c_nLoadTypes;
+    dialog.DoModal();
+  }
+  void Run(const StaticJob&) { Open<CNonlinStaticDlg>(); }
+  void Run(const ModalJob&) { Open<CModeDlg>(); }
+  void Run(const SpectrumJob&) { Open<CSpectrumDlg>(); }
+  void Run(const WilsonJob&) { Open<CDynOptionDlg>(), Open<CWilsonDlg>(); }
+  void Run(const NewmarkJob&) { Open<CDynOptionDlg>(), Open<CNewmarkDlg>(); }
+
+  [[nodiscard]] std::optional<JobAnalysis> GetAnalysis() const { return m_recorder.GetAnalysis(); }
+
+  std::optional<JobAnalysis> Record(const JobAnalysis& analysis) {
+    m_recorder = {};
+    AddScripts(analysis, *this);
+    std::visit([this](const auto& parameters) { Run(parameters); }, analysis);
+    EXPECT_EQ(GetScriptErrors(), std::vector<std::string>{});
+    return m_recorder.GetAnalysis();
+  }
+
+ private:
+  std::ostringstream m_strmOutput;
+  IPlatform* m_pPrevious;
+  CDialogRecorder m_recorder;
+};
+
+NewmarkJob MakeNewmark(int nLoad, bool bNonlinear, bool bFromFile) {
+  NewmarkJob job;
+  std::tie(job.nLoad, job.damping, job.dAlpha, job.dDelta) = std::tuple(nLoad, std::array{0.01, 0.03}, 0.3, 0.6);
+  std::tie(job.bNonlinear, job.bFromFile) = std::tuple(bNonlinear, bFromFile);
+  if (bNonlinear) std::tie(job.nCriterion, job.dTolerance, job.nMaxIterations) = std::tuple(3, 1e-9, 7);
+  return job;
+}
+
+TEST(DialogFields, WhatIsEnteredIsReadBack) {
+  ResetHostData();
+  CRecordingPlatform platform;
+  NewmarkJob impulse = MakeNewmark(0, true, false);
+  impulse.impulse = ImpulseLoadJob{1, {{11, 2, -3.5}, {4, 0, 8.25}}, 0.1, 0.25, 0.005, 1.5};
+  NewmarkJob fromFile = MakeNewmark(0, false, true);
+  fromFile.generalLoad = GeneralLoadJob{0.004, 2.5};
+  NewmarkJob principal = MakeNewmark(1, true, false);
+  principal.earthquake = EarthquakeJob{0.02, 9.0, 0, {true, false, true}, {}, JobPeaks{0.7, {}, 0.5, {}}};
+  NewmarkJob oblique = MakeNewmark(1, false, true);
+  oblique.earthquake = EarthquakeJob{0.01, 8.0, 1, {}, std::array{0.0, 3.0, 4.0}, JobPeaks{std::nullopt, {}, {}, 0.9}};
+  std::vector<JobAnalysis> analyses = {
+      StaticJob{false, 3, 1.25e-7, 77, {{0, 1.2}, {1, 0.5}, {11, -0.33}}},
+      ModalJob{6, 1, 1e-10, 9, true, {{2, 0.5}}},
+      WilsonJob{std::array{0.01, 0.03}, 1.37, 0.002, 4.0, true, JobPeaks{0.1, 0.2, 0.3, 0.4}, {{1, 2.0}}},
+      impulse,
+      fromFile,
+      principal,
+      oblique};
+  for (int k = 0; k < 6; ++k) {
+    const std::array direction = {0.6, 0.8, 0.1};
+    analyses.emplace_back(SpectrumJob{8, 3, direction, k % 4 + 1, k % 3 + 1, k, k % 2, 0.035, k % 3, {{0, 1.0}}});
+  }
+  for (std::size_t k = 0; k < analyses.size(); ++k) EXPECT_EQ(platform.Record(analyses[k]), analyses[k]) << k;
+
+  // What is left out comes back as the dialog had it.
+  EXPECT_EQ(platform.Record(StaticJob{}), JobAnalysis(WithDefaults(StaticJob{})));
+  EXPECT_EQ(platform.Record(WilsonJob{}), JobAnalysis(WithDefaults(WilsonJob{})));
+}
+
+TEST(DialogFields, LoadsOfAKindNoLongerChosenAreLetGo) {
+  CRecordingPlatform platform;
+  const auto Click = [](int nId) { return DialogStep::Click(nId); };
+  platform.AddScript(c_nIdImpulseLoadDlg, {Click(c_nIdOk)});
+  platform.AddScript(c_nIdEarthquakeDlg, {Click(c_nIdOk)});
+  platform.AddScript(c_nIdNewmarkDlg, {Click(c_nIdImpulseLoad), Click(c_nIdGroundMotion), Click(c_nIdEarthquake),
+                                       Click(c_nIdNodalForce), Click(c_nIdFromFile), Click(c_nIdOk)});
+  platform.Open<CNewmarkDlg>();
+  NewmarkJob expected = WithDefaults(NewmarkJob());
+  expected.bFromFile = true;
+  expected.nCriterion.reset();  // disabled while linear
+  expected.dTolerance.reset();
+  expected.nMaxIterations.reset();
+  EXPECT_EQ(platform.GetAnalysis(), JobAnalysis(expected));
+}
+
+}  // namespace
+}  // namespace skyframe::host
