@@ -186,6 +186,7 @@ TEST(SpectrumAnalysis, TwoStoreyShearFrameByHand) {
     ExpectRow(Vector(findings.baseShear.begin(), findings.baseShear.end()), {V, 0, 0}, 1e-9 * V);
     ExpectRow(findings.modalMass, {1, 1});
     for (const int i : {0, 1}) {
+      EXPECT_NEAR(findings.alpha[i], CDesignSpectrum(0.08, 0.35).GetAlpha(6.2831852 / frame.omega[i], 0.05), 1e-6);
       EXPECT_NEAR(findings.effectiveMasses[i][0], frame.gamma[i] * frame.gamma[i], 1e-4 * frame.dTotalMass);
       ExpectRow(findings.displacements[i + 1],
                 Vector(file.displacements[i + 1].begin(), file.displacements[i + 1].end()));
