@@ -1,8 +1,3 @@
-#include <gtest/gtest.h>
-
-#include <cmath>
-#include <limits>
-
 #include "MastJob.h"
 #include "skyframe/plot/Chart.h"
 #include "skyframe/plot/Pictures.h"

@@ -1,8 +1,7 @@
 // Readers of result files: what is damaged, or belongs to another model, is refused.
 
-#include <functional>
-
 #include "ResultFiles.h"
+#include "TestPlatform.h"
 #include "fuzz/TextPlatform.h"
 
 namespace skyframe::host {

@@ -1,12 +1,5 @@
 // What is drawn of a job: camera, supports, bent members, shapes from result files.
 
-#include <gtest/gtest.h>
-
-#include <cmath>
-#include <filesystem>
-#include <fstream>
-#include <sstream>
-
 #include "MastJob.h"
 #include "skyframe/run/PlatformScope.h"
 #include "skyframe/scene/BentMember.h"

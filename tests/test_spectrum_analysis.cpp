@@ -1,19 +1,7 @@
 // Modal combination, and the spectrum analysis from the mode file to the ".spec" file.
 
-#include <gtest/gtest.h>
-
-#include <algorithm>
-#include <array>
-#include <cmath>
-#include <functional>
-#include <numeric>
-#include <span>
-#include <tuple>
-
-#include "HostModel.h"
 #include "ModalModels.h"
 #include "ResultFiles.h"
-#include "TestPlatform.h"
 #include "skyframe/modal/DesignSpectrum.h"
 #include "skyframe/modal/ModalCombination.h"
 
@@ -91,7 +79,7 @@ void ExpectRow(std::span<const double> actual, const Vector& expected, double dT
 }
 
 TEST(SpectrumAnalysis, OneBarLetterForLetter) {
-  CSpectrumRun run(FillOneBar, 1, 1);
+  CSpectrumRun run([](CHostModel& h) { FillOneBar(h); }, 1, 1);
   run.platform->SetClock({{2025, 12, 31, 23, 59, 9}});
   run.model.m_nCombMethod = c_nCqc;
   run.Analyse();
@@ -198,6 +186,7 @@ TEST(SpectrumAnalysis, TwoStoreyShearFrameByHand) {
     ExpectRow(Vector(findings.baseShear.begin(), findings.baseShear.end()), {V, 0, 0}, 1e-9 * V);
     ExpectRow(findings.modalMass, {1, 1});
     for (const int i : {0, 1}) {
+      EXPECT_NEAR(findings.alpha[i], CDesignSpectrum(0.08, 0.35).GetAlpha(6.2831852 / frame.omega[i], 0.05), 1e-6);
       EXPECT_NEAR(findings.effectiveMasses[i][0], frame.gamma[i] * frame.gamma[i], 1e-4 * frame.dTotalMass);
       ExpectRow(findings.displacements[i + 1],
                 Vector(file.displacements[i + 1].begin(), file.displacements[i + 1].end()));
