@@ -2,12 +2,7 @@
 
 #include <unistd.h>
 
-#include <filesystem>
-#include <fstream>
-#include <sstream>
-#include <string>
-#include <vector>
-
+#include "TestPlatform.h"
 #include "skyframe/cli/CommandLine.h"
 
 namespace skyframe::test {

@@ -1,12 +1,6 @@
 #pragma once
 
-#include <gtest/gtest.h>
-
-#include <cmath>
-#include <numbers>
-#include <vector>
-
-#include "HostModel.h"
+#include "TestPlatform.h"
 #include "skyframe/modal/ModalPencil.h"
 
 namespace skyframe::test {
@@ -21,13 +15,39 @@ inline void FillCantilever(CHostModel& host, int nElements) {
   for (int i = 1; i <= nElements; ++i) host.AddElement(c_nBeam, i, i + 1, 103);
 }
 
-/// One bar along X that moves along X only: A = 0.01 m2, L = 2 m, k = 1.03e9 N/m; 100 kN at the free end.
-inline void FillOneBar(CHostModel& host) {
-  host.SetSection(1, 2, 10000);
+/// One bar along X that moves along X only: L = 2 m, k = 1.03e9 N/m for an area of 0.01 m2.
+inline void FillBar(CHostModel& host, double dArea = 10000) {
+  host.SetSection(1, 2, dArea);
   host.AddNode(0, 0, 0, c_nPinned, "111000");
   host.AddNode(2, 0, 0, c_nPinned, "011000");
   host.AddElement(c_nBar, 1, 2, 102);
-  host.AddLoad(0, 2, 2, 100.0);
+}
+
+/// The same with 100 kN along Z at its end, which is mass.
+inline void FillOneBar(CHostModel& host, double dArea = 10000) {
+  FillBar(host, dArea);
+  host.AddLoad(0, 2, c_nDofZ, 100.0);
+}
+
+/// Two bars to an apex 1 m above the supports, half-span 4 m, EA = 2.06e8 N.
+inline void FillArch(CHostModel& host) {
+  host.SetSection(1, 2, 1000);
+  host.AddNode(-4, 0, 0, c_nPinned, "111000");
+  host.AddNode(0, 0, 1, c_nPinned, "010000");
+  host.AddNode(4, 0, 0, c_nPinned, "111000");
+  host.AddElement(c_nBar, 1, 2);
+  host.AddElement(c_nBar, 3, 2);
+}
+
+/// A frame that leans every way.
+inline void FillLeaningFrame(CHostModel& host) {
+  host.SetSection(1, 2, 6000, 5e6, 2e7, 4e7);
+  host.AddNode(0, 0, 0, c_nRigid, "111111");
+  host.AddNode(0.2, 0.1, 3);
+  host.AddNode(4, 0, 3.1);
+  host.AddNode(4, 0.3, 0, c_nPinned, "111000");
+  for (const int n : {1, 2, 3}) host.AddElement(c_nBeam, n, n + 1);
+  host.AddElement(c_nBar, 1, 3);
 }
 
 /// Square towers of rigid frames, one bay: equal stiffness along X and Y, nothing between them.

@@ -1,8 +1,6 @@
 #pragma once
 
-#include <gtest/gtest.h>
-
-#include "HostModel.h"
+#include "TestPlatform.h"
 #include "skyframe/results/HistoryResultFile.h"
 #include "skyframe/results/ModeResultFile.h"
 #include "skyframe/results/SpectrumResultFile.h"

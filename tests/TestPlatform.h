@@ -2,13 +2,37 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <cstring>
+#include <filesystem>
+#include <fstream>
+#include <functional>
+#include <iterator>
+#include <limits>
+#include <map>
+#include <memory>
+#include <numbers>
+#include <numeric>
+#include <optional>
+#include <random>
+#include <set>
+#include <span>
 #include <sstream>
 #include <string>
+#include <tuple>
+#include <utility>
 #include <vector>
 
+#include "HostModel.h"
 #include "skyframe/platform/HeadlessPlatform.h"
 
 namespace skyframe::test {
+
+using Strings = std::vector<std::string>;
+using Do = DialogStep;
+using Steps = std::vector<DialogStep>;
 
 /// Headless platform in force for the life of the object; its streams are kept in strings.
 class CTestPlatform {
@@ -21,12 +45,17 @@ class CTestPlatform {
   CHeadlessPlatform& operator*() { return m_platform; }
   CHeadlessPlatform* operator->() { return &m_platform; }
   std::string GetConsole() const { return m_strmConsole.str(); }
-  const std::vector<std::string>& GetMessages() const { return m_platform.GetMessages(); }
+  const Strings& GetMessages() const { return m_platform.GetMessages(); }
+  const std::vector<double>& GetProgress() const { return m_platform.m_progress; }
 
  private:
   std::ostringstream m_strmMessages;
   std::ostringstream m_strmConsole;
-  CHeadlessPlatform m_platform;
+  struct CPlatform : CHeadlessPlatform {
+    using CHeadlessPlatform::CHeadlessPlatform;
+    void ReportProgress(double dFraction, std::string_view) override { m_progress.push_back(dFraction); }
+    std::vector<double> m_progress;
+  } m_platform;
   IPlatform* m_pPrevious;
 };
 

@@ -1,10 +1,6 @@
 #pragma once
 
-#include <algorithm>
-#include <cmath>
-#include <cstddef>
-#include <random>
-#include <vector>
+#include "TestPlatform.h"
 
 /// The skyline factorisation as the textbook writes it, and random matrices to try it on.
 namespace skyframe::test {

@@ -1,13 +1,10 @@
 // Ground-motion records: reading, scaling, choice of the file, the acceleration vector.
 
-#include <cmath>
-
-#include "HostModel.h"
 #include "TestPlatform.h"
 #include "skyframe/history/GroundMotion.h"
 #include "skyframe/model/AnalysisModel.h"
 
-namespace skyframe {
+namespace skyframe::test {
 namespace {
 
 std::vector<double> ReadText(const std::string& strText, double dPeak) {
@@ -36,7 +33,7 @@ TEST(AccelerationRecord, ScaledToThePeak) {
 }
 
 TEST(AccelerationRecord, StandardRecord) {
-  test::CTestPlatform platform;
+  CTestPlatform platform;
   const auto record = ReadAccelerationRecord(SKYFRAME_SOURCE_DIR "\\data\\GroundAccData\\Elcentro.txt", 0.35);
   ASSERT_TRUE(record);
   EXPECT_EQ(record->size(), 1559U);
@@ -58,8 +55,8 @@ class GroundMotion : public testing::Test {
     m_settings.m_dObliqueCoef = {0.6, 0.0, -0.8};
   }
 
-  test::CTestPlatform m_platform;
-  const test::CJobFolder m_folder{"acceleration"};
+  CTestPlatform m_platform;
+  const CJobFolder m_folder{"acceleration"};
   QuakeSettings m_settings;
   CGroundMotion m_motion;
 };
@@ -94,20 +91,20 @@ TEST_F(GroundMotion, FileAndPeakOfEveryChoice) {
     if (c.strMessage == nullptr) continue;
     m_settings.m_strQuakeFile += ".missing";
     EXPECT_FALSE(m_motion.Read(m_settings, c.bFromFile, m_folder.GetPath("_none")));
-    EXPECT_EQ(m_platform.GetMessages(), std::vector<std::string>{c.strMessage});
+    EXPECT_EQ(m_platform.GetMessages(), Strings{c.strMessage});
     m_platform->Clear();
   }
 }
 
 TEST_F(GroundMotion, ActsOnFreeTranslationsOfNodesThatHaveThem) {
-  test::CHostModel host;
+  CHostModel host;
   host.SetSection(1, 2, 1000.0, 1e6, 1e6, 1e6);
-  const int nFixed = host.AddNode(0, 0, 0, test::c_nRigid, "111111");
+  const int nFixed = host.AddNode(0, 0, 0, c_nRigid, "111111");
   const int nRigid = host.AddNode(1, 0, 0);
-  const int nGuided = host.AddNode(2, 0, 0, test::c_nPinned, "010000");
+  const int nGuided = host.AddNode(2, 0, 0, c_nPinned, "010000");
   host.AddNode(9, 9, 9);  // no element: no equations
-  host.AddElement(test::c_nBeam, nFixed, nRigid);
-  host.AddElement(test::c_nBar, nRigid, nGuided);
+  host.AddElement(c_nBeam, nFixed, nRigid);
+  host.AddElement(c_nBar, nRigid, nGuided);
   CAnalysisModel model;
   model.BuildModel();
   ASSERT_TRUE(model.m_bValid);
@@ -124,4 +121,4 @@ TEST_F(GroundMotion, ActsOnFreeTranslationsOfNodesThatHaveThem) {
 }
 
 }  // namespace
-}  // namespace skyframe
+}  // namespace skyframe::test

@@ -1,11 +1,4 @@
-#include <gtest/gtest.h>
-
-#include <cmath>
-#include <functional>
-#include <sstream>
-
-#include "HostModel.h"
-#include "ResultFiles.h"
+#include "TestPlatform.h"
 #include "skyframe/connect/Findings.h"
 #include "skyframe/connect/Inquiries.h"
 #include "skyframe/run/DataDirectory.h"
@@ -231,19 +224,6 @@ TEST_F(AdviceOnRuns, RecordOfZerosAndTheHistoryThatStays) {
   EXPECT_NE(m_strOut.find("peak displacement X   not finite"), std::string::npos) << m_strOut;
   EXPECT_EQ(outcome.advice[2][0].strName, "older-history");
   EXPECT_NE(outcome.advice[2][0].strText.find("Newmark, linear, 50 steps of 0.02 s, finished "), std::string::npos);
-}
-
-/// The base shear stands in the file: support forces of the run, whatever combination the modal run had.
-TEST_F(AdviceOnRuns, BaseShearBelongsToTheFile) {
-  Job job = MakePortal();
-  job.elements.resize(1);  // a mast, one support
-  for (const JobCombination& combination : {c_dead, JobCombination{{0, 0.5}}, JobCombination{}}) {
-    job.analyses = {MakeModal(4), MakeSpectrum(4, combination)};
-    EXPECT_TRUE(Run(job).bGood) << m_strErr;
-    const double dForce = test::ReadSpectrum(m_folder).supports.at(0).forces[0];
-    EXPECT_NEAR(GetSpectrumFindings().baseShear[0], dForce, 1e-5 * dForce);
-    EXPECT_GT(dForce, 0.0);
-  }
 }
 
 /// The inquiries against what is known of two equal masts of one element.

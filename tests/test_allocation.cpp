@@ -1,9 +1,5 @@
 // Every entry point, with every allocation of the call failing in turn.
 
-#include <gtest/gtest.h>
-
-#include <cstdlib>
-#include <memory>
 #include <new>
 
 #include "EntryPoints.h"

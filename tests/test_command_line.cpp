@@ -1,25 +1,11 @@
-#include <gtest/gtest.h>
-
 #include <sys/stat.h>
 #include <unistd.h>
-
-#include <cmath>
-#include <filesystem>
-#include <fstream>
-#include <memory>
-#include <sstream>
-#include <string>
-#include <tuple>
-#include <vector>
 
 #include "FullDisk.h"
 #include "TestPlatform.h"
 #include "skyframe/cli/CommandLine.h"
 #include "skyframe/dialogs/DynOptionDlg.h"
-#include "skyframe/dialogs/ModeDlg.h"
 #include "skyframe/dialogs/NewmarkDlg.h"
-#include "skyframe/dialogs/NonlinStaticDlg.h"
-#include "skyframe/dialogs/SpectrumDlg.h"
 #include "skyframe/dialogs/WilsonDlg.h"
 #include "skyframe/hostdata/HostData.h"
 #include "skyframe/run/Scripts.h"
@@ -302,44 +288,6 @@ class Scripts : public ::testing::Test {
 
   test::CTestPlatform m_platform;
 };
-
-std::vector<double> GetFactors(const LoadCombination& combination) {
-  std::vector<double> factors;
-  for (int k = 0; k < c_nCaseCount; ++k) factors.push_back(combination.flags[k] * combination.factors[k]);
-  return factors;
-}
-
-TEST_F(Scripts, WhatAJobLeavesOutKeepsTheDialogsDefault) {
-  const CNonlinStaticDlg first;
-  const auto p = Open<CNonlinStaticDlg>(StaticJob{});
-  EXPECT_EQ(std::tuple(p->m_bNonlinear, p->m_nConvCriterion, p->m_dConvTol, p->m_nMaxIter),
-            std::tuple(first.m_bNonlinear, first.m_nConvCriterion, first.m_dConvTol, first.m_nMaxIter));
-  EXPECT_EQ(GetFactors(p->m_loadComb), (std::vector<double>{0, 0, 0, 0}));
-  EXPECT_FALSE(m_platform->HasUnusedScripts());
-}
-
-TEST_F(Scripts, StaticAndModalValuesArrive) {
-  const auto pStatic = Open<CNonlinStaticDlg>(StaticJob{false, 3, 1.25e-7, 77, {{0, 1.2}, {3, -0.3333333333}}});
-  EXPECT_EQ(std::tuple(pStatic->m_bNonlinear, pStatic->m_nConvCriterion, pStatic->m_dConvTol, pStatic->m_nMaxIter),
-            std::tuple(0, 3, 1.25e-7, 77));
-  EXPECT_EQ(GetFactors(pStatic->m_loadComb), (std::vector<double>{1.2, 0, 0, -0.3333333333}));
-  const auto p = Open<CModeDlg>(ModalJob{6, 1, 1e-10, 9, true, {{2, 0.5}}});
-  EXPECT_EQ(std::tuple(p->m_nModes, p->m_nRootCheck, p->m_dModeTol, p->m_nIterMultiple, p->m_bShear),
-            std::tuple(6, 1, 1e-10, 9, 1));
-  EXPECT_EQ(GetFactors(p->m_loadComb), (std::vector<double>{0, 0, 0.5, 0}));
-}
-
-TEST_F(Scripts, SpectrumValuesArrive) {
-  for (int k = 0; k < 6; ++k) {
-    const auto p =
-        Open<CSpectrumDlg>(SpectrumJob{8, 3, std::array{0.6, 0.8, 0.1}, 4, 2, k, 1, 0.035, 2, {{0, 1.0}, {1, 0.5}}});
-    EXPECT_EQ(std::tuple(p->m_nIntensity, p->m_nExpandModes, p->m_nMeshDiv, p->m_nQuakeLevel, p->m_dDampRatio,
-                         p->m_nCombMethod, p->m_nSiteClass, p->m_nZoneGroup),
-              std::tuple(k + 6, 8, 3, 1, 0.035, 2, 4, 2));
-    EXPECT_EQ(p->m_dDirCoef, (std::array{0.6, 0.8, 0.1}));
-    EXPECT_EQ(GetFactors(p->m_loadComb), (std::vector<double>{1.0, 0.5, 0, 0}));
-  }
-}
 
 TEST_F(Scripts, TimeHistoryValuesArrive) {
   const WilsonJob wilson{std::array{0.01, 0.03}, 1.37, 0.002, 4.0, true, JobPeaks{0.1, 0.2, 0.3, 0.4}, {{1, 2.0}}};

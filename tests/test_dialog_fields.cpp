@@ -1,7 +1,4 @@
-#include <gtest/gtest.h>
-
-#include <sstream>
-
+#include "TestPlatform.h"
 #include "skyframe/dialogs/DynOptionDlg.h"
 #include "skyframe/dialogs/ModeDlg.h"
 #include "skyframe/dialogs/NewmarkDlg.h"

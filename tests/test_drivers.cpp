@@ -1,20 +1,7 @@
 // The modal and spectrum drivers: elapsed time, renumbering bracket, parameters, early ends.
 
-#include <gtest/gtest.h>
-
-#include <algorithm>
-#include <cmath>
-#include <cstring>
-#include <functional>
-#include <limits>
-#include <numeric>
-#include <random>
-#include <span>
-
-#include "HostModel.h"
 #include "ModalModels.h"
-#include "ResultFiles.h"
-#include "TestPlatform.h"
+#include "skyframe/connect/Findings.h"
 #include "skyframe/connect/ModeConnect.h"
 #include "skyframe/model/AnalysisModel.h"
 
@@ -53,13 +40,13 @@ struct CDriverRun {
   CDriverRun() { FillShuffledFrame(host); }
 
   void RunModal(bool bDeadLoad = false, const std::string& strModes = "6", std::vector<DialogStep> steps = {}) {
-    steps.insert(steps.begin(), DialogStep::Type(16000, strModes));
+    steps.insert(steps.begin(), Do::Type(16000, strModes));
     AddScript(16000, std::move(steps), bDeadLoad, 16044);
     CModeConnect::OnMode();
     EXPECT_TRUE(platform->GetScriptErrors().empty());
   }
   void RunSpectrum(bool bDeadLoad = false, std::vector<DialogStep> steps = {}) {
-    steps.insert(steps.begin(), DialogStep::Type(16006, "6"));
+    steps.insert(steps.begin(), Do::Type(16006, "6"));
     AddScript(16001, std::move(steps), bDeadLoad, 16030);
     EXPECT_EQ(CModeConnect::OnAnsysSpectrum(), 1);
     EXPECT_TRUE(platform->GetScriptErrors().empty());
@@ -68,10 +55,10 @@ struct CDriverRun {
  private:
   void AddScript(int nDialog, std::vector<DialogStep> steps, bool bDeadLoad, int nButton) {
     if (bDeadLoad) {
-      steps.push_back(DialogStep::Click(nButton));
-      platform->AddScript(16002, {DialogStep::ToggleRow(16039, 0), DialogStep::Click(16042), DialogStep::Ok()});
+      steps.push_back(Do::Click(nButton));
+      platform->AddScript(16002, {Do::ToggleRow(16039, 0), Do::Click(16042), Do::Ok()});
     }
-    steps.push_back(DialogStep::Ok());
+    steps.push_back(Do::Ok());
     platform->AddScript(nDialog, std::move(steps));
   }
 };
@@ -93,7 +80,7 @@ TEST(Drivers, ReportTheTimeOnTheWall) {
     // The clock is read at the start and the end of the analysis, and once for the file's date line.
     run.platform->SetClock({c.start, c.start, c.end});
     run.RunModal();
-    EXPECT_EQ(run.platform.GetMessages(), std::vector<std::string>{c.pMessage});
+    EXPECT_EQ(run.platform.GetMessages(), Strings{c.pMessage});
     EXPECT_TRUE(run.job.Has(".mode"));
   }
 }
@@ -111,7 +98,7 @@ TEST(Drivers, RenumberingLeavesNoTrace) {
   run.RunModal(false, "100000");  // more modes than equations
   EXPECT_EQ(run.platform.GetMessages().at(1), "模态数大于结构自由度,计算终止!");
   EXPECT_TRUE(unchanged());
-  run.platform->AddScript(16000, {DialogStep::Click(16044), DialogStep::Cancel()});
+  run.platform->AddScript(16000, {Do::Click(16044), Do::Cancel()});
   CModeConnect::OnMode();
   EXPECT_EQ(run.platform.GetMessages().at(3), "荷载类型过多,计算终止!");
   EXPECT_TRUE(unchanged());
@@ -127,7 +114,7 @@ TEST(Drivers, RenumberingLeavesNoTrace) {
     *pBefore = ABCD;
     run.platform->Clear();
     run.RunModal();
-    EXPECT_EQ(run.platform.GetMessages(), std::vector<std::string>{pMessage});
+    EXPECT_EQ(run.platform.GetMessages(), Strings{pMessage});
     EXPECT_TRUE(unchanged());
   }
 }
@@ -136,21 +123,17 @@ TEST(Drivers, SpectrumIsTheSameUnderAnyNumbering) {
   CDriverRun run;
   run.RunModal();
   run.RunSpectrum();
-  const auto renumbered = ReadSpectrum(run.job).displacements;
+  const std::vector<NodeValues> renumbered = GetSpectrumFindings().displacements;
 
   CAnalysisModel model;  // the host's own numbering throughout
   model.BuildModelForModes(false);
   model.m_nModes = 6;
   model.SolveModes(run.job.GetJobPath(), 0, false);
   run.RunSpectrum();
-  const auto identical = ReadSpectrum(run.job).displacements;
-
+  const std::vector<NodeValues>& identical = GetSpectrumFindings().displacements;
   ASSERT_EQ(renumbered.size(), 38U);
-  ASSERT_EQ(identical.size(), renumbered.size());
   EXPECT_GT(identical[0][0] + identical[1][0], 1e-5);
-  for (std::size_t i = 0; i < identical.size(); ++i) {
-    for (std::size_t d = 0; d < 6; ++d) EXPECT_NEAR(renumbered[i][d], identical[i][d], 1e-6) << i;
-  }
+  for (int i = 0; i < 38 * 6; ++i) EXPECT_NEAR(renumbered[i / 6][i % 6], identical[i / 6][i % 6], 1e-6) << i / 6;
 }
 
 TEST(Drivers, DialogValuesReachTheModalRun) {
@@ -159,10 +142,10 @@ TEST(Drivers, DialogValuesReachTheModalRun) {
   FillSquareTower(run.host, 45);  // large enough for the radio to matter
   // With multiple 1 the comparison cannot have its second pass; the second radio means Sturm, which needs none.
   const std::pair<std::vector<DialogStep>, const char*> cases[] = {
-      {{DialogStep::Choose(16001)}, "达到迭代要求次数，结果不收敛"},
-      {{DialogStep::Type(16003, "0")}, "请正确输入迭代精度!"},
-      {{DialogStep::Type(16004, "0")}, "请正确输入迭代倍数!"},
-      {{DialogStep::Choose(16002), DialogStep::Tick(16005)}, "OK!"}};
+      {{Do::Choose(16001)}, "达到迭代要求次数，结果不收敛"},
+      {{Do::Type(16003, "0")}, "请正确输入迭代精度!"},
+      {{Do::Type(16004, "0")}, "请正确输入迭代倍数!"},
+      {{Do::Choose(16002), Do::Tick(16005)}, "OK!"}};
   for (const auto& [steps, pMessage] : cases) {
     COMDYN.m_nIterMultiple = 1;
     run.platform->Clear();
@@ -176,12 +159,12 @@ TEST(Drivers, DialogValuesReachTheSpectrumRun) {
   CDriverRun run;
   run.RunModal();
   std::vector<DialogStep> steps;
-  for (const int nRadio : {16015, 16021, 16011, 16014, 16026}) steps.push_back(DialogStep::Choose(nRadio));
+  for (const int nRadio : {16015, 16021, 16011, 16014, 16026}) steps.push_back(Do::Choose(nRadio));
   for (const auto& [nId, pText] :
        {std::pair{16006, "4"}, {16009, "3"}, {16022, "0.3"}, {16028, "0.4"}, {16029, "0.5"}}) {
-    steps.push_back(DialogStep::Type(nId, pText));
+    steps.push_back(Do::Type(nId, pText));
   }
-  steps.push_back(DialogStep::Type(16007, "0.07"));
+  steps.push_back(Do::Type(16007, "0.07"));
   run.platform->SetClock({{2026, 1, 1, 1, 1, 1}});
   run.RunSpectrum(false, steps);
   const std::string strByDialog = run.job.Read(".spec");
@@ -210,8 +193,8 @@ TEST(Drivers, LoadMassesFollowTheCombination) {
     for (float& f : std::span(ABCD.m_fLoadValue, ABCD.m_nLoads)) f *= fFactor;
     run.RunModal(bDeadLoad);
     run.RunSpectrum(bDeadLoad);
-    omega.push_back(Take(host::ReadModeResultFile(run.job.GetPath(".mode"), GetJobNodes())).omega.at(0));
-    mass.push_back(ReadSpectrum(run.job).dTotalMass);
+    omega.push_back(GetModalFindings().omega.at(0));
+    mass.push_back(GetSpectrumFindings().totalMass[0]);
   }
   EXPECT_EQ(omega[1], omega[0]);
   EXPECT_EQ(mass[1], mass[0]);
@@ -225,25 +208,23 @@ TEST(Drivers, SpectrumEndsEarly) {
   CDriverRun run;
   EXPECT_EQ(CModeConnect::OnAnsysSpectrum(), 0);  // no script: cancelled
   run.RunSpectrum();
-  EXPECT_EQ(run.platform.GetMessages(), std::vector<std::string>{"模态文件访问出错,计算终止!"});
+  EXPECT_EQ(run.platform.GetMessages(), Strings{"模态文件访问出错,计算终止!"});
   run.RunModal();
   run.job.Write(".spec", "older result");
-  // A mesh of 21 becomes 22; the vector has no direction; intensity 6 has no rare earthquake.
-  const std::pair<std::vector<DialogStep>, const char*> cases[] = {
-      {{DialogStep::Type(16009, "21")}, "网格最多划分20格，计算终止!"},
-      {{DialogStep::Type(16022, "0")}, "反应谱方向未输入，计算终止!"},
-      {{DialogStep::Type(16009, "20"), DialogStep::Type(16022, "1"), DialogStep::Type(16007, "-1")},
-       "请正确输入阻尼率!"},
-      {{DialogStep::Type(16007, "0.05"), DialogStep::Choose(16010), DialogStep::Choose(16014)},
-       "6度地震不进行罕遇验算!"},
-  };
-  for (const auto& [steps, pMessage] : cases) {
-    run.platform->Clear();
-    run.RunSpectrum(false, steps);
-    ASSERT_EQ(run.platform.GetMessages().size(), 2U) << pMessage;  // and the time
-    EXPECT_EQ(run.platform.GetMessages()[0], pMessage);
-    EXPECT_EQ(run.job.Read(".spec"), "older result");
-  }
+  run.platform->Clear();
+  // Intensity 6 has no rare earthquake.
+  run.RunSpectrum(false, {Do::Choose(16010), Do::Choose(16014)});
+  ASSERT_EQ(run.platform.GetMessages().size(), 2U);  // and the time
+  EXPECT_EQ(run.platform.GetMessages()[0], "6度地震不进行罕遇验算!");
+  EXPECT_EQ(run.job.Read(".spec"), "older result");
+}
+
+TEST(Drivers, AnyFailureEndsWithItsMessage) {
+  CDriverRun run;
+  run.platform->AddScript(16000, {Do::Inspect([](const IDialogView&) { throw std::runtime_error(""); })});
+  CModeConnect::OnMode();
+  EXPECT_EQ(run.platform.GetMessages(), Strings{"内部错误,计算终止!"});
+  EXPECT_EQ(GetModalFindings().status, RunStatus::Failed);
 }
 
 TEST(Drivers, HostAsksForTheVirtualMode) {

@@ -1,13 +1,6 @@
-#include <gtest/gtest.h>
-
 #include <unistd.h>
 
-#include <cmath>
-#include <filesystem>
-#include <sstream>
-
 #include "ModalModels.h"
-#include "TestPlatform.h"
 #include "skyframe/cli/CommandLine.h"
 #include "skyframe/job/JobFile.h"
 

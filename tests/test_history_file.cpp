@@ -1,16 +1,11 @@
 // Files of the time history: exact texts, write-read identity, damaged files.
 
-#include <cmath>
-#include <limits>
-#include <random>
-
-#include "HostModel.h"
 #include "ResultFiles.h"
 #include "TestPlatform.h"
 #include "skyframe/history/HistoryFile.h"
 #include "skyframe/values/Findings.h"
 
-namespace skyframe {
+namespace skyframe::test {
 namespace {
 
 /// Two nodes, one element, two steps.
@@ -59,12 +54,12 @@ class HistoryFile : public testing::Test {
   HistoryFile() {
     m_host.AddNode(0, 0, 0);
     m_host.AddNode(1, 0, 0);
-    m_host.AddElement(test::c_nBar, 1, 2);
+    m_host.AddElement(c_nBar, 1, 2);
   }
 
-  test::CTestPlatform m_platform;
-  test::CHostModel m_host;
-  const test::CJobFolder m_folder{"history_file"};
+  CTestPlatform m_platform;
+  CHostModel m_host;
+  const CJobFolder m_folder{"history_file"};
   RunFindings m_findings;
 };
 
@@ -108,7 +103,7 @@ TEST_F(HistoryFile, WhatIsReadIsWrittenBackTheSame) {
 TEST_F(HistoryFile, ReadingTellsTheHostRecordAndFailuresChangeNothing) {
   HistorySet history;
   EXPECT_FALSE(ReadHistoryFile(history));
-  EXPECT_EQ(m_platform.GetMessages(), std::vector<std::string>{"没有进行时程分析。"});
+  EXPECT_EQ(m_platform.GetMessages(), Strings{"没有进行时程分析。"});
   m_platform->Clear();
   m_folder.Write("_HisTime.txt", Replace("Linear", "Nonlinear"));
   ASSERT_TRUE(ReadHistoryFile(history));
@@ -195,4 +190,4 @@ TEST_F(HistoryFile, CurveFiles) {
 }
 
 }  // namespace
-}  // namespace skyframe
+}  // namespace skyframe::test

@@ -1,23 +1,7 @@
-#include <gtest/gtest.h>
-
-#include <algorithm>
-#include <array>
-#include <cmath>
-#include <cstring>
-#include <limits>
-#include <memory>
-#include <numeric>
-#include <random>
-#include <set>
-#include <utility>
-#include <vector>
-
-#include "HostModel.h"
 #include "ModalModels.h"
-#include "TestPlatform.h"
 #include "skyframe/model/AnalysisModel.h"
 
-namespace skyframe {
+namespace skyframe::test {
 namespace {
 
 using Flags = std::array<int, 6>;
@@ -118,8 +102,8 @@ class Renumbering : public ::testing::Test {
     for (int r = 0; r < nRows; ++r) {
       for (int c = 0; c < nColumns; ++c) {
         const int k = r * nColumns + c;
-        if (c + 1 < nColumns) m_host.AddElement(test::c_nBeam, number[k], number[k + 1]);
-        if (r + 1 < nRows) m_host.AddElement(test::c_nBeam, number[k], number[k + nColumns]);
+        if (c + 1 < nColumns) m_host.AddElement(c_nBeam, number[k], number[k + 1]);
+        if (r + 1 < nRows) m_host.AddElement(c_nBeam, number[k], number[k + nColumns]);
         if (k % 3 == 0) m_host.AddLoad(0, number[k], 2, 1.0);
       }
     }
@@ -136,7 +120,7 @@ class Renumbering : public ::testing::Test {
     return nBandwidth;
   }
 
-  test::CHostModel m_host;
+  CHostModel m_host;
   std::vector<int> m_first;
   std::vector<int> m_second;
 };
@@ -150,7 +134,7 @@ TEST_F(Renumbering, ShrinksTheBandwidth) {
 
 /// The judge is the model itself: sum of h^2 over the free columns of its skyline.
 double MeasureWork() {
-  const test::CTestPlatform platform;
+  const CTestPlatform platform;
   CAnalysisModel model;
   model.BuildModel();
   const std::vector<int>& diagonal = model.GetDiagonalAddresses();
@@ -162,9 +146,9 @@ double MeasureWork() {
 TEST_F(Renumbering, KeepsAnOrderThatCostsLess) {
   for (const int nPinnedStorey : {0, 5, 12}) {
     ResetHostData();
-    test::FillSquareTower(m_host, 25);
-    for (int i = 6; i <= ABCD.m_nNodes; ++i) m_host.AddElement(test::c_nBeam, (i - 1) / 4 * 4 + 1, i);
-    for (int c = 1; c <= 4; ++c) ABCD.m_nJoint[4 * nPinnedStorey + c] = test::c_nPinned;
+    FillSquareTower(m_host, 25);
+    for (int i = 6; i <= ABCD.m_nNodes; ++i) m_host.AddElement(c_nBeam, (i - 1) / 4 * 4 + 1, i);
+    for (int c = 1; c <= 4; ++c) ABCD.m_nJoint[4 * nPinnedStorey + c] = c_nPinned;
     const double dBefore = MeasureWork();
     CCommonData::OnReNodeCode();
     EXPECT_EQ(MeasureWork(), dBefore) << nPinnedStorey;
@@ -214,7 +198,7 @@ TEST_F(Renumbering, SeparatePartsUnusedNodesAndWildNumbers) {
   SetNodes(12);
   for (const auto& [nI, nJ] :
        {std::pair{1, 9}, {9, 5}, {3, 11}, {11, 7}, {7, 7}, {0, 4}, {4, 13}, {c_nLowest, 2}, {1, 9}}) {
-    m_host.AddElement(test::c_nBeam, nI, nJ);
+    m_host.AddElement(c_nBeam, nI, nJ);
   }
   for (const int nNode : {1, 0, c_nLowest, 13, 1000000}) m_host.AddLoad(0, nNode, 2, 1.0);
   const auto pModel = std::make_unique<tagAbcd>(ABCD);
@@ -234,4 +218,4 @@ TEST_F(Renumbering, SeparatePartsUnusedNodesAndWildNumbers) {
 }
 
 }  // namespace
-}  // namespace skyframe
+}  // namespace skyframe::test

@@ -1,14 +1,12 @@
 // Impulse load text: exact composition, tokens, block parsing, and damaged texts.
 
 #include <chrono>
-#include <limits>
 
-#include "HostModel.h"
 #include "TestPlatform.h"
 #include "skyframe/history/ImpulseScript.h"
 #include "skyframe/values/Findings.h"
 
-namespace skyframe {
+namespace skyframe::test {
 namespace {
 
 // --- composing
@@ -202,4 +200,4 @@ TEST(ImpulseDamage, LongTextsStayLinear) {
 }
 
 }  // namespace
-}  // namespace skyframe
+}  // namespace skyframe::test

@@ -1,19 +1,13 @@
 // Direct integration: constants, order and energy of the schemes, whole runs on the analysis model.
 
-#include <cmath>
-#include <numbers>
-#include <optional>
-#include <tuple>
-
-#include "HostModel.h"
-#include "TestPlatform.h"
+#include "ModalModels.h"
 #include "skyframe/history/GroundMotion.h"
 #include "skyframe/history/Integrators.h"
 #include "skyframe/history/NonlinearNewmark.h"
 #include "skyframe/model/AnalysisModel.h"
 #include "skyframe/model/RayleighDamping.h"
 
-namespace skyframe {
+namespace skyframe::test {
 namespace {
 
 TEST(Rayleigh, Coefficients) {
@@ -125,27 +119,12 @@ TEST(Schemes, ConvergeWithOrderTwo) {
   EXPECT_LT(wilson[1], 5e-3);
 }
 
-TEST(Schemes, TrapezoidalRuleKeepsTheEnergy) {
-  const NewmarkConstants constants(0.25, 0.5, 0.3);
-  TwoDof system(constants.a0, constants.a1, 0.0, 0.0);
-  CNewmarkIntegrator integrator(constants, system.M, system.C, system.effective);
-  for (int k = 0; k < 3; ++k) EXPECT_TRUE(integrator.StepGround(std::vector<double>{1.0, -2.0}));
-  double dStart = 0.0;
-  for (int k = 0; k < 2000; ++k) {
-    EXPECT_TRUE(integrator.StepForce(std::vector<double>{0.0, 0.0}));
-    const auto& [u, v, a] = integrator.GetState();
-    const double dEnergy = 2 * v[0] * v[0] + v[1] * v[1] + 6 * u[0] * u[0] - 4 * u[0] * u[1] + 4 * u[1] * u[1];
-    if (k == 0) dStart = dEnergy;
-    EXPECT_NEAR(dEnergy, dStart, 1e-11 * dStart);
-  }
-}
-
 TEST(Schemes, SingularSystemEndsTheRun) {
-  test::CTestPlatform platform;
+  CTestPlatform platform;
   SparseMatrix zero = MakeScalar(0.0);
   const CRowMatrix rows(zero, 1);
   EXPECT_FALSE(CNewmarkIntegrator(NewmarkConstants(0.25, 0.5, 0.1), rows, rows, zero).StepForce(std::vector{1.0}));
-  EXPECT_EQ(platform.GetMessages(), std::vector<std::string>{"结构几何可变"});
+  EXPECT_EQ(platform.GetMessages(), Strings{"结构几何可变"});
 }
 
 TEST(IterationTests, Criteria) {
@@ -216,25 +195,6 @@ class TimeHistory : public testing::Test {
     m_folder.Write(".mode", strm.str());
   }
 
-  /// A bar along X, free in X at node 2: k = 1.03e9 (A / 0.01 m2) N/m; 100 kN of load that counts as mass.
-  void MakeBar(double dArea = 10000.0) {
-    m_host.SetSection(1, 2, dArea);
-    m_host.AddNode(0, 0, 0, test::c_nPinned, "111000");
-    m_host.AddNode(2, 0, 0, test::c_nPinned, "011000");
-    m_host.AddElement(test::c_nBar, 1, 2);
-    m_host.AddLoad(0, 2, c_nDofZ, 100.0);
-  }
-
-  /// Two bars to an apex 1 m above the supports, half-span 4 m, EA = 2.06e8 N.
-  void MakeArch() {
-    m_host.SetSection(1, 2, 1000.0);
-    m_host.AddNode(-4, 0, 0, test::c_nPinned, "111000");
-    m_host.AddNode(0, 0, 1, test::c_nPinned, "010000");
-    m_host.AddNode(4, 0, 0, test::c_nPinned, "111000");
-    m_host.AddElement(test::c_nBar, 1, 2);
-    m_host.AddElement(test::c_nBar, 3, 2);
-  }
-
   /// A new model; iterations by the relative force.
   CAnalysisModel& Build(double dt, double dDuration, double dTolerance = 0.1) {
     m_model.emplace();
@@ -249,19 +209,19 @@ class TimeHistory : public testing::Test {
     return m_model->m_history.values[nQuantity][k][nColumn];
   }
 
-  test::CTestPlatform m_platform;
-  test::CHostModel m_host;
-  const test::CJobFolder m_folder{"integration"};
+  CTestPlatform m_platform;
+  CHostModel m_host;
+  const CJobFolder m_folder{"integration"};
   std::optional<CAnalysisModel> m_model;
 };
 
 TEST_F(TimeHistory, StaticLoadsBecomeMass) {
   m_host.SetSection(1, 2, 10000.0, 1e8, 1e8, 1e8);
-  m_host.AddNode(0, 0, 0, test::c_nRigid, "111111");
+  m_host.AddNode(0, 0, 0, c_nRigid, "111111");
   m_host.AddNode(2, 0, 0);
-  m_host.AddNode(4, 0, 0, test::c_nPinned, "001000");
-  m_host.AddElement(test::c_nBeam, 1, 2);
-  m_host.AddElement(test::c_nBar, 2, 3);
+  m_host.AddNode(4, 0, 0, c_nPinned, "001000");
+  m_host.AddElement(c_nBeam, 1, 2);
+  m_host.AddElement(c_nBar, 2, 3);
   m_host.AddLoad(0, 2, c_nDofZ, 3.0);
   m_host.AddLoad(0, 2, c_nDofX, 50.0);  // only vertical loads count
   m_host.AddLoad(1, 2, c_nDofZ, 4.0);
@@ -282,7 +242,7 @@ TEST_F(TimeHistory, StaticLoadsBecomeMass) {
 }
 
 TEST_F(TimeHistory, OneBarUnderAStepLoad) {
-  MakeBar();
+  FillOneBar(m_host);
   WriteModes({317.0546});
   const double dStatic = 1.0e4 / 1.03e9;
   const int nBlocks = 970, nSteps = 1000;  // the load ends before the run
@@ -332,7 +292,7 @@ void StepExactly(double w, double zeta, double dt, double p0, double p1, double&
 }
 
 TEST_F(TimeHistory, OneBarUnderElCentroAgainstPiecewiseExactIntegration) {
-  MakeBar(1.0);
+  FillOneBar(m_host, 1.0);
   const double m = 100000.0 / 9.81 + 7900.0 * 1e-6 * 2.0 / 3.0, w = std::sqrt(1.03e5 / m), zeta = 0.05;
   WriteModes({w, w, 5.0 * w});
   CAnalysisModel& model = Build(0.02, 35.001);  // beyond the record
@@ -360,13 +320,7 @@ TEST_F(TimeHistory, OneBarUnderElCentroAgainstPiecewiseExactIntegration) {
 }
 
 TEST_F(TimeHistory, SmallNonlinearRunIsTheLinearOne) {
-  m_host.SetSection(1, 2, 6000.0, 5e6, 2e7, 4e7);
-  m_host.AddNode(0, 0, 0, test::c_nRigid, "111111");
-  m_host.AddNode(0.2, 0.1, 3);
-  m_host.AddNode(4, 0, 3.1);
-  m_host.AddNode(4, 0.3, 0, test::c_nPinned, "111000");
-  for (const int n : {1, 2, 3}) m_host.AddElement(test::c_nBeam, n, n + 1);
-  m_host.AddElement(test::c_nBar, 1, 3);
+  FillLeaningFrame(m_host);
   WriteModes({60.0, 200.0});
   m_folder.Write("_Tacc.txt", "1 -3 2 5 -4 1 0 2 -1 -2 3 1");
   HistorySet histories[2];
@@ -409,7 +363,7 @@ ArchState SolveArch(double P) {
 }
 
 TEST_F(TimeHistory, ArchHoldsItsStaticState) {
-  MakeArch();
+  FillArch(m_host);
   m_host.AddLoad(0, 2, c_nDofZ, -200.0);
   WriteModes({500.0, 5000.0});
   CAnalysisModel& model = Build(0.001, 0.0205, 1e-12);
@@ -425,7 +379,7 @@ TEST_F(TimeHistory, ArchHoldsItsStaticState) {
 }
 
 TEST_F(TimeHistory, ArchStaysOnItsPathUnderSlowLoad) {
-  MakeArch();
+  FillArch(m_host);
   WriteModes({500.0, 5000.0});
   const int N = 1000;
   const double m = 2.0 * 7900.0 * 1e-3 * std::sqrt(17.0) / 3.0;
@@ -451,8 +405,8 @@ TEST_F(TimeHistory, ArchStaysOnItsPathUnderSlowLoad) {
 
 TEST_F(TimeHistory, NoStepsAndNoFreeEquations) {
   m_host.SetSection(1, 2, 100.0);
-  for (const double dX : {0.0, 1.0}) m_host.AddNode(dX, 0, 0, test::c_nPinned, "111000");
-  m_host.AddElement(test::c_nBar, 1, 2);
+  for (const double dX : {0.0, 1.0}) m_host.AddNode(dX, 0, 0, c_nPinned, "111000");
+  m_host.AddElement(c_nBar, 1, 2);
   WriteModes({500.0, 5000.0});
   for (const int nAssumption : {0, 1}) {
     for (const double dt : {0.01, -1.0}) {
@@ -460,6 +414,7 @@ TEST_F(TimeHistory, NoStepsAndNoFreeEquations) {
       EXPECT_EQ(m_model->m_history.bComplete ? m_model->m_history.nSteps : -1, dt > 0.0 ? 5 : 0);
     }
   }
+  for (int k = 0; k < 10; ++k) EXPECT_NEAR(m_platform.GetProgress().at(k), 0.2 * (k % 5 + 1), 1e-15);
   EXPECT_EQ(m_folder.Read("_HisTime.txt"),
             "Total node number:  2\nTotal element number:  1\nTotal time step:  0\nTime increment(s):  -1\n"
             "Solution Method:  Newmark.\nSolution Assumption:  Nonlinear.\n--\nNode No.     1\nNode No.     2\n"
@@ -467,7 +422,7 @@ TEST_F(TimeHistory, NoStepsAndNoFreeEquations) {
 }
 
 TEST_F(TimeHistory, Findings) {
-  MakeBar();
+  FillOneBar(m_host);
   WriteModes({34.27, 37.80, 150.0});
   m_folder.Write("_Xacc.txt", "0 0 0");  // scaled by 0 / 0
   const auto run = [this](int nAssumption) -> const HistoryFindings& {
@@ -480,7 +435,7 @@ TEST_F(TimeHistory, Findings) {
   };
   const HistoryFindings& linear = run(0);
   EXPECT_EQ(linear.status, RunStatus::Done);
-  EXPECT_EQ(linear.files, std::vector<std::string>{m_folder.GetPath("_HisTime.txt")});
+  EXPECT_EQ(linear.files, Strings{m_folder.GetPath("_HisTime.txt")});
   EXPECT_EQ(std::tie(linear.nMethod, linear.bGroundMotion, linear.nSteps, linear.nStepsDone, linear.dTimeStep),
             std::tuple(1, true, 5, 5, 0.01));
   EXPECT_EQ(std::tie(linear.nBadQuantity, linear.nBadStep, linear.nBadNumber), std::tuple(c_nHistoryX, 1, 2));
@@ -505,7 +460,7 @@ TEST_F(TimeHistory, Findings) {
 }
 
 TEST_F(TimeHistory, FailuresLeaveEverythingAsItWas) {
-  MakeBar();
+  FillOneBar(m_host);
   const std::string strNoFile = "模态文件访问出错,计算终止!", strNoModes = "错误:模态未分析";
   const std::string strBadScript = "冲击荷载数据文件读入有误", strNoRecord = "X方向加速度数据文件读入有误";
   const std::string strRunaway = "节点2的X向超过限定值1.0e10!\n结构几何可变，请检查！";
@@ -564,4 +519,4 @@ TEST_F(TimeHistory, FailuresLeaveEverythingAsItWas) {
 }
 
 }  // namespace
-}  // namespace skyframe
+}  // namespace skyframe::test

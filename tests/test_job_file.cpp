@@ -1,17 +1,9 @@
-#include <gtest/gtest.h>
 #include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include <algorithm>
-#include <cmath>
-#include <filesystem>
-#include <fstream>
-#include <string>
-#include <tuple>
-#include <vector>
-
 #include "Sanitizer.h"
+#include "TestPlatform.h"
 #include "skyframe/generate/Generate.h"
 #include "skyframe/job/JobFile.h"
 

@@ -1,14 +1,6 @@
 // Tridiagonal QL, the Lanczos recurrence on pencils of its own, root-loss tests, and modes of models.
 
-#include <gtest/gtest.h>
-
-#include <algorithm>
-#include <functional>
-#include <numeric>
-
-#include "HostModel.h"
 #include "ModalModels.h"
-#include "TestPlatform.h"
 #include "skyframe/modal/LanczosSolver.h"
 #include "skyframe/modal/ModeCount.h"
 #include "skyframe/modal/RootLossTest.h"
@@ -244,7 +236,7 @@ TEST(ModalSolution, RefusesInOrderAndWritesNothing) {
     run.model.m_dModeTol = c.dTol;
     run.model.m_nIterMultiple = c.nMultiple;
     run.Solve(c.nModes);
-    EXPECT_EQ(run.platform.GetMessages(), std::vector<std::string>{c.pMessage});
+    EXPECT_EQ(run.platform.GetMessages(), Strings{c.pMessage});
     EXPECT_EQ(run.model.m_modalFindings.status, RunStatus::Refused);
     EXPECT_EQ(run.folder.Read(".mode"), "older");
     EXPECT_EQ(run.model.ModesSolved, 0);
@@ -252,10 +244,12 @@ TEST(ModalSolution, RefusesInOrderAndWritesNothing) {
 }
 
 void ExpectGoodModes(const CModalRun& run, int nModes) {
-  EXPECT_EQ(run.platform.GetMessages(), std::vector<std::string>{});
+  EXPECT_EQ(run.platform.GetMessages(), Strings{});
   ASSERT_EQ(run.model.Omega.size(), static_cast<std::size_t>(nModes));
   EXPECT_EQ(run.model.ModeShapes.GetCols(), nModes);
   EXPECT_TRUE(std::ranges::is_sorted(run.model.Omega));
+  EXPECT_EQ(run.platform.GetProgress().at(0), 0.0);
+  EXPECT_LT(std::ranges::max(run.platform.GetProgress()), 1.0);
   const ModeErrors errors = FormModeErrors(run.model, false);
   EXPECT_LT(errors.dResidual, 1e-6);
   EXPECT_LT(errors.dOrthogonality, 1e-9);

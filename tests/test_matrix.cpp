@@ -1,17 +1,8 @@
-#include <gtest/gtest.h>
-
-#include <functional>
-#include <initializer_list>
-#include <string>
-#include <vector>
-
 #include "TestPlatform.h"
 #include "skyframe/numeric/Matrix.h"
 
-namespace skyframe {
+namespace skyframe::test {
 namespace {
-
-using test::CTestPlatform;
 
 CMatrix Make(int nRows, int nCols, std::initializer_list<double> values) {
   CMatrix M(nRows, nCols);
@@ -114,7 +105,7 @@ TEST(Matrix, ShapeMismatchesShowTheirTextAndContinue) {
     CTestPlatform platform;
     CMatrix A(2, 2, 3.0);
     const CMatrix R = c.operation(A, CMatrix(c.nRows, c.nCols, 1.0));
-    EXPECT_EQ(platform.GetMessages(), std::vector<std::string>{c.strText});
+    EXPECT_EQ(platform.GetMessages(), Strings{c.strText});
     ExpectEqual(A, 2, 2, {3, 3, 3, 3});
     EXPECT_EQ(R.GetRows(), c.nResult);
     EXPECT_EQ(R.GetCols(), c.nResult);
@@ -123,4 +114,4 @@ TEST(Matrix, ShapeMismatchesShowTheirTextAndContinue) {
 }
 
 }  // namespace
-}  // namespace skyframe
+}  // namespace skyframe::test

@@ -1,14 +1,6 @@
 // The mode file: exact text, round trip, both readers' checks in their order, damaged files.
 
-#include <gtest/gtest.h>
-
-#include <array>
-#include <iterator>
-#include <sstream>
-
-#include "HostModel.h"
 #include "ModalModels.h"
-#include "TestPlatform.h"
 #include "skyframe/modal/ModeFile.h"
 
 namespace skyframe::test {
@@ -62,7 +54,7 @@ TEST(ModeFile, TextIsExact) {
   EXPECT_EQ(bar.folder.List().size(), 1U);
   EXPECT_EQ(c_dHertzPerRadian, 0.15915494580678602);  // Deliberate: 1 / 6.2831852
   bar.model.SolveModes(bar.folder.GetJobPath() + "/no/such/folder", 0, true);
-  EXPECT_EQ(bar.platform.GetMessages(), std::vector<std::string>{c_pAccess});
+  EXPECT_EQ(bar.platform.GetMessages(), Strings{c_pAccess});
 }
 
 TEST(ModeFile, LinesFollowTheHostOrderBeforeRenumbering) {
@@ -73,44 +65,10 @@ TEST(ModeFile, LinesFollowTheHostOrderBeforeRenumbering) {
   bar.model.ModeShapes = CMatrix(1, 1, 0.5);  // the free equation belongs to internal node 1 (number 2)
   ASSERT_TRUE(WriteModeFile(bar.model, bar.folder.GetJobPath(), bar.model.m_modalFindings));
   COMDAT.m_pSecondOrder = nullptr;
-  std::istringstream strm(bar.folder.Read(".mode"));
-  const std::vector<std::string> words(std::istream_iterator<std::string>(strm), {});
-  const std::vector<std::string> expected = {"2", "0.5", "0", "0", "3", "0", "0", "0",
-                                             "0", "0",   "0", "1", "0", "0", "0"};
-  ASSERT_GT(words.size(), expected.size());
-  EXPECT_EQ(std::vector(words.end() - 15, words.end()), expected);
-}
-
-TEST(ModeFile, RoundTripKeepsSixDigits) {
-  CTestPlatform platform;
-  CHostModel host;
-  CJobFolder folder("mode_file");
-  FillSquareTower(host, 2);
-  CAnalysisModel writer;
-  writer.BuildModelForModes(false);
-  writer.m_nModes = 10;
-  writer.m_bShear = 1;
-  writer.SolveModes(folder.GetJobPath(), 0, false);
-  for (const int nVirtual : {0, 1}) {
-    CAnalysisModel reader;
-    reader.BuildModelForModes(false);
-    reader.m_nExpandModes = 7;
-    reader.m_bVirtualModes = nVirtual;
-    ASSERT_TRUE(reader.ReadModeFile(folder.GetJobPath()));
-    EXPECT_TRUE(reader.m_bFrequenciesLoaded);
-    EXPECT_EQ(reader.m_nModes, 10);
-    EXPECT_EQ(reader.m_bShear, 1);
-    ASSERT_EQ(reader.Omega.size(), 7U + nVirtual);
-    ASSERT_EQ(reader.ModeShapes.GetCols(), 7 + nVirtual);
-    for (int i = 0; i < 7 + nVirtual; ++i) {
-      const bool bRead = i < 7;  // the room for the virtual mode is zero
-      EXPECT_NEAR(reader.Omega[i], bRead ? writer.Omega[i] : 0.0, 5e-6 * reader.Omega[i]);
-      for (int k = 0; k < reader.GetFreeDofs(); ++k) {
-        const double dExact = bRead ? writer.ModeShapes[k][i] : 0.0;
-        EXPECT_NEAR(reader.ModeShapes[k][i], dExact, 5.1e-6 * std::abs(dExact));
-      }
-    }
-  }
+  EXPECT_TRUE(bar.folder.Read(".mode").ends_with(
+      "\n2         0.5            0              0              \n"
+      "3         0              0              0              0              0              0              \n"
+      "1         0              0              0              \n"));
 }
 
 TEST(ModeFile, FrequencyReaderFillsOnlyAModelWithoutModes) {
@@ -191,7 +149,7 @@ TEST(ModeFile, DamagedFilesGetTheirMessage) {
       const char* const pMessage = bFull ? c.pFull : c.pFrequencies;
       const bool bRead = bFull ? bar.model.ReadModeFile(strPath) : bar.model.ReadModeFrequencies(strPath);
       EXPECT_EQ(bRead, pMessage == nullptr);
-      EXPECT_EQ(bar.platform.GetMessages(), pMessage ? std::vector<std::string>{pMessage} : std::vector<std::string>{});
+      EXPECT_EQ(bar.platform.GetMessages(), pMessage ? Strings{pMessage} : Strings{});
       EXPECT_EQ(bar.model.m_bValid, bFull && bRead);
       EXPECT_EQ(bar.model.ModesSolved, bFull && bRead ? 1 : 0);
     }
@@ -210,7 +168,7 @@ TEST(ModeFile, CountMismatchComesBeforeTheStreamState) {
     model.BuildModelForModes(false);
     folder.Write(".mode", std::string("The_Data_of_Zan's_Mode_Analysis d t v ") + pCounts);
     EXPECT_FALSE(model.ReadModeFrequencies(folder.GetJobPath()));
-    EXPECT_EQ(platform.GetMessages(), std::vector<std::string>{pMessage}) << pCounts;
+    EXPECT_EQ(platform.GetMessages(), Strings{pMessage}) << pCounts;
   }
 }
 

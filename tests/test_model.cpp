@@ -1,13 +1,6 @@
 // The model build: checks and their messages, equation numbering, element choice, load groups,
 // node load masses, skyline layout.
 
-#include <gtest/gtest.h>
-
-#include <functional>
-#include <numeric>
-#include <sstream>
-
-#include "HostModel.h"
 #include "TestPlatform.h"
 #include "skyframe/model/AnalysisModel.h"
 
@@ -58,8 +51,7 @@ TEST(ModelBuild, RefusesWithItsMessage) {
     CAnalysisModel model;
     c.bForModes ? model.BuildModelForModes(false) : model.BuildModel();
     EXPECT_EQ(model.m_bValid, c.pMessage == nullptr);
-    const std::vector<std::string> expected =
-        c.pMessage ? std::vector<std::string>{c.pMessage} : std::vector<std::string>{};
+    const std::vector<std::string> expected = c.pMessage ? Strings{c.pMessage} : Strings{};
     EXPECT_EQ(platform.GetMessages(), expected);
     // Deliberate: a refused build leaves the wait cursor on.
     EXPECT_EQ(platform->GetWaitCursorDepth(), c.pMessage ? 1 : 0);
@@ -104,7 +96,7 @@ TEST(ModelBuild, NumbersFreeEquationsFirst) {
     EXPECT_EQ(strName, c_names[i]);
   }
   EXPECT_EQ(nodes.FindNodeOfDof(15, strName), -1);
-  EXPECT_EQ(platform.GetMessages(), std::vector<std::string>{"自由度输入错误！\n本自由度对应节点号码不存在！"});
+  EXPECT_EQ(platform.GetMessages(), Strings{"自由度输入错误！\n本自由度对应节点号码不存在！"});
 }
 
 TEST(ModelBuild, SpringSupportsRestrainWhereTheyAreStiff) {
@@ -289,8 +281,7 @@ TEST(ModelBuild, FillsTheRecordsToTheirCapacityButNotTheAddresses) {
     model.BuildModel();
     EXPECT_EQ(model.m_bValid, !bStar);
     EXPECT_EQ(model.GetFreeDofs(), 6 * c_nMaxNodes);
-    EXPECT_EQ(platform.GetMessages(),
-              bStar ? std::vector<std::string>{"总刚矩阵存储量超出范围,计算终止!"} : std::vector<std::string>{});
+    EXPECT_EQ(platform.GetMessages(), bStar ? Strings{"总刚矩阵存储量超出范围,计算终止!"} : Strings{});
   }
 }
 

@@ -1,25 +1,11 @@
-#include <gtest/gtest.h>
-
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include <array>
 #include <bit>
-#include <cmath>
-#include <cstdio>
-#include <filesystem>
-#include <functional>
 #include <iostream>
-#include <limits>
-#include <optional>
-#include <random>
-#include <sstream>
-#include <string>
-#include <vector>
 
 #include "FullDisk.h"
-#include "HostModel.h"
 #include "TestPlatform.h"
 #include "skyframe/platform/Dialog.h"
 #include "skyframe/platform/HeadlessPlatform.h"
@@ -28,15 +14,10 @@
 #include "skyframe/platform/PaintContext.h"
 #include "skyframe/values/Findings.h"
 
-namespace skyframe {
+namespace skyframe::test {
 namespace {
 
 namespace fs = std::filesystem;
-using test::CFullDisk;
-using test::CJobFolder;
-using test::CTestPlatform;
-using Strings = std::vector<std::string>;
-using Steps = std::vector<DialogStep>;
 
 // ---- Numbers as text -------------------------------------------------------------------------------------------
 
@@ -416,7 +397,7 @@ class Dialogs : public testing::Test {
 
 TEST_F(Dialogs, ValuesGoToTheControlsAndBack) {
   const int nResult =
-      Run({DialogStep::Inspect([](const IDialogView& view) {
+      Run({Do::Inspect([](const IDialogView& view) {
              EXPECT_EQ(view.GetText(100), "3");
              EXPECT_EQ(view.GetText(101), "0.25");
              EXPECT_EQ(view.GetText(102), "text");
@@ -424,10 +405,9 @@ TEST_F(Dialogs, ValuesGoToTheControlsAndBack) {
              EXPECT_EQ(view.GetCurrent(130), 1);
              EXPECT_EQ(view.GetFocus(), 100) << "first control in tab order";
            }),
-           DialogStep::Type(100, ""), DialogStep::Type(101, ""), DialogStep::Ok(), DialogStep::Type(100, " +12 "),
-           DialogStep::Ok(), DialogStep::Type(101, "-1.7976931348623157E308\t"), DialogStep::Type(102, " 中文 "),
-           DialogStep::Choose(110), DialogStep::Choose(113), DialogStep::Tick(120, false), DialogStep::Tick(120),
-           DialogStep::Tick(120), DialogStep::ChooseItem(130, "c"), DialogStep::Ok()});
+           Do::Type(100, ""), Do::Type(101, ""), Do::Ok(), Do::Type(100, " +12 "), Do::Ok(),
+           Do::Type(101, "-1.7976931348623157E308\t"), Do::Type(102, " 中文 "), Do::Choose(110), Do::Choose(113),
+           Do::Tick(120, false), Do::Tick(120), Do::Tick(120), Do::ChooseItem(130, "c"), Do::Ok()});
   EXPECT_EQ(nResult, c_nIdOk);
   EXPECT_EQ(m_platform.GetMessages(), (Strings{"请输入一个整数。", "请输入一个数字。"})) << "the first wrong field";
   EXPECT_EQ(m_dialog.m_dReal, std::numeric_limits<double>::lowest());
@@ -441,9 +421,9 @@ TEST_F(Dialogs, ValuesGoToTheControlsAndBack) {
 }
 
 TEST_F(Dialogs, CancelLeavesTheMembersAlone) {
-  EXPECT_EQ(Run({DialogStep::Type(100, "77"), DialogStep::Cancel()}), c_nIdCancel);
+  EXPECT_EQ(Run({Do::Type(100, "77"), Do::Cancel()}), c_nIdCancel);
   EXPECT_EQ(m_dialog.DoModal(), c_nIdCancel) << "a dialog without a script is cancelled";
-  EXPECT_EQ(Run({DialogStep::Type(100, "77")}), c_nIdCancel) << "and so is one whose script ends early";
+  EXPECT_EQ(Run({Do::Type(100, "77")}), c_nIdCancel) << "and so is one whose script ends early";
   EXPECT_EQ(m_dialog.m_nInt, 3);
   EXPECT_FALSE(m_platform->HasUnusedScripts());
 }
@@ -462,11 +442,11 @@ TEST_F(Dialogs, FieldsThatAreNoNumbersAreRefused) {
   }
   for (const auto& [nId, strText] : cases) {
     m_platform->Clear();
-    const auto look = DialogStep::Inspect([nId = nId, strText = strText](const IDialogView& view) {
+    const auto look = Do::Inspect([nId = nId, strText = strText](const IDialogView& view) {
       EXPECT_EQ(view.GetFocus(), nId);
       EXPECT_EQ(view.GetText(nId), strText) << "the text stays for correction";
     });
-    EXPECT_EQ(Run({DialogStep::Type(102, "new"), DialogStep::Type(nId, strText), DialogStep::Ok(), look}), c_nIdCancel);
+    EXPECT_EQ(Run({Do::Type(102, "new"), Do::Type(nId, strText), Do::Ok(), look}), c_nIdCancel);
     EXPECT_EQ(m_platform.GetMessages(), Strings{nId == 100 ? "请输入一个整数。" : "请输入一个数字。"}) << strText;
     EXPECT_EQ(m_dialog.m_strText, "text") << "fields behind the wrong one are not read";
   }
@@ -476,22 +456,22 @@ TEST_F(Dialogs, FieldsThatAreNoNumbersAreRefused) {
 
 TEST_F(Dialogs, WhatAPersonCouldNotDoEndsTheDialog) {
   const std::vector<std::pair<DialogStep, std::string>> cases = {
-      {DialogStep::Click(161), "161: the control is disabled"},
-      {DialogStep::Click(999), "999: there is no such control"},
-      {DialogStep::Type(120, "x"), "120: the control cannot be used that way"},
-      {DialogStep::Tick(110), "110: the control cannot be used that way"},
-      {DialogStep::ChooseItem(130, 3), "130: there is no such row"},
-      {DialogStep::ChooseItem(130, "d"), "130: there is no such row"},
-      {DialogStep::DoubleClick(141, -2), "141: there is no such row"},
+      {Do::Click(161), "161: the control is disabled"},
+      {Do::Click(999), "999: there is no such control"},
+      {Do::Type(120, "x"), "120: the control cannot be used that way"},
+      {Do::Tick(110), "110: the control cannot be used that way"},
+      {Do::ChooseItem(130, 3), "130: there is no such row"},
+      {Do::ChooseItem(130, "d"), "130: there is no such row"},
+      {Do::DoubleClick(141, -2), "141: there is no such row"},
   };
   for (const auto& [step, strError] : cases) {
     m_platform->Clear();
-    EXPECT_EQ(Run({step, DialogStep::Ok()}), c_nIdCancel);
+    EXPECT_EQ(Run({step, Do::Ok()}), c_nIdCancel);
     EXPECT_EQ(Errors(), Strings{"dialog 900, step 1, control " + strError});
   }
   m_platform->Clear();
   m_dialog.m_onInit = [](IDialogView& view) { view.SetText(12345, "x"); };
-  EXPECT_EQ(Run({DialogStep::Ok(), DialogStep::Wait(1)}), c_nIdOk);
+  EXPECT_EQ(Run({Do::Ok(), Do::Wait(1)}), c_nIdOk);
   EXPECT_EQ(Errors(), (Strings{"dialog 900, control 12345: there is no such control",
                                "dialog 900, step 2, control 0: the dialog has ended"}));
 }
@@ -504,16 +484,16 @@ TEST_F(Dialogs, ListsSortSelectAndShift) {
     view.InsertItem(140, 1, "zz");  // b zz m z
     view.Select(140, 2, true);
   };
-  Run({DialogStep::ToggleRow(140, "z"), DialogStep::Inspect([](const IDialogView& view) {
+  Run({Do::ToggleRow(140, "z"), Do::Inspect([](const IDialogView& view) {
          EXPECT_EQ(view.GetItemText(140, 1), "zz") << "inserting does not sort";
          EXPECT_TRUE(view.IsSelected(140, 2) && view.IsSelected(140, 3)) << "several rows at once";
          EXPECT_EQ(view.GetCurrent(140), 3);
        }),
-       DialogStep::ToggleRow(140, 2), DialogStep::Inspect([](const IDialogView& view) {
+       Do::ToggleRow(140, 2), Do::Inspect([](const IDialogView& view) {
          EXPECT_FALSE(view.IsSelected(140, 2));
          EXPECT_EQ(view.GetCurrent(140), 2) << "a row can have the focus without being selected";
        }),
-       DialogStep::ToggleRow(141, 0), DialogStep::DoubleClick(141, 2), DialogStep::Inspect([](const IDialogView& view) {
+       Do::ToggleRow(141, 0), Do::DoubleClick(141, 2), Do::Inspect([](const IDialogView& view) {
          EXPECT_FALSE(view.IsSelected(141, 0)) << "one row at a time";
          EXPECT_TRUE(view.IsSelected(141, 2));
        })});
@@ -523,13 +503,13 @@ TEST_F(Dialogs, ListsSortSelectAndShift) {
 
 TEST_F(Dialogs, TheCurrentRowMovesWithItsNeighbours) {
   const auto look = [](int nCurrent) {
-    return DialogStep::Inspect([nCurrent](const IDialogView& view) { EXPECT_EQ(view.GetCurrent(141), nCurrent); });
+    return Do::Inspect([nCurrent](const IDialogView& view) { EXPECT_EQ(view.GetCurrent(141), nCurrent); });
   };
   m_dialog.m_onButton = [](IDialogView& view) { view.DeleteItem(141, 0); };
-  Run({DialogStep::ToggleRow(141, 1), DialogStep::Click(160), look(0), DialogStep::Click(160), look(-1)});
+  Run({Do::ToggleRow(141, 1), Do::Click(160), look(0), Do::Click(160), look(-1)});
   m_dialog.m_onButton = [](IDialogView& view) { view.InsertItem(141, 1, "new"); };
-  Run({DialogStep::ToggleRow(141, 1), DialogStep::Click(160), look(2), DialogStep::Click(160), look(3),
-       DialogStep::ToggleRow(141, 0), DialogStep::Click(160), look(0)});
+  Run({Do::ToggleRow(141, 1), Do::Click(160), look(2), Do::Click(160), look(3), Do::ToggleRow(141, 0), Do::Click(160),
+       look(0)});
 }
 
 TEST_F(Dialogs, TimersFireWhileTimePassesHereAndInADialogAButtonOpens) {
@@ -543,10 +523,8 @@ TEST_F(Dialogs, TimersFireWhileTimePassesHereAndInADialogAButtonOpens) {
     inner.DoModal();
     view.SetText(102, inner.m_strText);
   };
-  m_platform->AddScript(901, {DialogStep::Wait(1500), DialogStep::Type(102, "from inside"), DialogStep::Ok()});
-  EXPECT_EQ(Run({DialogStep::Wait(999), DialogStep::Wait(1), DialogStep::Click(160), DialogStep::Wait(500),
-                 DialogStep::Ok()}),
-            c_nIdOk);
+  m_platform->AddScript(901, {Do::Wait(1500), Do::Type(102, "from inside"), Do::Ok()});
+  EXPECT_EQ(Run({Do::Wait(999), Do::Wait(1), Do::Click(160), Do::Wait(500), Do::Ok()}), c_nIdOk);
   EXPECT_EQ(m_dialog.m_trace, (Strings{"timer 2", "timer 2", "timer 1", "clicked 160", "timer 1", "timer 1"}));
   EXPECT_EQ(inner.m_trace, Strings{"text 102"});
   EXPECT_EQ(m_dialog.m_strText, "from inside");
@@ -555,9 +533,9 @@ TEST_F(Dialogs, TimersFireWhileTimePassesHereAndInADialogAButtonOpens) {
 TEST_F(Dialogs, AHandlerThatThrowsLeavesNoViewBehind) {
   m_dialog.m_onInit = [](IDialogView& view) { view.StartTimer(1, 10); };
   m_dialog.m_onButton = [](IDialogView&) { throw std::bad_alloc(); };
-  EXPECT_THROW(Run({DialogStep::Click(160)}), std::bad_alloc);
+  EXPECT_THROW(Run({Do::Click(160)}), std::bad_alloc);
   m_dialog.m_trace.clear();
-  EXPECT_EQ(Run({DialogStep::Wait(25), DialogStep::Type(100, "-2147483648"), DialogStep::Ok()}), c_nIdOk);
+  EXPECT_EQ(Run({Do::Wait(25), Do::Type(100, "-2147483648"), Do::Ok()}), c_nIdOk);
   EXPECT_EQ(m_dialog.m_trace, (Strings{"timer 1", "timer 1", "text 100"}));
   EXPECT_EQ(m_dialog.m_nInt, std::numeric_limits<int>::min());
   EXPECT_EQ(m_dialog.m_nSecond, -1) << "no button of the group is checked";
@@ -574,6 +552,8 @@ TEST(Paint, SvgIsTheExactDocument) {
   const std::array<PaintPoint, 3> points = {PaintPoint{0.0, 0.0}, PaintPoint{1.0, 2.0}, PaintPoint{3.0, 4.0}};
   svg.Polyline(points);
   svg.Polyline(std::span(points).first(1));
+  svg.Polygon(points);
+  svg.Polygon(std::span(points).first(2));
   svg.SetTextHeight(10.0);
   svg.Text(5.0, 6.0, "位移 <a> & \"b\"\x01\xFF", HorizontalAlign::Right, VerticalAlign::Baseline);
   const double dNan = std::numeric_limits<double>::quiet_NaN();
@@ -590,6 +570,7 @@ TEST(Paint, SvgIsTheExactDocument) {
             "stroke-width=\"2\"/>\n"
             "<polyline points=\"0,0 1.5,0\" fill=\"none\" stroke=\"#ff0000\" stroke-width=\"2\"/>\n"
             "<polyline points=\"0,0 1,2 3,4\" fill=\"none\" stroke=\"#ff0000\" stroke-width=\"2\"/>\n"
+            "<polygon points=\"0,0 1,2 3,4\" fill=\"#f0f0f0\" stroke=\"#ff0000\" stroke-width=\"2\"/>\n"
             "<text x=\"5\" y=\"6\" font-size=\"10\" text-anchor=\"end\" fill=\"#ff0000\">"
             "位移 &lt;a&gt; &amp; \"b\"\uFFFD\uFFFD</text>\n</svg>\n");
   for (const std::string_view strBroken :
@@ -604,4 +585,4 @@ TEST(Paint, SvgIsTheExactDocument) {
 }
 
 }  // namespace
-}  // namespace skyframe
+}  // namespace skyframe::test

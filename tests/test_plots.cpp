@@ -1,8 +1,3 @@
-#include <gtest/gtest.h>
-
-#include <cmath>
-#include <limits>
-
 #include "MastJob.h"
 #include "skyframe/plot/Chart.h"
 #include "skyframe/plot/Pictures.h"
@@ -88,51 +83,27 @@ TEST(Plots, HistoryMarksItsPeak) {
   }
 }
 
-/// A member of length 2 along Y; its second node rises by 1 and turns as the case says.
-std::vector<std::array<double, 3>> Bend(std::array<bool, 2> turns, double dRotation) {
-  ShapePicture picture;
-  picture.nodes = {{0, 0, 0}, {0, 2, 0}};
-  picture.displacements = {{}, {0, 0, 1, dRotation, 0, 0}};
-  return BendMember(picture, {0, 1, turns}, 10.0);
-}
-
-TEST(Plots, MembersBendLikeBeams) {
-  // Middle of a cantilever under a load at its end: 5/16 of the end, whose slope is 3/2 chords; the end
-  // turns freely in the second case, both ends are clamped in the third, one is hinged in the fourth.
-  const struct {
-    std::array<bool, 2> turns;
-    double dRotation, dMiddle;
-  } cases[] = {{{true, true}, 0.75, 0.3125},
-               {{true, false}, 0.0, 0.3125},
-               {{true, true}, 0.0, 0.5},
-               {{false, true}, 0.0, 0.6875}};
-  for (const auto& c : cases) {
-    const auto points = Bend(c.turns, c.dRotation);
-    ASSERT_EQ(points.size(), 11U);
-    EXPECT_NEAR(points[5][2], 10.0 * c.dMiddle, 1e-12);
-    EXPECT_NEAR(points[5][1], 1.0, 1e-12);
-    EXPECT_NEAR(points[10][2], 10.0, 1e-12);
-  }
-  EXPECT_EQ(Bend({false, false}, 0.0).size(), 2U);
-}
-
 TEST(Plots, ShapesStayOnTheSheet) {
-  ShapePicture picture;
-  picture.nodes = {{0, 0, 0}, {0, 0, 30}, {8, 5, 30}};
-  picture.nodeIds = {7, 8, 9};
-  picture.supports = {true, false, false};
-  picture.members = {{0, 1, {true, true}}, {1, 2, {false, false}}};
-  picture.bShowScale = true;
+  Job job;
+  job.nodes = {{.nId = 7, .restraint = {1, 1, 1, 1, 1, 1}, .nSpring = {}},
+               {.nId = 8, .dZ = 30, .nSpring = {}},
+               {.nId = 9, .dX = 8, .dY = 5, .dZ = 30, .nSpring = {}}};
+  job.elements = {{.nType = c_nBeam, .nNodeI = 1, .nNodeJ = 2}, {.nType = c_nBar, .nNodeI = 2, .nNodeJ = 3}};
   for (const double dZ : {30.0, 2.0, 0.0}) {
+    job.nodes[1].dZ = job.nodes[2].dZ = dZ;
     for (const double dSize : {0.0, 1e-7, 3.0, 1e9}) {
-      picture.nodes[1][2] = picture.nodes[2][2] = dZ;
-      picture.displacements = {{}, {dSize, 0, 0, 0, 0.1 * dSize, 0}, {-2 * dSize, dSize, 0, 0, 0, 0}};
-      CPaintRecorder paint;
-      PaintShape(paint, picture);
-      ExpectInside(paint, c_nSheetWidth, c_nSheetHeight);
-      EXPECT_EQ(FindText(paint, "node 9") != nullptr, dSize > 0.0);
-      for (const char* pszView : {"Isometric", "Elevation X–Z", "Elevation Y–Z", "Plan X–Y", "undeformed"}) {
-        EXPECT_NE(FindText(paint, pszView), nullptr);
+      ShapePicture picture;
+      picture.scene = CScene(job);
+      picture.shape.displacements = {{}, {dSize, 0, 0, 0, 0.1 * dSize, 0}, {-2 * dSize, dSize, 0, 0, 0, 0}};
+      for (const ShapeKind kind : {ShapeKind::LinearState, ShapeKind::Mode}) {
+        picture.shape.kind = kind;
+        CPaintRecorder paint;
+        PaintShape(paint, picture);
+        ExpectInside(paint, c_nSheetWidth, c_nSheetHeight);
+        EXPECT_EQ(FindText(paint, "node 9") != nullptr, dSize > 0.0);
+        for (const char* pszView : {"Isometric", "Elevation X–Z", "Elevation Y–Z", "Plan X–Y", "undeformed"}) {
+          EXPECT_NE(FindText(paint, pszView), nullptr);
+        }
       }
     }
   }

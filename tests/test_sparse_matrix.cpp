@@ -1,26 +1,13 @@
-#include <gtest/gtest.h>
-
-#include <cmath>
-#include <functional>
-#include <limits>
-#include <random>
-#include <string>
-#include <tuple>
-#include <vector>
-
 #include "TestPlatform.h"
 #include "reference_skyline.h"
 #include "skyframe/numeric/SkylineKernel.h"
 #include "skyframe/numeric/SparseMatrix.h"
 #include "skyframe/numeric/TallColumns.h"
 
-namespace skyframe {
+namespace skyframe::test {
 namespace {
 
 using skyline::VectorUnit;
-using test::CTestPlatform;
-using test::RandomSkyline;
-using test::Skyline;
 
 using Vector = std::vector<double>;
 using Messages = std::vector<std::string>;
@@ -253,24 +240,6 @@ TEST(SparseMatrix, ProductsAgreeWithPlainSums) {
   EXPECT_EQ(platform.GetMessages(), Messages{"Vector Definition Error!"});
 }
 
-TEST(SparseMatrix, TrimmingAndCompressedRows) {
-  //     | 4 0 0 1 |        heights 1, 2, 3, 4 trimmed to 1, 1, 2, 4
-  // A = |   0 2 0 |        (a zero diagonal entry is not a compressed one)
-  //     |     5 0 |
-  //     |       6 |
-  SparseMatrix S = MakeSparse({0, 2, 5, 9}, {4, 0, 0, 0, 2, 5, 1, 0, 0, 6});
-  const auto ints = [](std::span<const int> s) { return std::vector<int>(s.begin(), s.end()); };
-  S.TrimProfile(4);
-  EXPECT_EQ(ints(S.GetHeights()), (std::vector<int>{1, 1, 2, 4}));
-  EXPECT_EQ(ints(S.GetRowExtents()), (std::vector<int>{4, 3, 2, 1}));
-  EXPECT_TRUE(S.BuildRows(4));
-  EXPECT_EQ(ints(S.GetRowStarts()), (std::vector<int>{0, 2, 3, 5, 7}));
-  EXPECT_EQ(ints(S.GetRowColumns()), (std::vector<int>{0, 3, 2, 1, 2, 0, 3}));
-  EXPECT_EQ(Vector(S.GetRowValues().begin(), S.GetRowValues().end()), (Vector{4, 1, 2, 2, 5, 1, 6}));
-  S.RestoreHeights();
-  EXPECT_EQ(ints(S.GetHeights()), (std::vector<int>{1, 2, 3, 4}));
-}
-
 // --- factorisation and solution ---------------------------------------------------------------
 
 TEST(SparseMatrix, PivotTest) {
@@ -380,8 +349,8 @@ void TrimAtRandom(Skyline& A, std::mt19937& random) {
 void CompareWithTextbook(const Skyline& A, int n, VectorUnit unit, std::mt19937& random) {
   Skyline expected = A, actual = A;
   Vector d(Index(n)), dExpected(Index(n)), x = RandomVector(n, random), xExpected = x;
-  test::ReferenceFactorise(expected, n, dExpected);
-  test::ReferenceSolve(expected, n, dExpected, xExpected);
+  ReferenceFactorise(expected, n, dExpected);
+  ReferenceSolve(expected, n, dExpected, xExpected);
   const skyline::Profile profile{std::span<const int>(actual.diag).first(Index(n)),
                                  std::span<const int>(actual.height).first(Index(n))};
   skyline::FactoriseLdlt(profile, actual.values.data(), d, unit);
@@ -402,7 +371,7 @@ void CompareWithTextbook(const Skyline& A, int n, VectorUnit unit, std::mt19937&
   Vector B = RandomVector(n * nColumns, random), BExpected;
   for (int c = 0; c < nColumns; ++c) {
     Vector b(B.begin() + c * n, B.begin() + (c + 1) * n);
-    test::ReferenceSolve(expected, n, dExpected, b);
+    ReferenceSolve(expected, n, dExpected, b);
     BExpected.insert(BExpected.end(), b.begin(), b.end());
   }
   skyline::SolveColumns(profile, actual.values.data(), d, B, nColumns, unit);
@@ -459,4 +428,4 @@ INSTANTIATE_TEST_SUITE_P(Units, SkylineKernel,
                          [](const auto& unit) { return std::to_string(static_cast<int>(unit.param)); });
 
 }  // namespace
-}  // namespace skyframe
+}  // namespace skyframe::test

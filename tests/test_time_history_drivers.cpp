@@ -1,15 +1,7 @@
 // The time-history and viewer drivers through their dialogs, against the same runs on the model.
 
-#include <gtest/gtest.h>
-
-#include <cmath>
-#include <functional>
-#include <tuple>
-#include <utility>
-
-#include "HostModel.h"
+#include "ModalModels.h"
 #include "ResultFiles.h"
-#include "TestPlatform.h"
 #include "skyframe/connect/Histories.h"
 #include "skyframe/connect/ModeConnect.h"
 #include "skyframe/dialogs/HisResultDlg.h"
@@ -24,8 +16,8 @@ namespace {
 
 /// Steps of the history of node 2 along X as the viewer writes it.
 std::vector<double> ReadThroughViewer(CTestPlatform& platform, const CJobFolder& job) {
-  platform->AddScript(c_nIdHisResultDlg, {DialogStep::Type(c_nIdHistoryNode, "2"), DialogStep::Click(c_nIdRefresh),
-                                          DialogStep::Click(c_nIdOutput), DialogStep::Ok()});
+  platform->AddScript(c_nIdHisResultDlg,
+                      {Do::Type(c_nIdHistoryNode, "2"), Do::Click(c_nIdRefresh), Do::Click(c_nIdOutput), Do::Ok()});
   CModeConnect::OnTimeHistoryRes();
   EXPECT_TRUE(platform->GetScriptErrors().empty());
   return Take(host::ReadHistoryExtract(job.GetPath("_2_node.txt"), {ABCD.m_nNodes, ABCD.m_nElements})).values;
@@ -43,36 +35,28 @@ TEST(TimeHistoryDrivers, HostRecordThatOutlivedTheHistories) {
   EXPECT_EQ(platform.GetMessages(), c_noHistory);
 }
 
-/// A frame that leans every way; two load types of 60 and 40 kN along +Z.
+/// Two load types of 60 and 40 kN along +Z.
 void FillFrame(CHostModel& host) {
-  host.SetSection(1, 2, 6000.0, 5e6, 2e7, 4e7);
-  host.AddNode(0, 0, 0, c_nRigid, "111111");
-  host.AddNode(0.2, 0.1, 3);
-  host.AddNode(4, 0, 3.1);
-  host.AddNode(4, 0.3, 0, c_nPinned, "111000");
-  for (const int n : {1, 2, 3}) host.AddElement(c_nBeam, n, n + 1);
-  host.AddElement(c_nBar, 1, 3);
+  FillLeaningFrame(host);
   host.AddLoad(0, 2, c_nDofZ, 60.0);
   host.AddLoad(1, 3, c_nDofZ, 40.0);
   ABCD.m_nLoadCases = 1;
 }
 
-using Steps = std::vector<DialogStep>;
 using Fields = std::vector<std::pair<int, std::string>>;
 
 Steps Join(Steps steps, const Fields& fields, const Steps& last = {}) {
-  for (const auto& [nId, strText] : fields) steps.push_back(DialogStep::Type(nId, strText));
+  for (const auto& [nId, strText] : fields) steps.push_back(Do::Type(nId, strText));
   steps.insert(steps.end(), last.begin(), last.end());
-  steps.push_back(DialogStep::Ok());
+  steps.push_back(Do::Ok());
   return steps;
 }
 
 /// The first load type by 0.8, the second one by 1.3.
 void CombineLoads(CTestPlatform& platform) {
-  const DialogStep add = DialogStep::Click(c_nIdAdd);
-  platform->AddScript(c_nIdLoadCombDlg,
-                      Join({DialogStep::Type(c_nIdFactor, "0.8"), DialogStep::ToggleRow(c_nIdAvailable, 0), add},
-                           {{c_nIdFactor, "1.3"}}, {DialogStep::ToggleRow(c_nIdAvailable, 1), add}));
+  const DialogStep add = Do::Click(c_nIdAdd);
+  platform->AddScript(c_nIdLoadCombDlg, Join({Do::Type(c_nIdFactor, "0.8"), Do::ToggleRow(c_nIdAvailable, 0), add},
+                                             {{c_nIdFactor, "1.3"}}, {Do::ToggleRow(c_nIdAvailable, 1), add}));
 }
 void CombineLoads(CAnalysisModel& model) {
   model.m_nLoadCaseFlag[0] = model.m_nLoadCaseFlag[1] = 1;
@@ -82,8 +66,7 @@ void CombineLoads(CAnalysisModel& model) {
 
 /// Four modes with shear.
 void RunModal(CTestPlatform& platform) {
-  platform->AddScript(c_nIdModeDlg,
-                      Join({DialogStep::Tick(c_nIdShear), DialogStep::Click(c_nIdModeLoadComb)}, {{c_nIdModes, "4"}}));
+  platform->AddScript(c_nIdModeDlg, Join({Do::Tick(c_nIdShear), Do::Click(c_nIdModeLoadComb)}, {{c_nIdModes, "4"}}));
   CombineLoads(platform);
   CModeConnect::OnMode();
   platform->Clear();
@@ -105,7 +88,7 @@ struct WholeRun {
 
 int RunDriver(CTestPlatform& platform, const WholeRun& run) {
   const bool bWilson = run.scripts.front().first == c_nIdWilsonDlg;
-  platform->AddScript(c_nIdDynOptionDlg, Join({DialogStep::Choose(bWilson ? c_nIdWilson : c_nIdNewmark)}, {}));
+  platform->AddScript(c_nIdDynOptionDlg, Join({Do::Choose(bWilson ? c_nIdWilson : c_nIdNewmark)}, {}));
   for (const auto& [nDialog, steps] : run.scripts) platform->AddScript(nDialog, steps);
   CombineLoads(platform);
   return CModeConnect::OnTimeHistoryAnalysis();
@@ -113,7 +96,7 @@ int RunDriver(CTestPlatform& platform, const WholeRun& run) {
 
 /// Newmark without a default left: the steps, then the fields all runs have in common.
 Steps NewmarkSteps(Steps steps) {
-  steps.push_back(DialogStep::Click(c_nIdLoadComb));
+  steps.push_back(Do::Click(c_nIdLoadComb));
   return Join(steps, {{c_nIdDamping1, "0.03"}, {c_nIdDamping2, "0.08"}, {c_nIdAlpha, "0.31"}, {c_nIdDelta, "0.6"}});
 }
 void SetNewmark(CAnalysisModel& model, double dTimeStep, double dDuration) {
@@ -132,7 +115,7 @@ WholeRun MakeWilson() {
                          {c_nIdWilsonStep, "0.004"},
                          {c_nIdWilsonDuration, "0.1"}};
   return {"Wilson",
-          {{c_nIdWilsonDlg, Join({DialogStep::Tick(c_nIdNonlinear), DialogStep::Click(c_nIdLoadComb)}, fields)}},
+          {{c_nIdWilsonDlg, Join({Do::Tick(c_nIdNonlinear), Do::Click(c_nIdLoadComb)}, fields)}},
           [](CAnalysisModel& model) {  // deliberate: this dialog hands over no load combination
             model.m_pDamping = {0.03, 0.08};
             model.m_dWilsonTheta = 1.9;
@@ -152,9 +135,8 @@ WholeRun MakeImpulse(const std::string& strUnloadTime) {
                          {c_nIdPeakTime, "0.01"}, {c_nIdUnloadTime, strUnloadTime}, {c_nIdStep, "0.005"},
                          {c_nIdDuration, "0.2"}};
   return {"impulse",
-          {{c_nIdNewmarkDlg, NewmarkSteps({DialogStep::Click(c_nIdImpulseLoad)})},
-           {c_nIdImpulseLoadDlg,
-            Join({DialogStep::Choose(c_nIdRectangular)}, fields, {DialogStep::Click(c_nIdImpulseInsert)})}},
+          {{c_nIdNewmarkDlg, NewmarkSteps({Do::Click(c_nIdImpulseLoad)})},
+           {c_nIdImpulseLoadDlg, Join({Do::Choose(c_nIdRectangular)}, fields, {Do::Click(c_nIdImpulseInsert)})}},
           [](CAnalysisModel& model) {
             SetNewmark(model, 0.005, 0.2);
             model.LoadScript = ComposeImpulses();
@@ -164,8 +146,8 @@ WholeRun MakeImpulse(const std::string& strUnloadTime) {
 
 WholeRun MakeStandardRecord() {
   return {"standard record along Y",
-          {{c_nIdNewmarkDlg, NewmarkSteps({DialogStep::Choose(c_nIdGroundMotion), DialogStep::Click(c_nIdEarthquake)})},
-           {c_nIdEarthquakeDlg, Join({DialogStep::Tick(c_nIdQuakeY), DialogStep::Tick(c_nIdQuakeZ)},
+          {{c_nIdNewmarkDlg, NewmarkSteps({Do::Choose(c_nIdGroundMotion), Do::Click(c_nIdEarthquake)})},
+           {c_nIdEarthquakeDlg, Join({Do::Tick(c_nIdQuakeY), Do::Tick(c_nIdQuakeZ)},
                                      {{c_nIdPeakY, "2"}, {c_nIdStep, "0.02"}, {c_nIdDuration, "1.1"}})}},
           [](CAnalysisModel& model) {
             SetNewmark(model, 0.02, 1.1);
@@ -183,11 +165,10 @@ WholeRun MakeNonlinear(int nCriterion, double dTolerance, int nMaxIter) {
   return {
       "nonlinear, criterion " + std::to_string(nCriterion),
       {{c_nIdNewmarkDlg,
-        NewmarkSteps({DialogStep::Choose(c_nIdGroundMotion), DialogStep::Tick(c_nIdFromFile),
-                      DialogStep::Tick(c_nIdNonlinear), DialogStep::ChooseItem(c_nIdCriterion, nCriterion),
-                      DialogStep::Type(c_nIdTolerance, std::to_string(dTolerance)),
-                      DialogStep::Type(c_nIdMaxIter, std::to_string(nMaxIter)), DialogStep::Click(c_nIdEarthquake)})},
-       {c_nIdEarthquakeDlg, Join({DialogStep::Choose(c_nIdOblique)}, fields)}},
+        NewmarkSteps({Do::Choose(c_nIdGroundMotion), Do::Tick(c_nIdFromFile), Do::Tick(c_nIdNonlinear),
+                      Do::ChooseItem(c_nIdCriterion, nCriterion), Do::Type(c_nIdTolerance, std::to_string(dTolerance)),
+                      Do::Type(c_nIdMaxIter, std::to_string(nMaxIter)), Do::Click(c_nIdEarthquake)})},
+       {c_nIdEarthquakeDlg, Join({Do::Choose(c_nIdOblique)}, fields)}},
       [=](CAnalysisModel& model) {
         SetNewmark(model, 0.008, 0.3);
         model.m_bLoadFromFile = 1;
@@ -238,7 +219,7 @@ TEST(TimeHistoryDrivers, EverySettingOfTheDialogsReachesTheRun) {
     RunModal(platform);
     COMDYN.m_bNonlinear = 7;
     EXPECT_EQ(RunDriver(platform, run), 1);
-    EXPECT_EQ(platform->GetScriptErrors(), std::vector<std::string>{});
+    EXPECT_EQ(platform->GetScriptErrors(), Strings{});
     EXPECT_FALSE(platform->HasUnusedScripts());
     EXPECT_TRUE(platform.GetMessages().empty());
     for (std::size_t q = 0; q < c_nHistoryQuantities; ++q) {
@@ -264,7 +245,7 @@ TEST(TimeHistoryDrivers, EndEarly) {
   const CJobFolder job("history_early");
   EXPECT_EQ(CModeConnect::OnTimeHistoryAnalysis(), 0);  // cancelled
   COMDYN.m_bNonlinear = 1;
-  EXPECT_EQ(RunDriver(platform, {"cancelled later", {{c_nIdWilsonDlg, {DialogStep::Cancel()}}}, {}}), 0);
+  EXPECT_EQ(RunDriver(platform, {"cancelled later", {{c_nIdWilsonDlg, {Do::Cancel()}}}, {}}), 0);
   EXPECT_EQ(COMDYN.m_bNonlinear, 0);
   CModeConnect::OnTimeHistoryRes();
   EXPECT_EQ(platform.GetMessages(), c_noHistory);

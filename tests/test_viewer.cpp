@@ -1,13 +1,10 @@
-// Result viewer: the picture call by call, and the dialog.
+// Picture of the result viewer, call by call.
 
-#include <limits>
-
-#include "DialogTesting.h"
-#include "skyframe/dialogs/HisResultDlg.h"
+#include "TestPlatform.h"
 #include "skyframe/history/HistoryPlot.h"
 #include "skyframe/platform/PaintContext.h"
 
-namespace skyframe {
+namespace skyframe::test {
 namespace {
 
 HistorySet MakeHistory(const std::vector<double>& values, double dTimeStep = 0.5, int nQuantity = c_nHistoryX) {
@@ -69,7 +66,7 @@ TEST(ViewerPlot, EveryCall) {
 TEST(ViewerPlot, ForcesAreInKilonewtons) {
   const auto items = Paint(MakeHistory({-2500.0, 1000.0}, 10.0, c_nHistoryForce), c_nHistoryForce);
   EXPECT_EQ(items[3].points, (std::vector<PaintPoint>{{250, 155}, {450, 280}, {650, 105}}));
-  EXPECT_EQ(GetTexts(items), (std::vector<std::string>{"0", "5", "10", "15", "20", "2.50e+00", "-2.50e+00"}));
+  EXPECT_EQ(GetTexts(items), (Strings{"0", "5", "10", "15", "20", "2.50e+00", "-2.50e+00"}));
 }
 
 TEST(ViewerPlot, Scale) {
@@ -99,88 +96,5 @@ TEST(ViewerPlot, FlatAndDamagedHistories) {
   EXPECT_EQ(GetTexts(Paint(MakeHistory({0.001}, c_dNaN)))[0], "");
 }
 
-// --- the dialog
-
-class CFakeHistories : public IHistoryView {
- public:
-  int GetNodeCount() const override { return 5; }
-  int GetElementCount() const override { return 3; }
-  void Plot(IPaintContext&, const std::optional<HistorySelection>& selection) const override {
-    m_plotted.push_back(selection);
-  }
-  bool WriteOut(const HistorySelection& selection) const override {
-    m_written.push_back(selection);
-    return m_bWritable;
-  }
-
-  bool m_bWritable = true;
-  mutable std::vector<std::optional<HistorySelection>> m_plotted;
-  mutable std::vector<HistorySelection> m_written;
-};
-
-class ViewerDialog : public testing::Test {
- protected:
-  void Run(std::vector<DialogStep> steps) {
-    m_platform->AddScript(c_nIdHisResultDlg, std::move(steps));
-    CHisResultDlg dialog(m_histories);
-    dialog.DoModal();
-    CPaintRecorder recorder;
-    dialog.Paint(recorder);
-    EXPECT_TRUE(m_platform->GetScriptErrors().empty());
-  }
-
-  test::CTestPlatform m_platform;
-  CFakeHistories m_histories;
-};
-
-TEST_F(ViewerDialog, RefreshShowsAndOutputWritesTheSelection) {
-  Run({DialogStep::Ok()});
-  EXPECT_FALSE(m_histories.m_plotted.back());
-  Run({DialogStep::Click(c_nIdOutput), DialogStep::Type(c_nIdHistoryNode, "5"), DialogStep::Choose(c_nIdHistoryZ),
-       DialogStep::Click(c_nIdRefresh), DialogStep::Ok()});
-  EXPECT_EQ(m_histories.m_plotted.back(), (HistorySelection{false, 5, 2}));
-  EXPECT_TRUE(m_platform.GetMessages().empty());
-  m_histories.m_bWritable = false;
-  Run({DialogStep::Choose(c_nIdElementHistory), DialogStep::Type(c_nIdHistoryElement, "3"),
-       DialogStep::Click(c_nIdRefresh), DialogStep::Click(c_nIdOutput), DialogStep::Ok()});
-  EXPECT_EQ(m_histories.m_plotted.back(), (HistorySelection{true, 3, 0}));
-  EXPECT_EQ(m_histories.m_written, (std::vector<HistorySelection>{{false, 1, 0}, {true, 3, 0}}));
-  EXPECT_EQ(m_platform.GetMessages(), std::vector<std::string>{"结果文件无法写入!"});
-}
-
-TEST_F(ViewerDialog, NumbersThatTheModelDoesNotHave) {
-  const struct {
-    int nRadio, nField;
-    const char *strNumber, *strMessage;
-  } cases[] = {{c_nIdNodeHistory, c_nIdHistoryNode, "6", "错误: 没有所求节点"},
-               {c_nIdNodeHistory, c_nIdHistoryNode, "0", "错误: 没有所求节点"},
-               {c_nIdElementHistory, c_nIdHistoryElement, "4", "错误: 没有所求单元"},
-               {c_nIdElementHistory, c_nIdHistoryElement, "-1", "错误: 没有所求单元"}};
-  for (const auto& c : cases) {
-    m_platform->Clear();
-    Run({DialogStep::Click(c_nIdRefresh), DialogStep::Choose(c.nRadio), DialogStep::Type(c.nField, c.strNumber),
-         DialogStep::Click(c_nIdRefresh), DialogStep::Click(c_nIdOutput), DialogStep::Ok()});
-    EXPECT_EQ(m_platform.GetMessages(), std::vector<std::string>(2, c.strMessage));
-    EXPECT_EQ(m_histories.m_plotted.back(), (HistorySelection{false, 1, 0})) << "the picture stays";
-  }
-  EXPECT_TRUE(m_histories.m_written.empty());
-}
-
-TEST(ViewerTemplate, LeavesRoomForThePlot) {
-  using enum ControlKind;
-  test::ExpectControls(c_hisResultTemplate, 16006, "时程计算结果输出",
-                       {{c_nIdNodeHistory, Radio, "节点位移(mm)"},
-                        {c_nIdElementHistory, Radio, "单元轴力(kN)"},
-                        {c_nIdHistoryNode, Edit, "节点号码"},
-                        {c_nIdHistoryElement, Edit, "单元号码"},
-                        {c_nIdRefresh, Button, "刷 新"},
-                        {c_nIdOutput, Button, "输出到文件"}});
-  for (const ControlTemplate& control : c_hisResultTemplate.controls) {
-    EXPECT_LT(1.9 * (control.rect.nX + control.rect.nWidth), 170.0);  // pixels at most
-  }
-  EXPECT_GE(1.5 * c_hisResultTemplate.nWidth, 651.0);  // pixels at least
-  EXPECT_GE(1.5 * c_hisResultTemplate.nHeight, 280.0);
-}
-
 }  // namespace
-}  // namespace skyframe
+}  // namespace skyframe::test

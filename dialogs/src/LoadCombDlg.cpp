@@ -5,18 +5,10 @@
 
 #include "skyframe/dialogs/Templates.h"
 #include "skyframe/platform/NumberText.h"
+#include "skyframe/values/LoadNames.h"
 #include "texts.h"
 
 namespace skyframe {
-
-namespace {
-
-std::string GetLoadName(int nType) {
-  if (nType == 0) return std::string(texts::c_strDeadLoad);
-  return std::string(texts::c_strLiveLoad) + std::to_string(nType);
-}
-
-}  // namespace
 
 void EditLoadCombination(LoadCombination& combination) {
   CLoadCombDlg dialog;

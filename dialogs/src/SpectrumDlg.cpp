@@ -10,8 +10,6 @@ namespace skyframe {
 
 namespace {
 
-constexpr int c_nFirstIntensity = 6;
-
 /// Radio group whose buttons stand for the codes from nFirst up. No button: the code below the first.
 void ExchangeCode(CDataExchange& exchange, int nFirstId, int nFirst, int& nCode) {
   int nIndex = std::max(nCode, nFirst - 1) - nFirst;
@@ -22,7 +20,7 @@ void ExchangeCode(CDataExchange& exchange, int nFirstId, int nFirst, int& nCode)
 /// Design basic acceleration, g; 0.05 for an intensity that is none.
 double GetDesignAcceleration(int nIntensity) {
   constexpr std::array<double, 6> c_accelerations = {0.05, 0.10, 0.15, 0.20, 0.30, 0.40};
-  const int nIndex = nIntensity - c_nFirstIntensity;
+  const int nIndex = nIntensity - c_nLowestIntensity;
   const bool bInside = nIndex >= 0 && nIndex < static_cast<int>(c_accelerations.size());
   return c_accelerations[bInside ? static_cast<size_t>(nIndex) : 0];
 }
@@ -61,7 +59,7 @@ void CSpectrumDlg::DoDataExchange(CDataExchange& exchange) {
   exchange.Text(c_nIdDirectionZ, m_dDirCoef[2]);
   ExchangeCode(exchange, c_nIdSiteClass1, 1, m_nSiteClass);
   ExchangeCode(exchange, c_nIdZoneGroup1, 1, m_nZoneGroup);
-  ExchangeCode(exchange, c_nIdIntensity6, c_nFirstIntensity, m_nIntensity);
+  ExchangeCode(exchange, c_nIdIntensity6, c_nLowestIntensity, m_nIntensity);
   exchange.Radio(c_nIdFrequentQuake, m_nQuakeLevel);
   exchange.Text(c_nIdDampRatio, m_dDampRatio);
   exchange.Radio(c_nIdSrss, m_nCombMethod);

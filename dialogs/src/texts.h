@@ -5,8 +5,6 @@
 namespace skyframe::dialogs::texts {
 
 inline constexpr std::string_view c_strTooManyLoadTypes = "荷载类型过多,计算终止!";
-inline constexpr std::string_view c_strDeadLoad = "静";
-inline constexpr std::string_view c_strLiveLoad = "活";
 
 inline constexpr std::string_view c_strNegativeNode = "节点号小于0，错误";
 inline constexpr std::string_view c_strWrongDirection = "方向定义错误";

@@ -89,7 +89,7 @@ std::vector<double> ReadShape(CWordReader& reader, const CAnalysisModel& model) 
   ReadFinite(reader);  // Hz
   for (int nNode = 0; nNode < nodes.GetNodeCount() && !reader.HasFailed(); ++nNode) {
     ReadFinite(reader);  // node
-    for (int nDirection = 0; nDirection < (nodes.IsRigid(nNode) ? 6 : 3); ++nDirection) {
+    for (int nDirection = 0; nDirection < nodes.GetDofCount(nNode); ++nDirection) {
       const double dValue = ReadFinite(reader);
       const int e = nodes.FindDof(nNode, nDirection);
       if (e >= 0 && e < model.GetFreeDofs()) shape[static_cast<std::size_t>(e)] = dValue;

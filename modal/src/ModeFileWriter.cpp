@@ -34,7 +34,7 @@ void WriteShape(CTextWriter& out, const CAnalysisModel& model, int nMode) {
     const int nNumber = GetRenumbered(i, nodes.GetNodeCount());
     const int nNode = nNumber - 1;
     out.Integer(nNumber, c_nNodeWidth);
-    for (int nDirection = 0; nDirection < (nodes.IsRigid(nNode) ? 6 : 3); ++nDirection) {
+    for (int nDirection = 0; nDirection < nodes.GetDofCount(nNode); ++nDirection) {
       const int e = nodes.FindDof(nNode, nDirection);
       out.General(e >= 0 && e < model.GetFreeDofs() ? model.ModeShapes[e][nMode] : 0.0, c_nValueWidth);
     }

@@ -27,7 +27,7 @@ void WriteList(CTextWriter& out, std::span<const double> values) {
 /// Number and six or three values of a node from a vector over the equations.
 void WriteNode(CTextWriter& out, const CNodeTable& nodes, int nNode, std::span<const double> values) {
   out.Integer(nNode + 1, c_nNumberWidth);
-  for (int nDirection = 0; nDirection < (nodes.IsRigid(nNode) ? 6 : 3); ++nDirection) {
+  for (int nDirection = 0; nDirection < nodes.GetDofCount(nNode); ++nDirection) {
     out.General(nodes.GetValue(values, nNode, nDirection), c_nValueWidth);
   }
   out.EndLine();

@@ -132,6 +132,10 @@ void IPaintContext::Polyline(std::span<const PaintPoint> points) {
   if (points.size() > 1 && std::all_of(points.begin(), points.end(), IsFinite)) DrawPolyline(points);
 }
 
+void IPaintContext::Polygon(std::span<const PaintPoint> points) {
+  if (points.size() > 2 && std::all_of(points.begin(), points.end(), IsFinite)) DrawPolygon(points);
+}
+
 void IPaintContext::Text(double dX, double dY, std::string_view strText, HorizontalAlign horizontal,
                          VerticalAlign vertical) {
   if (IsFinite({dX, dY})) DrawText({dX, dY}, strText, horizontal, vertical);
@@ -144,6 +148,10 @@ void CPaintRecorder::DrawRectangle(PaintPoint topLeft, double dWidth, double dHe
 
 void CPaintRecorder::DrawPolyline(std::span<const PaintPoint> points) {
   m_items.push_back({PaintItem::Kind::Polyline, GetState(), {points.begin(), points.end()}, {}});
+}
+
+void CPaintRecorder::DrawPolygon(std::span<const PaintPoint> points) {
+  m_items.push_back({PaintItem::Kind::Polygon, GetState(), {points.begin(), points.end()}, {}});
 }
 
 void CPaintRecorder::DrawText(PaintPoint at, std::string_view strText, HorizontalAlign horizontal,
@@ -173,13 +181,20 @@ void CSvgPaintContext::DrawRectangle(PaintPoint topLeft, double dWidth, double d
                Attribute("stroke-width", Length(GetState().dPenWidth)) + "/>\n";
 }
 
-void CSvgPaintContext::DrawPolyline(std::span<const PaintPoint> points) {
+void CSvgPaintContext::DrawPolyline(std::span<const PaintPoint> points) { AddShape("polyline", points, "none"); }
+
+void CSvgPaintContext::DrawPolygon(std::span<const PaintPoint> points) {
+  AddShape("polygon", points, ToHex(GetState().brush));
+}
+
+void CSvgPaintContext::AddShape(std::string_view strElement, std::span<const PaintPoint> points,
+                                std::string_view strFill) {
   std::string strPoints;
   for (const PaintPoint& point : points) {
     if (!strPoints.empty()) strPoints += ' ';
     strPoints += Length(point.dX) + "," + Length(point.dY);
   }
-  m_strBody += "<polyline" + Attribute("points", strPoints) + Attribute("fill", "none") +
+  m_strBody += "<" + std::string(strElement) + Attribute("points", strPoints) + Attribute("fill", strFill) +
                Attribute("stroke", ToHex(GetState().pen)) + Attribute("stroke-width", Length(GetState().dPenWidth)) +
                "/>\n";
 }

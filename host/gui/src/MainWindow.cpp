@@ -12,6 +12,7 @@
 #include <iterator>
 
 #include "ErrorDialog.h"
+#include "ShapeTitle.h"
 #include "skyframe/qt/Font.h"
 #include "skyframe/results/Histories.h"
 #include "skyframe/run/DataDirectory.h"
@@ -156,13 +157,13 @@ void CMainWindow::MakeAnalysisMenu() {
 void CMainWindow::MakeViewMenu() {
   QMenu& menu = AddMenu(texts::c_strViewMenu);
   const auto addView = [this, &menu](std::string_view strText, std::string_view strTip, const char* strName,
-                                     StandardView view) {
-    AddAction(menu, strText, strTip, strName, [this, view] { m_view.SetStandardView(view); });
+                                     host::ViewDirection view) {
+    AddAction(menu, strText, strTip, strName, [this, view] { m_view.SetDirection(view); });
   };
-  addView(texts::c_strIsometric, texts::c_strIsometricTip, "isometric", StandardView::Isometric);
-  addView(texts::c_strFront, texts::c_strFrontTip, "front", StandardView::Front);
-  addView(texts::c_strSide, texts::c_strSideTip, "side", StandardView::Side);
-  addView(texts::c_strPlan, texts::c_strPlanTip, "plan", StandardView::Plan);
+  addView(texts::c_strIsometric, texts::c_strIsometricTip, "isometric", host::c_obliqueView);
+  addView(texts::c_strFront, texts::c_strFrontTip, "front", host::c_frontView);
+  addView(texts::c_strSide, texts::c_strSideTip, "side", host::c_sideView);
+  addView(texts::c_strPlan, texts::c_strPlanTip, "plan", host::c_planView);
   AddAction(menu, texts::c_strFit, texts::c_strFitTip, "fit", [this] { m_view.FitAll(); });
   menu.addSeparator();
   AddOption(menu, texts::c_strSupports, texts::c_strSupportsTip, "supports", &ViewOptions::bSupports);
@@ -286,7 +287,7 @@ bool CMainWindow::OpenJob(const QString& strFile) {
   }
   const bool bSameFile = strFile == m_strJobFile;
   m_strJobFile = strFile;
-  m_view.SetScene(CScene(m_session->GetJob()), bSameFile);
+  m_view.SetScene(host::CScene(m_session->GetJob()), bSameFile);
   m_results.SetJobPath(strJobPath);
   const QString strTitle = QString::fromStdString(m_session->GetJob().strTitle);
   setWindowTitle((strTitle.isEmpty() ? QFileInfo(strFile).fileName() : strTitle) + QStringLiteral(" - ") +
@@ -333,13 +334,13 @@ void CMainWindow::RefreshResults() {
   for (QAction* const pAction : m_jobActions) pAction->setEnabled(!m_strJobFile.isEmpty());
   m_results.Refresh();
   m_shapes.clear();
-  if (m_session) m_shapes = ReadShapes(m_session->GetJobPath(), m_session->GetJob().nodes);
+  if (m_session) m_shapes = host::ReadShapes(m_session->GetJobPath(), m_session->GetJob().nodes);
   const int nChosen = m_shapeList.currentIndex();
   {
     const QSignalBlocker blocker(m_shapeList);
     m_shapeList.clear();
     m_shapeList.addItem(ToQt(texts::c_strNoShape));
-    for (const Shape& shape : m_shapes) m_shapeList.addItem(QString::fromStdString(shape.strTitle));
+    for (const host::DeformedShape& shape : m_shapes) m_shapeList.addItem(ToQt(FormShapeTitle(shape)));
     m_shapeList.setCurrentIndex(nChosen > 0 && nChosen < m_shapeList.count() ? nChosen : 0);
   }
   ShowShape();

@@ -5,14 +5,11 @@
 #include <filesystem>
 #include <sstream>
 
-#include "skyframe/advice/Advice.h"
 #include "skyframe/connect/Inquiries.h"
-#include "skyframe/hostdata/HostData.h"
 #include "skyframe/job/DialogFields.h"
 #include "skyframe/job/Text.h"
 #include "skyframe/plot/Chart.h"
 #include "skyframe/plot/Pictures.h"
-#include "skyframe/results/Displacements.h"
 #include "skyframe/results/Histories.h"
 #include "skyframe/results/ModeResultFile.h"
 #include "skyframe/results/StaticResultFile.h"
@@ -25,8 +22,6 @@ namespace skyframe::host {
 namespace {
 
 constexpr std::array<const char*, 5> c_strRomanNumbers = {"", "I", "II", "III", "IV"};
-constexpr int c_nLowestIntensity = 6;
-constexpr double c_dLargestDrawn = 1.0e30;  // m, kN, s: what scales and pixels are formed from must stay finite
 
 constexpr int c_nViewerWidth = 665;  // client area of the result viewer, pixels
 constexpr int c_nViewerHeight = 300;
@@ -140,51 +135,18 @@ class CPlotter {
     return Render(c_nChartWidth, c_nChartHeight, picture, PaintSpectrum);
   }
 
-  /// What is restrained at every node, as out of plane in a plane structure, is no support.
-  [[nodiscard]] std::array<int, 6> FindCommonRestraint() const {
-    std::array<int, 6> common = m_job.nodes.front().restraint;
-    for (const JobNode& node : m_job.nodes) {
-      for (std::size_t d = 0; d < common.size(); ++d) common[d] = common[d] * node.restraint[d];
+  /// The structure with one of its shapes; nothing after a line about the first value that cannot be drawn.
+  std::optional<ShapePicture> MakeShapePicture(DeformedShape shape, const std::string& strFile) {
+    if (const std::optional<int> nNode = shape.FindUndrawableNode()) {
+      return Refuse(strFile + ": the displacement of node " +
+                    std::to_string(m_job.nodes[static_cast<std::size_t>(*nNode)].nId) +
+                    " is not a finite number, or out of range");
     }
-    return common;
-  }
-
-  /// The structure at rest.
-  [[nodiscard]] ShapePicture MakeShape() const {
     ShapePicture picture;
     picture.strTitle = GetTitle();
-    const std::array<int, 6> common = FindCommonRestraint();
-    for (const JobNode& node : m_job.nodes) {
-      picture.nodes.push_back({node.dX, node.dY, node.dZ});
-      picture.nodeIds.push_back(node.nId);
-      picture.supports.push_back(node.nSpring || node.restraint != common);
-    }
-    for (const JobElement& element : m_job.elements)
-      picture.members.push_back({element.nNodeI - 1, element.nNodeJ - 1, {}});
-    picture.displacements.resize(picture.nodes.size());
+    picture.scene = CScene(m_job);
+    picture.shape = std::move(shape);
     return picture;
-  }
-
-  /// Beams turn with rigid joints.
-  void LetBeamsBend(ShapePicture& picture) const {
-    for (std::size_t k = 0; k < m_job.elements.size(); ++k) {
-      const JobElement& element = m_job.elements[k];
-      const auto turns = [&](int nNode) {
-        return element.nType == c_nBeam && m_job.nodes[static_cast<std::size_t>(nNode - 1)].nJoint == c_nRigid;
-      };
-      picture.members[k].turns = {turns(element.nNodeI), turns(element.nNodeJ)};
-    }
-  }
-
-  /// False after a line about the first value that cannot be drawn.
-  bool CheckValues(const std::vector<NodeValues>& values, const std::string& strFile) {
-    for (std::size_t i = 0; i < values.size(); ++i) {
-      if (std::ranges::all_of(values[i], [](double d) { return std::abs(d) <= c_dLargestDrawn; })) continue;
-      Refuse(strFile + ": the displacement of node " + std::to_string(m_job.nodes[i].nId) +
-             " is not a finite number, or out of range");
-      return false;
-    }
-    return true;
   }
 
   std::optional<std::string> DrawMode(int nMode) {
@@ -194,34 +156,27 @@ class CPlotter {
     if (nMode < 1 || nMode > nModes) {
       return Refuse(Format("%s.mode: no mode %d; the file has %d", m_strJobPath.c_str(), nMode, nModes));
     }
-    const auto i = static_cast<std::size_t>(nMode - 1);
-    if (!CheckValues(file->shapes[i], m_strJobPath + std::string(suffix::c_strModes))) return std::nullopt;
-    ShapePicture picture = MakeShape();
-    LetBeamsBend(picture);
-    picture.displacements = file->shapes[i];
-    const double omega = file->omega[i];
-    picture.strShape = Format("mode %d", nMode);
-    picture.strSubtitle = Format("Mode %d of %d: frequency %.4g Hz, period %.4g s", nMode, nModes,
-                                 omega * c_dHertzPerRadian, c_dTwoPi / omega);
-    return Render(c_nSheetWidth, c_nSheetHeight, picture, PaintShape);
+    auto picture = MakeShapePicture(FormModeShape(*file, nMode), m_strJobPath + std::string(suffix::c_strModes));
+    if (!picture) return std::nullopt;
+    const double omega = picture->shape.dOmega;
+    picture->strShape = Format("mode %d", nMode);
+    picture->strSubtitle = Format("Mode %d of %d: frequency %.4g Hz, period %.4g s", nMode, nModes,
+                                  omega * c_dHertzPerRadian, c_dTwoPi / omega);
+    return Render(c_nSheetWidth, c_nSheetHeight, *picture, PaintShape);
   }
 
   std::optional<std::string> DrawDeformed(bool bNonlinear) {
     const auto strPath = FindFile(bNonlinear ? suffix::c_strStaticNonlinear : suffix::c_strStaticLinear,
                                   bNonlinear ? "nonlinear static analysis" : "linear static analysis");
     if (!strPath) return std::nullopt;
-    const auto file = ReadStaticResultFile(*strPath, m_job.nodes.size());
+    auto file = ReadStaticResultFile(*strPath, m_job.nodes.size());
     if (!file) return Refuse(*strPath + ": " + file.strError);
-    const std::vector<NodeValues>& displacements = file->displacements;
-    if (!CheckValues(displacements, *strPath)) return std::nullopt;
-    ShapePicture picture = MakeShape();
-    picture.displacements = displacements;
-    picture.bShowScale = true;
-    picture.strShape = "deformed";
-    const NodeValues& largest = displacements[FindLargestTranslation(displacements)];
-    picture.strSubtitle = Format("Static analysis, %s: largest displacement %.4g mm",
-                                 bNonlinear ? "nonlinear" : "linear", 1.0e3 * GetTranslation(largest));
-    return Render(c_nSheetWidth, c_nSheetHeight, picture, PaintShape);
+    auto picture = MakeShapePicture(FormStaticShape(*std::move(file)), *strPath);
+    if (!picture) return std::nullopt;
+    picture->strShape = "deformed";
+    picture->strSubtitle = Format("Static analysis, %s: largest displacement %.4g mm",
+                                  bNonlinear ? "nonlinear" : "linear", 1.0e3 * picture->shape.GetLargestTranslation());
+    return Render(c_nSheetWidth, c_nSheetHeight, *picture, PaintShape);
   }
 
   std::optional<HistoryChoice> FindCurve(const PlotRequest& request) {
@@ -243,19 +198,24 @@ class CPlotter {
     if (!curve) return std::nullopt;
     const auto strPath = FindFile(suffix::c_strHistory, "time history under ground motion");
     if (!strPath) return std::nullopt;
-    CSvgPaintContext viewer(c_nViewerWidth, c_nViewerHeight);
-    std::optional<CSession> session = CSession::Open(m_job, m_strJobPath, "");
-    if (!session) return Refuse("the path of the job file is too long");
-    if (!session->PaintViewer(*curve, m_platform.Get(), viewer)) {
-      return Refuse(*strPath + ": is damaged or belongs to another model");
-    }
-    const HistoryPicture picture = MakeHistory(request, *curve, session->GetHistories());
+    const HistoryModel model = {static_cast<int>(m_job.nodes.size()), static_cast<int>(m_job.elements.size())};
+    const auto history = ReadHistory(*strPath, model, *curve);
+    if (!history) return Refuse(*strPath + ": " + history.strError);
+    const HistoryPicture picture = MakeHistory(request, *history);
     const bool bElement = request.kind == PlotRequest::Kind::Element;
     const std::string strHolder = Format(bElement ? "element %d" : "node %d", request.nNumber);
     if (const std::string strFault = FindFault(picture, strHolder); !strFault.empty()) {
       return Refuse(*strPath + ": " + strFault);
     }
-    return request.bViewer ? viewer.GetDocument() : Render(c_nChartWidth, c_nChartHeight, picture, PaintHistoryChart);
+    return request.bViewer ? DrawViewer(*curve) : Render(c_nChartWidth, c_nChartHeight, picture, PaintHistoryChart);
+  }
+
+  /// The module's own picture of a history.
+  std::optional<std::string> DrawViewer(const HistoryChoice& curve) {
+    std::optional<CSession> session = CSession::Open(m_job, m_strJobPath, "");
+    if (!session) return Refuse("the path of the job file is too long");
+    CSvgPaintContext paint(c_nViewerWidth, c_nViewerHeight);
+    return session->PaintViewer(curve, m_platform.Get(), paint) ? std::optional(paint.GetDocument()) : std::nullopt;
   }
 
   /// Why a history cannot be drawn; empty when it can.
@@ -273,21 +233,17 @@ class CPlotter {
   }
 
   /// In mm or kN.
-  [[nodiscard]] HistoryPicture MakeHistory(const PlotRequest& request, const HistoryChoice& curve,
-                                           const HistorySet& history) const {
-    const bool bElement = curve.nQuantity == c_nHistoryForce;
+  [[nodiscard]] HistoryPicture MakeHistory(const PlotRequest& request, const SingleHistory& history) const {
+    const bool bElement = history.nQuantity == c_nHistoryForce;
     HistoryPicture picture;
     picture.strTitle = GetTitle();
     picture.strQuantity = bElement ? "axial force N, tension positive"
-                                   : Format("displacement %c", "XYZ"[static_cast<std::size_t>(curve.nQuantity)]);
+                                   : Format("displacement %c", "XYZ"[static_cast<std::size_t>(history.nQuantity)]);
     picture.strUnit = bElement ? "kN" : "mm";
     picture.strSubtitle =
         Format("%s %d: time history, ", bElement ? "Element" : "Node", request.nNumber) + DescribeHistory(history);
     picture.dTimeStep = history.dTimeStep;
-    const CHistoryTable& values = history.values[static_cast<std::size_t>(curve.nQuantity)];
-    for (int k = 0; k < history.nSteps; ++k) {
-      picture.values.push_back(values[k][curve.nNumber - 1] * (bElement ? 1.0e-3 : 1.0e3));
-    }
+    for (const double dValue : history.values) picture.values.push_back(dValue * (bElement ? 1.0e-3 : 1.0e3));
     return picture;
   }
 

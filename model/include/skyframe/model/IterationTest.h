@@ -1,13 +1,8 @@
 #pragma once
 
-namespace skyframe {
+#include "skyframe/values/Settings.h"
 
-enum ConvergenceCriterion : int {
-  c_nAbsoluteForce,
-  c_nAbsoluteDisplacement,
-  c_nRelativeForce,
-  c_nRelativeDisplacement
-};
+namespace skyframe {
 
 /// Stopping rule of the equilibrium iterations. Every comparison includes equality.
 struct IterationTest {

@@ -27,6 +27,8 @@ class CNodeTable {
   void SetNode(int nNode, int nJointKind, double dX, double dY, double dZ);
   [[nodiscard]] int GetJointKind(int nNode) const { return m_jointKind[nNode]; }
   [[nodiscard]] bool IsRigid(int nNode) const { return m_jointKind[nNode] == 1; }
+  /// Three translations; a rigid node has three rotations too.
+  [[nodiscard]] int GetDofCount(int nNode) const { return IsRigid(nNode) ? c_nDofsPerNode : 3; }
   [[nodiscard]] int GetRigidCount() const { return m_nRigid; }
   [[nodiscard]] int GetPinnedCount() const { return GetNodeCount() - m_nRigid; }
 
@@ -51,7 +53,7 @@ class CNodeTable {
   [[nodiscard]] int GetFreeDofs() const { return m_nFree; }
 
   [[nodiscard]] bool HasDof(int nNode, int nDirection) const {
-    return IsListed(nNode) && (nDirection < 3 || IsRigid(nNode));
+    return IsListed(nNode) && nDirection < GetDofCount(nNode);
   }
   /// Equation number as stored: 0 where there is no DOF.
   [[nodiscard]] int GetDof(int nNode, int nDirection) const { return m_dof[nDirection][nNode]; }

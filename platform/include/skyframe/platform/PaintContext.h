@@ -60,12 +60,15 @@ class SKYFRAME_API IPaintContext {
   void Line(double dX1, double dY1, double dX2, double dY2);
   /// Open line through the points; fewer than two draw nothing.
   void Polyline(std::span<const PaintPoint> points);
+  /// Closed, outlined and filled; fewer than three points draw nothing.
+  void Polygon(std::span<const PaintPoint> points);
   void Text(double dX, double dY, std::string_view strText, HorizontalAlign horizontal = HorizontalAlign::Left,
             VerticalAlign vertical = VerticalAlign::Top);
 
  protected:
   virtual void DrawRectangle(PaintPoint topLeft, double dWidth, double dHeight) = 0;
   virtual void DrawPolyline(std::span<const PaintPoint> points) = 0;
+  virtual void DrawPolygon(std::span<const PaintPoint> points) = 0;
   virtual void DrawText(PaintPoint at, std::string_view strText, HorizontalAlign horizontal,
                         VerticalAlign vertical) = 0;
 
@@ -75,7 +78,7 @@ class SKYFRAME_API IPaintContext {
 
 /// One thing that was drawn, with the state it was drawn in.
 struct PaintItem {
-  enum class Kind { Rectangle, Polyline, Text };
+  enum class Kind { Rectangle, Polyline, Polygon, Text };
   Kind kind = Kind::Rectangle;
   PaintState state;
   std::vector<PaintPoint> points;  ///< rectangle: top left and bottom right corner; text: its position
@@ -92,6 +95,7 @@ class SKYFRAME_API CPaintRecorder : public IPaintContext {
  protected:
   void DrawRectangle(PaintPoint topLeft, double dWidth, double dHeight) override;
   void DrawPolyline(std::span<const PaintPoint> points) override;
+  void DrawPolygon(std::span<const PaintPoint> points) override;
   void DrawText(PaintPoint at, std::string_view strText, HorizontalAlign horizontal, VerticalAlign vertical) override;
 
  private:
@@ -111,9 +115,12 @@ class SKYFRAME_API CSvgPaintContext : public IPaintContext {
  protected:
   void DrawRectangle(PaintPoint topLeft, double dWidth, double dHeight) override;
   void DrawPolyline(std::span<const PaintPoint> points) override;
+  void DrawPolygon(std::span<const PaintPoint> points) override;
   void DrawText(PaintPoint at, std::string_view strText, HorizontalAlign horizontal, VerticalAlign vertical) override;
 
  private:
+  void AddShape(std::string_view strElement, std::span<const PaintPoint> points, std::string_view strFill);
+
   int m_nWidth;
   int m_nHeight;
   std::string m_strBody;

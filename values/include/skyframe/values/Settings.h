@@ -30,9 +30,16 @@ struct SpectrumSettings : SpectrumSite {
   double DesignAcceleration = 0.15;  ///< g
 };
 
+enum ConvergenceCriterion : int {
+  c_nAbsoluteForce,
+  c_nAbsoluteDisplacement,
+  c_nRelativeForce,
+  c_nRelativeDisplacement
+};
+
 /// Equilibrium iteration.
 struct EquilibriumSettings {
-  int m_nConvCriterion = 0;  ///< 0 absolute force, 1 absolute displacement, 2 relative force, 3 relative displacement
+  int m_nConvCriterion = c_nAbsoluteForce;  ///< ConvergenceCriterion
   double m_dConvTol = 1.0e-5;
   int m_nMaxIter = 30;
 };

@@ -22,7 +22,6 @@
 
 #include "skyframe/gui/AdvicePanel.h"
 #include "skyframe/gui/ResultPanel.h"
-#include "skyframe/gui/Shape.h"
 #include "skyframe/gui/StructureView.h"
 #include "skyframe/job/JobFile.h"
 #include "skyframe/qt/QtPlatform.h"
@@ -81,7 +80,7 @@ class CMainWindow : public QMainWindow {
   IPlatform* m_pPrevious;
   QString m_strJobFile;
   std::optional<host::CSession> m_session;  ///< of the open job
-  std::vector<Shape> m_shapes;
+  std::vector<host::DeformedShape> m_shapes;
 
   CStructureView m_view;
   QToolBar m_shapeBar;

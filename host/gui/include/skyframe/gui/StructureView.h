@@ -4,16 +4,15 @@
 #include <QWidget>
 #include <chrono>
 #include <optional>
+#include <string>
 
-#include "skyframe/gui/Camera.h"
-#include "skyframe/gui/Scene.h"
-#include "skyframe/gui/Shape.h"
-
-class QPainter;
+#include "skyframe/platform/PaintContext.h"
+#include "skyframe/scene/Camera.h"
+#include "skyframe/scene/DeformedShape.h"
+#include "skyframe/scene/Scene.h"
+#include "skyframe/scene/ScenePainter.h"
 
 namespace skyframe::gui {
-
-enum class StandardView { Isometric, Front, Side, Plan };
 
 /// What is drawn besides the members.
 struct ViewOptions {
@@ -30,18 +29,19 @@ class CStructureView : public QWidget {
   explicit CStructureView(QWidget* pParent = nullptr);
 
   /// Takes the shape away; bKeepCamera: the structure is the one shown before.
-  void SetScene(CScene scene, bool bKeepCamera = false);
-  [[nodiscard]] const CScene& GetScene() const { return m_scene; }
-  void SetShape(std::optional<Shape> shape);
+  void SetScene(host::CScene scene, bool bKeepCamera = false);
+  [[nodiscard]] const host::CScene& GetScene() const { return m_scene; }
+  void SetShape(std::optional<host::DeformedShape> shape);
   /// Largest drawn displacement in parts of the structure's radius.
   void SetAmplitude(double dAmplitude);
   void SetAnimated(bool bAnimated);
   [[nodiscard]] bool IsAnimated() const { return m_timer.isActive(); }
   void SetOptions(ViewOptions options);
   [[nodiscard]] ViewOptions GetOptions() const { return m_options; }
-  void SetStandardView(StandardView view);
+  /// Looks from there at all of the structure.
+  void SetDirection(host::ViewDirection direction);
   void FitAll();
-  [[nodiscard]] const CCamera& GetCamera() const { return m_camera; }
+  [[nodiscard]] const host::CCamera& GetCamera() const { return m_camera; }
   /// Displacements are drawn this many times enlarged, at the swing's extreme; 0 without a shape.
   [[nodiscard]] double GetMagnification() const;
   /// Part of the extreme that is drawn now: -1..1 for a mode, 0..1 for a state.
@@ -60,22 +60,15 @@ class CStructureView : public QWidget {
  private:
   using Clock = std::chrono::steady_clock;
 
-  void DrawMembers(QPainter& painter) const;
-  void DrawShape(QPainter& painter) const;
-  void DrawSupports(QPainter& painter) const;
-  void DrawLoads(QPainter& painter) const;
-  void DrawNumbers(QPainter& painter) const;
-  void DrawAxes(QPainter& painter) const;
-  void DrawCaption(QPainter& painter) const;
+  void Paint(IPaintContext& paint) const;
+  void PaintMembers(host::CScenePainter& painter) const;
+  void PaintShape(host::CScenePainter& painter) const;
+  [[nodiscard]] std::string FormCaption() const;
   [[nodiscard]] bool IsLarge() const;
-  [[nodiscard]] QPointF ToScreen(Point3 point) const;
-  [[nodiscard]] Point3 NodeAt(int nNode) const { return m_scene.GetNodes()[static_cast<std::size_t>(nNode)]; }
-  /// 1 at the nearest point of the structure, 0 at the farthest.
-  [[nodiscard]] double GetNearness(Point3 point) const;
 
-  CScene m_scene;
-  CCamera m_camera;
-  std::optional<Shape> m_shape;
+  host::CScene m_scene;
+  host::CCamera m_camera;
+  std::optional<host::DeformedShape> m_shape;
   double m_dAmplitude = 0.1;
   ViewOptions m_options;
   QTimer m_timer;

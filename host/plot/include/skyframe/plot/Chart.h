@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "skyframe/platform/PaintContext.h"
+#include "skyframe/scene/Box.h"
 
 namespace skyframe::host {
 
@@ -27,17 +28,6 @@ struct Ticks {
 };
 /// Ticks in steps of 1, 2 or 5 times a power of ten, at most nMost + 1 of them, that enclose the range.
 [[nodiscard]] Ticks ChooseTicks(double dLow, double dHigh, int nMost);
-
-/// Pixels.
-struct Box {
-  double dLeft = 0.0;
-  double dTop = 0.0;
-  double dRight = 0.0;
-  double dBottom = 0.0;
-
-  [[nodiscard]] double GetWidth() const { return dRight - dLeft; }
-  [[nodiscard]] double GetHeight() const { return dBottom - dTop; }
-};
 
 /// Texts around a chart.
 struct ChartTexts {

@@ -1,10 +1,11 @@
 #pragma once
 
-#include <array>
 #include <string>
 #include <vector>
 
 #include "skyframe/platform/PaintContext.h"
+#include "skyframe/scene/DeformedShape.h"
+#include "skyframe/scene/Scene.h"
 #include "skyframe/values/SpectrumSite.h"
 
 namespace skyframe::host {
@@ -34,27 +35,14 @@ void PaintHistoryChart(IPaintContext& paint, const HistoryPicture& picture);
 
 /// Displaced structure over the undeformed one: isometric view, two elevations and plan.
 struct ShapePicture {
-  struct Member {
-    int nNodeI = 0;  ///< from 0
-    int nNodeJ = 0;
-    std::array<bool, 2> turns = {};  ///< whether each end turns with its node
-  };
   std::string strTitle;
   std::string strSubtitle;
   std::string strShape;  ///< for the legend
-  std::vector<std::array<double, 3>> nodes;
-  std::vector<int> nodeIds;
-  std::vector<bool> supports;
-  std::vector<Member> members;
-  std::vector<std::array<double, 6>> displacements;  ///< m and rad, by node
-  bool bShowScale = false;                           ///< whether the size of the displacements means anything
+  CScene scene;          ///< with a node or more
+  DeformedShape shape;
 };
 inline constexpr int c_nSheetWidth = 1200;
 inline constexpr int c_nSheetHeight = 860;
 void PaintShape(IPaintContext& paint, const ShapePicture& picture);
-
-/// Positions along a member whose nodes move by dScale times their displacements: cubic where ends turn.
-[[nodiscard]] std::vector<std::array<double, 3>> BendMember(const ShapePicture& picture,
-                                                            const ShapePicture::Member& member, double dScale);
 
 }  // namespace skyframe::host

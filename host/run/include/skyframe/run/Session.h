@@ -6,9 +6,9 @@
 
 #include "skyframe/connect/Inquiries.h"
 #include "skyframe/job/Job.h"
+#include "skyframe/results/HistoryResultFile.h"
 #include "skyframe/run/HostPlatform.h"
 #include "skyframe/values/Findings.h"
-#include "skyframe/values/HistorySet.h"
 
 namespace skyframe::host {
 
@@ -18,12 +18,6 @@ enum class AnalysisKind { Static, Modal, Spectrum, TimeHistory };
 
 /// What the last run of a kind found.
 [[nodiscard]] const RunFindings& GetFindings(AnalysisKind kind);
-
-/// A history as the viewer's dialog takes it.
-struct HistoryChoice {
-  int nQuantity = c_nHistoryX;
-  int nNumber = 1;  ///< host number of the node or element
-};
 
 /// A job in the host records, which nothing else of the host reads or writes. The last one that was opened has them.
 class CSession {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QFont>
 #include <QPainter>
 
 #include "skyframe/platform/PaintContext.h"
@@ -11,17 +12,19 @@ namespace skyframe {
 class CQtPaintContext : public IPaintContext {
  public:
   /// The painter must be active for the life of the object.
-  explicit CQtPaintContext(QPainter& painter) : m_painter(painter) {}
+  explicit CQtPaintContext(QPainter& painter);
 
  protected:
   void DrawRectangle(PaintPoint topLeft, double dWidth, double dHeight) override;
   void DrawPolyline(std::span<const PaintPoint> points) override;
+  void DrawPolygon(std::span<const PaintPoint> points) override;
   void DrawText(PaintPoint at, std::string_view strText, HorizontalAlign horizontal, VerticalAlign vertical) override;
 
  private:
   [[nodiscard]] QPen FormPen() const;
 
   QPainter& m_painter;
+  QFont m_font;  ///< looked up once
 };
 
 }  // namespace skyframe

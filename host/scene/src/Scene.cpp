@@ -1,0 +1,83 @@
+#include "skyframe/scene/Scene.h"
+
+#include <algorithm>
+#include <numeric>
+
+namespace skyframe::host {
+
+namespace {
+
+using Restraint = std::array<int, 6>;
+
+constexpr std::array<Point3, 3> c_axes = {Point3{1.0, 0.0, 0.0}, Point3{0.0, 1.0, 0.0}, Point3{0.0, 0.0, 1.0}};
+
+SupportKind ClassifySupport(const JobNode& node) {
+  if (node.nSpring) return SupportKind::Spring;
+  const auto count = [&node](std::size_t nFirst) {
+    return std::accumulate(node.restraint.begin() + static_cast<std::ptrdiff_t>(nFirst),
+                           node.restraint.begin() + static_cast<std::ptrdiff_t>(nFirst + 3), 0);
+  };
+  if (count(0) < 3) return SupportKind::Partial;
+  if (node.nJoint == c_nRigid && count(3) == 3) return SupportKind::Clamped;
+  return count(3) == 0 || node.nJoint == c_nPinned ? SupportKind::Hinged : SupportKind::Partial;
+}
+
+Restraint FindCommonRestraint(const std::vector<JobNode>& nodes) {
+  Restraint common = nodes.front().restraint;
+  for (const JobNode& node : nodes) {
+    for (std::size_t d = 0; d < common.size(); ++d) common[d] = common[d] * node.restraint[d];
+  }
+  return common;
+}
+
+}  // namespace
+
+CScene::CScene(const Job& job) {
+  for (const JobNode& node : job.nodes) m_nodes.push_back({{node.dX, node.dY, node.dZ}, node.nId});
+  for (const JobElement& element : job.elements) {
+    const auto turns = [&](int nNode) {
+      return element.nType == c_nBeam && job.nodes[static_cast<std::size_t>(nNode - 1)].nJoint == c_nRigid;
+    };
+    m_members.push_back(
+        {element.nType, element.nNodeI - 1, element.nNodeJ - 1, {turns(element.nNodeI), turns(element.nNodeJ)}});
+  }
+  for (const JobLoad& load : job.loads) {
+    if (load.dValue == 0.0) continue;
+    const Point3 axis = c_axes[static_cast<std::size_t>(load.nDirection % 3)];
+    const double dSign = load.dValue < 0.0 ? -1.0 : 1.0;
+    m_loads.push_back({load.nCase, load.nNode - 1, dSign * axis, load.nDirection >= 3});
+  }
+  if (m_nodes.empty()) return;
+  AddSupports(job.nodes);
+  MeasureExtents();
+}
+
+Point3 CScene::GetMiddle(const SceneMember& member) const {
+  return 0.5 * (GetPlace(member.nNodeI) + GetPlace(member.nNodeJ));
+}
+
+double CScene::GetRadius() const {
+  const double dRadius = 0.5 * Length(m_extents);
+  return dRadius > 0.0 ? dRadius : 1.0;
+}
+
+void CScene::AddSupports(const std::vector<JobNode>& nodes) {
+  const Restraint common = FindCommonRestraint(nodes);
+  for (std::size_t i = 0; i < nodes.size(); ++i) {
+    if (!nodes[i].nSpring && nodes[i].restraint == common) continue;
+    m_supports.push_back({static_cast<int>(i), ClassifySupport(nodes[i])});
+  }
+}
+
+void CScene::MeasureExtents() {
+  Point3 low = m_nodes.front().at;
+  Point3 high = low;
+  for (const auto& [at, nId] : m_nodes) {
+    low = {std::min(low.dX, at.dX), std::min(low.dY, at.dY), std::min(low.dZ, at.dZ)};
+    high = {std::max(high.dX, at.dX), std::max(high.dY, at.dY), std::max(high.dZ, at.dZ)};
+  }
+  m_centre = 0.5 * (low + high);
+  m_extents = high - low;
+}
+
+}  // namespace skyframe::host
