@@ -151,7 +151,7 @@ std::string CStructureView::FormCaption() const {
     return std::string(texts::c_strNodes) + " " + std::to_string(m_scene.GetNodes().size()) + "   " +
            std::string(texts::c_strElements) + " " + std::to_string(m_scene.GetMembers().size());
   }
-  const std::string strTitle = FormShapeTitle(*m_shape);
+  std::string strTitle = FormShapeTitle(*m_shape);
   if (m_shape->IsMode()) return strTitle;
   return strTitle + "   " + std::string(texts::c_strMagnified) + " " + FormatGeneral(GetMagnification()) + " " +
          std::string(texts::c_strTimes);

@@ -9,7 +9,6 @@
 #include "skyframe/results/HistoryResultFile.h"
 #include "skyframe/run/HostPlatform.h"
 #include "skyframe/values/Findings.h"
-#include "skyframe/values/HistorySet.h"
 
 namespace skyframe::host {
 
