@@ -62,6 +62,8 @@ TEST(StaticLinear, CantileverFollowsBeamTheory) {
             "结点号:1  X向支反力  0.000            Y向支反力  0.000            Z向支反力  -10000.000       "
             "YZ平面内转角向支反力 0.000            ZX平面内转角向支反力 40000.000        XY平面内转角向支反力 0.000  "
             "        ");
+  RunStatic(platform, {.bNonlinear = true, .strTolerance = "0.01", .strMaxIter = "500"});  // without shear as well
+  EXPECT_NEAR(GetStaticFindings().displacements.at(1)[2], -0.0517799, 3e-5);
 }
 
 TEST(StaticLinear, CombinesCasesWithTheirFactors) {
@@ -365,6 +367,7 @@ TEST(StaticLinear, RestrainedAndUnusedNodesAreHarmless) {
     RunStatic(platform, {.bNonlinear = bNonlinear});
     EXPECT_EQ(GetStaticFindings().displacements, std::vector<NodeValues>(3));
     EXPECT_EQ(GetStaticFindings().reactions, std::vector<NodeValues>(3));
+    EXPECT_EQ(GetStaticFindings().eulerRatios, std::vector<double>(bNonlinear ? 2 : 0));
     EXPECT_TRUE(job.Has(bNonlinear ? c_pNonlinear : c_pLinear));
   }
   EXPECT_TRUE(platform.GetMessages().empty());
