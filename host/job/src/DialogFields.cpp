@@ -6,7 +6,6 @@
 #include "skyframe/platform/NumberText.h"
 #include "skyframe/values/Capacities.h"
 #include "skyframe/values/LoadNames.h"
-#include "skyframe/values/LoadNames.h"
 
 namespace skyframe::host {
 
