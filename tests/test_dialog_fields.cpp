@@ -82,8 +82,7 @@ TEST(DialogFields, WhatIsEnteredIsReadBack) {
       oblique};
   for (int k = 0; k < 6; ++k) {
     const std::array direction = {0.6, 0.8, 0.1};
-    analyses.emplace_back(
-        SpectrumJob{8, 3, direction, k % 4 + 1, k % 3 + 1, k, k % 2, 0.035, k % 3, {{0, 1.0}}, {}, {}, 1.5});
+    analyses.emplace_back(SpectrumJob{8, 3, direction, k % 4 + 1, k % 3 + 1, k, k % 2, 0.035, k % 3, {{0, 1.0}}});
   }
   for (std::size_t k = 0; k < analyses.size(); ++k) EXPECT_EQ(platform.Record(analyses[k]), analyses[k]) << k;
 

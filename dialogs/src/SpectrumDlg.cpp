@@ -62,7 +62,6 @@ void CSpectrumDlg::DoDataExchange(CDataExchange& exchange) {
   ExchangeCode(exchange, c_nIdIntensity6, c_nLowestIntensity, m_nIntensity);
   exchange.Radio(c_nIdFrequentQuake, m_nQuakeLevel);
   exchange.Text(c_nIdDampRatio, m_dDampRatio);
-  exchange.Text(c_nIdTopography, m_dTopography);
   exchange.Radio(c_nIdSrss, m_nCombMethod);
   exchange.Check(c_nIdVirtualMode, m_bVirtualModes);
   exchange.Text(c_nIdPseudoLoad, m_nPseudoLoadNo);

@@ -68,10 +68,10 @@ std::vector<double> FormDamping(const CAnalysisModel& model, std::span<const dou
 }
 
 /// factor = alpha gamma g / omega^2
-void FormFactors(const CDesignSpectrum& spectrum, double dTopography, SpectrumModes& modes) {
+void FormFactors(const CDesignSpectrum& spectrum, SpectrumModes& modes) {
   for (std::size_t i = 0; i < modes.GetCount(); ++i) {
     const double omega = modes.omega[i];
-    modes.alpha.push_back(dTopography * spectrum.GetAlpha(c_dTwoPi / omega, modes.zeta[i]));
+    modes.alpha.push_back(spectrum.GetAlpha(c_dTwoPi / omega, modes.zeta[i]));
     modes.factor.push_back(modes.alpha[i] * modes.gamma[i] * c_dSpectrumGravity / (omega * omega));
   }
 }
@@ -95,7 +95,7 @@ bool FormSpectrumModes(CAnalysisModel& model, const std::array<double, 3>& c, bo
 
   model.ModeDamping = FormDamping(model, modes.omega);
   modes.zeta = model.ModeDamping;
-  FormFactors(CDesignSpectrum(model), model.m_dTopography, modes);
+  FormFactors(CDesignSpectrum(model), modes);
   return true;
 }
 

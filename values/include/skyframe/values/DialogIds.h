@@ -36,7 +36,6 @@ inline constexpr int c_nIdFactor = 16046;
 // Response spectrum; radio buttons in the order of their index
 inline constexpr int c_nIdExpandModes = 16006;
 inline constexpr int c_nIdDampRatio = 16007;
-inline constexpr int c_nIdTopography = 16199;
 inline constexpr int c_nIdMeshDiv = 16009;
 inline constexpr int c_nIdIntensity6 = 16010;
 inline constexpr int c_nIdIntensity7 = 16049;

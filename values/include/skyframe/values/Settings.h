@@ -23,8 +23,7 @@ struct SpectrumSettings : SpectrumSite {
   int m_nExpandModes = 0;
   std::array<double, 3> m_dDirCoef = {1.0, 0.0, 0.0};  ///< of any length
   double m_dDampRatio = 0.02;
-  double m_dTopography = 1.0;  ///< factor of the influence coefficient on a ridge or slope
-  int m_nCombMethod = 0;       ///< 0 SRSS, 1 CQC, 2 GRP
+  int m_nCombMethod = 0;  ///< 0 SRSS, 1 CQC, 2 GRP
   int m_nMeshDiv = 0;
   int m_bVirtualModes = 0;
   int m_nPseudoLoadNo = 0;

@@ -127,7 +127,6 @@ void VisitFields(V& v, SpectrumJob& a) {
           a.nIntensity, c_strIntensities);
   v.Visit({"level", {c_nIdFrequentQuake}, "frequent or rare earthquake", "多遇或罕遇地震"}, a.nLevel, c_strQuakeLevels);
   v.Visit({"damping", {c_nIdDampRatio}, "damping ratio of all modes", "各阶振型的阻尼比"}, a.dDamping, {0.0});
-  v.Visit({"topography", {c_nIdTopography}, "factor of a ridge or slope", "地形放大系数"}, a.dTopography, {1.0});
   v.Visit({"modal_combination", {c_nIdSrss}, "modal combination", "振型组合方法"}, a.nMethod, c_strModalCombinations);
   v.Visit({"virtual_mode", {}, "add the residual-mass mode", "加入剩余质量振型", "", "false"}, a.bVirtualMode);
   v.Visit({"pseudo_load",

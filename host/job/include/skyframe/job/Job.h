@@ -136,7 +136,6 @@ struct SpectrumJob {
   // Settings of the host's record; the dialog has no controls for them.
   std::optional<bool> bVirtualMode = std::nullopt;
   std::optional<int> nPseudoLoad = std::nullopt;
-  std::optional<double> dTopography = std::nullopt;
 
   bool operator==(const SpectrumJob&) const = default;
 };
