@@ -29,9 +29,9 @@ Job MakePortal() {
   return job;
 }
 
-StaticJob MakeStatic(bool bNonlinear = false, int nMaxIterations = StaticJob().nMaxIterations) {
+StaticJob MakeStatic(bool bNonlinear = false, std::optional<int> maxIterations = {}) {
   StaticJob analysis;
-  analysis.nMaxIterations = nMaxIterations;
+  analysis.nMaxIterations = maxIterations;
   analysis.bNonlinear = bNonlinear;
   analysis.combination = c_dead;
   return analysis;

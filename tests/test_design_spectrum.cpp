@@ -38,19 +38,13 @@ TEST(DesignSpectrum, TablesAndConstants) {
 }
 
 TEST(DesignSpectrum, DampingFactorsAndTheirFloors) {
-  struct Case {
-    double dZeta, dGamma, dEta1, dEta2;
-  };
-  for (const Case& c : {Case{0.05, 0.9, 0.02, 1.0},
-                        {0.02, 0.95, 0.02375, 1.3191489},
-                        {0.0, 1.0, 0.02625, 1.8333333},
-                        {0.20, 0.8, 0.00125, 0.625},
-                        {0.30, 0.775, 0.0, 0.5614035},
-                        {0.33, 0.7697674, 0.0, 0.55}}) {
-    const auto [dGamma, dEta1, dEta2] = FormDampingFactors(c.dZeta);
-    EXPECT_NEAR(dGamma, c.dGamma, 1e-7) << c.dZeta;
-    EXPECT_NEAR(dEta1, c.dEta1, 1e-12) << c.dZeta;
-    EXPECT_NEAR(dEta2, c.dEta2, 1e-7) << c.dZeta;
+  constexpr double c_cases[][4] = {
+      {0.0, 1.0, 0.02625, 1.8333333}, {0.20, 0.8, 0.00125, 0.625}, {0.33, 0.7697674, 0.0, 0.55}};
+  for (const auto& [dZeta, dExpectedGamma, dExpectedEta1, dExpectedEta2] : c_cases) {
+    const auto [dGamma, dEta1, dEta2] = FormDampingFactors(dZeta);
+    EXPECT_NEAR(dGamma, dExpectedGamma, 1e-7) << dZeta;
+    EXPECT_NEAR(dEta1, dExpectedEta1, 1e-12) << dZeta;
+    EXPECT_NEAR(dEta2, dExpectedEta2, 1e-7) << dZeta;
   }
 }
 

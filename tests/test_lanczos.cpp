@@ -13,21 +13,6 @@ using Vector = std::vector<double>;
 
 // ---- tridiagonal QL ----
 
-TEST(TridiagonalQl, LaplacianHasItsClosedForm) {
-  // tridiag(-1, 2, -1): theta_k = 2 - 2 cos(k pi / (n + 1)), s_k(j) ~ sin(j k pi / (n + 1))
-  for (const auto& [n, dTolerance] : {std::pair{1, 1e-16}, {2, 1e-16}, {30, 1e-300}, {201, 1e-16}}) {
-    SCOPED_TRACE(n);
-    const TridiagonalEigen eigen = SolveTridiagonal(Vector(n, 2.0), Vector(n - 1, -1.0), dTolerance);
-    ASSERT_TRUE(eigen.bConverged);
-    for (int i = 0; i < n; ++i) {
-      const double a = (n - i) * pi / (n + 1);  // descending
-      EXPECT_NEAR(eigen.values[i], 2.0 - 2.0 * std::cos(a), 1e-13 * n);
-      const double dScale = std::copysign(std::sqrt(2.0 / (n + 1)), eigen.GetVector(0, i));
-      for (int j = 0; j < n; ++j) EXPECT_NEAR(eigen.GetVector(j, i), dScale * std::sin((j + 1) * a), 1e-11);
-    }
-  }
-}
-
 TEST(TridiagonalQl, SplitsByTheToleranceSortsByMagnitudeAndEnds) {
   // Two uncoupled blocks: {-5} and [[1, 2], [2, 1]] with roots 3 and -1.
   const TridiagonalEigen eigen = SolveTridiagonal(Vector{-5, 1, 1}, Vector{0, 2}, 1e-16);
@@ -95,28 +80,6 @@ TEST(Lanczos, FindsAllRootsOfKnownPencils) {
       }
     }
   }
-}
-
-TEST(Lanczos, GoesOnWhereItStoppedAndKeepsTheSolvedPairsMeanwhile) {
-  const Vector theta = Spread(40, 0.9);
-  CLanczosSolver once = MakeSolver(theta), inTwo = MakeSolver(theta);
-  once.Start(Vector(40, 1.0));
-  ASSERT_TRUE(once.Extend(25));
-  EXPECT_EQ(once.GetSize(), 25);
-  inTwo.Start(Vector(40, 1.0));
-  ASSERT_TRUE(inTwo.Extend(14));
-  inTwo.SolveRitz(1e-16);
-  const CMatrix Phi = inTwo.FormRitzVectors(8);
-  for (int i = 0; i < 8; ++i) {
-    double dNorm2 = 0.0;  // of M phi - theta phi
-    for (int k = 0; k < 40; ++k) dNorm2 += theta[k] * std::pow((theta[k] - inTwo.GetRitzValues()[i]) * Phi[k][i], 2);
-    EXPECT_NEAR(inTwo.GetResidualNorm(i), std::sqrt(dNorm2), 1e-13);
-  }
-  ASSERT_TRUE(inTwo.Extend(25));
-  EXPECT_TRUE(std::ranges::equal(once.GetDiagonal(), inTwo.GetDiagonal()));
-  EXPECT_TRUE(std::ranges::equal(once.GetOffDiagonal(), inTwo.GetOffDiagonal()));
-  const CMatrix later = inTwo.FormRitzVectors(8);
-  for (int k = 0; k < 40; ++k) EXPECT_TRUE(std::equal(Phi[k], Phi[k] + 8, later[k])) << k;
 }
 
 // ---- root-loss tests and enlargement ----

@@ -72,36 +72,32 @@ TEST(Matrix, Algebra) {
   ExpectEqual(narrow, 1, 2, {210, 2});
 }
 
-struct MismatchCase {
-  const char* strName;
-  std::function<CMatrix(CMatrix& A, const CMatrix& M)> operation;
-  int nRows, nCols;  ///< of the second operand; the first is 2 x 2 of threes
-  const char* strText;
-  int nResult;  ///< rows and columns of the result
-};
-
 TEST(Matrix, ShapeMismatchesShowTheirTextAndContinue) {
   const char* const strRows = "The row of matrix1 doesn't equal the row of matrix2, while adding";
   const char* const strCols = "The col of matrix1 doesn't equal the col of matrix2, while adding";
-  const auto inPlaceProduct = [](CMatrix& A, const CMatrix& M) { return A *= M; };
-  const auto product = [](CMatrix& A, const CMatrix& M) { return A * M; };
-  const auto sum = [](CMatrix& A, const CMatrix& M) { return A + M; };
-  const auto difference = [](CMatrix& A, const CMatrix& M) { return A - M; };
-  const auto inPlaceSum = [](CMatrix& A, const CMatrix& M) { return A += M; };
-  const MismatchCase cases[] = {
-      {"in-place product", inPlaceProduct, 3, 2,
-       "The row of Matrix1 doesn't equal the col of Matrix2, while multiplying", 2},
-      {"product", product, 3, 3, "The row of CMatrix 1 doesn't equal the col of CMatrix 2, while multiplying", 16},
-      {"sum, rows", sum, 3, 2, strRows, 2},
-      {"sum, both", sum, 3, 3, strRows, 2},
-      {"sum, columns", sum, 2, 3, strCols, 2},
-      {"difference, rows", difference, 3, 2, strRows, 2},
-      {"difference, columns", difference, 2, 3, strCols, 2},
-      {"in-place sum, rows", inPlaceSum, 3, 3, strRows, 2},
-      {"in-place sum, columns", inPlaceSum, 2, 1, strCols, 2},
+  using Operation = CMatrix (*)(CMatrix & A, const CMatrix& M);
+  const Operation product = [](CMatrix& A, const CMatrix& M) { return A * M; };
+  const Operation inPlaceProduct = [](CMatrix& A, const CMatrix& M) { return A *= M; };
+  const Operation sum = [](CMatrix& A, const CMatrix& M) { return A + M; };
+  const Operation difference = [](CMatrix& A, const CMatrix& M) { return A - M; };
+  const Operation inPlaceSum = [](CMatrix& A, const CMatrix& M) { return A += M; };
+  const struct {
+    Operation operation;
+    int nRows, nCols;  ///< of the second operand; the first is 2 x 2 of threes
+    const char* strText;
+    int nResult = 2;  ///< rows and columns of the result
+  } cases[] = {
+      {inPlaceProduct, 3, 2, "The row of Matrix1 doesn't equal the col of Matrix2, while multiplying"},
+      {product, 3, 3, "The row of CMatrix 1 doesn't equal the col of CMatrix 2, while multiplying", 16},
+      {sum, 3, 3, strRows},
+      {sum, 2, 3, strCols},
+      {difference, 3, 2, strRows},
+      {difference, 2, 3, strCols},
+      {inPlaceSum, 3, 3, strRows},
+      {inPlaceSum, 2, 1, strCols},
   };
-  for (const MismatchCase& c : cases) {
-    SCOPED_TRACE(c.strName);
+  for (const auto& c : cases) {
+    SCOPED_TRACE(testing::Message() << c.strText << ' ' << c.nRows << ' ' << c.nCols);
     CTestPlatform platform;
     CMatrix A(2, 2, 3.0);
     const CMatrix R = c.operation(A, CMatrix(c.nRows, c.nCols, 1.0));

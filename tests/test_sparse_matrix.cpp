@@ -367,11 +367,10 @@ TEST(SparseMatrix, SolutionsSatisfyTheEquations) {
     for (int i = 0; i < m; ++i) EXPECT_EQ(apart(i, i), A(i, i));
     for (double& dPivot : d) dPivot *= 0.5;
     const Vector halved = d;
-    Vector z = b;
-    ASSERT_TRUE(apart.SolveKeepDiagonal(m, d, z));
+    ASSERT_TRUE(apart.SolveKeepDiagonal(m, d, again = b));
     EXPECT_EQ(d, halved);
-    for (double& dEntry : z) dEntry *= 0.5;
-    EXPECT_EQ(z, y);
+    for (double& dEntry : again) dEntry *= 0.5;
+    EXPECT_EQ(again, y);
   }
 }
 
