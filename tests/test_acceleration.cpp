@@ -32,15 +32,6 @@ TEST(AccelerationRecord, ScaledToThePeak) {
   EXPECT_TRUE(std::isnan(ReadText("0 0 0", 1.0).at(2)));  // zeros are not guarded
 }
 
-TEST(AccelerationRecord, StandardRecord) {
-  CTestPlatform platform;
-  const auto record = ReadAccelerationRecord(SKYFRAME_SOURCE_DIR "\\data\\GroundAccData\\Elcentro.txt", 0.35);
-  ASSERT_TRUE(record);
-  EXPECT_EQ(record->size(), 1559U);
-  EXPECT_DOUBLE_EQ(std::abs(record->at(101)), 0.35);
-  for (const double dValue : *record) EXPECT_LE(std::abs(dValue), 0.35 * (1.0 + 1e-15));
-}
-
 /// Settings with a file for every choice; the file of a direction holds its own number of values.
 class GroundMotion : public testing::Test {
  protected:

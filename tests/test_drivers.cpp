@@ -39,13 +39,13 @@ struct CDriverRun {
 
   CDriverRun() { FillShuffledFrame(host); }
 
-  void RunModal(bool bDeadLoad = false, const std::string& strModes = "6", std::vector<DialogStep> steps = {}) {
+  void RunModal(bool bDeadLoad = false, const std::string& strModes = "6", Steps steps = {}) {
     steps.insert(steps.begin(), Do::Type(16000, strModes));
     AddScript(16000, std::move(steps), bDeadLoad, 16044);
     CModeConnect::OnMode();
     EXPECT_TRUE(platform->GetScriptErrors().empty());
   }
-  void RunSpectrum(bool bDeadLoad = false, std::vector<DialogStep> steps = {}) {
+  void RunSpectrum(bool bDeadLoad = false, Steps steps = {}) {
     steps.insert(steps.begin(), Do::Type(16006, "6"));
     AddScript(16001, std::move(steps), bDeadLoad, 16030);
     EXPECT_EQ(CModeConnect::OnAnsysSpectrum(), 1);
@@ -53,7 +53,7 @@ struct CDriverRun {
   }
 
  private:
-  void AddScript(int nDialog, std::vector<DialogStep> steps, bool bDeadLoad, int nButton) {
+  void AddScript(int nDialog, Steps steps, bool bDeadLoad, int nButton) {
     if (bDeadLoad) {
       steps.push_back(Do::Click(nButton));
       platform->AddScript(16002, {Do::ToggleRow(16039, 0), Do::Click(16042), Do::Ok()});
@@ -140,11 +140,10 @@ TEST(Drivers, DialogValuesReachTheModalRun) {
   ABCD.m_nNodes = ABCD.m_nElements = ABCD.m_nLoads = 0;
   FillSquareTower(run.host, 45);  // large enough for the radio to matter
   // With multiple 1 the comparison cannot have its second pass; the second radio means Sturm, which needs none.
-  const std::pair<std::vector<DialogStep>, const char*> cases[] = {
-      {{Do::Choose(16001)}, "达到迭代要求次数，结果不收敛"},
-      {{Do::Type(16003, "0")}, "请正确输入迭代精度!"},
-      {{Do::Type(16004, "0")}, "请正确输入迭代倍数!"},
-      {{Do::Choose(16002), Do::Tick(16005)}, "OK!"}};
+  const std::pair<Steps, const char*> cases[] = {{{Do::Choose(16001)}, "达到迭代要求次数，结果不收敛"},
+                                                 {{Do::Type(16003, "0")}, "请正确输入迭代精度!"},
+                                                 {{Do::Type(16004, "0")}, "请正确输入迭代倍数!"},
+                                                 {{Do::Choose(16002), Do::Tick(16005)}, "OK!"}};
   for (const auto& [steps, pMessage] : cases) {
     COMDYN.m_nIterMultiple = 1;
     run.platform->Clear();
@@ -157,13 +156,10 @@ TEST(Drivers, DialogValuesReachTheModalRun) {
 TEST(Drivers, DialogValuesReachTheSpectrumRun) {
   CDriverRun run;
   run.RunModal();
-  std::vector<DialogStep> steps;
-  for (const int nRadio : {16015, 16021, 16011, 16014, 16026}) steps.push_back(Do::Choose(nRadio));
+  Steps steps = {Do::Choose(16015), Do::Choose(16021), Do::Choose(16011), Do::Choose(16014), Do::Choose(16026)};
   for (const auto& [nId, pText] :
-       {std::pair{16006, "4"}, {16009, "3"}, {16022, "0.3"}, {16028, "0.4"}, {16029, "0.5"}}) {
+       {std::pair{16006, "4"}, {16009, "3"}, {16022, "0.3"}, {16028, "0.4"}, {16029, "0.5"}, {16007, "0.07"}})
     steps.push_back(Do::Type(nId, pText));
-  }
-  steps.push_back(Do::Type(16007, "0.07"));
   run.platform->SetClock({{2026, 1, 1, 1, 1, 1}});
   run.RunSpectrum(false, steps);
   const std::string strByDialog = run.job.Read(".spec");

@@ -112,14 +112,6 @@ class Renumbering : public ::testing::Test {
     ZHU.m_nNode[1] = ABCD.m_nNodes;
   }
 
-  static int GetBandwidth() {
-    int nBandwidth = 0;
-    for (int k = 0; k < ABCD.m_nElements; ++k) {
-      nBandwidth = std::max(nBandwidth, std::abs(ABCD.m_nFirstNode[k] - ABCD.m_nSecondNode[k]));
-    }
-    return nBandwidth;
-  }
-
   CHostModel m_host;
   std::vector<int> m_first;
   std::vector<int> m_second;
@@ -127,9 +119,9 @@ class Renumbering : public ::testing::Test {
 
 TEST_F(Renumbering, ShrinksTheBandwidth) {
   SetShuffledGrid(8, 40);
-  ASSERT_GT(GetBandwidth(), 200);
   CCommonData::OnReNodeCode();
-  EXPECT_LE(GetBandwidth(), 9);  // a grid of width 8 cannot do better than 8
+  for (int k = 0; k < ABCD.m_nElements; ++k)  // a grid of width 8 cannot do better than 8
+    EXPECT_LE(std::abs(ABCD.m_nFirstNode[k] - ABCD.m_nSecondNode[k]), 9);
 }
 
 /// The judge is the model itself: sum of h^2 over the free columns of its skyline.

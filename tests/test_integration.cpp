@@ -3,8 +3,8 @@
 #include "ModalModels.h"
 #include "skyframe/history/GroundMotion.h"
 #include "skyframe/history/Integrators.h"
-#include "skyframe/history/NonlinearNewmark.h"
 #include "skyframe/model/AnalysisModel.h"
+#include "skyframe/model/IterationTest.h"
 #include "skyframe/model/RayleighDamping.h"
 
 namespace skyframe::test {

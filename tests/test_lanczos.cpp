@@ -187,7 +187,6 @@ TEST(ModalSolution, RefusesInOrderAndWritesNothing) {
   const Case cases[] = {
       {49, 0.0, 0, "模态数大于结构自由度,计算终止!"},
       {0, 0.0, 0, "请正确输入模态数!"},
-
       {2, 0.0, 0, "请正确输入迭代精度!"},
       {2, std::nan(""), 1, "请正确输入迭代精度!"},
       {2, 1e-16, 0, "请正确输入迭代倍数!"},

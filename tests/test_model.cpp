@@ -27,7 +27,7 @@ void TwoNodesAndMember(CHostModel& host, int nType) {
   host.AddElement(nType, 1, 2);
 }
 
-void InclinedSupports(CHostModel& host, int nType, std::initializer_list<int> nodes) {
+void InclinedSupports(CHostModel& host, int nType, const std::vector<int>& nodes = {2}) {
   TwoNodesAndMember(host, nType);
   for (const int nNode : nodes) ZHU.m_nNode[ZHU.m_nCount++] = nNode;
 }
@@ -38,12 +38,12 @@ TEST(ModelBuilds, RefusesWithItsMessage) {
       {"no elements", [](CHostModel& h) { h.AddNode(0, 0, 0); }, false, "单元未定义！"},
       {"cable", [](CHostModel& h) { TwoNodesAndMember(h, c_nCable); }, false, "不能计算索单元!"},
       {"membrane", [](CHostModel& h) { TwoNodesAndMember(h, c_nMembrane); }, true, "不能计算模单元!"},
-      {"inclined support comes before the element types", [](CHostModel& h) { InclinedSupports(h, c_nCable, {2}); },
-       true, "提示：本版本“动力分析模块”暂不能考虑斜边界约束！"},
-      {"inclined support in a static build", [](CHostModel& h) { InclinedSupports(h, c_nBeam, {2}); }, false, nullptr},
+      {"inclined support comes before the element types", [](CHostModel& h) { InclinedSupports(h, c_nCable); }, true,
+       "提示：本版本“动力分析模块”暂不能考虑斜边界约束！"},
+      {"inclined support in a static build", [](CHostModel& h) { InclinedSupports(h, c_nBeam); }, false, nullptr},
       {"inclined support at nodes out of use or out of range",
        [](CHostModel& h) {
-         InclinedSupports(h, c_nBeam, {3, 0, -1, 4});
+         InclinedSupports(h, c_nBeam, std::vector{3, 0, -1, 4});
        },
        true, nullptr},
       {"one node more than the records hold", [](CHostModel&) { ABCD.m_nNodes = c_nMaxNodes + 1; }, false,

@@ -71,15 +71,6 @@ void RunModal(CTestPlatform& platform) {
   CModeConnect::OnMode();
   platform->Clear();
 }
-void RunModal(const CJobFolder& job) {
-  CAnalysisModel model;
-  CombineLoads(model);
-  model.BuildModelForModes(true);
-  model.m_nModes = 4;
-  model.m_bShear = 1;
-  model.SolveModes(job.GetJobPath(), 0, true);
-}
-
 struct WholeRun {
   std::string strName;
   std::vector<std::pair<int, Steps>> scripts;  ///< of the dialogs behind the choice of the method
@@ -208,15 +199,13 @@ TEST(TimeHistoryDrivers, EverySettingOfTheDialogsReachesTheRun) {
   for (const WholeRun& run : {MakeWilson(), MakeImpulse("0.0301"), MakeStandardRecord(), MakeNonlinear(3, 0.01, 25),
                               MakeNonlinear(1, 1e-6, 2)}) {
     SCOPED_TRACE(run.strName);
-    RunModal(job);
+    RunModal(platform);
     CAnalysisModel direct;
     direct.BuildModel();
     run.run(direct);
     const HistorySet &expected = direct.m_history, &found = GetHistories();
     ASSERT_TRUE(expected.bComplete);
 
-    std::filesystem::remove(job.GetPath(".mode"));
-    RunModal(platform);
     COMDYN.m_bNonlinear = 7;
     EXPECT_EQ(RunDriver(platform, run), 1);
     EXPECT_EQ(platform->GetScriptErrors(), Strings{});
