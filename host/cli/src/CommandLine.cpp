@@ -17,6 +17,7 @@
 #include "skyframe/plot/Plots.h"
 #include "skyframe/run/DataDirectory.h"
 #include "skyframe/run/JobRunner.h"
+#include "skyframe/values/Capacities.h"
 #include "skyframe/values/ResultFiles.h"
 
 namespace skyframe::host {
@@ -166,7 +167,7 @@ class CCommandLine {
     CLI::Option* pStoreys = p->add_option("--storeys", m_building.nStoreys, "Storeys")->check(CLI::Range(1, 30000));
     pStoreys->capture_default_str();
     p->add_option("--nodes", m_nNodes, "About so many nodes: chooses the storeys, and the bays if these are not given")
-        ->check(CLI::Range(8, 29999))
+        ->check(CLI::Range(8, c_nMaxNodes))
         ->excludes(pStoreys);
     AddLength(*p, "--span", m_building.dSpan, "Length of a bay, m");
     AddLength(*p, "--height", m_building.dHeight, "Height of a storey, m");
@@ -291,8 +292,7 @@ class CCommandLine {
   /// Generates and writes the job of about so many rows of nodes, unless the host records are too small.
   template <class Generator>
   int Write(Generator generator, double dRows, double dNodesPerRow) {
-    constexpr double c_dMostNodes = 29999.0;
-    if (dRows * dNodesPerRow > c_dMostNodes) return Refuse("more than 29999 nodes");
+    if (dRows * dNodesPerRow > c_nMaxNodes) return Refuse(Format("more than %d nodes", c_nMaxNodes));
     const std::string strText = FormatJob(generator());
     const JobFile check = ParseJob(strText);
     PrintProblems("generated job", check.errors, "", m_err);
