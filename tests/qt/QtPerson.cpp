@@ -64,25 +64,6 @@ void TypeInto(QWidget& edit, const std::string& strText) {
   QTest::keyClicks(&edit, QString::fromStdString(strText));
 }
 
-std::string Describe(const IDialogView& view, const DialogTemplate& layout) {
-  std::ostringstream strm;
-  for (const ControlTemplate& control : layout.controls) {
-    const int nId = control.nId;
-    if (nId == -1) continue;
-    strm << nId << " '" << view.GetText(nId) << "' " << (view.GetCheck(nId) ? "checked " : "")
-         << (view.IsEnabled(nId) ? "" : "disabled ");
-    if (view.GetItemCount(nId) > 0 || view.GetCurrent(nId) != -1) strm << "current " << view.GetCurrent(nId);
-    for (int nRow = 0; nRow < view.GetItemCount(nId); ++nRow) {
-      strm << (view.IsSelected(nId, nRow) ? " *" : " ") << view.GetItemText(nId, nRow);
-      const int nColumns = control.kind == ControlKind::ListView ? static_cast<int>(control.items.size()) : 1;
-      for (int nColumn = 1; nColumn < nColumns; ++nColumn) strm << '|' << view.GetItemText(nId, nRow, nColumn);
-    }
-    strm << '\n';
-  }
-  strm << "focus " << view.GetFocus();
-  return strm.str();
-}
-
 CQtPerson::CQtPerson(QWidget* pHostWindow) : m_platform(pHostWindow), m_pPrevious(InstallPlatform(&m_platform)) {
   m_platform.SetConsoleSink([this](std::string_view strText) { m_strConsole += strText; });
 }

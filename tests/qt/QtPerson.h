@@ -66,7 +66,4 @@ class CQtPerson {
 /// Types into an edit as a person does: click, select all, type; an empty text deletes.
 void TypeInto(QWidget& edit, const std::string& strText);
 
-/// What stands in every control with an identifier, one a line, and which has the focus.
-std::string Describe(const IDialogView& view, const DialogTemplate& layout);
-
 }  // namespace skyframe::test
