@@ -1,7 +1,3 @@
-#include <sys/resource.h>
-#include <sys/wait.h>
-#include <unistd.h>
-
 #include "Sanitizer.h"
 #include "TestPlatform.h"
 #include "skyframe/generate/Generate.h"
@@ -235,17 +231,13 @@ TEST(JobFile, LackOfMemoryIsAnError) {
   Job job = GenerateArch({});
   job.loads.resize(30000, job.loads[0]);
   const std::string strText = FormatJob(job);
-  const auto ParseWithin = [&strText](std::size_t nBytes) {
-    std::size_t nPages = 0;
-    std::ifstream("/proc/self/statm") >> nPages;
-    const rlimit limit = {nPages * static_cast<std::size_t>(getpagesize()) + nBytes, RLIM_INFINITY};
-    setrlimit(RLIMIT_AS, &limit);
-    const JobFile file = ParseJob(strText);
-    std::exit(file.errors.empty() ? 0 : file.errors[0].strReason == "out of memory" ? 1 : 2);
-  };
   for (std::size_t nMegabytes = 0; nMegabytes < 36; nMegabytes += 3) {
-    EXPECT_EXIT(
-        ParseWithin(nMegabytes << 20U), [](int n) { return WIFEXITED(n) && WEXITSTATUS(n) < 2; }, "");
+    const int nProcess = test::StartProcess([&] {
+      test::LimitMemory(nMegabytes << 20U);
+      const JobFile file = ParseJob(strText);
+      return file.errors.empty() || file.errors[0].strReason == "out of memory" ? 0 : 1;
+    });
+    EXPECT_EQ(test::WaitFor(nProcess), 0) << nMegabytes;
   }
 }
 #endif
