@@ -14,7 +14,10 @@ class Example : public ::testing::TestWithParam<const char*> {
   void SetUp() override {
     const std::string strExample = std::string(SKYFRAME_SOURCE_DIR "/examples/") + GetParam() + ".json";
     std::filesystem::copy_file(strExample, m_folder.GetPath(".json"));
-    m_job = ReadJobFile(strExample).job;
+    const JobFile file = ReadJobFile(strExample);
+    EXPECT_EQ(file.warnings.size(), 0U);
+    EXPECT_TRUE(file.job.HasConsecutiveIds());
+    m_job = file.job;
     const test::CommandOutcome outcome = m_folder.Solve();
     EXPECT_EQ(outcome.nStatus, 0);
     EXPECT_EQ(outcome.strErr, "");  // no message; the time report stands in the summary

@@ -109,29 +109,19 @@ TEST(Plots, ShapesStayOnTheSheet) {
   }
 }
 
-/// A mast of two beams along Z, clamped at node 30, with 20 kN upwards on its top, node 10.
-std::string MakeMast(const std::string& strAnalyses) {
-  return R"({"nodes": [{"id": 30, "x": 0, "y": 0, "z": 0, "restraint": "111111"},
-        {"id": 20, "x": 0, "y": 0, "z": 4}, {"id": 10, "x": 0, "y": 0, "z": 8}],
-      "sections": [{"id": "S", "shape": 2, "area": 1e4, "Ix": 4e7, "Iy": 2e7, "Iz": 3e7}], "elements": [
-      {"type": "beam", "i": 30, "j": 20, "section": "S"}, {"type": "beam", "i": 20, "j": 10, "section": "S"}],
-      "loads": [{"case": 0, "node": 10, "direction": "Z", "value": 20}], "analyses": [)" +
-         strAnalyses + "]}";
-}
-
 TEST(Plots, WhatIsNotThereEndsWithStatusTwo) {
-  const test::CCommandFolder mast;
-  mast.Write(".json", MakeMast(R"({"type": "static", "nonlinear": false, "combination": {"0": 1}},
+  const test::CCommandFolder job;
+  job.Write(".json", test::MakeCantilever("111111", R"({"type": "static", "nonlinear": false, "combination": {"0": 1}},
       {"type": "modal", "modes": 2}, {"type": "spectrum", "modes": 2, "site_class": 2}, {"type": "time_history",
        "method": "newmark", "load": "ground_motion",
        "earthquake": {"time_step": 0.02, "duration": 0.4, "directions": ["Y"]}})"));
   const auto Plot = [&](std::vector<std::string> what) {
-    what.insert(what.begin(), {"plot", mast.GetPath(".json"), "-o", mast.GetPath(".svg")});
-    return mast.Call(what);
+    what.insert(what.begin(), {"plot", job.GetPath(".json"), "-o", job.GetPath(".svg")});
+    return job.Call(what);
   };
   const std::vector<std::vector<std::string>> pictures = {
-      {"--spectrum"}, {"--mode", "2"},    {"--node", "10", "--dir", "Y"},
-      {"--deformed"}, {"--element", "1"}, {"--node", "10", "--dir", "y", "--viewer"}};
+      {"--spectrum"}, {"--mode", "2"},    {"--node", "90", "--dir", "Y"},
+      {"--deformed"}, {"--element", "1"}, {"--node", "90", "--dir", "y", "--viewer"}};
   const auto ExpectNone = [&](const std::string& strReason) {
     for (const auto& what : pictures) {
       const test::CommandOutcome outcome = Plot(what);
@@ -140,35 +130,36 @@ TEST(Plots, WhatIsNotThereEndsWithStatusTwo) {
     }
   };
   ExpectNone(": cannot be opened; it is written by the ");
-  EXPECT_FALSE(mast.Has(".svg"));
-  EXPECT_EQ(mast.Solve().nStatus, 0);
+  EXPECT_FALSE(job.Has(".svg"));
+  EXPECT_EQ(job.Solve().nStatus, 0);
   for (const auto& what : pictures) {
     EXPECT_EQ(Plot(what).strErr, "") << what[0];
-    EXPECT_NE(mast.Read(".svg").find("</svg>"), std::string::npos);
-    EXPECT_EQ(mast.Read(".svg").find("width=\"665\"") != std::string::npos, what.back() == "--viewer");
+    EXPECT_NE(job.Read(".svg").find("</svg>"), std::string::npos);
+    EXPECT_EQ(job.Read(".svg").find("width=\"665\"") != std::string::npos, what.back() == "--viewer");
   }
 
   const std::pair<std::vector<std::string>, std::string> refused[] = {
-      {{"--mode", "0"}, mast.GetPath(".mode") + ": no mode 0; the file has 2\n"},
+      {{"--mode", "0"}, job.GetPath(".mode") + ": no mode 0; the file has 2\n"},
       {{"--node", "2"}, "no node has the id 2\n"},
-      {{"--element", "3"}, "no element 3; the job has 2\n"},
+      {{"--element", "3"}, "no element 3; the job has 1\n"},
       {{"--deformed", "--viewer"}, "--viewer: belongs to --node or --element\n"},
       {{"--deformed", "--nonlinear"},
-       mast.GetPath("_StaticNonlinearSol.txt") +
+       job.GetPath("_StaticNonlinearSol.txt") +
            ": cannot be opened; it is written by the nonlinear static analysis\n"}};
   for (const auto& [what, strError] : refused) {
     const test::CommandOutcome outcome = Plot(what);
     EXPECT_EQ(std::tuple(outcome.nStatus, outcome.strErr), std::tuple(2, strError));
   }
   const std::vector<std::vector<std::string>> misused = {
-      {}, {"--mode", "1", "--deformed"}, {"--node", "10", "--dir", "W"}, {"--mode", "1", "--dir", "X"}};
+      {}, {"--mode", "1", "--deformed"}, {"--node", "90", "--dir", "W"}, {"--mode", "1", "--dir", "X"}};
   for (const auto& what : misused) EXPECT_EQ(Plot(what).nStatus, 2);
-  EXPECT_EQ(mast.Solve(MakeMast(R"({"type": "time_history", "method": "newmark", "load": "ground_motion",
+  EXPECT_EQ(
+      job.Solve(test::MakeCantilever("111111", R"({"type": "time_history", "method": "newmark", "load": "ground_motion",
       "earthquake": {"time_step": 0.5, "duration": 0.4, "directions": ["Y"]}})"))
-                .nStatus,
-            0);
-  EXPECT_EQ(Plot({"--node", "10"}).nStatus, 2) << "no steps";
-  for (const char* pszSuffix : {".mode", "_HisTime.txt", "_StaticLinearSol.txt"}) mast.Write(pszSuffix, "other");
+          .nStatus,
+      0);
+  EXPECT_EQ(Plot({"--node", "90"}).nStatus, 2) << "no steps";
+  for (const char* pszSuffix : {".mode", "_HisTime.txt", "_StaticLinearSol.txt"}) job.Write(pszSuffix, "other");
   ExpectNone(": ");
 }
 

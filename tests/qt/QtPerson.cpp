@@ -1,12 +1,7 @@
 #include "QtPerson.h"
 
-#include <QAbstractButton>
-#include <QAbstractItemView>
-#include <QApplication>
-#include <QComboBox>
-#include <QMessageBox>
 #include <QTest>
-#include <QTimer>
+#include <QtWidgets>
 #include <algorithm>
 #include <utility>
 

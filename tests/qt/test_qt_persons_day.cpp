@@ -2,37 +2,19 @@
 // with the result files equal to those of the command line. Its pictures are those of the README and the manual
 // (scripts/pictures).
 
-#include <gtest/gtest.h>
-
-#include <QAction>
-#include <QApplication>
-#include <QComboBox>
-#include <QListWidget>
-#include <QPainter>
-#include <QTemporaryDir>
 #include <QTest>
-#include <filesystem>
-#include <fstream>
-#include <sstream>
+#include <QtWidgets>
 
+#include "CommandFolder.h"
 #include "QtPerson.h"
-#include "TestPlatform.h"
-#include "skyframe/cli/CommandLine.h"
+#include "ResultFiles.h"
 #include "skyframe/dialogs/HisResultDlg.h"
 #include "skyframe/dialogs/Templates.h"
 #include "skyframe/gui/MainWindow.h"
 #include "skyframe/qt/Font.h"
-#include "skyframe/results/HistoryResultFile.h"
 
 namespace skyframe::test {
 namespace {
-
-namespace fs = std::filesystem;
-
-std::string ReadText(const fs::path& path) {
-  std::ifstream strm(path, std::ios::binary);
-  return {std::istreambuf_iterator<char>(strm), {}};
-}
 
 /// The text without the line that holds date and time.
 std::string DropTime(const std::string& strText) {
@@ -120,20 +102,19 @@ void AddScripts(CQtPerson& person) {
 }
 
 TEST(PersonsDay, WindowsAndCommandLineWriteTheSameFiles) {
-  const QTemporaryDir windows;
-  const QTemporaryDir commands;
+  const CJobFolder windows("windows");
+  const CCommandFolder commands;
   const QFont font = QApplication::font();
   QApplication::setCursorFlashTime(0);  // the same pictures every day
-  for (const QTemporaryDir* const pDirectory : {&windows, &commands}) {
-    ASSERT_TRUE(QFile::copy(QStringLiteral(SKYFRAME_SOURCE_DIR "/examples/office10.json"),
-                            pDirectory->filePath(QStringLiteral("office.json"))));
+  for (const CJobFolder* const pFolder : {&windows, static_cast<const CJobFolder*>(&commands)}) {
+    std::filesystem::copy_file(SKYFRAME_SOURCE_DIR "/examples/office10.json", pFolder->GetPath(".json"));
   }
 
   CQtPerson person;
   AddScripts(person);
-  gui::CMainWindow window(windows.filePath(QStringLiteral("settings.ini")));
+  gui::CMainWindow window(QString::fromStdString(windows.GetPath(".ini")));
   window.show();
-  ASSERT_TRUE(window.OpenJob(windows.filePath(QStringLiteral("office.json"))));
+  ASSERT_TRUE(window.OpenJob(QString::fromStdString(windows.GetPath(".json"))));
   for (const char* strAnalysis :
        {"modal", "spectrum", "time_history", "time_history", "history_results", "static", "static"}) {
     SCOPED_TRACE(strAnalysis);
@@ -154,35 +135,21 @@ TEST(PersonsDay, WindowsAndCommandLineWriteTheSameFiles) {
   QTest::qWait(50);
   SavePicture(window, QStringLiteral("first-mode"));
 
-  std::ostringstream out, err;
-  const fs::path commandJob = commands.filePath(QStringLiteral("office.json")).toStdString();
-  ASSERT_EQ(host::RunCommandLine({"run", commandJob.string()}, out, err), host::c_nExitGood) << err.str() << out.str();
-
-  int nCompared = 0;
-  for (const fs::directory_entry& entry : fs::directory_iterator(commandJob.parent_path())) {
-    const std::string strName = entry.path().filename().string();
-    const fs::path twin = fs::path(windows.path().toStdString()) / strName;
-    ASSERT_TRUE(fs::exists(twin)) << strName;
-    EXPECT_TRUE(DropTime(ReadText(entry.path())) == DropTime(ReadText(twin))) << strName << " differs";
-    EXPECT_GT(ReadText(twin).size(), 100U) << strName;
-    ++nCompared;
-    if (strName == "office.json") continue;
-    EXPECT_FALSE(pResults->findItems(QString::fromStdString(strName), Qt::MatchExactly).isEmpty()) << strName;
+  const CommandOutcome outcome = CCommandFolder::Call({"run", commands.GetPath(".json")});
+  ASSERT_EQ(outcome.nStatus, host::c_nExitGood) << outcome.strErr << outcome.strOut;
+  const Strings names = commands.List();
+  EXPECT_GE(names.size(), 6U) << "job, modes, spectrum, history, states";
+  for (const std::string& strName : names) {
+    const std::string strSuffix = strName.substr(3), strText = windows.Read(strSuffix);
+    EXPECT_TRUE(DropTime(strText) == DropTime(commands.Read(strSuffix))) << strName << " differs";
+    EXPECT_GT(strText.size(), 100U) << strName;
+    EXPECT_NE(pResults->findItems(QString::fromStdString(strName), Qt::MatchExactly).isEmpty(), strSuffix != ".json");
   }
-  EXPECT_GE(nCompared, 6) << "job, modes, spectrum, history, states";
 
   // The written history is node 11's X column of the result file.
-  const auto readOf = [&](const QString& strName, auto read) {
-    const auto history = read(windows.filePath(strName).toStdString());
-    EXPECT_EQ(history.strError, "");
-    return history.value_or(host::SingleHistory{});
-  };
   const host::HistoryModel model = {192, 530};
-  const auto written = readOf(QStringLiteral("office_11_node.txt"),
-                              [&](const auto& strPath) { return host::ReadHistoryExtract(strPath, model); });
-  const auto history = readOf(QStringLiteral("office_HisTime.txt"), [&](const auto& strPath) {
-    return host::ReadHistory(strPath, model, {c_nHistoryX, 11});
-  });
+  const auto written = Take(host::ReadHistoryExtract(windows.GetPath("_11_node.txt"), model));
+  const auto history = Take(host::ReadHistory(windows.GetPath("_HisTime.txt"), model, {c_nHistoryX, 11}));
   EXPECT_EQ(written.nQuantity, c_nHistoryX);
   EXPECT_EQ(written.values.size(), 1000U);
   EXPECT_EQ(written.values, history.values);
