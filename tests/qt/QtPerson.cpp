@@ -50,8 +50,7 @@ void ClickButton(QAbstractButton& button) {
   QTest::mouseClick(&button, Qt::LeftButton, Qt::NoModifier, button.isCheckable() ? mark : button.rect().center());
 }
 
-}  // namespace
-
+/// Types as a person does: click, select all, type; an empty text deletes.
 void TypeInto(QWidget& edit, const std::string& strText) {
   QTest::mouseClick(&edit, Qt::LeftButton);
   QTest::keyClick(&edit, Qt::Key_A, Qt::ControlModifier);
@@ -59,21 +58,14 @@ void TypeInto(QWidget& edit, const std::string& strText) {
   QTest::keyClicks(&edit, QString::fromStdString(strText));
 }
 
-CQtPerson::CQtPerson(QWidget* pHostWindow) : m_platform(pHostWindow), m_pPrevious(InstallPlatform(&m_platform)) {
-  m_platform.SetConsoleSink([this](std::string_view strText) { m_strConsole += strText; });
-}
+}  // namespace
+
+CQtPerson::CQtPerson(QWidget* pHostWindow) : m_platform(pHostWindow), m_pPrevious(InstallPlatform(&m_platform)) {}
 
 CQtPerson::~CQtPerson() { InstallPlatform(m_pPrevious); }
 
 bool CQtPerson::HasUnusedScripts() const {
   return std::any_of(m_scripts.begin(), m_scripts.end(), [](const auto& entry) { return !entry.second.empty(); });
-}
-
-void CQtPerson::Clear() {
-  m_scripts.clear();
-  m_messages.clear();
-  m_errors.clear();
-  m_strConsole.clear();
 }
 
 void CQtPerson::Watch(const std::function<void()>& action) {
