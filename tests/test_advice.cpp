@@ -160,7 +160,7 @@ TEST_F(AdviceOnRuns, EveryDoubtfulRunIsTold) {
        },
        true, "warning: element ", "[divide-members]"},
       {"columns that lean across their sway", [&](Job& job) { Lean(job, 1.0e8); }, true,
-       "warning: the section of element ", "[axes-twist]"},
+       "warning: the section of element 1 ", "[axes-twist]"},
       {"too few iterations",
        [](Job& job) {
          NewmarkJob quake = MakeQuake();

@@ -221,6 +221,10 @@ TEST(Drivers, SpectrumEndsEarly) {
 
 TEST(Drivers, AnyFailureEndsWithItsMessage) {
   CDriverRun run;
+  run.RunModal();
+  CModeConnect::OnMode();  // cancelled
+  EXPECT_TRUE(GetModalFindings().omega.empty());
+  run.platform->Clear();
   run.platform->AddScript(16000, {Do::Inspect([](const IDialogView&) { throw std::runtime_error(""); })});
   CModeConnect::OnMode();
   EXPECT_EQ(run.platform.GetMessages(), Strings{"内部错误,计算终止!"});

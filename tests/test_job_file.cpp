@@ -26,6 +26,7 @@ std::string Join(const std::vector<std::string>& lines) {
 }
 
 const std::string c_strGood = R"json({
+  "$schema": "job.schema.json",
   "title": "Übung",
   "nodes": [
     {"id": 7, "x": 0, "y": 0, "z": 0, "restraint": "111111"},

@@ -102,6 +102,7 @@ TEST(Lanczos, GoesOnWhereItStoppedAndKeepsTheSolvedPairsMeanwhile) {
   CLanczosSolver once = MakeSolver(theta), inTwo = MakeSolver(theta);
   once.Start(Vector(40, 1.0));
   ASSERT_TRUE(once.Extend(25));
+  EXPECT_EQ(once.GetSize(), 25);
   inTwo.Start(Vector(40, 1.0));
   ASSERT_TRUE(inTwo.Extend(14));
   inTwo.SolveRitz(1e-16);

@@ -240,6 +240,24 @@ TEST(SparseMatrix, ProductsAgreeWithPlainSums) {
   EXPECT_EQ(platform.GetMessages(), Messages{"Vector Definition Error!"});
 }
 
+TEST(SparseMatrix, TrimmingAndCompressedRows) {
+  //     | 4 0 0 1 |        heights 1, 2, 3, 4 trimmed to 1, 1, 2, 4
+  // A = |   0 2 0 |        (a zero diagonal entry is not a compressed one)
+  //     |     5 0 |
+  //     |       6 |
+  SparseMatrix S = MakeSparse({0, 2, 5, 9}, {4, 0, 0, 0, 2, 5, 1, 0, 0, 6});
+  const auto ints = [](std::span<const int> s) { return std::vector<int>(s.begin(), s.end()); };
+  S.TrimProfile(4);
+  EXPECT_EQ(ints(S.GetHeights()), (std::vector<int>{1, 1, 2, 4}));
+  EXPECT_EQ(ints(S.GetRowExtents()), (std::vector<int>{4, 3, 2, 1}));
+  EXPECT_TRUE(S.BuildRows(4));
+  EXPECT_EQ(ints(S.GetRowStarts()), (std::vector<int>{0, 2, 3, 5, 7}));
+  EXPECT_EQ(ints(S.GetRowColumns()), (std::vector<int>{0, 3, 2, 1, 2, 0, 3}));
+  EXPECT_EQ(Vector(S.GetRowValues().begin(), S.GetRowValues().end()), (Vector{4, 1, 2, 2, 5, 1, 6}));
+  S.RestoreHeights();
+  EXPECT_EQ(ints(S.GetHeights()), (std::vector<int>{1, 2, 3, 4}));
+}
+
 // --- factorisation and solution ---------------------------------------------------------------
 
 TEST(SparseMatrix, PivotTest) {

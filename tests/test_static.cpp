@@ -2,6 +2,7 @@
 // failures.
 
 #include "ModalModels.h"
+#include "ResultFiles.h"
 #include "skyframe/connect/Findings.h"
 #include "skyframe/connect/ModeConnect.h"
 #include "skyframe/model/AnalysisModel.h"
@@ -62,6 +63,16 @@ TEST(StaticLinear, CantileverFollowsBeamTheory) {
             "结点号:1  X向支反力  0.000            Y向支反力  0.000            Z向支反力  -10000.000       "
             "YZ平面内转角向支反力 0.000            ZX平面内转角向支反力 40000.000        XY平面内转角向支反力 0.000  "
             "        ");
+  const auto diagrams = Take(host::ReadStaticResultFile(job.GetPath(c_pLinear), 2)).members.at(0).diagrams;
+  for (int p = 0; p <= 20; ++p) {
+    EXPECT_NEAR(std::abs(diagrams.at(host::c_nMzx)[p]), 40000.0 * (1.0 - p / 20.0), 0.1) << p;
+    EXPECT_NEAR(std::abs(diagrams.at(host::c_nQz)[p]), 10000.0, 0.01) << p;
+    const double x = 4.0 * p / 20.0;
+    EXPECT_NEAR(diagrams.at(host::c_nFz)[p], -10000.0 * x * x * (12.0 - x) / (6 * c_dE * 2e-5), 0.0006) << p;
+    EXPECT_EQ(diagrams.at(host::c_nQy)[p], 0.0);
+  }
+  RunStatic(platform, {.bNonlinear = true, .strTolerance = "0.01", .strMaxIter = "500"});  // without shear as well
+  EXPECT_NEAR(GetStaticFindings().displacements.at(1)[2], -0.0517799, 3e-5);
 }
 
 TEST(StaticLinear, CombinesCasesWithTheirFactors) {
@@ -365,6 +376,7 @@ TEST(StaticLinear, RestrainedAndUnusedNodesAreHarmless) {
     RunStatic(platform, {.bNonlinear = bNonlinear});
     EXPECT_EQ(GetStaticFindings().displacements, std::vector<NodeValues>(3));
     EXPECT_EQ(GetStaticFindings().reactions, std::vector<NodeValues>(3));
+    EXPECT_EQ(GetStaticFindings().eulerRatios, std::vector<double>(bNonlinear ? 2 : 0));
     EXPECT_TRUE(job.Has(bNonlinear ? c_pNonlinear : c_pLinear));
   }
   EXPECT_TRUE(platform.GetMessages().empty());

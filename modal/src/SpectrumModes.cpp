@@ -95,8 +95,7 @@ bool FormSpectrumModes(CAnalysisModel& model, const std::array<double, 3>& c, bo
 
   model.ModeDamping = FormDamping(model, modes.omega);
   modes.zeta = model.ModeDamping;
-  FormFactors(CDesignSpectrum({model.m_nQuakeLevel, model.m_nIntensity, model.m_nZoneGroup, model.m_nSiteClass}),
-              modes);
+  FormFactors(CDesignSpectrum(model), modes);
   return true;
 }
 

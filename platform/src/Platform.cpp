@@ -81,6 +81,8 @@ IPlatform& GetPlatform() {
 
 bool IsErrorTerminal() { return system_file::IsErrorTerminal(); }
 
+std::filesystem::path GetProgramPath() { return system_file::GetProgramPath(); }
+
 std::filesystem::path ToFilePath(std::string_view strPath) {
   const std::string strNative = ToNativePath(strPath);
   return {std::u8string(strNative.begin(), strNative.end())};

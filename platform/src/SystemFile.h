@@ -29,6 +29,8 @@ std::size_t Read(int nDescriptor, char* pBytes, std::size_t nCount);
 
 [[nodiscard]] bool IsWritable(const std::filesystem::path& path);
 [[nodiscard]] bool IsErrorTerminal();
+/// Of the running program; empty where the system does not tell.
+[[nodiscard]] std::filesystem::path GetProgramPath();
 /// Bytes of the machine's memory; infinite where the system does not tell.
 [[nodiscard]] double GetPhysicalMemory();
 

@@ -9,6 +9,7 @@
 #include <cerrno>
 #include <limits>
 #include <memory>
+#include <system_error>
 
 #include "SystemFile.h"
 
@@ -116,6 +117,12 @@ bool Close(int nDescriptor) { return close(nDescriptor) == 0 || errno == EINTR; 
 bool IsWritable(const std::filesystem::path& path) { return access(path.c_str(), W_OK) == 0; }
 
 bool IsErrorTerminal() { return isatty(STDERR_FILENO) == 1; }
+
+std::filesystem::path GetProgramPath() {
+  std::error_code error;
+  std::filesystem::path path = std::filesystem::read_symlink("/proc/self/exe", error);
+  return error ? std::filesystem::path() : path;
+}
 
 double GetPhysicalMemory() {
   const long nPages = sysconf(_SC_PHYS_PAGES);

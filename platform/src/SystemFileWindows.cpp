@@ -80,6 +80,13 @@ bool IsWritable(const std::filesystem::path& path) {
 
 bool IsErrorTerminal() { return _isatty(_fileno(stderr)) != 0; }
 
+std::filesystem::path GetProgramPath() {
+  constexpr DWORD c_nLongest = 1U << 15U;
+  std::wstring strPath(c_nLongest, L'\0');
+  strPath.resize(GetModuleFileNameW(nullptr, strPath.data(), c_nLongest));
+  return strPath;
+}
+
 double GetPhysicalMemory() {
   MEMORYSTATUSEX status = {};
   status.dwLength = sizeof status;

@@ -17,6 +17,7 @@
 #include "skyframe/plot/Plots.h"
 #include "skyframe/run/DataDirectory.h"
 #include "skyframe/run/JobRunner.h"
+#include "skyframe/values/Capacities.h"
 #include "skyframe/values/ResultFiles.h"
 
 namespace skyframe::host {
@@ -148,7 +149,7 @@ class CCommandLine {
 
   static void AddCount(CLI::App& app, const std::string& strName, int& nValue, const std::string& strHelp,
                        int nLowest = 1) {
-    app.add_option(strName, nValue, strHelp)->check(CLI::Range(nLowest, 30000))->capture_default_str();
+    app.add_option(strName, nValue, strHelp)->check(CLI::Range(nLowest, c_nMaxNodes))->capture_default_str();
   }
 
   static void AddLength(CLI::App& app, const std::string& strName, double& dValue, const std::string& strHelp) {
@@ -163,10 +164,11 @@ class CCommandLine {
     CLI::App* p = AddShape(generate, "building", "Rectangular frame of rigid beams and columns");
     AddCount(*p, "--bays-x", m_building.nBaysX, "Bays along X");
     AddCount(*p, "--bays-y", m_building.nBaysY, "Bays along Y");
-    CLI::Option* pStoreys = p->add_option("--storeys", m_building.nStoreys, "Storeys")->check(CLI::Range(1, 30000));
+    CLI::Option* pStoreys =
+        p->add_option("--storeys", m_building.nStoreys, "Storeys")->check(CLI::Range(1, c_nMaxNodes));
     pStoreys->capture_default_str();
     p->add_option("--nodes", m_nNodes, "About so many nodes: chooses the storeys, and the bays if these are not given")
-        ->check(CLI::Range(8, 29999))
+        ->check(CLI::Range(8, c_nMaxNodes))
         ->excludes(pStoreys);
     AddLength(*p, "--span", m_building.dSpan, "Length of a bay, m");
     AddLength(*p, "--height", m_building.dHeight, "Height of a storey, m");
@@ -291,8 +293,7 @@ class CCommandLine {
   /// Generates and writes the job of about so many rows of nodes, unless the host records are too small.
   template <class Generator>
   int Write(Generator generator, double dRows, double dNodesPerRow) {
-    constexpr double c_dMostNodes = 29999.0;
-    if (dRows * dNodesPerRow > c_dMostNodes) return Refuse("more than 29999 nodes");
+    if (dRows * dNodesPerRow > c_nMaxNodes) return Refuse("more than " + std::to_string(c_nMaxNodes) + " nodes");
     const std::string strText = FormatJob(generator());
     const JobFile check = ParseJob(strText);
     PrintProblems("generated job", check.errors, "", m_err);

@@ -1,10 +1,11 @@
 #include "skyframe/gui/ResultPanel.h"
 
 #include <QDir>
-#include <QFile>
 #include <QFileInfo>
 #include <QFontDatabase>
+#include <istream>
 
+#include "skyframe/platform/Platform.h"
 #include "skyframe/qt/Font.h"
 #include "texts.h"
 
@@ -12,7 +13,7 @@ namespace skyframe::gui {
 
 namespace {
 
-constexpr qint64 c_nMostBytes = 4 << 20;  // shown of one file
+constexpr qsizetype c_nMostBytes = 4 << 20;  // shown of one file
 
 }  // namespace
 
@@ -61,10 +62,14 @@ void CResultPanel::SetTextSize(double dPoints) {
 void CResultPanel::ShowFile() {
   m_text.clear();
   if (m_list.currentItem() == nullptr) return;
-  QFile file(QFileInfo(ToQt(m_strJobPath)).dir().filePath(m_list.currentItem()->text()));
-  if (!file.open(QIODevice::ReadOnly)) return;
-  QString strText = QString::fromUtf8(file.read(c_nMostBytes));
-  if (!file.atEnd()) strText += ToQt(texts::c_strCut);
+  const QString strFile = QFileInfo(ToQt(m_strJobPath)).dir().filePath(m_list.currentItem()->text());
+  const auto pStream = GetPlatform().OpenForReading(strFile.toStdString());
+  if (!pStream) return;
+  QByteArray bytes(c_nMostBytes, Qt::Uninitialized);
+  pStream->read(bytes.data(), c_nMostBytes);
+  bytes.truncate(static_cast<qsizetype>(pStream->gcount()));
+  QString strText = QString::fromUtf8(bytes);
+  if (pStream->peek() != std::char_traits<char>::eof()) strText += ToQt(texts::c_strCut);
   m_text.setPlainText(strText);
 }
 

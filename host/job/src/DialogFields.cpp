@@ -5,6 +5,7 @@
 #include "JsonText.h"
 #include "skyframe/platform/NumberText.h"
 #include "skyframe/values/Capacities.h"
+#include "skyframe/values/LoadNames.h"
 
 namespace skyframe::host {
 
@@ -93,7 +94,7 @@ class CContentReader {
   /// A row is a factor and the name of its case.
   static void TakeCase(std::string_view strRow, JobCombination& combination) {
     for (int nCase = 0; nCase < c_nLoadTypes; ++nCase) {
-      const std::string strName = GetCaseName(nCase);
+      const std::string strName = GetLoadName(nCase);
       if (!strRow.ends_with(strName)) continue;
       if (const auto dFactor = ParseReal(strRow.substr(0, strRow.size() - strName.size()))) {
         combination[nCase] = *dFactor;
@@ -126,8 +127,6 @@ void TakeAnalysis(const Dialogs& dialogs, std::optional<JobAnalysis>& found) {
 }
 
 }  // namespace
-
-std::string GetCaseName(int nCase) { return nCase == 0 ? "静" : "活" + std::to_string(nCase); }
 
 std::optional<JobAnalysis> CDialogRecorder::GetAnalysis() const {
   std::optional<JobAnalysis> found;

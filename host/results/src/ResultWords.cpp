@@ -1,64 +1,39 @@
 #include "ResultWords.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace skyframe::host {
 
-namespace {
-
-constexpr std::size_t c_nBlockBytes = 1U << 16U;  // no word is longer
-constexpr std::size_t c_nFixedDecimals = 3;
-
-bool IsBlank(char c) { return c == ' ' || (c >= '\t' && c <= '\r'); }
-
-std::size_t CountBlanks(std::string_view strText) {
-  return static_cast<std::size_t>(std::find_if_not(strText.begin(), strText.end(), IsBlank) - strText.begin());
-}
-
-std::size_t GetWordLength(std::string_view strText) {
-  return static_cast<std::size_t>(std::find_if(strText.begin(), strText.end(), IsBlank) - strText.begin());
-}
-
-}  // namespace
-
 std::string_view CResultWords::Peek() {
-  if (m_bFailed) return {};
-  for (;;) {
-    m_strRest.remove_prefix(CountBlanks(m_strRest));
-    const std::size_t nLength = GetWordLength(m_strRest);
-    // The block ends here, the word perhaps not.
-    if (nLength < m_strRest.size() || !Refill()) return m_strRest.substr(0, nLength);
-  }
+  if (m_strNext.empty() && !m_bFailed) m_strNext = m_reader.Next();
+  return m_bFailed ? std::string_view() : m_strNext;
 }
 
 std::string_view CResultWords::Word() {
-  const std::string_view strWord = Peek();
-  m_strRest.remove_prefix(strWord.size());
-  Expect(!strWord.empty());
-  return strWord;
+  Expect(!Peek().empty());
+  m_strWord = std::exchange(m_strNext, {});
+  return m_bFailed ? std::string_view() : m_strWord;
 }
 
 void CResultWords::Skip(int nWords) {
   for (int i = 0; i < nWords && !m_bFailed; ++i) Word();
 }
 
-double CResultWords::FixedNumber() {
-  const std::string_view strWord = Peek();
-  const std::size_t nPoint = std::min(strWord.find('.'), strWord.size());
-  const std::string_view strNumber = strWord.substr(0, std::min(nPoint + 1 + c_nFixedDecimals, strWord.size()));
-  m_strRest.remove_prefix(strNumber.size());
-  return Convert<double>(strNumber);
+double CResultWords::NextNumber() {
+  double dValue = 0.0;
+  m_reader.Read(dValue);
+  Expect(!m_reader.HasFailed());
+  return m_bFailed ? 0.0 : dValue;
 }
 
-/// False at the end of the file, and when the rest fills the block.
-bool CResultWords::Refill() {
-  m_strBlock.resize(c_nBlockBytes);
-  char* const pFree = std::copy(m_strRest.begin(), m_strRest.end(), m_strBlock.data());
-  const std::size_t nRest = m_strRest.size();
-  m_strm.read(pFree, static_cast<std::streamsize>(c_nBlockBytes - nRest));
-  const auto nRead = static_cast<std::size_t>(m_strm.gcount());
-  m_strRest = std::string_view(m_strBlock).substr(0, nRest + nRead);
-  return nRead > 0;
+double CResultWords::FixedNumber() {
+  constexpr std::size_t c_nDecimals = 3;
+  const std::string strWord(Word());
+  const std::size_t nPoint = std::min(strWord.find('.'), strWord.size());
+  const std::size_t nEnd = std::min(nPoint + 1 + c_nDecimals, strWord.size());
+  m_strNext = strWord.substr(nEnd);
+  return Convert<double>(std::string_view(strWord).substr(0, nEnd));
 }
 
 }  // namespace skyframe::host

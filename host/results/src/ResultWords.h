@@ -4,16 +4,17 @@
 #include <istream>
 #include <string>
 #include <string_view>
+#include <type_traits>
+
+#include "skyframe/platform/WordReader.h"
 
 namespace skyframe::host {
 
-/// White-space separated words of a result file, read block by block. A word that is missing, or is not what was asked
-/// for, makes every later call fail. Numbers do not depend on the locale; "nan" and "inf" are numbers here.
+/// Words of a result file, with a look at the next one. A word that is missing, or is not what was asked for, makes
+/// every later call fail.
 class CResultWords {
  public:
-  explicit CResultWords(std::istream& strm) : m_strm(strm) {}
-  CResultWords(const CResultWords&) = delete;
-  CResultWords& operator=(const CResultWords&) = delete;
+  explicit CResultWords(std::istream& strm) : m_reader(strm) {}
 
   [[nodiscard]] bool HasFailed() const { return m_bFailed; }
   void Expect(bool bTrue) { m_bFailed = m_bFailed || !bTrue; }
@@ -26,6 +27,9 @@ class CResultWords {
 
   template <class T>
   T Number() {
+    if constexpr (std::is_same_v<T, double>) {
+      if (m_strNext.empty()) return NextNumber();
+    }
     return Convert<T>(Word());
   }
   /// The rest of a word that begins with a label.
@@ -39,6 +43,7 @@ class CResultWords {
   double FixedNumber();
 
  private:
+  double NextNumber();
   template <class T>
   T Convert(std::string_view strWord) {
     if (strWord.starts_with('+') && !strWord.starts_with("+-")) strWord.remove_prefix(1);
@@ -47,11 +52,10 @@ class CResultWords {
     Expect(error == std::errc() && pEnd == strWord.data() + strWord.size());
     return m_bFailed ? T{} : value;
   }
-  bool Refill();
 
-  std::istream& m_strm;
-  std::string m_strBlock;
-  std::string_view m_strRest;  ///< part of the block that was not read yet
+  CWordReader m_reader;
+  std::string m_strNext;  ///< looked at already, or the rest of a word; empty: the reader has it
+  std::string m_strWord;  ///< read last
   bool m_bFailed = false;
 };
 

@@ -1,5 +1,6 @@
 #include "skyframe/run/JobRunner.h"
 
+#include "skyframe/job/DialogFields.h"
 #include "skyframe/job/Text.h"
 #include "skyframe/run/PlatformScope.h"
 #include "skyframe/run/RunReport.h"
@@ -9,8 +10,7 @@ namespace skyframe::host {
 namespace {
 
 std::string_view GetName(const StaticJob& analysis) {
-  const bool bNonlinear = analysis.bNonlinear.value_or(true);  // as the dialog has it
-  return bNonlinear ? "Static analysis, nonlinear" : "Static analysis, linear";
+  return *WithDefaults(analysis).bNonlinear ? "Static analysis, nonlinear" : "Static analysis, linear";
 }
 std::string_view GetName(const ModalJob&) { return "Modal analysis"; }
 std::string_view GetName(const SpectrumJob&) { return "Response-spectrum analysis"; }
@@ -20,7 +20,7 @@ std::string_view GetName(const NewmarkJob&) { return "Time history, Newmark"; }
 /// Whether a count of the modes is wanted.
 bool IsCountWanted(const JobAnalysis& analysis) {
   const auto* pModal = std::get_if<ModalJob>(&analysis);
-  return pModal != nullptr && pModal->bVerify.value_or(true);
+  return pModal != nullptr && *WithDefaults(*pModal).bVerify;
 }
 
 class CJobRunner {

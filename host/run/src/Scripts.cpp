@@ -2,6 +2,7 @@
 
 #include "skyframe/job/DialogFields.h"
 #include "skyframe/job/Text.h"
+#include "skyframe/values/LoadNames.h"
 
 namespace skyframe::host {
 
@@ -46,7 +47,7 @@ class CScriptBuilder {
     CScriptBuilder script(c_nIdLoadCombDlg, m_platform);
     for (const auto& [nCase, dFactor] : combination) {
       script.Enter(c_nIdFactor, dFactor);
-      script.m_steps.push_back(DialogStep::ToggleRow(c_nIdAvailable, GetCaseName(nCase)));
+      script.m_steps.push_back(DialogStep::ToggleRow(c_nIdAvailable, GetLoadName(nCase)));
       script.Click(c_nIdAdd);
     }
     script.Finish();

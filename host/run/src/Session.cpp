@@ -7,6 +7,7 @@
 #include "skyframe/connect/Histories.h"
 #include "skyframe/connect/ModeConnect.h"
 #include "skyframe/hostdata/HostData.h"
+#include "skyframe/job/DialogFields.h"
 #include "skyframe/run/Scripts.h"
 #include "skyframe/values/DialogIds.h"
 
@@ -56,8 +57,9 @@ const RunFindings& CSession::Run(AnalysisKind kind) {
 
 const RunFindings& CSession::Run(const JobAnalysis& analysis, CHostPlatform& platform) {
   if (const auto* pSpectrum = std::get_if<SpectrumJob>(&analysis)) {
-    COMDYN.m_bVirtualModes = pSpectrum->bVirtualMode.value_or(false) ? 1 : 0;
-    COMDYN.m_nPseudoLoadNo = pSpectrum->nPseudoLoad.value_or(0);
+    const SpectrumJob whole = WithDefaults(*pSpectrum);
+    COMDYN.m_bVirtualModes = *whole.bVirtualMode ? 1 : 0;
+    COMDYN.m_nPseudoLoadNo = *whole.nPseudoLoad;
   }
   platform.Clear();
   std::visit([&platform](const auto& parameters) { AddScripts(parameters, platform); }, analysis);

@@ -124,6 +124,8 @@ SKYFRAME_API IPlatform& GetPlatform();
 
 /// Whether a person sees standard error on a terminal.
 [[nodiscard]] SKYFRAME_API bool IsErrorTerminal();
+/// File of the running program; empty where the system does not tell.
+[[nodiscard]] SKYFRAME_API std::filesystem::path GetProgramPath();
 
 /// Path with the separators of this system.
 SKYFRAME_API std::string ToNativePath(std::string_view strPath);

@@ -5,9 +5,6 @@
 
 namespace skyframe::host {
 
-/// Name of a load case in the load-combination dialog.
-[[nodiscard]] std::string GetCaseName(int nCase);
-
 /// Puts together an analysis from the dialogs that a person ended with OK.
 class CDialogRecorder {
  public:

@@ -42,7 +42,7 @@ struct SpectrumResultFile {
 
 /// "_VirtMode.spec".
 struct VirtualModeFile {
-  double omega = 0.0;             ///< rad/s
+  double omega = 0.0;  ///< rad/s
   double dHertz = 0.0;
   std::vector<NodeValues> shape;  ///< by node in host order
 };
