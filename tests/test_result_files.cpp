@@ -27,7 +27,8 @@ TEST(ResultFiles, AreReadWholeOrNotAtAll) {
       {"history_file/newmark.txt", [&](auto path, int n) { return ReadHistory(path, model(n), {}).strError; }},
       {"history_file/one_history.txt", [&](auto path, int n) { return ReadHistoryExtract(path, model(n)).strError; }},
   };
-  for (const auto& [pszSample, getError] : cases) {
+  for (const auto& [pszSample, read] : cases) {
+    const auto& getError = read;
     SCOPED_TRACE(pszSample);
     const std::string strText = GetSample(pszSample), strDamaged = "is damaged or belongs to another model";
     const auto expectError = [&](const std::string& strContent, int nNodes, const std::string& strError) {
