@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "System.h"
 #include "skyframe/hostdata/HostData.h"
 
 namespace skyframe::test {
@@ -70,7 +71,8 @@ class CHostModel {
 class CJobFolder {
  public:
   explicit CJobFolder(const std::string& strName)
-      : m_folder(std::filesystem::temp_directory_path() / ("skyframe_" + strName)) {
+      : m_folder(std::filesystem::temp_directory_path() /
+                 ("skyframe_" + strName + std::to_string(GetProcessNumber()))) {
     std::filesystem::remove_all(m_folder);
     std::filesystem::create_directories(m_folder);
     g_FilePathName = GetJobPath();

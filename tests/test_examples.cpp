@@ -1,7 +1,5 @@
-#include <unistd.h>
-
+#include "CommandFolder.h"
 #include "ModalModels.h"
-#include "skyframe/cli/CommandLine.h"
 #include "skyframe/job/JobFile.h"
 
 // Every example from its job file to its results, then the same analyses once more on the filled host
@@ -10,31 +8,25 @@
 namespace skyframe::host {
 namespace {
 
-namespace fs = std::filesystem;
-
 class Example : public ::testing::TestWithParam<const char*> {
  protected:
   /// Leaves the host records of the example.
   void SetUp() override {
-    m_directory =
-        fs::temp_directory_path() / ("skyframe_example_" + std::string(GetParam()) + std::to_string(getpid()));
-    fs::create_directories(m_directory);
-    const std::string strJob = (m_directory / GetParam()).string() + ".json";
-    fs::copy_file(fs::path(SKYFRAME_SOURCE_DIR) / "examples" / fs::path(strJob).filename(), strJob);
-    m_job = ReadJobFile(strJob).job;
-    m_strPath = GetJobPath(strJob);
-    std::ostringstream out;
-    std::ostringstream err;
-    EXPECT_EQ(RunCommandLine({"run", strJob, "--log", m_strPath + ".log"}, out, err), 0);
-    EXPECT_EQ(err.str(), "");  // no message; the time report stands in the summary
-    m_strSummary = out.str();
+    const std::string strExample = std::string(SKYFRAME_SOURCE_DIR "/examples/") + GetParam() + ".json";
+    std::filesystem::copy_file(strExample, m_folder.GetPath(".json"));
+    const JobFile file = ReadJobFile(strExample);
+    EXPECT_EQ(file.warnings.size(), 0U);
+    EXPECT_TRUE(file.job.HasConsecutiveIds());
+    m_job = file.job;
+    const test::CommandOutcome outcome = m_folder.Solve();
+    EXPECT_EQ(outcome.nStatus, 0);
+    EXPECT_EQ(outcome.strErr, "");  // no message; the time report stands in the summary
+    m_strSummary = outcome.strOut;
   }
-  void TearDown() override { fs::remove_all(m_directory); }
 
   test::CTestPlatform m_platform;
-  fs::path m_directory;
+  const test::CCommandFolder m_folder;
   Job m_job;
-  std::string m_strPath;
   std::string m_strSummary;
 };
 
@@ -55,7 +47,7 @@ TEST_P(Example, ModesSolveTheirEigenproblem) {
     ASSERT_TRUE(model.m_bValid);
     model.m_nModes = pModal->nModes.value();
     model.m_nRootCheck = pModal->nRootCheck.value();
-    model.SolveModes(m_strPath, 0, model.m_bLoadComb);
+    model.SolveModes(m_folder.GetJobPath(), 0, model.m_bLoadComb);
     ASSERT_EQ(static_cast<int>(model.Omega.size()), model.m_nModes);
     const test::ModeErrors errors = test::FormModeErrors(model, model.m_bLoadComb);
     EXPECT_LE(errors.dResidual, 1.0e-6);

@@ -1,7 +1,3 @@
-#include <sys/resource.h>
-#include <sys/wait.h>
-#include <unistd.h>
-
 #include "Sanitizer.h"
 #include "TestPlatform.h"
 #include "skyframe/generate/Generate.h"
@@ -161,39 +157,12 @@ TEST(JobFile, EachErrorHasItsPlaceAndReason) {
       {"\"from_file\": true, ", "", "/analyses/6/general_load: needs \"from_file\": true"},
       {"\"title\"", "\"a/b~c\": 1, \"title\"", "/a~1b~0c: unknown key"},
       {"\"x\": 4", "\"x\": 4, \"x\": [5]", "/nodes/1/x: key given twice"},
+      {"\"x\": 4, \"y\": 0", "\"x\": false, \"w\": 0",
+       "/nodes/1/x: must be a number\n/nodes/1/y: missing\n/nodes/1/w: unknown key"},
   };
   for (const Case& c : cases) {
     const JobFile file = ParseJob(Replace(c_strGood, c.strFrom, c.strTo));
     EXPECT_EQ(Join(List(file.errors)), c.strProblem) << c.strTo;
-  }
-}
-
-TEST(JobFile, AllErrorsComeInOnePass) {
-  std::string strText = Replace(c_strGood, "\"x\": 4", "\"x\": false");
-  strText = Replace(Replace(strText, "\"j\": 20", "\"j\": 21"), "\"criterion\"", "\"criterium\"");
-  EXPECT_EQ(Join(List(ParseJob(strText).errors)),
-            "/nodes/1/x: must be a number\n/elements/1/j: no node has the id 21\n/analyses/0/criterium: unknown key");
-  EXPECT_EQ(List(ParseJob("{}").errors), (std::vector<std::string>{"/nodes: missing", "/elements: missing"}));
-  EXPECT_EQ(List(ParseJob("[]").errors), std::vector<std::string>{": must be an object"});
-}
-
-TEST(JobFile, DamagedTextNamesLineAndColumn) {
-  const std::vector<std::pair<std::string, std::string>> placeOfText = {
-      {"", "line 1, column 1"},
-      {"{\n  \"nodes\": [1,,2]\n}", "line 2, column 15"},
-      {"{\"title\": \"a\xff\"}", "line 1, column 13"},
-      {"{\"title\": \"a\"", "line 1, column 14"},
-      {"{}\n{}", "line 2, column 1"},
-      {"{\"x\": 1e999}", "line 1, column 11"},
-      {"{\"x\": NaN}", "line 1, column 7"},
-      {"[" + std::string(1000, '9') + "]", "line 1, column 1001"},
-  };
-  for (const auto& [strText, strPlace] : placeOfText) {
-    const JobFile file = ParseJob(strText);
-    ASSERT_EQ(file.errors.size(), 1U) << strText;
-    EXPECT_EQ(file.errors[0].strPlace, strPlace) << strText << ": " << file.errors[0].strReason;
-    EXPECT_TRUE(!file.errors[0].strReason.empty() && file.errors[0].strReason.size() <= 200);
-    EXPECT_EQ(file.errors[0].strReason.find("json.exception"), std::string::npos) << file.errors[0].strReason;
   }
 }
 
@@ -211,7 +180,7 @@ TEST(JobFile, CapacitiesOfTheRecords) {
   EXPECT_EQ(ListErrors(job), "/nodes: more than 29999 entries; a job holds no more");  // reading stops there
 }
 
-TEST(JobFile, TooMuchOfAnythingIsRefused) {
+TEST(JobFile, DamagedAndOverlongTextsAreRefused) {
   const auto Repeat = [](const std::string& strText, int nTimes) {
     std::string strAll = strText;
     for (int k = 1; k < nTimes; ++k) strAll += "," + strText;
@@ -223,12 +192,30 @@ TEST(JobFile, TooMuchOfAnythingIsRefused) {
   for (int k = 0; k < 500000; ++k) strDeep += "[{\"a\":";
   for (int k = 0; k < 16; ++k) strDeepest += "/0/a";
   const std::pair<std::string, std::string> lastErrorOf[] = {
+      {"", "line 1, column 1: "},  // the reason is the parser's
+      {"{\n  \"nodes\": [1,,2]\n}", "line 2, column 15: "},
+      {"{\"title\": \"a\xff\"}", "line 1, column 13: "},
+      {"{\"title\": \"a\"", "line 1, column 14: "},
+      {"{}\n{}", "line 2, column 1: "},
+      {"{\"x\": 1e999}", "line 1, column 11: "},
+      {"{\"x\": NaN}", "line 1, column 7: "},
+      {"[" + std::string(1000, '9') + "]", "line 1, column 1001: "},
+      {"{\"nodes\": []}", "/elements: missing"},
+      {"[]", ": must be an object"},
       {strDeep, strDeepest + ": nested deeper than 32 levels"},
       {"{\"nodes\": " + Repeat("0", 29999) + "}", "/: 100 errors; reading stopped here"},
       {"{\"a\": " + Repeat(Repeat("0", 50000), 81) + "}", "/a/79/49918: more than 4000000 values in all"},
       {"{\"a\": " + Repeat("0", 90001) + "}", "/a: more than 90000 entries; a job holds no more"},
       {"{\"a\": [" + strMembers + "}]}", "/a/0: more than 1000 members; a job holds no more"}};
-  for (const auto& [strText, strError] : lastErrorOf) EXPECT_EQ(List(ParseJob(strText).errors).back(), strError);
+  for (const auto& [strText, strError] : lastErrorOf) {
+    const std::vector<JobProblem> errors = ParseJob(strText).errors;
+    const std::string strLast = List(errors).back(), &strReason = errors.back().strReason;
+    const bool bParser = strError.ends_with(": ");
+    EXPECT_EQ(strLast.substr(0, bParser ? strError.size() : std::string::npos), strError);
+    EXPECT_TRUE(!bParser || errors.size() == 1U) << strLast;
+    EXPECT_TRUE(!strReason.empty() && strReason.size() <= 200);
+    EXPECT_EQ(strReason.find("json.exception"), std::string::npos) << strReason;
+  }
 }
 
 #ifndef SKYFRAME_TEST_ASAN
@@ -236,17 +223,13 @@ TEST(JobFile, LackOfMemoryIsAnError) {
   Job job = GenerateArch({});
   job.loads.resize(30000, job.loads[0]);
   const std::string strText = FormatJob(job);
-  const auto ParseWithin = [&strText](std::size_t nBytes) {
-    std::size_t nPages = 0;
-    std::ifstream("/proc/self/statm") >> nPages;
-    const rlimit limit = {nPages * static_cast<std::size_t>(getpagesize()) + nBytes, RLIM_INFINITY};
-    setrlimit(RLIMIT_AS, &limit);
-    const JobFile file = ParseJob(strText);
-    std::exit(file.errors.empty() ? 0 : file.errors[0].strReason == "out of memory" ? 1 : 2);
-  };
   for (std::size_t nMegabytes = 0; nMegabytes < 36; nMegabytes += 3) {
-    EXPECT_EXIT(
-        ParseWithin(nMegabytes << 20U), [](int n) { return WIFEXITED(n) && WEXITSTATUS(n) < 2; }, "");
+    const int nProcess = test::StartProcess([&] {
+      test::LimitMemory(nMegabytes << 20U);
+      const JobFile file = ParseJob(strText);
+      return file.errors.empty() || file.errors[0].strReason == "out of memory" ? 0 : 1;
+    });
+    EXPECT_EQ(test::WaitFor(nProcess), 0) << nMegabytes;
   }
 }
 #endif
@@ -359,37 +342,31 @@ TEST(JobFile, FilesAndPaths) {
   EXPECT_EQ(ReadJobFile("/").errors.size(), 1U);
   EXPECT_EQ(List(ReadJobFile(SKYFRAME_SOURCE_DIR "/examples\\dome.json").errors),
             std::vector<std::string>{"/: a job file cannot have a backslash in its path"});
-  for (const char* pszName : {"tower25", "tower72", "office10", "dome", "arch2"}) {
-    const JobFile file = ReadJobFile(std::string(SKYFRAME_SOURCE_DIR "/examples/") + pszName + ".json");
-    EXPECT_EQ(Join(List(file.errors)) + Join(List(file.warnings)), "") << pszName;
-    EXPECT_TRUE(file.job.HasConsecutiveIds()) << pszName;
-  }
 }
 
 TEST(Generators, CountsAndNumbering) {
   const Job building = GenerateBuilding({.nBaysX = 4, .nBaysY = 1, .nStoreys = 3});
-  EXPECT_EQ(building.nodes.size(), 5U * 2U * 4U);
-  EXPECT_EQ(building.elements.size(), 3U * (10U + 4U * 2U + 5U));  // columns, beams along X, beams along Y
   int nBandwidth = 0;
   for (const JobElement& e : building.elements) nBandwidth = std::max(nBandwidth, std::abs(e.nNodeI - e.nNodeJ));
   EXPECT_EQ(nBandwidth, 8);  // X is longest: its planes hold 2 x 4 nodes
   EXPECT_EQ(building.GetHighestCase(), 2);
 
-  const Job tower = GenerateTower({.nPanels = 6});
-  EXPECT_EQ(tower.nodes.size(), 28U);
-  EXPECT_EQ(tower.elements.size(), 6U * 17U);
-
   const Job dome = GenerateDome({.nRings = 4, .nSegments = 8, .dSpan = 20, .dRise = 3});
-  EXPECT_EQ(dome.nodes.size(), 1U + 4U * 8U);
-  EXPECT_EQ(dome.elements.size(), 8U * (4U + 3U + 3U));
+  const std::tuple<Job, std::size_t, std::size_t> counts[] = {{building, 5 * 2 * 4, 3 * (10 + 4 * 2 + 5)},
+                                                              {GenerateTower({.nPanels = 6}), 28, 6 * 17},
+                                                              {dome, 1 + 4 * 8, 8 * (4 + 3 + 3)},
+                                                              {GenerateArch({}), 3, 2},
+                                                              {GenerateArch({.nSegments = 10}), 11, 10}};
+  for (const auto& [job, nNodes, nElements] : counts) {
+    EXPECT_EQ(job.nodes.size(), nNodes) << job.strTitle;
+    EXPECT_EQ(job.elements.size(), nElements) << job.strTitle;
+  }
   const double R = (10.0 * 10.0 + 3.0 * 3.0) / 6.0;
   for (const JobNode& node : dome.nodes) {
     EXPECT_NEAR(std::hypot(node.dX, node.dY, node.dZ + R - 3.0), R, 1e-8) << "not on the sphere: " << node.nId;
   }
 
-  EXPECT_EQ(GenerateArch({}).elements.size(), 2U);
   EXPECT_EQ(GenerateArch({}).sections[0].dArea, 1000.0);
-  EXPECT_EQ(GenerateArch({.nSegments = 10}).nodes.size(), 11U);
 }
 
 TEST(Generators, BuildingOfAGivenSizeIsSlender) {

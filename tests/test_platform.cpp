@@ -1,11 +1,6 @@
-#include <sys/stat.h>
-#include <sys/wait.h>
-#include <unistd.h>
-
 #include <bit>
 #include <iostream>
 
-#include "FullDisk.h"
 #include "TestPlatform.h"
 #include "skyframe/platform/Dialog.h"
 #include "skyframe/platform/HeadlessPlatform.h"
@@ -123,7 +118,7 @@ TEST(Files, BackslashSeparatesDirectoriesAndOnlyRegularFilesAreRead) {
   EXPECT_EQ(findings.files, Strings{job.GetPath("s\\地震.txt")});
   EXPECT_EQ(job.Read("s/地震.txt"), "0.5\n");
   fs::create_symlink(job.GetPath("s/地震.txt"), job.GetPath("link"));
-  mkfifo(job.GetPath("pipe").c_str(), 0666);
+  MakePipeFile(job.GetPath("pipe"));
   for (const auto& [szName, bReadable] :
        {std::pair("s\\地震.txt", true), {"link", true}, {"absent", false}, {"s", false}, {"pipe", false}}) {
     EXPECT_EQ(ReadWholeFile(job.GetPath(szName)).value_or("none"), bReadable ? "0.5\n" : "none") << szName;
@@ -139,7 +134,7 @@ TEST(Files, WhatCannotBeWrittenLeavesTheOldFileAndSaysWhy) {
   } cases[] = {
       {"is a symbolic link", [](Path p) { fs::rename(p, p.string() + "2"), fs::create_symlink("file.txt2", p); }},
       {"is a symbolic link", [](Path p) { fs::remove(p), fs::create_symlink("absent", p); }},
-      {"is not a regular file", [](Path p) { fs::remove(p), mkfifo(p.c_str(), 0666); }},
+      {"is not a regular file", [](Path p) { fs::remove(p), MakePipeFile(p); }},
       {"is not a regular file", [](Path p) { fs::remove(p), fs::create_directory(p); }},
       {"Permission denied", [](Path p) { fs::permissions(p, fs::perms(0444)); }},
       {"No such file or directory", [](Path p) { fs::remove_all(p.parent_path()); }},
@@ -188,47 +183,37 @@ TEST(Files, AFullDiskAndAFullDeviceAreNoticed) {
     EXPECT_EQ(WriteMuch(device, findings), szReason);
     EXPECT_EQ(COutputFile(szDevice).GetError(), "is not a regular file");
   }
-  std::array<int, 2> pipe = {};
-  ASSERT_EQ(::pipe(pipe.data()), 0);
-  const std::string strPipe = "/dev/fd/" + std::to_string(pipe[1]);
-  EXPECT_EQ(COutputFile(strPipe).GetError(), "is a symbolic link");
-  COutputFile stream(strPipe, OutputPlace::FileOrDevice);
+  const CPipe pipe;
+  EXPECT_EQ(COutputFile(pipe.GetPath()).GetError(), "is a symbolic link");
+  COutputFile stream(pipe.GetPath(), OutputPlace::FileOrDevice);
   stream.GetStream() << "through";
   EXPECT_TRUE(stream.Commit());
-  std::array<char, 10> bytes = {};
-  EXPECT_EQ(read(pipe[0], bytes.data(), bytes.size()), 7);
-  for (const int nDescriptor : pipe) close(nDescriptor);
+  EXPECT_EQ(pipe.Read(), "through");
 }
 
 TEST(Files, NoneTakesThePlaceOfAClosedStandardStream) {
   const CJobFolder job("platform_closed");
-  const pid_t nChild = fork();
-  if (nChild == 0) {
-    close(STDOUT_FILENO);
+  const int nProcess = StartProcess([&job] {
+    CloseStandardOutput();
     COutputFile file(job.GetPath(".txt"));
     file.GetStream() << "text";
-    if (write(STDOUT_FILENO, "trace", 5) == 5 || !file.Commit()) _exit(1);
-    _exit(0);
-  }
-  int nStatus = -1;
-  waitpid(nChild, &nStatus, 0);
-  EXPECT_EQ(nStatus, 0);
+    return HasStandardOutput() || !file.Commit() ? 1 : 0;
+  });
+  EXPECT_EQ(WaitFor(nProcess), 0);
   EXPECT_EQ(job.Read(".txt"), "text");
 }
 
 TEST(Files, LeftoversOfAKilledRunGoAndThoseOfALiveOneStay) {
   const CJobFolder job("platform_orphans");
-  const pid_t nChild = fork();
-  if (nChild == 0) {
+  WaitFor(StartProcess([&job]() -> int {
     COutputFile killed(job.GetPath(".txt"));
     killed.GetStream() << "half" << std::flush;
-    _exit(0);  // nobody tidies up
-  }
-  waitpid(nChild, nullptr, 0);
+    std::quick_exit(0);  // nobody tidies up
+  }));
   ASSERT_EQ(job.List().size(), 1U);
   for (const char* const szOther : {".txt.part", ".txt.0123456g.part", ".txt2.01234567.part"}) job.Write(szOther, "");
   fs::create_symlink(job.GetPath(".txt.part"), job.GetPath(".txt.01234567.part"));
-  mkfifo(job.GetPath(".txt.12345678.part").c_str(), 0666);
+  MakePipeFile(job.GetPath(".txt.12345678.part"));
   RunFindings findings;
   COutputFile first(job.GetPath(".txt"));
   EXPECT_EQ(job.List().size(), 6U);
@@ -246,26 +231,21 @@ TEST(Files, LeftoversOfAKilledRunGoAndThoseOfALiveOneStay) {
 TEST(Files, RunsAtOnceLeaveWholeFiles) {
   const CJobFolder job("platform_runs");
   const std::string strPath = job.GetPath(".txt");
-  std::vector<pid_t> children;
-  for (const char cFill : {'a', 'b', 'c'}) {
-    children.push_back(fork());
-    if (children.back() != 0) continue;
+  const auto write = [&strPath](char cFill) {
     for (int i = 0; i < 400; ++i) {
       COutputFile file(strPath);
       file.GetStream() << std::string(100000, cFill);
-      if (!file.Commit()) _exit(1);
+      if (!file.Commit()) return 1;
     }
-    _exit(0);
-  }
+    return 0;
+  };
+  std::vector<int> processes;
+  for (const char cFill : {'a', 'b', 'c'}) processes.push_back(StartProcess([&] { return write(cFill); }));
   for (int i = 0; i < 100; ++i) {
     const std::string strText = job.Read(".txt");
     ASSERT_TRUE(strText.empty() || strText == std::string(100000, strText.front()));
   }
-  for (const pid_t nChild : children) {
-    int nStatus = -1;
-    waitpid(nChild, &nStatus, 0);
-    EXPECT_EQ(nStatus, 0) << "a file was not written";
-  }
+  for (const int nProcess : processes) EXPECT_EQ(WaitFor(nProcess), 0) << "a file was not written";
   EXPECT_EQ(job.List(), Strings{"job.txt"});
 }
 

@@ -1,4 +1,4 @@
-#include "MastJob.h"
+#include "CommandFolder.h"
 #include "skyframe/plot/Chart.h"
 #include "skyframe/plot/Pictures.h"
 
@@ -110,54 +110,57 @@ TEST(Plots, ShapesStayOnTheSheet) {
 }
 
 TEST(Plots, WhatIsNotThereEndsWithStatusTwo) {
-  test::MastJob mast;
-  mast.Write(R"({"type": "static", "nonlinear": false, "combination": {"0": 1}}, {"type": "modal", "modes": 2},
-      {"type": "spectrum", "modes": 2, "site_class": 2}, {"type": "time_history", "method": "newmark",
-       "load": "ground_motion", "earthquake": {"time_step": 0.02, "duration": 0.4, "directions": ["Y"]}})");
-  const std::string strPicture = mast.strPath + ".svg";
+  const test::CCommandFolder job;
+  job.Write(".json", test::MakeCantilever("111111", R"({"type": "static", "nonlinear": false, "combination": {"0": 1}},
+      {"type": "modal", "modes": 2}, {"type": "spectrum", "modes": 2, "site_class": 2}, {"type": "time_history",
+       "method": "newmark", "load": "ground_motion",
+       "earthquake": {"time_step": 0.02, "duration": 0.4, "directions": ["Y"]}})"));
   const auto Plot = [&](std::vector<std::string> what) {
-    what.insert(what.begin(), {"plot", mast.strPath + ".json", "-o", strPicture});
-    return mast.Call(what);
+    what.insert(what.begin(), {"plot", job.GetPath(".json"), "-o", job.GetPath(".svg")});
+    return job.Call(what);
   };
   const std::vector<std::vector<std::string>> pictures = {
-      {"--spectrum"}, {"--mode", "2"},    {"--node", "10", "--dir", "Y"},
-      {"--deformed"}, {"--element", "1"}, {"--node", "10", "--dir", "y", "--viewer"}};
+      {"--spectrum"}, {"--mode", "2"},    {"--node", "90", "--dir", "Y"},
+      {"--deformed"}, {"--element", "1"}, {"--node", "90", "--dir", "y", "--viewer"}};
+  const auto ExpectNone = [&](const std::string& strReason) {
+    for (const auto& what : pictures) {
+      const test::CommandOutcome outcome = Plot(what);
+      EXPECT_EQ(outcome.nStatus, 2) << what[0];
+      EXPECT_NE(outcome.strErr.find(strReason), std::string::npos) << outcome.strErr;
+    }
+  };
+  ExpectNone(": cannot be opened; it is written by the ");
+  EXPECT_FALSE(job.Has(".svg"));
+  EXPECT_EQ(job.Solve().nStatus, 0);
   for (const auto& what : pictures) {
-    EXPECT_EQ(Plot(what), 2) << what[0];
-    EXPECT_NE(mast.strErr.find(": cannot be opened; it is written by the "), std::string::npos) << mast.strErr;
-  }
-  EXPECT_FALSE(std::filesystem::exists(strPicture));
-  EXPECT_EQ(mast.Solve(), 0) << mast.strErr;
-  for (const auto& what : pictures) {
-    EXPECT_EQ(Plot(what), 0) << what[0] << mast.strErr;
-    std::stringstream text;
-    text << std::ifstream(strPicture).rdbuf();
-    EXPECT_NE(text.str().find("</svg>"), std::string::npos);
-    EXPECT_EQ(text.str().find("width=\"665\"") != std::string::npos, what.back() == "--viewer");
+    EXPECT_EQ(Plot(what).strErr, "") << what[0];
+    EXPECT_NE(job.Read(".svg").find("</svg>"), std::string::npos);
+    EXPECT_EQ(job.Read(".svg").find("width=\"665\"") != std::string::npos, what.back() == "--viewer");
   }
 
   const std::pair<std::vector<std::string>, std::string> refused[] = {
-      {{"--mode", "0"}, mast.strPath + ".mode: no mode 0; the file has 2\n"},
+      {{"--mode", "0"}, job.GetPath(".mode") + ": no mode 0; the file has 2\n"},
       {{"--node", "2"}, "no node has the id 2\n"},
-      {{"--element", "3"}, "no element 3; the job has 2\n"},
+      {{"--element", "3"}, "no element 3; the job has 1\n"},
       {{"--deformed", "--viewer"}, "--viewer: belongs to --node or --element\n"},
       {{"--deformed", "--nonlinear"},
-       mast.strPath + "_StaticNonlinearSol.txt: cannot be opened; it is written by the nonlinear static analysis\n"}};
+       job.GetPath("_StaticNonlinearSol.txt") +
+           ": cannot be opened; it is written by the nonlinear static analysis\n"}};
   for (const auto& [what, strError] : refused) {
-    EXPECT_EQ(Plot(what), 2);
-    EXPECT_EQ(mast.strErr, strError);
+    const test::CommandOutcome outcome = Plot(what);
+    EXPECT_EQ(std::tuple(outcome.nStatus, outcome.strErr), std::tuple(2, strError));
   }
   const std::vector<std::vector<std::string>> misused = {
-      {}, {"--mode", "1", "--deformed"}, {"--node", "10", "--dir", "W"}, {"--mode", "1", "--dir", "X"}};
-  for (const auto& what : misused) EXPECT_EQ(Plot(what), 2);
-  EXPECT_EQ(mast.Solve(R"({"type": "time_history", "method": "newmark", "load": "ground_motion",
-      "earthquake": {"time_step": 0.5, "duration": 0.4, "directions": ["Y"]}})"),
-            0);
-  EXPECT_EQ(Plot({"--node", "10"}), 2) << "no steps";
-  for (const char* pszSuffix : {".mode", "_HisTime.txt", "_StaticLinearSol.txt"}) {
-    std::ofstream(mast.strPath + pszSuffix) << "other";
-  }
-  for (const auto& what : pictures) EXPECT_EQ(Plot(what), 2) << what[0];
+      {}, {"--mode", "1", "--deformed"}, {"--node", "90", "--dir", "W"}, {"--mode", "1", "--dir", "X"}};
+  for (const auto& what : misused) EXPECT_EQ(Plot(what).nStatus, 2);
+  EXPECT_EQ(
+      job.Solve(test::MakeCantilever("111111", R"({"type": "time_history", "method": "newmark", "load": "ground_motion",
+      "earthquake": {"time_step": 0.5, "duration": 0.4, "directions": ["Y"]}})"))
+          .nStatus,
+      0);
+  EXPECT_EQ(Plot({"--node", "90"}).nStatus, 2) << "no steps";
+  for (const char* pszSuffix : {".mode", "_HisTime.txt", "_StaticLinearSol.txt"}) job.Write(pszSuffix, "other");
+  ExpectNone(": ");
 }
 
 }  // namespace

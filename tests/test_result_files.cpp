@@ -16,26 +16,19 @@ std::string GetSample(const std::string& strName) {
 TEST(ResultFiles, AreReadWholeOrNotAtAll) {
   using Nodes = std::vector<JobNode>;
   using GetError = std::function<std::string(const std::string&, int)>;
+  const auto model = [](int nNodes) { return HistoryModel{nNodes, 1}; };
   const std::pair<const char*, GetError> cases[] = {
       {"mode_file/cantilever.txt", [](auto path, int n) { return ReadModeResultFile(path, Nodes(n)).strError; }},
       {"mode_file/spectrum.txt", [](auto path, int n) { return ReadSpectrumResultFile(path, Nodes(n)).strError; }},
       {"mode_file/virtual_mode.txt", [](auto path, int n) { return ReadVirtualModeFile(path, Nodes(n)).strError; }},
       {"mode_file/virtual_response.txt", [](auto path, int) { return ReadVirtualResponseFile(path).strError; }},
       {"static_result/cantilever.txt", [](auto path, int n) { return ReadStaticResultFile(path, n).strError; }},
-      {"history_file/newmark.txt",
-       [](auto path, int n) {
-         return ReadHistoryFile(path, {n, 1}).strError;
-       }},
-      {"history_file/newmark.txt",
-       [](auto path, int n) {
-         return ReadHistory(path, {n, 1}, {}).strError;
-       }},
-      {"history_file/one_history.txt",
-       [](auto path, int n) {
-         return ReadHistoryExtract(path, {n, 1}).strError;
-       }},
+      {"history_file/newmark.txt", [&](auto path, int n) { return ReadHistoryFile(path, model(n)).strError; }},
+      {"history_file/newmark.txt", [&](auto path, int n) { return ReadHistory(path, model(n), {}).strError; }},
+      {"history_file/one_history.txt", [&](auto path, int n) { return ReadHistoryExtract(path, model(n)).strError; }},
   };
-  for (const auto& [pszSample, getError] : cases) {
+  for (const auto& [pszSample, read] : cases) {
+    const auto& getError = read;
     SCOPED_TRACE(pszSample);
     const std::string strText = GetSample(pszSample), strDamaged = "is damaged or belongs to another model";
     const auto expectError = [&](const std::string& strContent, int nNodes, const std::string& strError) {

@@ -1,7 +1,6 @@
 // What is drawn of a job: camera, supports, bent members, shapes from result files.
 
-#include "MastJob.h"
-#include "skyframe/run/PlatformScope.h"
+#include "TestPlatform.h"
 #include "skyframe/scene/BentMember.h"
 #include "skyframe/scene/ScenePainter.h"
 
@@ -126,31 +125,24 @@ TEST(Scene, EverySupportHasItsGlyph) {
   }
 }
 
-TEST(Shapes, DamagedFilesGiveNone) {
-  std::ostringstream messages;
-  const CPlatformScope platform(messages, messages);
-  const test::MastJob mast;
-  const auto Write = [&mast](const std::string& strText) { std::ofstream(mast.strPath + ".mode") << strText; };
-  const std::string strGood =
+TEST(Shapes, StandInTheResultFilesOfTheJob) {
+  const test::CJobFolder job("shapes");
+  const std::string strText =
       "The_Data_of_Zan's_Mode_Analysis\n\n7/1/2025  10:11:12\nv1.0\n\n1 2 1 1 1 0\nEigen_And_Freq:\n"
       "1     6.2831852        1.00000\nNode_DOF_When_FREQ_1:\n1\n1   0 0 0 0 0 0\n2   1 2 2\n";
   const JobNode rigid = {}, pinned = {.nJoint = c_nPinned, .nSpring = {}};
-  Write(strGood);
-  const std::vector<DeformedShape> shapes = ReadShapes(mast.strPath, {rigid, pinned});
+  EXPECT_TRUE(ReadShapes(job.GetJobPath(), {rigid, pinned}).empty());
+  job.Write(".mode", strText);
+  const std::vector<DeformedShape> shapes = ReadShapes(job.GetJobPath(), {rigid, pinned});
   ASSERT_EQ(shapes.size(), 1U);
   EXPECT_EQ(shapes[0].GetLargestTranslation(), 3.0);
   EXPECT_EQ(shapes[0].nMode, 1);
   EXPECT_EQ(shapes[0].dOmega, 6.2831852);
-  const std::string strNan = std::string(strGood).replace(strGood.rfind("2 2"), 1, "nan");
-  for (const auto& [strText, nodes] : {std::pair<std::string, std::vector<JobNode>>{strGood, {rigid}},
-                                       {strGood.substr(0, strGood.size() - 6), {rigid, pinned}},
-                                       {strNan, {rigid, pinned}},
-                                       {"a b c d 1 2 1 1 99999999999 0", {rigid, pinned}},
-                                       {std::string(1000, '\xff'), {rigid, pinned}}}) {
-    Write(strText);
-    EXPECT_TRUE(ReadShapes(mast.strPath, nodes).empty());
+  for (const std::string& strDamaged : {strText.substr(0, strText.size() - 6), std::string(1000, '\xff'),
+                                        std::string(strText).replace(strText.rfind("2 2"), 1, "nan")}) {
+    job.Write(".mode", strDamaged);
+    EXPECT_TRUE(ReadShapes(job.GetJobPath(), {rigid, pinned}).empty());
   }
-  EXPECT_TRUE(ReadShapes(mast.strPath + "absent", {rigid}).empty());
 }
 
 }  // namespace

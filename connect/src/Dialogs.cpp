@@ -10,11 +10,24 @@
 #include "skyframe/dialogs/SpectrumDlg.h"
 #include "skyframe/dialogs/Templates.h"
 #include "skyframe/dialogs/WilsonDlg.h"
+#include "skyframe/hostdata/HostData.h"
 #include "skyframe/platform/HeadlessPlatform.h"
 
 namespace skyframe {
 
 namespace {
+
+/// COMDYN as a new job has it, for the life of the object: some dialogs start from what it keeps.
+class CFreshRecord {
+ public:
+  CFreshRecord() { COMDYN = tagComDynamic(); }
+  ~CFreshRecord() { COMDYN = m_kept; }
+  CFreshRecord(const CFreshRecord&) = delete;
+  CFreshRecord& operator=(const CFreshRecord&) = delete;
+
+ private:
+  const tagComDynamic m_kept = COMDYN;
+};
 
 /// Does nothing with another dialog than the one asked for.
 void Look(CDialog&& dialog, int nDialog, DialogContent& content) {
@@ -36,6 +49,7 @@ const DialogTemplate* FindDialogTemplate(int nDialog) {
 }
 
 DialogContent LookAtDialog(int nDialog) {
+  const CFreshRecord record;
   DialogContent content;
   Look(CModeDlg(), nDialog, content);
   Look(CSpectrumDlg(), nDialog, content);

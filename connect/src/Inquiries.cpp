@@ -4,7 +4,6 @@
 #include <exception>
 
 #include "Renumbering.h"
-#include "skyframe/hostdata/HostData.h"
 #include "skyframe/modal/DesignSpectrum.h"
 #include "skyframe/modal/ModeCount.h"
 #include "skyframe/model/AnalysisModel.h"

@@ -6,7 +6,6 @@
 #include "ModuleState.h"
 #include "Renumbering.h"
 #include "skyframe/dialogs/ModeDlg.h"
-#include "skyframe/hostdata/HostData.h"
 
 namespace skyframe {
 

@@ -2,7 +2,6 @@
 #include "FindingsKeeper.h"
 #include "ModuleState.h"
 #include "skyframe/dialogs/NonlinStaticDlg.h"
-#include "skyframe/hostdata/HostData.h"
 
 namespace skyframe {
 

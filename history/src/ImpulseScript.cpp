@@ -1,9 +1,7 @@
 #include "skyframe/history/ImpulseScript.h"
 
 #include <algorithm>
-#include <array>
 #include <charconv>
-#include <cmath>
 #include <limits>
 #include <system_error>
 

@@ -3,7 +3,6 @@
 #include <span>
 #include <string>
 #include <utility>
-#include <vector>
 
 #include "skyframe/history/GroundMotion.h"
 #include "skyframe/history/ImpulseScript.h"

@@ -3,6 +3,7 @@
 #include "skyframe/modal/ModeFile.h"
 #include "skyframe/platform/OutputFile.h"
 #include "skyframe/values/ResultFiles.h"
+#include "skyframe/values/SpectrumSite.h"
 #include "texts.h"
 
 namespace skyframe {

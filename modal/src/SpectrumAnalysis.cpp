@@ -3,7 +3,6 @@
 #include <limits>
 #include <optional>
 
-#include "Participation.h"
 #include "SpectrumFile.h"
 #include "SpectrumResponse.h"
 #include "skyframe/hostdata/HostData.h"

@@ -4,6 +4,7 @@
 
 #include "skyframe/hostdata/HostData.h"
 #include "skyframe/platform/Platform.h"
+#include "skyframe/values/ResultFiles.h"
 #include "texts.h"
 
 namespace skyframe {
@@ -151,10 +152,11 @@ void CAnalysisModel::WriteReactions(CTextWriter& out) const {
     bool bSupported = false;
     for (int nDirection = 0; nDirection < c_nDofsPerNode; ++nDirection) {
       if (!m_nodes.HasDof(listed[k], nDirection) || !m_nodes.IsRestrained(k, nDirection)) continue;
-      if (!bSupported) out.Text(texts::c_strNodeNumber).Integer(listed[k] + 1);
+      if (!bSupported) out.Text(label::c_strNode).Integer(listed[k] + 1);
       bSupported = true;
       const double dReaction = m_reaction[m_nodes.GetDof(listed[k], nDirection) - GetFreeDofs()];
-      out.Text(texts::c_strReactionLabels[nDirection]).Fixed(dReaction, c_nReactionDecimals, c_nReactionWidth);
+      out.Text("  ").Text(label::c_strReactions[nDirection]).Text(nDirection < 3 ? "  " : " ");
+      out.Fixed(dReaction, c_nReactionDecimals, c_nReactionWidth);
     }
     if (bSupported) out.EndLine();
   }

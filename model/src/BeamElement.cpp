@@ -6,7 +6,6 @@
 
 #include "BeamMatrices.h"
 #include "ElementWork.h"
-#include "skyframe/platform/Platform.h"
 #include "texts.h"
 
 namespace skyframe {

@@ -1,7 +1,5 @@
 #pragma once
 
-#include <array>
-
 #include "skyframe/model/Element.h"
 
 namespace skyframe {

@@ -25,13 +25,9 @@ inline constexpr std::string_view c_strProfileTooLarge = "总刚矩阵存储量�
 /// Node number and DOF name go between the parts.
 inline constexpr std::string_view c_strRunawayParts[] = {"节点", "的", "超过限定值1.0e10!\n结构几何可变，请检查！"};
 
-// Loads and reactions.
+// Loads.
 inline constexpr std::string_view c_strGetLoadVector = "获取荷载向量";
 inline constexpr std::string_view c_strAssembleLoad = "荷载组装";
-inline constexpr std::string_view c_strNodeNumber = "结点号:";
-inline constexpr std::string_view c_strReactionLabels[] = {"  X向支反力  ",           "  Y向支反力  ",
-                                                           "  Z向支反力  ",           "  YZ平面内转角向支反力 ",
-                                                           "  ZX平面内转角向支反力 ", "  XY平面内转角向支反力 "};
 
 // Materials and result lines of members.
 inline constexpr std::string_view c_strMaterialKind = "材料类型: ";

@@ -1,6 +1,7 @@
 #include "skyframe/platform/Dialog.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "skyframe/platform/NumberText.h"
 #include "texts.h"
@@ -110,8 +111,8 @@ void CDialog::Notify(int nId, DialogEvent event) {
 }
 
 void CDialog::Close() {
-  if (m_nResult == c_nIdOk) GetPlatform().DialogAccepted(m_layout, View());
-  m_pView = nullptr;
+  const IDialogView* const pView = std::exchange(m_pView, nullptr);
+  if (m_nResult == c_nIdOk) GetPlatform().DialogAccepted(m_layout, *pView);
 }
 
 void CDialog::OnInitDialog() { UpdateData(false); }

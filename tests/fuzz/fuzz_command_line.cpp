@@ -1,14 +1,10 @@
 // Arguments, one a line, and after an empty line the text of job.json in the folder where the program runs: it
 // ends with one of its statuses and leaves the job alone.
 
-#include <unistd.h>
-
 #include <algorithm>
 #include <cstdint>
 #include <cstdlib>
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <optional>
 #include <sstream>
 #include <string>
@@ -17,6 +13,7 @@
 #include <variant>
 #include <vector>
 
+#include "../HostModel.h"
 #include "skyframe/cli/CommandLine.h"
 #include "skyframe/job/JobFile.h"
 
@@ -25,26 +22,17 @@ namespace {
 namespace fs = std::filesystem;
 using namespace skyframe::host;
 
-constexpr const char* c_szJobFile = "job.json";
-
 /// A folder of this process alone, and the current one, for the life of the object.
-class CWorkingFolder {
+class CWorkingFolder : public skyframe::test::CJobFolder {
  public:
-  CWorkingFolder()
-      : m_folder(fs::temp_directory_path() / ("fuzz_command_line" + std::to_string(getpid()))),
-        m_previous(fs::current_path()) {
-    fs::create_directories(m_folder);
-    fs::current_path(m_folder);
+  CWorkingFolder() : CJobFolder("fuzz"), m_previous(fs::current_path()) {
+    fs::current_path(fs::path(GetJobPath()).parent_path());
   }
-  ~CWorkingFolder() {
-    fs::current_path(m_previous);
-    fs::remove_all(m_folder);
-  }
+  ~CWorkingFolder() { fs::current_path(m_previous); }
   CWorkingFolder(const CWorkingFolder&) = delete;
   CWorkingFolder& operator=(const CWorkingFolder&) = delete;
 
  private:
-  fs::path m_folder;
   fs::path m_previous;
 };
 
@@ -100,11 +88,6 @@ void Run(const std::vector<std::string>& arguments) {
   if (nStatus < c_nExitGood || nStatus > c_nExitWarned) std::abort();
 }
 
-std::string ReadText() {
-  std::ifstream strm(c_szJobFile, std::ios::binary);
-  return {std::istreambuf_iterator<char>(strm), {}};
-}
-
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* pData, std::size_t nSize) {
@@ -115,10 +98,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* pData, std::size_t nSi
   if (arguments.empty() || !IsShort(ParseJob(strJob).job)) return 0;
 
   const CWorkingFolder folder;
-  std::ofstream(c_szJobFile, std::ios::binary) << strJob;
-  if (arguments.front() == "plot") Run({"run", c_szJobFile});
+  folder.Write(".json", strJob);
+  if (arguments.front() == "plot") Run({"run", "job.json"});
   Run(arguments);
   // A generated structure may take any name.
-  if (std::ranges::find(arguments, "generate") == arguments.end() && ReadText() != strJob) std::abort();
+  if (std::ranges::find(arguments, "generate") == arguments.end() && folder.Read(".json") != strJob) std::abort();
   return 0;
 }

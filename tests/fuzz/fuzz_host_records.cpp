@@ -1,62 +1,49 @@
 // Host records of a mast with any of their numbers changed, through every entry point: each comes back, and the
 // records are then as they were before.
 
-#include <unistd.h>
-
+#include <array>
 #include <cstdint>
-#include <cstdlib>
 #include <cstring>
 #include <memory>
 #include <span>
 #include <string>
+#include <type_traits>
 
 #include "../EntryPoints.h"
+#include "TextPlatform.h"
 
 namespace {
 
 using namespace skyframe;
+using test::Demand;
 using test::EntryPoint;
+using Do = DialogStep;
 
-const std::span<int> c_integers[] = {{&ABCD.m_nNodes, 1},
-                                     {&ABCD.m_nElements, 1},
-                                     {&ABCD.m_nLoadCases, 1},
-                                     {&ABCD.m_nLoads, 1},
-                                     {&ZHU.m_nCount, 1},
-                                     ABCD.m_nFirstNode,
-                                     ABCD.m_nSecondNode,
-                                     ABCD.m_nSection,
-                                     ABCD.m_nRestraint,
-                                     ABCD.m_nJoint,
-                                     ABCD.m_nElementType,
-                                     ABCD.m_nLoadNode,
-                                     ABCD.m_nLoadCode,
-                                     ZHU.m_nNode,
-                                     {&COMDYN.m_nModes, 1},
-                                     {&COMDYN.m_nSaveAs, 1},
-                                     {&COMDYN.m_nRootCheck, 1},
-                                     {&COMDYN.m_bShear, 1},
-                                     {&COMDYN.m_nIterMultiple, 1},
-                                     {&COMDYN.m_nExpandModes, 1},
-                                     {&COMDYN.m_nMeshDiv, 1},
-                                     {&COMDYN.m_nIntensity, 1},
-                                     {&COMDYN.m_nSiteClass, 1},
-                                     {&COMDYN.m_nQuakeLevel, 1},
-                                     {&COMDYN.m_nZoneGroup, 1},
-                                     {&COMDYN.m_bHistoryAvailable, 1},
-                                     {&COMDYN.m_nHistoryCount, 1},
-                                     {&COMDYN.m_nMethod, 1},
-                                     {&COMDYN.m_bNonlinear, 1},
-                                     {&COMDYN.m_nCombMethod, 1},
-                                     COMDYN.m_bSaveAs,
-                                     {&COMDYN.m_bVirtualModes, 1},
-                                     {&COMDYN.m_nPseudoLoadNo, 1}};
-const std::span<float> c_floats[] = {ABCD.m_fX,    ABCD.m_fY,    ABCD.m_fZ,    ABCD.m_fLoadValue,
-                                     COMDAT.m_fIx, COMDAT.m_fIy, COMDAT.m_fIz, SECT.m_fArea};
-const std::span<double> c_doubles[] = {{&COMDYN.m_dModeTol, 1},
-                                       {&COMDYN.m_dDampRatio, 1},
-                                       {&COMDYN.m_dDesignAcceleration, 1},
-                                       COMDYN.m_dDirCoef,
-                                       {&COMDYN.m_dHistoryStep, 1}};
+template <class T>
+auto GetSpan(T& field) {
+  if constexpr (std::is_arithmetic_v<T>) {
+    return std::span<T>(&field, 1);
+  } else {
+    return std::span<std::remove_reference_t<decltype(field[0])>>(field);
+  }
+}
+
+template <class... Fields>
+auto ListFields(Fields&... fields) {
+  return std::array{GetSpan(fields)...};
+}
+
+const auto c_integers = ListFields(
+    ABCD.m_nNodes, ABCD.m_nElements, ABCD.m_nLoadCases, ABCD.m_nLoads, ZHU.m_nCount, ABCD.m_nFirstNode,
+    ABCD.m_nSecondNode, ABCD.m_nSection, ABCD.m_nRestraint, ABCD.m_nJoint, ABCD.m_nElementType, ABCD.m_nLoadNode,
+    ABCD.m_nLoadCode, ZHU.m_nNode, COMDYN.m_nModes, COMDYN.m_nSaveAs, COMDYN.m_nRootCheck, COMDYN.m_bShear,
+    COMDYN.m_nIterMultiple, COMDYN.m_nExpandModes, COMDYN.m_nMeshDiv, COMDYN.m_nIntensity, COMDYN.m_nSiteClass,
+    COMDYN.m_nQuakeLevel, COMDYN.m_nZoneGroup, COMDYN.m_bHistoryAvailable, COMDYN.m_nHistoryCount, COMDYN.m_nMethod,
+    COMDYN.m_bNonlinear, COMDYN.m_nCombMethod, COMDYN.m_bSaveAs, COMDYN.m_bVirtualModes, COMDYN.m_nPseudoLoadNo);
+const auto c_floats = ListFields(ABCD.m_fX, ABCD.m_fY, ABCD.m_fZ, ABCD.m_fLoadValue, COMDAT.m_fIx, COMDAT.m_fIy,
+                                 COMDAT.m_fIz, SECT.m_fArea);
+const auto c_doubles = ListFields(COMDYN.m_dModeTol, COMDYN.m_dDampRatio, COMDYN.m_dDesignAcceleration,
+                                  COMDYN.m_dDirCoef, COMDYN.m_dHistoryStep);
 
 /// One number of the records in seven bytes: field, place in it, whether the value is a small one, the value.
 class CChange {
@@ -89,7 +76,7 @@ class CChange {
 
   /// False, and the field counted from the end of these, when it is none of these.
   template <class T, std::size_t nCount>
-  bool Put(const std::span<T> (&fields)[nCount], T value) {
+  bool Put(const std::array<std::span<T>, nCount>& fields, T value) {
     if (m_nField >= nCount) {
       m_nField -= nCount;
       return false;
@@ -106,42 +93,34 @@ class CChange {
 
 /// The dialogs as the records leave them, and the analyses that the tests' own list leaves out.
 std::vector<EntryPoint> GetOtherEntryPoints() {
-  const auto ok = DialogStep::Ok();
   return {
-      {".mode", {{c_nIdModeDlg, {ok}}}, CModeConnect::OnMode},
-      {".spec", {{c_nIdSpectrumDlg, {ok}}}, CModeConnect::OnAnsysSpectrum},
+      {".mode", {{c_nIdModeDlg, {Do::Ok()}}}, CModeConnect::OnMode},
+      {".spec", {{c_nIdSpectrumDlg, {Do::Ok()}}}, CModeConnect::OnAnsysSpectrum},
       {"_StaticLinearSol.txt",
-       {{c_nIdNonlinStaticDlg, {DialogStep::Tick(c_nIdNonlinear, false), ok}}},
+       {{c_nIdNonlinStaticDlg, {Do::Tick(c_nIdNonlinear, false), Do::Ok()}}},
        CModeConnect::OnStaticNonlinearSol},
       {"",
-       {{c_nIdDynOptionDlg, {DialogStep::Choose(c_nIdWilson), ok}},
-        {c_nIdWilsonDlg,
-         {DialogStep::Type(c_nIdWilsonStep, "0.01"), DialogStep::Type(c_nIdWilsonDuration, "0.05"), ok}}},
+       {{c_nIdDynOptionDlg, {Do::Choose(c_nIdWilson), Do::Ok()}},
+        {c_nIdWilsonDlg, {Do::Type(c_nIdWilsonStep, "0.01"), Do::Type(c_nIdWilsonDuration, "0.05"), Do::Ok()}}},
        CModeConnect::OnTimeHistoryAnalysis},
       {"_HisTime.txt",
-       {{c_nIdDynOptionDlg, {DialogStep::Choose(c_nIdNewmark), ok}},
+       {{c_nIdDynOptionDlg, {Do::Choose(c_nIdNewmark), Do::Ok()}},
         {c_nIdEarthquakeDlg,
-         {DialogStep::Tick(c_nIdQuakeX), DialogStep::Type(c_nIdStep, "0.01"), DialogStep::Type(c_nIdDuration, "0.03"),
-          ok}},
+         {Do::Tick(c_nIdQuakeX), Do::Type(c_nIdStep, "0.01"), Do::Type(c_nIdDuration, "0.03"), Do::Ok()}},
         {c_nIdNewmarkDlg,
-         {DialogStep::Choose(c_nIdGroundMotion), DialogStep::Tick(c_nIdFromFile), DialogStep::Tick(c_nIdNonlinear),
-          DialogStep::Click(c_nIdEarthquake), ok}}},
+         {Do::Choose(c_nIdGroundMotion), Do::Tick(c_nIdFromFile), Do::Tick(c_nIdNonlinear), Do::Click(c_nIdEarthquake),
+          Do::Ok()}}},
        CModeConnect::OnTimeHistoryAnalysis},
       {"_1_elem.txt",
        {{c_nIdHisResultDlg,
-         {DialogStep::Choose(c_nIdElementHistory), DialogStep::Type(c_nIdHistoryElement, "1"),
-          DialogStep::Click(c_nIdRefresh), DialogStep::Click(c_nIdOutput), ok}}},
+         {Do::Choose(c_nIdElementHistory), Do::Type(c_nIdHistoryElement, "1"), Do::Click(c_nIdRefresh),
+          Do::Click(c_nIdOutput), Do::Ok()}}},
        CModeConnect::OnTimeHistoryRes},
   };
 }
 
-void Demand(bool bTrue) {
-  if (!bTrue) std::abort();
-}
-
 void Call(const EntryPoint& entry) {
-  std::ostream nowhere(nullptr);
-  CHeadlessPlatform platform(nowhere, nowhere);
+  CHeadlessPlatform platform(test::g_nowhere, test::g_nowhere);
   for (const auto& [nId, steps] : entry.scripts) platform.AddScript(nId, steps);
   IPlatform* const pPrevious = InstallPlatform(&platform);
   entry.call();
@@ -155,7 +134,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* pData, std::size_t nSi
   if (nSize == 0) return 0;
   test::CHostModel host;
   test::FillMast(host);
-  const test::CJobFolder job("fuzz_host_records" + std::to_string(getpid()));
+  const test::CJobFolder job("fuzz_host_records");
   job.Write("_Xacc.txt", "0 0.5 1 -1");
   job.Write("impulseload.log", "/IMPULSELOAD/\n 2 0.1 0 0\n##\n 3 0 0 1\n##\n/END/\n");
   for (std::size_t k = 1; k + CChange::c_nBytes <= nSize; k += CChange::c_nBytes) CChange(pData + k).Apply();

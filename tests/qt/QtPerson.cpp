@@ -1,12 +1,7 @@
 #include "QtPerson.h"
 
-#include <QAbstractButton>
-#include <QAbstractItemView>
-#include <QApplication>
-#include <QComboBox>
-#include <QMessageBox>
 #include <QTest>
-#include <QTimer>
+#include <QtWidgets>
 #include <algorithm>
 #include <utility>
 
@@ -55,8 +50,7 @@ void ClickButton(QAbstractButton& button) {
   QTest::mouseClick(&button, Qt::LeftButton, Qt::NoModifier, button.isCheckable() ? mark : button.rect().center());
 }
 
-}  // namespace
-
+/// Types as a person does: click, select all, type; an empty text deletes.
 void TypeInto(QWidget& edit, const std::string& strText) {
   QTest::mouseClick(&edit, Qt::LeftButton);
   QTest::keyClick(&edit, Qt::Key_A, Qt::ControlModifier);
@@ -64,40 +58,14 @@ void TypeInto(QWidget& edit, const std::string& strText) {
   QTest::keyClicks(&edit, QString::fromStdString(strText));
 }
 
-std::string Describe(const IDialogView& view, const DialogTemplate& layout) {
-  std::ostringstream strm;
-  for (const ControlTemplate& control : layout.controls) {
-    const int nId = control.nId;
-    if (nId == -1) continue;
-    strm << nId << " '" << view.GetText(nId) << "' " << (view.GetCheck(nId) ? "checked " : "")
-         << (view.IsEnabled(nId) ? "" : "disabled ");
-    if (view.GetItemCount(nId) > 0 || view.GetCurrent(nId) != -1) strm << "current " << view.GetCurrent(nId);
-    for (int nRow = 0; nRow < view.GetItemCount(nId); ++nRow) {
-      strm << (view.IsSelected(nId, nRow) ? " *" : " ") << view.GetItemText(nId, nRow);
-      const int nColumns = control.kind == ControlKind::ListView ? static_cast<int>(control.items.size()) : 1;
-      for (int nColumn = 1; nColumn < nColumns; ++nColumn) strm << '|' << view.GetItemText(nId, nRow, nColumn);
-    }
-    strm << '\n';
-  }
-  strm << "focus " << view.GetFocus();
-  return strm.str();
-}
+}  // namespace
 
-CQtPerson::CQtPerson(QWidget* pHostWindow) : m_platform(pHostWindow), m_pPrevious(InstallPlatform(&m_platform)) {
-  m_platform.SetConsoleSink([this](std::string_view strText) { m_strConsole += strText; });
-}
+CQtPerson::CQtPerson(QWidget* pHostWindow) : m_platform(pHostWindow), m_pPrevious(InstallPlatform(&m_platform)) {}
 
 CQtPerson::~CQtPerson() { InstallPlatform(m_pPrevious); }
 
 bool CQtPerson::HasUnusedScripts() const {
   return std::any_of(m_scripts.begin(), m_scripts.end(), [](const auto& entry) { return !entry.second.empty(); });
-}
-
-void CQtPerson::Clear() {
-  m_scripts.clear();
-  m_messages.clear();
-  m_errors.clear();
-  m_strConsole.clear();
 }
 
 void CQtPerson::Watch(const std::function<void()>& action) {

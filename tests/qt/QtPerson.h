@@ -4,8 +4,6 @@
 #include <QWidget>
 #include <deque>
 #include <map>
-#include <ostream>
-#include <sstream>
 #include <string>
 #include <vector>
 
@@ -27,13 +25,10 @@ class CQtPerson {
   CQtPerson(const CQtPerson&) = delete;
   CQtPerson& operator=(const CQtPerson&) = delete;
 
-  CQtPlatform& GetPlatform() { return m_platform; }
   void AddScript(int nDialogId, std::vector<DialogStep> steps) { m_scripts[nDialogId].push_back(std::move(steps)); }
   [[nodiscard]] const std::vector<std::string>& GetMessages() const { return m_messages; }
   [[nodiscard]] const std::vector<std::string>& GetScriptErrors() const { return m_errors; }
   [[nodiscard]] bool HasUnusedScripts() const;
-  [[nodiscard]] const std::string& GetConsole() const { return m_strConsole; }
-  void Clear();
 
   /// Calls the action while the person sits at the windows that it opens.
   void Watch(const std::function<void()>& action);
@@ -58,15 +53,8 @@ class CQtPerson {
   std::map<const QWidget*, Work> m_open;
   std::vector<std::string> m_messages;
   std::vector<std::string> m_errors;
-  std::string m_strConsole;
   bool m_bWatching = false;
   QObject m_context;  ///< takes pending looks and connections with it
 };
-
-/// Types into an edit as a person does: click, select all, type; an empty text deletes.
-void TypeInto(QWidget& edit, const std::string& strText);
-
-/// What stands in every control with an identifier, one a line, and which has the focus.
-std::string Describe(const IDialogView& view, const DialogTemplate& layout);
 
 }  // namespace skyframe::test

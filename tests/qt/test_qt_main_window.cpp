@@ -2,21 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include <QAction>
-#include <QApplication>
-#include <QCheckBox>
-#include <QComboBox>
-#include <QImage>
-#include <QListWidget>
-#include <QMenuBar>
-#include <QPlainTextEdit>
-#include <QPushButton>
-#include <QSlider>
-#include <QTemporaryDir>
 #include <QTest>
-#include <QTimer>
-#include <QTreeWidget>
-#include <QWheelEvent>
+#include <QtWidgets>
 #include <cmath>
 #include <fstream>
 

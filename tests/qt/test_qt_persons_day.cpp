@@ -1,36 +1,20 @@
 // A person's day: the ten-storey frame through the windows, from the modes to the written history,
-// with the result files equal to those of the command line.
+// with the result files equal to those of the command line. Its pictures are those of the README and the manual
+// (scripts/pictures).
 
-#include <gtest/gtest.h>
-
-#include <QAction>
-#include <QApplication>
-#include <QComboBox>
-#include <QListWidget>
-#include <QPlainTextEdit>
-#include <QTemporaryDir>
 #include <QTest>
-#include <filesystem>
-#include <fstream>
-#include <sstream>
+#include <QtWidgets>
 
+#include "CommandFolder.h"
 #include "QtPerson.h"
-#include "skyframe/cli/CommandLine.h"
+#include "ResultFiles.h"
 #include "skyframe/dialogs/HisResultDlg.h"
 #include "skyframe/dialogs/Templates.h"
 #include "skyframe/gui/MainWindow.h"
-#include "skyframe/job/JobFile.h"
-#include "skyframe/results/HistoryResultFile.h"
+#include "skyframe/qt/Font.h"
 
 namespace skyframe::test {
 namespace {
-
-namespace fs = std::filesystem;
-
-std::string ReadText(const fs::path& path) {
-  std::ifstream strm(path, std::ios::binary);
-  return {std::istreambuf_iterator<char>(strm), {}};
-}
 
 /// The text without the line that holds date and time.
 std::string DropTime(const std::string& strText) {
@@ -48,92 +32,91 @@ std::string DropTime(const std::string& strText) {
   return strRest;
 }
 
-host::Job MakeJob() {
-  host::JobFile file = host::ReadJobFile(SKYFRAME_SOURCE_DIR "/examples/office10.json");
-  EXPECT_TRUE(file.errors.empty());
-  host::ModalJob modal;
-  modal.nModes = 12;
-  modal.nRootCheck = 1;
-  modal.combination = {{3, 1.0}};
-  host::SpectrumJob spectrum;
-  spectrum.nModes = 12;
-  spectrum.direction = {0.8, 0.6, 0.0};
-  spectrum.nSiteClass = 2;
-  spectrum.nIntensity = 3;
-  spectrum.dDamping = 0.05;
-  spectrum.nMethod = 1;
-  spectrum.combination = {{3, 1.0}};
-  host::NewmarkJob newmark;
-  newmark.nLoad = 1;
-  newmark.damping = {0.03, 0.04};
-  newmark.earthquake =
-      host::EarthquakeJob{.dTimeStep = 0.02, .dDuration = 4.0, .nMode = 0, .obliqueAxis = {}, .peaks = {}};
-  newmark.earthquake->directions = {true, false, false};
-  newmark.earthquake->peaks[0] = 0.7;
-  host::StaticJob linear;
-  linear.bNonlinear = false;
-  linear.combination = {{0, 1.0}, {1, 0.5}};
-  file.job.analyses = {modal, spectrum, newmark, linear};
-  return file.job;
+/// The window under a title bar.
+void SavePicture(QWidget& window, const QString& strName) {
+  constexpr int c_nTitleHeight = 30;
+  const QPixmap content = window.grab();
+  QPixmap picture(content.width() + 2, content.height() + c_nTitleHeight + 2);
+  picture.fill(QColor(150, 155, 160));
+  QPainter painter(&picture);
+  const QRect title(1, 1, content.width(), c_nTitleHeight);
+  painter.fillRect(title, QColor(222, 224, 228));
+  painter.setFont(FormDialogFont());
+  painter.drawText(title.adjusted(10, 0, -10, 0), Qt::AlignVCenter | Qt::AlignLeft, window.windowTitle());
+  painter.drawPixmap(1, c_nTitleHeight + 1, content);
+  EXPECT_TRUE(picture.save(QStringLiteral(SKYFRAME_PICTURE_DIR "/") + strName + QStringLiteral(".png")));
 }
 
-std::vector<DialogStep> Combine(const std::vector<std::pair<int, const char*>>& cases) {
-  std::vector<DialogStep> steps;
-  for (const auto& [nRow, strFactor] : cases) {
-    steps.push_back(DialogStep::Type(c_nIdFactor, strFactor));
-    steps.push_back(DialogStep::ToggleRow(c_nIdAvailable, nRow));
-    steps.push_back(DialogStep::Click(c_nIdAdd));
-  }
-  steps.push_back(DialogStep::Ok());
-  return steps;
+/// Takes a picture of the topmost dialog, named by its identifier.
+DialogStep Photograph() {
+  return Do::Inspect([](const IDialogView&) {
+    QWidget* const pDialog = QApplication::activeModalWidget();
+    SavePicture(*pDialog, QStringLiteral("dialog-") + pDialog->objectName());
+  });
 }
 
-/// What the person does in every dialog of the day.
+void Combine(CQtPerson& person, const std::vector<int>& cases) {
+  Steps steps = {Do::Type(c_nIdFactor, "1")};
+  for (const int nCase : cases) steps.insert(steps.end(), {Do::ToggleRow(c_nIdAvailable, nCase), Do::Click(c_nIdAdd)});
+  steps.insert(steps.end(), {Photograph(), Do::Ok()});
+  person.AddScript(c_nIdLoadCombDlg, steps);
+}
+
+/// Every analysis of the example's job, entered by hand; impulses, general loads and a Wilson run are looked at and
+/// cancelled.
 void AddScripts(CQtPerson& person) {
-  person.AddScript(c_nIdModeDlg, {DialogStep::Type(c_nIdModes, "12"), DialogStep::Choose(c_nIdModeComparison),
-                                  DialogStep::Click(c_nIdModeLoadComb), DialogStep::Ok()});
-  person.AddScript(c_nIdLoadCombDlg, Combine({{3, "1"}}));
+  person.AddScript(c_nIdModeDlg, {Do::Type(c_nIdModes, "12"), Do::Choose(c_nIdModeComparison), Photograph(),
+                                  Do::Click(c_nIdModeLoadComb), Do::Ok()});
+  Combine(person, {3});
   person.AddScript(c_nIdSpectrumDlg,
-                   {DialogStep::Type(c_nIdExpandModes, "12"), DialogStep::Type(c_nIdDirectionX, "0.8"),
-                    DialogStep::Type(c_nIdDirectionY, "0.6"), DialogStep::Type(c_nIdDirectionZ, "0"),
-                    DialogStep::Choose(c_nIdSiteClass2), DialogStep::Choose(c_nIdIntensity8),
-                    DialogStep::Type(c_nIdDampRatio, "0.05"), DialogStep::Choose(c_nIdCqc),
-                    DialogStep::Click(c_nIdLoadValues), DialogStep::Ok()});
-  person.AddScript(c_nIdLoadCombDlg, Combine({{3, "1"}}));
-  person.AddScript(c_nIdDynOptionDlg, {DialogStep::Choose(c_nIdNewmark), DialogStep::Ok()});
-  person.AddScript(c_nIdNewmarkDlg,
-                   {DialogStep::Choose(c_nIdGroundMotion), DialogStep::Type(c_nIdDamping1, "0.03"),
-                    DialogStep::Type(c_nIdDamping2, "0.04"), DialogStep::Click(c_nIdEarthquake), DialogStep::Ok()});
-  person.AddScript(c_nIdEarthquakeDlg,
-                   {DialogStep::Type(c_nIdStep, "0.02"), DialogStep::Type(c_nIdDuration, "4"),
-                    DialogStep::Tick(c_nIdQuakeX), DialogStep::Type(c_nIdPeakX, "0.7"), DialogStep::Ok()});
-  person.AddScript(
-      c_nIdHisResultDlg,
-      {DialogStep::Choose(c_nIdNodeHistory), DialogStep::Type(c_nIdHistoryNode, "999"), DialogStep::Click(c_nIdRefresh),
-       DialogStep::Type(c_nIdHistoryNode, "11"), DialogStep::Choose(c_nIdHistoryX), DialogStep::Click(c_nIdRefresh),
-       DialogStep::Inspect([](const IDialogView&) {
-         QApplication::activeModalWidget()->grab().save(QStringLiteral(SKYFRAME_PICTURE_DIR "/viewer-node-11.png"));
-       }),
-       DialogStep::Click(c_nIdOutput), DialogStep::Ok()});
+                   {Do::Type(c_nIdExpandModes, "12"), Do::Type(c_nIdMeshDiv, "4"), Do::Type(c_nIdDirectionX, "1"),
+                    Do::Type(c_nIdDirectionY, "0"), Do::Type(c_nIdDirectionZ, "0"), Do::Choose(c_nIdSiteClass2),
+                    Do::Choose(c_nIdIntensity8), Do::Type(c_nIdDampRatio, "0.05"), Do::Choose(c_nIdCqc), Photograph(),
+                    Do::Click(c_nIdLoadValues), Do::Ok()});
+  Combine(person, {3});
+  person.AddScript(c_nIdDynOptionDlg, {Photograph(), Do::Choose(c_nIdWilson), Do::Ok()});
+  person.AddScript(c_nIdWilsonDlg, {Photograph(), Do::Cancel()});
+  person.AddScript(c_nIdDynOptionDlg, {Do::Choose(c_nIdNewmark), Do::Ok()});
+  person.AddScript(c_nIdNewmarkDlg, {Do::Click(c_nIdImpulseLoad), Do::Tick(c_nIdFromFile), Do::Click(c_nIdGeneralLoad),
+                                     Do::Tick(c_nIdFromFile, false), Photograph(), Do::Choose(c_nIdGroundMotion),
+                                     Do::Click(c_nIdEarthquake), Do::Type(c_nIdDamping1, "0.05"),
+                                     Do::Type(c_nIdDamping2, "0.05"), Do::Click(c_nIdLoadComb), Do::Ok()});
+  person.AddScript(c_nIdImpulseLoadDlg,
+                   {Do::Type(c_nIdImpulseNode, "11"), Do::Type(c_nIdImpulsePeak, "50"), Do::Click(c_nIdImpulseInsert),
+                    Do::Type(c_nIdImpulseNode, "12"), Do::Type(c_nIdImpulseDirection, "1"),
+                    Do::Click(c_nIdImpulseInsert), Do::Type(c_nIdPeakTime, "0.1"), Photograph(), Do::Cancel()});
+  person.AddScript(c_nIdGeneralLoadDlg, {Photograph(), Do::Cancel()});
+  person.AddScript(c_nIdEarthquakeDlg, {Do::Type(c_nIdStep, "0.02"), Do::Type(c_nIdDuration, "20"),
+                                        Do::Tick(c_nIdQuakeX), Do::Type(c_nIdPeakX, "0.7"), Photograph(), Do::Ok()});
+  Combine(person, {3});
+  person.AddScript(c_nIdHisResultDlg,
+                   {Do::Choose(c_nIdNodeHistory), Do::Type(c_nIdHistoryNode, "999"), Do::Click(c_nIdRefresh),
+                    Do::Type(c_nIdHistoryNode, "11"), Do::Choose(c_nIdHistoryX), Do::Click(c_nIdRefresh), Photograph(),
+                    Do::Click(c_nIdOutput), Do::Ok()});
   person.AddScript(c_nIdNonlinStaticDlg,
-                   {DialogStep::Tick(c_nIdNonlinear, false), DialogStep::Click(c_nIdLoadComb), DialogStep::Ok()});
-  person.AddScript(c_nIdLoadCombDlg, Combine({{0, "1"}, {1, "0.5"}}));
+                   {Photograph(), Do::Tick(c_nIdNonlinear, false), Do::Click(c_nIdLoadComb), Do::Ok()});
+  Combine(person, {0, 1, 2});
+  person.AddScript(c_nIdNonlinStaticDlg, {Do::ChooseItem(c_nIdCriterion, 2), Do::Type(c_nIdTolerance, "1e-6"),
+                                          Do::Type(c_nIdMaxIter, "50"), Do::Click(c_nIdLoadComb), Do::Ok()});
+  Combine(person, {0, 1, 2});
 }
 
 TEST(PersonsDay, WindowsAndCommandLineWriteTheSameFiles) {
-  const QTemporaryDir windows;
-  const QTemporaryDir commands;
+  const CJobFolder windows("windows");
+  const CCommandFolder commands;
   const QFont font = QApplication::font();
-  for (const QTemporaryDir* const pDirectory : {&windows, &commands}) {
-    std::ofstream(pDirectory->filePath(QStringLiteral("office.json")).toStdString()) << host::FormatJob(MakeJob());
+  QApplication::setCursorFlashTime(0);  // the same pictures every day
+  for (const CJobFolder* const pFolder : {&windows, static_cast<const CJobFolder*>(&commands)}) {
+    std::filesystem::copy_file(SKYFRAME_SOURCE_DIR "/examples/office10.json", pFolder->GetPath(".json"));
   }
 
   CQtPerson person;
   AddScripts(person);
-  gui::CMainWindow window(windows.filePath(QStringLiteral("settings.ini")));
+  gui::CMainWindow window(QString::fromStdString(windows.GetPath(".ini")));
   window.show();
-  ASSERT_TRUE(window.OpenJob(windows.filePath(QStringLiteral("office.json"))));
-  for (const char* strAnalysis : {"modal", "spectrum", "time_history", "history_results", "static"}) {
+  ASSERT_TRUE(window.OpenJob(QString::fromStdString(windows.GetPath(".json"))));
+  for (const char* strAnalysis :
+       {"modal", "spectrum", "time_history", "time_history", "history_results", "static", "static"}) {
     SCOPED_TRACE(strAnalysis);
     person.Watch([&] { window.findChild<QAction*>(QString::fromLatin1(strAnalysis))->trigger(); });
   }
@@ -145,42 +128,30 @@ TEST(PersonsDay, WindowsAndCommandLineWriteTheSameFiles) {
   EXPECT_EQ(person.GetMessages()[2], "错误: 没有所求节点");
 
   auto* const pShapes = window.findChild<QComboBox*>(QStringLiteral("shapes"));
-  EXPECT_EQ(pShapes->count(), 1 + 1 + 12) << "undeformed, linear state, modes";
-  pShapes->setCurrentIndex(2);
-  window.grab().save(QStringLiteral(SKYFRAME_PICTURE_DIR "/main-window-mode-1.png"));
-  const auto* const pResults = window.findChild<QListWidget*>(QStringLiteral("results"));
+  EXPECT_EQ(pShapes->count(), 1 + 2 + 12) << "undeformed, states, modes";
+  pShapes->setCurrentIndex(3);
+  auto* const pResults = window.findChild<QListWidget*>(QStringLiteral("results"));
+  pResults->setCurrentRow(pResults->count() - 1);
+  QTest::qWait(50);
+  SavePicture(window, QStringLiteral("first-mode"));
 
-  std::ostringstream out, err;
-  const fs::path commandJob = commands.filePath(QStringLiteral("office.json")).toStdString();
-  ASSERT_EQ(host::RunCommandLine({"run", commandJob.string()}, out, err), host::c_nExitGood) << err.str() << out.str();
-
-  int nCompared = 0;
-  for (const fs::directory_entry& entry : fs::directory_iterator(commandJob.parent_path())) {
-    const std::string strName = entry.path().filename().string();
-    const fs::path twin = fs::path(windows.path().toStdString()) / strName;
-    ASSERT_TRUE(fs::exists(twin)) << strName;
-    EXPECT_TRUE(DropTime(ReadText(entry.path())) == DropTime(ReadText(twin))) << strName << " differs";
-    EXPECT_GT(ReadText(twin).size(), 100U) << strName;
-    ++nCompared;
-    if (strName == "office.json") continue;
-    EXPECT_FALSE(pResults->findItems(QString::fromStdString(strName), Qt::MatchExactly).isEmpty()) << strName;
+  const CommandOutcome outcome = CCommandFolder::Call({"run", commands.GetPath(".json")});
+  ASSERT_EQ(outcome.nStatus, host::c_nExitGood) << outcome.strErr << outcome.strOut;
+  const Strings names = commands.List();
+  EXPECT_GE(names.size(), 6U) << "job, modes, spectrum, history, states";
+  for (const std::string& strName : names) {
+    const std::string strSuffix = strName.substr(3), strText = windows.Read(strSuffix);
+    EXPECT_TRUE(DropTime(strText) == DropTime(commands.Read(strSuffix))) << strName << " differs";
+    EXPECT_GT(strText.size(), 100U) << strName;
+    EXPECT_NE(pResults->findItems(QString::fromStdString(strName), Qt::MatchExactly).isEmpty(), strSuffix != ".json");
   }
-  EXPECT_GE(nCompared, 5) << "job, modes, spectrum, history, static";
 
   // The written history is node 11's X column of the result file.
-  const auto readOf = [&](const QString& strName, auto read) {
-    const auto history = read(windows.filePath(strName).toStdString());
-    EXPECT_EQ(history.strError, "");
-    return history.value_or(host::SingleHistory{});
-  };
   const host::HistoryModel model = {192, 530};
-  const auto written = readOf(QStringLiteral("office_11_node.txt"),
-                              [&](const auto& strPath) { return host::ReadHistoryExtract(strPath, model); });
-  const auto history = readOf(QStringLiteral("office_HisTime.txt"), [&](const auto& strPath) {
-    return host::ReadHistory(strPath, model, {c_nHistoryX, 11});
-  });
+  const auto written = Take(host::ReadHistoryExtract(windows.GetPath("_11_node.txt"), model));
+  const auto history = Take(host::ReadHistory(windows.GetPath("_HisTime.txt"), model, {c_nHistoryX, 11}));
   EXPECT_EQ(written.nQuantity, c_nHistoryX);
-  EXPECT_EQ(written.values.size(), 200U);
+  EXPECT_EQ(written.values.size(), 1000U);
   EXPECT_EQ(written.values, history.values);
   QApplication::setFont(font);
 }

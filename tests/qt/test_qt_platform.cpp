@@ -2,14 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include <QAbstractButton>
-#include <QApplication>
-#include <QCloseEvent>
-#include <QImage>
-#include <QMessageBox>
-#include <QProgressBar>
 #include <QTest>
-#include <ctime>
+#include <QtWidgets>
 #include <stdexcept>
 
 #include "QtPerson.h"
@@ -163,31 +157,30 @@ TEST(QtProgress, ShownForLongStepsOnlyAndWithoutButtons) {
 }
 
 TEST(QtClock, IsTheSystemsLocalTime) {
-  const std::time_t before = std::time(nullptr);
+  const QDateTime before = QDateTime::currentDateTime();
   const LocalTime t = CQtPlatform().GetLocalTime();
-  std::tm local{};
-  local.tm_year = t.nYear - 1900;
-  local.tm_mon = t.nMonth - 1;
-  local.tm_mday = t.nDay;
-  local.tm_hour = t.nHour;
-  local.tm_min = t.nMinute;
-  local.tm_sec = t.nSecond;
-  local.tm_isdst = -1;
-  EXPECT_NEAR(std::difftime(std::mktime(&local), before), 1.0, 2.0);
+  const QDateTime told({t.nYear, t.nMonth, t.nDay}, {t.nHour, t.nMinute, t.nSecond});
+  EXPECT_NEAR(static_cast<double>(before.secsTo(told)), 1.0, 2.0);
 }
 
-TEST(QtPainting, PixelsStandWhereTheyAreAskedFor) {
-  QImage image(60, 40, QImage::Format_RGB32);
+QImage Paint(const std::function<void(IPaintContext&)>& draw) {
+  QImage image(200, 100, QImage::Format_RGB32);
   image.fill(Qt::white);
   QPainter painter(&image);
   CQtPaintContext paint(painter);
-  paint.SetPen({255, 0, 0});
-  paint.SetBrush({0, 0, 255});
-  paint.Rectangle(10, 5, 20, 10);
-  paint.SetPen({0, 128, 0});
-  paint.Line(40, 20, 50, 20);
-  paint.Line(0, 0, 1.0 / 0.0, 0);
-  painter.end();
+  draw(paint);
+  return image;
+}
+
+TEST(QtPainting, PixelsStandWhereTheyAreAskedFor) {
+  const QImage image = Paint([](IPaintContext& paint) {
+    paint.SetPen({255, 0, 0});
+    paint.SetBrush({0, 0, 255});
+    paint.Rectangle(10, 5, 20, 10);
+    paint.SetPen({0, 128, 0});
+    paint.Line(40, 20, 50, 20);
+    paint.Line(0, 0, 1.0 / 0.0, 0);
+  });
   struct Case {
     const char* strColour;
     std::vector<QPoint> points;
@@ -202,13 +195,10 @@ TEST(QtPainting, PixelsStandWhereTheyAreAskedFor) {
 
 /// Bounding box of everything that is not white.
 QRect GetInk(HorizontalAlign horizontal, VerticalAlign vertical) {
-  QImage image(200, 100, QImage::Format_RGB32);
-  image.fill(Qt::white);
-  QPainter painter(&image);
-  CQtPaintContext paint(painter);
-  paint.SetTextHeight(20.0);
-  paint.Text(100, 50, "静力", horizontal, vertical);
-  painter.end();
+  const QImage image = Paint([&](IPaintContext& paint) {
+    paint.SetTextHeight(20.0);
+    paint.Text(100, 50, "静力", horizontal, vertical);
+  });
   QRect ink;
   for (int nY = 0; nY < image.height(); ++nY) {
     for (int nX = 0; nX < image.width(); ++nX) {

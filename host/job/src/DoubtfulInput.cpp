@@ -1,7 +1,6 @@
 #include "DoubtfulInput.h"
 
 #include <algorithm>
-#include <array>
 #include <iterator>
 #include <set>
 

@@ -8,6 +8,7 @@
 #include "skyframe/connect/Inquiries.h"
 #include "skyframe/job/DialogFields.h"
 #include "skyframe/job/Text.h"
+#include "skyframe/platform/Platform.h"
 #include "skyframe/plot/Chart.h"
 #include "skyframe/plot/Pictures.h"
 #include "skyframe/results/Histories.h"
@@ -81,7 +82,7 @@ class CPlotter {
   std::optional<std::string> FindFile(std::string_view strSuffix, const std::string& strAnalysis) {
     std::string strPath = m_strJobPath + std::string(strSuffix);
     std::error_code error;
-    if (std::filesystem::is_regular_file(strPath, error)) return strPath;
+    if (std::filesystem::is_regular_file(ToFilePath(strPath), error)) return strPath;
     return Refuse(strPath + ": cannot be opened; it is written by the " + strAnalysis);
   }
 

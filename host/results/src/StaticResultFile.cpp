@@ -3,16 +3,14 @@
 #include <algorithm>
 
 #include "ResultFile.h"
+#include "skyframe/values/ResultFiles.h"
 
 namespace skyframe::host {
 
 namespace {
 
-constexpr std::string_view c_strNode = "结点号:";
 constexpr std::array<std::string_view, c_nDiagrams> c_strDiagrams = {
     "MYZ:", "MZX:", "MXY:", "Qy:", "Qz:", "Fy:", "Fz:"};
-constexpr std::array<std::string_view, 6> c_strReactions = {
-    "X向支反力", "Y向支反力", "Z向支反力", "YZ平面内转角向支反力", "ZX平面内转角向支反力", "XY平面内转角向支反力"};
 
 void ExpectWords(CResultWords& words, std::initializer_list<std::string_view> expected) {
   for (const std::string_view strWord : expected) words.Expect(words.Word() == strWord);
@@ -34,12 +32,12 @@ StaticMember ReadMember(CResultWords& words) {
 
 StaticSupport ReadSupport(CResultWords& words) {
   StaticSupport support;
-  support.nNode = words.NumberBehind<int>(c_strNode);
+  support.nNode = words.NumberBehind<int>(label::c_strNode);
   for (;;) {
-    const auto it = std::ranges::find(c_strReactions, words.Peek());
-    if (it == c_strReactions.end()) return support;
+    const auto it = std::ranges::find(label::c_strReactions, words.Peek());
+    if (it == std::end(label::c_strReactions)) return support;
     words.Skip(1);
-    support.forces[static_cast<std::size_t>(it - c_strReactions.begin())] = words.FixedNumber();
+    support.forces[static_cast<std::size_t>(it - std::begin(label::c_strReactions))] = words.FixedNumber();
   }
 }
 
@@ -62,7 +60,7 @@ Reading<StaticResultFile> ReadStaticResultFile(const std::string& strPath, std::
     ExpectWords(words, {"Solution", "Output:", "Member", "forces:", "ElementNumber", "AxialForce"});
     while (!words.HasFailed() && words.Peek() != "Reactions:") file.members.push_back(ReadMember(words));
     words.Skip(1);
-    while (words.Peek().starts_with(c_strNode)) file.supports.push_back(ReadSupport(words));
+    while (words.Peek().starts_with(label::c_strNode)) file.supports.push_back(ReadSupport(words));
     ExpectWords(words, {"DOF", "Displacements:", "UX", "UY", "UZ"});
     file.displacements = ReadDisplacements(words, nNodes);
     return file;

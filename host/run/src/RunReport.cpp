@@ -7,6 +7,7 @@
 #include "skyframe/connect/Findings.h"
 #include "skyframe/job/Places.h"
 #include "skyframe/job/Text.h"
+#include "skyframe/platform/Platform.h"
 #include "skyframe/report/HistoryReport.h"
 #include "skyframe/report/ModalReport.h"
 #include "skyframe/report/SpectrumReport.h"
@@ -73,7 +74,7 @@ void PrintFiles(const RunFindings& findings, std::ostream& out) {
   for (const std::string& strPath : findings.files) {
     std::error_code error;
     out << Format("  file                  %s, %ju bytes\n", EscapeControls(strPath).c_str(),
-                  std::filesystem::file_size(strPath, error));
+                  std::filesystem::file_size(ToFilePath(strPath), error));
   }
 }
 

@@ -1,6 +1,7 @@
 #include "skyframe/run/Scripts.h"
 
-#include "skyframe/job/DialogFields.h"
+#include "skyframe/connect/Dialogs.h"
+#include "skyframe/job/Fields.h"
 #include "skyframe/job/Text.h"
 #include "skyframe/values/LoadNames.h"
 

@@ -2,8 +2,6 @@
 
 #include <string>
 
-#include "skyframe/values/SpectrumSite.h"
-
 namespace skyframe {
 
 class CAnalysisModel;

@@ -24,3 +24,13 @@ inline constexpr std::string_view c_strImpulseLoad = "impulseload.log";
 inline constexpr std::string_view c_strAcceleration[] = {"_Xacc.txt", "_Yacc.txt", "_Zacc.txt", "_Tacc.txt"};
 
 }  // namespace skyframe::suffix
+
+// Words that stand before the numbers of the static result files.
+namespace skyframe::label {
+
+inline constexpr std::string_view c_strNode = "结点号:";
+/// By direction X Y Z RX RY RZ.
+inline constexpr std::string_view c_strReactions[] = {
+    "X向支反力", "Y向支反力", "Z向支反力", "YZ平面内转角向支反力", "ZX平面内转角向支反力", "XY平面内转角向支反力"};
+
+}  // namespace skyframe::label

@@ -2,7 +2,6 @@
 
 #include <span>
 #include <string>
-#include <vector>
 
 #include "skyframe/platform/PaintContext.h"
 #include "skyframe/scene/Box.h"
