@@ -371,10 +371,7 @@ TEST_F(TimeHistory, NoStepsAndNoFreeEquations) {
     }
   }
   for (int k = 0; k < 10; ++k) EXPECT_NEAR(m_platform.GetProgress().at(k), 0.2 * (k % 5 + 1), 1e-15);
-  EXPECT_EQ(m_folder.Read("_HisTime.txt"),
-            "Total node number:  2\nTotal element number:  1\nTotal time step:  0\nTime increment(s):  -1\n"
-            "Solution Method:  Newmark.\nSolution Assumption:  Nonlinear.\n--\nNode No.     1\nNode No.     2\n"
-            "Mem No.     1\n");
+  EXPECT_TRUE(m_folder.Read("_HisTime.txt").ends_with("--\nNode No.     1\nNode No.     2\nMem No.     1\n"));
 }
 
 TEST_F(TimeHistory, Findings) {
