@@ -12,6 +12,13 @@ std::vector<double> ReadText(const std::string& strText, double dPeak) {
   return ReadAccelerationRecord(strm, dPeak);
 }
 
+TEST(AccelerationRecord, StandardRecord) {
+  CTestPlatform platform;
+  const auto record = ReadAccelerationRecord(SKYFRAME_SOURCE_DIR "\\data\\GroundAccData\\Elcentro.txt", 0.35);
+  ASSERT_TRUE(record && record->size() == 1559U);
+  EXPECT_DOUBLE_EQ(std::abs(record->at(101)), 0.35);
+}
+
 TEST(AccelerationRecord, ScaledToThePeak) {
   const struct {
     std::string strText;

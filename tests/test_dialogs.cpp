@@ -66,6 +66,21 @@ TEST(Templates, RadioButtonsFormGroups) {
   }
 }
 
+TEST(Templates, ControlsStandInLine) {
+  for (const DialogTemplate* pLayout : GetDialogTemplates()) {
+    for (const ControlTemplate& a : pLayout->controls) {
+      const bool bField = a.kind == ControlKind::Edit || a.kind == ControlKind::DropList;
+      EXPECT_TRUE(!bField || (&a - 1)->rect.nY - a.rect.nY == 2) << pLayout->nId << ": " << a.nId << " and its label";
+      for (const ControlTemplate& b : pLayout->controls) {
+        const int offsets[] = {a.rect.nX - b.rect.nX, a.rect.nY - b.rect.nY,
+                               a.rect.nX + a.rect.nWidth - b.rect.nX - b.rect.nWidth};
+        for (const int nOffset : offsets)
+          EXPECT_TRUE(nOffset != 1 || a.kind != b.kind) << pLayout->nId << ": " << a.nId;
+      }
+    }
+  }
+}
+
 /// Number and title, then every control in its order: kind, identifier, text, items.
 std::string DescribeAll(const DialogTemplate& layout) {
   constexpr std::string_view c_strKinds = "LGERCBODSV";

@@ -49,7 +49,8 @@ TEST(ResultFiles, WideNumbersTouchTheNext) {
   const std::string strThree = "-20000.000     -19000.000     -18000.000";
   strText.replace(strText.find(strThree), strThree.size(), "-200000000000.000190000000000.000inf");
   const test::CTextPlatform platform(strText);
-  const auto& moments = test::Take(ReadStaticResultFile("", 2)).members.at(0).diagrams.at(c_nMzx);
+  const StaticResultFile file = test::Take(ReadStaticResultFile("", 2));
+  const auto& moments = file.members.at(0).diagrams.at(c_nMzx);
   EXPECT_EQ(moments[0], -2e11);
   EXPECT_EQ(moments[1], 1.9e11);
 }
