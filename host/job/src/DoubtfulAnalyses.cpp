@@ -72,9 +72,9 @@ std::string DescribeRecord(const RecordText& record) {
   return record.dLargest == 0.0 ? "holds zeros alone and cannot be scaled to a peak" : "";
 }
 
-class CAnalysisChecks {
+class CDoubtfulAnalyses {
  public:
-  CAnalysisChecks(const Job& job, const std::string& strJobPath) : m_job(job), m_strJobPath(strJobPath) {
+  CDoubtfulAnalyses(const Job& job, const std::string& strJobPath) : m_job(job), m_strJobPath(strJobPath) {
     for (const JobLoad& load : job.loads) m_casesInUse.insert(load.nCase);
   }
 
@@ -212,7 +212,7 @@ class CAnalysisChecks {
 }  // namespace
 
 std::vector<JobProblem> FindDoubtfulAnalyses(const Job& job, const std::string& strJobPath) {
-  return CAnalysisChecks(job, strJobPath).Find();
+  return CDoubtfulAnalyses(job, strJobPath).Find();
 }
 
 }  // namespace skyframe::host
