@@ -151,8 +151,11 @@ TEST_F(AdviceOnRuns, EveryDoubtfulRunIsTold) {
        "Time history"},
       {"ground at rest", [](Job& job) { Set(job, MakeModal(4), MakeQuake(0.05, 0.05, 0.0)); }, true,
        "warning: nothing moves in 50 steps: ", "[no-response]"},
-      {"load on a support", [](Job& job) { job.loads.assign(1, JobLoad(0, 1, 0, 10.0)), Set(job, MakeStatic()); }, true,
-       "warning: no load acts ", "[no-load]"},
+      {"load on a support",
+       [](Job& job) {
+         job.loads.assign(1, JobLoad{0, 1, 0, 10.0}), Set(job, MakeStatic());
+       },
+       true, "warning: no load acts ", "[no-load]"},
       {"sections with all axes alike", [](Job& job) { Lean(job, 2.0e8); }, true, "", "iterations"},
   };
   for (const AdviceCase& c : cases) {
