@@ -276,10 +276,11 @@ bool CMainWindow::OpenJob(const QString& strFile) {
   const std::string strJobPath = host::GetJobPath(strPath);
   if (file.errors.empty()) {
     auto session = host::CSession::Open(std::move(file.job), strJobPath, host::FindDataDirectory());
-    if (session)
+    if (session) {
       m_session = std::move(session);
-    else
+    } else {
       file.errors.push_back({"/", std::string(texts::c_strPathTooLong)});
+    }
   }
   if (!file.errors.empty()) {
     CErrorDialog(strFile, file.errors, this).exec();
