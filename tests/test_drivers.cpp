@@ -1,5 +1,6 @@
 // The modal and spectrum drivers: elapsed time, renumbering bracket, parameters, early ends.
 
+#include "EntryPoints.h"
 #include "ModalModels.h"
 #include "skyframe/connect/Findings.h"
 #include "skyframe/connect/ModeConnect.h"
@@ -8,36 +9,15 @@
 namespace skyframe::test {
 namespace {
 
-/// Two storeys of three by two bays whose nodes are numbered at random, a pinned one on top and one that nothing
-/// touches. No symmetry: in a repeated pair SRSS would depend on how the pair is turned.
-void FillShuffledFrame(CHostModel& host) {
-  host.SetSection(1, 2, 90000, 1.1e9, 6.75e8, 6.75e8);
-  host.SetSection(2, 2, 60000, 4.1e8, 2.0e8, 8.0e8);
-  std::vector<int> order(36), number(36);
-  std::iota(order.begin(), order.end(), 0);
-  std::shuffle(order.begin(), order.end(), std::mt19937(3));
-  for (const int n : order) {
-    const int i = n % 4, j = n / 4 % 3, k = n / 12;
-    number[n] = host.AddNode(6.0 * i, 5.0 * j + 0.3 * i, 3.6 * k, c_nRigid, k == 0 ? "111111" : "000000");
-  }
-  for (int n = 0; n < 36; ++n) {
-    const int i = n % 4, j = n / 4 % 3, k = n / 12;
-    if (k < 2) host.AddElement(c_nBeam, number[n], number[n + 12], 102);
-    if (k > 0 && i < 3) host.AddElement(c_nBeam, number[n], number[n + 1], 202);
-    if (k > 0 && j < 2) host.AddElement(c_nBeam, number[n], number[n + 4], 202);
-    if (k > 0) host.AddLoad(0, number[n], c_nDofZ, 10.0 + n);
-  }
-  host.AddNode(50, 0, 0, c_nPinned);
-  const int nTop = host.AddNode(3, 2.5, 9.0, c_nPinned);
-  for (const int n : {24, 25, 28}) host.AddElement(c_nBeam, nTop, number[n], 202);
-}
-
 struct CDriverRun {
   CTestPlatform platform;
   CHostModel host;
   const CJobFolder job{"drivers"};
 
-  CDriverRun() { FillShuffledFrame(host); }
+  CDriverRun() {
+    FillMast(host);
+    host.AddNode(50, 0, 0, c_nPinned);  // nothing touches it
+  }
 
   void RunModal(bool bDeadLoad = false, const std::string& strModes = "6", Steps steps = {}) {
     steps.insert(steps.begin(), Do::Type(16000, strModes));
@@ -130,9 +110,9 @@ TEST(Drivers, SpectrumIsTheSameUnderAnyNumbering) {
   model.SolveModes(run.job.GetJobPath(), 0, false);
   run.RunSpectrum();
   const std::vector<NodeValues>& identical = GetSpectrumFindings().displacements;
-  ASSERT_EQ(renumbered.size(), 38U);
-  EXPECT_GT(identical[0][0] + identical[1][0], 1e-5);
-  for (int i = 0; i < 38 * 6; ++i) EXPECT_NEAR(renumbered[i / 6][i % 6], identical[i / 6][i % 6], 1e-6) << i / 6;
+  ASSERT_EQ(renumbered.size(), 5U);
+  EXPECT_GT(identical[2][0], 1e-5);
+  for (int i = 0; i < 5 * 6; ++i) EXPECT_NEAR(renumbered[i / 6][i % 6], identical[i / 6][i % 6], 1e-6) << i / 6;
 }
 
 TEST(Drivers, DialogValuesReachTheModalRun) {
@@ -194,9 +174,7 @@ TEST(Drivers, LoadMassesFollowTheCombination) {
   EXPECT_EQ(omega[1], omega[0]);
   EXPECT_EQ(mass[1], mass[0]);
   EXPECT_LT(omega[2], 0.8 * omega[0]);
-  double dLoad = 0.0;  // kN
-  for (int n = 12; n < 36; ++n) dLoad += 10.0 + n;
-  EXPECT_NEAR(mass[2] - mass[0], dLoad * 1000.0 / 9.81, 1e-5 * mass[2]);
+  EXPECT_NEAR(mass[2] - mass[0], 20.0 * 1000.0 / 9.81, 1e-5 * mass[2]);
 }
 
 TEST(Drivers, SpectrumEndsEarly) {
