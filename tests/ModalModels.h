@@ -2,6 +2,7 @@
 
 #include "TestPlatform.h"
 #include "skyframe/modal/ModalPencil.h"
+#include "skyframe/values/HistorySet.h"
 
 namespace skyframe::test {
 
@@ -66,6 +67,19 @@ inline void FillSquareTower(CHostModel& host, int nStoreys, int nTowers = 1) {
       host.AddElement(c_nBeam, node(s, c), node(s, (c + 1) % 4));
     }
   }
+}
+
+/// Largest difference over largest value of a table.
+inline double Compare(const CHistoryTable& found, const CHistoryTable& expected) {
+  if (found.GetRows() != expected.GetRows() || found.GetCols() != expected.GetCols()) return 1.0;
+  double dLargest = 0.0, dDifference = 0.0;
+  for (int k = 0; k < found.GetRows(); ++k) {
+    for (int i = 0; i < found.GetCols(); ++i) {
+      dLargest = std::max(dLargest, std::abs(expected[k][i]));
+      dDifference = std::max(dDifference, std::abs(found[k][i] - expected[k][i]));
+    }
+  }
+  return dLargest > 0.0 ? dDifference / dLargest : 1.0;
 }
 
 /// Worst |K phi - omega^2 M phi| / |K phi| and worst |Phi^T M Phi - I| of a model's modes.

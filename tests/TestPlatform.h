@@ -59,4 +59,11 @@ class CTestPlatform {
   IPlatform* m_pPrevious;
 };
 
+/// What every run of an analysis needs.
+struct Session {
+  CTestPlatform platform;
+  CHostModel host;
+  const CJobFolder job{"session"};
+};
+
 }  // namespace skyframe::test

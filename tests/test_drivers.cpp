@@ -9,11 +9,7 @@
 namespace skyframe::test {
 namespace {
 
-struct CDriverRun {
-  CTestPlatform platform;
-  CHostModel host;
-  const CJobFolder job{"drivers"};
-
+struct CDriverRun : Session {
   CDriverRun() {
     FillMast(host);
     host.AddNode(50, 0, 0, c_nPinned);  // nothing touches it

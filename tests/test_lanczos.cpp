@@ -163,17 +163,14 @@ TEST(RootLoss, SubspaceSizes) {
 
 // ---- modes of models ----
 
-struct CModalRun {
-  CTestPlatform platform;
-  CHostModel host;
-  CJobFolder folder{"lanczos"};
+struct CModalRun : Session {
   CAnalysisModel model;
 
   void Solve(int nModes, int nRootCheck = 0, bool bUseLoadMass = false) {
     model.BuildModelForModes(bUseLoadMass);
     model.m_nModes = nModes;
     model.m_nRootCheck = nRootCheck;
-    model.SolveModes(folder.GetJobPath(), 0, bUseLoadMass);
+    model.SolveModes(job.GetJobPath(), 0, bUseLoadMass);
   }
 };
 
@@ -193,15 +190,15 @@ TEST(ModalSolution, RefusesInOrderAndWritesNothing) {
   };
   for (const Case& c : cases) {
     CModalRun run;
-    run.model.SolveModes(run.folder.GetJobPath(), 0, false);  // not built: nothing happens
+    run.model.SolveModes(run.job.GetJobPath(), 0, false);  // not built: nothing happens
     FillCantilever(run.host, 8);
-    run.folder.Write(".mode", "older");
+    run.job.Write(".mode", "older");
     run.model.m_dModeTol = c.dTol;
     run.model.m_nIterMultiple = c.nMultiple;
     run.Solve(c.nModes);
     EXPECT_EQ(run.platform.GetMessages(), Strings{c.pMessage});
     EXPECT_EQ(run.model.m_modalFindings.status, RunStatus::Refused);
-    EXPECT_EQ(run.folder.Read(".mode"), "older");
+    EXPECT_EQ(run.job.Read(".mode"), "older");
     EXPECT_EQ(run.model.ModesSolved, 0);
   }
 }
@@ -321,7 +318,7 @@ TEST(ModalSolution, FreeStructuresAreRefused) {
     EXPECT_TRUE((c.bFree && messages == free) || (c.bUnstable && messages == unstable));
     EXPECT_EQ(run.model.m_modalFindings.status, RunStatus::Failed);
     EXPECT_EQ(run.model.m_modalFindings.conditioning.dLostDigits > 12.0, c.bUnstable);
-    EXPECT_FALSE(run.folder.Has(".mode"));
+    EXPECT_FALSE(run.job.Has(".mode"));
     EXPECT_EQ(run.model.ModesSolved, 0);
   }
 }

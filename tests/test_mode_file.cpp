@@ -28,10 +28,7 @@ const char* const c_pBarFile =
     "2         0.00987906     0              0              \n"
     "3         0              0              0              0              0              0              \n";
 
-struct CBarModel {
-  CTestPlatform platform;
-  CHostModel host;
-  CJobFolder folder{"mode_file"};
+struct CBarModel : Session {
   CAnalysisModel model;
 
   CBarModel() {
@@ -48,36 +45,22 @@ struct CBarModel {
 TEST(ModeFile, TextIsExact) {
   CBarModel bar;
   bar.platform->SetClock({{2024, 3, 7, 9, 5, 0}});
-  bar.folder.Write(".mode", "an older and longer file\n" + std::string(4000, 'x'));
-  bar.model.SolveModes(bar.folder.GetJobPath(), 0, true);
-  EXPECT_EQ(bar.folder.Read(".mode"), c_pBarFile);
-  EXPECT_EQ(bar.folder.List().size(), 1U);
+  bar.job.Write(".mode", "an older and longer file\n" + std::string(4000, 'x'));
+  bar.model.SolveModes(bar.job.GetJobPath(), 0, true);
+  EXPECT_EQ(bar.job.Read(".mode"), c_pBarFile);
+  EXPECT_EQ(bar.job.List().size(), 1U);
   EXPECT_EQ(c_dHertzPerRadian, 0.15915494580678602);  // Deliberate: 1 / 6.2831852
-  bar.model.SolveModes(bar.folder.GetJobPath() + "/no/such/folder", 0, true);
+  bar.model.SolveModes(bar.job.GetJobPath() + "/no/such/folder", 0, true);
   EXPECT_EQ(bar.platform.GetMessages(), Strings{c_pAccess});
-}
-
-TEST(ModeFile, LinesFollowTheHostOrderBeforeRenumbering) {
-  CBarModel bar;
-  std::array<int, 4> second = {0, 2, 3, 1};  // host node 1 became 2, 2 became 3, 3 became 1
-  COMDAT.m_pSecondOrder = second.data();
-  bar.model.Omega = {10.0};
-  bar.model.ModeShapes = CMatrix(1, 1, 0.5);  // the free equation belongs to internal node 1 (number 2)
-  ASSERT_TRUE(WriteModeFile(bar.model, bar.folder.GetJobPath(), bar.model.m_modalFindings));
-  COMDAT.m_pSecondOrder = nullptr;
-  EXPECT_TRUE(bar.folder.Read(".mode").ends_with(
-      "\n2         0.5            0              0              \n"
-      "3         0              0              0              0              0              0              \n"
-      "1         0              0              0              \n"));
 }
 
 TEST(ModeFile, FrequencyReaderFillsOnlyAModelWithoutModes) {
   for (const auto& [nSolved, omega] : {std::pair{0, std::vector<double>{}}, {0, {1.0}}, {1, {}}}) {
     CBarModel bar;
-    bar.folder.Write(".mode", c_pBarFile);
+    bar.job.Write(".mode", c_pBarFile);
     bar.model.Omega = omega;
     bar.model.ModesSolved = nSolved;
-    EXPECT_TRUE(bar.model.ReadModeFrequencies(bar.folder.GetJobPath()));
+    EXPECT_TRUE(bar.model.ReadModeFrequencies(bar.job.GetJobPath()));
     EXPECT_EQ(bar.model.Omega, nSolved == 0 && omega.empty() ? std::vector<double>{317.055} : omega);
     EXPECT_EQ(bar.model.ModesSolved, nSolved);
   }
@@ -144,8 +127,8 @@ TEST(ModeFile, DamagedFilesGetTheirMessage) {
       CBarModel bar;
       bar.model.m_bValid = false;
       bar.model.m_nExpandModes = bFull ? 1 : 0;
-      const std::string strPath = bar.folder.GetJobPath();
-      if (!c.strText.starts_with("missing")) bar.folder.Write(".mode", c.strText);
+      const std::string strPath = bar.job.GetJobPath();
+      if (!c.strText.starts_with("missing")) bar.job.Write(".mode", c.strText);
       const char* const pMessage = bFull ? c.pFull : c.pFrequencies;
       const bool bRead = bFull ? bar.model.ReadModeFile(strPath) : bar.model.ReadModeFrequencies(strPath);
       EXPECT_EQ(bRead, pMessage == nullptr);
@@ -160,15 +143,13 @@ TEST(ModeFile, CountMismatchComesBeforeTheStreamState) {
   // A model without other nodes: a missing fourth count reads as the right 0, and only then the end shows.
   for (const auto& [pCounts, pMessage] :
        {std::pair{"1 2 2", c_pRead}, {"1 2", c_pCounts}, {"1 2 2 9999999999", c_pRead}}) {
-    CTestPlatform platform;
-    CHostModel host;
-    CJobFolder folder("mode_file");
-    FillCantilever(host, 1);
+    Session run;
+    FillCantilever(run.host, 1);
     CAnalysisModel model;
     model.BuildModelForModes(false);
-    folder.Write(".mode", std::string("The_Data_of_Zan's_Mode_Analysis d t v ") + pCounts);
-    EXPECT_FALSE(model.ReadModeFrequencies(folder.GetJobPath()));
-    EXPECT_EQ(platform.GetMessages(), Strings{pMessage}) << pCounts;
+    run.job.Write(".mode", std::string("The_Data_of_Zan's_Mode_Analysis d t v ") + pCounts);
+    EXPECT_FALSE(model.ReadModeFrequencies(run.job.GetJobPath()));
+    EXPECT_EQ(run.platform.GetMessages(), Strings{pMessage}) << pCounts;
   }
 }
 

@@ -45,10 +45,7 @@ TEST(ModalCombination, WorkedValues) {
 
 /// Modal run on the host's model, dead loads as masses, then a fresh model with its mode file read. X direction,
 /// intensity 7 (0.10g), zone 1, class II: Tg = 0.35 s, alpha_max = 0.08.
-struct CSpectrumRun {
-  CTestPlatform platform;
-  CHostModel host;
-  CJobFolder folder{"spectrum"};
+struct CSpectrumRun : Session {
   CAnalysisModel model;
 
   template <class FillHost>
@@ -61,14 +58,14 @@ struct CSpectrumRun {
     }
     modal.m_nModes = nModes;
     modal.m_bShear = bShear;
-    modal.SolveModes(folder.GetJobPath(), 0, true);
+    modal.SolveModes(job.GetJobPath(), 0, true);
     model.m_nExpandModes = nExpand;
     model.m_nSiteClass = 2;
     model.m_dDampRatio = 0.05;
     model.m_nMeshDiv = 5;
-    EXPECT_TRUE(model.ReadModeFile(folder.GetJobPath()));
+    EXPECT_TRUE(model.ReadModeFile(job.GetJobPath()));
   }
-  void Analyse() { model.SpectrumAnalysis(folder.GetJobPath(), 0, true); }
+  void Analyse() { model.SpectrumAnalysis(job.GetJobPath(), 0, true); }
 };
 
 void ExpectRow(std::span<const double> actual, const Vector& expected, double dTolerance = 1e-12) {
@@ -84,7 +81,7 @@ TEST(SpectrumAnalysis, OneBarLetterForLetter) {
   run.model.m_nCombMethod = c_nCqc;
   run.Analyse();
   EXPECT_TRUE(run.platform.GetMessages().empty());
-  EXPECT_EQ(run.folder.Read(".spec"),
+  EXPECT_EQ(run.job.Read(".spec"),
             "The_Data_of_Zan's_Spectrum_Analysis\n\n12/31/2025  23:59:9\nv1.0\n\n1 2 0 2 1\n101.224        \n"
             "各阶振型参与质量:\n10246.4        \n总计算参与质量:10246.4\n总参与质量:10246.3\n0.05           \n"
             "Spectrum_Combine_method: CQC\nNode_Dis:\n1       0              0              0              \n"
@@ -160,9 +157,9 @@ TEST(SpectrumAnalysis, TwoStoreyShearFrameByHand) {
     EXPECT_EQ(run.model.m_nMeshDiv, nCells + 1);  // Deliberate: the run leaves the count of stations
 
     // The moment runs from V L/2 to -V L/2.
-    const auto file = ReadSpectrum(run.folder);
+    const auto file = ReadSpectrum(run.job);
     ASSERT_EQ(file.members.size(), 2U);
-    EXPECT_EQ(std::ranges::count(run.folder.Read(".spec"), '\n'), 22 + 2 * (nCells + 2));  // a station a line
+    EXPECT_EQ(std::ranges::count(run.job.Read(".spec"), '\n'), 22 + 2 * (nCells + 2));  // a station a line
     for (const int s : {0, 1}) {
       EXPECT_NEAR(std::abs(file.gamma.at(s)), std::abs(frame.gamma[s]), 3e-5 * std::abs(frame.gamma[s]));
       EXPECT_NEAR(file.masses.at(s), frame.gamma[s] * frame.gamma[s], 6e-5 * file.masses[s]);
@@ -198,10 +195,10 @@ TEST(SpectrumAnalysis, TwoStoreyShearFrameByHand) {
 TEST(SpectrumAnalysis, FindingsBelongToTheFileThatAnotherCombinationGave) {
   // Modes of a run with load masses, combined without them: V of the supports, not r^T M phi alpha g.
   CSpectrumRun run(ShearFrame::Fill, 2, 2);
-  run.model.SpectrumAnalysis(run.folder.GetJobPath(), 0, false);
+  run.model.SpectrumAnalysis(run.job.GetJobPath(), 0, false);
   const SpectrumFindings& findings = run.model.m_spectrumFindings;
   EXPECT_LT(findings.modalMass[0], 0.2);
-  EXPECT_NEAR(findings.baseShear[0], ReadSpectrum(run.folder).supports.at(0).forces[0], 1e-5 * findings.baseShear[0]);
+  EXPECT_NEAR(findings.baseShear[0], ReadSpectrum(run.job).supports.at(0).forces[0], 1e-5 * findings.baseShear[0]);
 }
 
 TEST(SpectrumAnalysis, AllModesCarryTheTotalMassAndListsHaveTenValuesALine) {
@@ -210,11 +207,11 @@ TEST(SpectrumAnalysis, AllModesCarryTheTotalMassAndListsHaveTenValuesALine) {
     CSpectrumRun run([](CHostModel& h) { FillSquareTower(h, 1); }, 24, k);
     run.model.m_dDirCoef = direction;
     run.Analyse();
-    const std::string strText = run.folder.Read(".spec");
+    const std::string strText = run.job.Read(".spec");
     const std::size_t nList = strText.find('\n', strText.find("各阶振型参与质量:")) + 1;
     EXPECT_EQ(strText.find('\n', nList), nList + 150U);
     EXPECT_EQ(strText.find("总计算参与质量:"), nList + (k == 24 ? 24 * 15 + 3U : 150 + 1U));
-    const auto file = ReadSpectrum(run.folder);
+    const auto file = ReadSpectrum(run.job);
     EXPECT_NEAR(file.dComputedMass / file.dTotalMass, 1.0, k == 24 ? 2e-5 : 0.5);
   }
 }
@@ -245,7 +242,7 @@ TEST(SpectrumAnalysis, RefusesInOrderAndWritesNothing) {
   };
   for (const Case& c : cases) {
     CSpectrumRun run(ShearFrame::Fill, 2, 2);
-    run.folder.Write(".spec", "older");
+    run.job.Write(".spec", "older");
     COMDAT.m_fSpectrum[2] = 7.0F;
     c.change(run.model);
     run.Analyse();
@@ -253,8 +250,8 @@ TEST(SpectrumAnalysis, RefusesInOrderAndWritesNothing) {
     if (c.pMessage) expected.emplace_back(c.pMessage);
     EXPECT_EQ(run.platform.GetMessages(), expected);
     EXPECT_EQ(run.model.m_spectrumFindings.status, c.status);
-    EXPECT_EQ(run.folder.Read(".spec"), "older");
-    EXPECT_EQ(run.folder.List().size(), 2U);
+    EXPECT_EQ(run.job.Read(".spec"), "older");
+    EXPECT_EQ(run.job.List().size(), 2U);
     EXPECT_EQ(COMDAT.m_fSpectrum[2], 7.0F);
   }
 }
@@ -270,15 +267,15 @@ TEST(SpectrumAnalysis, VirtualModeCompletesTheFrame) {
     run.Analyse();
     EXPECT_TRUE(run.platform.GetMessages().empty());
     EXPECT_EQ(run.model.ModeDamping.size(), static_cast<std::size_t>(nExpand + (bAdded ? 1 : 0)));
-    EXPECT_EQ(run.folder.List().size(), bAdded ? 4U : 2U);
+    EXPECT_EQ(run.job.List().size(), bAdded ? 4U : 2U);
     EXPECT_EQ(run.model.m_spectrumFindings.bVirtual, bAdded);
     EXPECT_EQ(run.model.m_spectrumFindings.nModes, nExpand);
     EXPECT_EQ(run.model.m_spectrumFindings.conditioning.place.nNode > 0, bAdded);
     if (!bAdded) continue;
     const double u = frame.Combine(c_nSrss, [&](int i) { return frame.factor[i] * frame.phi[i][1]; });
-    EXPECT_NEAR(ReadSpectrum(run.folder).displacements.at(2)[0], u, 1e-4 * u);
-    const auto mode = Take(host::ReadVirtualModeFile(run.folder.GetPath("_VirtMode.spec"), GetJobNodes()));
-    const auto response = Take(host::ReadVirtualResponseFile(run.folder.GetPath("VIRTRESP.log")));
+    EXPECT_NEAR(ReadSpectrum(run.job).displacements.at(2)[0], u, 1e-4 * u);
+    const auto mode = Take(host::ReadVirtualModeFile(run.job.GetPath("_VirtMode.spec"), GetJobNodes()));
+    const auto response = Take(host::ReadVirtualResponseFile(run.job.GetPath("VIRTRESP.log")));
     EXPECT_NEAR(mode.omega, frame.omega[1], 1e-4 * frame.omega[1]);
     EXPECT_NEAR(mode.dHertz, mode.omega / 6.2831852, 1e-5 * mode.dHertz);
     EXPECT_EQ(mode.shape.at(0)[0], 0.0);
@@ -300,8 +297,8 @@ TEST(SpectrumAnalysis, ShearFlagOfTheModeFileRulesTheForces) {
     CSpectrumRun run(fill, 1, 1, bShear);
     run.model.m_dDirCoef = {0, 1, 0};
     run.Analyse();
-    const double dTip = ReadSpectrum(run.folder).displacements.at(4)[1];
-    const double dShear = ReadSpectrum(run.folder).supports.at(0).forces[1];
+    const double dTip = ReadSpectrum(run.job).displacements.at(4)[1];
+    const double dShear = ReadSpectrum(run.job).supports.at(0).forces[1];
     const double dExpected = 1.0 / (3.0 * EI) + bShear / GA;  // 1.9 % apart
     EXPECT_NEAR(dTip / dShear, dExpected, 1e-4 * dExpected);
     EXPECT_NEAR(std::pow(run.model.Omega[0], 2) * dExpected * 1e7 / 9.81, 1.0, 1e-3);

@@ -35,11 +35,7 @@ void RunStatic(CTestPlatform& platform, const StaticOptions& options = {}) {
   EXPECT_TRUE(platform->GetScriptErrors().empty());
 }
 
-struct StaticAnalysis : testing::Test {
-  CTestPlatform platform;
-  CHostModel host;
-  const CJobFolder job{"static"};
-};
+struct StaticAnalysis : testing::Test, Session {};
 
 /// The analysis itself, load case 0, absolute force criterion.
 void Solve(CAnalysisModel& model, const CJobFolder& job, bool bNonlinear, double dTolerance = 1e-3,
@@ -155,16 +151,14 @@ TEST(StaticNonlinear, ArchFollowsItsPath) {
     double dAxial;
   } cases[] = {{114.05520, 0.02, -239649.80}, {272.22127, 0.05, -589038.84}};
   for (const auto& c : cases) {
-    CTestPlatform platform;
-    CHostModel host;
-    FillArch(host, c.dLoad);
-    const CJobFolder job("arch");
+    Session run;
+    FillArch(run.host, c.dLoad);
     CAnalysisModel model;
-    Solve(model, job, true, 1e-4);
-    EXPECT_TRUE(platform.GetMessages().empty());
+    Solve(model, run.job, true, 1e-4);
+    EXPECT_TRUE(run.platform.GetMessages().empty());
     EXPECT_NEAR(model.m_staticFindings.displacements.at(1)[2], -c.dDescent, 1e-7);
     for (const auto& pElement : model.GetElements()) EXPECT_NEAR(pElement->GetAxialForce(), c.dAxial, 0.5);
-    EXPECT_TRUE(job.Read(c_pNonlinear).starts_with("Nonlinear Solution Output: \n"));
+    EXPECT_TRUE(run.job.Read(c_pNonlinear).starts_with("Nonlinear Solution Output: \n"));
   }
 }
 
@@ -210,29 +204,25 @@ TEST(StaticNonlinear, StopsByItsCriterion) {
   };
   for (const auto& c : cases) {
     SCOPED_TRACE(std::to_string(c.nCriterion) + " " + c.pTolerance + " " + c.pMaxIter);
-    CTestPlatform platform;
-    CHostModel host;
-    FillArch(host, 200.0);
-    const CJobFolder job("criterion");
-    job.Write(c_pNonlinear, "older result");
+    Session run;
+    FillArch(run.host, 200.0);
+    run.job.Write(c_pNonlinear, "older result");
     const std::vector<int> loads = c.bLoaded ? std::vector<int>{0} : std::vector<int>{};
-    RunStatic(platform, {true, loads, c.nCriterion, c.pTolerance, c.pMaxIter});
+    RunStatic(run.platform, {true, loads, c.nCriterion, c.pTolerance, c.pMaxIter});
     const std::vector<std::string> noConvergence = {"在给定的迭代步内计算不收敛！\n请增加最大迭代步数！"};
-    EXPECT_EQ(platform.GetMessages(), c.bConverges ? Strings{} : noConvergence);
-    EXPECT_EQ(job.Read(c_pNonlinear) == "older result", !c.bConverges);
-    EXPECT_EQ(job.List().size(), 1U);  // no temporary file is left
+    EXPECT_EQ(run.platform.GetMessages(), c.bConverges ? Strings{} : noConvergence);
+    EXPECT_EQ(run.job.Read(c_pNonlinear) == "older result", !c.bConverges);
+    EXPECT_EQ(run.job.List().size(), 1U);  // no temporary file is left
   }
 }
 
 // The same path walked with the stiffness of the undeformed arch; areas are single precision.
 TEST(StaticNonlinear, FindingsSayHowFarItCame) {
   for (const int nMaxIter : {0, 1, 2, 500}) {
-    CTestPlatform platform;
-    CHostModel host;
-    FillArch(host, 200.0);
-    const CJobFolder job("findings");
+    Session run;
+    FillArch(run.host, 200.0);
     CAnalysisModel model;
-    Solve(model, job, true, 1e-3, nMaxIter);
+    Solve(model, run.job, true, 1e-3, nMaxIter);
     const StaticFindings& found = model.m_staticFindings;
     const double P = 200e3, k = c_dE * 1e-3 / std::pow(17.0, 1.5);
     double w = 0.0, R = P, du = 0.0, dPrevious = 0.0;
@@ -241,8 +231,8 @@ TEST(StaticNonlinear, FindingsSayHowFarItCame) {
       w += du;
       R = P - k * (2 * w - w * w) * (1 - w);
     }
-    EXPECT_TRUE(nMaxIter != 2 || platform.GetProgress() == (std::vector{0.5, 1.0}));
-    EXPECT_EQ(platform->GetWaitCursorDepth(), 0);
+    EXPECT_TRUE(nMaxIter != 2 || run.platform.GetProgress() == (std::vector{0.5, 1.0}));
+    EXPECT_EQ(run.platform->GetWaitCursorDepth(), 0);
     EXPECT_EQ(found.status, nMaxIter == 500 ? RunStatus::Done : RunStatus::Failed);
     EXPECT_TRUE(nMaxIter == 500 || found.nIterations == nMaxIter);
     EXPECT_DOUBLE_EQ(found.dForce, P);
@@ -257,25 +247,21 @@ TEST(StaticNonlinear, FindingsSayHowFarItCame) {
 // A support so soft that the first increment runs beyond every bound; only the positive side is watched.
 TEST(StaticNonlinear, WatchesForRunaways) {
   for (const double dSign : {1.0, -1.0}) {
-    CTestPlatform platform;
-    CHostModel host;
-    host.SetSection(1, 2, 1e-15);
-    host.AddNode(0, 0, 0, c_nPinned, "111000");
-    host.AddNode(1, 0, 0, c_nPinned, "011000");
-    host.AddElement(c_nBar, 1, 2);
-    host.AddLoad(0, 2, c_nDofX, dSign * 1e5);
-    const CJobFolder job("runaway");
-    RunStatic(platform, {.bNonlinear = true, .nCriterion = 1, .strTolerance = "1e30", .strMaxIter = "1"});
+    Session run;
+    run.host.SetSection(1, 2, 1e-15);
+    run.host.AddNode(0, 0, 0, c_nPinned, "111000");
+    run.host.AddNode(1, 0, 0, c_nPinned, "011000");
+    run.host.AddElement(c_nBar, 1, 2);
+    run.host.AddLoad(0, 2, c_nDofX, dSign * 1e5);
+    RunStatic(run.platform, {.bNonlinear = true, .nCriterion = 1, .strTolerance = "1e30", .strMaxIter = "1"});
     if (dSign > 0.0) {
-      EXPECT_EQ(platform.GetMessages(), Strings{"节点2的X向超过限定值1.0e10!\n结构几何可变，请检查！"});
-      EXPECT_FALSE(job.Has(c_pNonlinear));
-      CAnalysisModel model;
-      Solve(model, job, true);
-      EXPECT_EQ(model.m_staticFindings.nIterations, 1);
-      EXPECT_EQ(model.m_staticFindings.largestIncrement.nNode, 2);
+      EXPECT_EQ(run.platform.GetMessages(), Strings{"节点2的X向超过限定值1.0e10!\n结构几何可变，请检查！"});
+      EXPECT_FALSE(run.job.Has(c_pNonlinear));
+      EXPECT_EQ(GetStaticFindings().nIterations, 1);
+      EXPECT_EQ(GetStaticFindings().largestIncrement.nNode, 2);
     } else {
-      EXPECT_TRUE(platform.GetMessages().empty());
-      EXPECT_TRUE(job.Has(c_pNonlinear));
+      EXPECT_TRUE(run.platform.GetMessages().empty());
+      EXPECT_TRUE(run.job.Has(c_pNonlinear));
     }
   }
 }
@@ -294,24 +280,22 @@ TEST(StaticFailures, UnstableStructuresAreRefused) {
                {"zero area", 1, c_nPinned, "011000", 0}};
   for (const auto& c : cases) {
     SCOPED_TRACE(c.pName);
-    CTestPlatform platform;
-    CHostModel host;
-    host.SetSection(1, 2, c.dArea);
-    host.AddNode(0, 0, 0, c_nPinned, "111000");
-    host.AddNode(c.dX, 0, 0, c.joint, c.pRestraint);
-    host.AddElement(c_nBar, 1, 2);
-    host.AddLoad(0, 2, c_nDofX, 10.0);
-    const CJobFolder job("unstable");
-    job.Write(c_pLinear, "older result");
-    RunStatic(platform);
+    Session run;
+    run.host.SetSection(1, 2, c.dArea);
+    run.host.AddNode(0, 0, 0, c_nPinned, "111000");
+    run.host.AddNode(c.dX, 0, 0, c.joint, c.pRestraint);
+    run.host.AddElement(c_nBar, 1, 2);
+    run.host.AddLoad(0, 2, c_nDofX, 10.0);
+    run.job.Write(c_pLinear, "older result");
+    RunStatic(run.platform);
     CAnalysisModel model;
-    Solve(model, job, true);
-    EXPECT_EQ(platform.GetMessages(), (Strings{"结构几何可变", "结构几何可变"}));
-    EXPECT_TRUE(job.Has(c_pLinear));
-    EXPECT_EQ(job.Read(c_pLinear), "");  // opened first, left empty
-    EXPECT_FALSE(job.Has(c_pNonlinear));
+    Solve(model, run.job, true);
+    EXPECT_EQ(run.platform.GetMessages(), (Strings{"结构几何可变", "结构几何可变"}));
+    EXPECT_TRUE(run.job.Has(c_pLinear));
+    EXPECT_EQ(run.job.Read(c_pLinear), "");  // opened first, left empty
+    EXPECT_FALSE(run.job.Has(c_pNonlinear));
     EXPECT_EQ(model.m_staticFindings.conditioning.place.nNode, 2);
-    EXPECT_EQ(platform.GetConsole().find("荷载组装"), std::string::npos);  // no load without a factorised K
+    EXPECT_EQ(run.platform.GetConsole().find("荷载组装"), std::string::npos);  // no load without a factorised K
   }
 }
 

@@ -9,7 +9,6 @@
 #include "skyframe/history/ImpulseScript.h"
 #include "skyframe/hostdata/HostData.h"
 #include "skyframe/model/AnalysisModel.h"
-#include "skyframe/values/HistorySet.h"
 
 namespace skyframe::test {
 namespace {
@@ -171,19 +170,6 @@ WholeRun MakeNonlinear(int nCriterion, double dTolerance, int nMaxIter) {
         model.m_nMaxIter = nMaxIter;
         model.NewmarkIntegration(g_FilePathName, 1, 1);
       }};
-}
-
-/// Largest difference over largest value of a table.
-double Compare(const CHistoryTable& found, const CHistoryTable& expected) {
-  if (found.GetRows() != expected.GetRows() || found.GetCols() != expected.GetCols()) return 1.0;
-  double dLargest = 0.0, dDifference = 0.0;
-  for (int k = 0; k < found.GetRows(); ++k) {
-    for (int i = 0; i < found.GetCols(); ++i) {
-      dLargest = std::max(dLargest, std::abs(expected[k][i]));
-      dDifference = std::max(dDifference, std::abs(found[k][i] - expected[k][i]));
-    }
-  }
-  return dLargest > 0.0 ? dDifference / dLargest : 1.0;
 }
 
 TEST(TimeHistoryDrivers, EverySettingOfTheDialogsReachesTheRun) {
