@@ -49,17 +49,13 @@ std::string Replace(const std::string& strFrom, const std::string& strTo) {
   return strText.replace(strText.find(strFrom), strFrom.size(), strTo);
 }
 
-class HistoryFile : public testing::Test {
- protected:
+struct HistoryFile : testing::Test, Session {
   HistoryFile() {
-    m_host.AddNode(0, 0, 0);
-    m_host.AddNode(1, 0, 0);
-    m_host.AddElement(c_nBar, 1, 2);
+    host.AddNode(0, 0, 0);
+    host.AddNode(1, 0, 0);
+    host.AddElement(c_nBar, 1, 2);
   }
 
-  CTestPlatform m_platform;
-  CHostModel m_host;
-  const CJobFolder m_folder{"history_file"};
   RunFindings m_findings;
 };
 
@@ -74,29 +70,29 @@ TEST_F(HistoryFile, ExactText) {
   for (const auto& c : cases) {
     history.nMethod = c.nMethod;
     history.nAssumption = c.nAssumption;
-    ASSERT_TRUE(WriteHistory(history, m_folder.GetPath("_HisTime.txt"), m_findings));
-    EXPECT_EQ(m_folder.Read("_HisTime.txt"), Replace(cases[0].strLines, c.strLines));
+    ASSERT_TRUE(WriteHistory(history, job.GetPath("_HisTime.txt"), m_findings));
+    EXPECT_EQ(job.Read("_HisTime.txt"), Replace(cases[0].strLines, c.strLines));
   }
 }
 
 TEST_F(HistoryFile, ReadingTellsTheHostRecordAndFailuresChangeNothing) {
   HistorySet history;
   EXPECT_FALSE(ReadHistoryFile(history));
-  EXPECT_EQ(m_platform.GetMessages(), Strings{"没有进行时程分析。"});
-  m_platform->Clear();
-  m_folder.Write("_HisTime.txt", Replace("Linear", "Nonlinear"));
+  EXPECT_EQ(platform.GetMessages(), Strings{"没有进行时程分析。"});
+  platform->Clear();
+  job.Write("_HisTime.txt", Replace("Linear", "Nonlinear"));
   ASSERT_TRUE(ReadHistoryFile(history));
-  m_host.AddNode(2, 0, 0);  // the model grows
+  host.AddNode(2, 0, 0);  // the model grows
   EXPECT_FALSE(ReadHistoryFile(history));
-  EXPECT_TRUE(m_platform.GetMessages().empty());
+  EXPECT_TRUE(platform.GetMessages().empty());
   EXPECT_EQ(COMDYN.m_nHistoryCount, 2);
   EXPECT_EQ(COMDYN.m_dHistoryStep, 0.02);
   EXPECT_EQ(COMDYN.m_nMethod, 1);
   EXPECT_EQ(COMDYN.m_bNonlinear, 1);
   EXPECT_EQ(history.values[c_nHistoryY][1][0], -17.0859);
   EXPECT_EQ(history.values[c_nHistoryForce][0][0], 1234570.0);
-  EXPECT_EQ(m_platform->GetWaitCursorCount(), 2);
-  EXPECT_EQ(m_platform->GetWaitCursorDepth(), 0);
+  EXPECT_EQ(platform->GetWaitCursorCount(), 2);
+  EXPECT_EQ(platform->GetWaitCursorDepth(), 0);
 }
 
 TEST_F(HistoryFile, LongStepNumbersFillTheirField) {
@@ -106,9 +102,9 @@ TEST_F(HistoryFile, LongStepNumbersFillTheirField) {
   history.nAssumption = 1;
   history.values[c_nHistoryX][100000][0] = 4.5;
   history.values[c_nHistoryForce][100000][1] = -7.0;
-  const std::string strPath = m_folder.GetPath("_HisTime.txt");
+  const std::string strPath = job.GetPath("_HisTime.txt");
   ASSERT_TRUE(WriteHistory(history, strPath, m_findings));
-  const std::string strText = m_folder.Read("_HisTime.txt");
+  const std::string strText = job.Read("_HisTime.txt");
   EXPECT_NE(strText.find("\nTime.100000              0"), std::string::npos);
   const std::optional<HistorySet> read = ParseHistory(strText, 1, 2);
   ASSERT_TRUE(read);
@@ -165,11 +161,11 @@ TEST_F(HistoryFile, CurveFiles) {
                {{2, 1}, "_1_node.txt", "Z-direction Disp(m): ", "       -38.4434", "       -86.4976"},
                {{3, 1}, "_1_elem.txt", "Element internal force(N): ", "    1.23457e+06", "         -1e-07"}};
   for (const auto& c : cases) {
-    ASSERT_TRUE(WriteCurve(history, c.curve, m_folder.GetJobPath()));
-    EXPECT_EQ(m_folder.Read(c.strSuffix), strHeader + c.strTitle + "\nTimePoint:              1" + c.strFirst +
-                                              "\nTimePoint:              2" + c.strSecond + "\n");
+    ASSERT_TRUE(WriteCurve(history, c.curve, job.GetJobPath()));
+    EXPECT_EQ(job.Read(c.strSuffix), strHeader + c.strTitle + "\nTimePoint:              1" + c.strFirst +
+                                         "\nTimePoint:              2" + c.strSecond + "\n");
   }
-  EXPECT_FALSE(WriteCurve(history, {0, 1}, m_folder.GetPath("/none/x")));
+  EXPECT_FALSE(WriteCurve(history, {0, 1}, job.GetPath("/none/x")));
 }
 
 }  // namespace

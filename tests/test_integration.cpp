@@ -67,8 +67,7 @@ std::string MakeScript(int nBlocks, const std::string& strLine) {
   return strText + "/END/";
 }
 
-class TimeHistory : public testing::Test {
- protected:
+struct TimeHistory : testing::Test, Session {
   /// Mode file that fits the host's model.
   void WriteModes(const std::vector<double>& omega) const {
     std::ostringstream strm;
@@ -79,7 +78,7 @@ class TimeHistory : public testing::Test {
          << ABCD.m_nElements << ' ' << ABCD.m_nNodes << ' ' << nRigid << ' ' << ABCD.m_nNodes - nRigid << ' '
          << omega.size() << " 0\nEigen_And_Freq:\n";
     for (std::size_t i = 0; i < omega.size(); ++i) strm << i + 1 << ' ' << omega[i] << ' ' << omega[i] / 6.28 << '\n';
-    m_folder.Write(".mode", strm.str());
+    job.Write(".mode", strm.str());
   }
 
   /// A new model; iterations by the relative force.
@@ -96,24 +95,21 @@ class TimeHistory : public testing::Test {
     return m_model->m_history.values[nQuantity][k][nColumn];
   }
 
-  CTestPlatform m_platform;
-  CHostModel m_host;
-  const CJobFolder m_folder{"integration"};
   std::optional<CAnalysisModel> m_model;
 };
 
 TEST_F(TimeHistory, StaticLoadsBecomeMass) {
-  m_host.SetSection(1, 2, 10000.0, 1e8, 1e8, 1e8);
-  m_host.AddNode(0, 0, 0, c_nRigid, "111111");
-  m_host.AddNode(2, 0, 0);
-  m_host.AddNode(4, 0, 0, c_nPinned, "001000");
-  m_host.AddElement(c_nBeam, 1, 2);
-  m_host.AddElement(c_nBar, 2, 3);
-  m_host.AddLoad(0, 2, c_nDofZ, 3.0);
-  m_host.AddLoad(0, 2, c_nDofX, 50.0);  // only vertical loads count
-  m_host.AddLoad(1, 2, c_nDofZ, 4.0);
-  m_host.AddLoad(1, 3, c_nDofZ, 2.0);     // restrained in Z, free in X and Y
-  m_host.AddLoad(2, 2, c_nDofZ, 1000.0);  // not selected
+  host.SetSection(1, 2, 10000.0, 1e8, 1e8, 1e8);
+  host.AddNode(0, 0, 0, c_nRigid, "111111");
+  host.AddNode(2, 0, 0);
+  host.AddNode(4, 0, 0, c_nPinned, "001000");
+  host.AddElement(c_nBeam, 1, 2);
+  host.AddElement(c_nBar, 2, 3);
+  host.AddLoad(0, 2, c_nDofZ, 3.0);
+  host.AddLoad(0, 2, c_nDofX, 50.0);  // only vertical loads count
+  host.AddLoad(1, 2, c_nDofZ, 4.0);
+  host.AddLoad(1, 3, c_nDofZ, 2.0);     // restrained in Z, free in X and Y
+  host.AddLoad(2, 2, c_nDofZ, 1000.0);  // not selected
   CAnalysisModel& model = Build(0.01, 1.0);
   model.m_nLoadCaseFlag[0] = model.m_nLoadCaseFlag[1] = 1;
   for (const double dSign : {1.0, -1.0}) {  // downward loads add nothing
@@ -130,11 +126,11 @@ TEST_F(TimeHistory, StaticLoadsBecomeMass) {
 
 // The first steps by the definitions of the two schemes, the extremes by the closed form.
 TEST_F(TimeHistory, OneBarUnderAStepLoad) {
-  FillOneBar(m_host);
+  FillOneBar(host);
   WriteModes({317.0546, 1000.0});
   const double dStatic = 1.0e4 / 1.03e9;
   const int nBlocks = 970, nSteps = 1000;  // the load ends before the run
-  m_folder.Write("impulseload.log", MakeScript(nBlocks, "2 10 0 0 "));
+  job.Write("impulseload.log", MakeScript(nBlocks, "2 10 0 0 "));
   for (const bool bWilson : {false, true}) {
     CAnalysisModel& model = Build(0.001, 1.0005);
     model.m_nLoadCaseFlag[0] = 1;
@@ -142,9 +138,9 @@ TEST_F(TimeHistory, OneBarUnderAStepLoad) {
     model.m_bLoadFromFile = 1;
     COMDYN.m_bNonlinear = 1;
     if (bWilson) {
-      model.WilsonTheta(m_folder.GetJobPath());
+      model.WilsonTheta(job.GetJobPath());
     } else {
-      model.NewmarkIntegration(m_folder.GetJobPath(), 0, 0);
+      model.NewmarkIntegration(job.GetJobPath(), 0, 0);
     }
     ASSERT_EQ(model.m_history.nSteps, nSteps);
     EXPECT_NEAR(GetRow(c_nHistoryX, 0, 1), bWilson ? 1.54175e-7 : 2.34384e-7, 1e-12);
@@ -162,10 +158,10 @@ TEST_F(TimeHistory, OneBarUnderAStepLoad) {
     EXPECT_EQ(COMDYN.m_nMethod, bWilson ? 0 : 1);
     EXPECT_EQ(COMDYN.m_bNonlinear, bWilson ? 0 : 1) << "nodal forces leave the nonlinear setting of Newmark";
   }
-  EXPECT_FALSE(m_folder.Has("_HisTime.txt"));
-  EXPECT_TRUE(m_platform.GetMessages().empty());
+  EXPECT_FALSE(job.Has("_HisTime.txt"));
+  EXPECT_TRUE(platform.GetMessages().empty());
   int nVectors = 0;
-  std::istringstream console(m_platform.GetConsole());
+  std::istringstream console(platform.GetConsole());
   for (std::string strLine; std::getline(console, strLine);) nVectors += strLine == "获取荷载向量" ? 1 : 0;
   EXPECT_EQ(nVectors, 2 * nBlocks);
 }
@@ -181,7 +177,7 @@ void StepExactly(double w, double zeta, double dt, double p0, double p1, double&
 }
 
 TEST_F(TimeHistory, OneBarUnderElCentroAgainstPiecewiseExactIntegration) {
-  FillOneBar(m_host, 1.0);
+  FillOneBar(host, 1.0);
   const double m = 100000.0 / 9.81 + 7900.0 * 1e-6 * 2.0 / 3.0, w = std::sqrt(1.03e5 / m), zeta = 0.05;
   WriteModes({w, w, 5.0 * w});
   CAnalysisModel& model = Build(0.02, 35.001);  // beyond the record
@@ -190,7 +186,7 @@ TEST_F(TimeHistory, OneBarUnderElCentroAgainstPiecewiseExactIntegration) {
   model.m_strQuakeFile = SKYFRAME_SOURCE_DIR "\\data\\GroundAccData\\Elcentro.txt";
   model.m_bQuakeDir = {1, 1, 1};
   model.m_dPeak = {2.0, 99.0, 99.0};
-  model.NewmarkIntegration(m_folder.GetJobPath(), 0, 1);
+  model.NewmarkIntegration(job.GetJobPath(), 0, 1);
   ASSERT_EQ(model.m_history.nSteps, 1750);
   auto record = *ReadAccelerationRecord(model.m_strQuakeFile, 2.0);
   record.resize(1750, 0.0);
@@ -205,13 +201,13 @@ TEST_F(TimeHistory, OneBarUnderElCentroAgainstPiecewiseExactIntegration) {
   EXPECT_EQ(COMDYN.m_nHistoryCount, 1750);
   EXPECT_EQ(COMDYN.m_dHistoryStep, 0.02);
   EXPECT_EQ(COMDYN.m_bHistoryAvailable, 1);
-  EXPECT_TRUE(m_folder.Has("_HisTime.txt"));
+  EXPECT_TRUE(job.Has("_HisTime.txt"));
 }
 
 TEST_F(TimeHistory, SmallNonlinearRunIsTheLinearOne) {
-  FillLeaningFrame(m_host);
+  FillLeaningFrame(host);
   WriteModes({60.0, 200.0});
-  m_folder.Write("_Tacc.txt", "1 -3 2 5 -4 1 0 2 -1 -2 3 1");
+  job.Write("_Tacc.txt", "1 -3 2 5 -4 1 0 2 -1 -2 3 1");
   HistorySet histories[2];
   for (const int nAssumption : {0, 1}) {
     CAnalysisModel& model = Build(0.004, 0.2, 1e-13);
@@ -219,7 +215,7 @@ TEST_F(TimeHistory, SmallNonlinearRunIsTheLinearOne) {
     model.m_nQuakeMode = 1;
     model.m_dObliqueCoef = {0.6, 0.64, 0.48};
     model.m_dPeakOblique = 1e-2;
-    model.NewmarkIntegration(m_folder.GetJobPath(), nAssumption, 1);
+    model.NewmarkIntegration(job.GetJobPath(), nAssumption, 1);
     ASSERT_TRUE(model.m_history.bComplete);
     EXPECT_EQ(COMDYN.m_bNonlinear, nAssumption);
     histories[nAssumption] = model.m_history;
@@ -244,13 +240,13 @@ ArchState SolveArch(double P) {
 }
 
 TEST_F(TimeHistory, ArchHoldsItsStaticState) {
-  FillArch(m_host);
-  m_host.AddLoad(0, 2, c_nDofZ, -200.0);
+  FillArch(host);
+  host.AddLoad(0, 2, c_nDofZ, -200.0);
   WriteModes({500.0, 5000.0});
   CAnalysisModel& model = Build(0.001, 0.0205, 1e-12);
   model.m_nLoadCaseFlag[0] = 1;
   model.m_nMaxIter = 50;
-  model.NewmarkIntegration(m_folder.GetJobPath(), 1, 1);  // no direction: no ground motion
+  model.NewmarkIntegration(job.GetJobPath(), 1, 1);  // no direction: no ground motion
   ASSERT_TRUE(model.m_history.bComplete);
   EXPECT_NEAR(model.m_staticForce.at(0), SolveArch(2.0e5).dForce, 1.0);
   for (int k = 0; k < 20; ++k) {
@@ -260,7 +256,7 @@ TEST_F(TimeHistory, ArchHoldsItsStaticState) {
 }
 
 TEST_F(TimeHistory, ArchStaysOnItsPathUnderSlowLoad) {
-  FillArch(m_host);
+  FillArch(host);
   WriteModes({500.0, 5000.0});
   const int N = 1000;
   const double m = 2.0 * 7900.0 * 1e-3 * std::sqrt(17.0) / 3.0;
@@ -269,13 +265,13 @@ TEST_F(TimeHistory, ArchStaysOnItsPathUnderSlowLoad) {
   std::ostringstream strm;
   strm.precision(17);
   for (int k = 1; k <= N; ++k) strm << getPart(k) << '\n';
-  m_folder.Write("_Zacc.txt", strm.str());
+  job.Write("_Zacc.txt", strm.str());
   CAnalysisModel& model = Build(0.001, 1.0005, 1e-8);
   model.m_bLoadFromFile = 1;
   model.m_bQuakeDir = {0, 0, 1};
   model.m_dPeak = {1.0, 1.0, dPeak};
   model.m_pDamping[0] = model.m_pDamping[1] = 0.2;
-  model.NewmarkIntegration(m_folder.GetJobPath(), 1, 1);
+  model.NewmarkIntegration(job.GetJobPath(), 1, 1);
   ASSERT_TRUE(model.m_history.bComplete);
   for (int k = 200; k <= N; k += 100) {
     const auto [w, dForce] = SolveArch(m * dPeak * getPart(k));
@@ -285,32 +281,32 @@ TEST_F(TimeHistory, ArchStaysOnItsPathUnderSlowLoad) {
 }
 
 TEST_F(TimeHistory, NoStepsAndNoFreeEquations) {
-  m_host.SetSection(1, 2, 100.0);
-  for (const double dX : {0.0, 1.0}) m_host.AddNode(dX, 0, 0, c_nPinned, "111000");
-  m_host.AddElement(c_nBar, 1, 2);
+  host.SetSection(1, 2, 100.0);
+  for (const double dX : {0.0, 1.0}) host.AddNode(dX, 0, 0, c_nPinned, "111000");
+  host.AddElement(c_nBar, 1, 2);
   WriteModes({500.0, 5000.0});
   for (const int nAssumption : {0, 1}) {
     for (const double dt : {0.01, -1.0}) {
-      Build(dt, 0.05).NewmarkIntegration(m_folder.GetJobPath(), nAssumption, 1);
+      Build(dt, 0.05).NewmarkIntegration(job.GetJobPath(), nAssumption, 1);
       EXPECT_EQ(m_model->m_history.bComplete ? m_model->m_history.nSteps : -1, dt > 0.0 ? 5 : 0);
     }
   }
-  for (int k = 0; k < 10; ++k) EXPECT_NEAR(m_platform.GetProgress().at(k), 0.2 * (k % 5 + 1), 1e-15);
-  EXPECT_TRUE(m_folder.Read("_HisTime.txt").ends_with("--\nNode No.     1\nNode No.     2\nMem No.     1\n"));
+  for (int k = 0; k < 10; ++k) EXPECT_NEAR(platform.GetProgress().at(k), 0.2 * (k % 5 + 1), 1e-15);
+  EXPECT_TRUE(job.Read("_HisTime.txt").ends_with("--\nNode No.     1\nNode No.     2\nMem No.     1\n"));
 }
 
 TEST_F(TimeHistory, Findings) {
-  FillOneBar(m_host);
+  FillOneBar(host);
   WriteModes({34.27, 37.80, 150.0});
-  m_folder.Write("_Xacc.txt", "0 0 0");  // scaled by 0 / 0
+  job.Write("_Xacc.txt", "0 0 0");  // scaled by 0 / 0
   CAnalysisModel& model = Build(0.01, 0.055);
   model.m_pDamping = {0.05, 0.04};
   model.m_bLoadFromFile = 1;
   model.m_bQuakeDir = {1, 0, 0};
-  model.NewmarkIntegration(m_folder.GetJobPath(), 0, 1);
+  model.NewmarkIntegration(job.GetJobPath(), 0, 1);
   const HistoryFindings& found = model.m_historyFindings;
   EXPECT_EQ(found.status, RunStatus::Done);
-  EXPECT_EQ(found.files, Strings{m_folder.GetPath("_HisTime.txt")});
+  EXPECT_EQ(found.files, Strings{job.GetPath("_HisTime.txt")});
   EXPECT_EQ(std::tie(found.nMethod, found.bGroundMotion, found.nSteps, found.nStepsDone, found.dTimeStep),
             std::tuple(1, true, 5, 5, 0.01));
   EXPECT_EQ(std::tie(found.nBadQuantity, found.nBadStep, found.nBadNumber), std::tuple(c_nHistoryX, 1, 2));
@@ -321,7 +317,7 @@ TEST_F(TimeHistory, Findings) {
 }
 
 TEST_F(TimeHistory, FailuresLeaveEverythingAsItWas) {
-  FillOneBar(m_host);
+  FillOneBar(host);
   const std::string strNoFile = "模态文件访问出错,计算终止!", strNoModes = "错误:模态未分析";
   const std::string strBadScript = "冲击荷载数据文件读入有误", strNoRecord = "X方向加速度数据文件读入有误";
   const std::string strRunaway = "节点2的X向超过限定值1.0e10!\n结构几何可变，请检查！";
@@ -346,37 +342,37 @@ TEST_F(TimeHistory, FailuresLeaveEverythingAsItWas) {
       {"ground runs away", 1, 0, 1, "", -1e25, 0.01, {strRunaway}, RunStatus::Failed},
       {"nonlinear ground runs away", 1, 1, 1, "", -1e25, 0.01, {strRunaway}, RunStatus::Failed},
       {"histories beyond the memory", 1, 0, 1, "", 1.0, 1e-300, {strMemory}}};
-  m_folder.Write("_HisTime.txt", "older");
-  m_folder.Write("_record.txt", "1 1 1 1 1");
+  job.Write("_HisTime.txt", "older");
+  job.Write("_record.txt", "1 1 1 1 1");
   for (int n = 0; const auto& c : cases) {
-    m_platform->Clear();
+    platform->Clear();
     if (n++ == 2) WriteModes({317.0});
     CAnalysisModel& model = Build(c.dTimeStep, 0.05);
-    model.m_strQuakeFile = m_folder.GetPath(c.dPeak == 0.0 ? "_none.txt" : "_record.txt");
+    model.m_strQuakeFile = job.GetPath(c.dPeak == 0.0 ? "_none.txt" : "_record.txt");
     model.m_bQuakeDir = {1, 0, 0};
     model.m_dPeak = {c.dPeak, 1.0, 1.0};
     model.LoadScript = c.strScript;
     if (c.nMethod == 0) {
-      model.WilsonTheta(m_folder.GetJobPath());
+      model.WilsonTheta(job.GetJobPath());
     } else {
-      model.NewmarkIntegration(m_folder.GetJobPath(), c.nAssumption, c.bGround);
+      model.NewmarkIntegration(job.GetJobPath(), c.nAssumption, c.bGround);
     }
-    EXPECT_EQ(m_platform.GetMessages(), c.messages) << c.strName;
+    EXPECT_EQ(platform.GetMessages(), c.messages) << c.strName;
     EXPECT_FALSE(model.m_history.bComplete) << c.strName;
     EXPECT_EQ(model.m_historyFindings.status, c.status) << c.strName;
     EXPECT_EQ(model.m_historyFindings.nStepsDone, c.nStepsDone) << c.strName;
     EXPECT_EQ(COMDYN.m_bHistoryAvailable, 0) << c.strName;
-    EXPECT_EQ(m_folder.Read("_HisTime.txt"), "older") << c.strName;
+    EXPECT_EQ(job.Read("_HisTime.txt"), "older") << c.strName;
   }
-  EXPECT_NE(m_platform.GetConsole().find("Couldn't open log file! \n"), std::string::npos);
+  EXPECT_NE(platform.GetConsole().find("Couldn't open log file! \n"), std::string::npos);
 
-  m_platform->Clear();
-  CAnalysisModel().NewmarkIntegration(m_folder.GetJobPath(), 0, 1);  // not built: not a word
+  platform->Clear();
+  CAnalysisModel().NewmarkIntegration(job.GetJobPath(), 0, 1);  // not built: not a word
   // large negative displacements pass
   Build(0.01, 0.015).LoadScript = MakeScript(1, "2 -1e25 0 0 ");
-  m_model->NewmarkIntegration(m_folder.GetJobPath(), 0, 0);
+  m_model->NewmarkIntegration(job.GetJobPath(), 0, 0);
   EXPECT_LT(GetRow(c_nHistoryX, 0, 1), -1.0e10);
-  EXPECT_TRUE(m_platform.GetMessages().empty());
+  EXPECT_TRUE(platform.GetMessages().empty());
 }
 
 }  // namespace

@@ -24,11 +24,10 @@ std::vector<double> ReadThroughViewer(CTestPlatform& platform, const CJobFolder&
 
 const std::vector<std::string> c_noHistory = {"没有进行时程分析。", "错误:动力时程未计算."};
 
-TEST(TimeHistoryDrivers, HostRecordThatOutlivedTheHistories) {
+struct TimeHistoryDrivers : testing::Test, Session {};
+
+TEST_F(TimeHistoryDrivers, HostRecordThatOutlivedTheHistories) {
   if (GetHistories().bComplete) GTEST_SKIP() << "only before the first run";
-  CTestPlatform platform;
-  const CHostModel host;
-  const CJobFolder job("outlived");
   COMDYN.m_bHistoryAvailable = 1;
   CModeConnect::OnTimeHistoryRes();
   EXPECT_EQ(platform.GetMessages(), c_noHistory);
@@ -172,11 +171,8 @@ WholeRun MakeNonlinear(int nCriterion, double dTolerance, int nMaxIter) {
       }};
 }
 
-TEST(TimeHistoryDrivers, EverySettingOfTheDialogsReachesTheRun) {
-  CTestPlatform platform;
-  CHostModel host;
+TEST_F(TimeHistoryDrivers, EverySettingOfTheDialogsReachesTheRun) {
   FillFrame(host);
-  const CJobFolder job("every_setting");
   g_ProgramPath = SKYFRAME_SOURCE_DIR "/data";
   job.Write("impulseload.log", "/IMPULSELOAD/2 10 3 5 ## 3 0 8 0 ## 2 -4 0 0 ##/END/");  // Wilson reads it
   job.Write("_Tacc.txt", "1 -3 2 5 -4 1 0 2 -1 -2 3 1");
@@ -213,11 +209,8 @@ TEST(TimeHistoryDrivers, EverySettingOfTheDialogsReachesTheRun) {
   EXPECT_EQ(ReadThroughViewer(platform, job), shown);
 }
 
-TEST(TimeHistoryDrivers, EndEarly) {
-  CTestPlatform platform;
-  CHostModel host;
+TEST_F(TimeHistoryDrivers, EndEarly) {
   FillFrame(host);
-  const CJobFolder job("history_early");
   EXPECT_EQ(CModeConnect::OnTimeHistoryAnalysis(), 0);  // cancelled
   COMDYN.m_bNonlinear = 1;
   EXPECT_EQ(RunDriver(platform, {"cancelled later", {{c_nIdWilsonDlg, {Do::Cancel()}}}, {}}), 0);
@@ -225,7 +218,7 @@ TEST(TimeHistoryDrivers, EndEarly) {
   CModeConnect::OnTimeHistoryRes();
   EXPECT_EQ(platform.GetMessages(), c_noHistory);
 
-  const auto run = [&platform](const std::string& strUnloadTime) {
+  const auto run = [this](const std::string& strUnloadTime) {
     platform->Clear();
     EXPECT_EQ(RunDriver(platform, MakeImpulse(strUnloadTime)), 1);
     return platform.GetMessages();
