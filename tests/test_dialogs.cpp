@@ -52,6 +52,16 @@ DialogStep ExpectState(const DialogTemplate& layout, std::string strExpected) {
 
 // ---- Templates -------------------------------------------------------------------------------------------------
 
+TEST(Templates, RadioButtonsFormGroups) {
+  for (const DialogTemplate* pLayout : GetDialogTemplates()) {
+    for (const ControlTemplate& control : pLayout->controls) {
+      if (control.kind != ControlKind::Radio) continue;
+      const ControlTemplate* const pFirst = pLayout->Find(pLayout->GetGroupStart(control.nId));
+      EXPECT_TRUE(pFirst != nullptr && (pFirst->nStyle & c_nStyleGroup) != 0U) << control.nId;
+    }
+  }
+}
+
 TEST(Templates, ControlsStandInLine) {
   for (const DialogTemplate* pLayout : GetDialogTemplates()) {
     for (const ControlTemplate& a : pLayout->controls) {
