@@ -52,6 +52,13 @@ TEST(ModeFile, TextIsExact) {
   EXPECT_EQ(c_dHertzPerRadian, 0.15915494580678602);  // Deliberate: 1 / 6.2831852
   bar.model.SolveModes(bar.job.GetJobPath() + "/no/such/folder", 0, true);
   EXPECT_EQ(bar.platform.GetMessages(), Strings{c_pAccess});
+  int second[] = {0, 2, 3, 1};  // host node 1 became 2, 2 became 3, 3 became 1
+  COMDAT.m_pSecondOrder = second;
+  ASSERT_TRUE(WriteModeFile(bar.model, bar.job.GetJobPath(), bar.model.m_modalFindings));
+  EXPECT_TRUE(bar.job.Read(".mode").ends_with(
+      "\n2         0.00987906     0              0              \n"
+      "3         0              0              0              0              0              0              \n"
+      "1         0              0              0              \n"));
 }
 
 TEST(ModeFile, FrequencyReaderFillsOnlyAModelWithoutModes) {

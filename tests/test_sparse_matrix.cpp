@@ -9,7 +9,6 @@ namespace {
 using skyline::VectorUnit;
 
 using Vector = std::vector<double>;
-using Messages = Strings;
 
 constexpr double c_dNan = std::numeric_limits<double>::quiet_NaN();
 constexpr double c_dInfinity = std::numeric_limits<double>::infinity();
@@ -123,7 +122,7 @@ double LargestDifference(const Vector& a, const Vector& b) {
 
 TEST(SparseMatrix, Accessor) {
   // Heights 1, 2. Only the smaller index is tested, and only for being greater than 2.
-  const std::tuple<int, int, Messages> cases[] = {
+  const std::tuple<int, int, Strings> cases[] = {
       {0, 3, {}},
       {2, 2, {}},
       {2000000000, 0, {}},
@@ -171,7 +170,7 @@ TEST(SparseMatrix, UnallocatedRefusals) {
     SparseMatrix S;
     S.SetProfile(3, std::vector<int>{0, 2, 4});
     operation(S);
-    EXPECT_EQ(platform.GetMessages(), Messages{strText});
+    EXPECT_EQ(platform.GetMessages(), Strings{strText});
     EXPECT_FALSE(S.IsAllocated());
   }
   EXPECT_EQ(full(0, 0), 2.0);
@@ -216,7 +215,7 @@ TEST(SparseMatrix, MemoryThatIsNotThereIsReported) {
   S.SetProfile(2, std::vector<int>{0, -7});
   S.Fill(0.0);
   EXPECT_FALSE(S.IsAllocated());
-  EXPECT_EQ(platform.GetMessages(), Messages{"内存不足，无法为稀疏矩阵分配存储空间"});
+  EXPECT_EQ(platform.GetMessages(), Strings{"内存不足，无法为稀疏矩阵分配存储空间"});
 }
 
 // --- sums and products ------------------------------------------------------------------------
@@ -277,7 +276,7 @@ TEST(SparseMatrix, ProductsAgreeWithPlainSums) {
   EXPECT_EQ((S * CMatrix(5, 1, 1.0))[4][0], 0.0);  // what the matrix does not reach is zero
   EXPECT_TRUE(platform.GetMessages().empty());
   EXPECT_EQ((S * CMatrix(2, 2, 1.0)).GetCols(), 16);
-  EXPECT_EQ(platform.GetMessages(), Messages{"Vector Definition Error!"});
+  EXPECT_EQ(platform.GetMessages(), Strings{"Vector Definition Error!"});
 }
 
 // --- factorisation and solution ---------------------------------------------------------------
@@ -296,7 +295,7 @@ TEST(SparseMatrix, PivotTest) {
     EXPECT_EQ(decomposed.Decompose(1), bAccepted);
     EXPECT_EQ(columns.SolveColumns(1, B, 2), bAccepted);
     EXPECT_EQ(S.IsFactorised(), bAccepted);
-    EXPECT_EQ(platform.GetMessages(), bAccepted ? Messages{} : Messages(4, c_strUnstable));
+    EXPECT_EQ(platform.GetMessages(), bAccepted ? Strings{} : Strings(4, c_strUnstable));
     if (!bAccepted) continue;
     EXPECT_EQ((Vector{b[0], x[0], B[0], B[1]}), Vector(4, 2.0));
   }
@@ -327,7 +326,7 @@ TEST(SparseMatrix, NotANumberAndInfinityAreRefusedWhereverTheyStand) {
     Skyline B = A;
     B.values[k] = std::vector{c_dNan, c_dInfinity, -c_dInfinity}[k % 3];
     EXPECT_FALSE(ToSparse(B).Decompose(230)) << B.values[k] << " at " << k;
-    EXPECT_EQ(platform.GetMessages(), Messages{c_strUnstable});
+    EXPECT_EQ(platform.GetMessages(), Strings{c_strUnstable});
   }
 }
 

@@ -195,7 +195,6 @@ TEST(StaticNonlinear, StopsByItsCriterion) {
   } cases[] = {
       {1, "1e-9", "50", true},
       {2, "1e-6", "2", false},
-      {3, "1e-6", "50", true},
       {1, "10", "1", true},             // the last permitted counts
       {3, "10", "1", false},            // never on the first pass
       {3, "10", "2", true},             // then as soon as the increment has come down

@@ -223,12 +223,11 @@ TEST_F(TimeHistoryDrivers, EndEarly) {
     EXPECT_EQ(RunDriver(platform, MakeImpulse(strUnloadTime)), 1);
     return platform.GetMessages();
   };
-  using Messages = std::vector<std::string>;
-  const Messages noModes = {"模态文件访问出错,计算终止!", "错误:模态未分析"};
+  const Strings noModes = {"模态文件访问出错,计算终止!", "错误:模态未分析"};
   EXPECT_EQ(run("0.03"), noModes);
-  EXPECT_EQ(run("1e300"), Messages{"冲击荷载步数过多,计算终止!"});  // no text of two thousand million blocks
+  EXPECT_EQ(run("1e300"), Strings{"冲击荷载步数过多,计算终止!"});  // no text of two thousand million blocks
   RunModal(platform);
-  EXPECT_EQ(run("0.03"), Messages{});
+  EXPECT_EQ(run("0.03"), Strings{});
 
   // A broken run leaves the histories of the one before.
   std::filesystem::remove(job.GetPath(".mode"));
@@ -238,9 +237,9 @@ TEST_F(TimeHistoryDrivers, EndEarly) {
   // Only they and the new ones are held at once: twice 40 steps of 3 * 4 + 4 numbers.
   RunModal(platform);
   platform->SetPhysicalMemory(2 * 5120 - 1);
-  EXPECT_EQ(run("0.03"), Messages{"时程结果所需内存超出本机内存,计算终止!"});
+  EXPECT_EQ(run("0.03"), Strings{"时程结果所需内存超出本机内存,计算终止!"});
   platform->SetPhysicalMemory(2 * 5120);
-  EXPECT_EQ(run("0.03"), Messages{});
+  EXPECT_EQ(run("0.03"), Strings{});
 }
 
 }  // namespace
