@@ -125,25 +125,5 @@ TEST(Scene, EverySupportHasItsGlyph) {
   }
 }
 
-TEST(Shapes, StandInTheResultFilesOfTheJob) {
-  const test::CJobFolder job("shapes");
-  const std::string strText =
-      "The_Data_of_Zan's_Mode_Analysis\n\n7/1/2025  10:11:12\nv1.0\n\n1 2 1 1 1 0\nEigen_And_Freq:\n"
-      "1     6.2831852        1.00000\nNode_DOF_When_FREQ_1:\n1\n1   0 0 0 0 0 0\n2   1 2 2\n";
-  const JobNode rigid = {}, pinned = {.nJoint = c_nPinned, .nSpring = {}};
-  EXPECT_TRUE(ReadShapes(job.GetJobPath(), {rigid, pinned}).empty());
-  job.Write(".mode", strText);
-  const std::vector<DeformedShape> shapes = ReadShapes(job.GetJobPath(), {rigid, pinned});
-  ASSERT_EQ(shapes.size(), 1U);
-  EXPECT_EQ(shapes[0].GetLargestTranslation(), 3.0);
-  EXPECT_EQ(shapes[0].nMode, 1);
-  EXPECT_EQ(shapes[0].dOmega, 6.2831852);
-  for (const std::string& strDamaged : {strText.substr(0, strText.size() - 6), std::string(1000, '\xff'),
-                                        std::string(strText).replace(strText.rfind("2 2"), 1, "nan")}) {
-    job.Write(".mode", strDamaged);
-    EXPECT_TRUE(ReadShapes(job.GetJobPath(), {rigid, pinned}).empty());
-  }
-}
-
 }  // namespace
 }  // namespace skyframe::host
