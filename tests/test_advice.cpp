@@ -30,26 +30,13 @@ Job MakePortal() {
 }
 
 StaticJob MakeStatic(bool bNonlinear = false, std::optional<int> maxIterations = {}) {
-  StaticJob analysis;
-  analysis.nMaxIterations = maxIterations;
-  analysis.bNonlinear = bNonlinear;
-  analysis.combination = c_dead;
-  return analysis;
+  return {bNonlinear, {}, {}, maxIterations, c_dead};
 }
 
-ModalJob MakeModal(int nModes) {
-  ModalJob analysis;
-  analysis.nModes = nModes;
-  analysis.combination = c_dead;
-  return analysis;
-}
+ModalJob MakeModal(int nModes, bool bShear = false) { return {nModes, {}, {}, {}, bShear, c_dead}; }
 
-SpectrumJob MakeSpectrum(int nModes, JobCombination combination) {
-  SpectrumJob analysis;
-  analysis.nModes = nModes;
-  analysis.direction = {1.0, 0.0, 0.0};
-  analysis.combination = std::move(combination);
-  return analysis;
+SpectrumJob MakeSpectrum(int nModes, const JobCombination& combination) {
+  return {nModes, {}, std::array{1.0, 0.0, 0.0}, {}, {}, {}, {}, {}, {}, combination};
 }
 
 NewmarkJob MakeQuake(double dSecondRatio = 0.05, double dFirstRatio = 0.05, double dPeak = 1.0) {
@@ -196,9 +183,7 @@ TEST_F(AdviceOnRuns, RecordOfZerosAndTheHistoryThatStays) {
 TEST_F(AdviceOnRuns, Inquiries) {
   Job job = MakePortal();
   job.elements.erase(job.elements.begin() + 1);
-  ModalJob modal = MakeModal(4);
-  modal.bShear = true;
-  job.analyses = {modal};
+  job.analyses = {MakeModal(4, true)};
   EXPECT_TRUE(Run(job).bGood);
   EXPECT_NE(m_strOut.find("Sturm count           no mode below"), std::string::npos) << m_strOut;
   const ModalFindings& findings = GetModalFindings();
@@ -210,7 +195,6 @@ TEST_F(AdviceOnRuns, Inquiries) {
   EXPECT_EQ(measure->own.nFree, 12);
   EXPECT_EQ(measure->own.dEntries, 42.0);  // two triangles of six columns
   EXPECT_EQ(measure->own.dOperations, 182.0);
-  EXPECT_NEAR(EvaluateDesignSpectrum({0, 9, 1, 2}, 0.2, 0.05)->dAlpha, 0.16, 1e-12);
 
   // A count that does not agree is told of, never by a negative number.
   for (const auto& [nCounted, strName] : {std::pair(6, "missed-modes"), std::pair(3, "modes-in-doubt")}) {

@@ -335,7 +335,7 @@ TEST_F(Dialogs, FieldsThatAreNoNumbersAreRefused) {
   EXPECT_EQ(m_platform.GetMessages().size(), 2U) << "of the first wrong field alone";
   EXPECT_EQ(std::tuple(m_dialog.m_nInt, m_dialog.m_dReal, m_dialog.m_bCheck),
             std::tuple(12, std::numeric_limits<double>::lowest(), 1));
-  EXPECT_EQ(m_dialog.m_trace.back(), "clicked 120");
+  EXPECT_EQ(std::ranges::count(m_dialog.m_trace, "clicked 120"), 1) << "a tick that is there stays";
 }
 
 TEST_F(Dialogs, WhatAPersonCouldNotDoEndsTheDialog) {

@@ -5,22 +5,9 @@
 #include <QTest>
 #include <QtWidgets>
 
+#include "AllDialogs.h"
 #include "QtPerson.h"
-#include "TestPlatform.h"
-#include "skyframe/dialogs/DynOptionDlg.h"
-#include "skyframe/dialogs/EarthquakeDlg.h"
-#include "skyframe/dialogs/GeneralLoadDlg.h"
-#include "skyframe/dialogs/HisResultDlg.h"
-#include "skyframe/dialogs/ImpulseLoadDlg.h"
-#include "skyframe/dialogs/LoadCombDlg.h"
-#include "skyframe/dialogs/ModeDlg.h"
-#include "skyframe/dialogs/NewmarkDlg.h"
-#include "skyframe/dialogs/NonlinStaticDlg.h"
-#include "skyframe/dialogs/SpectrumDlg.h"
-#include "skyframe/dialogs/Templates.h"
-#include "skyframe/dialogs/WilsonDlg.h"
 #include "skyframe/platform/DialogContent.h"
-#include "skyframe/platform/PaintContext.h"
 
 namespace skyframe::test {
 namespace {
@@ -36,14 +23,7 @@ std::unique_ptr<CDialog> MakeDialog() {
   return pDialog;
 }
 
-const struct : IHistoryView {
-  [[nodiscard]] int GetNodeCount() const override { return 12; }
-  [[nodiscard]] int GetElementCount() const override { return 30; }
-  void Plot(IPaintContext& paint, const std::optional<HistorySelection>& /*selection*/) const override {
-    paint.Rectangle(250, 30, 401, 250);
-  }
-  [[nodiscard]] bool WriteOut(const HistorySelection& selection) const override { return selection.nNumber != 12; }
-} c_histories;
+const CFakeHistories c_histories;
 
 std::unique_ptr<CDialog> MakeViewer() { return std::make_unique<CHisResultDlg>(c_histories); }
 

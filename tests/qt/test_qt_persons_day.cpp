@@ -7,8 +7,6 @@
 
 #include "CommandFolder.h"
 #include "QtPerson.h"
-#include "skyframe/dialogs/HisResultDlg.h"
-#include "skyframe/dialogs/Templates.h"
 #include "skyframe/gui/MainWindow.h"
 #include "skyframe/qt/Font.h"
 
