@@ -83,26 +83,10 @@ class AdviceOnRuns : public ::testing::Test {
     m_strErr = err.str();
     return outcome;
   }
-  /// The advice of all analyses, a line each.
-  static std::string Join(const RunOutcome& outcome) {
-    std::string strLines;
-    for (const AdviceList& list : outcome.advice) {
-      for (const Advice& advice : list) strLines += FormatAdvice(advice) + "\n";
-    }
-    return strLines;
-  }
 
   CJobFolder m_folder{"advice"};
   std::string m_strOut;
   std::string m_strErr;
-};
-
-struct AdviceCase {
-  const char* pszName;
-  std::function<void(Job&)> change;  ///< of the portal
-  bool bGood;
-  std::string strStart;  ///< of the first line of advice; empty: there is none
-  std::string strPart;   ///< somewhere in the summary
 };
 
 TEST_F(AdviceOnRuns, EveryDoubtfulRunIsTold) {
@@ -110,7 +94,12 @@ TEST_F(AdviceOnRuns, EveryDoubtfulRunIsTold) {
   hasty.bNonlinear = true;
   hasty.nMaxIterations = 1;
   hasty.dTolerance = 0.0;
-  const AdviceCase cases[] = {
+  const struct {
+    const char* pszName;
+    std::function<void(Job&)> change;  ///< of the portal
+    bool bGood;
+    std::string strStart, strPart;  ///< of the first line of advice, empty if there is none; somewhere in the summary
+  } cases[] = {
       {"sound", [](Job& job) { Support(job, 1, 1); }, true, "", "conditioning          1."},
       {"ball supports", [](Job& job) { Support(job, 1, 0); }, false,
        "error: nearly a mechanism at node 40 RX: ", "digits lost, at node 40 RX"},
@@ -145,11 +134,14 @@ TEST_F(AdviceOnRuns, EveryDoubtfulRunIsTold) {
        true, "warning: no load acts ", "[no-load]"},
       {"sections with all axes alike", [](Job& job) { Lean(job, 2.0e8); }, true, "", "iterations"},
   };
-  for (const AdviceCase& c : cases) {
+  for (const auto& c : cases) {
     Job job = MakePortal();
     c.change(job);
     const RunOutcome outcome = Run(job);
-    const std::string strAdvice = Join(outcome);
+    std::string strAdvice;  // of all analyses
+    for (const AdviceList& list : outcome.advice) {
+      for (const Advice& advice : list) strAdvice += FormatAdvice(advice) + "\n";
+    }
     EXPECT_EQ(outcome.bGood, c.bGood) << c.pszName << '\n' << m_strOut << m_strErr;
     EXPECT_EQ(outcome.bWarned, !c.strStart.empty()) << c.pszName;
     EXPECT_TRUE(c.strStart.empty() ? strAdvice.empty() : strAdvice.starts_with(c.strStart)) << c.pszName << '\n'

@@ -99,19 +99,17 @@ TEST(Scene, MembersBendLikeBeams) {
 
 TEST(Scene, EverySupportHasItsGlyph) {
   const struct {
-    int nJoint;
-    std::array<int, 6> restraint;
-    std::optional<int> nSpring;
+    JobNode node;
     PaintItem::Kind kind;
     std::size_t nPoints;
-  } cases[] = {{c_nRigid, {1, 1, 1, 1, 1, 1}, {}, PaintItem::Kind::Rectangle, 2},
-               {c_nRigid, {1, 1, 1, 0, 0, 0}, {}, PaintItem::Kind::Polygon, 3},
-               {c_nPinned, {1, 1, 1, 1, 1, 1}, {}, PaintItem::Kind::Polygon, 3},
-               {c_nRigid, {0, 0, 1, 0, 0, 0}, {}, PaintItem::Kind::Polyline, 4},
-               {c_nRigid, {}, 1, PaintItem::Kind::Polyline, 5}};
+  } cases[] = {{{.restraint = {1, 1, 1, 1, 1, 1}, .nSpring = {}}, PaintItem::Kind::Rectangle, 2},
+               {{.restraint = {1, 1, 1, 0, 0, 0}, .nSpring = {}}, PaintItem::Kind::Polygon, 3},
+               {{.nJoint = c_nPinned, .restraint = {1, 1, 1, 1, 1, 1}, .nSpring = {}}, PaintItem::Kind::Polygon, 3},
+               {{.restraint = {0, 0, 1, 0, 0, 0}, .nSpring = {}}, PaintItem::Kind::Polyline, 4},
+               {{.nSpring = 1}, PaintItem::Kind::Polyline, 5}};
   for (const auto& c : cases) {
     Job job = MakeBeam();
-    job.nodes[0] = {.nJoint = c.nJoint, .restraint = c.restraint, .nSpring = c.nSpring};
+    job.nodes[0] = c.node;
     job.nodes[1].restraint = {};
     CPaintRecorder paint;
     const CScene scene(job);

@@ -112,8 +112,7 @@ TEST(PersonsDay, WindowsAndCommandLineWriteTheSameFiles) {
   EXPECT_EQ(person.GetScriptErrors(), std::vector<std::string>{});
   EXPECT_FALSE(person.HasUnusedScripts());
   ASSERT_EQ(person.GetMessages().size(), 3U);
-  EXPECT_TRUE(person.GetMessages()[0].starts_with("OK!\nTime = 0hour: 0min: "));
-  EXPECT_TRUE(person.GetMessages()[1].starts_with("OK!\nTime = 0hour: 0min: "));
+  for (const unsigned k : {0U, 1U}) EXPECT_TRUE(person.GetMessages()[k].starts_with("OK!\nTime = 0hour: 0min: "));
   EXPECT_EQ(person.GetMessages()[2], "错误: 没有所求节点");
 
   auto* const pShapes = window.findChild<QComboBox*>(QStringLiteral("shapes"));

@@ -130,6 +130,7 @@ QImage Paint(const std::function<void(IPaintContext&)>& draw) {
 }
 
 TEST(QtPainting, PixelsStandWhereTheyAreAskedFor) {
+  using Expected = std::pair<const char*, std::vector<QPoint>>;
   const QImage image = Paint([](IPaintContext& paint) {
     paint.SetPen({255, 0, 0});
     paint.SetBrush({0, 0, 255});
@@ -138,15 +139,11 @@ TEST(QtPainting, PixelsStandWhereTheyAreAskedFor) {
     paint.Line(40, 20, 50, 20);
     paint.Line(0, 0, 1.0 / 0.0, 0);
   });
-  struct Case {
-    const char* strColour;
-    std::vector<QPoint> points;
-  };
-  for (const Case& c :
-       {Case{"#ff0000", {{10, 5}, {30, 5}, {30, 15}, {10, 15}, {20, 5}}}, Case{"#0000ff", {{11, 6}, {29, 14}}},
-        Case{"#ffffff", {{9, 5}, {31, 5}, {20, 16}, {39, 20}, {45, 19}, {45, 21}, {0, 0}}},
-        Case{"#008000", {{40, 20}, {50, 20}}}}) {
-    for (const QPoint p : c.points) EXPECT_EQ(image.pixelColor(p).name(), c.strColour) << p.x() << ' ' << p.y();
+  for (const auto& [strColour, points] :
+       {Expected{"#ff0000", {{10, 5}, {30, 5}, {30, 15}, {10, 15}, {20, 5}}}, Expected{"#0000ff", {{11, 6}, {29, 14}}},
+        Expected{"#ffffff", {{9, 5}, {31, 5}, {20, 16}, {39, 20}, {45, 19}, {45, 21}, {0, 0}}},
+        Expected{"#008000", {{40, 20}, {50, 20}}}}) {
+    for (const QPoint p : points) EXPECT_EQ(image.pixelColor(p).name(), strColour) << p.x() << ' ' << p.y();
   }
 }
 
