@@ -1,13 +1,5 @@
-#include "TestPlatform.h"
-#include "skyframe/dialogs/DynOptionDlg.h"
-#include "skyframe/dialogs/ModeDlg.h"
-#include "skyframe/dialogs/NewmarkDlg.h"
-#include "skyframe/dialogs/NonlinStaticDlg.h"
-#include "skyframe/dialogs/SpectrumDlg.h"
-#include "skyframe/dialogs/WilsonDlg.h"
-#include "skyframe/hostdata/HostData.h"
+#include "AllDialogs.h"
 #include "skyframe/job/DialogFields.h"
-#include "skyframe/platform/HeadlessPlatform.h"
 #include "skyframe/run/Scripts.h"
 
 namespace skyframe::host {

@@ -1,18 +1,5 @@
 #include "../platform/src/ScriptedView.h"
-#include "TestPlatform.h"
-#include "skyframe/dialogs/DynOptionDlg.h"
-#include "skyframe/dialogs/EarthquakeDlg.h"
-#include "skyframe/dialogs/GeneralLoadDlg.h"
-#include "skyframe/dialogs/HisResultDlg.h"
-#include "skyframe/dialogs/ImpulseLoadDlg.h"
-#include "skyframe/dialogs/LoadCombDlg.h"
-#include "skyframe/dialogs/ModeDlg.h"
-#include "skyframe/dialogs/NewmarkDlg.h"
-#include "skyframe/dialogs/NonlinStaticDlg.h"
-#include "skyframe/dialogs/SpectrumDlg.h"
-#include "skyframe/dialogs/Templates.h"
-#include "skyframe/dialogs/WilsonDlg.h"
-#include "skyframe/platform/PaintContext.h"
+#include "AllDialogs.h"
 
 namespace skyframe::test {
 namespace {
@@ -481,23 +468,6 @@ TEST_F(Dialogs, AnObliqueDirectionWithoutLengthKeepsTheCosines) {
 }
 
 // ---- Result viewer ---------------------------------------------------------------------------------------------
-
-class CFakeHistories : public IHistoryView {
- public:
-  int GetNodeCount() const override { return 5; }
-  int GetElementCount() const override { return 3; }
-  void Plot(IPaintContext&, const std::optional<HistorySelection>& selection) const override {
-    m_plotted.push_back(selection);
-  }
-  bool WriteOut(const HistorySelection& selection) const override {
-    m_written.push_back(selection);
-    return m_bWritable;
-  }
-
-  bool m_bWritable = true;
-  mutable std::vector<std::optional<HistorySelection>> m_plotted;
-  mutable std::vector<HistorySelection> m_written;
-};
 
 class ViewerDialog : public Dialogs {
  protected:

@@ -150,9 +150,9 @@ TEST(Plots, WhatIsNotThereEndsWithStatusTwo) {
     const test::CommandOutcome outcome = Plot(what);
     EXPECT_EQ(std::tuple(outcome.nStatus, outcome.strErr), std::tuple(2, strError));
   }
-  const std::vector<std::vector<std::string>> misused = {
-      {}, {"--mode", "1", "--deformed"}, {"--node", "90", "--dir", "W"}, {"--mode", "1", "--dir", "X"}};
-  for (const auto& what : misused) EXPECT_EQ(Plot(what).nStatus, 2);
+  for (const test::Strings& misused :
+       {test::Strings{}, {"--mode", "1", "--deformed"}, {"--mode", "1", "--dir", "X"}, {"--node", "90", "--dir", "W"}})
+    EXPECT_EQ(Plot(misused).nStatus, 2);
   EXPECT_EQ(
       job.Solve(test::MakeCantilever("111111", R"({"type": "time_history", "method": "newmark", "load": "ground_motion",
       "earthquake": {"time_step": 0.5, "duration": 0.4, "directions": ["Y"]}})"))

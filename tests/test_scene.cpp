@@ -20,10 +20,9 @@ TEST(Camera, StandardDirections) {
   for (const auto& c : cases) {
     CCamera camera;
     camera.SetDirection(c.direction);
-    const Point3 axes[] = {{1, 0, 0}, {0, 1, 0}, {0, 0, 1}};
     for (std::size_t d = 0; d < 3; ++d) {
-      EXPECT_NEAR(camera.ProjectDirection(axes[d]).at.dX, c.axes[d].dX, 1e-12);
-      EXPECT_NEAR(camera.ProjectDirection(axes[d]).at.dY, c.axes[d].dY, 1e-12);
+      const PaintPoint at = camera.ProjectDirection({d == 0 ? 1.0 : 0.0, d == 1 ? 1.0 : 0.0, d == 2 ? 1.0 : 0.0}).at;
+      EXPECT_NEAR(std::hypot(at.dX - c.axes[d].dX, at.dY - c.axes[d].dY), 0.0, 1e-12) << d;
     }
   }
 }
@@ -61,8 +60,7 @@ Job MakeBeam(int nJointI = c_nRigid, int nJointJ = c_nRigid) {
 
 TEST(Scene, KnowsSupportsLoadsAndExtent) {
   const CScene scene(MakeBeam());
-  ASSERT_EQ(scene.GetSupports().size(), 1U) << "what every node has is no support";
-  EXPECT_EQ(scene.GetSupports()[0].kind, SupportKind::Clamped);
+  EXPECT_EQ(scene.GetSupports().size(), 1U) << "what every node has is no support";
   ASSERT_EQ(scene.GetLoads().size(), 1U) << "a load of 0 is not drawn";
   EXPECT_EQ(scene.GetLoads()[0].direction, (Point3{0, 0, -1}));
   EXPECT_EQ(scene.GetCentre(), (Point3{0, 1, 0}));
@@ -101,19 +99,17 @@ TEST(Scene, MembersBendLikeBeams) {
 
 TEST(Scene, EverySupportHasItsGlyph) {
   const struct {
-    int nJoint;
-    std::array<int, 6> restraint;
-    std::optional<int> nSpring;
+    JobNode node;
     PaintItem::Kind kind;
     std::size_t nPoints;
-  } cases[] = {{c_nRigid, {1, 1, 1, 1, 1, 1}, {}, PaintItem::Kind::Rectangle, 2},
-               {c_nRigid, {1, 1, 1, 0, 0, 0}, {}, PaintItem::Kind::Polygon, 3},
-               {c_nPinned, {1, 1, 1, 1, 1, 1}, {}, PaintItem::Kind::Polygon, 3},
-               {c_nRigid, {0, 0, 1, 0, 0, 0}, {}, PaintItem::Kind::Polyline, 4},
-               {c_nRigid, {}, 1, PaintItem::Kind::Polyline, 5}};
+  } cases[] = {{{.restraint = {1, 1, 1, 1, 1, 1}, .nSpring = {}}, PaintItem::Kind::Rectangle, 2},
+               {{.restraint = {1, 1, 1, 0, 0, 0}, .nSpring = {}}, PaintItem::Kind::Polygon, 3},
+               {{.nJoint = c_nPinned, .restraint = {1, 1, 1, 1, 1, 1}, .nSpring = {}}, PaintItem::Kind::Polygon, 3},
+               {{.restraint = {0, 0, 1, 0, 0, 0}, .nSpring = {}}, PaintItem::Kind::Polyline, 4},
+               {{.nSpring = 1}, PaintItem::Kind::Polyline, 5}};
   for (const auto& c : cases) {
     Job job = MakeBeam();
-    job.nodes[0] = {.nJoint = c.nJoint, .restraint = c.restraint, .nSpring = c.nSpring};
+    job.nodes[0] = c.node;
     job.nodes[1].restraint = {};
     CPaintRecorder paint;
     const CScene scene(job);
@@ -122,26 +118,6 @@ TEST(Scene, EverySupportHasItsGlyph) {
     ASSERT_EQ(paint.GetItems().size(), 1U);
     EXPECT_EQ(paint.GetItems()[0].kind, c.kind);
     EXPECT_EQ(paint.GetItems()[0].points.size(), c.nPoints);
-  }
-}
-
-TEST(Shapes, StandInTheResultFilesOfTheJob) {
-  const test::CJobFolder job("shapes");
-  const std::string strText =
-      "The_Data_of_Zan's_Mode_Analysis\n\n7/1/2025  10:11:12\nv1.0\n\n1 2 1 1 1 0\nEigen_And_Freq:\n"
-      "1     6.2831852        1.00000\nNode_DOF_When_FREQ_1:\n1\n1   0 0 0 0 0 0\n2   1 2 2\n";
-  const JobNode rigid = {}, pinned = {.nJoint = c_nPinned, .nSpring = {}};
-  EXPECT_TRUE(ReadShapes(job.GetJobPath(), {rigid, pinned}).empty());
-  job.Write(".mode", strText);
-  const std::vector<DeformedShape> shapes = ReadShapes(job.GetJobPath(), {rigid, pinned});
-  ASSERT_EQ(shapes.size(), 1U);
-  EXPECT_EQ(shapes[0].GetLargestTranslation(), 3.0);
-  EXPECT_EQ(shapes[0].nMode, 1);
-  EXPECT_EQ(shapes[0].dOmega, 6.2831852);
-  for (const std::string& strDamaged : {strText.substr(0, strText.size() - 6), std::string(1000, '\xff'),
-                                        std::string(strText).replace(strText.rfind("2 2"), 1, "nan")}) {
-    job.Write(".mode", strDamaged);
-    EXPECT_TRUE(ReadShapes(job.GetJobPath(), {rigid, pinned}).empty());
   }
 }
 

@@ -4,7 +4,6 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
-#include <optional>
 #include <string>
 #include <vector>
 
@@ -61,29 +60,14 @@ void ReadAsHost() {
   (void)skyframe::host::ReadVirtualResponseFile("job");
 }
 
-class CCantilever {
- public:
-  CCantilever() {
-    m_host.SetSection(1, 2, 10000, 1e4, 2e7, 2e7);
-    m_host.AddNode(0, 0, 0, skyframe::test::c_nRigid, "111111");
-    m_host.AddNode(4, 0, 0);
-    m_host.AddElement(skyframe::test::c_nBeam, 1, 2);
-  }
-
- private:
-  skyframe::test::CHostModel m_host;
-};
-
-std::optional<CCantilever> g_cantilever;
-
 }  // namespace
 
-extern "C" int LLVMFuzzerInitialize(int* /*pnArguments*/, char*** /*pArguments*/) {
-  g_cantilever.emplace();  // not before the records' own initialisation
-  return 0;
-}
-
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* pData, std::size_t nSize) {
+  skyframe::test::CHostModel host;
+  host.SetSection(1, 2, 10000, 1e4, 2e7, 2e7);
+  host.AddNode(0, 0, 0, skyframe::test::c_nRigid, "111111");
+  host.AddNode(4, 0, 0);
+  host.AddElement(skyframe::test::c_nBeam, 1, 2);
   const CTextPlatform platform(std::string(reinterpret_cast<const char*>(pData), nSize));
   ReadWhole(2, 0);
   ReadWhole(1, 1);

@@ -22,11 +22,6 @@ int FindRow(const CDialogWindow& window, const DialogStep& step) {
   return -1;
 }
 
-bool NeedsRow(const QWidget& widget) {
-  return qobject_cast<const QComboBox*>(&widget) != nullptr ||
-         qobject_cast<const QAbstractItemView*>(&widget) != nullptr;
-}
-
 /// Opens the list, walks to the item, takes it.
 void PickItem(QComboBox& combo, int nRow) {
   QTest::mouseClick(&combo, Qt::LeftButton);
@@ -121,7 +116,8 @@ std::string CQtPerson::WhyNot(const CDialogWindow& window, const DialogStep& ste
   if (pWidget == nullptr) return "there is no such control";
   if (!pWidget->isEnabled()) return "the control is disabled";
   if (!pWidget->isVisible()) return "the control cannot be seen";
-  return NeedsRow(*pWidget) && FindRow(window, step) == -1 ? "there is no such row" : std::string{};
+  const bool bRows = pWidget->inherits("QComboBox") || pWidget->inherits("QAbstractItemView");
+  return bRows && FindRow(window, step) == -1 ? "there is no such row" : std::string{};
 }
 
 void CQtPerson::Perform(CDialogWindow& window, const DialogStep& step) {

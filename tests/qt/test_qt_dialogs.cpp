@@ -5,22 +5,9 @@
 #include <QTest>
 #include <QtWidgets>
 
+#include "AllDialogs.h"
 #include "QtPerson.h"
-#include "TestPlatform.h"
-#include "skyframe/dialogs/DynOptionDlg.h"
-#include "skyframe/dialogs/EarthquakeDlg.h"
-#include "skyframe/dialogs/GeneralLoadDlg.h"
-#include "skyframe/dialogs/HisResultDlg.h"
-#include "skyframe/dialogs/ImpulseLoadDlg.h"
-#include "skyframe/dialogs/LoadCombDlg.h"
-#include "skyframe/dialogs/ModeDlg.h"
-#include "skyframe/dialogs/NewmarkDlg.h"
-#include "skyframe/dialogs/NonlinStaticDlg.h"
-#include "skyframe/dialogs/SpectrumDlg.h"
-#include "skyframe/dialogs/Templates.h"
-#include "skyframe/dialogs/WilsonDlg.h"
 #include "skyframe/platform/DialogContent.h"
-#include "skyframe/platform/PaintContext.h"
 
 namespace skyframe::test {
 namespace {
@@ -36,14 +23,7 @@ std::unique_ptr<CDialog> MakeDialog() {
   return pDialog;
 }
 
-const struct : IHistoryView {
-  [[nodiscard]] int GetNodeCount() const override { return 12; }
-  [[nodiscard]] int GetElementCount() const override { return 30; }
-  void Plot(IPaintContext& paint, const std::optional<HistorySelection>& /*selection*/) const override {
-    paint.Rectangle(250, 30, 401, 250);
-  }
-  [[nodiscard]] bool WriteOut(const HistorySelection& selection) const override { return selection.nNumber != 12; }
-} c_histories;
+const CFakeHistories c_histories;
 
 std::unique_ptr<CDialog> MakeViewer() { return std::make_unique<CHisResultDlg>(c_histories); }
 
@@ -226,24 +206,6 @@ TEST_P(EveryDialog, TabVisitsControlsInTemplateOrder) {
   EXPECT_EQ(visited, order);
 }
 
-TEST_P(EveryDialog, BadNumbersAreRefused) {
-  const Steps opened = TouchEverything(GetParam());  // a field that stays disabled cannot be spoilt
-  for (const ControlTemplate& control : Layout().controls) {
-    for (const std::string strBad : {"x", "", "1e999", "1,5"}) {
-      if (control.nId == c_nIdFactor && strBad.size() > 1) continue;  // a message at every letter
-      SCOPED_TRACE(std::to_string(control.nId) + " '" + strBad + "'");
-      Steps steps = opened;
-      steps.insert(steps.end(), {Do::Type(control.nId, strBad), Do::Ok(), Do::Wait(0)});
-      if (!CanBeDone(GetParam(), steps)) continue;
-      const Outcome outcome = RunBoth(GetParam(), steps);
-      EXPECT_EQ(outcome.nResult, c_nIdCancel);
-      ASSERT_FALSE(outcome.messages.empty());
-      const std::string& strMessage = outcome.messages.back();
-      EXPECT_TRUE(strMessage == "请输入一个数字。" || strMessage == "请输入一个整数。") << strMessage;
-    }
-  }
-}
-
 TEST_P(EveryDialog, NothingClippedAtBothFontSizes) {
   for (const int nPercent : {100, 150}) {
     const std::unique_ptr<CDialog> pDialog = GetParam()();
@@ -280,6 +242,13 @@ TEST_P(EveryDialog, NothingClippedAtBothFontSizes) {
 }
 
 INSTANTIATE_TEST_SUITE_P(All, EveryDialog, ::testing::ValuesIn(c_makers));
+
+TEST(ModalWindow, BadNumbersAreRefused) {
+  for (const char* szBad : {"x", "", "1e999", "1,5"}) {
+    const Steps steps = {Do::Type(c_nIdModes, szBad), Do::Choose(c_nIdModeComparison), Do::Ok(), Do::Wait(0)};
+    EXPECT_EQ(RunBoth(MakeDialog<CModeDlg>, steps).messages, Strings{"请输入一个整数。"}) << szBad;
+  }
+}
 
 TEST(LoadCombinationWindow, RowsMoveAsInTheScriptedView) {
   const Steps steps = {Do::DoubleClick(c_nIdAvailable, 2),

@@ -1,96 +1,53 @@
 // The platform's other services: messages, wait cursor, console, progress, clock, painting, timers.
 
-#include <gtest/gtest.h>
-
 #include <QTest>
 #include <QtWidgets>
 #include <stdexcept>
 
+#include "ProbeDialog.h"
 #include "QtPerson.h"
 #include "skyframe/qt/QtPaintContext.h"
 
 namespace skyframe::test {
 namespace {
 
-constexpr ControlTemplate c_probeControls[] = {
-    {10, ControlKind::Button, "Fish & chips", {5, 5, 80, 14}, c_nStyleGroup, {}},
-    {11, ControlKind::Button, "Wrong", {5, 25, 80, 14}, c_nStyleGroup, {}},
-    {12, ControlKind::ListBox, {}, {5, 45, 80, 40}, c_nStyleGroup | c_nStyleSorted, {}},
-    {c_nIdOk, ControlKind::DefaultButton, "OK", {5, 90, 50, 14}, c_nStyleGroup, {}},
-};
-constexpr DialogTemplate c_probeTemplate{77, "Probe", 100, 110, c_probeControls};
-
-/// A dialog with a button for everything that has no place in the module's own dialogs.
-class CProbeDlg : public CDialog {
- public:
-  CProbeDlg() : CDialog(c_probeTemplate) {
-    On(10, DialogEvent::Clicked, [] { skyframe::GetPlatform().ShowMessage("在给定的迭代步内计算不收敛！\n<b>&amp;"); });
-    On(11, DialogEvent::Clicked, [] { throw std::runtime_error("wrong"); });
-    On(12, DialogEvent::SelectionChanged, [this] { ++m_nSelections; });
-  }
-  int m_nSelections = 0;
-  int m_nTicks = 0;
-  bool m_bEndAtOnce = false;
-
-  using CDialog::View;
-
- protected:
-  void OnInitDialog() override {
-    if (m_bEndAtOnce) EndDialog(c_nIdOk);
-    View().StartTimer(3, 10);
-    for (const char* strItem : {"b", "c", "a", "b"}) View().AddItem(12, strItem);
-    CDialog::OnInitDialog();
-  }
-  void OnTimer(int nTimer) override {
-    m_nTicks += nTimer == 3 ? 1 : 1000;
-    if (m_nTicks == 3) View().StopTimer(3);
-  }
-  void DoDataExchange(CDataExchange&) override {}
-};
-
 TEST(QtMessages, WholeTextWithOneOkButtonAndTheFocusComesBack) {
+  const char* const szMessage = "在给定的迭代步内计算不收敛！\n<b>&amp;";
   CQtPerson person;
   CProbeDlg dialog;
-  int nFocus = -1;
-  person.AddScript(77, {DialogStep::Click(10), DialogStep::Inspect([&](const IDialogView& view) {
-                          nFocus = view.GetFocus();
-                          EXPECT_EQ(view.GetText(10), "Fish & chips");
-                        }),
-                        DialogStep::Ok()});
+  dialog.m_onButton = [szMessage](IDialogView&) { GetPlatform().ShowMessage(szMessage); };
+  person.AddScript(900, {Do::Click(160), Do::Inspect([](const IDialogView& view) {
+                           EXPECT_EQ(view.GetFocus(), 160);
+                           EXPECT_EQ(view.GetText(160), "Fish & chips");
+                         }),
+                         Do::Ok()});
   person.Watch([&] { EXPECT_EQ(dialog.DoModal(), c_nIdOk); });
-  EXPECT_EQ(person.GetMessages(), std::vector<std::string>{"在给定的迭代步内计算不收敛！\n<b>&amp;"});
+  EXPECT_EQ(person.GetMessages(), Strings{szMessage});
   EXPECT_TRUE(person.GetScriptErrors().empty());
-  EXPECT_EQ(nFocus, 10);
 }
 
 TEST(QtDialogs, LeftByAnExceptionAfterTheTimerStoppedAndWhileOpening) {
   CQtPerson person;
   CProbeDlg thrower, ticker, ended;
-  person.AddScript(77, {DialogStep::Click(11)});
+  thrower.m_onButton = [](IDialogView&) { throw std::runtime_error("wrong"); };
+  person.AddScript(900, {Do::Click(160)});
   person.Watch([&] { EXPECT_THROW(thrower.DoModal(), std::runtime_error); });
-  person.AddScript(77, {DialogStep::Wait(400), DialogStep::Ok()});
+  ticker.m_onInit = [](IDialogView& view) { view.StartTimer(3, 10); };
+  ticker.m_onButton = [](IDialogView& view) { view.StopTimer(3); };
+  person.AddScript(900, {Do::Wait(100), Do::Click(160), Do::Wait(100), Do::Ok()});
   person.Watch([&] { ticker.DoModal(); });
-  EXPECT_EQ(ticker.m_nTicks, 3);
-  ended.m_bEndAtOnce = true;
+  EXPECT_EQ(ticker.m_trace.front() + ticker.m_trace.back(), "timer 3clicked 160");
+  ended.m_onInit = [&ended](IDialogView&) { ended.EndDialog(c_nIdOk); };
   person.Watch([&] { EXPECT_EQ(ended.DoModal(), c_nIdOk); });
 }
 
-TEST(QtDialogs, ListChangesByTheProgramRaiseNoEvent) {
+TEST(QtDialogs, ListsByTheProgram) {
   CProbeDlg dialog;
   CDialogWindow window(dialog);
   window.OpenDialog();
-  window.Select(12, 1, true);
-  window.Select(12, 2, true);
-  EXPECT_FALSE(window.IsSelected(12, 1)) << "single selection";
-  window.SetCurrent(12, 0);
-  window.InsertItem(12, 0, "z");
-  EXPECT_EQ(window.GetCurrent(12), 1) << "the current item moved down";
-  window.DeleteItem(12, 1);
-  EXPECT_EQ(window.GetCurrent(12), -1);
-  EXPECT_EQ(window.AddItem(12, "bb"), 0) << "before the first greater one, which InsertItem put there";
+  CheckLists(window, dialog);
   window.SetText(4711, "nothing");
   EXPECT_EQ(window.GetText(4711), "");
-  EXPECT_EQ(dialog.m_nSelections, 0);
 }
 
 TEST(QtWaitCursor, RestsBehindWindowsAndEndsWithTheCall) {
@@ -101,7 +58,7 @@ TEST(QtWaitCursor, RestsBehindWindowsAndEndsWithTheCall) {
   platform.BeginWaitCursor();
   EXPECT_TRUE(isWaiting());
   bool bWaitingInDialog = true;
-  person.AddScript(77, {DialogStep::Inspect([&](const IDialogView&) { bWaitingInDialog = isWaiting(); })});
+  person.AddScript(900, {Do::Inspect([&](const IDialogView&) { bWaitingInDialog = isWaiting(); })});
   CProbeDlg dialog;
   person.Watch([&] { dialog.DoModal(); });
   EXPECT_FALSE(bWaitingInDialog);
@@ -173,6 +130,7 @@ QImage Paint(const std::function<void(IPaintContext&)>& draw) {
 }
 
 TEST(QtPainting, PixelsStandWhereTheyAreAskedFor) {
+  using Expected = std::pair<const char*, std::vector<QPoint>>;
   const QImage image = Paint([](IPaintContext& paint) {
     paint.SetPen({255, 0, 0});
     paint.SetBrush({0, 0, 255});
@@ -181,15 +139,11 @@ TEST(QtPainting, PixelsStandWhereTheyAreAskedFor) {
     paint.Line(40, 20, 50, 20);
     paint.Line(0, 0, 1.0 / 0.0, 0);
   });
-  struct Case {
-    const char* strColour;
-    std::vector<QPoint> points;
-  };
-  for (const Case& c :
-       {Case{"#ff0000", {{10, 5}, {30, 5}, {30, 15}, {10, 15}, {20, 5}}}, Case{"#0000ff", {{11, 6}, {29, 14}}},
-        Case{"#ffffff", {{9, 5}, {31, 5}, {20, 16}, {39, 20}, {45, 19}, {45, 21}, {0, 0}}},
-        Case{"#008000", {{40, 20}, {50, 20}}}}) {
-    for (const QPoint p : c.points) EXPECT_EQ(image.pixelColor(p).name(), c.strColour) << p.x() << ' ' << p.y();
+  for (const auto& [strColour, points] :
+       {Expected{"#ff0000", {{10, 5}, {30, 5}, {30, 15}, {10, 15}, {20, 5}}}, Expected{"#0000ff", {{11, 6}, {29, 14}}},
+        Expected{"#ffffff", {{9, 5}, {31, 5}, {20, 16}, {39, 20}, {45, 19}, {45, 21}, {0, 0}}},
+        Expected{"#008000", {{40, 20}, {50, 20}}}}) {
+    for (const QPoint p : points) EXPECT_EQ(image.pixelColor(p).name(), strColour) << p.x() << ' ' << p.y();
   }
 }
 

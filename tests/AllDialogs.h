@@ -1,0 +1,39 @@
+#pragma once
+
+#include "TestPlatform.h"
+#include "skyframe/dialogs/DynOptionDlg.h"
+#include "skyframe/dialogs/EarthquakeDlg.h"
+#include "skyframe/dialogs/GeneralLoadDlg.h"
+#include "skyframe/dialogs/HisResultDlg.h"
+#include "skyframe/dialogs/ImpulseLoadDlg.h"
+#include "skyframe/dialogs/LoadCombDlg.h"
+#include "skyframe/dialogs/ModeDlg.h"
+#include "skyframe/dialogs/NewmarkDlg.h"
+#include "skyframe/dialogs/NonlinStaticDlg.h"
+#include "skyframe/dialogs/SpectrumDlg.h"
+#include "skyframe/dialogs/Templates.h"
+#include "skyframe/dialogs/WilsonDlg.h"
+#include "skyframe/platform/PaintContext.h"
+
+namespace skyframe::test {
+
+/// What the viewer would draw and write of five nodes and three elements.
+class CFakeHistories : public IHistoryView {
+ public:
+  int GetNodeCount() const override { return 5; }
+  int GetElementCount() const override { return 3; }
+  void Plot(IPaintContext& paint, const std::optional<HistorySelection>& selection) const override {
+    paint.Rectangle(250, 30, 401, 250);
+    m_plotted.push_back(selection);
+  }
+  bool WriteOut(const HistorySelection& selection) const override {
+    m_written.push_back(selection);
+    return m_bWritable;
+  }
+
+  bool m_bWritable = true;
+  mutable std::vector<std::optional<HistorySelection>> m_plotted;
+  mutable std::vector<HistorySelection> m_written;
+};
+
+}  // namespace skyframe::test
