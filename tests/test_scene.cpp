@@ -7,6 +7,14 @@
 namespace skyframe::host {
 namespace {
 
+TEST(Shapes, AModeIsItsOwn) {
+  ModeResultFile file;
+  file.omega = {2.0, 3.0};
+  file.shapes = {{{1, 0, 0, 0, 0, 0}}, {{0, 5, 0, 0, 0, 0}}};
+  const DeformedShape shape = FormModeShape(file, 2);
+  EXPECT_TRUE(shape.nMode == 2 && shape.dOmega == 3.0 && shape.displacements == file.shapes[1]);
+}
+
 TEST(Camera, StandardDirections) {
   const double dRight = std::sqrt(0.5);
   const double dUp = std::sqrt(1.0 / 6.0);
