@@ -1,6 +1,10 @@
 #include "CommandFolder.h"
+#include "skyframe/job/JobFile.h"
 #include "skyframe/plot/Chart.h"
 #include "skyframe/plot/Pictures.h"
+#include "skyframe/run/DataDirectory.h"
+#include "skyframe/run/PlatformScope.h"
+#include "skyframe/run/Session.h"
 
 namespace skyframe::host {
 namespace {
@@ -107,6 +111,32 @@ TEST(Plots, ShapesStayOnTheSheet) {
       }
     }
   }
+}
+
+TEST(Session, ShowsHistoriesOfItsOwnJobAlone) {
+  const test::CCommandFolder job;
+  const Job model =
+      ParseJob(
+          test::MakeCantilever("111111", R"({"type": "modal", "modes": 2}, {"type": "time_history", "method": "newmark",
+      "load": "ground_motion", "earthquake": {"time_step": 0.02, "duration": 0.4, "directions": ["Y"]}})"))
+          .job;
+  std::ostringstream messages, console;
+  CPlatformScope platform(messages, console);
+  CSvgPaintContext paint(665, 300);
+  const auto Open = [&](const std::string& strPath) { return CSession::Open(model, strPath, FindDataDirectory()); };
+  auto first = Open(job.GetPath(""));
+  EXPECT_FALSE(first->GetHistories().bComplete);
+  for (const JobAnalysis& analysis : model.analyses) {
+    EXPECT_EQ(first->Run(analysis, platform.Get()).status, RunStatus::Done) << messages.str();
+  }
+  EXPECT_TRUE(first->GetHistories().bComplete);
+  auto other = Open(job.GetPath("other"));
+  EXPECT_FALSE(other->PaintViewer({}, platform.Get(), paint));
+  EXPECT_FALSE(other->GetHistories().bComplete);
+  auto again = Open(job.GetPath(""));
+  EXPECT_TRUE(again->PaintViewer({}, platform.Get(), paint) && again->GetHistories().bComplete);
+  other = Open(job.GetPath("other"));
+  EXPECT_FALSE(other->PaintViewer({}, platform.Get(), paint) || other->GetHistories().bComplete);
 }
 
 TEST(Plots, WhatIsNotThereEndsWithStatusTwo) {

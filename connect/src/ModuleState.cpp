@@ -21,6 +21,7 @@ std::string GetHostJobPath() {
 }
 
 void KeepHistory(HistorySet history) {
+  history.nKept = g_history.nKept + 1;
   g_history = std::move(history);
   g_nHistorySteps = g_history.nSteps;
   g_nHistoryPoints = g_history.GetNodeCount();

@@ -37,6 +37,9 @@ std::optional<CSession> CSession::Open(Job job, std::string strJobPath, const st
   return CSession(std::move(job), std::move(strJobPath));
 }
 
+CSession::CSession(Job job, std::string strJobPath)
+    : m_job(std::move(job)), m_strJobPath(std::move(strJobPath)), m_nKeptBefore(skyframe::GetHistories().nKept) {}
+
 const RunFindings& CSession::Run(AnalysisKind kind) {
   switch (kind) {
     case AnalysisKind::Static:
@@ -62,16 +65,13 @@ const RunFindings& CSession::Run(const JobAnalysis& analysis, CHostPlatform& pla
     COMDYN.m_nPseudoLoadNo = *whole.nPseudoLoad;
   }
   platform.Clear();
-  std::visit([&platform](const auto& parameters) { AddScripts(parameters, platform); }, analysis);
+  AddScripts(analysis, platform);
   const RunFindings& findings = Run(GetKind(analysis));
   platform.EndProgress();
   return findings;
 }
 
-void CSession::ShowHistories() {
-  CModeConnect::OnTimeHistoryRes();
-  m_bViewed = true;
-}
+void CSession::ShowHistories() { CModeConnect::OnTimeHistoryRes(); }
 
 bool CSession::PaintViewer(const HistoryChoice& curve, CHostPlatform& platform, IPaintContext& paint) {
   const bool bElement = curve.nQuantity == c_nHistoryForce;
@@ -89,8 +89,7 @@ bool CSession::PaintViewer(const HistoryChoice& curve, CHostPlatform& platform, 
 
 const HistorySet& CSession::GetHistories() const {
   const HistorySet& histories = skyframe::GetHistories();
-  const bool bFromFile = histories.strFinished.empty();
-  return COMDYN.m_bHistoryAvailable != 0 || (m_bViewed && bFromFile) ? histories : m_none;
+  return histories.nKept > m_nKeptBefore ? histories : m_none;
 }
 
 std::optional<ModelMeasure> CSession::Measure() const {

@@ -45,6 +45,7 @@ struct HistoryRun {
 /// values[0..2]: X, Y, Z displacement, m, steps x nodes; values[3]: axial force, N, steps x elements.
 struct HistorySet : HistoryRun {
   bool bComplete = false;  ///< all steps are there
+  int nKept = 0;           ///< sets that the module has kept so far, this one with them
   std::array<CHistoryTable, c_nHistoryQuantities> values;
 
   [[nodiscard]] int GetNodeCount() const { return values[c_nHistoryX].GetCols(); }

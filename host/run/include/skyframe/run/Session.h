@@ -40,18 +40,18 @@ class CSession {
   /// The picture that the viewer shows of a history; false after a message when its file is damaged or of another
   /// model.
   [[nodiscard]] bool PaintViewer(const HistoryChoice& curve, CHostPlatform& platform, IPaintContext& paint);
-  /// Histories of this job that the viewer shows; no steps without one. The module keeps those of other jobs, too.
+  /// Histories of this job that the viewer shows: those kept since the session was opened. No steps without one.
   [[nodiscard]] const HistorySet& GetHistories() const;
 
   /// Counts, profile and memory; nothing after a message when the module refuses the model.
   [[nodiscard]] std::optional<ModelMeasure> Measure() const;
 
  private:
-  CSession(Job job, std::string strJobPath) : m_job(std::move(job)), m_strJobPath(std::move(strJobPath)) {}
+  CSession(Job job, std::string strJobPath);
 
   Job m_job;
   std::string m_strJobPath;
-  bool m_bViewed = false;  ///< the viewer was open: histories of a file are this job's
+  int m_nKeptBefore;  ///< sets of histories that are not of this job
   HistorySet m_none;
 };
 
