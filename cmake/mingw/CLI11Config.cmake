@@ -1,0 +1,4 @@
+file(MAKE_DIRECTORY ${CMAKE_BINARY_DIR}/headers)
+file(CREATE_LINK /usr/include/CLI ${CMAKE_BINARY_DIR}/headers/CLI SYMBOLIC)
+add_library(CLI11::CLI11 INTERFACE IMPORTED)
+target_include_directories(CLI11::CLI11 INTERFACE ${CMAKE_BINARY_DIR}/headers)
