@@ -158,6 +158,8 @@ TEST(Files, WhatCannotBeWrittenLeavesTheOldFileAndSaysWhy) {
       EXPECT_EQ(findings.files, Strings{});
       EXPECT_EQ(fs::is_regular_file(strPath) ? job.Read("s/file.txt") : "old", "old");
       std::error_code error;
+      fs::permissions(strPath, fs::perms::owner_write, fs::perm_options::add,
+                      error);  // else Windows does not remove it
       for (const auto& entry : fs::directory_iterator(job.GetPath("s"), error)) {
         EXPECT_NE(entry.path().extension(), ".part");
       }

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <filesystem>
+#include <string>
 #include <vector>
 
 /// What the standard library has no words for: files by descriptor, the machine. Failures leave errno.
@@ -29,6 +30,11 @@ std::size_t Read(int nDescriptor, char* pBytes, std::size_t nCount);
 
 [[nodiscard]] bool IsWritable(const std::filesystem::path& path);
 [[nodiscard]] bool IsErrorTerminal();
+/// In UTF-8, without the program's name; main's own where the system hands them over so.
+[[nodiscard]] std::vector<std::string> GetArguments(int nCount, char** arguments);
+/// Standard output and error are text in UTF-8 with the line ends as they were written; the state to go back to.
+[[nodiscard]] int BeginConsoleText();
+void EndConsoleText(int nPrevious);
 /// Of the running program; empty where the system does not tell.
 [[nodiscard]] std::filesystem::path GetProgramPath();
 /// Bytes of the machine's memory; infinite where the system does not tell.

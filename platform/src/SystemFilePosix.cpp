@@ -118,6 +118,14 @@ bool IsWritable(const std::filesystem::path& path) { return access(path.c_str(),
 
 bool IsErrorTerminal() { return isatty(STDERR_FILENO) == 1; }
 
+std::vector<std::string> GetArguments(int nCount, char** arguments) {
+  return nCount > 1 ? std::vector<std::string>(arguments + 1, arguments + nCount) : std::vector<std::string>();
+}
+
+int BeginConsoleText() { return 0; }
+
+void EndConsoleText(int /*nPrevious*/) {}
+
 std::filesystem::path GetProgramPath() {
   std::error_code error;
   std::filesystem::path path = std::filesystem::read_symlink("/proc/self/exe", error);

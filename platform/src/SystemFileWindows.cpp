@@ -6,11 +6,14 @@
 #include <share.h>
 #include <sys/stat.h>
 #include <windows.h>
+// needs the one before
+#include <shellapi.h>
 
 #include <algorithm>
 #include <cerrno>
 #include <cstdio>
 #include <limits>
+#include <memory>
 
 #include "SystemFile.h"
 
@@ -26,6 +29,16 @@ constexpr std::size_t c_nMostBytes = std::size_t{1} << 30U;
 int Open(const std::filesystem::path& path, int nFlags, int nSharing) {
   int n = -1;
   return _wsopen_s(&n, path.c_str(), nFlags | c_nPlain, nSharing, _S_IREAD | _S_IWRITE) == 0 ? n : -1;
+}
+
+std::string ToUtf8(const wchar_t* szText) {
+  const auto convert = [szText](char* pBytes, int nBytes) {
+    return WideCharToMultiByte(CP_UTF8, 0, szText, -1, pBytes, nBytes, nullptr, nullptr);
+  };
+  std::string strText(static_cast<std::size_t>(std::max(convert(nullptr, 0), 1)), '\0');
+  convert(strText.data(), static_cast<int>(strText.size()));
+  strText.pop_back();  // the end that C strings have
+  return strText;
 }
 
 }  // namespace
@@ -46,11 +59,17 @@ int OpenDevice(const std::filesystem::path& path) { return Open(path, _O_WRONLY,
 int KeepInCare(int /*nDescriptor*/) { return -1; }  // an open file cannot be moved to its name
 
 std::vector<std::filesystem::path> ListNames(const std::filesystem::path& folder) {
+  struct CloseSearch {
+    void operator()(void* p) const { FindClose(p); }
+  };
   std::vector<std::filesystem::path> names;
-  std::error_code error;
-  for (std::filesystem::directory_iterator it(folder, error), end; !error && it != end; it.increment(error)) {
-    names.push_back(it->path().filename());
-  }
+  WIN32_FIND_DATAW entry = {};
+  void* const pFirst = FindFirstFileW((folder / "*").c_str(), &entry);
+  if (pFirst == INVALID_HANDLE_VALUE) return names;
+  const std::unique_ptr<void, CloseSearch> pSearch(pFirst);
+  do {
+    names.emplace_back(entry.cFileName);
+  } while (FindNextFileW(pSearch.get(), &entry) != 0);
   return names;
 }
 
@@ -79,6 +98,28 @@ bool IsWritable(const std::filesystem::path& path) {
 }
 
 bool IsErrorTerminal() { return _isatty(_fileno(stderr)) != 0; }
+
+std::vector<std::string> GetArguments(int /*nCount*/, char** /*arguments*/) {
+  struct FreeWords {
+    void operator()(LPWSTR* p) const { LocalFree(p); }
+  };
+  int nWords = 0;
+  const std::unique_ptr<LPWSTR, FreeWords> pWords(CommandLineToArgvW(GetCommandLineW(), &nWords));
+  std::vector<std::string> result;
+  for (int i = 1; i < nWords; ++i) result.push_back(ToUtf8(pWords.get()[i]));
+  return result;
+}
+
+int BeginConsoleText() {
+  for (std::FILE* const pStream : {stdout, stderr}) _setmode(_fileno(pStream), _O_BINARY);
+  const UINT nPrevious = GetConsoleOutputCP();
+  SetConsoleOutputCP(CP_UTF8);
+  return static_cast<int>(nPrevious);
+}
+
+void EndConsoleText(int nPrevious) {
+  if (nPrevious > 0) SetConsoleOutputCP(static_cast<UINT>(nPrevious));
+}
 
 std::filesystem::path GetProgramPath() {
   constexpr DWORD c_nLongest = 1U << 15U;
