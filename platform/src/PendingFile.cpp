@@ -162,9 +162,7 @@ std::string CPendingFile::MoveToTarget() {
   std::string strReason = FindObstacle(m_target);
   if (!strReason.empty()) return strReason;
   CopyPermissions(m_target, m_temporary);
-  std::error_code error;
-  fs::rename(m_temporary, m_target, error);
-  if (error) return Describe(error);
+  if (const std::error_code error = system_file::Replace(m_temporary, m_target)) return Describe(error);
   m_temporary.clear();
   return {};
 }

@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <filesystem>
 #include <string>
+#include <system_error>
 #include <vector>
 
 /// What the standard library has no words for: files by descriptor, the machine. Failures leave errno.
@@ -16,12 +17,15 @@ int CreateNew(const std::filesystem::path& path);
 /// A character device or a pipe. Negative: not possible.
 int OpenDevice(const std::filesystem::path& path);
 
-/// Another descriptor that keeps a new file in care after its own was closed; negative where the system has none.
+/// Another descriptor that keeps a new file in care after its own was closed; negative: not possible.
 int KeepInCare(int nDescriptor);
 /// Names of what a folder holds; none when it cannot be read.
 [[nodiscard]] std::vector<std::filesystem::path> ListNames(const std::filesystem::path& folder);
 /// Removes a file that CreateNew made, unless a process still has it in its care.
 void RemoveOrphan(const std::filesystem::path& path);
+
+/// Moves a file to a name, where it takes the place of another.
+[[nodiscard]] std::error_code Replace(const std::filesystem::path& from, const std::filesystem::path& to);
 
 /// Bytes read, 0 at the end of the file and on failure.
 std::size_t Read(int nDescriptor, char* pBytes, std::size_t nCount);

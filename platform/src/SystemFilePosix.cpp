@@ -97,6 +97,12 @@ void RemoveOrphan(const std::filesystem::path& path) {
   close(n);
 }
 
+std::error_code Replace(const std::filesystem::path& from, const std::filesystem::path& to) {
+  std::error_code error;
+  std::filesystem::rename(from, to, error);
+  return error;
+}
+
 std::size_t Read(int nDescriptor, char* pBytes, std::size_t nCount) {
   const ssize_t nRead = Persist([=] { return read(nDescriptor, pBytes, nCount); });
   return nRead < 0 ? 0 : static_cast<std::size_t>(nRead);
