@@ -3,7 +3,7 @@ execute_process(COMMAND ${NM} -DC --defined-only ${LIBRARY} OUTPUT_VARIABLE tabl
 string(REGEX MATCHALL "[^\n]+" lines "${table}")
 set(host "CModeConnect::|CCommonData::|RestraintCode::|LoadCode::|ResetHostData|FromRecord|ToRecord|ABCD|COMDAT|SECT|COMDYN|ZHU|RES|g_ProgramPath|g_FilePathName")
 set(findings "FindDialogTemplate|LookAtDialog|Get(Static|Modal|Spectrum|History)Findings|GetHistories|MeasureModel|CountModesBelow|EvaluateDesignSpectrum")
-set(seam "InstallPlatform|GetPlatform|IsErrorTerminal|GetProgramPath|To(Native|File)Path|I(Platform|PendingFile|DialogView|PaintContext)|C(HeadlessPlatform|Dialog|DataExchange|TextWriter|WordReader|OutputFile|PaintRecorder|SvgPaintContext)|DialogTemplate::|DialogStep::|Format(Fixed|General|Shortest)|Parse(Int|Real)|ReadWholeFile|ReadContent|FindSortedRow|FindFirstFocus|CDialogUnits|MeasurePainting|CConsoleBuffer|CProgressPace|PerformStep|OpenWindows")
+set(seam "InstallPlatform|GetPlatform|IsErrorTerminal|GetArguments|GetProgramPath|To(Native|File)Path|I(Platform|PendingFile|DialogView|PaintContext)|C(ConsoleScope|HeadlessPlatform|Dialog|DataExchange|TextWriter|WordReader|OutputFile|PaintRecorder|SvgPaintContext)|DialogTemplate::|DialogStep::|Format(Fixed|General|Shortest)|Parse(Int|Real)|ReadNumber|ReadWholeFile|ReadContent|FindSortedRow|FindFirstFocus|CDialogUnits|MeasurePainting|CConsoleBuffer|CProgressPace|PerformStep|OpenWindows")
 set(unknown "")
 foreach(line IN LISTS lines)
   string(REGEX REPLACE "^[0-9a-f]+ . " "" name "${line}")
