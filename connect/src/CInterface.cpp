@@ -144,7 +144,10 @@ int skyframe_encode_restraint(const int* pRestrained) {
 
 int skyframe_encode_spring(int nGroup) { return RestraintCode::EncodeSpring(nGroup); }
 
-int skyframe_encode_load(int nCase, int nDirection) { return LoadCode::Encode(nCase, nDirection); }
+int skyframe_encode_load(int nCase, int nDirection) {
+  const bool bKnown = nDirection >= 0 && nDirection < static_cast<int>(std::size(LoadCode::c_nDigitOfDof));
+  return bKnown ? LoadCode::Encode(nCase, nDirection) : 0;
+}
 
 void skyframe_on_mode() { CModeConnect::OnMode(); }
 int skyframe_on_ansys_spectrum() { return CModeConnect::OnAnsysSpectrum(); }

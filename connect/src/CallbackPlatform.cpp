@@ -13,33 +13,13 @@ bool EndsDialog(const DialogStep& step) {
 
 }  // namespace
 
-CLineBuffer::int_type CLineBuffer::overflow(int_type c) {
-  if (traits_type::eq_int_type(c, traits_type::eof())) return traits_type::not_eof(c);
-  if (const char cNext = traits_type::to_char_type(c); cNext == '\n') {
-    HandOn();
-  } else {
-    m_strLine += cNext;
-  }
-  return c;
-}
-
-int CLineBuffer::sync() {
-  if (!m_strLine.empty()) HandOn();
-  return 0;
-}
-
-void CLineBuffer::HandOn() {
-  m_sink(m_strLine);
-  m_strLine.clear();
-}
-
 CCallbackPlatform::CCallbackPlatform(TextCallback message, TextCallback console)
     : CHeadlessPlatform(m_console, m_console),
       m_message(message),
       m_consoleBuffer(console),
       m_console(&m_consoleBuffer) {}
 
-void CCallbackPlatform::ShowMessage(std::string_view strText) { m_message(std::string(strText)); }
+void CCallbackPlatform::ShowMessage(std::string_view strText) { m_message(strText); }
 
 int CCallbackPlatform::RunModal(CDialog& dialog) {
   const int nDialog = dialog.GetTemplate().nId;

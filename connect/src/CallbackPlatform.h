@@ -1,41 +1,23 @@
 #pragma once
 
-#include <functional>
 #include <map>
 #include <ostream>
-#include <streambuf>
 #include <string>
+#include <string_view>
 #include <vector>
 
+#include "skyframe/platform/ConsoleBuffer.h"
 #include "skyframe/platform/HeadlessPlatform.h"
 
 namespace skyframe {
-
-/// Hands on what is written line by line, without the ends; a rest at the next flush.
-class CLineBuffer : public std::streambuf {
- public:
-  using Sink = std::function<void(const std::string&)>;
-
-  explicit CLineBuffer(Sink sink) : m_sink(std::move(sink)) {}
-
- protected:
-  int_type overflow(int_type c) override;
-  int sync() override;
-
- private:
-  void HandOn();
-
-  Sink m_sink;
-  std::string m_strLine;
-};
 
 /// A host's function for texts; null: not told.
 struct TextCallback {
   void (*pFunction)(void* pContext, const char* pszText);
   void* pContext;
 
-  void operator()(const std::string& strText) const {
-    if (pFunction != nullptr) pFunction(pContext, strText.c_str());
+  void operator()(std::string_view strText) const {
+    if (pFunction != nullptr) pFunction(pContext, std::string(strText).c_str());
   }
 };
 
@@ -57,7 +39,7 @@ class CCallbackPlatform : public CHeadlessPlatform {
   void TellScriptErrors();
 
   TextCallback m_message;
-  CLineBuffer m_consoleBuffer;
+  CConsoleBuffer m_consoleBuffer;
   std::ostream m_console;
   std::map<int, std::vector<DialogStep>> m_steps;
   std::size_t m_nToldErrors = 0;

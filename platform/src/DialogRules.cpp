@@ -1,6 +1,36 @@
 #include "skyframe/platform/DialogRules.h"
 
+#include <algorithm>
+#include <cmath>
+
 namespace skyframe {
+
+namespace {
+
+constexpr double c_dMaxHeight = 1.3;  // body heights; fonts for many scripts claim more, which would stretch dialogs
+
+}  // namespace
+
+CDialogUnits::CDialogUnits(double dLettersWidth, double dLineHeight, double dBodyHeight)
+    : m_dX(dLettersWidth / static_cast<double>(c_strLetters.size()) / 4.0),
+      m_dY(std::min(dLineHeight, c_dMaxHeight * dBodyHeight) / 8.0) {}
+
+DialogRect CDialogUnits::ToPixels(const DialogRect& rect) const {
+  const auto pixels = [](int nUnits, double dUnit) { return static_cast<int>(std::lround(nUnits * dUnit)); };
+  const int nX = pixels(rect.nX, m_dX);
+  const int nY = pixels(rect.nY, m_dY);
+  return {nX, nY, pixels(rect.nX + rect.nWidth, m_dX) - nX, pixels(rect.nY + rect.nHeight, m_dY) - nY};
+}
+
+PaintPoint MeasurePainting(CDialog& dialog) {
+  CPaintRecorder recorder;
+  dialog.Paint(recorder);
+  PaintPoint end;
+  for (const PaintItem& item : recorder.GetItems()) {
+    for (const PaintPoint& point : item.points) end = {std::max(end.dX, point.dX), std::max(end.dY, point.dY)};
+  }
+  return end;
+}
 
 int FindFirstFocus(const DialogTemplate& layout, const IDialogView& view) {
   for (const ControlTemplate& control : layout.controls) {

@@ -30,11 +30,11 @@ SKYFRAME_API void skyframe_close(void);
 
 /// Real windows, owned by a window of the host's (HWND, or null). 0 where the module has none on this system.
 SKYFRAME_API int skyframe_use_windows(void* pHostWindow);
-/// No windows: messages and console lines (without their end) go to the host's functions, which get pContext back;
-/// null: not told. Dialogs are filled in as asked for below and ended with OK. A dialog that refuses its values is
-/// cancelled after its message.
+/// No windows: messages, and console text in whole lines, go to the host's functions, which get pContext back; null:
+/// not told. Dialogs are filled in as asked for below and ended with OK. A dialog that refuses its values is cancelled
+/// after its message.
 SKYFRAME_API int skyframe_use_callbacks(void (*pMessage)(void* pContext, const char* pszText),
-                                        void (*pConsole)(void* pContext, const char* pszLine), void* pContext);
+                                        void (*pConsole)(void* pContext, const char* pszText), void* pContext);
 
 // What a person would do at the next opening of a dialog, in the order of the calls; for skyframe_use_callbacks, which
 // forgets earlier ones. Identifiers of dialogs and controls: skyframe/values/DialogIds.h. A step that a person could
@@ -68,7 +68,7 @@ SKYFRAME_API int skyframe_set_job_path(const char* pszPath);
 /// Stiffnesses of a spring group, kN/mm. 0: no such group.
 SKYFRAME_API int skyframe_set_spring_group(int nGroup, float fKx, float fKy, float fKz);
 
-/// Codes of tagAbcd. pRestrained: six flags, X Y Z RX RY RZ; nDirection: their place, 0..5.
+/// Codes of tagAbcd. pRestrained: six flags, X Y Z RX RY RZ; nDirection: their place, 0..5; 0 for another.
 SKYFRAME_API int skyframe_encode_restraint(const int* pRestrained);
 SKYFRAME_API int skyframe_encode_spring(int nGroup);
 SKYFRAME_API int skyframe_encode_load(int nCase, int nDirection);

@@ -26,8 +26,6 @@ namespace skyframe {
 
 namespace {
 
-constexpr int c_nMargin = 7;  // dialog units beside what a dialog paints itself
-
 /// While it lives, changes of a list are the program's own.
 class CSilence {
  public:
@@ -71,10 +69,10 @@ CDialogWindow::CDialogWindow(CDialog& dialog, double dScale, QWidget* pParent)
   setObjectName(QString::number(layout.nId));
   setWindowTitle(ToQt(layout.strTitle));
   setFont(FormDialogFont(dScale));
-  const CDialogUnits units(font());
+  const CDialogUnits units = FormDialogUnits(font());
   MakeControls(units);
   GroupRadioButtons();
-  setFixedSize(units.ToPixels({0, 0, layout.nWidth, layout.nHeight}).size());
+  setFixedSize(ToQt(units.ToPixels({0, 0, layout.nWidth, layout.nHeight})).size());
 }
 
 CDialogWindow::~CDialogWindow() {
@@ -86,7 +84,7 @@ void CDialogWindow::MakeControls(const CDialogUnits& units) {
   for (const ControlTemplate& control : m_dialog.GetTemplate().controls) {
     std::unique_ptr<QWidget> pWidget = MakeWidget(control);
     pWidget->setParent(this);
-    pWidget->setGeometry(units.ToPixels(control.rect));
+    pWidget->setGeometry(ToQt(units.ToPixels(control.rect)));
     pWidget->setEnabled((control.nStyle & c_nStyleDisabled) == 0);
     if (control.nId != -1) pWidget->setObjectName(QString::number(control.nId));
     if (control.kind == ControlKind::Group) pWidget->lower();
@@ -213,22 +211,15 @@ void CDialogWindow::GroupRadioButtons() {
 void CDialogWindow::OpenDialog() {
   m_bOpen = true;
   m_dialog.Open(*this);
-  setFixedSize(MeasureClient(CDialogUnits(font())));
+  setFixedSize(MeasureClient(FormDialogUnits(font())));
   FocusFirst();
 }
 
 QSize CDialogWindow::MeasureClient(const CDialogUnits& units) {
-  CPaintRecorder recorder;
-  m_dialog.Paint(recorder);
-  if (recorder.GetItems().empty()) return size();
-  QRect used = childrenRect();
-  for (const PaintItem& item : recorder.GetItems()) {
-    for (const PaintPoint& point : item.points) {
-      used = used.united({0, 0, qCeil(point.dX * m_dScale), qCeil(point.dY * m_dScale)});
-    }
-  }
-  const QSize margin = units.ToPixels({0, 0, c_nMargin, c_nMargin}).size();
-  return QSize(used.right(), used.bottom()) + margin;
+  const PaintPoint painted = MeasurePainting(m_dialog);
+  if (painted == PaintPoint{}) return size();
+  const QRect used = childrenRect().united({0, 0, qCeil(painted.dX * m_dScale), qCeil(painted.dY * m_dScale)});
+  return QSize(used.right(), used.bottom()) + ToQt(units.ToPixels({0, 0, c_nPaintMargin, c_nPaintMargin})).size();
 }
 
 void CDialogWindow::FocusFirst() {

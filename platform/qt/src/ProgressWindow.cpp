@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
+#include "skyframe/platform/WindowTexts.h"
 #include "skyframe/qt/Font.h"
-#include "texts.h"
 
 namespace skyframe {
 
@@ -17,7 +17,7 @@ constexpr int c_nBarWidth = 320;
 CProgressWindow::CProgressWindow(const QFont& font, QWidget* pParent)
     : QDialog(pParent, Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint), m_layout(this) {
   setObjectName(QStringLiteral("progress"));
-  setWindowTitle(ToQt(texts::c_strBusy));
+  setWindowTitle(ToQt(windows::texts::c_strBusy));
   setFont(font);
   setModal(true);
   m_label.setTextFormat(Qt::PlainText);

@@ -21,12 +21,9 @@ QPolygonF ToQt(std::span<const PaintPoint> points) {
 /// From a text's position to the left end of its baseline.
 QPointF GetTextShift(const QFontMetricsF& metrics, const QString& strLine, HorizontalAlign horizontal,
                      VerticalAlign vertical) {
-  QPointF shift(0.0, 0.0);
+  QPointF shift(0.0, GetBaselineShift(vertical, metrics.ascent(), metrics.descent()));
   if (horizontal == HorizontalAlign::Centre) shift.setX(-0.5 * metrics.horizontalAdvance(strLine));
   if (horizontal == HorizontalAlign::Right) shift.setX(-metrics.horizontalAdvance(strLine));
-  if (vertical == VerticalAlign::Top) shift.setY(metrics.ascent());
-  if (vertical == VerticalAlign::Middle) shift.setY(0.5 * (metrics.ascent() - metrics.descent()));
-  if (vertical == VerticalAlign::Bottom) shift.setY(-metrics.descent());
   return shift;
 }
 

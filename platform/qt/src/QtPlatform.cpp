@@ -7,17 +7,15 @@
 #include <iostream>
 #include <utility>
 
-#include "ConsoleBuffer.h"
 #include "ProgressWindow.h"
+#include "skyframe/platform/ConsoleBuffer.h"
+#include "skyframe/platform/WindowTexts.h"
 #include "skyframe/qt/DialogWindow.h"
 #include "skyframe/qt/Font.h"
-#include "texts.h"
 
 namespace skyframe {
 
 namespace {
-
-constexpr std::chrono::milliseconds c_reportPeriod{50};
 
 void WriteToStandardOutput(std::string_view strText) { std::cout << strText << std::flush; }
 
@@ -64,11 +62,11 @@ void CQtPlatform::ShowMessage(std::string_view strText) {
   QMessageBox box(GetParentWindow());
   box.setObjectName(QStringLiteral("message"));
   box.setFont(FormDialogFont(m_dFontScale));
-  box.setWindowTitle(ToQt(texts::c_strWindowTitle));
+  box.setWindowTitle(ToQt(windows::texts::c_strTitle));
   box.setTextFormat(Qt::PlainText);
   box.setText(ToQt(strText));
   box.setStandardButtons(QMessageBox::Ok);
-  box.button(QMessageBox::Ok)->setText(ToQt(texts::c_strAcknowledge));
+  box.button(QMessageBox::Ok)->setText(ToQt(windows::texts::c_strAcknowledge));
   box.exec();
 }
 
@@ -94,12 +92,9 @@ LocalTime CQtPlatform::GetLocalTime() {
 }
 
 void CQtPlatform::ReportProgress(double dFraction, std::string_view strLabel) {
-  const Clock::time_point now = Clock::now();
-  if (dFraction < m_dLastFraction || m_dLastFraction >= 1.0) m_stepStart = now;
-  m_dLastFraction = dFraction;
-  if (dFraction >= 1.0) return CloseProgress();
-  if (now - m_stepStart < m_progressDelay || now - m_lastReport < c_reportPeriod) return;
-  m_lastReport = now;
+  const CProgressPace::Verdict verdict = m_pace.Judge(dFraction);
+  if (verdict == CProgressPace::Verdict::Hide) CloseProgress();
+  if (verdict != CProgressPace::Verdict::Show) return;
   m_pConsole->flush();
   if (m_pProgress == nullptr) {
     m_pProgress = std::make_unique<CProgressWindow>(FormDialogFont(m_dFontScale), GetParentWindow());
@@ -110,7 +105,7 @@ void CQtPlatform::ReportProgress(double dFraction, std::string_view strLabel) {
 }
 
 void CQtPlatform::CloseProgress() {
-  m_dLastFraction = 1.0;
+  m_pace.EndStep();
   m_pProgress.reset();
 }
 

@@ -1,12 +1,48 @@
 #pragma once
 
+#include <array>
 #include <string_view>
 
 #include "skyframe/platform/Dialog.h"
+#include "skyframe/platform/PaintContext.h"
 
 namespace skyframe {
 
 // What every view of a dialog does alike, whatever draws its controls.
+
+/// The font of the dialogs: its size, and families with Chinese letters, the first of which that is installed is taken.
+inline constexpr double c_dDialogPoints = 10.0;
+inline constexpr std::array<std::string_view, 9> c_strDialogFonts = {"宋体",
+                                                                     "SimSun",
+                                                                     "Noto Sans CJK SC",
+                                                                     "Source Han Sans SC",
+                                                                     "WenQuanYi Micro Hei",
+                                                                     "WenQuanYi Zen Hei",
+                                                                     "Microsoft YaHei UI",
+                                                                     "PingFang SC",
+                                                                     "Noto Sans SC"};
+
+/// Converts dialog units into pixels for one font.
+class SKYFRAME_API CDialogUnits {
+ public:
+  /// The letters whose mean width counts.
+  static constexpr std::string_view c_strLetters = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz";
+
+  /// In pixels: the width of c_strLetters in one line, the height of a line, and of the letters' body.
+  CDialogUnits(double dLettersWidth, double dLineHeight, double dBodyHeight);
+
+  [[nodiscard]] DialogRect ToPixels(const DialogRect& rect) const;
+
+ private:
+  double m_dX;  ///< pixels a unit
+  double m_dY;
+};
+
+/// Right and lower end of what a dialog paints itself, in pixels; both 0 when it paints nothing.
+[[nodiscard]] SKYFRAME_API PaintPoint MeasurePainting(CDialog& dialog);
+
+/// Dialog units that stay free beside what a dialog paints itself.
+inline constexpr int c_nPaintMargin = 7;
 
 /// Whether a person can work with a control of this kind.
 [[nodiscard]] constexpr bool CanFocus(ControlKind kind) {

@@ -34,6 +34,21 @@ struct PaintPoint {
 enum class HorizontalAlign { Left, Centre, Right };
 enum class VerticalAlign { Top, Middle, Baseline, Bottom };
 
+/// From a text's position down to its baseline, for a font that reaches dAscent above it and dDescent below.
+[[nodiscard]] constexpr double GetBaselineShift(VerticalAlign vertical, double dAscent, double dDescent) {
+  switch (vertical) {
+    case VerticalAlign::Top:
+      return dAscent;
+    case VerticalAlign::Middle:
+      return 0.5 * (dAscent - dDescent);
+    case VerticalAlign::Bottom:
+      return -dDescent;
+    case VerticalAlign::Baseline:
+      break;
+  }
+  return 0.0;
+}
+
 struct PaintState {
   Colour pen = c_black;
   double dPenWidth = 1.0;

@@ -5,24 +5,16 @@
 #include <QString>
 #include <string_view>
 
-#include "skyframe/platform/Dialog.h"
+#include "skyframe/platform/DialogRules.h"
 
 namespace skyframe {
 
 /// Font of the module's windows: 10 points times the scale, in the first installed family with Chinese glyphs.
 QFont FormDialogFont(double dScale = 1.0);
 
-/// Converts dialog units into pixels for one font.
-class CDialogUnits {
- public:
-  explicit CDialogUnits(const QFont& font);
+CDialogUnits FormDialogUnits(const QFont& font);
 
-  [[nodiscard]] QRect ToPixels(const DialogRect& rect) const;
-
- private:
-  double m_dX;  ///< pixels a unit
-  double m_dY;
-};
+inline QRect ToQt(const DialogRect& rect) { return {rect.nX, rect.nY, rect.nWidth, rect.nHeight}; }
 
 inline QString ToQt(std::string_view strText) {
   return QString::fromUtf8(strText.data(), static_cast<qsizetype>(strText.size()));

@@ -1,13 +1,13 @@
 #pragma once
 
 #include <QWidget>
-#include <chrono>
 #include <functional>
 #include <memory>
 #include <ostream>
 #include <string_view>
 
 #include "skyframe/platform/Platform.h"
+#include "skyframe/platform/ProgressPace.h"
 
 namespace skyframe {
 
@@ -35,7 +35,7 @@ class CQtPlatform : public IPlatform {
   void SetFontScale(double dScale) { m_dFontScale = dScale; }
   [[nodiscard]] double GetFontScale() const { return m_dFontScale; }
   /// A step shows its progress from the first report after this time on.
-  void SetProgressDelay(std::chrono::milliseconds delay) { m_progressDelay = delay; }
+  void SetProgressDelay(std::chrono::milliseconds delay) { m_pace.SetDelay(delay); }
 
   void ShowMessage(std::string_view strText) override;
   int RunModal(CDialog& dialog) override;
@@ -49,8 +49,6 @@ class CQtPlatform : public IPlatform {
   void SwitchModule(bool bInside) override;
 
  private:
-  using Clock = std::chrono::steady_clock;
-
   [[nodiscard]] QWidget* GetParentWindow() const;
   void CloseProgress();
 
@@ -59,10 +57,7 @@ class CQtPlatform : public IPlatform {
   std::unique_ptr<CConsoleBuffer> m_pConsoleBuffer;
   std::unique_ptr<std::ostream> m_pConsole;
   std::unique_ptr<CProgressWindow> m_pProgress;  ///< null while none is shown
-  std::chrono::milliseconds m_progressDelay{1000};
-  Clock::time_point m_stepStart;
-  Clock::time_point m_lastReport;
-  double m_dLastFraction = 1.0;  ///< of the running step; 1 when none runs
+  CProgressPace m_pace;
 };
 
 }  // namespace skyframe

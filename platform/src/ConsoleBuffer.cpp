@@ -1,4 +1,4 @@
-#include "ConsoleBuffer.h"
+#include "skyframe/platform/ConsoleBuffer.h"
 
 #include <algorithm>
 #include <string>

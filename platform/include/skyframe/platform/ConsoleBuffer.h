@@ -5,11 +5,13 @@
 #include <streambuf>
 #include <string_view>
 
+#include "skyframe/values/Export.h"
+
 namespace skyframe {
 
 /// Collects console text and hands it on in pieces of whole lines; the rest of a line follows with the
 /// next flush, or when it alone fills the buffer.
-class CConsoleBuffer : public std::streambuf {
+class SKYFRAME_API CConsoleBuffer : public std::streambuf {
  public:
   using Sink = std::function<void(std::string_view)>;
 
