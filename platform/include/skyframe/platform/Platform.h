@@ -122,6 +122,9 @@ SKYFRAME_API IPlatform* InstallPlatform(IPlatform* pPlatform, const RecordSizes&
 /// The platform in force; never absent.
 SKYFRAME_API IPlatform& GetPlatform();
 
+/// The platform with the windows of this system; null when the system or this installation has none.
+[[nodiscard]] SKYFRAME_API std::unique_ptr<IPlatform> OpenWindows();
+
 /// Whether a person sees standard error on a terminal.
 [[nodiscard]] SKYFRAME_API bool IsErrorTerminal();
 /// File of the running program; empty where the system does not tell.

@@ -1,0 +1,50 @@
+#include "Text.h"
+
+#include "ModuleContext.h"
+
+namespace skyframe {
+
+std::wstring ToWide(std::string_view strText) {
+  const int nBytes = static_cast<int>(strText.size());
+  std::wstring strWide(static_cast<std::size_t>(MultiByteToWideChar(CP_UTF8, 0, strText.data(), nBytes, nullptr, 0)),
+                       L'\0');
+  MultiByteToWideChar(CP_UTF8, 0, strText.data(), nBytes, strWide.data(), static_cast<int>(strWide.size()));
+  return strWide;
+}
+
+std::string ToUtf8(std::wstring_view strText) {
+  const int nUnits = static_cast<int>(strText.size());
+  const int nBytes = WideCharToMultiByte(CP_UTF8, 0, strText.data(), nUnits, nullptr, 0, nullptr, nullptr);
+  std::string strBytes(static_cast<std::size_t>(nBytes), '\0');
+  WideCharToMultiByte(CP_UTF8, 0, strText.data(), nUnits, strBytes.data(), nBytes, nullptr, nullptr);
+  return strBytes;
+}
+
+std::wstring ReadText(HWND hWindow) {
+  std::wstring strText(static_cast<std::size_t>(GetWindowTextLengthW(hWindow)) + 1, L'\0');
+  strText.resize(static_cast<std::size_t>(GetWindowTextW(hWindow, strText.data(), static_cast<int>(strText.size()))));
+  return strText;
+}
+
+std::wstring ToCaption(std::string_view strText) {
+  std::wstring strCaption;
+  for (const wchar_t c : ToWide(strText)) strCaption.append(c == L'&' ? 2 : 1, c);
+  return strCaption;
+}
+
+std::string FromCaption(std::wstring_view strCaption) {
+  std::wstring strText;
+  for (std::size_t i = 0; i < strCaption.size(); ++i) {
+    strText += strCaption[i];
+    if (strCaption.substr(i, 2) == L"&&") ++i;
+  }
+  return ToUtf8(strText);
+}
+
+std::wstring LoadText(unsigned nId) {
+  const wchar_t* pText = nullptr;  // a size of 0 asks for the text's place
+  const int nUnits = LoadStringW(GetModuleInstance(), nId, reinterpret_cast<wchar_t*>(&pText), 0);
+  return {pText, static_cast<std::size_t>(nUnits)};
+}
+
+}  // namespace skyframe

@@ -1,0 +1,22 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "Windows.h"
+
+namespace skyframe {
+
+[[nodiscard]] std::wstring ToWide(std::string_view strText);
+[[nodiscard]] std::string ToUtf8(std::wstring_view strText);
+/// The text of a window.
+[[nodiscard]] std::wstring ReadText(HWND hWindow);
+
+/// An ampersand in the caption of a button stands for itself.
+[[nodiscard]] std::wstring ToCaption(std::string_view strText);
+[[nodiscard]] std::string FromCaption(std::wstring_view strCaption);
+
+/// A text of the module's string table.
+[[nodiscard]] std::wstring LoadText(unsigned nId);
+
+}  // namespace skyframe
