@@ -101,6 +101,7 @@ void CDialog::Open(IDialogView& view) {
   m_bEnded = false;
   m_nResult = c_nIdCancel;
   OnInitDialog();
+  if (!m_bEnded) GetPlatform().DialogOpened(*this, view);
 }
 
 void CDialog::Notify(int nId, DialogEvent event) {

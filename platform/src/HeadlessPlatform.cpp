@@ -37,58 +37,6 @@ std::string DescribeStep(const CDialog& dialog, size_t nStep, const DialogStep& 
 
 }  // namespace
 
-DialogStep DialogStep::Type(int nId, std::string strText) {
-  return {.action = Action::Type, .nId = nId, .strText = std::move(strText), .look = {}};
-}
-
-DialogStep DialogStep::Tick(int nId, bool bOn) {
-  return {.action = Action::Tick, .nId = nId, .strText = {}, .bOn = bOn, .look = {}};
-}
-
-DialogStep DialogStep::Choose(int nRadioId) {
-  return {.action = Action::Choose, .nId = nRadioId, .strText = {}, .look = {}};
-}
-
-DialogStep DialogStep::ChooseItem(int nListId, int nRow) {
-  return {.action = Action::Choose, .nId = nListId, .strText = {}, .nRow = nRow, .look = {}};
-}
-
-DialogStep DialogStep::ChooseItem(int nListId, std::string strText) {
-  return {.action = Action::Choose, .nId = nListId, .strText = std::move(strText), .look = {}};
-}
-
-DialogStep DialogStep::ToggleRow(int nListId, int nRow) {
-  return {.action = Action::ToggleRow, .nId = nListId, .strText = {}, .nRow = nRow, .look = {}};
-}
-
-DialogStep DialogStep::ToggleRow(int nListId, std::string strText) {
-  return {.action = Action::ToggleRow, .nId = nListId, .strText = std::move(strText), .look = {}};
-}
-
-DialogStep DialogStep::DoubleClick(int nListId, int nRow) {
-  return {.action = Action::DoubleClick, .nId = nListId, .strText = {}, .nRow = nRow, .look = {}};
-}
-
-DialogStep DialogStep::Click(int nButtonId) {
-  return {.action = Action::Click, .nId = nButtonId, .strText = {}, .look = {}};
-}
-
-DialogStep DialogStep::Ok() { return Click(c_nIdOk); }
-
-DialogStep DialogStep::Cancel() { return Click(c_nIdCancel); }
-
-DialogStep DialogStep::Wait(int nMilliseconds) {
-  return {.action = Action::Wait, .strText = {}, .nRow = nMilliseconds, .look = {}};
-}
-
-DialogStep DialogStep::Inspect(std::function<void(const IDialogView&)> look) {
-  return {.action = Action::Inspect, .strText = {}, .look = std::move(look)};
-}
-
-DialogStep DialogStep::Draw(IPaintContext& paint) {
-  return {.action = Action::Draw, .strText = {}, .look = {}, .pPaint = &paint};
-}
-
 CHeadlessPlatform::CHeadlessPlatform(std::ostream& strmMessages, std::ostream& strmConsole)
     : m_strmMessages(strmMessages), m_strmConsole(strmConsole) {}
 
@@ -117,26 +65,30 @@ void CHeadlessPlatform::ShowMessage(std::string_view strText) {
   m_strmMessages << strText << '\n' << std::flush;
 }
 
-int CHeadlessPlatform::RunModal(CDialog& dialog) {
-  std::vector<DialogStep> steps;
-  if (const auto it = m_scripts.find(dialog.GetTemplate().nId); it != m_scripts.end() && !it->second.empty()) {
-    steps = std::move(it->second.front());
-    it->second.pop_front();
-  }
+int CHeadlessPlatform::RunModal(CDialog& dialog) { return RunScripted(dialog, TakeScript(dialog.GetTemplate().nId)); }
+
+CHeadlessPlatform::Steps CHeadlessPlatform::TakeScript(int nDialogId) {
+  const auto it = m_scripts.find(nDialogId);
+  if (it == m_scripts.end() || it->second.empty()) return {};
+  Steps steps = std::move(it->second.front());
+  it->second.pop_front();
+  return steps;
+}
+
+int CHeadlessPlatform::RunScripted(CDialog& dialog, const Steps& steps) {
   CScriptedView view(dialog, m_pTopView, m_scriptErrors);
   const CTopViewScope scope(m_pTopView, view);
   dialog.Open(view);
   view.FocusFirst();
-  RunScript(view, steps);
+  Follow(dialog, steps, [&view](const DialogStep& step) { return view.Perform(step); });
   if (!dialog.HasEnded()) dialog.Notify(c_nIdCancel, DialogEvent::Clicked);
   dialog.Close();
   return dialog.GetResult();
 }
 
-void CHeadlessPlatform::RunScript(CScriptedView& view, const std::vector<DialogStep>& steps) {
-  const CDialog& dialog = view.GetDialog();
+void CHeadlessPlatform::Follow(const CDialog& dialog, const Steps& steps, const Performer& perform) {
   for (size_t i = 0; i < steps.size(); ++i) {
-    const std::string_view strReason = dialog.HasEnded() ? texts::c_strDialogEnded : view.Perform(steps[i]);
+    const std::string_view strReason = dialog.HasEnded() ? texts::c_strDialogEnded : perform(steps[i]);
     if (strReason.empty()) continue;
     m_scriptErrors.push_back(DescribeStep(dialog, i, steps[i], strReason));
     return;

@@ -30,6 +30,8 @@ void IPlatform::EndWaitCursor() {
 
 double IPlatform::GetPhysicalMemory() { return system_file::GetPhysicalMemory(); }
 
+void IPlatform::DialogOpened(CDialog& /*dialog*/, IDialogView& /*view*/) {}
+
 void IPlatform::DialogAccepted(const DialogTemplate& /*layout*/, const IDialogView& /*view*/) {}
 
 void IPlatform::ReportProgress(double /*dFraction*/, std::string_view /*strLabel*/) {}

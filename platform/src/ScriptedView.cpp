@@ -8,37 +8,6 @@
 
 namespace skyframe {
 
-namespace {
-
-using Action = DialogStep::Action;
-
-bool IsButton(ControlKind kind) { return kind == ControlKind::Button || kind == ControlKind::DefaultButton; }
-
-bool IsList(ControlKind kind) { return kind == ControlKind::ListBox || kind == ControlKind::ListView; }
-
-bool CanPerform(Action action, ControlKind kind) {
-  switch (action) {
-    case Action::Type:
-      return kind == ControlKind::Edit;
-    case Action::Tick:
-      return kind == ControlKind::Check;
-    case Action::Choose:
-      return kind == ControlKind::Radio || kind == ControlKind::DropList;
-    case Action::ToggleRow:
-    case Action::DoubleClick:
-      return IsList(kind);
-    case Action::Click:
-      return IsButton(kind) || kind == ControlKind::Check || kind == ControlKind::Radio;
-    case Action::Wait:
-    case Action::Inspect:
-    case Action::Draw:
-      break;
-  }
-  return false;
-}
-
-}  // namespace
-
 CScriptedView::CScriptedView(CDialog& dialog, CScriptedView* pParent, std::vector<std::string>& errors)
     : m_dialog(dialog), m_pParent(pParent), m_errors(errors) {
   for (const ControlTemplate& control : dialog.GetTemplate().controls) {
@@ -76,79 +45,9 @@ void CScriptedView::FocusFirst() {
 }
 
 std::string_view CScriptedView::Perform(const DialogStep& step) {
-  if (step.action == Action::Inspect) {
-    step.look(*this);
-    return {};
-  }
-  if (step.action == Action::Draw) {
-    m_dialog.Paint(*step.pPaint);
-    return {};
-  }
-  if (step.action == Action::Wait) {
-    PassTime(step.nRow);
-    return {};
-  }
-  const auto it = m_controls.find(step.nId);
-  if (it == m_controls.end()) return texts::c_strNoControl;
-  Control& control = it->second;
-  if (const std::string_view strReason = WhyUnusable(control, step); !strReason.empty()) return strReason;
-  m_nFocus = step.nId;
-  Act(control, step);
+  if (step.action != DialogStep::Action::Wait) return PerformStep(m_dialog, *this, step);
+  PassTime(step.nRow);
   return {};
-}
-
-void CScriptedView::Act(Control& control, const DialogStep& step) {
-  const ControlKind kind = control.pTemplate->kind;
-  if (step.action == Action::Type) {
-    TypeText(control, step);
-  } else if (kind == ControlKind::DropList) {
-    ChooseItem(control, FindRow(control, step));
-  } else if (IsList(kind)) {
-    ClickRow(control, FindRow(control, step));
-    if (step.action == Action::DoubleClick) m_dialog.Notify(step.nId, DialogEvent::DoubleClicked);
-  } else if (step.action != Action::Tick || control.bChecked != step.bOn) {
-    ClickButton(control);
-  }
-}
-
-std::string_view CScriptedView::WhyUnusable(const Control& control, const DialogStep& step) {
-  const ControlKind kind = control.pTemplate->kind;
-  if (!CanPerform(step.action, kind)) return texts::c_strWrongKind;
-  if (!control.bEnabled) return texts::c_strDisabled;
-  const bool bNeedsRow = kind == ControlKind::DropList || IsList(kind);
-  return bNeedsRow && FindRow(control, step) == -1 ? texts::c_strNoRow : std::string_view{};
-}
-
-int CScriptedView::FindRow(const Control& control, const DialogStep& step) {
-  if (control.HasRow(step.nRow)) return step.nRow;
-  if (step.nRow != -1) return -1;
-  const auto it = std::find_if(control.rows.begin(), control.rows.end(),
-                               [&step](const Row& row) { return row.cells.front() == step.strText; });
-  return it == control.rows.end() ? -1 : static_cast<int>(it - control.rows.begin());
-}
-
-void CScriptedView::TypeText(Control& control, const DialogStep& step) {
-  control.strText = step.strText;
-  m_dialog.Notify(step.nId, DialogEvent::TextChanged);
-}
-
-void CScriptedView::ClickButton(Control& control) {
-  const int nId = control.pTemplate->nId;
-  if (control.pTemplate->kind == ControlKind::Radio) SetCheck(nId, true);
-  if (control.pTemplate->kind == ControlKind::Check) control.bChecked = !control.bChecked;
-  m_dialog.Notify(nId, DialogEvent::Clicked);
-}
-
-void CScriptedView::ClickRow(Control& control, int nRow) {
-  const bool bMultiple = (control.pTemplate->nStyle & c_nStyleMultiple) != 0;
-  Select(control.pTemplate->nId, nRow, !bMultiple || !control.At(nRow).bSelected);
-  control.nCurrent = nRow;
-  m_dialog.Notify(control.pTemplate->nId, DialogEvent::SelectionChanged);
-}
-
-void CScriptedView::ChooseItem(Control& control, int nRow) {
-  control.nCurrent = nRow;
-  m_dialog.Notify(control.pTemplate->nId, DialogEvent::SelectionChanged);
 }
 
 void CScriptedView::PassTime(int nMilliseconds) {

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "skyframe/platform/Dialog.h"
-#include "skyframe/platform/HeadlessPlatform.h"
+#include "skyframe/platform/DialogStep.h"
 
 namespace skyframe {
 
@@ -72,14 +72,7 @@ class CScriptedView : public IDialogView {
   static Control MakeControl(const ControlTemplate& control);
   [[nodiscard]] const Control* Find(int nId) const;
   [[nodiscard]] Control* Find(int nId);
-  [[nodiscard]] static std::string_view WhyUnusable(const Control& control, const DialogStep& step);
-  [[nodiscard]] static int FindRow(const Control& control, const DialogStep& step);
 
-  void Act(Control& control, const DialogStep& step);
-  void TypeText(Control& control, const DialogStep& step);
-  void ClickButton(Control& control);
-  void ClickRow(Control& control, int nRow);
-  void ChooseItem(Control& control, int nRow);
   void PassTime(int nMilliseconds);
   /// Fires the timers whose time is up.
   void RunTimers(int nMilliseconds);

@@ -5,6 +5,7 @@
 #include <cerrno>
 #include <filesystem>
 #include <iostream>
+#include <memory>
 #include <new>
 #include <sstream>
 #include <system_error>
@@ -101,6 +102,7 @@ class CCommandLine {
     pRun->add_option("job", m_strJobFile, "Job file (JSON)")->required();
     pRun->add_option("--log", m_strLogFile, "File for the progress and trace lines (default: standard output)");
     pRun->add_flag("--strict", m_bStrict, "End with status 3 when there was a warning");
+    pRun->add_flag("--dialogs", m_bDialogs, "Show the dialogs with the job's values, to be changed and confirmed");
     pRun->add_option("--data", m_strProgramPath, "Directory that holds GroundAccData")->capture_default_str();
     pRun->callback([this] { m_action = [this] { return OnRun(); }; });
   }
@@ -221,20 +223,22 @@ class CCommandLine {
     if (IsJobFile(m_strLogFile)) return RefuseJobFile(m_strLogFile);
     const std::optional<Job> job = LoadJob();
     if (!job) return c_nExitBadInput;
-    if (m_strLogFile.empty()) return RunAnalyses(*job, m_out);
+    const std::unique_ptr<IPlatform> pWindows = m_bDialogs ? OpenWindows() : nullptr;
+    if (m_bDialogs && pWindows == nullptr) return Refuse("--dialogs: no screen, or no windows in this installation");
+    if (m_strLogFile.empty()) return RunAnalyses(*job, m_out, pWindows.get());
     COutputFile log(m_strLogFile, OutputPlace::FileOrDevice);
     if (!log.IsOpen()) return RefuseToWrite(log);
-    const int nStatus = RunAnalyses(*job, log.GetStream());
+    const int nStatus = RunAnalyses(*job, log.GetStream(), pWindows.get());
     if (log.Commit()) return nStatus;
     RefuseToWrite(log);
     return c_nExitAnalysisFailed;
   }
 
-  int RunAnalyses(const Job& job, std::ostream& console) {
+  int RunAnalyses(const Job& job, std::ostream& console, IPlatform* pWindows) {
     const bool bTerminal = &m_err == &std::cerr && IsErrorTerminal();
     const HostStreams streams{m_out, m_err, console, bTerminal ? &m_err : nullptr};
     if (!job.strTitle.empty()) m_out << EscapeControls(job.strTitle) << '\n';
-    const RunOutcome outcome = RunJob(job, GetJobPath(m_strJobFile), m_strProgramPath, streams);
+    const RunOutcome outcome = RunJob(job, GetJobPath(m_strJobFile), m_strProgramPath, streams, pWindows);
     if (!outcome.bGood) return c_nExitAnalysisFailed;
     return m_bStrict && (outcome.bWarned || m_bInputWarned) ? c_nExitWarned : c_nExitGood;
   }
@@ -345,6 +349,7 @@ class CCommandLine {
   std::string m_strOutput;
   std::string m_strTable;
   PlotRequest m_plot;
+  bool m_bDialogs = false;
   bool m_bStrict = false;
   bool m_bInputWarned = false;
   bool m_bSpectrum = false;

@@ -3,6 +3,7 @@
 #include "skyframe/job/DialogFields.h"
 #include "skyframe/job/Text.h"
 #include "skyframe/run/PlatformScope.h"
+#include "skyframe/run/PrefillPlatform.h"
 #include "skyframe/run/RunReport.h"
 
 namespace skyframe::host {
@@ -23,42 +24,66 @@ bool IsCountWanted(const JobAnalysis& analysis) {
   return pModal != nullptr && *WithDefaults(*pModal).bVerify;
 }
 
+/// Runs analyses of a session and tells of each.
 class CJobRunner {
  public:
-  CJobRunner(CSession& session, const HostStreams& streams)
-      : m_session(session), m_streams(streams), m_platform(streams.err, streams.console, streams.pProgress) {}
+  CJobRunner(CSession& session, const HostStreams& streams, RunOutcome& outcome)
+      : m_session(session), m_streams(streams), m_outcome(outcome) {}
 
-  void Run(const JobAnalysis& analysis, RunOutcome& outcome) {
-    m_streams.out << std::visit([](const auto& parameters) { return GetName(parameters); }, analysis) << '\n';
-    const RunFindings& findings = m_session.Run(analysis, m_platform.Get());
+  /// Nobody sits there: the values are the job's.
+  void Run(const JobAnalysis& analysis) {
+    CPlatformScope scope(m_streams.err, m_streams.console, m_streams.pProgress);
+    CHostPlatform& platform = scope.Get();
+    PrintName(analysis);
+    m_session.Run(analysis, platform);
     m_streams.console.flush();
-    const bool bCalm = ReportScriptErrors();
-    RunReport report = ReportRun(m_session, GetKind(analysis), IsCountWanted(analysis));
+    Conclude(analysis, PrintErrors(platform) && !platform.HasUnusedScripts());
+  }
+
+  /// The values are those that a person confirmed, known only afterwards.
+  void Run(const JobAnalysis& analysis, IPlatform& windows) {
+    CPrefillPlatform platform(windows, m_streams.console);
+    const CInstalledPlatform installed(platform);
+    const RunFindings& findings = m_session.Run(analysis, platform);
+    m_streams.console.flush();
+    PrintName(platform.GetConfirmed().value_or(analysis));
+    if (findings.status == RunStatus::Cancelled) m_streams.out << "  cancelled in its dialogs\n";
+    Conclude(analysis, PrintErrors(platform));
+  }
+
+ private:
+  void PrintName(const JobAnalysis& analysis) {
+    m_streams.out << std::visit([](const auto& parameters) { return GetName(parameters); }, analysis) << '\n';
+  }
+
+  /// True when there is none.
+  bool PrintErrors(const CHostPlatform& platform) {
+    for (const std::string& strError : platform.GetScriptErrors()) m_streams.err << strError << '\n';
+    return platform.GetScriptErrors().empty();
+  }
+
+  void Conclude(const JobAnalysis& analysis, bool bCalm) {
+    const AnalysisKind kind = GetKind(analysis);
+    const RunFindings& findings = GetFindings(kind);
+    RunReport report = ReportRun(m_session, kind, IsCountWanted(analysis));
     m_streams.out << report.strSummary;
     for (const Advice& advice : AdviseOnFiles(findings)) m_streams.err << EscapeControls(advice.strText) << '\n';
     const bool bGood =
         findings.status == RunStatus::Done && bCalm && !HasError(report.advice) && findings.failures.empty();
-    outcome.bGood = outcome.bGood && bGood;
-    outcome.bWarned = outcome.bWarned || !report.advice.empty();
-    outcome.advice.push_back(std::move(report.advice));
-  }
-
- private:
-  bool ReportScriptErrors() {
-    const CHostPlatform& platform = m_platform.Get();
-    for (const std::string& strError : platform.GetScriptErrors()) m_streams.err << strError << '\n';
-    return platform.GetScriptErrors().empty() && !platform.HasUnusedScripts();
+    m_outcome.bGood = m_outcome.bGood && bGood;
+    m_outcome.bWarned = m_outcome.bWarned || !report.advice.empty();
+    m_outcome.advice.push_back(std::move(report.advice));
   }
 
   CSession& m_session;
   const HostStreams& m_streams;
-  CPlatformScope m_platform;
+  RunOutcome& m_outcome;
 };
 
 }  // namespace
 
 RunOutcome RunJob(const Job& job, const std::string& strJobPath, const std::string& strProgramPath,
-                  const HostStreams& streams) {
+                  const HostStreams& streams, IPlatform* pWindows) {
   RunOutcome outcome;
   std::optional<CSession> session = CSession::Open(job, strJobPath, strProgramPath);
   if (!session) {
@@ -66,8 +91,10 @@ RunOutcome RunJob(const Job& job, const std::string& strJobPath, const std::stri
     outcome.bGood = false;
     return outcome;
   }
-  CJobRunner runner(*session, streams);
-  for (const JobAnalysis& analysis : job.analyses) runner.Run(analysis, outcome);
+  CJobRunner runner(*session, streams, outcome);
+  for (const JobAnalysis& analysis : job.analyses) {
+    pWindows == nullptr ? runner.Run(analysis) : runner.Run(analysis, *pWindows);
+  }
   if (!job.HasConsecutiveIds()) {
     streams.out << "Result files number the nodes in the order of the job file; this summary uses their ids.\n";
   }

@@ -9,51 +9,13 @@
 #include <string_view>
 #include <vector>
 
+#include "skyframe/platform/DialogStep.h"
 #include "skyframe/platform/Platform.h"
 #include "skyframe/values/Export.h"
 
 namespace skyframe {
 
 class CScriptedView;
-class IDialogView;
-class IPaintContext;
-
-/// One thing a person does in an open dialog.
-struct SKYFRAME_API DialogStep {
-  enum class Action {
-    Type,         ///< replaces the text of an edit
-    Tick,         ///< sets or clears a check
-    Choose,       ///< clicks a radio button, or picks the item strText (or nRow) of a drop list
-    ToggleRow,    ///< clicks a row of a list
-    DoubleClick,  ///< double-clicks a row of a list
-    Click,        ///< clicks a button
-    Wait,         ///< lets nRow milliseconds pass; timers of every open dialog run
-    Inspect,      ///< looks at the dialog without touching it
-    Draw          ///< has the dialog's own area drawn
-  };
-  Action action = Action::Click;
-  int nId = 0;
-  std::string strText;
-  int nRow = -1;
-  bool bOn = true;
-  std::function<void(const IDialogView&)> look;
-  IPaintContext* pPaint = nullptr;
-
-  static DialogStep Type(int nId, std::string strText);
-  static DialogStep Tick(int nId, bool bOn = true);
-  static DialogStep Choose(int nRadioId);
-  static DialogStep ChooseItem(int nListId, int nRow);
-  static DialogStep ChooseItem(int nListId, std::string strText);
-  static DialogStep ToggleRow(int nListId, int nRow);
-  static DialogStep ToggleRow(int nListId, std::string strText);
-  static DialogStep DoubleClick(int nListId, int nRow);
-  static DialogStep Click(int nButtonId);
-  static DialogStep Ok();
-  static DialogStep Cancel();
-  static DialogStep Wait(int nMilliseconds);
-  static DialogStep Inspect(std::function<void(const IDialogView&)> look);
-  static DialogStep Draw(IPaintContext& paint);
-};
 
 /// Runs the module without a window system: dialogs follow scripts, messages are recorded.
 /// A script serves one opening of the dialog with its identifier; a button that opens another
@@ -90,14 +52,23 @@ class SKYFRAME_API CHeadlessPlatform : public IPlatform {
   double GetPhysicalMemory() override { return m_physicalMemory.value_or(IPlatform::GetPhysicalMemory()); }
 
  protected:
+  using Steps = std::vector<DialogStep>;
+  /// Empty when the step could be done, else the reason why not.
+  using Performer = std::function<std::string_view(const DialogStep&)>;
+
   void SetBusy(bool bBusy) override;
 
- private:
-  void RunScript(CScriptedView& view, const std::vector<DialogStep>& steps);
+  /// The dialog's next script, which is used up; empty without one.
+  [[nodiscard]] Steps TakeScript(int nDialogId);
+  /// Opens the dialog on a scripted view, which follows the steps; c_nIdOk or c_nIdCancel.
+  int RunScripted(CDialog& dialog, const Steps& steps);
+  /// Follows the steps in an open dialog up to the first that cannot be done, which is reported.
+  void Follow(const CDialog& dialog, const Steps& steps, const Performer& perform);
 
+ private:
   std::ostream& m_strmMessages;
   std::ostream& m_strmConsole;
-  std::map<int, std::deque<std::vector<DialogStep>>> m_scripts;
+  std::map<int, std::deque<Steps>> m_scripts;
   std::vector<std::string> m_messages;
   std::vector<std::string> m_scriptErrors;
   std::deque<LocalTime> m_clock;

@@ -62,6 +62,9 @@ class SKYFRAME_API IPlatform {
 
   /// Runs the dialog until it ends. Returns c_nIdOk or c_nIdCancel.
   virtual int RunModal(CDialog& dialog) = 0;
+  /// A dialog has initialised its controls on the view that it will be worked on; not called when that ended it. May be
+  /// ignored.
+  virtual void DialogOpened(CDialog& dialog, IDialogView& view);
   /// A dialog was ended with OK; its controls are still there. May be ignored.
   virtual void DialogAccepted(const DialogTemplate& layout, const IDialogView& view);
 
@@ -122,7 +125,8 @@ SKYFRAME_API IPlatform* InstallPlatform(IPlatform* pPlatform, const RecordSizes&
 /// The platform in force; never absent.
 SKYFRAME_API IPlatform& GetPlatform();
 
-/// The platform with the windows of this system; null when the system or this installation has none.
+/// The platform with this system's own windows, not yet in force; null when the system has no screen here, or the
+/// installation no windows.
 [[nodiscard]] SKYFRAME_API std::unique_ptr<IPlatform> OpenWindows();
 
 /// Whether a person sees standard error on a terminal.

@@ -6,6 +6,7 @@
 
 #include "skyframe/advice/Advice.h"
 #include "skyframe/job/Job.h"
+#include "skyframe/platform/Platform.h"
 
 namespace skyframe::host {
 
@@ -27,8 +28,10 @@ struct RunOutcome {
 /// Runs every analysis of the job in order through the module's entry points, the dialogs scripted, and prints a
 /// summary of each with what is to be known about it. Result files are named strJobPath plus a suffix. After a
 /// failure the later analyses still run.
+/// pWindows: the dialogs appear there with the job's values, for a person to change and to confirm; a cancelled
+/// analysis has failed. Messages and progress are shown there too.
 [[nodiscard]] RunOutcome RunJob(const Job& job, const std::string& strJobPath, const std::string& strProgramPath,
-                                const HostStreams& streams);
+                                const HostStreams& streams, IPlatform* pWindows = nullptr);
 
 /// Builds the analysis model and prints counts, equations, profile and cost of the factorisation, in
 /// the job's numbering and in the one the modal analysis would use.

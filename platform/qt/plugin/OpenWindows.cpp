@@ -1,0 +1,47 @@
+#include <QApplication>
+#include <algorithm>
+#include <array>
+#include <clocale>
+#include <memory>
+#include <optional>
+
+#include "skyframe/qt/QtPlatform.h"
+
+namespace skyframe {
+
+namespace {
+
+/// Qt needs an application for as long as it has windows. None is made when the program has one.
+class CApplication {
+ public:
+  CApplication() {
+    if (QCoreApplication::instance() != nullptr) return;
+    m_application.emplace(m_nArguments, m_arguments.data());
+    std::setlocale(LC_NUMERIC, "C");  // Qt has put the person's in force; numbers have points
+  }
+  CApplication(const CApplication&) = delete;
+  CApplication& operator=(const CApplication&) = delete;
+
+ private:
+  std::array<char, 9> m_strProgram = {"skyframe"};
+  std::array<char*, 2> m_arguments = {m_strProgram.data(), nullptr};
+  int m_nArguments = 1;
+  std::optional<QApplication> m_application;
+};
+
+class CWindows : private CApplication, public CQtPlatform {};
+
+/// Without a screen Qt would end the program.
+bool HasScreen() {
+  return std::ranges::any_of(std::array{"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"},
+                             [](const char* szName) { return !qEnvironmentVariableIsEmpty(szName); });
+}
+
+}  // namespace
+
+}  // namespace skyframe
+
+/// For OpenWindows, which takes the platform over.
+extern "C" SKYFRAME_API skyframe::IPlatform* skyframe_open_windows() {
+  return skyframe::HasScreen() ? std::make_unique<skyframe::CWindows>().release() : nullptr;
+}
