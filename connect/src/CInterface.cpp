@@ -78,6 +78,13 @@ void skyframe_close() {
   if (Choose(nullptr, nullptr)) g_bOpen = false;
 }
 
+int skyframe_use_windows(void* pHostWindow) {
+  return Try([pHostWindow] {
+    std::unique_ptr<IPlatform> pPlatform = OpenWindows(pHostWindow);
+    return pPlatform != nullptr && Choose(std::move(pPlatform), nullptr);
+  });
+}
+
 int skyframe_use_callbacks(void (*pMessage)(void*, const char*), void (*pConsole)(void*, const char*), void* pContext) {
   return Try([&] {
     auto pPlatform =

@@ -28,7 +28,8 @@ SKYFRAME_API void skyframe_close(void);
 // Platforms. Until one is chosen messages go to standard error, the console to standard output, and every dialog is
 // cancelled. 0 while an entry point runs.
 
-/// Real windows, owned by a window of the host's (HWND, or null). 0 where the module has none on this system.
+/// The module's own windows, on a window of the host's (HWND; QWidget* on other systems) or null. 0 where there are
+/// none: no screen, or not installed.
 SKYFRAME_API int skyframe_use_windows(void* pHostWindow);
 /// No windows: messages, and console text in whole lines, go to the host's functions, which get pContext back; null:
 /// not told. Dialogs are filled in as asked for below and ended with OK. A dialog that refuses its values is cancelled
