@@ -36,4 +36,31 @@ class CFakeHistories : public IHistoryView {
   mutable std::vector<HistorySelection> m_written;
 };
 
+inline constexpr int c_nOfferedTypes = 4;
+
+using Maker = std::unique_ptr<CDialog> (*)();
+
+template <class Dialog>
+std::unique_ptr<CDialog> MakeDialog() {
+  auto pDialog = std::make_unique<Dialog>();
+  if constexpr (requires { pDialog->m_loadComb; }) pDialog->m_loadComb.nLoadTypes = c_nOfferedTypes;
+  return pDialog;
+}
+
+inline const CFakeHistories c_histories;
+
+inline std::unique_ptr<CDialog> MakeViewer() { return std::make_unique<CHisResultDlg>(c_histories); }
+
+inline constexpr Maker c_makers[] = {MakeDialog<CModeDlg>,
+                                     MakeDialog<CSpectrumDlg>,
+                                     MakeDialog<CLoadCombDlg>,
+                                     MakeDialog<CDynOptionDlg>,
+                                     MakeDialog<CWilsonDlg>,
+                                     MakeDialog<CNewmarkDlg>,
+                                     MakeDialog<CNonlinStaticDlg>,
+                                     MakeDialog<CImpulseLoadDlg>,
+                                     MakeDialog<CGeneralLoadDlg>,
+                                     MakeDialog<CEarthquakeDlg>,
+                                     MakeViewer};
+
 }  // namespace skyframe::test

@@ -1,6 +1,24 @@
 #pragma once
 
-// What the tests ask of the operating system beyond the standard library.
+// What the tests ask of the operating system beyond the standard library. Windows can neither fork nor limit a process
+// as these tests do it, and has no pipes or devices among its files: the tests that need those are in test_posix.cpp.
+
+#include <filesystem>
+#include <system_error>
+
+#ifdef _WIN32
+
+#include <process.h>
+
+namespace skyframe::test {
+
+inline int GetProcessNumber() { return _getpid(); }
+
+inline bool MakePipeFile(const std::filesystem::path& /*path*/) { return false; }
+
+}  // namespace skyframe::test
+
+#else
 
 #include <sys/resource.h>
 #include <sys/stat.h>
@@ -10,7 +28,6 @@
 #include <algorithm>
 #include <array>
 #include <csignal>
-#include <filesystem>
 #include <fstream>
 #include <functional>
 #include <stdexcept>
@@ -45,7 +62,8 @@ inline void LimitMemory(std::size_t nBytes) {
   setrlimit(RLIMIT_AS, &limit);
 }
 
-inline void MakePipeFile(const std::filesystem::path& path) { mkfifo(path.c_str(), 0666); }
+/// False where files cannot be pipes.
+inline bool MakePipeFile(const std::filesystem::path& path) { return mkfifo(path.c_str(), 0666) == 0; }
 
 /// A pipe that has a path to write to.
 class CPipe {
@@ -89,5 +107,18 @@ class CFullDisk {
   rlimit m_limit = {};
   void (*m_pPrevious)(int);
 };
+
+}  // namespace skyframe::test
+
+#endif
+
+namespace skyframe::test {
+
+/// False where this user or system cannot make symbolic links.
+inline bool MakeLink(const std::filesystem::path& target, const std::filesystem::path& path) {
+  std::error_code error;
+  std::filesystem::create_symlink(target, path, error);
+  return !error;
+}
 
 }  // namespace skyframe::test

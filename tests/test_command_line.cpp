@@ -65,28 +65,28 @@ TEST_F(CommandLine, OutputThatCannotBeWrittenIsReported) {
   const std::string strAnalysis = R"({"type": "static", "nonlinear": false, "combination": {"0": 1}})";
   ASSERT_EQ(Solve(MakeCantilever("111111", strAnalysis)).nStatus, 0);
   const std::string strJob = GetPath(".json");
-  fs::create_symlink("job.json", GetPath("link"));
   fs::create_hard_link(strJob, GetPath("same"));
-  fs::create_symlink("absent", GetPath("dangling"));
-  test::MakePipeFile(GetPath("pipe"));
   const std::string strOwn = ": belongs to the job; choose another name\n";
-  const struct {
+  struct Case {
     std::string strOutput, strReason;
     int nRun = 2, nPlot = 2;
-  } cases[] = {
-      {"/dev/null", "", 0, 0},
-      {"/dev/full", ": No space left on device\n", 1},
-      {GetPath("dangling"), ": is a symbolic link\n"},
-      {GetPath("pipe"), ": is not a regular file\n"},
+  };
+  std::vector<Case> cases = {
       {GetPath("no/such.svg"), ": No such file or directory\n"},
       {strJob, strOwn},
       {GetPath("none/../job.json"), strOwn},
-      {GetPath("link"), strOwn},
       {GetPath("same"), strOwn},
       {GetPath("_StaticLinearSol.txt"), strOwn},
       {GetPath(".mode"), strOwn},
   };
-  for (const auto& c : cases) {
+  if (test::MakeLink("job.json", GetPath("link"))) cases.push_back({GetPath("link"), strOwn});
+  if (test::MakeLink("absent", GetPath("dangling"))) cases.push_back({GetPath("dangling"), ": is a symbolic link\n"});
+  if (test::MakePipeFile(GetPath("pipe"))) {
+    cases.push_back({GetPath("pipe"), ": is not a regular file\n"});
+    cases.push_back({"/dev/null", "", 0, 0});
+    cases.push_back({"/dev/full", ": No space left on device\n", 1});
+  }
+  for (const Case& c : cases) {
     const std::string strExpected =
         c.strReason.empty() ? "" : (c.strReason == strOwn ? "" : "cannot write ") + c.strOutput + c.strReason;
     const CommandOutcome run = Call({"run", strJob, "--log", c.strOutput});
@@ -95,31 +95,8 @@ TEST_F(CommandLine, OutputThatCannotBeWrittenIsReported) {
     const CommandOutcome plot = Call({"plot", strJob, "--deformed", "-o", c.strOutput});
     EXPECT_EQ(std::tuple(plot.nStatus, plot.strErr), std::tuple(c.nPlot, strExpected));
   }
-  for (const test::Strings& arguments : {test::Strings{"generate", "arch"}, {"--help"}}) {
-    std::ofstream full("/dev/full");
-    std::ostringstream err;
-    EXPECT_EQ(RunCommandLine(arguments, full, err), 1);
-    EXPECT_EQ(err.str(), "cannot write the standard output: No space left on device\n");
-  }
   EXPECT_EQ(Call({"plot", strJob, "", "--deformed", "-o", GetPath("p.svg")}).strErr, "an argument is empty\n");
   EXPECT_EQ(Call({"check", GetPath("pipe")}).strErr, GetPath("pipe") + ": /: cannot be opened\n");
-}
-
-TEST_F(CommandLine, AResultThatCannotBeWrittenLeavesTheOldOne) {
-  const std::pair<std::string, std::string> cases[] = {
-      {R"({"type": "static", "nonlinear": false, "combination": {"0": 1}})", "_StaticLinearSol.txt"},
-      {R"({"type": "static"})", "_StaticNonlinearSol.txt"},
-      {R"({"type": "modal", "modes": 1})", ".mode"},
-  };
-  for (const auto& [strAnalysis, strResult] : cases) {
-    EXPECT_EQ(Solve(MakeCantilever("111111", strAnalysis)).nStatus, 0) << strResult;
-    Write(strResult, "old");
-    {
-      const test::CFullDisk full;
-      EXPECT_EQ(Call({"run", GetPath(".json"), "--log", "/dev/null"}).nStatus, 1);
-    }
-    EXPECT_EQ(Read(strResult), "old") << strResult;
-  }
 }
 
 // P L^3/(3 E I) with P = 1 * 8 + 0.5 * 4 kN. Case 1 has no loads, the loads come out of order, and the

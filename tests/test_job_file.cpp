@@ -1,4 +1,3 @@
-#include "Sanitizer.h"
 #include "TestPlatform.h"
 #include "skyframe/generate/Generate.h"
 #include "skyframe/job/JobFile.h"
@@ -210,22 +209,6 @@ TEST(JobFile, DamagedAndOverlongTextsAreRefused) {
     EXPECT_EQ(strReason.find("json.exception"), std::string::npos) << strReason;
   }
 }
-
-#ifndef SKYFRAME_TEST_ASAN
-TEST(JobFile, LackOfMemoryIsAnError) {
-  Job job = GenerateArch({});
-  job.loads.resize(30000, job.loads[0]);
-  const std::string strText = FormatJob(job);
-  for (std::size_t nMegabytes = 0; nMegabytes < 36; nMegabytes += 3) {
-    const int nProcess = test::StartProcess([&] {
-      test::LimitMemory(nMegabytes << 20U);
-      const JobFile file = ParseJob(strText);
-      return file.errors.empty() || file.errors[0].strReason == "out of memory" ? 0 : 1;
-    });
-    EXPECT_EQ(test::WaitFor(nProcess), 0) << nMegabytes;
-  }
-}
-#endif
 
 TEST(JobFile, WarnsOfWhatIsHardlyMeant) {
   const std::string strText = R"({

@@ -63,11 +63,26 @@ bool CQtPerson::HasUnusedScripts() const {
   return std::any_of(m_scripts.begin(), m_scripts.end(), [](const auto& entry) { return !entry.second.empty(); });
 }
 
+std::unique_ptr<IPerson> MakePerson() { return std::make_unique<CQtPerson>(); }
+
 void CQtPerson::Watch(const std::function<void()>& action) {
   m_bWatching = true;
   QTimer::singleShot(0, &m_context, [this] { Look(); });
   action();
   m_bWatching = false;
+}
+
+void CQtPerson::Press(Key key) {
+  static const std::map<Key, Qt::Key> s_keys = {{Key::Return, Qt::Key_Return},
+                                                {Key::Enter, Qt::Key_Enter},
+                                                {Key::Escape, Qt::Key_Escape},
+                                                {Key::Tab, Qt::Key_Tab}};
+  QWidget* const pTop = QApplication::activeModalWidget();
+  if (key == Key::CloseFrame) {
+    pTop->close();
+    return;
+  }
+  QTest::keyClick(pTop->focusWidget() == nullptr ? pTop : pTop->focusWidget(), s_keys.at(key));
 }
 
 void CQtPerson::Look() {

@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "skyframe/platform/HeadlessPlatform.h"
+#include "Person.h"
 #include "skyframe/qt/DialogWindow.h"
 #include "skyframe/qt/QtPlatform.h"
 
@@ -15,23 +15,22 @@ class QMessageBox;
 
 namespace skyframe::test {
 
-/// Works with the real windows by mouse and keyboard, following the same scripts as the scripted view.
-/// A dialog without a script, or still open after its last step, is left by Esc; messages are read and
-/// acknowledged. The Qt platform is in force for the life of the object.
-class CQtPerson {
+/// The person at windows of Qt.
+class CQtPerson final : public IPerson {
  public:
   explicit CQtPerson(QWidget* pHostWindow = nullptr);
-  ~CQtPerson();
+  ~CQtPerson() override;
   CQtPerson(const CQtPerson&) = delete;
   CQtPerson& operator=(const CQtPerson&) = delete;
 
-  void AddScript(int nDialogId, std::vector<DialogStep> steps) { m_scripts[nDialogId].push_back(std::move(steps)); }
-  [[nodiscard]] const std::vector<std::string>& GetMessages() const { return m_messages; }
-  [[nodiscard]] const std::vector<std::string>& GetScriptErrors() const { return m_errors; }
-  [[nodiscard]] bool HasUnusedScripts() const;
-
-  /// Calls the action while the person sits at the windows that it opens.
-  void Watch(const std::function<void()>& action);
+  void AddScript(int nDialogId, std::vector<DialogStep> steps) override {
+    m_scripts[nDialogId].push_back(std::move(steps));
+  }
+  [[nodiscard]] const std::vector<std::string>& GetMessages() const override { return m_messages; }
+  [[nodiscard]] const std::vector<std::string>& GetScriptErrors() const override { return m_errors; }
+  [[nodiscard]] bool HasUnusedScripts() const override;
+  void Watch(const std::function<void()>& action) override;
+  void Press(Key key) override;
 
  private:
   struct Work {

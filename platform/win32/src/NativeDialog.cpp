@@ -90,12 +90,17 @@ int CNativeDialog::Run(HINSTANCE hResources, HWND hParent) {
   return m_dialog.GetResult();
 }
 
+CNativeDialog* CNativeDialog::FromWindow(HWND hWindow) {
+  if (GetWindowLongPtrW(hWindow, DWLP_DLGPROC) != reinterpret_cast<LONG_PTR>(&Process)) return nullptr;
+  return reinterpret_cast<CNativeDialog*>(GetWindowLongPtrW(hWindow, DWLP_USER));
+}
+
 INT_PTR CALLBACK CNativeDialog::Process(HWND hWindow, UINT nMessage, WPARAM wParam, LPARAM lParam) {
   if (nMessage == WM_INITDIALOG) {
     SetWindowLongPtrW(hWindow, DWLP_USER, lParam);
     reinterpret_cast<CNativeDialog*>(lParam)->m_hWindow = hWindow;
   }
-  auto* const pDialog = reinterpret_cast<CNativeDialog*>(GetWindowLongPtrW(hWindow, DWLP_USER));
+  CNativeDialog* const pDialog = FromWindow(hWindow);
   return pDialog != nullptr && pDialog->Handle(nMessage, wParam, lParam) ? TRUE : FALSE;
 }
 
@@ -291,6 +296,11 @@ const CNativeDialog::Control* CNativeDialog::Find(int nId) const {
 CNativeDialog::Control* CNativeDialog::Find(int nId) {
   const auto it = std::ranges::find_if(m_controls, [nId](const Control& item) { return item.pTemplate->nId == nId; });
   return it == m_controls.end() || nId == -1 ? nullptr : &*it;
+}
+
+HWND CNativeDialog::FindControl(int nId) const {
+  const Control* const pControl = Find(nId);
+  return pControl == nullptr ? nullptr : pControl->hWindow;
 }
 
 void CNativeDialog::SetText(int nId, std::string_view strText) {

@@ -25,7 +25,13 @@ class CNativeDialog final : public IDialogView {
   /// An exception of one of the dialog's handlers ends it and leaves from here.
   int Run(HINSTANCE hResources, HWND hParent);
 
+  /// The dialog that is shown by the window; null when it is another's window.
+  [[nodiscard]] static CNativeDialog* FromWindow(HWND hWindow);
+
+  [[nodiscard]] CDialog& GetDialog() const { return m_dialog; }
   [[nodiscard]] HWND GetWindow() const { return m_hWindow; }
+  /// Null when the template has no such control.
+  [[nodiscard]] HWND FindControl(int nId) const;
 
   void SetText(int nId, std::string_view strText) override;
   [[nodiscard]] std::string GetText(int nId) const override;

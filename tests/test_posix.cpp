@@ -1,0 +1,92 @@
+// What only POSIX systems can be made to do: full disks, pipes and devices with paths, closed streams, little memory.
+
+#include "CommandFolder.h"
+#include "Sanitizer.h"
+#include "skyframe/generate/Generate.h"
+#include "skyframe/job/JobFile.h"
+#include "skyframe/platform/OutputFile.h"
+
+namespace skyframe::test {
+namespace {
+
+TEST(Posix, AFullDiskAndAFullDeviceAreNoticed) {
+  const CJobFolder job("platform_full");
+  job.Write(".txt", "old");
+  for (const char* const szText : {"n", ""}) {
+    std::optional<CFullDisk> full(std::in_place);
+    COutputFile file(job.GetPath(".txt"));
+    file.GetStream() << szText;
+    EXPECT_EQ(file.Commit(), *szText == '\0');
+    EXPECT_EQ(file.GetError(), *szText == '\0' ? "" : "File too large");
+    full.reset();
+    EXPECT_EQ(job.Read(".txt"), *szText == '\0' ? "" : "old");
+  }
+  for (const auto& [szDevice, szReason] : {std::pair("/dev/null", ""), {"/dev/full", "No space left on device"}}) {
+    COutputFile device(szDevice, OutputPlace::FileOrDevice);
+    device.GetStream() << std::string(3U << 20U, 'n');
+    EXPECT_EQ(device.Commit(), *szReason == '\0');
+    EXPECT_EQ(device.GetError(), szReason);
+    EXPECT_EQ(COutputFile(szDevice).GetError(), "is not a regular file");
+  }
+  for (const Strings& arguments : {Strings{"generate", "arch"}, {"--help"}}) {
+    std::ofstream stream("/dev/full");
+    std::ostringstream err;
+    EXPECT_EQ(host::RunCommandLine(arguments, stream, err), 1);
+    EXPECT_EQ(err.str(), "cannot write the standard output: No space left on device\n");
+  }
+  const CPipe pipe;
+  EXPECT_EQ(COutputFile(pipe.GetPath()).GetError(), "is a symbolic link");
+  COutputFile stream(pipe.GetPath(), OutputPlace::FileOrDevice);
+  stream.GetStream() << "through";
+  EXPECT_TRUE(stream.Commit());
+  EXPECT_EQ(pipe.Read(), "through");
+}
+
+TEST(Posix, NoneTakesThePlaceOfAClosedStandardStream) {
+  const CJobFolder job("platform_closed");
+  const int nProcess = StartProcess([&job] {
+    CloseStandardOutput();
+    COutputFile file(job.GetPath(".txt"));
+    file.GetStream() << "text";
+    return HasStandardOutput() || !file.Commit() ? 1 : 0;
+  });
+  EXPECT_EQ(WaitFor(nProcess), 0);
+  EXPECT_EQ(job.Read(".txt"), "text");
+}
+
+TEST(Posix, AResultThatCannotBeWrittenLeavesTheOldOne) {
+  const CCommandFolder job;
+  const std::pair<std::string, std::string> cases[] = {
+      {R"({"type": "static", "nonlinear": false, "combination": {"0": 1}})", "_StaticLinearSol.txt"},
+      {R"({"type": "static"})", "_StaticNonlinearSol.txt"},
+      {R"({"type": "modal", "modes": 1})", ".mode"},
+  };
+  for (const auto& [strAnalysis, strResult] : cases) {
+    EXPECT_EQ(job.Solve(MakeCantilever("111111", strAnalysis)).nStatus, 0) << strResult;
+    job.Write(strResult, "old");
+    {
+      const CFullDisk full;
+      EXPECT_EQ(job.Call({"run", job.GetPath(".json"), "--log", "/dev/null"}).nStatus, 1);
+    }
+    EXPECT_EQ(job.Read(strResult), "old") << strResult;
+  }
+}
+
+#ifndef SKYFRAME_TEST_ASAN
+TEST(Posix, LackOfMemoryIsAnError) {
+  host::Job job = host::GenerateArch({});
+  job.loads.resize(30000, job.loads[0]);
+  const std::string strText = host::FormatJob(job);
+  for (std::size_t nMegabytes = 0; nMegabytes < 36; nMegabytes += 3) {
+    const int nProcess = StartProcess([&] {
+      LimitMemory(nMegabytes << 20U);
+      const host::JobFile file = host::ParseJob(strText);
+      return file.errors.empty() || file.errors[0].strReason == "out of memory" ? 0 : 1;
+    });
+    EXPECT_EQ(WaitFor(nProcess), 0) << nMegabytes;
+  }
+}
+#endif
+
+}  // namespace
+}  // namespace skyframe::test

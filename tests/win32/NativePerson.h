@@ -1,0 +1,56 @@
+#pragma once
+
+#include <chrono>
+#include <deque>
+#include <map>
+#include <string>
+#include <vector>
+
+#include "NativeDialog.h"
+#include "Person.h"
+#include "skyframe/win32/Win32Platform.h"
+
+namespace skyframe::test {
+
+/// The person at native windows: posts what mouse and keyboard post.
+class CNativePerson final : public IPerson {
+ public:
+  CNativePerson();
+  ~CNativePerson() override;
+  CNativePerson(const CNativePerson&) = delete;
+  CNativePerson& operator=(const CNativePerson&) = delete;
+
+  void AddScript(int nDialogId, std::vector<DialogStep> steps) override {
+    m_scripts[nDialogId].push_back(std::move(steps));
+  }
+  [[nodiscard]] const std::vector<std::string>& GetMessages() const override { return m_messages; }
+  [[nodiscard]] const std::vector<std::string>& GetScriptErrors() const override { return m_errors; }
+  [[nodiscard]] bool HasUnusedScripts() const override;
+  void Watch(const std::function<void()>& action) override;
+  void Press(Key key) override;
+
+ private:
+  struct Work {
+    std::vector<DialogStep> steps;
+    size_t nNext = 0;
+    std::chrono::steady_clock::time_point wakeUp;
+  };
+
+  static void CALLBACK OnTimer(HWND hWindow, UINT nMessage, UINT_PTR nTimer, DWORD nTime);
+  void Look();
+  void Acknowledge(HWND hBox);
+  void WorkOn(CNativeDialog& window);
+  void Perform(CNativeDialog& window, const DialogStep& step);
+  /// Empty when the step can be done.
+  [[nodiscard]] static std::string WhyNot(const CNativeDialog& window, const DialogStep& step);
+
+  CWin32Platform m_platform;
+  IPlatform* m_pPrevious;
+  std::map<int, std::deque<std::vector<DialogStep>>> m_scripts;
+  std::map<HWND, Work> m_open;
+  HWND m_hAcknowledged = nullptr;
+  std::vector<std::string> m_messages;
+  std::vector<std::string> m_errors;
+};
+
+}  // namespace skyframe::test
