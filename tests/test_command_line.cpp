@@ -36,7 +36,6 @@ TEST_F(CommandLine, HelpIsEverywhereAndWrongArgumentsEndWithStatusTwo) {
       {"generate", "arch", "--segments", "5"},
       {"generate", "arch", "--rise", "nan"},
       {"check", "a.json", "\x1b[2J"},
-      {"run", "--dialogs", SKYFRAME_SOURCE_DIR "/examples/dome.json"},  // this program has no windows
   };
   for (const auto& arguments : commands) {
     const CommandOutcome outcome = Call(arguments);

@@ -1,8 +1,9 @@
-// Jobs run through windows that show their values first.
+// A job run through real windows that show its values first. Every program of windows compiles it.
 
 #include "CommandFolder.h"
-#include "QtPerson.h"
+#include "Person.h"
 #include "skyframe/job/JobFile.h"
+#include "skyframe/platform/Dialog.h"
 #include "skyframe/run/JobRunner.h"
 #include "skyframe/values/DialogIds.h"
 
@@ -24,31 +25,33 @@ host::Job MakeJob(const std::string& strStatic, const std::string& strPeakTime) 
 TEST(RunWithDialogs, TheJobsValuesAreShownAndWhatThePersonConfirmsIsRun) {
   const CJobFolder windows("windows"), silent("silent");
   std::string strModes;
-  CQtPerson person;
+  const std::unique_ptr<IPerson> person = MakePerson();
   const auto expect = [](int nId, const std::string& strText) {  // of an edit, or cells of a list's first row
     return Do::Inspect([=](const IDialogView& view) {
       EXPECT_EQ(view.GetText(nId) + view.GetItemText(nId, 0) + view.GetItemText(nId, 0, 2), strText);
     });
   };
-  person.AddScript(c_nIdNonlinStaticDlg,
-                   {Do::Inspect([](const IDialogView& view) { EXPECT_EQ(view.GetFocus(), c_nIdCriterion); }),
-                    expect(c_nIdTolerance, "0.2"), Do::Tick(c_nIdNonlinear), Do::Click(c_nIdLoadComb), Do::Ok()});
-  person.AddScript(c_nIdLoadCombDlg, {expect(c_nIdCombined, "0.02静"), Do::Type(c_nIdFactor, "0.01"),
-                                      Do::ToggleRow(c_nIdAvailable, 2), Do::Click(c_nIdAdd), Do::Ok()});
-  person.AddScript(c_nIdDynOptionDlg, {Do::Ok()});
-  person.AddScript(c_nIdNewmarkDlg, {Do::Click(c_nIdImpulseLoad), Do::Ok()});
-  person.AddScript(c_nIdImpulseLoadDlg, {expect(c_nIdImpulseList, "17.000000"), expect(c_nIdPeakTime, "0.1"),
-                                         Do::Type(c_nIdPeakTime, "0.2"), Do::Ok()});
-  person.AddScript(c_nIdModeDlg, {expect(c_nIdModes, "3"), Do::Ok()});
-  person.AddScript(c_nIdModeDlg, {Do::Inspect([&](const IDialogView&) { strModes = windows.Read(".mode"); }),
-                                  expect(c_nIdModes, "1"), Do::Cancel()});
+  person->AddScript(c_nIdNonlinStaticDlg,
+                    {Do::Inspect([](const IDialogView& view) { EXPECT_EQ(view.GetFocus(), c_nIdCriterion); }),
+                     expect(c_nIdTolerance, "0.2"), Do::Tick(c_nIdNonlinear), Do::Click(c_nIdLoadComb), Do::Ok()});
+  person->AddScript(c_nIdLoadCombDlg, {expect(c_nIdCombined, "0.02静"), Do::Type(c_nIdFactor, "0.01"),
+                                       Do::ToggleRow(c_nIdAvailable, 2), Do::Click(c_nIdAdd), Do::Ok()});
+  person->AddScript(c_nIdDynOptionDlg, {Do::Ok()});
+  person->AddScript(c_nIdNewmarkDlg, {Do::Click(c_nIdImpulseLoad), Do::Ok()});
+  person->AddScript(c_nIdImpulseLoadDlg, {expect(c_nIdImpulseList, "17.000000"), expect(c_nIdPeakTime, "0.1"),
+                                          Do::Type(c_nIdPeakTime, "0.2"), Do::Ok()});
+  person->AddScript(c_nIdModeDlg, {expect(c_nIdModes, "3"), Do::Ok()});
+  person->AddScript(c_nIdModeDlg, {Do::Inspect([&](const IDialogView&) { strModes = windows.Read(".mode"); }),
+                                   expect(c_nIdModes, "1"), Do::Cancel()});
 
   std::ostringstream out, ignored;
   host::RunOutcome outcome;
   const host::Job job = MakeJob(R"("combination": {"0": 0.02)", "0.1");
-  person.Watch([&] { outcome = host::RunJob(job, windows.GetJobPath(), "", {out, ignored, ignored}, &GetPlatform()); });
-  EXPECT_EQ(person.GetScriptErrors(), Strings{});
-  EXPECT_EQ(person.GetMessages().size(), 1U) << "the modes are there";
+  person->Watch([&] {
+    outcome = host::RunJob(job, windows.GetJobPath(), "", {out, ignored, ignored}, &GetPlatform());
+  });
+  EXPECT_EQ(person->GetScriptErrors(), Strings{});
+  EXPECT_EQ(person->GetMessages().size(), 1U) << "the modes are there";
   EXPECT_FALSE(outcome.bGood) << "cancelled";
   EXPECT_TRUE(out.str().starts_with("Static analysis, nonlinear\n  largest")) << out.str();
   EXPECT_NE(out.str().find("Modal analysis\n  cancelled in its dialogs\n  no result\n"), std::string::npos)
