@@ -1,8 +1,7 @@
-// The platform's other services: messages, wait cursor, console, progress, clock, painting, timers.
+// The Qt platform's own: wait cursor, progress, painting.
 
 #include <QTest>
 #include <QtWidgets>
-#include <stdexcept>
 
 #include "ProbeDialog.h"
 #include "QtPerson.h"
@@ -10,45 +9,6 @@
 
 namespace skyframe::test {
 namespace {
-
-TEST(QtMessages, WholeTextWithOneOkButtonAndTheFocusComesBack) {
-  const char* const szMessage = "在给定的迭代步内计算不收敛！\n<b>&amp;";
-  CQtPerson person;
-  CProbeDlg dialog;
-  dialog.m_onButton = [szMessage](IDialogView&) { GetPlatform().ShowMessage(szMessage); };
-  person.AddScript(900, {Do::Click(160), Do::Inspect([](const IDialogView& view) {
-                           EXPECT_EQ(view.GetFocus(), 160);
-                           EXPECT_EQ(view.GetText(160), "Fish & chips");
-                         }),
-                         Do::Ok()});
-  person.Watch([&] { EXPECT_EQ(dialog.DoModal(), c_nIdOk); });
-  EXPECT_EQ(person.GetMessages(), Strings{szMessage});
-  EXPECT_TRUE(person.GetScriptErrors().empty());
-}
-
-TEST(QtDialogs, LeftByAnExceptionAfterTheTimerStoppedAndWhileOpening) {
-  CQtPerson person;
-  CProbeDlg thrower, ticker, ended;
-  thrower.m_onButton = [](IDialogView&) { throw std::runtime_error("wrong"); };
-  person.AddScript(900, {Do::Click(160)});
-  person.Watch([&] { EXPECT_THROW(thrower.DoModal(), std::runtime_error); });
-  ticker.m_onInit = [](IDialogView& view) { view.StartTimer(3, 10); };
-  ticker.m_onButton = [](IDialogView& view) { view.StopTimer(3); };
-  person.AddScript(900, {Do::Wait(100), Do::Click(160), Do::Wait(100), Do::Ok()});
-  person.Watch([&] { ticker.DoModal(); });
-  EXPECT_EQ(ticker.m_trace.front() + ticker.m_trace.back(), "timer 3clicked 160");
-  ended.m_onInit = [&ended](IDialogView&) { ended.EndDialog(c_nIdOk); };
-  person.Watch([&] { EXPECT_EQ(ended.DoModal(), c_nIdOk); });
-}
-
-TEST(QtDialogs, ListsByTheProgram) {
-  CProbeDlg dialog;
-  CDialogWindow window(dialog);
-  window.OpenDialog();
-  CheckLists(window, dialog);
-  window.SetText(4711, "nothing");
-  EXPECT_EQ(window.GetText(4711), "");
-}
 
 TEST(QtWaitCursor, RestsBehindWindowsAndEndsWithTheCall) {
   CQtPerson person;
@@ -65,23 +25,6 @@ TEST(QtWaitCursor, RestsBehindWindowsAndEndsWithTheCall) {
   EXPECT_TRUE(isWaiting());
   platform.LeaveModule();
   EXPECT_FALSE(isWaiting());
-}
-
-TEST(QtConsole, WholeLinesAndNothingLost) {
-  std::vector<std::string> pieces;
-  std::string strExpected, strGot;
-  {
-    CQtPlatform platform;
-    platform.SetConsoleSink([&pieces](std::string_view strText) { pieces.emplace_back(strText); });
-    for (int n = 0; n < 5000; ++n) strExpected += "第" + std::to_string(n) + "行\n";
-    for (const char c : strExpected) platform.GetConsole() << c;
-    EXPECT_GT(pieces.size(), 2U) << "handed on while it grows";
-    for (const std::string& strPiece : pieces) EXPECT_EQ(strPiece.back(), '\n');
-    platform.GetConsole() << "half" << std::flush << std::string(20000, 'x');
-    strExpected += "half" + std::string(20000, 'x');
-  }
-  for (const std::string& strPiece : pieces) strGot += strPiece;
-  EXPECT_EQ(strGot, strExpected);
 }
 
 QWidget* FindProgress() {
@@ -111,13 +54,6 @@ TEST(QtProgress, ShownForLongStepsOnlyAndWithoutButtons) {
   EXPECT_NE(FindProgress(), nullptr) << "it cannot be closed";
   platform.LeaveModule();
   EXPECT_EQ(FindProgress(), nullptr);
-}
-
-TEST(QtClock, IsTheSystemsLocalTime) {
-  const QDateTime before = QDateTime::currentDateTime();
-  const LocalTime t = CQtPlatform().GetLocalTime();
-  const QDateTime told({t.nYear, t.nMonth, t.nDay}, {t.nHour, t.nMinute, t.nSecond});
-  EXPECT_NEAR(static_cast<double>(before.secsTo(told)), 1.0, 2.0);
 }
 
 QImage Paint(const std::function<void(IPaintContext&)>& draw) {

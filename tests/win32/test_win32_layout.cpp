@@ -32,7 +32,7 @@ bool SavePicture(HWND hWindow, const std::string& strFile) {
   Gdiplus::Status status = Gdiplus::GenericError;
   {
     Gdiplus::Bitmap picture(hBitmap, nullptr);
-    status = picture.Save(ToWide(strFile).c_str(), &c_pngEncoder);
+    status = picture.Save(ToWide(strFile).c_str(), &c_pngEncoder, nullptr);
   }
   Gdiplus::GdiplusShutdown(nToken);
   DeleteObject(hBitmap);

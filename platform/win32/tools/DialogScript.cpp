@@ -1,21 +1,17 @@
-// Writes the resource script of the module's dialogs and texts from the templates that every view reads.
-// dialog_script FILE
+#include "DialogScript.h"
 
-#include <fstream>
-#include <iostream>
-#include <string>
-#include <string_view>
-
-#include "../src/ResourceIds.h"
-#include "skyframe/dialogs/Templates.h"
 #include "skyframe/platform/DialogRules.h"
-#include "skyframe/platform/WindowTexts.h"
+
+namespace skyframe {
 
 namespace {
 
-using skyframe::ControlKind;
-using skyframe::ControlTemplate;
-using skyframe::DialogTemplate;
+/// In quotes; in captions an ampersand stands for itself.
+std::string Quote(std::string_view strText, bool bCaption) {
+  std::string strQuoted = "\"";
+  for (const char c : strText) strQuoted.append(c == '"' || (bCaption && c == '&') ? 2 : 1, c);
+  return strQuoted + '"';
+}
 
 /// Window class and style of a kind of control.
 struct Look {
@@ -54,11 +50,11 @@ std::string GetStyle(const ControlTemplate& control) {
   const auto add = [&](unsigned nFlag, std::string_view strFlag) {
     if ((control.nStyle & nFlag) != 0) strStyle.append(" | ").append(strFlag);
   };
-  add(skyframe::c_nStyleDisabled, "WS_DISABLED");
-  add(skyframe::c_nStyleGroup, "WS_GROUP");
-  add(skyframe::c_nStyleSorted, "LBS_SORT");
-  add(skyframe::c_nStyleMultiple, "LBS_MULTIPLESEL");
-  if (control.kind == ControlKind::Radio) add(skyframe::c_nStyleGroup, "WS_TABSTOP");
+  add(c_nStyleDisabled, "WS_DISABLED");
+  add(c_nStyleGroup, "WS_GROUP");
+  add(c_nStyleSorted, "LBS_SORT");
+  add(c_nStyleMultiple, "LBS_MULTIPLESEL");
+  if (control.kind == ControlKind::Radio) add(c_nStyleGroup, "WS_TABSTOP");
   return strStyle;
 }
 
@@ -66,57 +62,37 @@ bool HasFrame(ControlKind kind) {
   return kind == ControlKind::Edit || kind == ControlKind::ListBox || kind == ControlKind::ListView;
 }
 
-/// In quotes; in captions an ampersand stands for itself.
-std::string Quote(std::string_view strText, bool bCaption) {
-  std::string strQuoted = "\"";
-  for (const char c : strText) strQuoted.append(c == '"' || (bCaption && c == '&') ? 2 : 1, c);
-  return strQuoted + '"';
-}
-
 void WriteControl(std::ostream& strm, const ControlTemplate& control) {
   const bool bCaption = control.kind != ControlKind::Label && control.kind != ControlKind::Edit;
-  const skyframe::DialogRect& rect = control.rect;
+  const DialogRect& rect = control.rect;
   strm << "  CONTROL " << Quote(control.strText, bCaption) << ", " << control.nId << ", \""
        << GetLook(control.kind).strClass << "\", " << GetStyle(control) << ", " << rect.nX << ", " << rect.nY << ", "
        << rect.nWidth << ", " << rect.nHeight << (HasFrame(control.kind) ? ", WS_EX_CLIENTEDGE" : "") << '\n';
 }
+
+}  // namespace
 
 void WriteDialog(std::ostream& strm, const DialogTemplate& layout) {
   strm << '\n'
        << layout.nId << " DIALOGEX 0, 0, " << layout.nWidth << ", " << layout.nHeight << '\n'
        << "STYLE DS_MODALFRAME | DS_SETFONT | WS_POPUP | WS_CAPTION | WS_SYSMENU\n"
        << "CAPTION " << Quote(layout.strTitle, false) << '\n'
-       << "FONT " << skyframe::c_dDialogPoints << ", " << Quote(skyframe::c_strDialogFonts.front(), false)
+       << "FONT " << c_dDialogPoints << ", " << Quote(c_strDialogFonts.front(), false)
        << ", 400, 0, 134\n"  // of ordinary weight, upright, with Chinese letters
        << "BEGIN\n";
   for (const ControlTemplate& control : layout.controls) WriteControl(strm, control);
   strm << "END\n";
 }
 
-void WriteTexts(std::ostream& strm) {
-  namespace texts = skyframe::windows::texts;
-  const auto write = [&strm](auto nId, std::string_view strText) {
-    strm << "  " << nId << ", " << Quote(strText, false) << '\n';
-  };
+void WriteScriptHead(std::ostream& strm) {
+  strm << "#pragma code_page(65001)\n#include <windows.h>\n#include <commctrl.h>\n\n"
+       << "LANGUAGE LANG_CHINESE, SUBLANG_CHINESE_SIMPLIFIED\n";
+}
+
+void WriteTexts(std::ostream& strm, const std::map<unsigned, std::string_view>& texts) {
   strm << "\nSTRINGTABLE\nBEGIN\n";
-  write(skyframe::c_nTitleText, texts::c_strTitle);
-  write(skyframe::c_nBusyText, texts::c_strBusy);
-  for (const DialogTemplate* const pLayout : skyframe::GetDialogTemplates()) write(pLayout->nId, pLayout->strTitle);
+  for (const auto& [nId, strText] : texts) strm << "  " << nId << ", " << Quote(strText, false) << '\n';
   strm << "END\n";
 }
 
-}  // namespace
-
-int main(int nArguments, char** arguments) {
-  if (nArguments != 2) {
-    std::cerr << "dialog_script FILE\n";
-    return 2;
-  }
-  std::ofstream strm(arguments[1], std::ios::binary);
-  strm << "#pragma code_page(65001)\n#include <windows.h>\n#include <commctrl.h>\n\n"
-       << "LANGUAGE LANG_CHINESE, SUBLANG_CHINESE_SIMPLIFIED\n";
-  for (const DialogTemplate* const pLayout : skyframe::GetDialogTemplates()) WriteDialog(strm, *pLayout);
-  WriteTexts(strm);
-  strm.flush();
-  return strm ? 0 : 1;
-}
+}  // namespace skyframe
