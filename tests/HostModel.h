@@ -9,6 +9,7 @@
 
 #include "System.h"
 #include "skyframe/hostdata/HostData.h"
+#include "skyframe/platform/Platform.h"
 
 namespace skyframe::test {
 
@@ -87,11 +88,11 @@ class CJobFolder {
   std::string GetPath(const std::string& strSuffix) const { return GetJobPath() + strSuffix; }
   bool Has(const std::string& strSuffix) const { return std::filesystem::exists(GetPath(strSuffix)); }
   std::string Read(const std::string& strSuffix) const {
-    std::ifstream strm(GetPath(strSuffix), std::ios::binary);
+    std::ifstream strm(ToFilePath(GetPath(strSuffix)), std::ios::binary);
     return {std::istreambuf_iterator<char>(strm), {}};
   }
   void Write(const std::string& strSuffix, const std::string& strText) const {
-    std::ofstream(GetPath(strSuffix), std::ios::binary) << strText;
+    std::ofstream(ToFilePath(GetPath(strSuffix)), std::ios::binary) << strText;
   }
   /// Names of the files in the folder.
   std::vector<std::string> List() const {

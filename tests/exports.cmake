@@ -3,7 +3,7 @@ execute_process(COMMAND ${NM} -DC --defined-only ${LIBRARY} OUTPUT_VARIABLE tabl
 string(REGEX MATCHALL "[^\n]+" lines "${table}")
 set(host "CModeConnect::|CCommonData::|RestraintCode::|LoadCode::|ResetHostData|FromRecord|ToRecord|ABCD|COMDAT|SECT|COMDYN|ZHU|RES|g_ProgramPath|g_FilePathName")
 set(findings "FindDialogTemplate|LookAtDialog|Get(Static|Modal|Spectrum|History)Findings|GetHistories|MeasureModel|CountModesBelow|EvaluateDesignSpectrum")
-set(seam "InstallPlatform|GetPlatform|IsErrorTerminal|GetProgramPath|To(Native|File)Path|I(Platform|PendingFile|DialogView|PaintContext)|C(HeadlessPlatform|Dialog|DataExchange|TextWriter|WordReader|OutputFile|PaintRecorder|SvgPaintContext)|DialogTemplate::|DialogStep::|Format(Fixed|General|Shortest)|Parse(Int|Real)|ReadWholeFile|ReadContent|FindSortedRow|FindFirstFocus|CDialogUnits|MeasurePainting|CConsoleBuffer|CProgressPace|PerformStep|OpenWindows")
+set(seam "InstallPlatform|GetPlatform|IsErrorTerminal|GetArguments|GetProgramPath|To(Native|File)Path|I(Platform|PendingFile|DialogView|PaintContext)|C(ConsoleScope|HeadlessPlatform|Dialog|DataExchange|TextWriter|WordReader|OutputFile|PaintRecorder|SvgPaintContext)|DialogTemplate::|DialogStep::|Format(Fixed|General|Shortest)|Parse(Int|Real)|ReadNumber|ReadWholeFile|ReadContent|FindSortedRow|FindFirstFocus|CDialogUnits|MeasurePainting|CConsoleBuffer|CProgressPace|PerformStep|OpenWindows")
 set(c "open|close|version|use_(windows|callbacks)|type|tick|choose|choose_item|toggle_row|click|abcd|comdat|sect|comdyn|zhu|res|reset_host_data|set_(program_path|job_path|spring_group)|encode_(restraint|spring|load)|on_(mode|ansys_spectrum|time_history_analysis|time_history_res|static_nonlinear_sol)|get_(status|file)")
 set(unknown "")
 foreach(line IN LISTS lines)

@@ -313,8 +313,9 @@ TEST(JobFile, WarnsOfAnalysesThatGiveNothing) {
 
 TEST(JobFile, FilesAndPaths) {
   EXPECT_EQ(GetJobPath("a/b.txt"), "a/b.txt");
-  EXPECT_EQ(List(ReadJobFile(SKYFRAME_SOURCE_DIR "/examples\\dome.json").errors),
-            "/: a job file cannot have a backslash in its path");
+  EXPECT_EQ(
+      List(ReadJobFile(SKYFRAME_SOURCE_DIR "/examples\\dome.json").errors),
+      std::filesystem::path::preferred_separator == '\\' ? "" : "/: a job file cannot have a backslash in its path");
 }
 
 TEST(Generators, CountsAndNumbering) {

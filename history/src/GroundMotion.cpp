@@ -2,8 +2,8 @@
 
 #include <algorithm>
 #include <cmath>
-#include <locale>
 
+#include "skyframe/platform/NumberText.h"
 #include "skyframe/platform/Platform.h"
 #include "skyframe/values/ResultFiles.h"
 #include "texts.h"
@@ -25,12 +25,11 @@ int ChooseRecord(const QuakeSettings& settings) {
 }  // namespace
 
 std::vector<double> ReadAccelerationRecord(std::istream& strm, double dPeak) {
-  strm.imbue(std::locale::classic());
   std::vector<double> record;
   double dLargest = 0.0;
-  for (double dValue = 0.0; strm >> dValue;) {
-    record.push_back(dValue);
-    dLargest = std::max(dLargest, std::abs(dValue));
+  while (const std::optional<double> value = ReadNumber(strm)) {
+    record.push_back(*value);
+    dLargest = std::max(dLargest, std::abs(*value));
   }
   const double dScale = dPeak / dLargest;
   for (double& dValue : record) dValue *= dScale;

@@ -1,10 +1,9 @@
 #include <iostream>
-#include <string>
-#include <vector>
 
 #include "skyframe/cli/CommandLine.h"
+#include "skyframe/platform/Platform.h"
 
 int main(int argc, char** argv) {
-  const std::vector<std::string> arguments(argv + 1, argv + argc);
-  return skyframe::host::RunCommandLine(arguments, std::cout, std::cerr);
+  const skyframe::CConsoleScope console;
+  return skyframe::host::RunCommandLine(skyframe::GetArguments(argc, argv), std::cout, std::cerr);
 }

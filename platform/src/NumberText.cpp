@@ -33,6 +33,18 @@ std::optional<T> ParseWhole(std::string_view strText) {
   return value;
 }
 
+bool IsDigit(char c) { return c >= '0' && c <= '9'; }
+bool IsExponent(char c) { return c == 'e' || c == 'E'; }
+
+/// Whether a number that begins with the text can go on with the character.
+bool GoesOn(const std::string& strNumber, char c) {
+  const bool bExponent = std::ranges::any_of(strNumber, IsExponent);
+  if (c == '+' || c == '-') return strNumber.empty() || IsExponent(strNumber.back());
+  if (c == '.') return !bExponent && strNumber.find('.') == std::string::npos;
+  if (IsExponent(c)) return !bExponent && std::ranges::any_of(strNumber, IsDigit);
+  return IsDigit(c);
+}
+
 template <class... Format>
 std::string ToText(double dValue, Format... format) {
   if (std::isnan(dValue)) return "nan";
@@ -56,6 +68,21 @@ std::optional<int> ParseInt(std::string_view strText) { return ParseWhole<int>(s
 std::optional<double> ParseReal(std::string_view strText) {
   const std::optional<double> value = ParseWhole<double>(strText);
   return value && std::isfinite(*value) ? value : std::nullopt;
+}
+
+std::optional<double> ReadNumber(std::istream& strm) {
+  strm >> std::ws;
+  std::string strNumber;
+  for (int n = strm.peek(); n >= 0 && GoesOn(strNumber, static_cast<char>(n)); n = strm.peek()) {
+    strNumber += static_cast<char>(strm.get());
+  }
+  const char* const pFirst = strNumber.data() + (strNumber.starts_with('+') ? 1 : 0);
+  const char* const pEnd = strNumber.data() + strNumber.size();
+  double dValue = 0.0;
+  const auto [pStop, error] = std::from_chars(pFirst, pEnd, dValue);
+  const bool bTooSmall = error == std::errc::result_out_of_range && strNumber.find("-", 1) != std::string::npos;
+  if (pStop != pEnd || (error != std::errc{} && !bTooSmall)) return std::nullopt;
+  return bTooSmall ? 0.0 : dValue;
 }
 
 }  // namespace skyframe

@@ -21,6 +21,9 @@ constexpr std::size_t c_nTagLength = 8;  // of the number in a temporary name
 
 std::string Describe(int nError) { return std::generic_category().message(nError); }
 
+/// In the same words whatever the system's own are.
+std::string Describe(const std::error_code& error) { return error.default_error_condition().message(); }
+
 bool IsTagCharacter(char8_t c) { return (c >= u8'0' && c <= u8'9') || (c >= u8'a' && c <= u8'f'); }
 
 fs::path MakeTemporaryPath(const fs::path& target) {
@@ -58,7 +61,7 @@ std::string FindObstacle(const fs::path& target) {
   std::error_code error;
   const fs::file_status status = fs::symlink_status(target, error);
   if (status.type() == fs::file_type::not_found) return {};
-  if (status.type() == fs::file_type::none) return error.message();
+  if (status.type() == fs::file_type::none) return Describe(error);
   if (status.type() == fs::file_type::symlink) return std::string(texts::c_strIsLink);
   if (status.type() != fs::file_type::regular) return std::string(texts::c_strNotRegular);
   // Who may do everything is bound by the protection too.
@@ -159,9 +162,7 @@ std::string CPendingFile::MoveToTarget() {
   std::string strReason = FindObstacle(m_target);
   if (!strReason.empty()) return strReason;
   CopyPermissions(m_target, m_temporary);
-  std::error_code error;
-  fs::rename(m_temporary, m_target, error);
-  if (error) return error.message();
+  if (const std::error_code error = system_file::Replace(m_temporary, m_target)) return Describe(error);
   m_temporary.clear();
   return {};
 }

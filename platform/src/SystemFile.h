@@ -2,6 +2,8 @@
 
 #include <cstddef>
 #include <filesystem>
+#include <string>
+#include <system_error>
 #include <vector>
 
 /// What the standard library has no words for: files by descriptor, the machine. Failures leave errno.
@@ -15,12 +17,15 @@ int CreateNew(const std::filesystem::path& path);
 /// A character device or a pipe. Negative: not possible.
 int OpenDevice(const std::filesystem::path& path);
 
-/// Another descriptor that keeps a new file in care after its own was closed; negative where the system has none.
+/// Another descriptor that keeps a new file in care after its own was closed; negative: not possible.
 int KeepInCare(int nDescriptor);
 /// Names of what a folder holds; none when it cannot be read.
 [[nodiscard]] std::vector<std::filesystem::path> ListNames(const std::filesystem::path& folder);
 /// Removes a file that CreateNew made, unless a process still has it in its care.
 void RemoveOrphan(const std::filesystem::path& path);
+
+/// Moves a file to a name, where it takes the place of another.
+[[nodiscard]] std::error_code Replace(const std::filesystem::path& from, const std::filesystem::path& to);
 
 /// Bytes read, 0 at the end of the file and on failure.
 std::size_t Read(int nDescriptor, char* pBytes, std::size_t nCount);
@@ -29,6 +34,11 @@ std::size_t Read(int nDescriptor, char* pBytes, std::size_t nCount);
 
 [[nodiscard]] bool IsWritable(const std::filesystem::path& path);
 [[nodiscard]] bool IsErrorTerminal();
+/// In UTF-8, without the program's name; main's own where the system hands them over so.
+[[nodiscard]] std::vector<std::string> GetArguments(int nCount, char** arguments);
+/// Standard output and error are text in UTF-8 with the line ends as they were written; the state to go back to.
+[[nodiscard]] int BeginConsoleText();
+void EndConsoleText(int nPrevious);
 /// Of the running program; empty where the system does not tell.
 [[nodiscard]] std::filesystem::path GetProgramPath();
 /// Bytes of the machine's memory; infinite where the system does not tell.

@@ -97,6 +97,12 @@ void RemoveOrphan(const std::filesystem::path& path) {
   close(n);
 }
 
+std::error_code Replace(const std::filesystem::path& from, const std::filesystem::path& to) {
+  std::error_code error;
+  std::filesystem::rename(from, to, error);
+  return error;
+}
+
 std::size_t Read(int nDescriptor, char* pBytes, std::size_t nCount) {
   const ssize_t nRead = Persist([=] { return read(nDescriptor, pBytes, nCount); });
   return nRead < 0 ? 0 : static_cast<std::size_t>(nRead);
@@ -117,6 +123,14 @@ bool Close(int nDescriptor) { return close(nDescriptor) == 0 || errno == EINTR; 
 bool IsWritable(const std::filesystem::path& path) { return access(path.c_str(), W_OK) == 0; }
 
 bool IsErrorTerminal() { return isatty(STDERR_FILENO) == 1; }
+
+std::vector<std::string> GetArguments(int nCount, char** arguments) {
+  return nCount > 1 ? std::vector<std::string>(arguments + 1, arguments + nCount) : std::vector<std::string>();
+}
+
+int BeginConsoleText() { return 0; }
+
+void EndConsoleText(int /*nPrevious*/) {}
 
 std::filesystem::path GetProgramPath() {
   std::error_code error;

@@ -6,15 +6,19 @@
 #include <share.h>
 #include <sys/stat.h>
 #include <windows.h>
+// needs the one before
+#include <shellapi.h>
 
 #include <algorithm>
 #include <cerrno>
+#include <cstdint>
 #include <cstdio>
 #include <limits>
+#include <memory>
 
 #include "SystemFile.h"
 
-// A file in care is open and shared with nobody, so that nobody else can remove it.
+// A file in care is open for writing. Who removes an orphan asks for it alone, which an open one refuses.
 
 namespace skyframe::system_file {
 
@@ -23,38 +27,78 @@ namespace {
 constexpr int c_nPlain = _O_BINARY | _O_NOINHERIT;
 constexpr std::size_t c_nMostBytes = std::size_t{1} << 30U;
 
-int Open(const std::filesystem::path& path, int nFlags, int nSharing) {
+int Open(const std::filesystem::path& path, int nFlags) {
   int n = -1;
-  return _wsopen_s(&n, path.c_str(), nFlags | c_nPlain, nSharing, _S_IREAD | _S_IWRITE) == 0 ? n : -1;
+  return _wsopen_s(&n, path.c_str(), nFlags | c_nPlain, _SH_DENYNO, 0) == 0 ? n : -1;
+}
+
+std::error_code GetFailure() { return {static_cast<int>(GetLastError()), std::system_category()}; }
+
+std::string ToUtf8(const wchar_t* szText) {
+  const auto convert = [szText](char* pBytes, int nBytes) {
+    return WideCharToMultiByte(CP_UTF8, 0, szText, -1, pBytes, nBytes, nullptr, nullptr);
+  };
+  std::string strText(static_cast<std::size_t>(std::max(convert(nullptr, 0), 1)), '\0');
+  convert(strText.data(), static_cast<int>(strText.size()));
+  strText.pop_back();  // the end that C strings have
+  return strText;
 }
 
 }  // namespace
 
 int OpenToRead(const std::filesystem::path& path) {
-  std::error_code error;
-  if (!std::filesystem::is_regular_file(path, error)) {
-    errno = error ? ENOENT : EINVAL;
-    return -1;
-  }
-  return Open(path, _O_RDONLY, _SH_DENYNO);
+  const int n = Open(path, _O_RDONLY);
+  if (n < 0 || GetFileType(reinterpret_cast<void*>(_get_osfhandle(n))) == FILE_TYPE_DISK) return n;
+  _close(n);
+  errno = EINVAL;
+  return -1;
 }
 
-int CreateNew(const std::filesystem::path& path) { return Open(path, _O_WRONLY | _O_CREAT | _O_EXCL, _SH_DENYRW); }
+int CreateNew(const std::filesystem::path& path) {
+  // Shared so far that it can be moved to its name.
+  void* const pFile = CreateFileW(path.c_str(), GENERIC_WRITE, FILE_SHARE_DELETE, nullptr, CREATE_NEW, 0, nullptr);
+  if (pFile != INVALID_HANDLE_VALUE) return _open_osfhandle(reinterpret_cast<std::intptr_t>(pFile), c_nPlain);
+  errno = GetFailure().default_error_condition().value();
+  return -1;
+}
 
-int OpenDevice(const std::filesystem::path& path) { return Open(path, _O_WRONLY, _SH_DENYNO); }
+int OpenDevice(const std::filesystem::path& path) { return Open(path, _O_WRONLY); }
 
-int KeepInCare(int /*nDescriptor*/) { return -1; }  // an open file cannot be moved to its name
+int KeepInCare(int nDescriptor) { return _dup(nDescriptor); }
 
 std::vector<std::filesystem::path> ListNames(const std::filesystem::path& folder) {
+  struct CloseSearch {
+    void operator()(void* p) const { FindClose(p); }
+  };
   std::vector<std::filesystem::path> names;
-  std::error_code error;
-  for (std::filesystem::directory_iterator it(folder, error), end; !error && it != end; it.increment(error)) {
-    names.push_back(it->path().filename());
-  }
+  WIN32_FIND_DATAW entry = {};
+  void* const pFirst = FindFirstFileW((folder / "*").c_str(), &entry);
+  if (pFirst == INVALID_HANDLE_VALUE) return names;
+  const std::unique_ptr<void, CloseSearch> pSearch(pFirst);
+  do {
+    names.emplace_back(entry.cFileName);
+  } while (FindNextFileW(pSearch.get(), &entry) != 0);
   return names;
 }
 
-void RemoveOrphan(const std::filesystem::path& path) { _wunlink(path.c_str()); }
+void RemoveOrphan(const std::filesystem::path& path) {
+  constexpr DWORD c_nRemove = FILE_FLAG_DELETE_ON_CLOSE | FILE_FLAG_OPEN_REPARSE_POINT;
+  void* const pFile = CreateFileW(path.c_str(), DELETE, 0, nullptr, OPEN_EXISTING, c_nRemove, nullptr);
+  if (pFile != INVALID_HANDLE_VALUE) CloseHandle(pFile);
+}
+
+std::error_code Replace(const std::filesystem::path& from, const std::filesystem::path& to) {
+  constexpr int c_nMostTries = 100;
+  constexpr DWORD c_nPause = 10;  // milliseconds
+  for (int i = 0; MoveFileExW(from.c_str(), to.c_str(), MOVEFILE_REPLACE_EXISTING) == 0; ++i) {
+    const std::error_code failure = GetFailure();
+    // Somebody is reading the old file, or another run is replacing it.
+    const bool bInUse = failure == std::errc::permission_denied || failure.value() == ERROR_SHARING_VIOLATION;
+    if (!bInUse || i == c_nMostTries) return failure;
+    Sleep(c_nPause);
+  }
+  return {};
+}
 
 std::size_t Read(int nDescriptor, char* pBytes, std::size_t nCount) {
   const int nRead = _read(nDescriptor, pBytes, static_cast<unsigned>(std::min(nCount, c_nMostBytes)));
@@ -79,6 +123,28 @@ bool IsWritable(const std::filesystem::path& path) {
 }
 
 bool IsErrorTerminal() { return _isatty(_fileno(stderr)) != 0; }
+
+std::vector<std::string> GetArguments(int /*nCount*/, char** /*arguments*/) {
+  struct FreeWords {
+    void operator()(LPWSTR* p) const { LocalFree(p); }
+  };
+  int nWords = 0;
+  const std::unique_ptr<LPWSTR, FreeWords> pWords(CommandLineToArgvW(GetCommandLineW(), &nWords));
+  std::vector<std::string> result;
+  for (int i = 1; i < nWords; ++i) result.push_back(ToUtf8(pWords.get()[i]));
+  return result;
+}
+
+int BeginConsoleText() {
+  for (std::FILE* const pStream : {stdout, stderr}) _setmode(_fileno(pStream), _O_BINARY);
+  const UINT nPrevious = GetConsoleOutputCP();
+  SetConsoleOutputCP(CP_UTF8);
+  return static_cast<int>(nPrevious);
+}
+
+void EndConsoleText(int nPrevious) {
+  if (nPrevious > 0) SetConsoleOutputCP(static_cast<UINT>(nPrevious));
+}
 
 std::filesystem::path GetProgramPath() {
   constexpr DWORD c_nLongest = 1U << 15U;

@@ -2,11 +2,11 @@
 
 #include <algorithm>
 #include <cmath>
-#include <locale>
 #include <set>
 
 #include "JobReader.h"
 #include "skyframe/job/DialogFields.h"
+#include "skyframe/platform/NumberText.h"
 #include "skyframe/platform/Platform.h"
 #include "skyframe/values/ResultFiles.h"
 
@@ -53,9 +53,9 @@ RecordText ReadRecord(const std::string& strPath) {
   const auto pStream = GetPlatform().OpenForReading(strPath);
   if (!pStream) return record;
   record.bOpened = true;
-  pStream->imbue(std::locale::classic());
-  for (double dValue = 0.0; *pStream >> dValue; ++record.nValues) {
-    record.dLargest = std::max(record.dLargest, std::abs(dValue));
+  while (const std::optional<double> value = ReadNumber(*pStream)) {
+    ++record.nValues;
+    record.dLargest = std::max(record.dLargest, std::abs(*value));
   }
   record.bWhole = pStream->eof();
   return record;

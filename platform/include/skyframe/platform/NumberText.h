@@ -1,5 +1,6 @@
 #pragma once
 
+#include <istream>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -24,5 +25,9 @@ SKYFRAME_API std::optional<int> ParseInt(std::string_view strText);
 
 /// Whole text as a finite decimal number, blanks around it allowed; empty when it is none.
 SKYFRAME_API std::optional<double> ParseReal(std::string_view strText);
+
+/// The next decimal number of a text, behind blanks; empty at the end, and where none stands, which is taken out as
+/// far as it looks like one. Unlike the stream's own reading it touches no locale, also not for a moment.
+SKYFRAME_API std::optional<double> ReadNumber(std::istream& strm);
 
 }  // namespace skyframe

@@ -7,6 +7,7 @@
 #include <ostream>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "skyframe/values/Export.h"
 #include "skyframe/values/Records.h"
@@ -131,6 +132,8 @@ SKYFRAME_API IPlatform& GetPlatform();
 
 /// Whether a person sees standard error on a terminal.
 [[nodiscard]] SKYFRAME_API bool IsErrorTerminal();
+/// The arguments that main was given, in UTF-8, without the program's name.
+[[nodiscard]] SKYFRAME_API std::vector<std::string> GetArguments(int nCount, char** arguments);
 /// File of the running program; empty where the system does not tell.
 [[nodiscard]] SKYFRAME_API std::filesystem::path GetProgramPath();
 
@@ -138,6 +141,19 @@ SKYFRAME_API IPlatform& GetPlatform();
 SKYFRAME_API std::string ToNativePath(std::string_view strPath);
 /// The same for the standard library's file operations.
 SKYFRAME_API std::filesystem::path ToFilePath(std::string_view strPath);
+
+/// For the life of the object the console shows UTF-8 that goes to standard output and error, and no line end in it
+/// is changed on its way.
+class SKYFRAME_API CConsoleScope {
+ public:
+  CConsoleScope();
+  ~CConsoleScope();
+  CConsoleScope(const CConsoleScope&) = delete;
+  CConsoleScope& operator=(const CConsoleScope&) = delete;
+
+ private:
+  int m_nPrevious;
+};
 
 /// The module's state for the life of the object: EnterModule now, LeaveModule at the end.
 class CModuleStateScope {
