@@ -2,13 +2,16 @@
 // The five commands in its menu, the dialogs filled in with the job's values, the module's console text, the files that
 // were written. A double click opens a file.
 
+#include <algorithm>
 #include <iterator>
 #include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
 
+#ifndef NOMINMAX
 #define NOMINMAX
+#endif
 #define UNICODE
 #include <windows.h>
 // After it:
