@@ -4,7 +4,7 @@ if(LIBRARY MATCHES "\\.dll$")
   execute_process(COMMAND ${OBJDUMP} -p ${LIBRARY} COMMAND ${CXXFILT} OUTPUT_VARIABLE table COMMAND_ERROR_IS_FATAL ANY)
   string(REGEX REPLACE "^.*\\[Ordinal/Name Pointer\\] Table" "" table "${table}")
   string(REGEX REPLACE "\n\n.*$" "" table "${table}")
-  set(system "|CWin32Platform::") # what hosts of this system have besides
+  set(system "|CWin32Platform") # what hosts of this system have besides
 else()
   execute_process(COMMAND ${NM} -DC --defined-only ${LIBRARY} OUTPUT_VARIABLE table COMMAND_ERROR_IS_FATAL ANY)
 endif()
