@@ -82,6 +82,8 @@ std::wstring ToLines(std::string_view strText) {
   return strLines;
 }
 
+using FontHandle = std::unique_ptr<std::remove_pointer_t<HFONT>, decltype(&DeleteObject)>;
+
 class CHostWindow {
  public:
   /// The window, shown. Null pointer inside when the system has none left.
@@ -109,7 +111,8 @@ class CHostWindow {
   HWND m_hWindow = nullptr;
   HWND m_hFiles = nullptr;
   HWND m_hConsole = nullptr;
-  std::unique_ptr<std::remove_pointer_t<HFONT>, decltype(&DeleteObject)> m_font{nullptr, DeleteObject};
+  FontHandle m_listFont{nullptr, DeleteObject};
+  FontHandle m_consoleFont{nullptr, DeleteObject};
   std::unique_ptr<skyframe::CWin32Platform> m_pWindows;
   std::optional<skyframe::host::CSession> m_session;
 };
@@ -158,11 +161,14 @@ void CHostWindow::MakePanes(HINSTANCE hProgram) {
 
 void CHostWindow::LayOut() {
   const int nDpi = static_cast<int>(GetDpiForWindow(m_hWindow));
-  m_font.reset(CreateFontW(-MulDiv(c_nTextHeight, nDpi, c_nPlainDpi), 0, 0, 0, FW_NORMAL, FALSE, FALSE, FALSE,
-                           GB2312_CHARSET, 0, 0, CLEARTYPE_QUALITY, 0, L"宋体"));
-  for (const HWND hPane : {m_hFiles, m_hConsole}) {
-    SendMessageW(hPane, WM_SETFONT, reinterpret_cast<WPARAM>(m_font.get()), TRUE);
-  }
+  NONCLIENTMETRICSW metrics = {};
+  metrics.cbSize = sizeof metrics;
+  SystemParametersInfoForDpi(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0, static_cast<UINT>(nDpi));
+  m_listFont.reset(CreateFontIndirectW(&metrics.lfMessageFont));
+  SendMessageW(m_hFiles, WM_SETFONT, reinterpret_cast<WPARAM>(m_listFont.get()), TRUE);
+  m_consoleFont.reset(CreateFontW(-MulDiv(c_nTextHeight, nDpi, c_nPlainDpi), 0, 0, 0, FW_NORMAL, FALSE, FALSE, FALSE,
+                                  GB2312_CHARSET, 0, 0, CLEARTYPE_QUALITY, FIXED_PITCH | FF_MODERN, L"宋体"));
+  SendMessageW(m_hConsole, WM_SETFONT, reinterpret_cast<WPARAM>(m_consoleFont.get()), TRUE);
   RECT client = {};
   GetClientRect(m_hWindow, &client);
   const int nList = MulDiv(c_nListWidth, nDpi, c_nPlainDpi);
