@@ -13,6 +13,7 @@
 #include "skyframe/dialogs/SpectrumDlg.h"
 #include "skyframe/dialogs/Templates.h"
 #include "skyframe/dialogs/WilsonDlg.h"
+#include "skyframe/history/HistoryPlot.h"
 #include "skyframe/platform/PaintContext.h"
 
 namespace skyframe::test {
@@ -23,7 +24,7 @@ class CFakeHistories : public IHistoryView {
   int GetNodeCount() const override { return 5; }
   int GetElementCount() const override { return 3; }
   void Plot(IPaintContext& paint, const std::optional<HistorySelection>& selection) const override {
-    paint.Rectangle(250, 30, 401, 250);
+    PaintHistoryFrame(paint);
     m_plotted.push_back(selection);
   }
   bool WriteOut(const HistorySelection& selection) const override {

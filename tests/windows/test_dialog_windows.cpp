@@ -64,6 +64,8 @@ Outcome RunBoth(Maker make, const Steps& steps) {
   const std::unique_ptr<IPerson> pPerson = MakePerson();
   const auto watch = [&pPerson](const std::function<void()>& action) { pPerson->Watch(action); };
   const Outcome byHand = Run(*pPerson, make, steps, watch);
+  std::ofstream(SKYFRAME_PICTURE_DIR "/views.txt", std::ios::app | std::ios::binary)
+      << byHand.strSeen;  // for other kinds of windows
   EXPECT_EQ(byHand.nResult, scripted.nResult);
   EXPECT_EQ(byHand.strSeen, scripted.strSeen);
   EXPECT_EQ(byHand.messages, scripted.messages);
