@@ -1,4 +1,5 @@
-# The shared library exports what a host may use and nothing else: entry points, records, findings, inquiries, the seam.
+# The shared library exports what a host may use and nothing else: entry points, records, findings, inquiries, the seam,
+# the C interface.
 if(LIBRARY MATCHES "\\.dll$")
   execute_process(COMMAND ${OBJDUMP} -p ${LIBRARY} COMMAND ${CXXFILT} OUTPUT_VARIABLE table COMMAND_ERROR_IS_FATAL ANY)
   string(REGEX REPLACE "^.*\\[Ordinal/Name Pointer\\] Table" "" table "${table}")
@@ -11,10 +12,12 @@ string(REGEX MATCHALL "[^\n]+" lines "${table}")
 set(host "CModeConnect::|CCommonData::|RestraintCode::|LoadCode::|ResetHostData|FromRecord|ToRecord|ABCD|COMDAT|SECT|COMDYN|ZHU|RES|g_ProgramPath|g_FilePathName")
 set(findings "FindDialogTemplate|LookAtDialog|Get(Static|Modal|Spectrum|History)Findings|GetHistories|MeasureModel|CountModesBelow|EvaluateDesignSpectrum")
 set(seam "InstallPlatform|GetPlatform|IsErrorTerminal|GetArguments|GetProgramPath|To(Native|File)Path|I(Platform|PendingFile|DialogView|PaintContext)|C(ConsoleScope|HeadlessPlatform|Dialog|DataExchange|TextWriter|WordReader|OutputFile|PaintRecorder|SvgPaintContext)|DialogTemplate::|DialogStep::|Format(Fixed|General|Shortest)|Parse(Int|Real)|ReadNumber|ReadWholeFile|ReadContent|FindSortedRow|FindFirstFocus|CDialogUnits|MeasurePainting|CConsoleBuffer|CProgressPace|PerformStep|OpenWindows")
+set(c "open|close|version|use_(windows|callbacks)|type|tick|choose|choose_item|toggle_row|click|abcd|comdat|sect|comdyn|zhu|res|reset_host_data|set_(program_path|job_path|spring_group)|encode_(restraint|spring|load)|on_(mode|ansys_spectrum|time_history_analysis|time_history_res|static_nonlinear_sol)|get_(status|file)")
 set(unknown "")
 foreach(line IN LISTS lines)
   string(REGEX REPLACE "^([0-9a-f]+ .|\t\\[ *[0-9]+\\]) " "" name "${line}")
-  if(NOT name MATCHES "^((vtable|typeinfo|typeinfo name) for )?skyframe::(${host}|${findings}|${seam}${system})")
+  if(NOT name MATCHES "^skyframe_(${c})$" AND
+     NOT name MATCHES "^((vtable|typeinfo|typeinfo name) for )?skyframe::(${host}|${findings}|${seam}${system})")
     list(APPEND unknown "${name}")
   endif()
 endforeach()

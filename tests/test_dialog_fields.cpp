@@ -119,8 +119,8 @@ TEST(DialogFields, WhatIsEnteredIsReadBack) {
   EXPECT_EQ(platform.Record(StaticJob{}), JobAnalysis(WithDefaults(StaticJob{})));
   EXPECT_EQ(platform.Record(WilsonJob{}), JobAnalysis(WithDefaults(WilsonJob{})));
   // What these dialogs left in the record is the present job's alone.
-  EXPECT_NE(COMDYN.m_nExpandModes, tagComDynamic().m_nExpandModes);
-  EXPECT_EQ(WithDefaults(SpectrumJob{}).nModes, tagComDynamic().m_nExpandModes);
+  EXPECT_NE(COMDYN.m_nExpandModes, c_freshSettings.m_nExpandModes);
+  EXPECT_EQ(WithDefaults(SpectrumJob{}).nModes, c_freshSettings.m_nExpandModes);
 }
 
 TEST(DialogFields, LoadsOfAKindNoLongerChosenAreLetGo) {

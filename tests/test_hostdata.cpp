@@ -73,7 +73,7 @@ TEST(HostRecords, SpringGroupsAndReset) {
   EXPECT_TRUE(g_FilePathName.empty());
   EXPECT_EQ(get(c_nMaxSpringGroups)[0], 0.0F);
   // The settings of a fresh host are back.
-  for (const tagComDynamic& settings : {COMDYN, tagComDynamic()}) EXPECT_EQ(settings.m_nIntensity, 7);
+  for (const tagComDynamic& settings : {COMDYN, c_freshSettings}) EXPECT_EQ(settings.m_nIntensity, 7);
 }
 
 /// Order arrays as a modal run provides them.

@@ -42,6 +42,12 @@ TEST(Posix, AFullDiskAndAFullDeviceAreNoticed) {
   EXPECT_EQ(pipe.Read(), "through");
 }
 
+TEST(Posix, DialogsNeedWindows) {
+  const CommandOutcome outcome = CCommandFolder::Call({"run", "--dialogs", SKYFRAME_SOURCE_DIR "/examples/dome.json"});
+  EXPECT_EQ(std::tuple(outcome.nStatus, outcome.strErr),
+            std::tuple(2, "--dialogs: no screen, or no windows in this installation\n"));
+}
+
 TEST(Posix, NoneTakesThePlaceOfAClosedStandardStream) {
   const CJobFolder job("platform_closed");
   const int nProcess = StartProcess([&job] {

@@ -12,10 +12,6 @@ set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
 set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)
 set(CMAKE_FIND_ROOT_PATH_MODE_PACKAGE ONLY)
 
-# printf is the conforming one here; the compiler would hold the formats against an older one's. The build for the
-# home system checks them.
-set(CMAKE_CXX_FLAGS_INIT "-Wno-format -Wno-format-extra-args")
-
 # Programs and the module need no other library than the system's.
 set(CMAKE_SHARED_LINKER_FLAGS_INIT -static)
 set(CMAKE_EXE_LINKER_FLAGS_INIT -static)

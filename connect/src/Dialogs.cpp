@@ -20,7 +20,7 @@ namespace {
 /// COMDYN as a new job has it, for the life of the object: some dialogs start from what it keeps.
 class CFreshRecord {
  public:
-  CFreshRecord() { COMDYN = tagComDynamic(); }
+  CFreshRecord() { COMDYN = c_freshSettings; }
   ~CFreshRecord() { COMDYN = m_kept; }
   CFreshRecord(const CFreshRecord&) = delete;
   CFreshRecord& operator=(const CFreshRecord&) = delete;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <chrono>
+#include <optional>
 #include <utility>
 
 #include "skyframe/values/Findings.h"
@@ -17,15 +18,24 @@ class CFindingsKeeper {
   }
   ~CFindingsKeeper() {
     m_kept = std::move(m_ofModel);
-    m_kept.dSeconds = std::chrono::duration<double>(std::chrono::steady_clock::now() - m_start).count();
+    StopClock();
+    m_kept.dSeconds = std::chrono::duration<double>(*m_end - m_start).count();
   }
   CFindingsKeeper(const CFindingsKeeper&) = delete;
   CFindingsKeeper& operator=(const CFindingsKeeper&) = delete;
 
+  /// The run is over; a person may still read a message.
+  void StopClock() {
+    if (!m_end) m_end = Clock::now();
+  }
+
  private:
+  using Clock = std::chrono::steady_clock;
+
   Findings& m_kept;
   Findings& m_ofModel;
-  std::chrono::steady_clock::time_point m_start = std::chrono::steady_clock::now();
+  Clock::time_point m_start = Clock::now();
+  std::optional<Clock::time_point> m_end;
 };
 
 }  // namespace skyframe

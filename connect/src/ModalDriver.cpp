@@ -17,7 +17,7 @@ void RunModal() {
 
   const CRenumbering renumbering;
   const auto pModel = std::make_unique<CAnalysisModel>();
-  const CFindingsKeeper keeper(g_findings.modal, pModel->m_modalFindings);
+  CFindingsKeeper keeper(g_findings.modal, pModel->m_modalFindings);
   SetLoadCombination(*pModel, dialog.m_loadComb);
   pModel->m_bLoadComb = HasLoads(dialog.m_loadComb);
   pModel->BuildModelForModes(pModel->m_bLoadComb);
@@ -27,6 +27,7 @@ void RunModal() {
   const std::string strJobPath = GetHostJobPath();
   const CElapsedTime elapsed;
   pModel->SolveModes(strJobPath, 0, pModel->m_bLoadComb);
+  keeper.StopClock();
   elapsed.Report();
 }
 

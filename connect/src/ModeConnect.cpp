@@ -1,23 +1,12 @@
 #include "skyframe/connect/ModeConnect.h"
 
-#include <new>
-
 #include "Drivers.h"
+#include "Failure.h"
 #include "ModuleState.h"
 #include "skyframe/platform/Platform.h"
-#include "texts.h"
 
 namespace skyframe {
 namespace {
-
-/// A message that cannot be shown, for want of memory as likely as not, is given up.
-void TellFailure(std::string_view strText) noexcept {
-  try {
-    GetPlatform().ShowMessage(strText);
-  } catch (...) {
-    return;
-  }
-}
 
 /// Runs a driver with the module's state in force. A driver that fails by an exception ends with a
 /// message and counts as run, and as failed in its findings, when it has any.
@@ -26,10 +15,8 @@ int RunInModule(Driver driver, RunFindings* pFindings) noexcept {
   const CModuleStateScope scope;
   try {
     return driver();
-  } catch (const std::bad_alloc&) {
-    TellFailure(texts::c_strOutOfMemory);
   } catch (...) {
-    TellFailure(texts::c_strInternalError);
+    TellException();
   }
   if (pFindings != nullptr) pFindings->status = RunStatus::Failed;
   return 1;

@@ -15,7 +15,7 @@ int RunSpectrum() {
   if (dialog.DoModal() != c_nIdOk) return 0;
 
   const auto pModel = std::make_unique<CAnalysisModel>();
-  const CFindingsKeeper keeper(g_findings.spectrum, pModel->m_spectrumFindings);
+  CFindingsKeeper keeper(g_findings.spectrum, pModel->m_spectrumFindings);
   SetLoadCombination(*pModel, dialog.m_loadComb);
   pModel->m_bLoadComb = HasLoads(dialog.m_loadComb);
   pModel->BuildModelForModes(pModel->m_bLoadComb);
@@ -34,6 +34,7 @@ int RunSpectrum() {
 
   const CElapsedTime elapsed;
   pModel->SpectrumAnalysis(strJobPath, 0, pModel->m_bLoadComb);
+  keeper.StopClock();
   elapsed.Report();
   return 1;
 }

@@ -28,7 +28,7 @@ double GetDesignAcceleration(int nIntensity) {
 }  // namespace
 
 CSpectrumDlg::CSpectrumDlg() : CDialog(c_spectrumTemplate) {
-  FromRecord(tagComDynamic(), *this);
+  FromRecord(c_freshSettings, *this);
   On(c_nIdLoadValues, DialogEvent::Clicked, [this] { EditLoadCombination(m_loadComb); });
 }
 

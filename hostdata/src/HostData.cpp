@@ -10,7 +10,7 @@ namespace skyframe {
 tagAbcd ABCD;
 tagComDat COMDAT;
 tagSect SECT;
-tagComDynamic COMDYN;
+tagComDynamic COMDYN = c_freshSettings;
 tagComZhu ZHU;
 tagComResult RES;
 std::string g_ProgramPath;
@@ -31,7 +31,7 @@ void ResetHostData() {
   ClearRecord(ABCD);
   ClearRecord(COMDAT);
   ClearRecord(SECT);
-  COMDYN = tagComDynamic();
+  COMDYN = c_freshSettings;
   ClearRecord(ZHU);
   ClearRecord(RES);
   g_ProgramPath.clear();

@@ -17,14 +17,14 @@ constexpr char c_cHere = 0;  // its address tells which file the module was load
 }  // namespace
 
 /// The windows come from a library of their own beside the module, which stays loaded.
-std::unique_ptr<IPlatform> OpenWindows() {
+std::unique_ptr<IPlatform> OpenWindows(void* pHostWindow) {
   Dl_info here = {};
   if (dladdr(&c_cHere, &here) == 0) return nullptr;
   const std::filesystem::path path = std::filesystem::absolute(here.dli_fname).replace_filename(c_szLibrary);
   void* const pLibrary = dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL);
   if (pLibrary == nullptr) return nullptr;
-  const auto pOpen = reinterpret_cast<IPlatform* (*)()>(dlsym(pLibrary, c_szOpen));
-  return std::unique_ptr<IPlatform>(pOpen == nullptr ? nullptr : pOpen());
+  const auto pOpen = reinterpret_cast<IPlatform* (*)(void*)>(dlsym(pLibrary, c_szOpen));
+  return std::unique_ptr<IPlatform>(pOpen == nullptr ? nullptr : pOpen(pHostWindow));
 }
 
 }  // namespace skyframe

@@ -15,9 +15,9 @@ void CheckDamping(const HistoryFindings& findings, CAdviceBuilder& advice) {
   const auto it = std::ranges::min_element(findings.damping);
   if (it == findings.damping.end() || !(*it < -c_dRoundOff)) return;
   const auto i = static_cast<std::size_t>(it - findings.damping.begin());
-  advice.Warn("negative-damping", Format("the damping ratios give mode %zu (%.4g rad/s) %.2g %%: it is driven, not "
+  advice.Warn("negative-damping", Format("the damping ratios give mode %d (%.4g rad/s) %.2g %%: it is driven, not "
                                          "damped",
-                                         i + 1, findings.omega[i], 100.0 * *it));
+                                         static_cast<int>(i) + 1, findings.omega[i], 100.0 * *it));
 }
 
 void CheckIterations(const HistoryFindings& findings, CAdviceBuilder& advice) {

@@ -48,8 +48,8 @@ void CheckPeriods(const SpectrumFindings& findings, CAdviceBuilder& advice) {
   for (std::size_t i = 0; i < static_cast<std::size_t>(findings.nModes) && i < findings.omega.size(); ++i) {
     const double T = c_dTwoPi / findings.omega[i];
     if (T < c_dSpectrumEnd) continue;
-    advice.Warn("long-period",
-                Format("mode %zu has the period %.4g s: the spectrum ends at 6 s and gives it no load", i + 1, T));
+    advice.Warn("long-period", Format("mode %d has the period %.4g s: the spectrum ends at 6 s and gives it no load",
+                                      static_cast<int>(i) + 1, T));
     return;
   }
 }

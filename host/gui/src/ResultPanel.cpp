@@ -7,6 +7,7 @@
 
 #include "skyframe/platform/Platform.h"
 #include "skyframe/qt/Font.h"
+#include "skyframe/results/ResultList.h"
 #include "texts.h"
 
 namespace skyframe::gui {
@@ -41,13 +42,8 @@ void CResultPanel::Refresh() {
   m_list.clear();
   m_text.clear();
   if (m_strJobPath.empty()) return;
-  const QFileInfo job(ToQt(m_strJobPath));
-  for (const QFileInfo& file : job.dir().entryInfoList(QDir::Files, QDir::Name)) {
-    const QString strName = file.fileName();
-    const QString strSuffix = strName.mid(job.fileName().size());
-    if (!strName.startsWith(job.fileName()) || strSuffix.isEmpty() || strSuffix == QStringLiteral(".json")) continue;
-    const bool bLog = strSuffix == QStringLiteral("VIRTRESP.log") || strSuffix == QStringLiteral("impulseload.log");
-    if (strSuffix[0] != QLatin1Char('.') && strSuffix[0] != QLatin1Char('_') && !bLog) continue;
+  for (const std::string& strFile : host::ListResultFiles(m_strJobPath)) {
+    const QString strName = QString::fromStdString(strFile);
     m_list.addItem(strName);
     if (strName == strChosen) m_list.setCurrentRow(m_list.count() - 1);
   }

@@ -47,7 +47,8 @@ void MarkPeriods(IPaintContext& paint, CChart& chart, const SpectrumPicture& pic
     const bool bLast = i + 1 == T.size() || at.dX - chart.Map(T[i + 1], 0.0).dX > c_dLabelGap;
     if (!bLast) continue;
     const double dCentre = 0.5 * (at.dX + chart.Map(T[nFirst], 0.0).dX);
-    const std::string strLabel = nFirst == i ? Format("%zu", i + 1) : Format("%zu–%zu", nFirst + 1, i + 1);
+    const std::string strLast = std::to_string(i + 1);
+    const std::string strLabel = nFirst == i ? strLast : std::to_string(nFirst + 1) + "–" + strLast;
     const double dTop = std::min(at.dY, chart.Map(0.0, GetAlpha(picture, T[nFirst])).dY);
     PaintLabel(paint, chart.GetBox(), {dCentre, dTop - 7}, strLabel, c_markColour);
     nFirst = i + 1;
@@ -83,7 +84,7 @@ void PaintSpectrum(IPaintContext& paint, const SpectrumPicture& picture) {
   MarkPeriods(paint, chart, picture);
   chart.Legend(0, Format("α(T), damping ratio %g", picture.dDamping), c_curveColour, false);
   if (!picture.periods.empty()) {
-    chart.Legend(1, Format("periods of modes 1–%zu", picture.periods.size()), c_markColour, true);
+    chart.Legend(1, "periods of modes 1–" + std::to_string(picture.periods.size()), c_markColour, true);
   }
 }
 

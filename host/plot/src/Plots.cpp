@@ -106,7 +106,8 @@ class CPlotter {
     for (std::size_t i = 0; i < file->omega.size(); ++i) {
       const double omega = file->omega[i];
       if (omega > 0.0 && std::isnormal(omega * omega)) continue;  // what the module reads
-      return Refuse(*strPath + Format(": the frequency of mode %zu is not a positive number, or out of range", i + 1));
+      return Refuse(*strPath + ": the frequency of mode " + std::to_string(i + 1) +
+                    " is not a positive number, or out of range");
     }
     return file;
   }
@@ -122,8 +123,8 @@ class CPlotter {
     const auto file = LoadModes();
     if (!file) return std::nullopt;
     if (choice.nModes > static_cast<int>(file->omega.size())) {
-      return Refuse(Format("%s.mode: %d modes are asked for; the file has %zu", m_strJobPath.c_str(), choice.nModes,
-                           file->omega.size()));
+      return Refuse(m_strJobPath + Format(".mode: %d modes are asked for; the file has ", choice.nModes) +
+                    std::to_string(file->omega.size()));
     }
     SpectrumPicture picture;
     picture.site = choice.site;
@@ -185,7 +186,7 @@ class CPlotter {
       if (request.nNumber >= 1 && request.nNumber <= static_cast<int>(m_job.elements.size())) {
         return HistoryChoice{c_nHistoryForce, request.nNumber};
       }
-      return Refuse(Format("no element %d; the job has %zu", request.nNumber, m_job.elements.size()));
+      return Refuse(Format("no element %d; the job has ", request.nNumber) + std::to_string(m_job.elements.size()));
     }
     for (std::size_t i = 0; i < m_job.nodes.size(); ++i) {
       if (m_job.nodes[i].nId != request.nNumber) continue;

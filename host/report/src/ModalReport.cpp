@@ -22,7 +22,8 @@ void PrintTable(const ModalFindings& findings, std::ostream& out) {
   out << '\n';
   std::array<double, 3> sum = {};
   for (std::size_t i = 0; i < findings.omega.size(); ++i) {
-    out << Format("  %4zu %9.4f %9.4f", i + 1, findings.omega[i] * c_dHertzPerRadian, c_dTwoPi / findings.omega[i]);
+    out << Format("  %4d %9.4f %9.4f", static_cast<int>(i) + 1, findings.omega[i] * c_dHertzPerRadian,
+                  c_dTwoPi / findings.omega[i]);
     for (std::size_t d = 0; d < 3; ++d) {
       const double dMass = findings.effectiveMasses[i][d];
       sum[d] += dMass;

@@ -14,7 +14,10 @@ std::string FindDataDirectory() {
   if (pszChosen != nullptr && *pszChosen != '\0') return pszChosen;
   const fs::path installed = GetProgramPath().parent_path().parent_path() / "share" / "skyframe";
   std::error_code error;
-  if (fs::is_directory(installed / "GroundAccData", error)) return installed.string();
+  if (fs::is_directory(installed / "GroundAccData", error)) {
+    const std::u8string strInstalled = installed.u8string();
+    return {strInstalled.begin(), strInstalled.end()};
+  }
   return SKYFRAME_DATA_DIR;
 }
 

@@ -14,12 +14,15 @@ void PrintCounts(const Job& job, std::ostream& out) {
   for (const JobElement& element : job.elements) ++elements[element.nType];
   const auto nRigid =
       std::count_if(job.nodes.begin(), job.nodes.end(), [](const JobNode& node) { return node.nJoint == c_nRigid; });
-  out << Format("nodes        %zu (%td rigid, %td pinned)\n", job.nodes.size(), nRigid,
-                static_cast<std::ptrdiff_t>(job.nodes.size()) - nRigid);
-  out << Format("elements     %zu (%d bars, %d beams, %d cables, %d membranes), %zu sections\n", job.elements.size(),
-                elements[c_nBar], elements[c_nBeam], elements[c_nCable], elements[c_nMembrane], job.sections.size());
-  out << Format("loads        %zu in %d cases\n", job.loads.size(), job.loads.empty() ? 0 : job.GetHighestCase() + 1);
-  out << Format("analyses     %zu\n", job.analyses.size());
+  out << "nodes        " << job.nodes.size() << " (" << nRigid << " rigid, " << std::ssize(job.nodes) - nRigid
+      << " pinned)\n"
+      << "elements     " << job.elements.size()
+      << Format(" (%d bars, %d beams, %d cables, %d membranes), ", elements[c_nBar], elements[c_nBeam],
+                elements[c_nCable], elements[c_nMembrane])
+      << job.sections.size() << " sections\n"
+      << "loads        " << job.loads.size() << " in " << (job.loads.empty() ? 0 : job.GetHighestCase() + 1)
+      << " cases\n"
+      << "analyses     " << job.analyses.size() << '\n';
 }
 
 void PrintProfile(const char* pszTitle, const ProfileMeasure& profile, std::ostream& out) {

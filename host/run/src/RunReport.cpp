@@ -73,8 +73,8 @@ void PrintFiles(const RunFindings& findings, std::ostream& out) {
   if (findings.status == RunStatus::Done) out << Format("  time                  %.2f s\n", findings.dSeconds);
   for (const std::string& strPath : findings.files) {
     std::error_code error;
-    out << Format("  file                  %s, %ju bytes\n", EscapeControls(strPath).c_str(),
-                  std::filesystem::file_size(ToFilePath(strPath), error));
+    out << "  file                  " << EscapeControls(strPath) << ", "
+        << std::filesystem::file_size(ToFilePath(strPath), error) << " bytes\n";
   }
 }
 

@@ -29,7 +29,10 @@ class CApplication {
   std::optional<QApplication> m_application;
 };
 
-class CWindows : private CApplication, public CQtPlatform {};
+class CWindows : private CApplication, public CQtPlatform {
+ public:
+  using CQtPlatform::CQtPlatform;
+};
 
 /// Without a screen Qt would end the program.
 bool HasScreen() {
@@ -42,6 +45,7 @@ bool HasScreen() {
 }  // namespace skyframe
 
 /// For OpenWindows, which takes the platform over.
-extern "C" SKYFRAME_API skyframe::IPlatform* skyframe_open_windows() {
-  return skyframe::HasScreen() ? std::make_unique<skyframe::CWindows>().release() : nullptr;
+extern "C" SKYFRAME_API skyframe::IPlatform* skyframe_open_windows(void* pHostWindow) {
+  if (!skyframe::HasScreen()) return nullptr;
+  return std::make_unique<skyframe::CWindows>(static_cast<QWidget*>(pHostWindow)).release();
 }

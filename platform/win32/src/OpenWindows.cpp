@@ -5,6 +5,8 @@
 
 namespace skyframe {
 
-std::unique_ptr<IPlatform> OpenWindows() { return std::make_unique<CWin32Platform>(); }
+std::unique_ptr<IPlatform> OpenWindows(void* pHostWindow) {
+  return std::make_unique<CWin32Platform>(static_cast<HWND__*>(pHostWindow));
+}
 
 }  // namespace skyframe

@@ -127,8 +127,8 @@ SKYFRAME_API IPlatform* InstallPlatform(IPlatform* pPlatform, const RecordSizes&
 SKYFRAME_API IPlatform& GetPlatform();
 
 /// The platform with this system's own windows, not yet in force; null when the system has no screen here, or the
-/// installation no windows.
-[[nodiscard]] SKYFRAME_API std::unique_ptr<IPlatform> OpenWindows();
+/// installation no windows. pHostWindow: the window that they stand on, an HWND on Windows, else a QWidget*; or null.
+[[nodiscard]] SKYFRAME_API std::unique_ptr<IPlatform> OpenWindows(void* pHostWindow = nullptr);
 
 /// Whether a person sees standard error on a terminal.
 [[nodiscard]] SKYFRAME_API bool IsErrorTerminal();

@@ -1,108 +1,38 @@
 #pragma once
 
-#include <cstddef>
-
-#include "skyframe/values/Capacities.h"
+#include "skyframe/values/RecordTypes.h"
 
 namespace skyframe {
 
-// Types of the host records. A host with other capacities has other records; see RecordSizes.
-
-/// Geometry, topology, supports and loads. Coordinates in m, loads in kN and kNm. A load group is a run
-/// of consecutive loads with one key (see LoadCode); groups count from 0 in the order in which they first
-/// appear, and group g is load case g of a static combination. So the loads stand sorted by case, and
-/// every case up to the highest has at least one, if need be of value 0.
-struct tagAbcd {
-  int m_nNodes;  ///< 0: no model
-  int m_nElements;
-  int m_nReserved[6];
-  int m_nLoadCases;  ///< host load cases; parameter dialogs get this count plus one
-  float m_fX[c_nNodeSlots];
-  float m_fY[c_nNodeSlots];
-  float m_fZ[c_nNodeSlots];
-  int m_nFirstNode[c_nMaxElements];    ///< 1-based node number of end 1
-  int m_nSecondNode[c_nMaxElements];   ///< 1-based node number of end 2
-  int m_nSection[c_nMaxElements];      ///< section group * 100 + shape (1..6)
-  int m_nRestraint[c_nNodeSlots];      ///< see RestraintCode
-  int m_nJoint[c_nNodeSlots];          ///< 1 rigid (six DOFs), 0 pinned (three translations)
-  int m_nElementType[c_nMaxElements];  ///< 0 bar, 1 beam, 2 cable, 3 membrane
-  int m_nLoads;
-  int m_nLoadNode[c_nMaxLoads];
-  int m_nLoadCode[c_nMaxLoads];  ///< 1000 case + 100 direction (1..6) + type (1 dead, 2 live)
-  float m_fLoadValue[c_nMaxLoads];
-};
-
-/// Section tables, node orders, job path.
-struct tagComDat {
-  float m_fIx[c_nSectionSlots];  ///< mm4, at (group - 1) * 30 + (shape - 1)
-  float m_fIy[c_nSectionSlots];
-  float m_fIz[c_nSectionSlots];
-  float m_fSpectrum[c_nNodeSlots];  ///< written by the spectrum analysis, by node number
-  int* m_pFirstOrder;               ///< host number of each renumbered node; null outside a modal run
-  int* m_pSecondOrder;              ///< renumbered number of each host node; null outside a modal run
-  char m_szJobPath[c_nMaxPath];     ///< without suffix; prefix of all result files
-};
-
-/// Section areas in mm2, indexed like the section tables.
-struct tagSect {
-  float m_fArea[c_nSectionSlots];
-};
-
-/// Dynamic-analysis settings, remembered between runs. The values here are those a fresh host starts with.
-struct tagComDynamic {
-  int m_nModes = 10;
-  int m_nSaveAs = 0;  ///< save-as choice of the spectrum dialog, 0..3
-  double m_dModeTol = 1.0e-16;
-  int m_nRootCheck = 0;  ///< radio index: 0 "STURM法", 1 "模态比较法"
-  int m_bShear = 0;
-  int m_nIterMultiple = 6;
-  int m_nExpandModes = 10;
-  double m_dDampRatio = 0.02;
-  double m_dDesignAcceleration = 0.10;  ///< g
-  int m_nMeshDiv = 5;
-  int m_nIntensity = 7;   ///< 6..11
-  int m_nSiteClass = 3;   ///< 1..4
-  int m_nQuakeLevel = 0;  ///< 0 frequent, 1 rare
-  int m_nZoneGroup = 1;   ///< 1..3
-  double m_dDirCoef[3] = {1.0, 0.0, 0.0};
-  int m_bHistoryAvailable = 0;
-  double m_dHistoryStep = 0.0;  ///< s
-  int m_nHistoryCount = 0;
-  int m_nMethod = 0;        ///< 0 Wilson-theta, 1 Newmark
-  int m_bNonlinear = 0;     ///< 1: nonlinear time history
-  int m_nCombMethod = 0;    ///< 0 SRSS, 1 CQC, 2 GRP
-  int m_bSaveAs[4] = {};    ///< seismic cases X, Y, Z, oblique; set by the spectrum dialog, never cleared by it
-  int m_bVirtualModes = 0;  ///< 1: the spectrum analysis adds the virtual mode; no dialog writes it
-  int m_nPseudoLoadNo = 0;  ///< seismic pseudo-static load number of that analysis; no dialog writes it
-};
-
-/// Inclined supports.
-struct tagComZhu {
-  int m_nCount;
-  int m_nNode[c_nMaxNodes];  ///< 1-based node numbers
-};
-
-/// Results handed back; reserved for the spectrum analysis.
-struct tagComResult {
-  int m_nReserved;
-};
-
-/// Sizes in bytes of the records as a binary was built with them, and the capacities that these do not show.
-struct RecordSizes {
-  std::size_t nAbcd;
-  std::size_t nComDat;
-  std::size_t nSect;
-  std::size_t nComDynamic;
-  std::size_t nComZhu;
-  std::size_t nComResult;
-  int nLoadTypes;
-  int nSpringGroups;
-
-  bool operator==(const RecordSizes&) const = default;
+/// The settings that a fresh host starts with.
+inline constexpr tagComDynamic c_freshSettings = {
+    .m_nModes = 10,
+    .m_nSaveAs = 0,
+    .m_dModeTol = 1.0e-16,
+    .m_nRootCheck = 0,
+    .m_bShear = 0,
+    .m_nIterMultiple = 6,
+    .m_nExpandModes = 10,
+    .m_dDampRatio = 0.02,
+    .m_dDesignAcceleration = 0.10,
+    .m_nMeshDiv = 5,
+    .m_nIntensity = 7,
+    .m_nSiteClass = 3,
+    .m_nQuakeLevel = 0,
+    .m_nZoneGroup = 1,
+    .m_dDirCoef = {1.0, 0.0, 0.0},
+    .m_bHistoryAvailable = 0,
+    .m_dHistoryStep = 0.0,
+    .m_nHistoryCount = 0,
+    .m_nMethod = 0,
+    .m_bNonlinear = 0,
+    .m_nCombMethod = 0,
+    .m_bSaveAs = {},
+    .m_bVirtualModes = 0,
+    .m_nPseudoLoadNo = 0,
 };
 
 /// Not inline: each binary has its own, so that host and module can be compared.
-constexpr RecordSizes c_recordSizes = {sizeof(tagAbcd),   sizeof(tagComDat),    sizeof(tagSect), sizeof(tagComDynamic),
-                                       sizeof(tagComZhu), sizeof(tagComResult), c_nLoadTypes,    c_nMaxSpringGroups};
+constexpr RecordSizes c_recordSizes = SKYFRAME_RECORD_SIZES;
 
 }  // namespace skyframe

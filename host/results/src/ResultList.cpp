@@ -1,0 +1,46 @@
+#include "skyframe/results/ResultList.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <string_view>
+#include <system_error>
+
+#include "skyframe/platform/Platform.h"
+#include "skyframe/values/ResultFiles.h"
+
+namespace skyframe::host {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+/// What follows the job's name in the name of a file that is the job's.
+bool IsResultSuffix(std::string_view strSuffix) {
+  if (strSuffix.empty() || strSuffix == ".json") return false;
+  return strSuffix[0] == '.' || strSuffix[0] == '_' || strSuffix == suffix::c_strVirtualResponse ||
+         strSuffix == suffix::c_strImpulseLoad;
+}
+
+std::string ToUtf8(const fs::path& path) {
+  const std::u8string strName = path.u8string();
+  return {strName.begin(), strName.end()};
+}
+
+}  // namespace
+
+std::vector<std::string> ListResultFiles(const std::string& strJobPath) {
+  const fs::path job = ToFilePath(strJobPath);
+  const std::string strJob = ToUtf8(job.filename());
+  std::vector<std::string> names;
+  std::error_code error;
+  const fs::path folder = job.has_parent_path() ? job.parent_path() : fs::path(".");
+  for (fs::directory_iterator it(folder, error), end; !error && it != end; it.increment(error)) {
+    const std::string strName = ToUtf8(it->path().filename());
+    const bool bResult = strName.starts_with(strJob) && IsResultSuffix(std::string_view(strName).substr(strJob.size()));
+    if (std::error_code none; bResult && it->is_regular_file(none)) names.push_back(strName);
+  }
+  std::ranges::sort(names);
+  return names;
+}
+
+}  // namespace skyframe::host
