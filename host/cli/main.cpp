@@ -1,9 +1,10 @@
 #include <iostream>
 
 #include "skyframe/cli/CommandLine.h"
+#include "skyframe/platform/ConsoleBuffer.h"
 #include "skyframe/platform/Platform.h"
 
 int main(int argc, char** argv) {
-  const skyframe::CConsoleScope console;
+  const skyframe::CConsoleScope console(std::cout, std::cerr);
   return skyframe::host::RunCommandLine(skyframe::GetArguments(argc, argv), std::cout, std::cerr);
 }

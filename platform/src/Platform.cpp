@@ -87,10 +87,6 @@ std::vector<std::string> GetArguments(int nCount, char** arguments) {
   return system_file::GetArguments(nCount, arguments);
 }
 
-CConsoleScope::CConsoleScope() : m_nPrevious(system_file::BeginConsoleText()) {}
-
-CConsoleScope::~CConsoleScope() { system_file::EndConsoleText(m_nPrevious); }
-
 std::filesystem::path GetProgramPath() { return system_file::GetProgramPath(); }
 
 std::filesystem::path ToFilePath(std::string_view strPath) {

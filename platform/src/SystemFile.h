@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <filesystem>
 #include <string>
+#include <string_view>
 #include <system_error>
 #include <vector>
 
@@ -36,9 +37,10 @@ std::size_t Read(int nDescriptor, char* pBytes, std::size_t nCount);
 [[nodiscard]] bool IsErrorTerminal();
 /// In UTF-8, without the program's name; main's own where the system hands them over so.
 [[nodiscard]] std::vector<std::string> GetArguments(int nCount, char** arguments);
-/// Standard output and error are text in UTF-8 with the line ends as they were written; the state to go back to.
-[[nodiscard]] int BeginConsoleText();
-void EndConsoleText(int nPrevious);
+/// Standard output (1) or error (2) takes line ends as they are from now on; true when it is a console that shows
+/// UTF-8 only by way of WriteToConsole.
+[[nodiscard]] bool BeginText(int nDescriptor);
+void WriteToConsole(int nDescriptor, std::string_view strText);
 /// Of the running program; empty where the system does not tell.
 [[nodiscard]] std::filesystem::path GetProgramPath();
 /// Bytes of the machine's memory; infinite where the system does not tell.

@@ -128,9 +128,9 @@ std::vector<std::string> GetArguments(int nCount, char** arguments) {
   return nCount > 1 ? std::vector<std::string>(arguments + 1, arguments + nCount) : std::vector<std::string>();
 }
 
-int BeginConsoleText() { return 0; }
+bool BeginText(int /*nDescriptor*/) { return false; }
 
-void EndConsoleText(int /*nPrevious*/) {}
+void WriteToConsole(int /*nDescriptor*/, std::string_view /*strText*/) {}
 
 std::filesystem::path GetProgramPath() {
   std::error_code error;

@@ -27,6 +27,8 @@ namespace {
 constexpr int c_nPlain = _O_BINARY | _O_NOINHERIT;
 constexpr std::size_t c_nMostBytes = std::size_t{1} << 30U;
 
+void* GetHandle(int nDescriptor) { return reinterpret_cast<void*>(_get_osfhandle(nDescriptor)); }
+
 int Open(const std::filesystem::path& path, int nFlags) {
   int n = -1;
   return _wsopen_s(&n, path.c_str(), nFlags | c_nPlain, _SH_DENYNO, 0) == 0 ? n : -1;
@@ -48,7 +50,7 @@ std::string ToUtf8(const wchar_t* szText) {
 
 int OpenToRead(const std::filesystem::path& path) {
   const int n = Open(path, _O_RDONLY);
-  if (n < 0 || GetFileType(reinterpret_cast<void*>(_get_osfhandle(n))) == FILE_TYPE_DISK) return n;
+  if (n < 0 || GetFileType(GetHandle(n)) == FILE_TYPE_DISK) return n;
   _close(n);
   errno = EINVAL;
   return -1;
@@ -135,15 +137,18 @@ std::vector<std::string> GetArguments(int /*nCount*/, char** /*arguments*/) {
   return result;
 }
 
-int BeginConsoleText() {
-  for (std::FILE* const pStream : {stdout, stderr}) _setmode(_fileno(pStream), _O_BINARY);
-  const UINT nPrevious = GetConsoleOutputCP();
-  SetConsoleOutputCP(CP_UTF8);
-  return static_cast<int>(nPrevious);
+bool BeginText(int nDescriptor) {
+  _setmode(nDescriptor, _O_BINARY);
+  DWORD nMode = 0;
+  return GetConsoleMode(GetHandle(nDescriptor), &nMode) != 0;
 }
 
-void EndConsoleText(int nPrevious) {
-  if (nPrevious > 0) SetConsoleOutputCP(static_cast<UINT>(nPrevious));
+void WriteToConsole(int nDescriptor, std::string_view strText) {
+  const auto nBytes = static_cast<int>(strText.size());
+  std::wstring strWide(strText.size(), L'\0');  // never more
+  const int nLength = MultiByteToWideChar(CP_UTF8, 0, strText.data(), nBytes, strWide.data(), nBytes);
+  DWORD nWritten = 0;
+  WriteConsoleW(GetHandle(nDescriptor), strWide.data(), static_cast<DWORD>(nLength), &nWritten, nullptr);
 }
 
 std::filesystem::path GetProgramPath() {

@@ -2,6 +2,8 @@
 
 #include <array>
 #include <functional>
+#include <memory>
+#include <ostream>
 #include <streambuf>
 #include <string_view>
 
@@ -33,6 +35,27 @@ class SKYFRAME_API CConsoleBuffer : public std::streambuf {
 
   Sink m_sink;
   std::array<char, 8192> m_buffer;
+};
+
+/// For the life of the object what a program writes to its standard output and error in UTF-8 is shown so by a console,
+/// whatever its code page, and the ends of lines stay as they are.
+class SKYFRAME_API CConsoleScope {
+ public:
+  CConsoleScope(std::ostream& out, std::ostream& err);
+  ~CConsoleScope();
+  CConsoleScope(const CConsoleScope&) = delete;
+  CConsoleScope& operator=(const CConsoleScope&) = delete;
+
+ private:
+  struct Diversion {
+    std::ostream& strm;
+    std::unique_ptr<CConsoleBuffer> pBuffer;  ///< null: the stream writes itself
+    std::streambuf* pPrevious;
+  };
+
+  static Diversion Divert(std::ostream& strm, int nDescriptor);
+
+  std::array<Diversion, 2> m_diversions;
 };
 
 }  // namespace skyframe

@@ -142,19 +142,6 @@ SKYFRAME_API std::string ToNativePath(std::string_view strPath);
 /// The same for the standard library's file operations.
 SKYFRAME_API std::filesystem::path ToFilePath(std::string_view strPath);
 
-/// For the life of the object the console shows UTF-8 that goes to standard output and error, and no line end in it
-/// is changed on its way.
-class SKYFRAME_API CConsoleScope {
- public:
-  CConsoleScope();
-  ~CConsoleScope();
-  CConsoleScope(const CConsoleScope&) = delete;
-  CConsoleScope& operator=(const CConsoleScope&) = delete;
-
- private:
-  int m_nPrevious;
-};
-
 /// The module's state for the life of the object: EnterModule now, LeaveModule at the end.
 class CModuleStateScope {
  public:
