@@ -80,7 +80,7 @@ std::optional<double> ReadNumber(std::istream& strm) {
   const char* const pEnd = strNumber.data() + strNumber.size();
   double dValue = 0.0;
   const auto [pStop, error] = std::from_chars(pFirst, pEnd, dValue);
-  const bool bTooSmall = error == std::errc::result_out_of_range && strNumber.find("-", 1) != std::string::npos;
+  const bool bTooSmall = error == std::errc::result_out_of_range && strNumber.find('-', 1) != std::string::npos;
   if (pStop != pEnd || (error != std::errc{} && !bTooSmall)) return std::nullopt;
   return bTooSmall ? 0.0 : dValue;
 }
