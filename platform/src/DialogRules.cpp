@@ -33,10 +33,16 @@ PaintPoint MeasurePainting(CDialog& dialog) {
 }
 
 int FindFirstFocus(const DialogTemplate& layout, const IDialogView& view) {
-  for (const ControlTemplate& control : layout.controls) {
-    if (CanFocus(control.kind) && control.nId != -1 && view.IsEnabled(control.nId)) return control.nId;
+  const auto canTake = [&view](const ControlTemplate& control) {
+    return CanFocus(control.kind) && control.nId != -1 && view.IsEnabled(control.nId);
+  };
+  const auto it = std::ranges::find_if(layout.controls, canTake);
+  if (it == layout.controls.end()) return -1;
+  if (it->kind != ControlKind::Radio) return it->nId;
+  for (const int nRadio : layout.GetRadioGroup(layout.GetGroupStart(it->nId))) {
+    if (view.GetCheck(nRadio)) return nRadio;
   }
-  return -1;
+  return it->nId;
 }
 
 int FindSortedRow(const ControlTemplate& list, const IDialogView& view, std::string_view strText) {

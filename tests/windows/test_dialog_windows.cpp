@@ -196,6 +196,16 @@ TEST(LoadCombinationWindow, RowsMoveAsInTheScriptedView) {
   RunBoth(MakeDialog<CLoadCombDlg>, steps);
 }
 
+TEST(NewmarkWindow, OpensAtTheChosenLoadAndLeavesItChosen) {
+  const Maker make = [] {
+    auto pDialog = std::make_unique<CNewmarkDlg>();
+    pDialog->m_nLoadType = 1;
+    return std::unique_ptr<CDialog>(std::move(pDialog));
+  };
+  const std::string strSeen = RunBoth(make, {Do::Ok()}).strSeen;
+  EXPECT_NE(strSeen.find("focus " + std::to_string(c_nIdGroundMotion)), std::string::npos) << strSeen;
+}
+
 TEST(LoadCombinationWindow, UnfinishedNumberGetsItsMessageWhileTyping) {
   const std::unique_ptr<IPerson> pPerson = MakePerson();
   pPerson->AddScript(c_nIdLoadCombDlg,

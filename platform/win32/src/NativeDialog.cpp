@@ -147,6 +147,7 @@ void CNativeDialog::TakeControls() {
   for (const ControlTemplate& control : m_dialog.GetTemplate().controls) {
     m_controls.push_back({&control, hChild});  // the resource has the controls of the template, in its order
     FillList(m_controls.back());
+    if (control.kind == ControlKind::Radio) SendMessageW(hChild, BM_SETDONTCLICK, TRUE, 0);  // by the focus alone
     hChild = ::GetWindow(hChild, GW_HWNDNEXT);
   }
 }

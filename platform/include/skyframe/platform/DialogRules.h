@@ -49,7 +49,8 @@ inline constexpr int c_nPaintMargin = 7;
   return kind != ControlKind::Label && kind != ControlKind::Group;
 }
 
-/// Identifier of the first control in tab order that can take the focus; -1 when none can.
+/// Identifier of the first control in tab order that can take the focus, of radio buttons the checked one; -1 when none
+/// can.
 [[nodiscard]] SKYFRAME_API int FindFirstFocus(const DialogTemplate& layout, const IDialogView& view);
 
 /// Row at which AddItem puts a text: in a sorted list before the first greater item, else at the end.
