@@ -39,7 +39,7 @@ CNativeProgress::CNativeProgress(HWND hOwner)
 CNativeProgress::~CNativeProgress() {
   if (m_bOwnerEnabled) EnableWindow(m_hOwner, TRUE);  // first: else another program's window comes to the front
   DestroyWindow(m_hWindow);
-  SetFocus(m_hFocus);
+  if (m_hFocus != nullptr) SetFocus(m_hFocus);
 }
 
 void CNativeProgress::Show(int nDpi) {
