@@ -1,6 +1,7 @@
 #include "NativeFont.h"
 
 #include <algorithm>
+#include <cmath>
 #include <string>
 
 #include "Text.h"
@@ -46,7 +47,7 @@ FontHandle MakeFont(int nBodyHeight) {
 }
 
 FontHandle MakeDialogFont(int nDpi) {
-  return MakeFont(static_cast<int>(c_dDialogPoints * nDpi / c_dPointsPerInch + 0.5));
+  return MakeFont(static_cast<int>(std::lround(c_dDialogPoints * nDpi / c_dPointsPerInch)));
 }
 
 CDialogUnits MeasureUnits(HFONT hFont) {

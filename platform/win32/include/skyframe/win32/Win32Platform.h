@@ -10,7 +10,7 @@
 #include "skyframe/platform/Platform.h"
 #include "skyframe/platform/ProgressPace.h"
 
-struct HWND__;
+struct HWND__;  // NOLINT(bugprone-reserved-identifier): the system's name for what a HWND points to
 
 namespace skyframe {
 
