@@ -269,6 +269,7 @@ void CHostWindow::Analyse(AnalysisKind kind) {
 }
 
 void CHostWindow::OpenFile() {
+  if (!m_session) return;
   const auto nRow = static_cast<std::size_t>(SendMessageW(m_hFiles, LB_GETCURSEL, 0, 0));
   const std::string strJobPath = m_session->GetJobPath();
   const std::vector<std::string> names = skyframe::host::ListResultFiles(strJobPath);

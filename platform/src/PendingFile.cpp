@@ -24,7 +24,7 @@ std::string Describe(int nError) { return std::generic_category().message(nError
 /// In the same words whatever the system's own are.
 std::string Describe(const std::error_code& error) { return error.default_error_condition().message(); }
 
-bool IsTagCharacter(char8_t c) { return (c >= u8'0' && c <= u8'9') || (c >= u8'a' && c <= u8'f'); }
+bool IsTagCharacter(fs::path::value_type c) { return (c >= '0' && c <= '9') || (c >= 'a' && c <= 'f'); }
 
 fs::path MakeTemporaryPath(const fs::path& target) {
   std::array<char, c_nTagLength> digits;
@@ -37,10 +37,10 @@ fs::path MakeTemporaryPath(const fs::path& target) {
 }
 
 /// Whether MakeTemporaryPath may have made the name for a file named strTarget.
-bool IsTemporaryName(const std::u8string& strName, const std::u8string& strTarget) {
+bool IsTemporaryName(const fs::path::string_type& strName, const fs::path::string_type& strTarget) {
   const std::size_t nTag = strTarget.size() + 1;
   if (strName.size() != nTag + c_nTagLength + texts::c_strTemporarySuffix.size()) return false;
-  if (!strName.starts_with(strTarget + u8".")) return false;
+  if (!strName.starts_with(strTarget + fs::path::value_type{'.'})) return false;
   const auto tag = strName.begin() + static_cast<std::ptrdiff_t>(nTag);
   const auto end = tag + c_nTagLength;
   return std::all_of(tag, end, IsTagCharacter) &&
@@ -48,10 +48,10 @@ bool IsTemporaryName(const std::u8string& strName, const std::u8string& strTarge
 }
 
 void RemoveOrphans(const fs::path& target) {
-  const std::u8string strTarget = target.filename().u8string();
+  const fs::path::string_type strTarget = target.filename().native();  // other names need not be Unicode
   const fs::path folder = target.has_parent_path() ? target.parent_path() : fs::path(".");
   for (const fs::path& name : system_file::ListNames(folder)) {
-    if (IsTemporaryName(name.u8string(), strTarget)) system_file::RemoveOrphan(folder / name);
+    if (IsTemporaryName(name.native(), strTarget)) system_file::RemoveOrphan(folder / name);
   }
 }
 

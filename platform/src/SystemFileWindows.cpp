@@ -59,9 +59,13 @@ int OpenToRead(const std::filesystem::path& path) {
 int CreateNew(const std::filesystem::path& path) {
   // Shared so far that it can be moved to its name.
   void* const pFile = CreateFileW(path.c_str(), GENERIC_WRITE, FILE_SHARE_DELETE, nullptr, CREATE_NEW, 0, nullptr);
-  if (pFile != INVALID_HANDLE_VALUE) return _open_osfhandle(reinterpret_cast<std::intptr_t>(pFile), c_nPlain);
-  errno = GetFailure().default_error_condition().value();
-  return -1;
+  if (pFile == INVALID_HANDLE_VALUE) {
+    errno = GetFailure().default_error_condition().value();
+    return -1;
+  }
+  const int n = _open_osfhandle(reinterpret_cast<std::intptr_t>(pFile), c_nPlain);
+  if (n < 0) CloseHandle(pFile);
+  return n;
 }
 
 int OpenDevice(const std::filesystem::path& path) { return Open(path, _O_WRONLY); }

@@ -4,6 +4,8 @@
 #include "NativePerson.h"
 #include "TestPlatform.h"
 #include "Text.h"
+#include "skyframe/dialogs/ImpulseLoadDlg.h"
+#include "skyframe/values/DialogIds.h"
 
 namespace skyframe::test {
 namespace {
@@ -13,7 +15,10 @@ HWND FindProgress() { return FindWindowW(L"#32770", L"计算中"); }
 TEST(NativeProgress, ShownForLongStepsOnlyAndWithoutButtons) {
   const HWND hHost = CreateWindowExW(0, L"STATIC", L"host", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0, 0, 300, 200, nullptr,
                                      nullptr, nullptr, nullptr);
-  CWin32Platform platform(hHost);
+  const HWND hField =
+      CreateWindowExW(0, L"EDIT", L"", WS_CHILD | WS_VISIBLE, 0, 0, 80, 20, hHost, nullptr, nullptr, nullptr);
+  SetFocus(hField);
+  CWin32Platform platform(hField);
   platform.SetProgressDelay(std::chrono::seconds(10));
   platform.EnterModule();
   platform.ReportProgress(0.1, "short");
@@ -29,6 +34,7 @@ TEST(NativeProgress, ShownForLongStepsOnlyAndWithoutButtons) {
   EXPECT_EQ(ToUtf8(ReadText(FindWindowExW(hProgress, nullptr, L"STATIC", nullptr))), "长");
   EXPECT_EQ(FindWindowExW(hProgress, nullptr, L"BUTTON", nullptr), nullptr);
   EXPECT_FALSE(IsWindowEnabled(hHost)) << "the host's window takes no other command meanwhile";
+  EXPECT_EQ(GetFocus(), nullptr) << "nor do its children";
   PostMessageW(hProgress, WM_KEYDOWN, VK_ESCAPE, 1);
   PostMessageW(hProgress, WM_CLOSE, 0, 0);
   Sleep(100);
@@ -37,7 +43,29 @@ TEST(NativeProgress, ShownForLongStepsOnlyAndWithoutButtons) {
   platform.LeaveModule();
   EXPECT_EQ(FindProgress(), nullptr);
   EXPECT_TRUE(IsWindowEnabled(hHost));
+  EXPECT_EQ(GetFocus(), hField);
   DestroyWindow(hHost);
+}
+
+/// Refuses the impulse that is typed into the dialog in front, then closes the host's window under the message.
+void CALLBACK CloseUnderMessage(HWND hHost, UINT /*nMessage*/, UINT_PTR /*nTimer*/, DWORD /*nTime*/) {
+  if (FindWindowW(L"#32770", L"Skyframe") != nullptr) {
+    DestroyWindow(hHost);
+    return;
+  }
+  SetDlgItemTextW(GetActiveWindow(), c_nIdImpulseDirection, L"7");
+  PostMessageW(GetActiveWindow(), WM_COMMAND, c_nIdImpulseInsert, 0);
+}
+
+TEST(NativeDialog, HostWindowClosedUnderAMessage) {
+  const HWND hHost = CreateWindowExW(0, L"STATIC", L"host", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0, 0, 300, 200, nullptr,
+                                     nullptr, nullptr, nullptr);
+  CWin32Platform platform(hHost);
+  IPlatform* const pPrevious = InstallPlatform(&platform);
+  SetTimer(hHost, 1, 50, CloseUnderMessage);
+  CImpulseLoadDlg dialog;
+  EXPECT_EQ(dialog.DoModal(), c_nIdCancel);
+  InstallPlatform(pPrevious);
 }
 
 constexpr int c_nWidth = 200, c_nHeight = 100;

@@ -1,7 +1,6 @@
 #include "skyframe/advice/Advice.h"
 
 #include <algorithm>
-#include <filesystem>
 
 #include "AdviceBuilder.h"
 #include "skyframe/job/FreeBody.h"
@@ -71,7 +70,7 @@ bool CAdviceBuilder::CheckNodeValues(const std::vector<NodeValues>& values, std:
 
 std::string CAdviceBuilder::GetFileName(std::string_view strSuffix) const {
   for (const std::string& strPath : m_findings.files) {
-    if (strPath.ends_with(strSuffix)) return std::filesystem::path(strPath).filename().string();
+    if (strPath.ends_with(strSuffix)) return strPath.substr(strPath.find_last_of("/\\") + 1);
   }
   return "*" + std::string(strSuffix);
 }

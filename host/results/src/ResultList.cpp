@@ -30,14 +30,14 @@ std::string ToUtf8(const fs::path& path) {
 
 std::vector<std::string> ListResultFiles(const std::string& strJobPath) {
   const fs::path job = ToFilePath(strJobPath);
-  const std::string strJob = ToUtf8(job.filename());
+  const fs::path::string_type strJob = job.filename().native();  // names of other files need not be Unicode
   std::vector<std::string> names;
   std::error_code error;
   const fs::path folder = job.has_parent_path() ? job.parent_path() : fs::path(".");
   for (fs::directory_iterator it(folder, error), end; !error && it != end; it.increment(error)) {
-    const std::string strName = ToUtf8(it->path().filename());
-    const bool bResult = strName.starts_with(strJob) && IsResultSuffix(std::string_view(strName).substr(strJob.size()));
-    if (std::error_code none; bResult && it->is_regular_file(none)) names.push_back(strName);
+    const fs::path::string_type strName = it->path().filename().native();
+    const bool bResult = strName.starts_with(strJob) && IsResultSuffix(ToUtf8(strName.substr(strJob.size())));
+    if (std::error_code none; bResult && it->is_regular_file(none)) names.push_back(ToUtf8(strName));
   }
   std::ranges::sort(names);
   return names;

@@ -85,7 +85,9 @@ int CNativeDialog::Run(HINSTANCE hResources, HWND hParent) {
   const int nId = m_dialog.GetTemplate().nId;
   const INT_PTR nEnd =
       DialogBoxParamW(hResources, MAKEINTRESOURCEW(nId), hParent, Process, reinterpret_cast<LPARAM>(this));
+  if (m_bGone) m_dialog.Close();  // not before: a handler may have been at work
   if (m_failure) std::rethrow_exception(m_failure);
+  if (m_bGone) return c_nIdCancel;
   if (nEnd <= 0 && m_hWindow == nullptr) throw std::runtime_error("no dialog resource " + std::to_string(nId));
   return m_dialog.GetResult();
 }
@@ -124,8 +126,8 @@ bool CNativeDialog::Handle(UINT nMessage, WPARAM wParam, LPARAM lParam) {
     case WM_DPICHANGED:
       Guard([this, wParam, lParam] { MoveToScreen(HIWORD(wParam), *reinterpret_cast<const RECT*>(lParam)); });
       return true;
-    case WM_DESTROY:  // by another than the dialog
-      if (!m_dialog.HasEnded()) End(c_nIdCancel);
+    case WM_DESTROY:
+      m_bGone = std::exchange(m_bOpen, false);  // by another than the dialog
       return false;
     default:
       return false;
@@ -146,6 +148,8 @@ void CNativeDialog::TakeControls() {
   HWND hChild = ::GetWindow(m_hWindow, GW_CHILD);
   for (const ControlTemplate& control : m_dialog.GetTemplate().controls) {
     m_controls.push_back({&control, hChild});  // the resource has the controls of the template, in its order
+    // Else one that gets the focus unchecked tells of a click.
+    if (control.kind == ControlKind::Radio) SendMessageW(hChild, BM_SETDONTCLICK, TRUE, 0);
     FillList(m_controls.back());
     if (control.kind == ControlKind::Radio) SendMessageW(hChild, BM_SETDONTCLICK, TRUE, 0);  // by the focus alone
     hChild = ::GetWindow(hChild, GW_HWNDNEXT);
@@ -274,7 +278,7 @@ void CNativeDialog::Notify(int nId, DialogEvent event) {
 }
 
 void CNativeDialog::Guard(const std::function<void()>& action) {
-  if (m_failure || (m_bOpen && m_dialog.HasEnded())) return;
+  if (m_failure || m_bGone || (m_bOpen && m_dialog.HasEnded())) return;
   try {
     action();
     if (m_bOpen && m_dialog.HasEnded()) End(m_dialog.GetResult());

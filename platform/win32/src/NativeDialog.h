@@ -96,6 +96,7 @@ class CNativeDialog final : public IDialogView {
   SIZE m_painted = {};    ///< its extent, pixels
   int m_nSilent = 0;      ///< above 0 while the program itself changes a control
   bool m_bOpen = false;
+  bool m_bGone = false;  ///< the window was destroyed before the dialog ended
   std::exception_ptr m_failure;
 };
 

@@ -27,10 +27,11 @@ HWND MakeChild(HWND hParent, const wchar_t* pClass, const DialogRect& rect, HFON
 }  // namespace
 
 CNativeProgress::CNativeProgress(HWND hOwner)
-    : m_hOwner(hOwner),
-      m_bOwnerEnabled(hOwner != nullptr && IsWindowEnabled(hOwner) != FALSE),
+    : m_hOwner(GetAncestor(hOwner, GA_ROOT)),
+      m_bOwnerEnabled(m_hOwner != nullptr && IsWindowEnabled(m_hOwner) != FALSE),
+      m_hFocus(SetFocus(nullptr)),  // a child of a disabled window would go on taking keys
       m_hWindow(CreateWindowExW(WS_EX_DLGMODALFRAME, WC_DIALOG, LoadText(c_nBusyText).c_str(), c_nStyle, 0, 0, 0, 0,
-                                hOwner, nullptr, GetModuleInstance(), nullptr)) {
+                                m_hOwner, nullptr, GetModuleInstance(), nullptr)) {
   if (m_bOwnerEnabled) EnableWindow(m_hOwner, FALSE);
   Show(static_cast<int>(GetDpiForWindow(m_hWindow)));
 }
@@ -38,6 +39,7 @@ CNativeProgress::CNativeProgress(HWND hOwner)
 CNativeProgress::~CNativeProgress() {
   if (m_bOwnerEnabled) EnableWindow(m_hOwner, TRUE);  // first: else another program's window comes to the front
   DestroyWindow(m_hWindow);
+  if (m_hFocus != nullptr) SetFocus(m_hFocus);
 }
 
 void CNativeProgress::Show(int nDpi) {

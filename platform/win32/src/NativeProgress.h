@@ -25,6 +25,7 @@ class CNativeProgress {
 
   HWND m_hOwner;
   bool m_bOwnerEnabled;
+  HWND m_hFocus;  ///< what had it
   HWND m_hWindow;
   HWND m_hLabel = nullptr;
   HWND m_hBar = nullptr;
