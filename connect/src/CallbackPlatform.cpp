@@ -19,7 +19,10 @@ CCallbackPlatform::CCallbackPlatform(TextCallback message, TextCallback console)
       m_consoleBuffer(console),
       m_console(&m_consoleBuffer) {}
 
-void CCallbackPlatform::ShowMessage(std::string_view strText) { m_message(strText); }
+void CCallbackPlatform::ShowMessage(std::string_view strText) {
+  m_console.flush();
+  m_message(strText);
+}
 
 int CCallbackPlatform::RunModal(CDialog& dialog) {
   const int nDialog = dialog.GetTemplate().nId;

@@ -147,6 +147,9 @@ int main(int argc, char** argv) {
   static const struct RecordSizes sizes = SKYFRAME_RECORD_SIZES;
   FILE* console = fopen("portal.log", "wb");
   if (argc != 2 || !console || !load_library(argv[1])) return 2;
+#ifdef _WIN32
+  SetConsoleOutputCP(CP_UTF8);
+#endif
   if (!skyframe.open(&sizes)) return 1;
   printf("Skyframe %s\n", skyframe.version());
   skyframe.use_callbacks(show_message, write_console, console);

@@ -151,7 +151,6 @@ void CNativeDialog::TakeControls() {
     // Else one that gets the focus unchecked tells of a click.
     if (control.kind == ControlKind::Radio) SendMessageW(hChild, BM_SETDONTCLICK, TRUE, 0);
     FillList(m_controls.back());
-    if (control.kind == ControlKind::Radio) SendMessageW(hChild, BM_SETDONTCLICK, TRUE, 0);  // by the focus alone
     hChild = ::GetWindow(hChild, GW_HWNDNEXT);
   }
 }
@@ -284,7 +283,7 @@ void CNativeDialog::Guard(const std::function<void()>& action) {
     if (m_bOpen && m_dialog.HasEnded()) End(m_dialog.GetResult());
   } catch (...) {
     m_failure = std::current_exception();  // no exception may pass through the system's message loop
-    End(c_nIdCancel);
+    EndDialog(m_hWindow, c_nIdCancel);
   }
 }
 

@@ -29,24 +29,25 @@ HWND MakeChild(HWND hParent, const wchar_t* pClass, const DialogRect& rect, HFON
 CNativeProgress::CNativeProgress(HWND hOwner)
     : m_hOwner(GetAncestor(hOwner, GA_ROOT)),
       m_bOwnerEnabled(m_hOwner != nullptr && IsWindowEnabled(m_hOwner) != FALSE),
-      m_hFocus(SetFocus(nullptr)),  // a child of a disabled window would go on taking keys
-      m_hWindow(CreateWindowExW(WS_EX_DLGMODALFRAME, WC_DIALOG, LoadText(c_nBusyText).c_str(), c_nStyle, 0, 0, 0, 0,
-                                m_hOwner, nullptr, GetModuleInstance(), nullptr)) {
+      m_hFocus(GetFocus()),
+      m_window(CreateWindowExW(WS_EX_DLGMODALFRAME, WC_DIALOG, LoadText(c_nBusyText).c_str(), c_nStyle, 0, 0, 0, 0,
+                               m_hOwner, nullptr, GetModuleInstance(), nullptr)) {
+  Show(static_cast<int>(GetDpiForWindow(m_window.get())));
+  SetFocus(nullptr);  // a child of a disabled window would go on taking keys
   if (m_bOwnerEnabled) EnableWindow(m_hOwner, FALSE);
-  Show(static_cast<int>(GetDpiForWindow(m_hWindow)));
 }
 
 CNativeProgress::~CNativeProgress() {
   if (m_bOwnerEnabled) EnableWindow(m_hOwner, TRUE);  // first: else another program's window comes to the front
-  DestroyWindow(m_hWindow);
+  m_window.reset();
   if (m_hFocus != nullptr) SetFocus(m_hFocus);
 }
 
 void CNativeProgress::Show(int nDpi) {
   m_font = MakeDialogFont(nDpi);
   const CDialogUnits units = MeasureUnits(m_font.get());
-  m_hLabel = MakeChild(m_hWindow, WC_STATICW, units.ToPixels(c_label), m_font.get());
-  m_hBar = MakeChild(m_hWindow, PROGRESS_CLASSW, units.ToPixels(c_bar), m_font.get());
+  m_hLabel = MakeChild(m_window.get(), WC_STATICW, units.ToPixels(c_label), m_font.get());
+  m_hBar = MakeChild(m_window.get(), PROGRESS_CLASSW, units.ToPixels(c_bar), m_font.get());
   SendMessageW(m_hBar, PBM_SETRANGE32, 0, c_nSteps);
   const DialogRect client = units.ToPixels(c_window);
   RECT frame = {0, 0, client.nWidth, client.nHeight};
@@ -55,7 +56,7 @@ void CNativeProgress::Show(int nDpi) {
   GetWindowRect(m_hOwner == nullptr ? GetDesktopWindow() : m_hOwner, &around);
   const LONG nWidth = frame.right - frame.left;
   const LONG nHeight = frame.bottom - frame.top;
-  SetWindowPos(m_hWindow, HWND_TOP, static_cast<int>((around.left + around.right - nWidth) / 2),
+  SetWindowPos(m_window.get(), HWND_TOP, static_cast<int>((around.left + around.right - nWidth) / 2),
                static_cast<int>((around.top + around.bottom - nHeight) / 2), static_cast<int>(nWidth),
                static_cast<int>(nHeight), SWP_SHOWWINDOW | SWP_NOACTIVATE);
 }

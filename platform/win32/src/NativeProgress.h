@@ -1,6 +1,8 @@
 #pragma once
 
+#include <memory>
 #include <string_view>
+#include <type_traits>
 
 #include "NativeFont.h"
 #include "Windows.h"
@@ -21,12 +23,16 @@ class CNativeProgress {
   void Report(double dFraction, std::string_view strLabel);
 
  private:
+  struct Destroyer {
+    void operator()(HWND hWindow) const { DestroyWindow(hWindow); }
+  };
+
   void Show(int nDpi);
 
   HWND m_hOwner;
   bool m_bOwnerEnabled;
   HWND m_hFocus;  ///< what had it
-  HWND m_hWindow;
+  std::unique_ptr<std::remove_pointer_t<HWND>, Destroyer> m_window;
   HWND m_hLabel = nullptr;
   HWND m_hBar = nullptr;
   FontHandle m_font;
