@@ -8,8 +8,9 @@
 // name. Any C compiler reads this header; in C++ its names stand in namespace skyframe.
 //
 // Order of the calls: skyframe_open, a platform, the records, entry points, skyframe_close. All of them on the host's
-// user-interface thread. Texts and paths are UTF-8 and are copied; no pointer may be null unless it says so. Where a function returns int, 1 is done and 0 is
-// not, unless it says otherwise. No exception leaves them: the platform in force shows a message.
+// user-interface thread. Texts and paths are UTF-8 and are copied; no pointer may be null unless it says so. Where a
+// function returns int, 1 is done and 0 is not, unless it says otherwise. No exception leaves them: the platform in
+// force shows a message.
 
 #ifdef __cplusplus
 namespace skyframe {
