@@ -1,3 +1,7 @@
+#include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
 #include <QApplication>
 #include <algorithm>
 #include <array>
@@ -34,10 +38,25 @@ class CWindows : private CApplication, public CQtPlatform {
   using CQtPlatform::CQtPlatform;
 };
 
-/// Without a screen Qt would end the program.
+/// Opens the screen and ends this process; without one Qt does, by a signal.
+[[noreturn]] void TryScreen() {
+  const rlimit none = {};
+  setrlimit(RLIMIT_CORE, &none);
+  qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
+  const CApplication application;
+  _exit(0);
+}
+
+/// Without a screen that answers Qt would end the program: another process tries.
 bool HasScreen() {
-  return std::ranges::any_of(std::array{"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"},
-                             [](const char* szName) { return !qEnvironmentVariableIsEmpty(szName); });
+  if (QCoreApplication::instance() != nullptr) return true;
+  const bool bNamed = std::ranges::any_of(std::array{"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"},
+                                          [](const char* szName) { return !qEnvironmentVariableIsEmpty(szName); });
+  if (!bNamed) return false;
+  const pid_t nChild = fork();
+  if (nChild == 0) TryScreen();
+  int nStatus = -1;
+  return nChild > 0 && waitpid(nChild, &nStatus, 0) == nChild && nStatus == 0;
 }
 
 }  // namespace
