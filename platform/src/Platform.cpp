@@ -87,6 +87,8 @@ std::vector<std::string> GetArguments(int nCount, char** arguments) {
   return system_file::GetArguments(nCount, arguments);
 }
 
+std::string ReadVariable(const char* pszName) { return system_file::ReadVariable(pszName); }
+
 std::filesystem::path GetProgramPath() { return system_file::GetProgramPath(); }
 
 std::filesystem::path ToFilePath(std::string_view strPath) {

@@ -37,6 +37,8 @@ std::size_t Read(int nDescriptor, char* pBytes, std::size_t nCount);
 [[nodiscard]] bool IsErrorTerminal();
 /// In UTF-8, without the program's name; main's own where the system hands them over so.
 [[nodiscard]] std::vector<std::string> GetArguments(int nCount, char** arguments);
+/// Empty when it is not set.
+[[nodiscard]] std::string ReadVariable(const char* pszName);
 /// Standard output (1) or error (2) takes line ends as they are from now on; true when it is a console that shows
 /// UTF-8 only by way of WriteToConsole.
 [[nodiscard]] bool BeginText(int nDescriptor);

@@ -7,6 +7,7 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <cstdlib>
 #include <limits>
 #include <memory>
 #include <system_error>
@@ -126,6 +127,11 @@ bool IsErrorTerminal() { return isatty(STDERR_FILENO) == 1; }
 
 std::vector<std::string> GetArguments(int nCount, char** arguments) {
   return nCount > 1 ? std::vector<std::string>(arguments + 1, arguments + nCount) : std::vector<std::string>();
+}
+
+std::string ReadVariable(const char* pszName) {
+  const char* const pszText = std::getenv(pszName);
+  return pszText == nullptr ? "" : pszText;
 }
 
 bool BeginText(int /*nDescriptor*/) { return false; }

@@ -13,6 +13,7 @@
 #include <cerrno>
 #include <cstdint>
 #include <cstdio>
+#include <cstring>
 #include <limits>
 #include <memory>
 
@@ -129,6 +130,11 @@ bool IsWritable(const std::filesystem::path& path) {
 }
 
 bool IsErrorTerminal() { return _isatty(_fileno(stderr)) != 0; }
+
+std::string ReadVariable(const char* pszName) {
+  const wchar_t* const szText = _wgetenv(std::wstring(pszName, pszName + std::strlen(pszName)).c_str());
+  return szText == nullptr ? std::string{} : ToUtf8(szText);
+}
 
 std::vector<std::string> GetArguments(int /*nCount*/, char** /*arguments*/) {
   struct FreeWords {

@@ -1,6 +1,5 @@
 #include "skyframe/run/DataDirectory.h"
 
-#include <cstdlib>
 #include <filesystem>
 
 #include "skyframe/platform/Platform.h"
@@ -10,8 +9,7 @@ namespace skyframe::host {
 namespace fs = std::filesystem;
 
 std::string FindDataDirectory() {
-  const char* pszChosen = std::getenv("SKYFRAME_DATA");
-  if (pszChosen != nullptr && *pszChosen != '\0') return pszChosen;
+  if (std::string strChosen = ReadVariable("SKYFRAME_DATA"); !strChosen.empty()) return strChosen;
   const fs::path installed = GetProgramPath().parent_path().parent_path() / "share" / "skyframe";
   std::error_code error;
   if (fs::is_directory(installed / "GroundAccData", error)) {

@@ -134,6 +134,8 @@ SKYFRAME_API IPlatform& GetPlatform();
 [[nodiscard]] SKYFRAME_API bool IsErrorTerminal();
 /// The arguments that main was given, in UTF-8, without the program's name.
 [[nodiscard]] SKYFRAME_API std::vector<std::string> GetArguments(int nCount, char** arguments);
+/// A variable of the environment, in UTF-8; empty when it is not set.
+[[nodiscard]] SKYFRAME_API std::string ReadVariable(const char* pszName);
 /// File of the running program; empty where the system does not tell.
 [[nodiscard]] SKYFRAME_API std::filesystem::path GetProgramPath();
 
