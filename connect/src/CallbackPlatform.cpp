@@ -5,13 +5,6 @@
 #include "skyframe/platform/Dialog.h"
 
 namespace skyframe {
-namespace {
-
-bool EndsDialog(const DialogStep& step) {
-  return step.action == DialogStep::Action::Click && (step.nId == c_nIdOk || step.nId == c_nIdCancel);
-}
-
-}  // namespace
 
 CCallbackPlatform::CCallbackPlatform(TextCallback message, TextCallback console)
     : CHeadlessPlatform(m_console, m_console),
@@ -27,7 +20,7 @@ void CCallbackPlatform::ShowMessage(std::string_view strText) {
 int CCallbackPlatform::RunModal(CDialog& dialog) {
   const int nDialog = dialog.GetTemplate().nId;
   std::vector<DialogStep> steps = std::exchange(m_steps[nDialog], {});
-  if (steps.empty() || !EndsDialog(steps.back())) steps.push_back(DialogStep::Ok());
+  if (steps.empty() || !steps.back().IsClosing()) steps.push_back(DialogStep::Ok());
   AddScript(nDialog, std::move(steps));
   const int nResult = CHeadlessPlatform::RunModal(dialog);
   TellScriptErrors();

@@ -22,6 +22,7 @@
 #include <shellapi.h>
 
 #include "skyframe/job/JobFile.h"
+#include "skyframe/platform/WideText.h"
 #include "skyframe/results/ResultList.h"
 #include "skyframe/run/DataDirectory.h"
 #include "skyframe/run/PlatformScope.h"
@@ -32,6 +33,8 @@
 
 namespace {
 
+using skyframe::ToUtf8;
+using skyframe::ToWide;
 using skyframe::host::AnalysisKind;
 
 constexpr wchar_t c_strClass[] = L"SkyframeHost";
@@ -53,24 +56,6 @@ constexpr Command c_analyses[] = {{c_nModal, L"模态分析(&M)"},
                                   {c_nTimeHistory, L"时程分析(&T)"},
                                   {c_nHistories, L"时程结果(&H)"},
                                   {c_nStatic, L"静力分析(&S)"}};
-
-std::wstring ToWide(std::string_view strText) {
-  const int nBytes = static_cast<int>(strText.size());
-  std::wstring strWide(static_cast<std::size_t>(MultiByteToWideChar(CP_UTF8, 0, strText.data(), nBytes, nullptr, 0)),
-                       L'\0');
-  MultiByteToWideChar(CP_UTF8, 0, strText.data(), nBytes, strWide.data(), static_cast<int>(strWide.size()));
-  return strWide;
-}
-
-std::string ToUtf8(std::wstring_view strText) {
-  const int nUnits = static_cast<int>(strText.size());
-  std::string strBytes(
-      static_cast<std::size_t>(WideCharToMultiByte(CP_UTF8, 0, strText.data(), nUnits, nullptr, 0, nullptr, nullptr)),
-      '\0');
-  WideCharToMultiByte(CP_UTF8, 0, strText.data(), nUnits, strBytes.data(), static_cast<int>(strBytes.size()), nullptr,
-                      nullptr);
-  return strBytes;
-}
 
 /// With the line ends that a text field wants.
 std::wstring ToLines(std::string_view strText) {

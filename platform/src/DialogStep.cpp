@@ -109,6 +109,8 @@ class CPerformer {
 
 }  // namespace
 
+bool DialogStep::IsClosing() const { return action == Action::Click && (nId == c_nIdOk || nId == c_nIdCancel); }
+
 DialogStep DialogStep::Type(int nId, std::string strText) {
   return {.action = Action::Type, .nId = nId, .strText = std::move(strText), .look = {}};
 }

@@ -1,6 +1,5 @@
 #include "skyframe/platform/HeadlessPlatform.h"
 
-#include <ctime>
 #include <utility>
 
 #include "ScriptedView.h"
@@ -9,13 +8,6 @@
 namespace skyframe {
 
 namespace {
-
-LocalTime ReadSystemClock() {
-  const std::time_t now = std::time(nullptr);
-  const std::tm* const pLocal = std::localtime(&now);
-  if (pLocal == nullptr) return {};
-  return {pLocal->tm_year + 1900, pLocal->tm_mon + 1, pLocal->tm_mday, pLocal->tm_hour, pLocal->tm_min, pLocal->tm_sec};
-}
 
 /// Makes a view the innermost one for the life of the object, also when a handler throws.
 class CTopViewScope {
@@ -102,7 +94,7 @@ void CHeadlessPlatform::SetBusy(bool bBusy) {
 std::ostream& CHeadlessPlatform::GetConsole() { return m_strmConsole; }
 
 LocalTime CHeadlessPlatform::GetLocalTime() {
-  if (m_clock.empty()) return ReadSystemClock();
+  if (m_clock.empty()) return IPlatform::GetLocalTime();
   const LocalTime time = m_clock.front();
   if (m_clock.size() > 1) m_clock.pop_front();
   return time;

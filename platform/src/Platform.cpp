@@ -1,6 +1,7 @@
 #include "skyframe/platform/Platform.h"
 
 #include <algorithm>
+#include <ctime>
 #include <filesystem>
 #include <iostream>
 #include <iterator>
@@ -26,6 +27,13 @@ void IPlatform::BeginWaitCursor() {
 
 void IPlatform::EndWaitCursor() {
   if (m_nWaitCursor > 0 && --m_nWaitCursor == 0) SetBusy(false);
+}
+
+LocalTime IPlatform::GetLocalTime() {
+  const std::time_t now = std::time(nullptr);
+  const std::tm* const pLocal = std::localtime(&now);
+  if (pLocal == nullptr) return {};
+  return {pLocal->tm_year + 1900, pLocal->tm_mon + 1, pLocal->tm_mday, pLocal->tm_hour, pLocal->tm_min, pLocal->tm_sec};
 }
 
 double IPlatform::GetPhysicalMemory() { return system_file::GetPhysicalMemory(); }
@@ -94,6 +102,11 @@ std::filesystem::path GetProgramPath() { return system_file::GetProgramPath(); }
 std::filesystem::path ToFilePath(std::string_view strPath) {
   const std::string strNative = ToNativePath(strPath);
   return {std::u8string(strNative.begin(), strNative.end())};
+}
+
+std::string FromFilePath(const std::filesystem::path& path) {
+  const std::u8string strPath = path.u8string();
+  return {strPath.begin(), strPath.end()};
 }
 
 std::string ToNativePath(std::string_view strPath) {

@@ -13,11 +13,11 @@
 #include <cerrno>
 #include <cstdint>
 #include <cstdio>
-#include <cstring>
 #include <limits>
 #include <memory>
 
 #include "SystemFile.h"
+#include "skyframe/platform/WideText.h"
 
 // A file in care is open for writing. Who removes an orphan asks for it alone, which an open one refuses.
 
@@ -36,16 +36,6 @@ int Open(const std::filesystem::path& path, int nFlags) {
 }
 
 std::error_code GetFailure() { return {static_cast<int>(GetLastError()), std::system_category()}; }
-
-std::string ToUtf8(const wchar_t* szText) {
-  const auto convert = [szText](char* pBytes, int nBytes) {
-    return WideCharToMultiByte(CP_UTF8, 0, szText, -1, pBytes, nBytes, nullptr, nullptr);
-  };
-  std::string strText(static_cast<std::size_t>(std::max(convert(nullptr, 0), 1)), '\0');
-  convert(strText.data(), static_cast<int>(strText.size()));
-  strText.pop_back();  // the end that C strings have
-  return strText;
-}
 
 }  // namespace
 
@@ -132,7 +122,7 @@ bool IsWritable(const std::filesystem::path& path) {
 bool IsErrorTerminal() { return _isatty(_fileno(stderr)) != 0; }
 
 std::string ReadVariable(const char* pszName) {
-  const wchar_t* const szText = _wgetenv(std::wstring(pszName, pszName + std::strlen(pszName)).c_str());
+  const wchar_t* const szText = _wgetenv(ToWide(pszName).c_str());
   return szText == nullptr ? std::string{} : ToUtf8(szText);
 }
 
@@ -154,11 +144,9 @@ bool BeginText(int nDescriptor) {
 }
 
 void WriteToConsole(int nDescriptor, std::string_view strText) {
-  const auto nBytes = static_cast<int>(strText.size());
-  std::wstring strWide(strText.size(), L'\0');  // never more
-  const int nLength = MultiByteToWideChar(CP_UTF8, 0, strText.data(), nBytes, strWide.data(), nBytes);
+  const std::wstring strWide = ToWide(strText);
   DWORD nWritten = 0;
-  WriteConsoleW(GetHandle(nDescriptor), strWide.data(), static_cast<DWORD>(nLength), &nWritten, nullptr);
+  WriteConsoleW(GetHandle(nDescriptor), strWide.data(), static_cast<DWORD>(strWide.size()), &nWritten, nullptr);
 }
 
 std::filesystem::path GetProgramPath() {

@@ -13,15 +13,6 @@ namespace {
 
 using Action = DialogStep::Action;
 
-int FindRow(const CDialogWindow& window, const DialogStep& step) {
-  const int nCount = window.GetItemCount(step.nId);
-  if (step.nRow >= 0 && step.nRow < nCount) return step.nRow;
-  for (int nRow = 0; step.nRow == -1 && nRow < nCount; ++nRow) {
-    if (window.GetItemText(step.nId, nRow) == step.strText) return nRow;
-  }
-  return -1;
-}
-
 /// Opens the list, walks to the item, takes it.
 void PickItem(QComboBox& combo, int nRow) {
   QTest::mouseClick(&combo, Qt::LeftButton);
@@ -58,10 +49,6 @@ void TypeInto(QWidget& edit, const std::string& strText) {
 CQtPerson::CQtPerson(QWidget* pHostWindow) : m_platform(pHostWindow), m_pPrevious(InstallPlatform(&m_platform)) {}
 
 CQtPerson::~CQtPerson() { InstallPlatform(m_pPrevious); }
-
-bool CQtPerson::HasUnusedScripts() const {
-  return std::any_of(m_scripts.begin(), m_scripts.end(), [](const auto& entry) { return !entry.second.empty(); });
-}
 
 std::unique_ptr<IPerson> MakePerson() { return std::make_unique<CQtPerson>(); }
 
@@ -104,19 +91,14 @@ void CQtPerson::WorkOn(CDialogWindow& window) {
   if (it == m_open.end()) {
     it = m_open.emplace(&window, Work{}).first;
     QObject::connect(&window, &QObject::destroyed, &m_context, [this, pWindow = &window] { m_open.erase(pWindow); });
-    auto& scripts = m_scripts[window.GetDialog().GetTemplate().nId];
-    if (!scripts.empty()) {
-      it->second.steps = std::move(scripts.front());
-      scripts.pop_front();
-    }
+    it->second.steps = TakeScript(window.GetDialog().GetTemplate().nId);
   }
   Work& work = it->second;
   if (work.bBusy) return;
   if (work.nNext == work.steps.size()) return QTest::keyClick(&window, Qt::Key_Escape);
   const DialogStep step = work.steps[work.nNext++];
   if (const std::string strReason = WhyNot(window, step); !strReason.empty()) {
-    m_errors.push_back("dialog " + window.objectName().toStdString() + ", step " + std::to_string(work.nNext) +
-                       ", control " + std::to_string(step.nId) + ": " + strReason);
+    Report(window.GetDialog().GetTemplate().nId, work.nNext, step.nId, strReason);
     work.nNext = work.steps.size();
     return;
   }

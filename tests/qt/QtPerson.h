@@ -2,7 +2,6 @@
 
 #include <QObject>
 #include <QWidget>
-#include <deque>
 #include <map>
 #include <string>
 #include <vector>
@@ -20,15 +19,7 @@ class CQtPerson final : public IPerson {
  public:
   explicit CQtPerson(QWidget* pHostWindow = nullptr);
   ~CQtPerson() override;
-  CQtPerson(const CQtPerson&) = delete;
-  CQtPerson& operator=(const CQtPerson&) = delete;
 
-  void AddScript(int nDialogId, std::vector<DialogStep> steps) override {
-    m_scripts[nDialogId].push_back(std::move(steps));
-  }
-  [[nodiscard]] const std::vector<std::string>& GetMessages() const override { return m_messages; }
-  [[nodiscard]] const std::vector<std::string>& GetScriptErrors() const override { return m_errors; }
-  [[nodiscard]] bool HasUnusedScripts() const override;
   void Watch(const std::function<void()>& action) override;
   void Press(Key key) override;
 
@@ -48,10 +39,7 @@ class CQtPerson final : public IPerson {
 
   CQtPlatform m_platform;
   IPlatform* m_pPrevious;
-  std::map<int, std::deque<std::vector<DialogStep>>> m_scripts;
   std::map<const QWidget*, Work> m_open;
-  std::vector<std::string> m_messages;
-  std::vector<std::string> m_errors;
   bool m_bWatching = false;
   QObject m_context;  ///< takes pending looks and connections with it
 };

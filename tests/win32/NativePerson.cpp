@@ -28,15 +28,6 @@ HWND FindTop() {
   return bReady && IsOfClass(hActive, L"#32770") ? hActive : nullptr;
 }
 
-int FindRow(const CNativeDialog& window, const DialogStep& step) {
-  const int nCount = window.GetItemCount(step.nId);
-  if (step.nRow >= 0 && step.nRow < nCount) return step.nRow;
-  for (int nRow = 0; step.nRow == -1 && nRow < nCount; ++nRow) {
-    if (window.GetItemText(step.nId, nRow) == step.strText) return nRow;
-  }
-  return -1;
-}
-
 void PressKey(HWND hWindow, WPARAM nKey) {
   PostMessageW(hWindow, WM_KEYDOWN, nKey, 1);
   PostMessageW(hWindow, WM_KEYUP, nKey, static_cast<LPARAM>(0xC0000001));
@@ -107,10 +98,6 @@ CNativePerson::CNativePerson() : m_pPrevious(InstallPlatform(&m_platform)) {}
 
 CNativePerson::~CNativePerson() { InstallPlatform(m_pPrevious); }
 
-bool CNativePerson::HasUnusedScripts() const {
-  return std::ranges::any_of(m_scripts, [](const auto& entry) { return !entry.second.empty(); });
-}
-
 void CNativePerson::Watch(const std::function<void()>& action) {
   g_pWatching = this;
   const UINT_PTR nTimer = SetTimer(nullptr, 0, c_nPeriod, OnTimer);
@@ -157,11 +144,7 @@ void CNativePerson::WorkOn(CNativeDialog& window) {
   const HWND hWindow = window.GetWindow();
   if (!m_open.contains(hWindow)) {
     std::erase_if(m_open, [](const auto& entry) { return IsWindow(entry.first) == FALSE; });
-    auto& scripts = m_scripts[window.GetDialog().GetTemplate().nId];
-    if (!scripts.empty()) {
-      m_open[hWindow].steps = std::move(scripts.front());
-      scripts.pop_front();
-    }
+    m_open[hWindow].steps = TakeScript(window.GetDialog().GetTemplate().nId);
   }
   Work& work = m_open[hWindow];
   if (std::chrono::steady_clock::now() < work.wakeUp) return;
@@ -172,8 +155,7 @@ void CNativePerson::WorkOn(CNativeDialog& window) {
     return;
   }
   if (const std::string strReason = WhyNot(window, step); !strReason.empty()) {
-    m_errors.push_back("dialog " + std::to_string(window.GetDialog().GetTemplate().nId) + ", step " +
-                       std::to_string(work.nNext) + ", control " + std::to_string(step.nId) + ": " + strReason);
+    Report(window.GetDialog().GetTemplate().nId, work.nNext, step.nId, strReason);
     work.nNext = work.steps.size();
     return;
   }

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <chrono>
-#include <deque>
 #include <map>
 #include <string>
 #include <vector>
@@ -17,15 +16,7 @@ class CNativePerson final : public IPerson {
  public:
   CNativePerson();
   ~CNativePerson() override;
-  CNativePerson(const CNativePerson&) = delete;
-  CNativePerson& operator=(const CNativePerson&) = delete;
 
-  void AddScript(int nDialogId, std::vector<DialogStep> steps) override {
-    m_scripts[nDialogId].push_back(std::move(steps));
-  }
-  [[nodiscard]] const std::vector<std::string>& GetMessages() const override { return m_messages; }
-  [[nodiscard]] const std::vector<std::string>& GetScriptErrors() const override { return m_errors; }
-  [[nodiscard]] bool HasUnusedScripts() const override;
   void Watch(const std::function<void()>& action) override;
   void Press(Key key) override;
 
@@ -46,11 +37,8 @@ class CNativePerson final : public IPerson {
 
   CWin32Platform m_platform;
   IPlatform* m_pPrevious;
-  std::map<int, std::deque<std::vector<DialogStep>>> m_scripts;
   std::map<HWND, Work> m_open;
   HWND m_hAcknowledged = nullptr;
-  std::vector<std::string> m_messages;
-  std::vector<std::string> m_errors;
 };
 
 }  // namespace skyframe::test

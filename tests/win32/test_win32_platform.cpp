@@ -68,81 +68,27 @@ TEST(NativeDialog, HostWindowClosedUnderAMessage) {
   InstallPlatform(pPrevious);
 }
 
-constexpr int c_nWidth = 200, c_nHeight = 100;
+}  // namespace
 
-/// A white picture of 200 by 100 pixels, drawn on.
-class CPicture {
- public:
-  explicit CPicture(const std::function<void(IPaintContext&)>& draw) : m_hDc(CreateCompatibleDC(nullptr)) {
-    BITMAPINFO info = {};
-    info.bmiHeader = {sizeof(BITMAPINFOHEADER), c_nWidth, c_nHeight, 1, 32, BI_RGB, 0, 0, 0, 0, 0};
-    m_hBitmap = CreateDIBSection(m_hDc, &info, DIB_RGB_COLORS, nullptr, nullptr, 0);
-    SelectObject(m_hDc, m_hBitmap);
-    PatBlt(m_hDc, 0, 0, c_nWidth, c_nHeight, WHITENESS);
-    CGdiPaintContext paint(m_hDc, 1.0);
+std::vector<Colour> DrawPicture(const std::function<void(IPaintContext&)>& draw) {
+  const HDC hDc = CreateCompatibleDC(nullptr);
+  BITMAPINFO info = {};
+  info.bmiHeader = {sizeof(BITMAPINFOHEADER), c_nPictureWidth, c_nPictureHeight, 1, 32, BI_RGB, 0, 0, 0, 0, 0};
+  const HBITMAP hBitmap = CreateDIBSection(hDc, &info, DIB_RGB_COLORS, nullptr, nullptr, 0);
+  std::vector<Colour> pixels;
+  {
+    const CSelection selection(hDc, hBitmap);
+    PatBlt(hDc, 0, 0, c_nPictureWidth, c_nPictureHeight, WHITENESS);
+    CGdiPaintContext paint(hDc, 1.0);
     draw(paint);
-  }
-  ~CPicture() {
-    DeleteDC(m_hDc);
-    DeleteObject(m_hBitmap);
-  }
-  CPicture(const CPicture&) = delete;
-  CPicture& operator=(const CPicture&) = delete;
-
-  COLORREF At(int nX, int nY) const { return GetPixel(m_hDc, nX, nY); }
-
- private:
-  HDC m_hDc;
-  HBITMAP m_hBitmap = nullptr;
-};
-
-TEST(NativePainting, PixelsStandWhereTheyAreAskedFor) {
-  using Points = std::vector<POINT>;
-  const CPicture picture([](IPaintContext& paint) {
-    paint.SetPen({255, 0, 0});
-    paint.SetBrush({0, 0, 255});
-    paint.Rectangle(10, 5, 20, 10);
-    paint.SetPen({0, 128, 0});
-    paint.Line(40, 20, 50, 20);
-    paint.Line(0, 0, 1.0 / 0.0, 0);
-  });
-  for (const auto& [nColour, points] :
-       {std::pair{RGB(255, 0, 0), Points{{10, 5}, {30, 5}, {30, 15}, {10, 15}, {20, 5}}},
-        {RGB(0, 0, 255), {{11, 6}, {29, 14}}},
-        {RGB(255, 255, 255), {{9, 5}, {31, 5}, {20, 16}, {39, 20}, {51, 20}, {45, 19}, {45, 21}, {0, 0}}},
-        {RGB(0, 128, 0), {{40, 20}, {50, 20}}}}) {
-    for (const POINT p : points) EXPECT_EQ(picture.At(p.x, p.y), nColour) << p.x << ' ' << p.y;
-  }
-}
-
-/// Bounding box of everything that is not white.
-RECT GetInk(HorizontalAlign horizontal, VerticalAlign vertical) {
-  const CPicture picture([&](IPaintContext& paint) {
-    paint.SetTextHeight(20.0);
-    paint.Text(100, 50, "静力", horizontal, vertical);
-  });
-  RECT ink = {c_nWidth, c_nHeight, 0, 0};
-  for (int nY = 0; nY < c_nHeight; ++nY) {
-    for (int nX = 0; nX < c_nWidth; ++nX) {
-      if (GetGValue(picture.At(nX, nY)) >= 128) continue;
-      ink = {std::min<LONG>(ink.left, nX), std::min<LONG>(ink.top, nY), std::max<LONG>(ink.right, nX),
-             std::max<LONG>(ink.bottom, nY)};
+    for (int n = 0; n < c_nPictureWidth * c_nPictureHeight; ++n) {
+      const COLORREF nPixel = GetPixel(hDc, n % c_nPictureWidth, n / c_nPictureWidth);
+      pixels.push_back({GetRValue(nPixel), GetGValue(nPixel), GetBValue(nPixel)});
     }
   }
-  return ink;
+  DeleteObject(hBitmap);
+  DeleteDC(hDc);
+  return pixels;
 }
 
-TEST(NativePainting, TextKeepsToItsPosition) {
-  const RECT top = GetInk(HorizontalAlign::Left, VerticalAlign::Top);
-  const RECT middle = GetInk(HorizontalAlign::Centre, VerticalAlign::Middle);
-  EXPECT_TRUE(top.left >= 100 && top.top >= 50);
-  EXPECT_LE(GetInk(HorizontalAlign::Right, VerticalAlign::Top).right, 100);
-  EXPECT_LE(GetInk(HorizontalAlign::Left, VerticalAlign::Bottom).bottom, 50);
-  EXPECT_NEAR(GetInk(HorizontalAlign::Left, VerticalAlign::Baseline).bottom, 50, 4);
-  EXPECT_NEAR((middle.left + middle.right) / 2.0, 100.0, 2.0);
-  EXPECT_NEAR((middle.top + middle.bottom) / 2.0, 50.0, 3.0);
-  EXPECT_NEAR(top.bottom - top.top, 20, 4) << "height of the letters";
-}
-
-}  // namespace
 }  // namespace skyframe::test

@@ -84,5 +84,55 @@ TEST(Console, WholeLinesAndNothingLost) {
   EXPECT_EQ(strGot, strExpected);
 }
 
+TEST(Painting, PixelsStandWhereTheyAreAskedFor) {
+  using Points = std::vector<std::pair<int, int>>;
+  const std::vector<Colour> picture = DrawPicture([](IPaintContext& paint) {
+    paint.SetPen({255, 0, 0});
+    paint.SetBrush({0, 0, 255});
+    paint.Rectangle(10, 5, 20, 10);
+    paint.SetPen({0, 128, 0});
+    paint.Line(40, 20, 50, 20);
+    paint.Line(0, 0, 1.0 / 0.0, 0);
+  });
+  for (const auto& [colour, points] :
+       {std::pair{Colour{255, 0, 0}, Points{{10, 5}, {30, 5}, {30, 15}, {10, 15}, {20, 5}}},
+        {Colour{0, 0, 255}, {{11, 6}, {29, 14}}},
+        {c_white, {{9, 5}, {31, 5}, {20, 16}, {39, 20}, {51, 20}, {45, 19}, {45, 21}, {0, 0}}},
+        {Colour{0, 128, 0}, {{40, 20}, {50, 20}}}}) {
+    for (const auto& [nX, nY] : points) EXPECT_EQ(picture[nY * c_nPictureWidth + nX], colour) << nX << ' ' << nY;
+  }
+}
+
+/// Pixels of a text at (100, 50): first and last column and row of what is dark.
+struct Ink {
+  int nLeft = c_nPictureWidth, nTop = c_nPictureHeight, nRight = 0, nBottom = 0;
+};
+
+Ink GetInk(HorizontalAlign horizontal, VerticalAlign vertical) {
+  const std::vector<Colour> picture = DrawPicture([&](IPaintContext& paint) {
+    paint.SetTextHeight(20.0);
+    paint.Text(100, 50, "静力", horizontal, vertical);
+  });
+  Ink ink;
+  for (int n = 0; n < c_nPictureWidth * c_nPictureHeight; ++n) {
+    if (picture[n].nGreen >= 128) continue;
+    const int nX = n % c_nPictureWidth, nY = n / c_nPictureWidth;
+    ink = {std::min(ink.nLeft, nX), std::min(ink.nTop, nY), std::max(ink.nRight, nX), std::max(ink.nBottom, nY)};
+  }
+  return ink;
+}
+
+TEST(Painting, TextKeepsToItsPosition) {
+  const Ink top = GetInk(HorizontalAlign::Left, VerticalAlign::Top);
+  const Ink middle = GetInk(HorizontalAlign::Centre, VerticalAlign::Middle);
+  EXPECT_TRUE(top.nLeft >= 100 && top.nTop >= 50);
+  EXPECT_LE(GetInk(HorizontalAlign::Right, VerticalAlign::Top).nRight, 100);
+  EXPECT_LE(GetInk(HorizontalAlign::Left, VerticalAlign::Bottom).nBottom, 50);
+  EXPECT_NEAR(GetInk(HorizontalAlign::Left, VerticalAlign::Baseline).nBottom, 50, 4);
+  EXPECT_NEAR((middle.nLeft + middle.nRight) / 2.0, 100.0, 2.0);
+  EXPECT_NEAR((middle.nTop + middle.nBottom) / 2.0, 50.0, 3.0);
+  EXPECT_NEAR(top.nBottom - top.nTop, 20, 4) << "height of the letters";
+}
+
 }  // namespace
 }  // namespace skyframe::test

@@ -6,6 +6,7 @@
 #include "skyframe/job/FreeBody.h"
 #include "skyframe/job/Places.h"
 #include "skyframe/job/Text.h"
+#include "skyframe/platform/Platform.h"
 
 namespace skyframe::host {
 
@@ -70,7 +71,7 @@ bool CAdviceBuilder::CheckNodeValues(const std::vector<NodeValues>& values, std:
 
 std::string CAdviceBuilder::GetFileName(std::string_view strSuffix) const {
   for (const std::string& strPath : m_findings.files) {
-    if (strPath.ends_with(strSuffix)) return strPath.substr(strPath.find_last_of("/\\") + 1);
+    if (strPath.ends_with(strSuffix)) return FromFilePath(ToFilePath(strPath).filename());
   }
   return "*" + std::string(strSuffix);
 }

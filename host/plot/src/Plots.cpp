@@ -87,7 +87,7 @@ class CPlotter {
   }
 
   [[nodiscard]] std::string GetTitle() const {
-    return m_job.strTitle.empty() ? m_strJobPath.substr(m_strJobPath.find_last_of("/\\") + 1) : m_job.strTitle;
+    return m_job.strTitle.empty() ? FromFilePath(ToFilePath(m_strJobPath).filename()) : m_job.strTitle;
   }
 
   template <class Picture>

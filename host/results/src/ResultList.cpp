@@ -21,11 +21,6 @@ bool IsResultSuffix(std::string_view strSuffix) {
          strSuffix == suffix::c_strImpulseLoad;
 }
 
-std::string ToUtf8(const fs::path& path) {
-  const std::u8string strName = path.u8string();
-  return {strName.begin(), strName.end()};
-}
-
 }  // namespace
 
 std::vector<std::string> ListResultFiles(const std::string& strJobPath) {
@@ -36,8 +31,8 @@ std::vector<std::string> ListResultFiles(const std::string& strJobPath) {
   const fs::path folder = job.has_parent_path() ? job.parent_path() : fs::path(".");
   for (fs::directory_iterator it(folder, error), end; !error && it != end; it.increment(error)) {
     const fs::path::string_type strName = it->path().filename().native();
-    const bool bResult = strName.starts_with(strJob) && IsResultSuffix(ToUtf8(strName.substr(strJob.size())));
-    if (std::error_code none; bResult && it->is_regular_file(none)) names.push_back(ToUtf8(strName));
+    const bool bResult = strName.starts_with(strJob) && IsResultSuffix(FromFilePath(strName.substr(strJob.size())));
+    if (std::error_code none; bResult && it->is_regular_file(none)) names.push_back(FromFilePath(strName));
   }
   std::ranges::sort(names);
   return names;

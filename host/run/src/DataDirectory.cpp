@@ -12,10 +12,7 @@ std::string FindDataDirectory() {
   if (std::string strChosen = ReadVariable("SKYFRAME_DATA"); !strChosen.empty()) return strChosen;
   const fs::path installed = GetProgramPath().parent_path().parent_path() / "share" / "skyframe";
   std::error_code error;
-  if (fs::is_directory(installed / "GroundAccData", error)) {
-    const std::u8string strInstalled = installed.u8string();
-    return {strInstalled.begin(), strInstalled.end()};
-  }
+  if (fs::is_directory(installed / "GroundAccData", error)) return FromFilePath(installed);
   return SKYFRAME_DATA_DIR;
 }
 

@@ -23,10 +23,6 @@ class CTemporary {
   T m_old;
 };
 
-bool IsClosing(const DialogStep& step) {
-  return step.action == DialogStep::Action::Click && (step.nId == c_nIdOk || step.nId == c_nIdCancel);
-}
-
 }  // namespace
 
 int CPrefillPlatform::RunModal(CDialog& dialog) {
@@ -46,7 +42,7 @@ void CPrefillPlatform::DialogOpened(CDialog& dialog, IDialogView& view) {
 void CPrefillPlatform::Prefill(CDialog& dialog, IDialogView& view) {
   const CTemporary prefilling(m_bPrefilling, true);
   Follow(dialog, GetScript(dialog.GetTemplate().nId), [&](const DialogStep& step) {
-    return IsClosing(step) ? std::string_view{} : PerformStep(dialog, view, step);
+    return step.IsClosing() ? std::string_view{} : PerformStep(dialog, view, step);
   });
 }
 

@@ -26,18 +26,6 @@ namespace skyframe {
 
 namespace {
 
-/// While it lives, changes of a list are the program's own.
-class CSilence {
- public:
-  explicit CSilence(int& nSilent) : m_nSilent(nSilent) { ++m_nSilent; }
-  ~CSilence() { --m_nSilent; }
-  CSilence(const CSilence&) = delete;
-  CSilence& operator=(const CSilence&) = delete;
-
- private:
-  int& m_nSilent;
-};
-
 std::string ToUtf8(const QString& strText) { return strText.toStdString(); }
 
 /// An ampersand in a caption stands for itself.

@@ -17,18 +17,6 @@ namespace {
 
 constexpr int c_nDropRows = 8;  // of an opened drop list
 
-/// While it lives, changes of a control are the program's own.
-class CSilence {
- public:
-  explicit CSilence(int& nSilent) : m_nSilent(nSilent) { ++m_nSilent; }
-  ~CSilence() { --m_nSilent; }
-  CSilence(const CSilence&) = delete;
-  CSilence& operator=(const CSilence&) = delete;
-
- private:
-  int& m_nSilent;
-};
-
 /// From its version 1703 on the system lays out dialogs itself when they come to another screen, unless told not to.
 void KeepSystemFromScaling(HWND hDialog) {
   constexpr int c_nEverything = 7;
@@ -178,14 +166,14 @@ void CNativeDialog::LayOut(int nDpi) {
     if (layout.kind == ControlKind::ListView) ShareColumns(control.hWindow, layout.items.size());
   }
   m_font = std::move(font);
+  const PaintPoint painted = MeasurePainting(m_dialog);
+  m_painted = {std::lround(painted.dX * m_dScale), std::lround(painted.dY * m_dScale)};
   const SIZE client = MeasureClient(units);
   RECT frame = {0, 0, client.cx, client.cy};
   AdjustWindowRectExForDpi(&frame, static_cast<DWORD>(GetWindowLongPtrW(m_hWindow, GWL_STYLE)), FALSE,
                            static_cast<DWORD>(GetWindowLongPtrW(m_hWindow, GWL_EXSTYLE)), static_cast<UINT>(nDpi));
   SetWindowPos(m_hWindow, nullptr, 0, 0, frame.right - frame.left, frame.bottom - frame.top,
                SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
-  const PaintPoint painted = MeasurePainting(m_dialog);
-  m_painted = {std::lround(painted.dX * m_dScale) + 1, std::lround(painted.dY * m_dScale) + 1};
 }
 
 void CNativeDialog::MoveToScreen(int nDpi, const RECT& place) {
@@ -196,10 +184,9 @@ void CNativeDialog::MoveToScreen(int nDpi, const RECT& place) {
 SIZE CNativeDialog::MeasureClient(const CDialogUnits& units) const {
   const DialogTemplate& layout = m_dialog.GetTemplate();
   const DialogRect area = units.ToPixels({0, 0, layout.nWidth, layout.nHeight});
-  const PaintPoint painted = MeasurePainting(m_dialog);
-  if (painted == PaintPoint{}) return {area.nWidth, area.nHeight};
-  LONG nRight = std::lround(painted.dX * m_dScale);
-  LONG nBottom = std::lround(painted.dY * m_dScale);
+  if (m_painted.cx == 0) return {area.nWidth, area.nHeight};
+  LONG nRight = m_painted.cx;
+  LONG nBottom = m_painted.cy;
   for (const ControlTemplate& control : layout.controls) {
     const DialogRect rect = units.ToPixels(control.rect);
     nRight = std::max<LONG>(nRight, rect.nX + rect.nWidth);
@@ -231,14 +218,15 @@ void CNativeDialog::PaintArea() {
   PAINTSTRUCT paint = {};
   const HDC hWindowDc = BeginPaint(m_hWindow, &paint);
   const HDC hDc = CreateCompatibleDC(hWindowDc);  // drawn apart, then shown at once
-  const std::unique_ptr<void, GdiDeleter> bitmap(CreateCompatibleBitmap(hWindowDc, m_painted.cx, m_painted.cy));
+  const int nWidth = m_painted.cx + 1, nHeight = m_painted.cy + 1;
+  const std::unique_ptr<void, GdiDeleter> bitmap(CreateCompatibleBitmap(hWindowDc, nWidth, nHeight));
   {
     const CSelection selection(hDc, bitmap.get());
-    const RECT area = {0, 0, m_painted.cx, m_painted.cy};
+    const RECT area = {0, 0, nWidth, nHeight};
     FillRect(hDc, &area, GetSysColorBrush(COLOR_3DFACE));
     CGdiPaintContext context(hDc, m_dScale);
     m_dialog.Paint(context);
-    BitBlt(hWindowDc, 0, 0, m_painted.cx, m_painted.cy, hDc, 0, 0, SRCCOPY);
+    BitBlt(hWindowDc, 0, 0, nWidth, nHeight, hDc, 0, 0, SRCCOPY);
   }
   DeleteDC(hDc);
   EndPaint(m_hWindow, &paint);
@@ -452,7 +440,7 @@ void CNativeDialog::StartTimer(int nTimer, int nMilliseconds) {
 void CNativeDialog::StopTimer(int nTimer) { KillTimer(m_hWindow, static_cast<UINT_PTR>(nTimer)); }
 
 void CNativeDialog::Repaint() {
-  const RECT area = {0, 0, m_painted.cx, m_painted.cy};
+  const RECT area = {0, 0, m_painted.cx + 1, m_painted.cy + 1};
   InvalidateRect(m_hWindow, &area, FALSE);
 }
 

@@ -93,7 +93,7 @@ class CNativeDialog final : public IDialogView {
   std::vector<Control> m_controls;  ///< in template order
   FontHandle m_font;
   double m_dScale = 1.0;  ///< of what the dialog paints itself
-  SIZE m_painted = {};    ///< its extent, pixels
+  SIZE m_painted = {};    ///< its right and lower end, pixels; 0: it paints nothing
   int m_nSilent = 0;      ///< above 0 while the program itself changes a control
   bool m_bOpen = false;
   bool m_bGone = false;  ///< the window was destroyed before the dialog ended

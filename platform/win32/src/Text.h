@@ -4,11 +4,10 @@
 #include <string_view>
 
 #include "Windows.h"
+#include "skyframe/platform/WideText.h"
 
 namespace skyframe {
 
-[[nodiscard]] std::wstring ToWide(std::string_view strText);
-[[nodiscard]] std::string ToUtf8(std::wstring_view strText);
 /// The text of a window.
 [[nodiscard]] std::wstring ReadText(HWND hWindow);
 

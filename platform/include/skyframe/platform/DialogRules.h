@@ -44,6 +44,18 @@ class SKYFRAME_API CDialogUnits {
 /// Dialog units that stay free beside what a dialog paints itself.
 inline constexpr int c_nPaintMargin = 7;
 
+/// While it lives, changes of the controls are the program's own: a view counts them and tells the dialog nothing.
+class CSilence {
+ public:
+  explicit CSilence(int& nSilent) : m_nSilent(nSilent) { ++m_nSilent; }
+  ~CSilence() { --m_nSilent; }
+  CSilence(const CSilence&) = delete;
+  CSilence& operator=(const CSilence&) = delete;
+
+ private:
+  int& m_nSilent;
+};
+
 /// Whether a person can work with a control of this kind.
 [[nodiscard]] constexpr bool CanFocus(ControlKind kind) {
   return kind != ControlKind::Label && kind != ControlKind::Group;

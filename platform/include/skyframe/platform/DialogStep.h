@@ -33,6 +33,9 @@ struct SKYFRAME_API DialogStep {
   std::function<void(const IDialogView&)> look;
   IPaintContext* pPaint = nullptr;
 
+  /// Whether it presses OK or Cancel.
+  [[nodiscard]] bool IsClosing() const;
+
   static DialogStep Type(int nId, std::string strText);
   static DialogStep Tick(int nId, bool bOn = true);
   static DialogStep Choose(int nRadioId);

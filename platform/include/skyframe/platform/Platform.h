@@ -78,7 +78,8 @@ class SKYFRAME_API IPlatform {
   /// Stream of the progress and trace lines.
   virtual std::ostream& GetConsole() = 0;
 
-  virtual LocalTime GetLocalTime() = 0;
+  /// By default the system's clock.
+  virtual LocalTime GetLocalTime();
 
   /// Bytes of the machine's memory; infinite where the system does not tell.
   virtual double GetPhysicalMemory();
@@ -143,6 +144,8 @@ SKYFRAME_API IPlatform& GetPlatform();
 SKYFRAME_API std::string ToNativePath(std::string_view strPath);
 /// The same for the standard library's file operations.
 SKYFRAME_API std::filesystem::path ToFilePath(std::string_view strPath);
+/// And back, in UTF-8.
+SKYFRAME_API std::string FromFilePath(const std::filesystem::path& path);
 
 /// The module's state for the life of the object: EnterModule now, LeaveModule at the end.
 class CModuleStateScope {

@@ -1,0 +1,63 @@
+#pragma once
+
+#include <chrono>
+#include <ostream>
+#include <string_view>
+
+#include "skyframe/platform/ConsoleBuffer.h"
+#include "skyframe/platform/Platform.h"
+#include "skyframe/platform/ProgressPace.h"
+#include "skyframe/values/Export.h"
+
+namespace skyframe {
+
+/// What platforms with windows do alike. No analysis can be cancelled: a step that takes long shows its progress in a
+/// window without buttons until it is over.
+class SKYFRAME_API CWindowPlatform : public IPlatform {
+ public:
+  /// Gets pieces of the console text in UTF-8, each whole lines except when the module flushes within one.
+  using ConsoleSink = CConsoleBuffer::Sink;
+
+  CWindowPlatform(const CWindowPlatform&) = delete;
+  CWindowPlatform& operator=(const CWindowPlatform&) = delete;
+
+  /// Without a sink the console text goes to standard output, if the program has one.
+  void SetConsoleSink(ConsoleSink sink);
+  /// A step shows its progress from the first report after this time on.
+  void SetProgressDelay(std::chrono::milliseconds delay) { m_pace.SetDelay(delay); }
+
+  std::ostream& GetConsole() override { return m_strmConsole; }
+  void ReportProgress(double dFraction, std::string_view strLabel) override;
+
+ protected:
+  CWindowPlatform();
+
+  /// The ordinary cursor for the life of the object, whatever waits behind a window.
+  class SKYFRAME_API COrdinaryCursor {
+   public:
+    explicit COrdinaryCursor(CWindowPlatform& platform);
+    ~COrdinaryCursor();
+    COrdinaryCursor(const COrdinaryCursor&) = delete;
+    COrdinaryCursor& operator=(const COrdinaryCursor&) = delete;
+
+   private:
+    CWindowPlatform& m_platform;
+    bool m_bWaiting;
+  };
+
+  /// Opens the window at the first report of a step; every window of the program paints itself.
+  virtual void ShowProgress(double dFraction, std::string_view strLabel) = 0;
+  /// Closes it if it is open.
+  virtual void HideProgress() = 0;
+  /// Before another window opens: no progress over it, and the console text is out.
+  void Settle();
+  /// Leaving: nothing of the call stays on the screen, and its console text is out.
+  void SwitchModule(bool bInside) override;
+
+ private:
+  CConsoleBuffer m_consoleBuffer;
+  std::ostream m_strmConsole;
+  CProgressPace m_pace;
+};
+
+}  // namespace skyframe
