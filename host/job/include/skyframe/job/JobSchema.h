@@ -3,12 +3,12 @@
 #include <string>
 #include <string_view>
 
+#include "skyframe/job/Language.h"
+
 namespace skyframe::host {
 
 /// JSON Schema of a job file, for editors. Rules between fields are not in it.
 [[nodiscard]] std::string FormatJobSchema();
-
-enum class Language { English, Chinese };
 
 /// The manual's table of an analysis ("static", "modal", "spectrum", "wilson", "newmark") or of a part of one
 /// ("impulse", "general_load", "earthquake"). Empty for any other name.
