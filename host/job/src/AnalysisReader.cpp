@@ -83,7 +83,7 @@ class CFieldReader {
   void Visit(const Field& field, std::optional<double>& value, Limits<double> limits = {}) {
     value = m_object.NumberAtLeast(field.strKey, Need::Optional, limits.lowest);
   }
-  void Visit(const Field& field, std::optional<int>& value, Words words) {
+  void Visit(const Field& field, std::optional<int>& value, Choices words) {
     value = m_object.Word(field.strKey, Need::Optional, words);
   }
   template <std::size_t nCount>

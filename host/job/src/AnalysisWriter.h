@@ -27,7 +27,7 @@ class CFieldWriter {
   requires(!DialogJob<T>) void Visit(const Field& field, const std::optional<T>& value, LimitsOf<T> /*limits*/ = {}) {
     if (value) m_object[field.strKey] = *value;
   }
-  void Visit(const Field& field, const std::optional<int>& nIndex, Words words) {
+  void Visit(const Field& field, const std::optional<int>& nIndex, Choices words) {
     if (nIndex) m_object[field.strKey] = words[static_cast<std::size_t>(*nIndex)];
   }
   template <DialogJob A>

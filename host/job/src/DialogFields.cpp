@@ -37,7 +37,7 @@ class CContentReader {
       value = Json::parse(field.strDefault).template get<T>();
     }
   }
-  void Visit(const Field& field, std::optional<int>& nIndex, Words /*words*/) { Visit(field, nIndex, {.lowest = 0}); }
+  void Visit(const Field& field, std::optional<int>& nIndex, Choices /*words*/) { Visit(field, nIndex, {.lowest = 0}); }
   template <std::size_t nCount>
   void Visit(const Field& field, std::optional<std::array<double, nCount>>& values) {
     if (values) return;

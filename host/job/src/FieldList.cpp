@@ -23,7 +23,7 @@ Json IntegerType(int nLowest, int nHighest) {
   return type;
 }
 
-Json WordType(Words words) { return {{"enum", words}}; }
+Json WordType(Choices words) { return {{"enum", words}}; }
 
 Json ArrayType(Json items) { return {{"type", "array"}, {"items", std::move(items)}}; }
 

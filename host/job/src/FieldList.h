@@ -13,7 +13,7 @@ namespace skyframe::host {
 [[nodiscard]] Json NumberType(double dLowest = std::numeric_limits<double>::lowest());
 [[nodiscard]] Json IntegerType(int nLowest = std::numeric_limits<int>::min(),
                                int nHighest = std::numeric_limits<int>::max());
-[[nodiscard]] Json WordType(Words words);
+[[nodiscard]] Json WordType(Choices words);
 [[nodiscard]] Json ArrayType(Json items);
 /// No other members than these.
 [[nodiscard]] Json ObjectType(Json members, Json required = Json::array());
@@ -52,7 +52,7 @@ class CFieldLister {
   void Visit(const Field& field, const std::optional<double>& /*value*/, Limits<double> limits = {}) {
     Add(field, NumberType(limits.lowest));
   }
-  void Visit(const Field& field, const std::optional<int>& /*value*/, Words words) { Add(field, WordType(words)); }
+  void Visit(const Field& field, const std::optional<int>& /*value*/, Choices words) { Add(field, WordType(words)); }
   template <std::size_t nCount>
   void Visit(const Field& field, const std::optional<std::array<double, nCount>>& /*values*/) {
     Json type = ArrayType(NumberType());

@@ -6,7 +6,7 @@ namespace skyframe::host {
 
 namespace {
 
-/// Words of the tables.
+/// Choices of the tables.
 struct Terms {
   const char* pszHead;
   const char* pszNumber;

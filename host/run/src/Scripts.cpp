@@ -31,7 +31,7 @@ class CScriptBuilder {
   void Visit(const Field& field, const std::optional<T>& value, LimitsOf<T> limits = {}) {
     if (value && field.HasControl()) Enter(field.controls.front(), *value, limits.lowest);
   }
-  void Visit(const Field& field, const std::optional<int>& nIndex, Words /*words*/) { Visit(field, nIndex, {0, 0}); }
+  void Visit(const Field& field, const std::optional<int>& nIndex, Choices /*words*/) { Visit(field, nIndex, {0, 0}); }
   template <std::size_t nCount>
   void Visit(const Field& field, const std::optional<std::array<double, nCount>>& values) {
     for (std::size_t k = 0; values && k < nCount; ++k) Enter(field.controls[k], (*values)[k]);

@@ -39,7 +39,7 @@ struct Limits {
 template <class T>
 using LimitsOf = Limits<std::type_identity_t<T>>;
 
-using Words = std::span<const std::string_view>;
+using Choices = std::span<const std::string_view>;
 
 /// An analysis, or the part of one that has a dialog of its own.
 template <class T>
