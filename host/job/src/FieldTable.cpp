@@ -6,7 +6,7 @@ namespace skyframe::host {
 
 namespace {
 
-/// Choices of the tables.
+/// Words of the tables.
 struct Terms {
   const char* pszHead;
   const char* pszNumber;

@@ -10,7 +10,7 @@
 
 namespace skyframe::host {
 
-/// Choices of a result file, with a look at the next one. A word that is missing, or is not what was asked for, makes
+/// Words of a result file, with a look at the next one. A word that is missing, or is not what was asked for, makes
 /// every later call fail.
 class CResultWords {
  public:
