@@ -9,6 +9,7 @@
 #include "DoubtfulInput.h"
 #include "JobCapacities.h"
 #include "JobReader.h"
+#include "ReportFields.h"
 #include "skyframe/job/Places.h"
 #include "skyframe/platform/Platform.h"
 #include "skyframe/values/Capacities.h"
@@ -37,6 +38,8 @@ class CJobParser {
     ReadInclinedSupports();
     ReadLoads();
     ReadAnalyses();
+    if (std::optional<CJobObject> report = m_root.Object("report", Need::Optional))
+      m_job.report = ReadReportFields(*report);
     m_root.ReportUnknownKeys();
   }
 

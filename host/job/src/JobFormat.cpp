@@ -1,6 +1,7 @@
 #include <string>
 
 #include "AnalysisWriter.h"
+#include "ReportFields.h"
 #include "skyframe/job/JobFile.h"
 
 namespace skyframe::host {
@@ -70,6 +71,8 @@ std::string FormatJob(const Job& job) {
         FormatList("analyses", job.analyses, InJob)}) {
     strText.append(",\n").append(strList);
   }
+  if (const Json report = WriteReportFields(job.report); !report.empty())
+    strText += ",\n  \"report\": " + report.dump();
   return strText + "\n}\n";
 }
 
