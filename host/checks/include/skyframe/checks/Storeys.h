@@ -8,9 +8,6 @@
 
 namespace skyframe::host {
 
-/// Nodes whose coordinates differ by less stand at one level or on one plumb line, m.
-inline constexpr double c_dLevelTolerance = 0.01;
-
 /// A floor and what carries it. Nodes are indices of the job's list.
 struct Storey {
   double dBottom = 0.0;            ///< level below, m

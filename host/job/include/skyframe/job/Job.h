@@ -239,6 +239,9 @@ struct NewmarkJob {
 
 using JobAnalysis = std::variant<StaticJob, ModalJob, SpectrumJob, WilsonJob, NewmarkJob>;
 
+/// Nodes whose coordinates differ by no more stand at one level, or on one plumb line, m.
+inline constexpr double c_dLevelTolerance = 0.01;
+
 /// Limits that take the place of the code's in a calculation report.
 struct JobLimits {
   std::optional<double> dDrift;              ///< n of 1/n, frequent earthquake
