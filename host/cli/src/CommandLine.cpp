@@ -10,6 +10,7 @@
 #include <sstream>
 #include <system_error>
 
+#include "skyframe/book/CalculationReport.h"
 #include "skyframe/generate/Generate.h"
 #include "skyframe/job/JobFile.h"
 #include "skyframe/job/JobSchema.h"
@@ -68,6 +69,7 @@ class CCommandLine {
     DefineRun();
     DefineCheck();
     DefinePlot();
+    DefineReport();
     DefineGenerate();
     DefineSchema();
   }
@@ -132,6 +134,16 @@ class CCommandLine {
     pPlot->add_flag("--viewer", m_plot.bViewer, "The result viewer's picture of a history");
     pPlot->callback(
         [this, pWhat, pNode, pElement] { m_action = [=, this] { return OnPlot(*pWhat, *pNode, *pElement); }; });
+  }
+
+  void DefineReport() {
+    CLI::App* pReport = m_app.add_subcommand("report", "Write the calculation report of a job as HTML");
+    pReport->add_option("job", m_strJobFile, "Job file (JSON) whose analyses have run")->required();
+    pReport->add_option("-o,--output", m_strOutput, "HTML file to write")->required();
+    const std::map<std::string, Language> languages = {{"en", Language::English}, {"zh", Language::Chinese}};
+    pReport->add_option("--lang", m_language, "en or zh (default en)")
+        ->transform(CLI::CheckedTransformer(languages, CLI::ignore_case));
+    pReport->callback([this] { m_action = [this] { return OnReport(); }; });
   }
 
   void DefineGenerate() {
@@ -267,6 +279,15 @@ class CCommandLine {
     return strPicture ? Save(*strPicture) : c_nExitBadInput;
   }
 
+  int OnReport() {
+    if (IsJobFile(m_strOutput)) return RefuseJobFile(m_strOutput);
+    const CLanguageScope language(m_language);
+    JobFile file = ReadJobFile(m_strJobFile);
+    PrintProblems(m_strJobFile, file.errors, "", m_err);
+    if (!file.errors.empty()) return c_nExitBadInput;
+    return Save(WriteReport(file.job, GetJobPath(m_strJobFile), file.warnings));
+  }
+
   int OnSchema() {
     if (m_strTable.empty()) return Deliver(FormatJobSchema());
     const std::string strTable = FormatFieldTable(m_strTable, m_bChinese ? Language::Chinese : Language::English);
@@ -348,6 +369,7 @@ class CCommandLine {
   std::string m_strProgramPath = FindDataDirectory();
   std::string m_strOutput;
   std::string m_strTable;
+  Language m_language = Language::English;
   PlotRequest m_plot;
   bool m_bDialogs = false;
   bool m_bStrict = false;
