@@ -138,7 +138,7 @@ class CCollector {
     m_book.basis = FormBasis(file.omega, file.shapes, m_job.nodes.size(), settings);
     if (!m_book.basis) return;
     if (const auto own = FormBasis({}, {}, m_job.nodes.size(), FormModeSettings({}, file.bShear))) {
-      m_book.ownMass = SumMasses(*own);
+      m_book.dOwnMass = GetGravityMass(*own);
     }
     if (m_book.storeys) {
       for (std::size_t i = 0; i < m_book.basis->GetCount(); ++i) {

@@ -72,7 +72,7 @@ struct BookData {
 
   std::optional<StoreyModel> storeys = {};
   std::optional<ModalBasis> basis = {};  ///< all modes of the mode file with the mass of the modal run
-  Vector3 ownMass = {};                  ///< of the members alone along X, Y, Z, kg
+  double dOwnMass = 0.0;                 ///< of the members alone, kg
   std::vector<MotionShares> shares = {};
   FirstModes first = {};
   std::optional<int> modesBelow = {};  ///< by a Sturm count below dCountedBelow

@@ -109,7 +109,8 @@ std::string GetNodeName(const Job& job, std::size_t nNode) { return std::to_stri
 std::string DescribeVerdict(const Check& check) {
   if (check.verdict == Verdict::NoLimit) return std::string(Say(texts::c_noLimit));
   const bool bGood = check.verdict == Verdict::Satisfied;
-  if (check.bInformation) return std::string(Say(bGood ? texts::c_within : texts::c_beyond));
+  if (check.bInformation)
+    return std::string(Say(bGood ? texts::c_satisfiedForInformation : texts::c_notSatisfiedForInformation));
   return std::string(Say(bGood ? texts::c_satisfied : texts::c_notSatisfied));
 }
 

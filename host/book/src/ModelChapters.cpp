@@ -201,15 +201,14 @@ void WriteMasses(CPage& page, const BookData& book) {
   page.Section(Tell("Representative gravity loads", "重力荷载代表值"));
   if (!book.basis) return page.Text(Say(texts::c_notRun, {book.modal.strFile}));
   const Vector3 total = SumMasses(*book.basis);
-  const double dTotal = std::max(total[0], total[1]);
-  const double dOwn = std::max(book.ownMass[0], book.ownMass[1]);
+  const double dTotal = GetGravityMass(*book.basis);
   page.Facts({{Tell("Mass free to move along X, Y, Z", "沿 X、Y、Z 可动的质量"),
                FormatTonnes(total[0]) + " / " + FormatTonnes(total[1]) + " / " + FormatTonnes(total[2]) + " t"},
               {Tell("Total G", "总重力荷载代表值 G"), FormatKilo(c_dGravity * dTotal) + " kN"},
-              {Tell("of it the members", "其中构件自重"), FormatKilo(c_dGravity * dOwn) + " kN"},
+              {Tell("of it the members", "其中构件自重"), FormatKilo(c_dGravity * book.dOwnMass) + " kN"},
               {Tell("of it the loads ({0})", "其中荷载（{0}）",
                     {DescribeCombination(book.modal.parameters.value_or(ModalJob()).combination)}),
-               FormatKilo(c_dGravity * (dTotal - dOwn)) + " kN"}});
+               FormatKilo(c_dGravity * (dTotal - book.dOwnMass)) + " kN"}});
   if (book.storeys) {
     page.Formula("G<sub>j</sub> = 9.81 · Σ<sub>n</sub> (M r)<sub>n</sub>, &ensp; " +
                  Tell("n: nodes above the lower level of storey j up to its floor; r = 1 along the direction",

@@ -33,7 +33,7 @@ caption { caption-side: top; text-align: left; font-weight: bold; font-size: 9.2
 thead { display: table-header-group; }
 th { font-weight: 600; font-size: 8.2pt; background: var(--ground); border-bottom: .8pt solid var(--ink); padding: 1mm 1.4mm; vertical-align: bottom; }
 td { padding: .65mm 1.4mm; border-bottom: .3pt solid #d5dae0; vertical-align: top; overflow-wrap: anywhere; }
-tr { break-inside: avoid; }
+tr, table.whole { break-inside: avoid; }
 .l { text-align: left; } .c { text-align: center; } .r { text-align: right; font-variant-numeric: tabular-nums; }
 td.r, td.c { white-space: nowrap; }
 tr.sum td { border-top: .8pt solid var(--ink); font-weight: bold; }
@@ -50,6 +50,8 @@ nav a { color: inherit; text-decoration: none; } nav li { margin: .6mm 0; } nav 
   body { max-width: none; margin: 0; padding: 0; }
 }
 )";
+
+constexpr std::size_t c_nWholeTable = 24;  ///< rows of a table that stays on one sheet
 
 /// As a text of CSS.
 std::string QuoteCss(std::string_view strText) {
@@ -168,7 +170,8 @@ void CPage::Facts(const std::vector<std::pair<std::string, std::string>>& facts)
 }
 
 void CPage::Table(const PageTable& table) {
-  m_strBody += "<table><caption>" + std::string(Say(texts::c_table)) + GetNumber(++m_nTable) + "&ensp;" +
+  m_strBody += table.rows.size() <= c_nWholeTable ? "<table class=\"whole\">" : "<table>";
+  m_strBody += "<caption>" + std::string(Say(texts::c_table)) + GetNumber(++m_nTable) + "&ensp;" +
                EscapeHtml(table.strCaption) + "</caption>\n" + FormatHead(table) + "<tbody>\n";
   for (std::size_t k = 0; k < table.rows.size(); ++k) {
     m_strBody += FormatRow(table, table.rows[k], table.bSumRow && k + 1 == table.rows.size());

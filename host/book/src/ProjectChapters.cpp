@@ -156,14 +156,16 @@ void WriteProject(CPage& page, const BookData& book) {
   table.strCaption = Tell("Codes", "设计依据");
   table.head = {Tell("Code", "规范"), Tell("Used for", "用于")};
   table.strAlign = "ll";
+  const bool bLater = CCodeLimits(report).GetEdition() == c_nEdition2010;
+  const std::string strSpectrum = Tell("design spectrum (5.1.4, 5.1.5)", "地震影响系数曲线（5.1.4、5.1.5 条）");
+  const std::string strLimits = Tell("limits (chapter 9)", "限值（第 9 章）");
   table.rows.push_back(
       {Tell("GB 50011—2001, Code for seismic design of buildings", "《建筑抗震设计规范》GB 50011—2001"),
-       Tell("design spectrum (5.1.4, 5.1.5)", "地震影响系数曲线（5.1.4、5.1.5 条）")});
-  const bool bLater = CCodeLimits(report).GetEdition() == c_nEdition2010;
-  table.rows.push_back(
-      {bLater ? Tell("GB 50011—2010, Code for seismic design of buildings", "《建筑抗震设计规范》GB 50011—2010")
-              : Tell("GB 50011—2001, the same", "《建筑抗震设计规范》GB 50011—2001"),
-       Tell("limits (chapter 9)", "限值（第 9 章）")});
+       bLater ? strSpectrum : strSpectrum + Tell("; ", "；") + strLimits});
+  if (bLater) {
+    table.rows.push_back(
+        {Tell("GB 50011—2010, Code for seismic design of buildings", "《建筑抗震设计规范》GB 50011—2010"), strLimits});
+  }
   if (book.storeys) {
     table.rows.push_back({bLater ? Tell("JGJ 3—2010, Technical specification for concrete structures of tall building",
                                         "《高层建筑混凝土结构技术规程》JGJ 3—2010")

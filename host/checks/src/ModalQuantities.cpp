@@ -9,7 +9,13 @@ namespace skyframe::host {
 
 namespace {
 
-double GetHorizontalMass(const Vector3& mass) { return std::max(mass[0], mass[1]); }
+/// The horizontal direction in which more mass is free to move; it holds for the whole structure, so that the masses
+/// of floors add up to its own.
+std::size_t FindMassDirection(const ModalBasis& basis) {
+  constexpr double c_dMore = 1.0 + 1.0e-9;
+  const Vector3 total = SumMasses(basis);
+  return total[1] > c_dMore * total[0] ? 1 : 0;
+}
 
 double Divide(double dDividend, double dDivisor) { return dDivisor > 0.0 ? dDividend / dDivisor : 0.0; }
 
@@ -33,6 +39,8 @@ Vector3 SumMasses(const ModalBasis& basis) {
   return sum;
 }
 
+double GetGravityMass(const ModalBasis& basis) { return SumMasses(basis)[FindMassDirection(basis)]; }
+
 Vector3 SumInertia(const ModalBasis& basis, std::size_t i) {
   Vector3 sum = {};
   for (const NodeValues& force : basis.inertia[i]) {
@@ -49,9 +57,10 @@ Vector3 FormMassShares(const ModalBasis& basis, std::size_t i) {
 }
 
 StoreyMass FormStoreyMass(const Job& job, const ModalBasis& basis, std::span<const std::size_t> nodes) {
+  const std::size_t d = FindMassDirection(basis);
   StoreyMass mass;
   for (const std::size_t n : nodes) {
-    const double m = GetHorizontalMass(basis.masses[n]);
+    const double m = basis.masses[n][d];
     mass.dMass += m;
     mass.dX += m * job.nodes[n].dX;
     mass.dY += m * job.nodes[n].dY;
@@ -62,6 +71,7 @@ StoreyMass FormStoreyMass(const Job& job, const ModalBasis& basis, std::span<con
 }
 
 MotionShares FormMotionShares(const Job& job, const StoreyModel& storeys, const ModalBasis& basis, std::size_t i) {
+  const std::size_t d = FindMassDirection(basis);
   MotionShares shares;
   for (const Storey& storey : storeys.storeys) {
     const StoreyMass centre = FormStoreyMass(job, basis, storey.nodes);
@@ -72,7 +82,7 @@ MotionShares FormMotionShares(const Job& job, const StoreyModel& storeys, const 
       Px += force[0];
       Py += force[1];
       L += x * force[1] - y * force[0];
-      J += GetHorizontalMass(basis.masses[n]) * (x * x + y * y);
+      J += basis.masses[n][d] * (x * x + y * y);
     }
     shares.dX += Divide(Px * Px, centre.dMass);
     shares.dY += Divide(Py * Py, centre.dMass);

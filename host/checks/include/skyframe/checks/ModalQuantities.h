@@ -35,14 +35,16 @@ struct ModalBasis {
 
 /// M_d = sum of the masses along X, Y, Z, kg.
 [[nodiscard]] Vector3 SumMasses(const ModalBasis& basis);
+/// Mass of the whole structure, kg, that the weight G is that of.
+[[nodiscard]] double GetGravityMass(const ModalBasis& basis);
 /// L_d = r_d^T M phi_i along X, Y, Z.
 [[nodiscard]] Vector3 SumInertia(const ModalBasis& basis, std::size_t i);
 /// L_d^2 / M_d; 0 where no mass is free to move.
 [[nodiscard]] Vector3 FormMassShares(const ModalBasis& basis, std::size_t i);
 
-/// Mass of a floor and its centre in plan.
+/// Mass of a floor and its centre in plan, of the horizontal direction in which more mass is free to move.
 struct StoreyMass {
-  double dMass = 0.0;  ///< kg, the larger one of X and Y
+  double dMass = 0.0;  ///< kg
   double dX = 0.0;     ///< m
   double dY = 0.0;
 };
