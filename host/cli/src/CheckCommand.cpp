@@ -18,8 +18,8 @@ class CNullBuffer final : public std::streambuf {
 
 class CCheckCommand final : public CCommand {
  public:
-  CCheckCommand(std::ostream& out, std::ostream& err)
-      : CCommand("check", "Validate a job; print counts, profile and memory", out, err) {}
+  explicit CCheckCommand(const CommandContext& context)
+      : CCommand("check", "Validate a job; print counts, profile and memory", context) {}
 
   int Run() override {
     const std::optional<Job> job = LoadJob();
@@ -35,8 +35,8 @@ class CCheckCommand final : public CCommand {
 
 }  // namespace
 
-std::unique_ptr<CCommand> MakeCheckCommand(std::ostream& out, std::ostream& err) {
-  return std::make_unique<CCheckCommand>(out, err);
+std::unique_ptr<CCommand> MakeCheckCommand(const CommandContext& context) {
+  return std::make_unique<CCheckCommand>(context);
 }
 
 }  // namespace skyframe::host

@@ -1,9 +1,11 @@
 #pragma once
 
-#include <memory>
+#include <filesystem>
 #include <optional>
 #include <ostream>
 #include <string>
+#include <string_view>
+#include <utility>
 #include <vector>
 
 #include "skyframe/job/JobFile.h"
@@ -17,6 +19,13 @@ class COutputFile;
 }
 
 namespace skyframe::host {
+
+/// Where a command works.
+struct CommandContext {
+  std::ostream& out;
+  std::ostream& err;
+  std::filesystem::path program = {};  ///< to be started again for one job of many; empty: that is not possible
+};
 
 /// A command of the program: its options, and what it does with them. Made for one call of the program.
 class CCommand {
@@ -32,8 +41,8 @@ class CCommand {
   [[nodiscard]] virtual int Run() = 0;
 
  protected:
-  CCommand(std::string strName, std::string strHelp, std::ostream& out, std::ostream& err)
-      : m_out(out), m_err(err), m_strName(std::move(strName)), m_strHelp(std::move(strHelp)) {}
+  CCommand(std::string strName, std::string strHelp, const CommandContext& context)
+      : m_out(context.out), m_err(context.err), m_strName(std::move(strName)), m_strHelp(std::move(strHelp)) {}
 
   /// The options of the command. They stand in the object's members.
   virtual void Define(CLI::App& app) = 0;

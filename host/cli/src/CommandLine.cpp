@@ -14,7 +14,7 @@ namespace skyframe::host {
 
 namespace {
 
-using CommandMaker = std::unique_ptr<CCommand> (*)(std::ostream& out, std::ostream& err);
+using CommandMaker = std::unique_ptr<CCommand> (*)(const CommandContext& context);
 
 /// In the order of the help text.
 constexpr CommandMaker c_commands[] = {MakeRunCommand, MakeCheckCommand, MakePlotCommand, MakeGenerateCommand,
@@ -22,11 +22,11 @@ constexpr CommandMaker c_commands[] = {MakeRunCommand, MakeCheckCommand, MakePlo
 
 class CCommandLine {
  public:
-  CCommandLine(std::ostream& out, std::ostream& err) : m_out(out), m_err(err) {
+  explicit CCommandLine(const CommandContext& context) : m_out(context.out), m_err(context.err) {
     m_app.set_version_flag("--version", SKYFRAME_VERSION);
     m_app.require_subcommand(1);
     for (const CommandMaker maker : c_commands) {
-      m_commands.push_back(maker(out, err));
+      m_commands.push_back(maker(context));
       m_commands.back()->AddTo(m_app, m_pChosen);
     }
   }
@@ -69,9 +69,10 @@ bool IsWritten(std::ostream& out, std::ostream& err) {
 
 }  // namespace
 
-int RunCommandLine(const std::vector<std::string>& arguments, std::ostream& out, std::ostream& err) {
+int RunCommandLine(const std::vector<std::string>& arguments, std::ostream& out, std::ostream& err,
+                   const std::filesystem::path& program) {
   try {
-    const int nStatus = CCommandLine(out, err).Run(arguments);
+    const int nStatus = CCommandLine({out, err, program}).Run(arguments);
     return IsWritten(out, err) || nStatus != c_nExitGood ? nStatus : c_nExitAnalysisFailed;
   } catch (const std::bad_alloc&) {
     err << "out of memory\n";

@@ -12,8 +12,8 @@ namespace {
 
 class CGenerateCommand final : public CCommand {
  public:
-  CGenerateCommand(std::ostream& out, std::ostream& err)
-      : CCommand("generate", "Write a job file for a regular structure", out, err) {}
+  explicit CGenerateCommand(const CommandContext& context)
+      : CCommand("generate", "Write a job file for a regular structure", context) {}
 
   int Run() override { return m_action(); }
 
@@ -136,8 +136,8 @@ class CGenerateCommand final : public CCommand {
 
 }  // namespace
 
-std::unique_ptr<CCommand> MakeGenerateCommand(std::ostream& out, std::ostream& err) {
-  return std::make_unique<CGenerateCommand>(out, err);
+std::unique_ptr<CCommand> MakeGenerateCommand(const CommandContext& context) {
+  return std::make_unique<CGenerateCommand>(context);
 }
 
 }  // namespace skyframe::host

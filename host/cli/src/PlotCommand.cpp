@@ -12,7 +12,7 @@ namespace {
 
 class CPlotCommand final : public CCommand {
  public:
-  CPlotCommand(std::ostream& out, std::ostream& err) : CCommand("plot", "Draw a result of a job as SVG", out, err) {}
+  explicit CPlotCommand(const CommandContext& context) : CCommand("plot", "Draw a result of a job as SVG", context) {}
 
   int Run() override {
     const bool bHistory = m_pNode->count() + m_pElement->count() > 0;
@@ -61,8 +61,8 @@ class CPlotCommand final : public CCommand {
 
 }  // namespace
 
-std::unique_ptr<CCommand> MakePlotCommand(std::ostream& out, std::ostream& err) {
-  return std::make_unique<CPlotCommand>(out, err);
+std::unique_ptr<CCommand> MakePlotCommand(const CommandContext& context) {
+  return std::make_unique<CPlotCommand>(context);
 }
 
 }  // namespace skyframe::host

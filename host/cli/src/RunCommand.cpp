@@ -14,8 +14,8 @@ namespace {
 
 class CRunCommand final : public CCommand {
  public:
-  CRunCommand(std::ostream& out, std::ostream& err)
-      : CCommand("run", "Run every analysis of a job; results stand beside the job file", out, err) {}
+  explicit CRunCommand(const CommandContext& context)
+      : CCommand("run", "Run every analysis of a job; results stand beside the job file", context) {}
 
   int Run() override {
     if (IsJobFile(m_strLogFile, m_strJobFile)) return RefuseJobFile(m_strLogFile);
@@ -58,8 +58,8 @@ class CRunCommand final : public CCommand {
 
 }  // namespace
 
-std::unique_ptr<CCommand> MakeRunCommand(std::ostream& out, std::ostream& err) {
-  return std::make_unique<CRunCommand>(out, err);
+std::unique_ptr<CCommand> MakeRunCommand(const CommandContext& context) {
+  return std::make_unique<CRunCommand>(context);
 }
 
 }  // namespace skyframe::host

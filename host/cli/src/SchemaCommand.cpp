@@ -10,8 +10,8 @@ namespace {
 
 class CSchemaCommand final : public CCommand {
  public:
-  CSchemaCommand(std::ostream& out, std::ostream& err)
-      : CCommand("schema", "Write the JSON Schema of job files", out, err) {}
+  explicit CSchemaCommand(const CommandContext& context)
+      : CCommand("schema", "Write the JSON Schema of job files", context) {}
 
   int Run() override {
     if (m_strTable.empty()) return Deliver(m_strOutput, FormatJobSchema());
@@ -33,8 +33,8 @@ class CSchemaCommand final : public CCommand {
 
 }  // namespace
 
-std::unique_ptr<CCommand> MakeSchemaCommand(std::ostream& out, std::ostream& err) {
-  return std::make_unique<CSchemaCommand>(out, err);
+std::unique_ptr<CCommand> MakeSchemaCommand(const CommandContext& context) {
+  return std::make_unique<CSchemaCommand>(context);
 }
 
 }  // namespace skyframe::host
