@@ -6,7 +6,6 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include <algorithm>
 #include <cerrno>
 #include <csignal>
 #include <system_error>
@@ -106,7 +105,6 @@ class CChildProcesses::CSystem {
 
   ~CSystem() {
     EndAll();
-    for (const pid_t nProcess : m_running) waitpid(nProcess, nullptr, 0);
     pthread_sigmask(SIG_SETMASK, &m_previousMask, nullptr);
     sigaction(SIGCHLD, &m_previousAction, nullptr);
   }
@@ -136,21 +134,30 @@ class CChildProcesses::CSystem {
   }
 
   ProcessEnd Wait() {
-    for (;;) {
-      for (const pid_t nProcess : m_running) {
-        int nStatus = 0;
-        if (waitpid(nProcess, &nStatus, WNOHANG) != nProcess) continue;
-        std::erase(m_running, nProcess);
-        if (WIFEXITED(nStatus)) return {nProcess, true, static_cast<unsigned>(WEXITSTATUS(nStatus))};
-        return {nProcess, false, static_cast<unsigned>(WTERMSIG(nStatus))};
-      }
+    while (!Collect(WNOHANG)) {
       int nSignal = 0;
       sigwait(&m_awaited, &nSignal);
       if (nSignal != SIGCHLD) Interrupt(nSignal);
     }
+    const ProcessEnd end = m_ended.front();
+    m_ended.erase(m_ended.begin());
+    return end;
   }
 
  private:
+  /// Takes note of children that have ended; true when there are such.
+  bool Collect(int nOptions) {
+    std::erase_if(m_running, [&](pid_t nProcess) {
+      int nStatus = 0;
+      if (waitpid(nProcess, &nStatus, nOptions) != nProcess) return false;
+      const bool bByItself = WIFEXITED(nStatus);
+      m_ended.push_back(
+          {nProcess, bByItself, static_cast<unsigned>(bByItself ? WEXITSTATUS(nStatus) : WTERMSIG(nStatus))});
+      return true;
+    });
+    return !m_ended.empty();
+  }
+
   /// Ends the children, then lets the signal do to this process what it does.
   void Interrupt(int nSignal) {
     EndAll();
@@ -159,17 +166,13 @@ class CChildProcesses::CSystem {
     pthread_sigmask(SIG_BLOCK, &m_awaited, nullptr);
   }
 
-  /// They have ended, and Wait will find them.
-  void EndAll() const {
+  void EndAll() {
     for (const pid_t nProcess : m_running) kill(nProcess, SIGTERM);
-    for (const pid_t nProcess : m_running) {
-      siginfo_t info = {};
-      while (waitid(P_PID, static_cast<id_t>(nProcess), &info, WEXITED | WNOWAIT) != 0 && errno == EINTR) {
-      }
-    }
+    while (!m_running.empty()) Collect(0);
   }
 
   std::vector<pid_t> m_running;
+  std::vector<ProcessEnd> m_ended;  ///< that nobody has been told of
   sigset_t m_awaited = {};
   sigset_t m_previousMask = {};
   struct sigaction m_previousAction = {};

@@ -1,20 +1,13 @@
 #include <CLI/CLI.hpp>
-#include <streambuf>
 
 #include "Commands.h"
+#include "NullBuffer.h"
 #include "skyframe/cli/CommandLine.h"
 #include "skyframe/run/JobRunner.h"
 
 namespace skyframe::host {
 
 namespace {
-
-/// Swallows the module's progress lines.
-class CNullBuffer final : public std::streambuf {
- protected:
-  int_type overflow(int_type c) override { return traits_type::not_eof(c); }
-  std::streamsize xsputn(const char*, std::streamsize nCount) override { return nCount; }
-};
 
 class CCheckCommand final : public CCommand {
  public:

@@ -25,16 +25,6 @@ constexpr std::string_view c_strJobSuffixes[] = {
     suffix::c_strAcceleration[0], suffix::c_strAcceleration[1], suffix::c_strAcceleration[2],
     suffix::c_strAcceleration[3]};
 
-/// Also through links and other spellings; the files need not be there.
-bool IsSameFile(const std::string& strOne, const std::string& strOther) {
-  const fs::path one = ToFilePath(strOne);
-  const fs::path other = ToFilePath(strOther);
-  std::error_code error;
-  if (fs::equivalent(one, other, error)) return true;
-  const fs::path place = fs::weakly_canonical(fs::absolute(one, error), error);
-  return !place.empty() && place == fs::weakly_canonical(fs::absolute(other, error), error);
-}
-
 }  // namespace
 
 void CCommand::AddTo(CLI::App& program, CCommand*& pChosen) {
@@ -73,6 +63,15 @@ int CCommand::Save(const std::string& strOutput, const std::string& strText) {
   COutputFile file(strOutput, OutputPlace::FileOrDevice);
   file.GetStream() << strText;
   return file.Commit() ? c_nExitGood : RefuseToWrite(file);
+}
+
+bool CCommand::IsSameFile(const std::string& strOne, const std::string& strOther) {
+  const fs::path one = ToFilePath(strOne);
+  const fs::path other = ToFilePath(strOther);
+  std::error_code error;
+  if (fs::equivalent(one, other, error)) return true;
+  const fs::path place = fs::weakly_canonical(fs::absolute(one, error), error);
+  return !place.empty() && place == fs::weakly_canonical(fs::absolute(other, error), error);
 }
 
 bool CCommand::IsJobFile(const std::string& strOutput, const std::string& strJobFile) {

@@ -42,7 +42,11 @@ class CCommand {
 
  protected:
   CCommand(std::string strName, std::string strHelp, const CommandContext& context)
-      : m_out(context.out), m_err(context.err), m_strName(std::move(strName)), m_strHelp(std::move(strHelp)) {}
+      : m_out(context.out),
+        m_err(context.err),
+        m_program(context.program),
+        m_strName(std::move(strName)),
+        m_strHelp(std::move(strHelp)) {}
 
   /// The options of the command. They stand in the object's members.
   virtual void Define(CLI::App& app) = 0;
@@ -63,12 +67,16 @@ class CCommand {
   /// Whether an output would take the place of the job file, of a result or of an input beside it.
   [[nodiscard]] static bool IsJobFile(const std::string& strOutput, const std::string& strJobFile);
 
+  /// Also through links and other spellings; the files need not be there.
+  [[nodiscard]] static bool IsSameFile(const std::string& strOne, const std::string& strOther);
+
   [[nodiscard]] int RefuseJobFile(const std::string& strOutput);
   int RefuseToWrite(const COutputFile& file);
   [[nodiscard]] int Refuse(const std::string& strReason);
 
   std::ostream& m_out;
   std::ostream& m_err;
+  const std::filesystem::path m_program;
   std::string m_strJobFile;
   bool m_bInputWarned = false;  ///< a job file that was loaded has warnings
 
