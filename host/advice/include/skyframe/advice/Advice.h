@@ -17,6 +17,8 @@ struct Advice {
   Severity severity = Severity::Warning;
   std::string strName;  ///< short and stable, as "mechanism"; the manual explains cause and remedy under it
   std::string strText;
+
+  bool operator==(const Advice&) const = default;
 };
 using AdviceList = std::vector<Advice>;
 

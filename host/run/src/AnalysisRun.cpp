@@ -1,0 +1,62 @@
+#include "skyframe/run/AnalysisRun.h"
+
+#include "skyframe/job/DialogFields.h"
+#include "skyframe/run/PlatformScope.h"
+#include "skyframe/run/PrefillPlatform.h"
+#include "skyframe/run/Stamps.h"
+
+namespace skyframe::host {
+
+namespace {
+
+struct NameOf {
+  std::string_view operator()(const StaticJob& analysis) const {
+    return *WithDefaults(analysis).bNonlinear ? "Static analysis, nonlinear" : "Static analysis, linear";
+  }
+  std::string_view operator()(const ModalJob&) const { return "Modal analysis"; }
+  std::string_view operator()(const SpectrumJob&) const { return "Response-spectrum analysis"; }
+  std::string_view operator()(const WilsonJob&) const { return "Time history, Wilson"; }
+  std::string_view operator()(const NewmarkJob&) const { return "Time history, Newmark"; }
+};
+
+/// Whether a count of the modes is wanted.
+bool IsCountWanted(const JobAnalysis& analysis) {
+  const auto* pModal = std::get_if<ModalJob>(&analysis);
+  return pModal != nullptr && *WithDefaults(*pModal).bVerify;
+}
+
+/// bCalm: every step of the dialogs was taken.
+AnalysisRun Conclude(const CSession& session, AnalysisKind kind, std::optional<JobAnalysis> analysis,
+                     const CHostPlatform& platform, bool bCalm) {
+  const RunFindings& findings = GetFindings(kind);
+  AnalysisRun run;
+  run.analysis = std::move(analysis);
+  run.errors = platform.GetScriptErrors();
+  run.report = ReportRun(session, kind, !run.analysis || IsCountWanted(*run.analysis));
+  run.bGood = findings.status == RunStatus::Done && bCalm && run.errors.empty() && findings.failures.empty() &&
+              !HasError(run.report.advice);
+  if (run.analysis) StampResults(session, *run.analysis, run.report);
+  return run;
+}
+
+}  // namespace
+
+std::string_view GetName(const JobAnalysis& analysis) { return std::visit(NameOf{}, analysis); }
+
+AnalysisRun RunScripted(CSession& session, const JobAnalysis& analysis, CHostPlatform& platform) {
+  const CInstalledPlatform installed(platform);
+  session.Run(analysis, platform);
+  return Conclude(session, GetKind(analysis), analysis, platform, !platform.HasUnusedScripts());
+}
+
+AnalysisRun RunInDialogs(CSession& session, AnalysisKind kind, const JobAnalysis* pValues, IPlatform& windows,
+                         std::ostream& console) {
+  CPrefillPlatform platform(windows, console);
+  const CInstalledPlatform installed(platform);
+  pValues == nullptr ? session.Run(kind) : session.Run(*pValues, platform);
+  std::optional<JobAnalysis> confirmed = platform.GetConfirmed();
+  if (!confirmed && pValues != nullptr) confirmed = *pValues;
+  return Conclude(session, kind, std::move(confirmed), platform, true);
+}
+
+}  // namespace skyframe::host
