@@ -88,13 +88,14 @@ std::string DescribeCombination(const JobCombination& combination) {
   std::string strText;
   for (const auto& [nCase, dFactor] : combination) {
     strText += strText.empty() ? "" : " + ";
-    strText += FormatNumber(dFactor) + " × " + Tell("case {0}", "工况 {0}", {std::to_string(nCase)});
+    strText += FormatNumber(dFactor) + " × " + Tell({"case {0}", "工况 {0}"}, {std::to_string(nCase)});
   }
   return strText.empty() ? std::string(c_strDash) : strText;
 }
 
 std::string DescribeStructure(const JobReport& report) {
-  return report.nStructure ? SayAt(c_structures, *report.nStructure) : Tell("not stated in the job", "作业文件未说明");
+  return report.nStructure ? SayAt(c_structures, *report.nStructure)
+                           : Tell({"not stated in the job", "作业文件未说明"});
 }
 
 std::string GetCodeName(const JobReport& report) {

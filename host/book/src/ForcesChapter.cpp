@@ -87,10 +87,18 @@ void AddEnvelope(std::vector<std::string>& row, const Envelope& envelope) {
 
 void WriteMembers(CPage& page, const BookData& book) {
   PageTable table;
-  table.strCaption = Tell("Largest S + E and smallest S − E at member ends by section",
-                          "各截面杆端内力 S + E 的最大值与 S − E 的最小值");
-  table.head = {Tell("Section", "截面"), Tell("Force", "内力"), "max S + E", "S", "E",
-                Tell("member", "单元"),  "min S − E",           "S",         "E", Tell("member", "单元")};
+  table.strCaption = Tell(
+      {"Largest S + E and smallest S − E at member ends by section", "各截面杆端内力 S + E 的最大值与 S − E 的最小值"});
+  table.head = {Tell({"Section", "截面"}),
+                Tell({"Force", "内力"}),
+                "max S + E",
+                "S",
+                "E",
+                Tell({"member", "单元"}),
+                "min S − E",
+                "S",
+                "E",
+                Tell({"member", "单元"})};
   table.strAlign = "llrrrrrrrr";
   const std::vector<SectionEnvelopes> envelopes = FormEnvelopes(book);
   for (std::size_t k = 0; k < envelopes.size(); ++k) {
@@ -109,8 +117,8 @@ void WriteMembers(CPage& page, const BookData& book) {
 void WriteSupports(CPage& page, const BookData& book) {
   PageTable table;
   table.strCaption =
-      Tell("Forces on the supports, kN and kN·m: static S and earthquake ±E", "支座受力，kN、kN·m：静力 S 与地震 ±E");
-  table.head = {Tell("Node", "节点"),
+      Tell({"Forces on the supports, kN and kN·m: static S and earthquake ±E", "支座受力，kN、kN·m：静力 S 与地震 ±E"});
+  table.head = {Tell({"Node", "节点"}),
                 "F<sub>X</sub> S",
                 "±E",
                 "F<sub>Y</sub> S",
@@ -139,7 +147,7 @@ void WriteSupports(CPage& page, const BookData& book) {
   }
   if (!table.rows.empty()) page.Table(table);
   if (supports.size() > c_nMostRows) {
-    page.Text(Tell("The first {0} of {1} supports.", "仅列前 {0} 个支座，共 {1} 个。",
+    page.Text(Tell({"The first {0} of {1} supports.", "仅列前 {0} 个支座，共 {1} 个。"},
                    {std::to_string(c_nMostRows), std::to_string(supports.size())}));
   }
 }
@@ -155,12 +163,12 @@ std::string DescribeQuake(const BookData& book) {
 }  // namespace
 
 void WriteForces(CPage& page, const BookData& book) {
-  page.Chapter(Tell("Forces of supports and members with ±E", "支座反力与构件内力（±E）"));
+  page.Chapter(Tell({"Forces of supports and members with ±E", "支座反力与构件内力（±E）"}));
   if (!Introduce(page, book.linear) || !Introduce(page, book.spectrum)) return;
   page.Text(
-      Tell("S: linear static analysis, {0}. E: combined forces of the spectrum along {1} ({2}). Partial safety "
-           "factors, the factor of 5.2.5 and other directions are not applied.",
-           "S 为线性静力结果，{0}；E 为 {1} 向反应谱组合内力（{2}）。未乘分项系数和 5.2.5 条调整系数，未作双向组合。",
+      Tell({"S: linear static analysis, {0}. E: combined forces of the spectrum along {1} ({2}). Partial safety "
+            "factors, the factor of 5.2.5 and other directions are not applied.",
+            "S 为线性静力结果，{0}；E 为 {1} 向反应谱组合内力（{2}）。未乘分项系数和 5.2.5 条调整系数，未作双向组合。"},
            {DescribeCombination(book.linear.parameters.value_or(StaticJob()).combination), DescribeQuake(book),
             book.spectrum.strFile}));
   WriteSupports(page, book);

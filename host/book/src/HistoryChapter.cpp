@@ -19,7 +19,7 @@ namespace {
 
 /// Name of the record that the run took.
 std::string DescribeRecord(const NewmarkJob& analysis) {
-  if (!analysis.bFromFile.value_or(false)) return Tell("El Centro 1940, north-south", "El Centro 1940 南北分量");
+  if (!analysis.bFromFile.value_or(false)) return Tell({"El Centro 1940, north-south", "El Centro 1940 南北分量"});
   const EarthquakeJob quake = WithDefaults(analysis.earthquake.value_or(EarthquakeJob()));
   const auto it = std::ranges::find(quake.directions, true);
   const auto nRecord = quake.nMode == 1 ? 3 : it - quake.directions.begin();
@@ -33,7 +33,7 @@ std::string DescribeCodePeaks(const BookData& book) {
     const auto dPeak = FindPeakAcceleration(nEdition, *chapter.job.nIntensity, *chapter.job.nLevel);
     if (!dPeak) continue;
     return Tell(
-        "{0} m/s² ({1}, {2})", "{0} m/s²（{1}，{2}）",
+        {"{0} m/s² ({1}, {2})", "{0} m/s²（{1}，{2}）"},
         {FormatFixed(*dPeak, 2), DescribeIntensity(*chapter.job.nIntensity), DescribeLevel(*chapter.job.nLevel)});
   }
   return "—";
@@ -42,19 +42,20 @@ std::string DescribeCodePeaks(const BookData& book) {
 void WriteRun(CPage& page, const BookData& book) {
   const HistoryResultFile& file = *book.history.content;
   std::vector<std::pair<std::string, std::string>> facts = {
-      {Tell("Method", "积分方法"),
+      {Tell({"Method", "积分方法"}),
        std::string(file.nMethod == c_nNewmarkMethod ? "Newmark" : "Wilson") +
-           (file.nAssumption == 0 ? Tell(", linear", "，线性") : Tell(", second order", "，几何非线性"))},
-      {Tell("Time step, duration", "步长、时长"), Format("%g s, %g s", file.dTimeStep, file.nSteps * file.dTimeStep)}};
+           (file.nAssumption == 0 ? Tell({", linear", "，线性"}) : Tell({", second order", "，几何非线性"}))},
+      {Tell({"Time step, duration", "步长、时长"}),
+       Format("%g s, %g s", file.dTimeStep, file.nSteps * file.dTimeStep)}};
   if (book.historyChapter) {
     facts.insert(facts.begin(),
-                 {{Tell("Record", "地震波"), DescribeRecord(*book.history.parameters)},
-                  {Tell("Direction", "方向"), DescribeDirection(book.historyChapter->direction)},
-                  {Tell("Peak acceleration", "加速度峰值"), FormatShort(book.historyChapter->dPeak) + " m/s²"},
-                  {Tell("Peak of the code (table 5.1.2-2)", "规范峰值（表 5.1.2-2）"), DescribeCodePeaks(book)}});
+                 {{Tell({"Record", "地震波"}), DescribeRecord(*book.history.parameters)},
+                  {Tell({"Direction", "方向"}), DescribeDirection(book.historyChapter->direction)},
+                  {Tell({"Peak acceleration", "加速度峰值"}), FormatShort(book.historyChapter->dPeak) + " m/s²"},
+                  {Tell({"Peak of the code (table 5.1.2-2)", "规范峰值（表 5.1.2-2）"}), DescribeCodePeaks(book)}});
     const auto& damping = book.history.parameters->damping;
     if (damping) {
-      facts.emplace_back(Tell("Damping ratios of the Rayleigh pair", "瑞利阻尼的两个阻尼比"),
+      facts.emplace_back(Tell({"Damping ratios of the Rayleigh pair", "瑞利阻尼的两个阻尼比"}),
                          FormatShort((*damping)[0]) + ", " + FormatShort((*damping)[1]));
     }
   }
@@ -88,7 +89,7 @@ void WriteRoofCurve(CPage& page, const BookData& book, const HistoryChapter& cha
   request.nDirection = static_cast<int>(d);
   std::ostringstream err;
   if (const auto strPicture = DrawPlot(book.job, book.strJobPath, request, err)) {
-    page.Figure(Tell("Displacement {0} of node {1} at the top", "顶部节点 {1} 的 {0} 向位移时程",
+    page.Figure(Tell({"Displacement {0} of node {1} at the top", "顶部节点 {1} 的 {0} 向位移时程"},
                      {c_strAxes[d], std::to_string(request.nNumber)}),
                 *strPicture, 0.9);
   }
@@ -97,24 +98,24 @@ void WriteRoofCurve(CPage& page, const BookData& book, const HistoryChapter& cha
 void WriteShear(CPage& page, const BookData& book, const HistoryChapter& chapter) {
   if (chapter.shear.empty()) {
     return page.Text(
-        Tell("The base shear is not formed: it needs a horizontal ground motion, a linear run and the modes.",
-             "未求基底剪力：须为水平地震动、线性分析并有振型。"));
+        Tell({"The base shear is not formed: it needs a horizontal ground motion, a linear run and the modes.",
+              "未求基底剪力：须为水平地震动、线性分析并有振型。"}));
   }
   page.Formula(
       "Σ<sub>n</sub> m<sub>n</sub> |u<sub>n</sub>(t) − Σ<sub>i</sub> φ<sub>i,n</sub> q<sub>i</sub>(t)|² = min, &ensp; "
       "V(t) = Σ<sub>i</sub> ω<sub>i</sub>² (rᵀ M φ<sub>i</sub>) q<sub>i</sub>(t)");
   page.Text(Tell(
-      "The result file has no reactions. The base shear is that of the elastic forces of the {0} modes, fitted "
-      "to the displacements at each step; like the spectrum's it leaves out the mass that the modes leave out.",
-      "结果文件没有反力。基底剪力由位移时程逐步拟合 {0} 个振型坐标求出（弹性恢复力），与反应谱一样不含未参与的质量。",
+      {"The result file has no reactions. The base shear is that of the elastic forces of the {0} modes, fitted "
+       "to the displacements at each step; like the spectrum's it leaves out the mass that the modes leave out.",
+       "结果文件没有反力。基底剪力由位移时程逐步拟合 {0} 个振型坐标求出（弹性恢复力），与反应谱一样不含未参与的质量。"},
       {std::to_string(book.basis->GetCount())}));
-  page.Figure(Tell("Base shear", "基底剪力时程"), DrawBaseShear(book, chapter), 0.9);
+  page.Figure(Tell({"Base shear", "基底剪力时程"}), DrawBaseShear(book, chapter), 0.9);
 }
 
 void WriteComparison(CPage& page, const BookData& book) {
   PageTable table;
-  table.strCaption = Tell("Base shear against the spectrum's", "基底剪力与反应谱法比较");
-  table.head = {Tell("Item", "项目"), Tell("Value", "数值"), Tell("Limit", "限值"), Tell("Verdict", "结论")};
+  table.strCaption = Tell({"Base shear against the spectrum's", "基底剪力与反应谱法比较"});
+  table.head = {Tell({"Item", "项目"}), Tell({"Value", "数值"}), Tell({"Limit", "限值"}), Tell({"Verdict", "结论"})};
   table.strAlign = "lrrl";
   for (const Check& check : book.checks) {
     const bool bShear = check.kind == CheckKind::HistoryShear || check.kind == CheckKind::MeanHistoryShear;
@@ -123,19 +124,19 @@ void WriteComparison(CPage& page, const BookData& book) {
   }
   if (!table.rows.empty()) page.Table(table);
   page.Text(
-      Tell("There is one record; the code asks for three at least, two of them measured (5.1.2), and for a mean "
-           "spectrum that agrees with the code's.",
-           "只有一条地震波；规范要求不少于三条，其中实际记录不少于两条（5.1.2 "
-           "条），且平均地震影响系数曲线与规范曲线相符。"));
+      Tell({"There is one record; the code asks for three at least, two of them measured (5.1.2), and for a mean "
+            "spectrum that agrees with the code's.",
+            "只有一条地震波；规范要求不少于三条，其中实际记录不少于两条（5.1.2 "
+            "条），且平均地震影响系数曲线与规范曲线相符。"}));
 }
 
 void WritePeaks(CPage& page, const BookData& book, const HistoryChapter& chapter) {
   if (chapter.storeys.empty()) return;
   PageTable table;
   table.strCaption =
-      Tell("Largest storey displacements and drifts over time", "楼层最大位移与层间位移角（时程最大值）");
-  table.head = {Tell("Storey", "楼层"), Tell("Level [m]", "标高 [m]"), "u<sub>max</sub> [mm]", "Δu<sub>max</sub> [mm]",
-                "θ = Δu/h"};
+      Tell({"Largest storey displacements and drifts over time", "楼层最大位移与层间位移角（时程最大值）"});
+  table.head = {Tell({"Storey", "楼层"}), Tell({"Level [m]", "标高 [m]"}), "u<sub>max</sub> [mm]",
+                "Δu<sub>max</sub> [mm]", "θ = Δu/h"};
   table.strAlign = "cr";
   for (std::size_t j = chapter.storeys.size(); j-- > 0;) {
     const StoreyPeaks& peaks = chapter.storeys[j];
@@ -149,7 +150,7 @@ void WritePeaks(CPage& page, const BookData& book, const HistoryChapter& chapter
 }  // namespace
 
 void WriteHistory(CPage& page, const BookData& book) {
-  page.Chapter(Tell("Time history", "时程分析"));
+  page.Chapter(Tell({"Time history", "时程分析"}));
   if (!Introduce(page, book.history)) return;
   WriteRun(page, book);
   if (!book.historyChapter) return;

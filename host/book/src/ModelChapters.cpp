@@ -31,14 +31,14 @@ void WriteCounts(CPage& page, const Job& job) {
   const auto [lowX, highX] = std::ranges::minmax(job.nodes, {}, &JobNode::dX);
   const auto [lowY, highY] = std::ranges::minmax(job.nodes, {}, &JobNode::dY);
   const auto [lowZ, highZ] = std::ranges::minmax(job.nodes, {}, &JobNode::dZ);
-  page.Facts({{Tell("Nodes", "节点"), Tell("{0}: {1} rigid, {2} pinned", "{0}：刚接 {1}，铰接 {2}",
-                                           {std::to_string(job.nodes.size()), std::to_string(nRigid),
-                                            std::to_string(std::ssize(job.nodes) - nRigid)})},
-              {Tell("Members", "构件"),
-               Tell("{0}: {1} beams, {2} bars, {3} others", "{0}：梁 {1}，杆 {2}，其他 {3}",
+  page.Facts({{Tell({"Nodes", "节点"}), Tell({"{0}: {1} rigid, {2} pinned", "{0}：刚接 {1}，铰接 {2}"},
+                                             {std::to_string(job.nodes.size()), std::to_string(nRigid),
+                                              std::to_string(std::ssize(job.nodes) - nRigid)})},
+              {Tell({"Members", "构件"}),
+               Tell({"{0}: {1} beams, {2} bars, {3} others", "{0}：梁 {1}，杆 {2}，其他 {3}"},
                     {std::to_string(job.elements.size()), std::to_string(elements[c_nBeam]),
                      std::to_string(elements[c_nBar]), std::to_string(elements[c_nCable] + elements[c_nMembrane])})},
-              {Tell("Extents X × Y × Z", "外形尺寸 X × Y × Z"),
+              {Tell({"Extents X × Y × Z", "外形尺寸 X × Y × Z"}),
                Format("%.2f m × %.2f m × %.2f m", highX.dX - lowX.dX, highY.dY - lowY.dY, highZ.dZ - lowZ.dZ)}});
 }
 
@@ -50,11 +50,11 @@ void WriteSections(CPage& page, const Job& job) {
     dLength += GetLength(job, element);
   }
   PageTable table;
-  table.strCaption = Tell("Sections", "截面");
-  table.head = {Tell("Section", "截面"),        Tell("Members", "构件数"),
-                Tell("Length [m]", "总长 [m]"), "A [mm²]",
-                "I<sub>x</sub> [10⁴ mm⁴]",      "I<sub>y</sub> [10⁴ mm⁴]",
-                "I<sub>z</sub> [10⁴ mm⁴]",      Tell("Mass [t]", "质量 [t]")};
+  table.strCaption = Tell({"Sections", "截面"});
+  table.head = {Tell({"Section", "截面"}),        Tell({"Members", "构件数"}),
+                Tell({"Length [m]", "总长 [m]"}), "A [mm²]",
+                "I<sub>x</sub> [10⁴ mm⁴]",        "I<sub>y</sub> [10⁴ mm⁴]",
+                "I<sub>z</sub> [10⁴ mm⁴]",        Tell({"Mass [t]", "质量 [t]"})};
   table.strAlign = "lr";
   double dTotal = 0.0, dLength = 0.0;
   for (std::size_t k = 0; k < job.sections.size(); ++k) {
@@ -67,7 +67,7 @@ void WriteSections(CPage& page, const Job& job) {
                           FormatFixed(1.0e-4 * section.dIy, 0), FormatFixed(1.0e-4 * section.dIz, 0),
                           FormatTonnes(dMass)});
   }
-  table.rows.push_back({Tell("Sum", "合计"), std::to_string(job.elements.size()), FormatFixed(dLength, 1), "", "", "",
+  table.rows.push_back({Tell({"Sum", "合计"}), std::to_string(job.elements.size()), FormatFixed(dLength, 1), "", "", "",
                         "", FormatTonnes(dTotal)});
   table.bSumRow = true;
   page.Table(table);
@@ -75,11 +75,11 @@ void WriteSections(CPage& page, const Job& job) {
 
 void WriteMaterial(CPage& page) {
   PageTable table;
-  table.strCaption = Tell("Material of all members", "全部构件的材料");
-  table.head = {Tell("Material", "材料"), "E [N/mm²]", "G [N/mm²]", "ν", Tell("ρ [kg/m³]", "ρ [kg/m³]")};
+  table.strCaption = Tell({"Material of all members", "全部构件的材料"});
+  table.head = {Tell({"Material", "材料"}), "E [N/mm²]", "G [N/mm²]", "ν", Tell({"ρ [kg/m³]", "ρ [kg/m³]"})};
   table.strAlign = "lr";
   const double dShear = c_steel.dE / (2.0 * (1.0 + c_steel.dNu));
-  table.rows.push_back({Tell("steel, linear elastic", "钢，线弹性"), FormatFixed(1.0e-6 * c_steel.dE, 0),
+  table.rows.push_back({Tell({"steel, linear elastic", "钢，线弹性"}), FormatFixed(1.0e-6 * c_steel.dE, 0),
                         FormatFixed(1.0e-6 * dShear, 0), FormatFixed(c_steel.dNu, 1),
                         FormatFixed(c_steel.dUnitWeight, 0)});
   page.Table(table);
@@ -89,7 +89,7 @@ std::string DescribeSupport(const Job& job, const JobNode& node) {
   if (node.nSpring) {
     const auto it = std::ranges::find(job.springs, *node.nSpring, &JobSpring::nGroup);
     if (it == job.springs.end()) return {};
-    return Tell("spring group {0}: {1}, {2}, {3} kN/mm", "弹簧组 {0}：{1}、{2}、{3} kN/mm",
+    return Tell({"spring group {0}: {1}, {2}, {3} kN/mm", "弹簧组 {0}：{1}、{2}、{3} kN/mm"},
                 {std::to_string(it->nGroup), FormatShort(it->dKx), FormatShort(it->dKy), FormatShort(it->dKz)});
   }
   std::string strHeld;
@@ -106,8 +106,8 @@ void WriteSupports(CPage& page, const Job& job) {
     if (!strHeld.empty()) nodesOf[strHeld].push_back(node.nId);
   }
   PageTable table;
-  table.strCaption = Tell("Supports", "支座");
-  table.head = {Tell("Held directions", "约束方向"), Tell("Nodes", "节点数"), Tell("Numbers", "节点号")};
+  table.strCaption = Tell({"Supports", "支座"});
+  table.head = {Tell({"Held directions", "约束方向"}), Tell({"Nodes", "节点数"}), Tell({"Numbers", "节点号"})};
   table.strAlign = "lrl";
   for (const auto& [strHeld, ids] : nodesOf) {
     std::string strNames;
@@ -122,27 +122,27 @@ void WriteSupports(CPage& page, const Job& job) {
 
 void WriteAssumptions(CPage& page, const Job& job) {
   std::vector<std::string> list = {
-      Tell("Members are straight, elastic and of steel; the masses are those of the members (consistent) and of the "
-           "loads of a combination.",
-           "构件为线弹性直杆，材料为钢；质量由构件自重（一致质量）和所选荷载组合换算。"),
-      Tell("Floors are not rigid: they hold as far as the modelled members do.",
-           "楼板不按刚性隔板考虑，只计入模型中的构件。"),
-      Tell("No accidental eccentricity, no walls, no construction stages, no soil.",
-           "不计偶然偏心、剪力墙、施工阶段和地基作用。"),
-      Tell("Loads act at nodes; static analysis leaves out the members' own weight unless a load case has it.",
-           "荷载作用于节点；静力分析不自动计入构件自重，须以荷载输入。")};
+      Tell({"Members are straight, elastic and of steel; the masses are those of the members (consistent) and of the "
+            "loads of a combination.",
+            "构件为线弹性直杆，材料为钢；质量由构件自重（一致质量）和所选荷载组合换算。"}),
+      Tell({"Floors are not rigid: they hold as far as the modelled members do.",
+            "楼板不按刚性隔板考虑，只计入模型中的构件。"}),
+      Tell({"No accidental eccentricity, no walls, no construction stages, no soil.",
+            "不计偶然偏心、剪力墙、施工阶段和地基作用。"}),
+      Tell({"Loads act at nodes; static analysis leaves out the members' own weight unless a load case has it.",
+            "荷载作用于节点；静力分析不自动计入构件自重，须以荷载输入。"})};
   if (!job.springs.empty()) {
-    list.push_back(Tell("Spring supports act as rigid ones.", "弹簧支座按刚性支座起作用。"));
+    list.push_back(Tell({"Spring supports act as rigid ones.", "弹簧支座按刚性支座起作用。"}));
   }
-  page.Text(Tell("Assumptions and limits of the program:", "计算假定与程序限制："));
+  page.Text(Tell({"Assumptions and limits of the program:", "计算假定与程序限制："}));
   page.List(list);
 }
 
 void WriteLoadSums(CPage& page, const Job& job) {
   PageTable table;
-  table.strCaption = Tell("Sums of the loads by case", "各工况荷载总和");
-  table.head = {Tell("Case", "工况"),  Tell("Entries", "荷载数"), "ΣF<sub>X</sub> [kN]",   "ΣF<sub>Y</sub> [kN]",
-                "ΣF<sub>Z</sub> [kN]", "ΣM<sub>X</sub> [kN·m]",   "ΣM<sub>Y</sub> [kN·m]", "ΣM<sub>Z</sub> [kN·m]"};
+  table.strCaption = Tell({"Sums of the loads by case", "各工况荷载总和"});
+  table.head = {Tell({"Case", "工况"}), Tell({"Entries", "荷载数"}), "ΣF<sub>X</sub> [kN]",   "ΣF<sub>Y</sub> [kN]",
+                "ΣF<sub>Z</sub> [kN]",  "ΣM<sub>X</sub> [kN·m]",     "ΣM<sub>Y</sub> [kN·m]", "ΣM<sub>Z</sub> [kN·m]"};
   table.strAlign = "lr";
   for (int nCase = 0; !job.loads.empty() && nCase <= job.GetHighestCase(); ++nCase) {
     NodeValues sum = {};
@@ -153,27 +153,27 @@ void WriteLoadSums(CPage& page, const Job& job) {
       ++nCount;
     }
     std::vector<std::string>& row = table.rows.emplace_back();
-    row = {nCase == 0 ? Tell("0 (dead)", "0（恒）") : Tell("{0} (live)", "{0}（活）", {std::to_string(nCase)}),
+    row = {nCase == 0 ? Tell({"0 (dead)", "0（恒）"}) : Tell({"{0} (live)", "{0}（活）"}, {std::to_string(nCase)}),
            std::to_string(nCount)};
     for (const double dSum : sum) row.push_back(FormatFixed(dSum, 1));
   }
-  if (table.rows.empty()) return page.Text(Tell("There are no loads.", "没有荷载。"));
+  if (table.rows.empty()) return page.Text(Tell({"There are no loads.", "没有荷载。"}));
   page.Table(table);
   page.Text(
-      Tell("ΣM: moments entered at nodes, without those of the forces.", "ΣM 为节点力矩之和，不含各力产生的力矩。"));
+      Tell({"ΣM: moments entered at nodes, without those of the forces.", "ΣM 为节点力矩之和，不含各力产生的力矩。"}));
 }
 
 void WriteStoreyMasses(CPage& page, const BookData& book) {
   PageTable table;
-  table.strCaption = Tell("Representative gravity loads of the storeys", "各楼层重力荷载代表值");
-  table.head = {Tell("Storey", "楼层"),
-                Tell("Level [m]", "标高 [m]"),
-                Tell("Height [m]", "层高 [m]"),
-                Tell("Nodes", "节点数"),
-                Tell("Mass m<sub>j</sub> [t]", "质量 m<sub>j</sub> [t]"),
+  table.strCaption = Tell({"Representative gravity loads of the storeys", "各楼层重力荷载代表值"});
+  table.head = {Tell({"Storey", "楼层"}),
+                Tell({"Level [m]", "标高 [m]"}),
+                Tell({"Height [m]", "层高 [m]"}),
+                Tell({"Nodes", "节点数"}),
+                Tell({"Mass m<sub>j</sub> [t]", "质量 m<sub>j</sub> [t]"}),
                 "G<sub>j</sub> [kN]",
-                Tell("Centre x [m]", "质心 x [m]"),
-                Tell("Centre y [m]", "质心 y [m]"),
+                Tell({"Centre x [m]", "质心 x [m]"}),
+                Tell({"Centre y [m]", "质心 y [m]"}),
                 "ΣG [kN]"};
   double dMass = 0.0;
   for (std::size_t j = book.storeys->storeys.size(); j-- > 0;) {
@@ -187,32 +187,33 @@ void WriteStoreyMasses(CPage& page, const BookData& book) {
   }
   const double dBase = FormStoreyMass(book.job, *book.basis, book.storeys->base).dMass;
   table.rows.push_back(
-      {Tell("Sum", "合计"), "", "", "", FormatTonnes(dMass), FormatKilo(c_dGravity * dMass), "", "", ""});
+      {Tell({"Sum", "合计"}), "", "", "", FormatTonnes(dMass), FormatKilo(c_dGravity * dMass), "", "", ""});
   table.bSumRow = true;
   page.Table(table);
   constexpr double c_dNoMass = 1.0e-6;
   if (dBase > c_dNoMass * dMass) {
-    page.Text(Tell("Free nodes at the base hold another {0} t, which load no storey.",
-                   "基底处的自由节点另有质量 {0} t，不计入楼层。", {FormatTonnes(dBase)}));
+    page.Text(Tell({"Free nodes at the base hold another {0} t, which load no storey.",
+                    "基底处的自由节点另有质量 {0} t，不计入楼层。"},
+                   {FormatTonnes(dBase)}));
   }
 }
 
 void WriteMasses(CPage& page, const BookData& book) {
-  page.Section(Tell("Representative gravity loads", "重力荷载代表值"));
+  page.Section(Tell({"Representative gravity loads", "重力荷载代表值"}));
   if (!book.basis) return page.Text(Say(texts::c_notRun, {book.modal.strFile}));
   const Vector3 total = SumMasses(*book.basis);
   const double dTotal = GetGravityMass(*book.basis);
-  page.Facts({{Tell("Mass free to move along X, Y, Z", "沿 X、Y、Z 可动的质量"),
+  page.Facts({{Tell({"Mass free to move along X, Y, Z", "沿 X、Y、Z 可动的质量"}),
                FormatTonnes(total[0]) + " / " + FormatTonnes(total[1]) + " / " + FormatTonnes(total[2]) + " t"},
-              {Tell("Total G", "总重力荷载代表值 G"), FormatKilo(c_dGravity * dTotal) + " kN"},
-              {Tell("of it the members", "其中构件自重"), FormatKilo(c_dGravity * book.dOwnMass) + " kN"},
-              {Tell("of it the loads ({0})", "其中荷载（{0}）",
+              {Tell({"Total G", "总重力荷载代表值 G"}), FormatKilo(c_dGravity * dTotal) + " kN"},
+              {Tell({"of it the members", "其中构件自重"}), FormatKilo(c_dGravity * book.dOwnMass) + " kN"},
+              {Tell({"of it the loads ({0})", "其中荷载（{0}）"},
                     {DescribeCombination(book.modal.parameters.value_or(ModalJob()).combination)}),
                FormatKilo(c_dGravity * (dTotal - book.dOwnMass)) + " kN"}});
   if (book.storeys) {
     page.Formula("G<sub>j</sub> = 9.81 · Σ<sub>n</sub> (M r)<sub>n</sub>, &ensp; " +
-                 Tell("n: nodes above the lower level of storey j up to its floor; r = 1 along the direction",
-                      "n 为第 j 层下端标高以上至本层楼面的节点；r 沿所考虑方向取 1"));
+                 Tell({"n: nodes above the lower level of storey j up to its floor; r = 1 along the direction",
+                       "n 为第 j 层下端标高以上至本层楼面的节点；r 沿所考虑方向取 1"}));
     WriteStoreyMasses(page, book);
   } else {
     page.Text(Say(texts::c_noStoreys));
@@ -222,9 +223,9 @@ void WriteMasses(CPage& page, const BookData& book) {
 }  // namespace
 
 void WriteModel(CPage& page, const BookData& book) {
-  page.Chapter(Tell("Model", "计算模型"));
+  page.Chapter(Tell({"Model", "计算模型"}));
   WriteCounts(page, book.job);
-  page.Figure(Tell("Model: axonometric view, elevations and plan", "计算模型：轴测图、立面与平面"),
+  page.Figure(Tell({"Model: axonometric view, elevations and plan", "计算模型：轴测图、立面与平面"}),
               DrawModel(book.job));
   if (!book.job.sections.empty()) WriteSections(page, book.job);
   WriteMaterial(page);
@@ -233,8 +234,8 @@ void WriteModel(CPage& page, const BookData& book) {
 }
 
 void WriteLoads(CPage& page, const BookData& book) {
-  page.Chapter(Tell("Loads", "荷载"));
-  page.Section(Tell("Load cases", "荷载工况"));
+  page.Chapter(Tell({"Loads", "荷载"}));
+  page.Section(Tell({"Load cases", "荷载工况"}));
   WriteLoadSums(page, book.job);
   WriteMasses(page, book);
 }

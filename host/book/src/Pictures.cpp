@@ -137,8 +137,8 @@ class CStoreyChart {
 std::string DescribeSite(const SpectrumChapter& chapter) {
   constexpr std::array<const char*, 5> c_pszClasses = {"", "I", "II", "III", "IV"};
   return Tell(
-      "intensity {0}, {1} earthquake, site class {2}, design group {3}",
-      "{0}，{1}，场地类别 {2}，设计地震分组第 {3} 组",
+      {"intensity {0}, {1} earthquake, site class {2}, design group {3}",
+       "{0}，{1}，场地类别 {2}，设计地震分组第 {3} 组"},
       {DescribeIntensity(*chapter.job.nIntensity), DescribeLevel(*chapter.job.nLevel),
        c_pszClasses[static_cast<std::size_t>(*chapter.job.nSiteClass)], std::to_string(*chapter.job.nZoneGroup)});
 }
@@ -181,8 +181,8 @@ std::string DrawSpectrumCurve(const BookData& book, const SpectrumChapter& chapt
 std::string DrawBaseShear(const BookData& book, const HistoryChapter& chapter) {
   HistoryPicture picture;
   picture.strTitle = book.GetTitle();
-  picture.strSubtitle = Tell("Base shear along {0}", "基底剪力，方向 {0}", {DescribeDirection(chapter.direction)});
-  picture.strQuantity = Tell("base shear V", "基底剪力 V");
+  picture.strSubtitle = Tell({"Base shear along {0}", "基底剪力，方向 {0}"}, {DescribeDirection(chapter.direction)});
+  picture.strQuantity = Tell({"base shear V", "基底剪力 V"});
   picture.strUnit = "kN";
   picture.dTimeStep = book.history.content->dTimeStep;
   for (const double V : chapter.shear) picture.values.push_back(1.0e-3 * V);

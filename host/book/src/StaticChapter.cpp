@@ -57,8 +57,8 @@ std::array<Extreme, 3> FindLargestDisplacements(const Job& job, const StaticResu
 
 void WriteDisplacements(CPage& page, const BookData& book, const StaticResultFile& file) {
   PageTable table;
-  table.strCaption = Tell("Largest displacements", "最大位移");
-  table.head = {Tell("Direction", "方向"), Tell("Displacement [mm]", "位移 [mm]"), Tell("Node", "节点")};
+  table.strCaption = Tell({"Largest displacements", "最大位移"});
+  table.head = {Tell({"Direction", "方向"}), Tell({"Displacement [mm]", "位移 [mm]"}), Tell({"Node", "节点"})};
   table.strAlign = "lr";
   const auto largest = FindLargestDisplacements(book.job, file);
   for (std::size_t d = 0; d < 3; ++d) {
@@ -72,9 +72,9 @@ void WriteBalance(CPage& page, const BookData& book, const StaticResult& result)
   const NodeValues loads = SumLoads(book.job, result.parameters.value_or(StaticJob()).combination);
   const NodeValues reactions = SumReactions(*result.content);
   PageTable table;
-  table.strCaption = Tell("Loads against reactions", "荷载与支座反力的平衡");
-  table.head = {Tell("Direction", "方向"), Tell("Loads at free directions [kN]", "自由方向荷载之和 [kN]"),
-                Tell("Force on the supports [kN]", "支座受力之和 [kN]"), Tell("Difference [kN]", "差值 [kN]")};
+  table.strCaption = Tell({"Loads against reactions", "荷载与支座反力的平衡"});
+  table.head = {Tell({"Direction", "方向"}), Tell({"Loads at free directions [kN]", "自由方向荷载之和 [kN]"}),
+                Tell({"Force on the supports [kN]", "支座受力之和 [kN]"}), Tell({"Difference [kN]", "差值 [kN]"})};
   table.strAlign = "lr";
   for (std::size_t d = 0; d < 3; ++d) {
     table.rows.push_back({std::string(c_strAxes[d]), FormatFixed(1.0e-3 * loads[d], 3),
@@ -85,8 +85,8 @@ void WriteBalance(CPage& page, const BookData& book, const StaticResult& result)
 
 void WriteReactions(CPage& page, const BookData& book, const StaticResultFile& file) {
   PageTable table;
-  table.strCaption = Tell("Forces of the structure on its supports", "支座反力（结构作用于支座的力）");
-  table.head = {Tell("Node", "节点"),   "F<sub>X</sub> [kN]",   "F<sub>Y</sub> [kN]",  "F<sub>Z</sub> [kN]",
+  table.strCaption = Tell({"Forces of the structure on its supports", "支座反力（结构作用于支座的力）"});
+  table.head = {Tell({"Node", "节点"}), "F<sub>X</sub> [kN]",   "F<sub>Y</sub> [kN]",  "F<sub>Z</sub> [kN]",
                 "M<sub>X</sub> [kN·m]", "M<sub>Y</sub> [kN·m]", "M<sub>Z</sub> [kN·m]"};
   table.strAlign = "lr";
   for (std::size_t k = 0; k < std::min(file.supports.size(), c_nMostRows); ++k) {
@@ -96,14 +96,14 @@ void WriteReactions(CPage& page, const BookData& book, const StaticResultFile& f
     for (const std::optional<double>& force : support.forces) row.push_back(force ? FormatKilo(*force) : "—");
   }
   std::vector<std::string>& sum = table.rows.emplace_back();
-  sum.push_back(Tell("Sum of all", "全部之和"));
+  sum.push_back(Tell({"Sum of all", "全部之和"}));
   const NodeValues sums = SumReactions(file);
   for (std::size_t d = 0; d < 6; ++d) sum.push_back(d < 3 ? FormatKilo(sums[d]) : "");
   table.bSumRow = true;
   page.Table(table);
   if (file.supports.size() > c_nMostRows) {
-    page.Text(Tell("The first {0} of {1} supports; all are in the result file {2}.",
-                   "仅列前 {0} 个支座，共 {1} 个；全部见结果文件 {2}。",
+    page.Text(Tell({"The first {0} of {1} supports; all are in the result file {2}.",
+                    "仅列前 {0} 个支座，共 {1} 个；全部见结果文件 {2}。"},
                    {std::to_string(c_nMostRows), std::to_string(file.supports.size()), book.linear.strFile}));
   }
 }
@@ -137,13 +137,13 @@ void WriteExtremes(CPage& page, const BookData& book, const StaticResultFile& fi
   }
   PageTable table;
   table.strCaption =
-      Tell("Extreme member forces by section, kN and kN·m (member)", "各截面的最大内力，kN、kN·m（单元号）");
-  table.head = {Tell("Section", "截面"),
-                Tell("N tension", "N 拉"),
-                Tell("N compression", "N 压"),
+      Tell({"Extreme member forces by section, kN and kN·m (member)", "各截面的最大内力，kN、kN·m（单元号）"});
+  table.head = {Tell({"Section", "截面"}),
+                Tell({"N tension", "N 拉"}),
+                Tell({"N compression", "N 压"}),
                 "Q<sub>y</sub>",
                 "Q<sub>z</sub>",
-                Tell("M<sub>x</sub> torsion", "M<sub>x</sub> 扭"),
+                Tell({"M<sub>x</sub> torsion", "M<sub>x</sub> 扭"}),
                 "M<sub>y</sub>",
                 "M<sub>z</sub>"};
   table.strAlign = "lr";
@@ -171,26 +171,26 @@ void AddComparison(PageTable& table, const std::string& strQuantity, double dLin
 }
 
 void WriteSecondOrder(CPage& page, const BookData& book) {
-  page.Section(Tell("Second order", "二阶效应"));
+  page.Section(Tell({"Second order", "二阶效应"}));
   if (!Introduce(page, book.nonlinear) || !book.linear.content) return;
   if (book.linear.parameters && book.nonlinear.parameters &&
       book.linear.parameters->combination != book.nonlinear.parameters->combination) {
-    page.Warn(Tell("The two analyses have different load combinations and are not compared.",
-                   "两项分析的荷载组合不同，不作比较。"));
+    page.Warn(Tell({"The two analyses have different load combinations and are not compared.",
+                    "两项分析的荷载组合不同，不作比较。"}));
     return;
   }
   PageTable table;
-  table.strCaption = Tell("Second order against linear", "几何非线性与线性结果比较");
-  table.head = {Tell("Quantity", "项目"), Tell("Linear", "线性"), Tell("Second order", "几何非线性"),
-                Tell("Ratio", "比值")};
+  table.strCaption = Tell({"Second order against linear", "几何非线性与线性结果比较"});
+  table.head = {Tell({"Quantity", "项目"}), Tell({"Linear", "线性"}), Tell({"Second order", "几何非线性"}),
+                Tell({"Ratio", "比值"})};
   table.strAlign = "lr";
   const auto linear = FindLargestDisplacements(book.job, *book.linear.content);
   const auto second = FindLargestDisplacements(book.job, *book.nonlinear.content);
   for (std::size_t d = 0; d < 3; ++d) {
-    AddComparison(table, Tell("largest displacement {0} [mm]", "最大位移 {0} [mm]", {c_strAxes[d]}),
+    AddComparison(table, Tell({"largest displacement {0} [mm]", "最大位移 {0} [mm]"}, {c_strAxes[d]}),
                   std::abs(linear[d].dValue), std::abs(second[d].dValue), 1.0e3);
   }
-  AddComparison(table, Tell("largest moment of a member [kN·m]", "构件最大弯矩 [kN·m]"),
+  AddComparison(table, Tell({"largest moment of a member [kN·m]", "构件最大弯矩 [kN·m]"}),
                 FindLargestMoment(*book.linear.content).dValue, FindLargestMoment(*book.nonlinear.content).dValue,
                 1.0e-3);
   page.Table(table);
@@ -201,17 +201,17 @@ void WriteDeformed(CPage& page, const BookData& book) {
   PlotRequest request;
   request.kind = PlotRequest::Kind::Deformed;
   if (const auto strPicture = DrawPlot(book.job, book.strJobPath, request, err)) {
-    page.Figure(Tell("Deformed structure, linear", "变形图（线性）"), *strPicture, 0.92);
+    page.Figure(Tell({"Deformed structure, linear", "变形图（线性）"}), *strPicture, 0.92);
   }
 }
 
 }  // namespace
 
 void WriteStatics(CPage& page, const BookData& book) {
-  page.Chapter(Tell("Static analysis", "静力分析"));
-  page.Section(Tell("Linear", "线性"));
+  page.Chapter(Tell({"Static analysis", "静力分析"}));
+  page.Section(Tell({"Linear", "线性"}));
   if (Introduce(page, book.linear)) {
-    page.Text(Tell("Combination: {0}.", "荷载组合：{0}。",
+    page.Text(Tell({"Combination: {0}.", "荷载组合：{0}。"},
                    {DescribeCombination(book.linear.parameters.value_or(StaticJob()).combination)}));
     WriteDisplacements(page, book, *book.linear.content);
     WriteBalance(page, book, book.linear);

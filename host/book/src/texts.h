@@ -6,15 +6,14 @@ namespace skyframe::host {
 
 /// A text of the report in the language in force: it stands where it is used, in both languages, so that a chapter
 /// reads like the page that it writes.
-[[nodiscard]] inline std::string Tell(std::string_view strEnglish, std::string_view strChinese,
-                                      std::initializer_list<std::string_view> values = {}) {
-  return Say({strEnglish, strChinese}, values);
+[[nodiscard]] inline std::string Tell(const Words& words, std::initializer_list<std::string_view> values = {}) {
+  return Say(words, values);
 }
 
 }  // namespace skyframe::host
 
 // What stands in more than one place.
-namespace skyframe::host::texts {
+namespace skyframe::host::book::texts {
 
 inline constexpr Words c_contents = {"Contents", "目录"};
 inline constexpr Words c_table = {"Table ", "表 "};
@@ -36,4 +35,8 @@ inline constexpr Words c_unknownRun = {
     "不知道 {0} 由哪次分析写出：其参数取自作业文件。"};
 inline constexpr Words c_noStoreys = {"Not applicable: the structure has no storeys.", "不适用：结构没有楼层。"};
 
-}  // namespace skyframe::host::texts
+}  // namespace skyframe::host::book::texts
+
+namespace skyframe::host {
+namespace texts = book::texts;
+}

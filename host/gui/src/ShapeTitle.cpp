@@ -1,5 +1,7 @@
 #include "ShapeTitle.h"
 
+#include <array>
+
 #include "skyframe/platform/NumberText.h"
 #include "skyframe/values/SpectrumSite.h"
 #include "texts.h"
@@ -7,13 +9,21 @@
 namespace skyframe::gui {
 
 std::string FormShapeTitle(const host::DeformedShape& shape) {
-  if (shape.kind == host::ShapeKind::LinearState) return std::string(texts::c_strLinearState);
-  if (shape.kind == host::ShapeKind::NonlinearState) return std::string(texts::c_strNonlinearState);
+  if (shape.kind == host::ShapeKind::LinearState) return std::string(Say(texts::c_linearState));
+  if (shape.kind == host::ShapeKind::NonlinearState) return std::string(Say(texts::c_nonlinearState));
   const double dFrequency = shape.dOmega * c_dHertzPerRadian;
-  std::string strText = std::string(texts::c_strMode) + " " + std::to_string(shape.nMode);
+  std::string strText = Say(texts::c_mode, {std::to_string(shape.nMode)});
   strText += "   f = " + FormatGeneral(dFrequency) + " Hz";
   if (dFrequency > 0.0) strText += "   T = " + FormatGeneral(1.0 / dFrequency) + " s";
   return strText;
 }
+
+std::string FormResultTitle(ResultKind kind) {
+  constexpr std::array c_titles = {texts::c_linear, texts::c_nonlinear, texts::c_modes, texts::c_response,
+                                   texts::c_history};
+  return std::string(Say(c_titles[static_cast<std::size_t>(kind)]));
+}
+
+std::string FormOutdatedMark() { return std::string(Say(texts::c_outdatedMark)); }
 
 }  // namespace skyframe::gui

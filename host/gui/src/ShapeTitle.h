@@ -2,11 +2,18 @@
 
 #include <string>
 
+#include "skyframe/gui/Document.h"
 #include "skyframe/scene/DeformedShape.h"
 
 namespace skyframe::gui {
 
 /// What a shape is called in the list and above the drawing.
 [[nodiscard]] std::string FormShapeTitle(const host::DeformedShape& shape);
+
+/// "linear static analysis".
+[[nodiscard]] std::string FormResultTitle(ResultKind kind);
+
+/// Behind the name of a result that comes from another model.
+[[nodiscard]] std::string FormOutdatedMark();
 
 }  // namespace skyframe::gui

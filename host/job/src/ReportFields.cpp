@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "FieldList.h"
+#include "texts.h"
 
 namespace skyframe::host {
 
@@ -55,7 +56,7 @@ std::vector<double> ReadLevels(CJobObject& object) {
     levels.push_back(object.CheckNumber((*pArray)[k], AppendPointer(object.GetPlace(c_pszStoreys), k)).value_or(0.0));
   }
   const bool bAscending = std::ranges::adjacent_find(levels, std::ranges::greater_equal()) == levels.end();
-  if (levels.size() < 2 || !bAscending) object.Error(c_pszStoreys, "must be two levels or more, from the base upwards");
+  if (levels.size() < 2 || !bAscending) object.Error(c_pszStoreys, std::string(Say(texts::c_badLevels)));
   return levels;
 }
 
@@ -63,7 +64,8 @@ JobLimits ReadLimits(CJobObject& object) {
   JobLimits limits;
   for (const LimitField& field : c_limits) {
     limits.*field.pMember = object.Number(field.pszKey, Need::Optional);
-    if (limits.*field.pMember && *(limits.*field.pMember) <= 0.0) object.Error(field.pszKey, "must be above 0");
+    if (limits.*field.pMember && *(limits.*field.pMember) <= 0.0)
+      object.Error(field.pszKey, std::string(Say(texts::c_notPositive)));
   }
   object.ReportUnknownKeys();
   return limits;
