@@ -26,6 +26,17 @@ bool IsCountWanted(const JobAnalysis& analysis) {
   return pModal != nullptr && *WithDefaults(*pModal).bVerify;
 }
 
+/// What the dialogs have no control for stays as it was.
+struct HiddenFields {
+  void operator()(ModalJob& analysis, const ModalJob& former) const { analysis.bVerify = former.bVerify; }
+  void operator()(SpectrumJob& analysis, const SpectrumJob& former) const {
+    analysis.bVirtualMode = former.bVirtualMode;
+    analysis.nPseudoLoad = former.nPseudoLoad;
+  }
+  template <class A, class B>
+  void operator()(A& /*analysis*/, const B& /*former*/) const {}
+};
+
 /// bCalm: every step of the dialogs was taken.
 AnalysisRun Conclude(const CSession& session, AnalysisKind kind, std::optional<JobAnalysis> analysis,
                      const CHostPlatform& platform, bool bCalm) {
@@ -56,6 +67,7 @@ AnalysisRun RunInDialogs(CSession& session, AnalysisKind kind, const JobAnalysis
   const CInstalledPlatform installed(platform);
   pValues == nullptr ? session.Run(kind) : session.Run(*pValues, platform);
   std::optional<JobAnalysis> confirmed = platform.GetConfirmed();
+  if (confirmed && pValues != nullptr) std::visit(HiddenFields{}, *confirmed, *pValues);
   if (!confirmed && pValues != nullptr) confirmed = *pValues;
   return Conclude(session, kind, std::move(confirmed), platform, true);
 }
