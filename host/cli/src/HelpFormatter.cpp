@@ -33,9 +33,9 @@ std::string CHelpFormatter::make_option(const CLI::Option* pOption, bool bPositi
 }
 
 std::string CHelpFormatter::make_option_opts(const CLI::Option* pOption) const {
-  std::string strText = Formatter::make_option_opts(pOption);
+  std::string strText = SayForeign(Formatter::make_option_opts(pOption), texts::c_optionParts, texts::c_optionParts);
   const std::string strKind = pOption->get_type_name();
-  const std::size_t n = strKind.empty() ? std::string::npos : strText.find(strKind);
+  const std::size_t n = strText.find(strKind);
   return n == std::string::npos ? strText
                                 : strText.replace(n, strKind.size(), SayForeign(strKind, texts::c_valueKinds));
 }
