@@ -54,7 +54,7 @@ void CQtPlatform::ShowMessage(std::string_view strText) {
 int CQtPlatform::RunModal(CDialog& dialog) {
   Settle();
   const COrdinaryCursor cursor(*this);
-  CDialogWindow window(dialog, m_dFontScale, GetParentWindow());
+  CDialogWindow window(dialog, m_dFontScale, GetParentWindow(), GetTipLanguage());
   return window.Run();
 }
 
