@@ -2,6 +2,8 @@
 
 #include <QApplication>
 #include <QEventLoop>
+#include <QFontMetrics>
+#include <QLabel>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QTimer>
@@ -22,6 +24,15 @@ void PaintWindows() {
   QEventLoop loop;
   QTimer::singleShot(c_moment, &loop, &QEventLoop::quit);
   loop.exec(QEventLoop::ExcludeUserInputEvents);
+}
+
+/// The title stands between the icon and the buttons of the frame.
+void KeepTitleWhole(QMessageBox& box) {
+  constexpr int c_nFrameParts = 8;  // lines of text high, each as wide
+  const QFontMetrics metrics(box.font());
+  auto* const pText = box.findChild<QLabel*>(QStringLiteral("qt_msgbox_label"));
+  if (pText == nullptr) return;
+  pText->setMinimumWidth(metrics.horizontalAdvance(box.windowTitle()) + c_nFrameParts * metrics.height());
 }
 
 }  // namespace
@@ -47,6 +58,7 @@ void CQtPlatform::ShowMessage(std::string_view strText) {
   box.setTextFormat(Qt::PlainText);
   box.setText(ToQt(strText));
   box.setStandardButtons(QMessageBox::Ok);
+  KeepTitleWhole(box);
   box.button(QMessageBox::Ok)->setText(ToQt(windows::texts::c_strAcknowledge));
   box.exec();
 }
