@@ -22,7 +22,9 @@ namespace {
 void PaintWindows() {
   constexpr std::chrono::milliseconds c_moment{50};
   QEventLoop loop;
-  QTimer::singleShot(c_moment, &loop, &QEventLoop::quit);
+  QTimer timer;
+  QObject::connect(&timer, &QTimer::timeout, &loop, &QEventLoop::quit);
+  timer.start(c_moment);
   loop.exec(QEventLoop::ExcludeUserInputEvents);
 }
 
