@@ -120,12 +120,12 @@ class CCommandLine {
     CLI::Option_group* pWhat = pPlot->add_option_group("What to draw", "one of these");
     pWhat->require_option(1);
     pWhat->add_flag("--spectrum", m_bSpectrum, "Design spectrum with the periods of the modes");
-    pWhat->add_option("--mode", m_plot.nNumber, "Mode shape, from 1");
-    CLI::Option* pNode = pWhat->add_option("--node", m_plot.nNumber, "Displacement history of the node with this id");
-    CLI::Option* pElement = pWhat->add_option("--element", m_plot.nNumber, "Axial-force history of an element, from 1");
+    pWhat->add_option("--mode", m_plot.nMode, "Mode shape, from 1");
+    CLI::Option* pNode = pWhat->add_option("--node", m_nPlotted, "Displacement history of the node with this id");
+    CLI::Option* pElement = pWhat->add_option("--element", m_nPlotted, "Axial-force history of an element, from 1");
     CLI::Option* pDeformed = pWhat->add_flag("--deformed", m_bDeformed, "Structure as the static analysis deforms it");
     const std::map<std::string, int> directions = {{"X", 0}, {"Y", 1}, {"Z", 2}};
-    pPlot->add_option("--dir", m_plot.nDirection, "X, Y or Z (default X)")
+    pPlot->add_option("--dir", m_nPlotDirection, "X, Y or Z (default X)")
         ->needs(pNode)
         ->transform(CLI::CheckedTransformer(directions, CLI::ignore_case));
     pPlot->add_flag("--nonlinear", m_plot.bNonlinear, "Of the nonlinear static analysis")->needs(pDeformed);
@@ -263,6 +263,8 @@ class CCommandLine {
                                            : Kind::Spectrum;
     const std::optional<Job> job = LoadJob();
     if (!job) return c_nExitBadInput;
+    m_plot.numbers = {m_nPlotted};
+    m_plot.directions = {m_nPlotDirection};
     const std::optional<std::string> strPicture = DrawPlot(*job, GetJobPath(m_strJobFile), m_plot, m_err);
     return strPicture ? Save(*strPicture) : c_nExitBadInput;
   }
@@ -349,6 +351,8 @@ class CCommandLine {
   std::string m_strOutput;
   std::string m_strTable;
   PlotRequest m_plot;
+  int m_nPlotted = 1;
+  int m_nPlotDirection = 0;
   bool m_bDialogs = false;
   bool m_bStrict = false;
   bool m_bInputWarned = false;
