@@ -133,10 +133,8 @@ void CResultPainter::AddValues(const Ordinates& ordinates, const ForceExtremes& 
   const auto [low, high] = std::ranges::minmax_element(values);
   const std::size_t nLast = values.size() - 1;
   std::vector<std::size_t> places = {0, nLast};
-  for (const auto it : {low, high}) {
-    const auto k = static_cast<std::size_t>(it - values.begin());
-    if (k != 0 && k != nLast) places.push_back(k);
-  }
+  const auto nLargest = static_cast<std::size_t>((-*low > *high ? low : high) - values.begin());
+  if (nLargest != 0 && nLargest != nLast) places.push_back(nLargest);
   if (*high - *low < c_dConstant * dLargest) places = {nLast / 2};
   const PaintPoint middle = ToScreen(m_scene.GetMiddle(m_scene.GetMembers()[ordinates.nMember]));
   for (const std::size_t k : places) {
