@@ -24,10 +24,8 @@
 #include "skyframe/job/JobFile.h"
 #include "skyframe/platform/WideText.h"
 #include "skyframe/results/ResultList.h"
+#include "skyframe/run/AnalysisRun.h"
 #include "skyframe/run/DataDirectory.h"
-#include "skyframe/run/PlatformScope.h"
-#include "skyframe/run/PrefillPlatform.h"
-#include "skyframe/run/RunReport.h"
 #include "skyframe/run/Session.h"
 #include "skyframe/win32/Win32Platform.h"
 
@@ -241,15 +239,13 @@ void CHostWindow::OpenJob(const std::string& strFile) {
 }
 
 void CHostWindow::Analyse(AnalysisKind kind) {
-  skyframe::host::CPrefillPlatform platform(*m_pWindows, m_pWindows->GetConsole());
-  {
-    const skyframe::host::CInstalledPlatform installed(platform);
-    const auto& analyses = m_session->GetJob().analyses;
-    const auto it = std::ranges::find(analyses, kind, skyframe::host::GetKind);
-    it == analyses.end() ? m_session->Run(kind) : m_session->Run(*it, platform);
-  }
+  const auto& analyses = m_session->GetJob().analyses;
+  const auto it = std::ranges::find(analyses, kind, skyframe::host::GetKind);
+  const auto* const pValues = it == analyses.end() ? nullptr : &*it;
+  const skyframe::host::AnalysisRun run =
+      skyframe::host::RunInDialogs(*m_session, kind, pValues, *m_pWindows, m_pWindows->GetConsole());
   if (skyframe::host::GetFindings(kind).status == skyframe::RunStatus::Cancelled) return;
-  Append(skyframe::host::ReportRun(*m_session, kind).strSummary);
+  Append(run.report.strSummary);
   ShowFiles();
 }
 

@@ -55,22 +55,30 @@ std::string FormatList(std::string_view strKey, const Entries& entries, Convert 
   return strText + (entries.empty() ? "]" : "\n  ]");
 }
 
-}  // namespace
-
-std::string FormatJob(const Job& job) {
+std::string FormatLists(const Job& job) {
   const auto Plain = [](const auto& entry) { return ToJson(entry); };
   const auto InJob = [&job](const auto& entry) { return ToJson(entry, job); };
   const auto AsId = [&job](int nNode) { return Json(job.nodes[nNode - 1].nId); };
-
-  std::string strText = "{\n  \"title\": " + Json(job.strTitle).dump();
+  std::string strText;
   for (const std::string& strList :
        {FormatList("nodes", job.nodes, Plain), FormatList("springs", job.springs, Plain),
         FormatList("sections", job.sections, Plain), FormatList("elements", job.elements, InJob),
-        FormatList("inclined_supports", job.inclinedSupports, AsId), FormatList("loads", job.loads, InJob),
-        FormatList("analyses", job.analyses, InJob)}) {
-    strText.append(",\n").append(strList);
+        FormatList("inclined_supports", job.inclinedSupports, AsId), FormatList("loads", job.loads, InJob)}) {
+    strText.append(strText.empty() ? "" : ",\n").append(strList);
   }
-  return strText + "\n}\n";
+  return strText;
+}
+
+}  // namespace
+
+std::string FormatModel(const Job& job) { return "{\n" + FormatLists(job) + "\n}\n"; }
+
+std::string FormatAnalysis(const JobAnalysis& analysis, const Job& job) { return ToJson(analysis, job).dump(); }
+
+std::string FormatJob(const Job& job) {
+  const auto InJob = [&job](const auto& entry) { return ToJson(entry, job); };
+  return "{\n  \"title\": " + Json(job.strTitle).dump() + ",\n" + FormatLists(job) + ",\n" +
+         FormatList("analyses", job.analyses, InJob) + "\n}\n";
 }
 
 }  // namespace skyframe::host

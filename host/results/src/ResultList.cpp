@@ -16,7 +16,7 @@ namespace fs = std::filesystem;
 
 /// What follows the job's name in the name of a file that is the job's.
 bool IsResultSuffix(std::string_view strSuffix) {
-  if (strSuffix.empty() || strSuffix == ".json") return false;
+  if (strSuffix.empty() || strSuffix == ".json" || strSuffix == c_strStampSuffix) return false;
   return strSuffix[0] == '.' || strSuffix[0] == '_' || strSuffix == suffix::c_strVirtualResponse ||
          strSuffix == suffix::c_strImpulseLoad;
 }

@@ -1,10 +1,13 @@
 #include "skyframe/run/RunReport.h"
 
+#include <algorithm>
 #include <cmath>
 #include <filesystem>
+#include <iterator>
 #include <sstream>
 
 #include "skyframe/connect/Findings.h"
+#include "skyframe/job/Language.h"
 #include "skyframe/job/Places.h"
 #include "skyframe/job/Text.h"
 #include "skyframe/platform/Platform.h"
@@ -12,69 +15,55 @@
 #include "skyframe/report/ModalReport.h"
 #include "skyframe/report/SpectrumReport.h"
 #include "skyframe/report/StaticReport.h"
+#include "skyframe/report/SummaryLine.h"
+#include "texts.h"
 
 namespace skyframe::host {
 
 namespace {
 
-AdviceList ReportStatic(const CSession& session, std::ostream& out) {
-  const StaticFindings& findings = GetStaticFindings();
-  if (findings.status == RunStatus::Done) PrintStaticReport(session.GetJob(), findings, out);
-  return AdviseOnStatic(session.GetJob(), findings);
-}
+using Count = std::optional<ModeCount>;
 
-AdviceList ReportModes(const CSession& session, bool bCountModes, std::ostream& out) {
-  const ModalFindings& findings = GetModalFindings();
-  AdviceList list = AdviseOnModes(session.GetJob(), findings);
-  if (findings.status != RunStatus::Done) return list;
-  PrintModalReport(findings, out);
-  if (!bCountModes) return list;
-  const std::optional<ModeCount> count = CountModes(findings);
-  PrintModeCount(count, out);
-  for (Advice& advice : AdviseOnCount(findings, count)) list.push_back(std::move(advice));
-  return list;
-}
-
-AdviceList ReportSpectrum(const CSession& session, std::ostream& out) {
-  const SpectrumFindings& findings = GetSpectrumFindings();
-  if (findings.status == RunStatus::Done) PrintSpectrumReport(session.GetJob(), findings, out);
-  return AdviseOnSpectrum(session.GetJob(), findings);
-}
-
-AdviceList ReportHistory(const CSession& session, std::ostream& out) {
-  const HistoryFindings& findings = GetHistoryFindings();
-  const HistorySet& histories = session.GetHistories();
-  if (findings.status == RunStatus::Done) PrintHistoryReport(session.GetJob(), histories, out);
-  return AdviseOnHistory(session.GetJob(), findings, histories);
-}
-
-AdviceList ReportFigures(const CSession& session, AnalysisKind kind, bool bCountModes, std::ostream& out) {
+void PrintFigures(const CSession& session, AnalysisKind kind, std::ostream& out) {
   switch (kind) {
     case AnalysisKind::Static:
-      return ReportStatic(session, out);
+      return PrintStaticReport(session.GetJob(), GetStaticFindings(), out);
     case AnalysisKind::Modal:
-      return ReportModes(session, bCountModes, out);
+      return PrintModalReport(GetModalFindings(), out);
     case AnalysisKind::Spectrum:
-      return ReportSpectrum(session, out);
+      return PrintSpectrumReport(session.GetJob(), GetSpectrumFindings(), out);
     default:
-      return ReportHistory(session, out);
+      return PrintHistoryReport(session.GetJob(), session.GetHistories(), out);
   }
+}
+
+/// pCount: what a count of the modes found; null: nobody counted.
+AdviceList Advise(const CSession& session, AnalysisKind kind, const Count* pCount) {
+  const Job& job = session.GetJob();
+  if (kind == AnalysisKind::Static) return AdviseOnStatic(job, GetStaticFindings());
+  if (kind == AnalysisKind::Spectrum) return AdviseOnSpectrum(job, GetSpectrumFindings());
+  if (kind == AnalysisKind::TimeHistory) return AdviseOnHistory(job, GetHistoryFindings(), session.GetHistories());
+  AdviceList list = AdviseOnModes(job, GetModalFindings());
+  if (pCount != nullptr) std::ranges::move(AdviseOnCount(GetModalFindings(), *pCount), std::back_inserter(list));
+  return list;
 }
 
 void PrintConditioning(const Job& job, const Conditioning& conditioning, std::ostream& out) {
   if (conditioning.place.nNode == 0) return;
-  const std::string strDigits =
-      std::isfinite(conditioning.dLostDigits) ? Format("%.1f", conditioning.dLostDigits) : std::string("all");
-  out << "  conditioning          " << strDigits << " digits lost, at " << DescribePlace(job, conditioning.place)
-      << '\n';
+  const double dLost = conditioning.dLostDigits;
+  const std::string strPlace = DescribePlace(job, conditioning.place);
+  PrintLine(Say(texts::c_conditioning),
+            std::isfinite(dLost) ? Say(texts::c_digitsLost, {Format("%.1f", dLost), strPlace})
+                                 : Say(texts::c_allDigitsLost, {strPlace}),
+            out);
 }
 
 void PrintFiles(const RunFindings& findings, std::ostream& out) {
-  if (findings.status == RunStatus::Done) out << Format("  time                  %.2f s\n", findings.dSeconds);
+  if (findings.status == RunStatus::Done) PrintLine(Say(texts::c_time), Format("%.2f s", findings.dSeconds), out);
   for (const std::string& strPath : findings.files) {
     std::error_code error;
-    out << "  file                  " << EscapeControls(strPath) << ", "
-        << std::filesystem::file_size(ToFilePath(strPath), error) << " bytes\n";
+    const std::uintmax_t nBytes = std::filesystem::file_size(ToFilePath(strPath), error);
+    PrintLine(Say(texts::c_file), Say(texts::c_bytes, {EscapeControls(strPath), std::to_string(nBytes)}), out);
   }
 }
 
@@ -82,10 +71,19 @@ void PrintFiles(const RunFindings& findings, std::ostream& out) {
 
 RunReport ReportRun(const CSession& session, AnalysisKind kind, bool bCountModes) {
   const RunFindings& findings = GetFindings(kind);
-  std::ostringstream out;
-  if (findings.status != RunStatus::Done) out << "  no result\n";
+  const bool bDone = findings.status == RunStatus::Done;
+  const bool bCount = bDone && bCountModes && kind == AnalysisKind::Modal;
+  const Count count = bCount ? CountModes(GetModalFindings()) : std::nullopt;
   RunReport report;
-  report.advice = ReportFigures(session, kind, bCountModes, out);
+  for (const Language language : {Language::English, Language::Chinese}) {
+    const CLanguageScope scope(language);
+    report.adviceIn[static_cast<std::size_t>(language)] = Advise(session, kind, bCount ? &count : nullptr);
+  }
+  report.advice = report.adviceIn[static_cast<std::size_t>(GetLanguage())];
+  std::ostringstream out;
+  if (!bDone) out << "  " << Say(texts::c_noResult) << '\n';
+  if (bDone) PrintFigures(session, kind, out);
+  if (bCount) PrintModeCount(count, out);
   PrintConditioning(session.GetJob(), findings.conditioning, out);
   for (const Advice& advice : report.advice) out << "  " << EscapeControls(FormatAdvice(advice)) << '\n';
   PrintFiles(findings, out);

@@ -3,6 +3,7 @@
 #include <optional>
 #include <string>
 #include <utility>
+#include <vector>
 
 #include "skyframe/connect/Inquiries.h"
 #include "skyframe/job/Job.h"
@@ -28,6 +29,8 @@ class CSession {
   [[nodiscard]] static std::optional<CSession> Open(Job job, std::string strJobPath, const std::string& strProgramPath);
 
   [[nodiscard]] const Job& GetJob() const { return m_job; }
+  /// The model stays.
+  void SetAnalyses(std::vector<JobAnalysis> analyses) { m_job.analyses = std::move(analyses); }
   [[nodiscard]] const std::string& GetJobPath() const { return m_strJobPath; }
 
   /// Calls the entry point of the analysis, whose dialogs the platform in force shows.

@@ -1,0 +1,75 @@
+#include "skyframe/run/AnalysisRun.h"
+
+#include "skyframe/job/DialogFields.h"
+#include "skyframe/run/PlatformScope.h"
+#include "skyframe/run/PrefillPlatform.h"
+#include "skyframe/run/Stamps.h"
+#include "texts.h"
+
+namespace skyframe::host {
+
+namespace {
+
+struct NameOf {
+  const Words& operator()(const StaticJob& analysis) const {
+    return *WithDefaults(analysis).bNonlinear ? texts::c_staticNonlinear : texts::c_staticLinear;
+  }
+  const Words& operator()(const ModalJob&) const { return texts::c_modal; }
+  const Words& operator()(const SpectrumJob&) const { return texts::c_spectrum; }
+  const Words& operator()(const WilsonJob&) const { return texts::c_wilson; }
+  const Words& operator()(const NewmarkJob&) const { return texts::c_newmark; }
+};
+
+/// Whether a count of the modes is wanted.
+bool IsCountWanted(const JobAnalysis& analysis) {
+  const auto* pModal = std::get_if<ModalJob>(&analysis);
+  return pModal != nullptr && *WithDefaults(*pModal).bVerify;
+}
+
+/// What the dialogs have no control for stays as it was.
+struct HiddenFields {
+  void operator()(ModalJob& analysis, const ModalJob& former) const { analysis.bVerify = former.bVerify; }
+  void operator()(SpectrumJob& analysis, const SpectrumJob& former) const {
+    analysis.bVirtualMode = former.bVirtualMode;
+    analysis.nPseudoLoad = former.nPseudoLoad;
+  }
+  template <class A, class B>
+  void operator()(A& /*analysis*/, const B& /*former*/) const {}
+};
+
+/// bCalm: every step of the dialogs was taken.
+AnalysisRun Conclude(const CSession& session, AnalysisKind kind, std::optional<JobAnalysis> analysis,
+                     const CHostPlatform& platform, bool bCalm) {
+  const RunFindings& findings = GetFindings(kind);
+  AnalysisRun run;
+  run.analysis = std::move(analysis);
+  run.errors = platform.GetScriptErrors();
+  run.report = ReportRun(session, kind, !run.analysis || IsCountWanted(*run.analysis));
+  run.bGood = findings.status == RunStatus::Done && bCalm && run.errors.empty() && findings.failures.empty() &&
+              !HasError(run.report.advice);
+  if (run.analysis) StampResults(session, *run.analysis, run.report);
+  return run;
+}
+
+}  // namespace
+
+std::string_view GetName(const JobAnalysis& analysis) { return Say(std::visit(NameOf{}, analysis)); }
+
+AnalysisRun RunScripted(CSession& session, const JobAnalysis& analysis, CHostPlatform& platform) {
+  const CInstalledPlatform installed(platform);
+  session.Run(analysis, platform);
+  return Conclude(session, GetKind(analysis), analysis, platform, !platform.HasUnusedScripts());
+}
+
+AnalysisRun RunInDialogs(CSession& session, AnalysisKind kind, const JobAnalysis* pValues, IPlatform& windows,
+                         std::ostream& console) {
+  CPrefillPlatform platform(windows, console);
+  const CInstalledPlatform installed(platform);
+  pValues == nullptr ? session.Run(kind) : session.Run(*pValues, platform);
+  std::optional<JobAnalysis> confirmed = platform.GetConfirmed();
+  if (confirmed && pValues != nullptr) std::visit(HiddenFields{}, *confirmed, *pValues);
+  if (!confirmed && pValues != nullptr) confirmed = *pValues;
+  return Conclude(session, kind, std::move(confirmed), platform, true);
+}
+
+}  // namespace skyframe::host

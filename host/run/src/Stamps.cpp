@@ -1,0 +1,176 @@
+#include "skyframe/run/Stamps.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <nlohmann/json.hpp>
+#include <optional>
+#include <system_error>
+
+#include "skyframe/job/DialogFields.h"
+#include "skyframe/job/JobFile.h"
+#include "skyframe/job/Text.h"
+#include "skyframe/platform/OutputFile.h"
+#include "skyframe/platform/Platform.h"
+#include "skyframe/results/ResultList.h"
+#include "skyframe/values/ResultFiles.h"
+
+namespace skyframe::host {
+
+namespace {
+
+using Json = nlohmann::ordered_json;
+
+constexpr Words c_outdated = {"{0} was computed from another model on {1}; run the analysis again",
+                              "{0} 是 {1} 由另一模型算得的，请重新分析"};
+constexpr std::array<const char*, 2> c_pszAdvice = {"advice_en", "advice_zh"};
+
+std::optional<std::uintmax_t> MeasureFile(const std::string& strPath) {
+  std::error_code error;
+  const std::uintmax_t nBytes = std::filesystem::file_size(ToFilePath(strPath), error);
+  return error ? std::nullopt : std::optional(nBytes);
+}
+
+/// FNV-1a of 64 bits.
+std::uint64_t Hash(std::string_view strText) {
+  std::uint64_t nHash = 0xcbf29ce484222325U;
+  for (const char c : strText) nHash = (nHash ^ static_cast<unsigned char>(c)) * 0x100000001b3U;
+  return nHash;
+}
+
+std::string FormatTime(const LocalTime& t) {
+  return Format("%04d-%02d-%02d %02d:%02d:%02d", t.nYear, t.nMonth, t.nDay, t.nHour, t.nMinute, t.nSecond);
+}
+
+Json ToJson(const AdviceList& list) {
+  Json rows = Json::array();
+  for (const Advice& advice : list) {
+    rows.push_back({{"error", advice.severity == Severity::Error}, {"name", advice.strName}, {"text", advice.strText}});
+  }
+  return rows;
+}
+
+Json ToJson(const ResultStamp& stamp) {
+  Json object = {{"model", stamp.strModel}, {"version", stamp.strVersion}, {"time", stamp.strTime}};
+  object["analysis"] = Json::parse(stamp.strAnalysis, nullptr, false);
+  object["files"] = Json::object();
+  for (const auto& [strSuffix, nBytes] : stamp.files) object["files"][strSuffix] = nBytes;
+  for (std::size_t k = 0; k < stamp.advice.size(); ++k) object[c_pszAdvice[k]] = ToJson(stamp.advice[k]);
+  return object;
+}
+
+std::string ReadText(const Json& object, const char* pszKey) {
+  const auto it = object.find(pszKey);
+  return it != object.end() && it->is_string() ? it->get<std::string>() : std::string();
+}
+
+AdviceList ReadAdvice(const Json& object, const char* pszKey) {
+  AdviceList list;
+  const auto it = object.find(pszKey);
+  if (it == object.end() || !it->is_array()) return list;
+  for (const Json& row : *it) {
+    if (!row.is_object()) continue;
+    const Severity severity = row.value("error", Json()) == Json(true) ? Severity::Error : Severity::Warning;
+    list.push_back({severity, ReadText(row, "name"), ReadText(row, "text")});
+  }
+  return list;
+}
+
+ResultStamp ReadStamp(const Json& object) {
+  ResultStamp stamp;
+  stamp.strModel = ReadText(object, "model");
+  stamp.strVersion = ReadText(object, "version");
+  stamp.strTime = ReadText(object, "time");
+  const auto analysis = object.find("analysis");
+  if (analysis != object.end() && analysis->is_object()) stamp.strAnalysis = analysis->dump();
+  const auto files = object.find("files");
+  if (files != object.end() && files->is_object()) {
+    for (const auto& [strSuffix, bytes] : files->items()) {
+      if (bytes.is_number_unsigned()) stamp.files[strSuffix] = bytes.get<std::uintmax_t>();
+    }
+  }
+  for (std::size_t k = 0; k < stamp.advice.size(); ++k) stamp.advice[k] = ReadAdvice(object, c_pszAdvice[k]);
+  return stamp;
+}
+
+}  // namespace
+
+std::vector<std::string_view> ListSuffixes(const JobAnalysis& analysis) {
+  if (const auto* const pStatic = std::get_if<StaticJob>(&analysis)) {
+    return {*WithDefaults(*pStatic).bNonlinear ? suffix::c_strStaticNonlinear : suffix::c_strStaticLinear};
+  }
+  if (std::holds_alternative<ModalJob>(analysis)) return {suffix::c_strModes};
+  if (std::holds_alternative<SpectrumJob>(analysis)) return {suffix::c_strSpectrum};
+  return {suffix::c_strHistory};
+}
+
+std::string FormModelMark(const Job& job) {
+  return Format("%016llx", static_cast<unsigned long long>(Hash(FormatModel(job))));
+}
+
+CStamps CStamps::Read(const std::string& strJobPath) {
+  CStamps stamps(strJobPath);
+  const std::optional<std::string> strText = ReadWholeFile(strJobPath + std::string(c_strStampSuffix));
+  const Json tree = strText ? Json::parse(*strText, nullptr, false) : Json();
+  if (!tree.is_array()) return stamps;
+  for (const Json& object : tree) {
+    if (object.is_object()) stamps.m_stamps.push_back(ReadStamp(object));
+  }
+  return stamps;
+}
+
+const ResultStamp* CStamps::Find(std::string_view strSuffix) const {
+  for (const ResultStamp& stamp : m_stamps) {
+    const auto it = stamp.files.find(std::string(strSuffix));
+    if (it == stamp.files.end()) continue;
+    return MeasureFile(m_strJobPath + it->first) == it->second ? &stamp : nullptr;
+  }
+  return nullptr;
+}
+
+bool CStamps::IsOutdated(std::string_view strSuffix, std::string_view strModel) const {
+  const ResultStamp* const pStamp = Find(strSuffix);
+  return pStamp != nullptr && pStamp->strModel != strModel;
+}
+
+void CStamps::Add(ResultStamp stamp) {
+  for (ResultStamp& older : m_stamps) {
+    for (const auto& file : stamp.files) older.files.erase(file.first);
+  }
+  std::erase_if(m_stamps, [](const ResultStamp& older) { return older.files.empty(); });
+  m_stamps.push_back(std::move(stamp));
+}
+
+std::string CStamps::Write() const {
+  Json tree = Json::array();
+  for (const ResultStamp& stamp : m_stamps) tree.push_back(ToJson(stamp));
+  COutputFile file(m_strJobPath + std::string(c_strStampSuffix));
+  file.GetStream() << tree.dump(1, ' ', false, Json::error_handler_t::replace) << '\n';
+  return file.Commit() ? std::string() : file.GetError();
+}
+
+std::string StampResults(const CSession& session, const JobAnalysis& analysis, const RunReport& report) {
+  const std::string& strJobPath = session.GetJobPath();
+  ResultStamp stamp;
+  for (const std::string& strFile : GetFindings(GetKind(analysis)).files) {
+    const std::optional<std::uintmax_t> nBytes = MeasureFile(strFile);
+    if (nBytes && strFile.starts_with(strJobPath)) stamp.files[strFile.substr(strJobPath.size())] = *nBytes;
+  }
+  if (stamp.files.empty()) return {};
+  stamp.strModel = FormModelMark(session.GetJob());
+  stamp.strVersion = SKYFRAME_VERSION;
+  stamp.strTime = FormatTime(GetPlatform().GetLocalTime());
+  stamp.strAnalysis = FormatAnalysis(analysis, session.GetJob());
+  stamp.advice = report.adviceIn;
+  CStamps stamps = CStamps::Read(strJobPath);
+  stamps.Add(std::move(stamp));
+  return stamps.Write();
+}
+
+AdviceList AdviseOnAge(const Job& job, const std::string& strJobPath, std::string_view strSuffix) {
+  const CStamps stamps = CStamps::Read(strJobPath);
+  if (!stamps.IsOutdated(strSuffix, FormModelMark(job))) return {};
+  const std::string strFile = FromFilePath(ToFilePath(strJobPath + std::string(strSuffix)).filename());
+  return {{Severity::Warning, "outdated-result", Say(c_outdated, {strFile, stamps.Find(strSuffix)->strTime})}};
+}
+
+}  // namespace skyframe::host
