@@ -13,7 +13,8 @@ namespace {
 
 constexpr double c_dLabelHeight = 12.0;
 constexpr double c_dCurveWidth = 1.3;
-constexpr double c_dMargin = 0.12;  // of the range, above and below the curves
+constexpr double c_dMargin = 0.12;      // of the range, above and below the curves
+constexpr double c_dRoundOff = 1.0e-6;  // of the largest peak: beside it nothing
 constexpr int c_nTimeTicks = 12, c_nValueTicks = 10;
 constexpr std::size_t c_nMostLabels = 40;
 constexpr Colour c_cursorColour{0x6b, 0x74, 0x80};
@@ -144,8 +145,11 @@ void PaintHistoryChart(IPaintContext& paint, const HistoryPicture& picture, Pict
     peaks.push_back(FindPeakPoint(points));
   }
   PaintCurveLegend(chart, picture, labels);
+  double dLargest = 0.0;
+  for (const auto& peak : peaks) dLargest = std::max(dLargest, peak ? std::abs(peak->dY) : 0.0);
   for (std::size_t c = 0; c < peaks.size(); ++c) {
-    if (peaks[c]) MarkPeak(chart, frame, picture, *peaks[c], bSingle ? c_markColour : GetCurveColour(c), labels);
+    if (peaks[c] && std::abs(peaks[c]->dY) > c_dRoundOff * dLargest)
+      MarkPeak(chart, frame, picture, *peaks[c], bSingle ? c_markColour : GetCurveColour(c), labels);
   }
   if (picture.cursor) PaintCursor(paint, chart, frame, picture, labels);
   labels.Paint(paint);

@@ -10,7 +10,8 @@ namespace skyframe::host {
 
 namespace {
 
-constexpr double c_dGap = 2.0;      // pixels, from the point
+constexpr double c_dGap = 2.0;  // pixels, from the point
+constexpr double c_dSamePoint = 3.0;
 constexpr double c_dPadding = 2.0;  // around the text
 // Turns away from the direction wished for, degrees.
 constexpr std::array<double, 5> c_dTurns = {0.0, 50.0, -50.0, 100.0, -100.0};
@@ -73,12 +74,20 @@ bool CLabelField::IsFree(const Box& box) const {
 void CLabelField::Paint(IPaintContext& paint) {
   std::ranges::stable_sort(m_labels, std::ranges::greater(), &Label::dPriority);
   for (const Label& label : m_labels) {
-    if (m_nPainted < m_nMost && IsInside(m_within, label.at)) PaintOne(paint, label);
+    if (m_painted.size() < m_nMost && IsInside(m_within, label.at)) PaintOne(paint, label);
   }
   m_labels.clear();
 }
 
+bool CLabelField::IsSaid(const Label& label) const {
+  return std::ranges::any_of(m_painted, [&](const Label& other) {
+    return other.strText == label.strText &&
+           std::hypot(other.at.dX - label.at.dX, other.at.dY - label.at.dY) < c_dSamePoint;
+  });
+}
+
 void CLabelField::PaintOne(IPaintContext& paint, const Label& label) {
+  if (IsSaid(label)) return;
   const double dWidth = EstimateTextWidth(label.strText, m_dTextHeight) + 2.0 * c_dPadding;
   const double dHeight = 1.2 * m_dTextHeight;
   const PaintPoint wished = FindDirection(label.aside);
@@ -89,7 +98,7 @@ void CLabelField::PaintOne(IPaintContext& paint, const Label& label) {
     const Box box = MoveInto(m_within, PlaceBeside(label.at, direction, dWidth, dHeight));
     if (!IsFree(box)) continue;
     Reserve(box);
-    ++m_nPainted;
+    m_painted.push_back(label);
     const PaintPoint middle{0.5 * (box.dLeft + box.dRight), 0.5 * (box.dTop + box.dBottom)};
     paint.SetTextHeight(m_dTextHeight);
     paint.SetPen(m_ground);
