@@ -2,6 +2,7 @@
 
 #include "FieldList.h"
 #include "JobCapacities.h"
+#include "ReportFields.h"
 
 namespace skyframe::host {
 
@@ -93,7 +94,8 @@ std::string FormatJobSchema() {
                   {"elements", ArrayType(DescribeElement())},
                   {"inclined_supports", ArrayType(IntegerType())},
                   {"loads", ArrayType(DescribeLoad())},
-                  {"analyses", ArrayType(analyses)}};
+                  {"analyses", ArrayType(analyses)},
+                  {"report", DescribeReportFields()}};
   for (const ArrayCapacity& capacity : c_capacities) members[capacity.strKey]["maxItems"] = capacity.nEntries;
   Json schema = {{"$schema", "http://json-schema.org/draft-07/schema#"}, {"title", "Skyframe job"}};
   schema.update(ObjectType(std::move(members), {"nodes", "elements"}));
