@@ -202,6 +202,7 @@ TEST_F(CommandLine, SpeaksChineseThroughoutOnRequest) {
       {"run", "--help"},
       {"generate", "--help"},
       {"generate", "building", "--help"},
+      {"report", "--help"},
       {"schema", "--help"},
       {},
       {"check", "a", "b"},

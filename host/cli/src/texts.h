@@ -78,6 +78,11 @@ inline constexpr Words c_plotViewer = {"The result viewer's picture of a history
 inline constexpr Words c_viewerOnly = {"--viewer: belongs to --node or --element",
                                        "--viewer：与 --node 或 --element 同用"};
 
+// report
+inline constexpr Words c_report = {"Write the calculation report of a job as HTML", "写出作业的计算书（HTML）"};
+inline constexpr Words c_solvedJob = {"Job file (JSON) whose analyses have run", "已作过分析的作业文件（JSON）"};
+inline constexpr Words c_reportOutput = {"HTML file to write", "要写的 HTML 文件"};
+
 // generate
 inline constexpr Words c_generate = {"Write a job file for a regular structure", "生成规则结构的作业文件"};
 inline constexpr Words c_generateOutput = {"Job file to write (default: standard output)",
