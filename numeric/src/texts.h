@@ -2,7 +2,7 @@
 
 #include <string_view>
 
-/// Fixed texts of the dense and the skyline matrix, letter for letter.
+/// Fixed texts of the dense and the skyline matrix.
 namespace skyframe::numeric::texts {
 
 inline constexpr std::string_view c_strInPlaceProductShape =

@@ -3,13 +3,11 @@
 #include <memory>
 
 #include "skyframe/qt/Font.h"
-#include "texts.h"
 
 namespace skyframe::gui {
 
 CAdvicePanel::CAdvicePanel(QWidget* pParent) : QListWidget(pParent) {
   setObjectName(QStringLiteral("advice"));
-  setToolTip(ToQt(texts::c_strAdviceTip));
   setWordWrap(true);
   setResizeMode(QListView::Adjust);
   setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);

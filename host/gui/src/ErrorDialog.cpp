@@ -11,12 +11,12 @@ namespace skyframe::gui {
 CErrorDialog::CErrorDialog(const QString& strFile, const std::vector<host::JobProblem>& errors, QWidget* pParent)
     : QDialog(pParent), m_layout(this), m_buttons(QDialogButtonBox::Close) {
   setObjectName(QStringLiteral("errors"));
-  setWindowTitle(ToQt(texts::c_strErrorTitle));
+  setWindowTitle(ToQt(Say(texts::c_errorTitle)));
   m_heading.setText(strFile);
   m_heading.setTextFormat(Qt::PlainText);
   m_heading.setWordWrap(true);
   m_list.setObjectName(QStringLiteral("problems"));
-  m_list.setHeaderLabels({ToQt(texts::c_strPlace), ToQt(texts::c_strReason)});
+  m_list.setHeaderLabels({ToQt(Say(texts::c_place)), ToQt(Say(texts::c_reason))});
   m_list.setRootIsDecorated(false);
   QList<QTreeWidgetItem*> rows;
   for (const host::JobProblem& problem : errors) {
@@ -26,8 +26,8 @@ CErrorDialog::CErrorDialog(const QString& strFile, const std::vector<host::JobPr
   }
   m_list.addTopLevelItems(rows);
   m_list.header()->setSectionResizeMode(0, QHeaderView::ResizeToContents);
-  m_consequence.setText(ToQt(texts::c_strErrorKept));
-  m_buttons.button(QDialogButtonBox::Close)->setText(ToQt(texts::c_strClose));
+  m_consequence.setText(ToQt(Say(texts::c_errorKept)));
+  m_buttons.button(QDialogButtonBox::Close)->setText(ToQt(Say(texts::c_close)));
   connect(&m_buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
   m_layout.addWidget(&m_heading);
   m_layout.addWidget(&m_list);

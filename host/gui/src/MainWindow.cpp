@@ -4,19 +4,21 @@
 #include <QCloseEvent>
 #include <QFileDialog>
 #include <QFileInfo>
-#include <QMenuBar>
 #include <QMessageBox>
+#include <QPushButton>
 #include <QStatusBar>
 #include <algorithm>
 #include <array>
 #include <iterator>
+#include <sstream>
+#include <utility>
 
 #include "ErrorDialog.h"
 #include "ShapeTitle.h"
+#include "skyframe/connect/Findings.h"
 #include "skyframe/qt/Font.h"
 #include "skyframe/results/Histories.h"
-#include "skyframe/run/DataDirectory.h"
-#include "skyframe/run/RunReport.h"
+#include "skyframe/run/PrefillPlatform.h"
 #include "texts.h"
 
 namespace skyframe::gui {
@@ -25,93 +27,90 @@ namespace {
 
 constexpr int c_nMostConsoleLines = 20000;
 constexpr qsizetype c_nMostRecent = 8;
-constexpr int c_nAmplitudeSteps = 100;
-constexpr double c_dLargestAmplitude = 0.5;  // parts of the structure's radius
-constexpr int c_nUsualAmplitude = 25;
-constexpr int c_nSliderWidth = 180;
-constexpr int c_nMenuMargin = 3;  // heights of a line beside a menu's longest text
 constexpr std::array<int, 3> c_nFontPercents = {100, 125, 150};
+constexpr std::array<const char*, 2> c_pszLanguages = {"en", "zh"};  // by Language
+constexpr std::array<const char*, 2> c_pszLanguageNames = {"English", "中文"};
 
 const QString c_strRecentKey = QStringLiteral("recent");
 const QString c_strFontKey = QStringLiteral("font_percent");
+const QString c_strLanguageKey = QStringLiteral("language");
 const QString c_strGeometryKey = QStringLiteral("geometry");
 const QString c_strStateKey = QStringLiteral("state");
-
-/// Room for every text: a style may reckon with marks that are smaller than those of a large font.
-void WidenMenu(QMenu& menu) {
-  const QFontMetrics metrics = menu.fontMetrics();
-  int nText = 0;
-  for (const QAction* const pAction : menu.actions()) {
-    const QString strKeys = pAction->shortcut().toString(QKeySequence::NativeText);
-    nText = std::max(nText, metrics.horizontalAdvance(pAction->text() + strKeys));
-  }
-  menu.setMinimumWidth(nText + c_nMenuMargin * metrics.height());
-}
 
 std::unique_ptr<QSettings> OpenSettings(const QString& strFile) {
   if (!strFile.isEmpty()) return std::make_unique<QSettings>(strFile, QSettings::IniFormat);
   return std::make_unique<QSettings>(QStringLiteral("skyframe"), QStringLiteral("skyframe-gui"));
 }
 
+/// Chinese unless the person has chosen the other.
+host::Language ReadLanguage(const QSettings& settings) {
+  const bool bEnglish = settings.value(c_strLanguageKey).toString() == QLatin1String("en");
+  return bEnglish ? host::Language::English : host::Language::Chinese;
+}
+
 }  // namespace
 
 CMainWindow::CMainWindow(const QString& strSettingsFile)
     : m_pSettings(OpenSettings(strSettingsFile)),
+      m_language(ReadLanguage(*m_pSettings)),
       m_platform(this),
       m_pPrevious(InstallPlatform(&m_platform)),
-      m_shapeBar(this),
+      m_make(*this, m_document),
+      m_shapeBar(m_document, m_view, this),
+      m_analysisDock(this),
+      m_analyses(m_document,
+                 [this](std::size_t nIndex) {
+                   const host::JobAnalysis analysis = m_document.GetJob().analyses[nIndex];
+                   Analyse(host::GetKind(analysis), &analysis);
+                 }),
       m_consoleDock(this),
       m_decoder(QStringDecoder::Utf8),
+      m_summaryDock(this),
       m_adviceDock(this),
       m_resultDock(this),
+      m_results(m_document),
       m_recentMenu(this),
-      m_fontSizes(this) {
+      m_fontSizes(this),
+      m_languages(this) {
   setObjectName(QStringLiteral("main"));
-  setWindowTitle(ToQt(texts::c_strProgram));
   setCentralWidget(&m_view);
+  addToolBar(&m_shapeBar);
   MakeFileMenu();
   MakeAnalysisMenu();
-  MakeShapeBar();
   MakeDocks();
   MakeViewMenu();
   MakeHelpMenu();
   statusBar()->show();
+  m_document.jobOpened.Connect([this] { ShowStructure(); });
+  m_document.analysesChanged.Connect([this] { ShowTitle(); });
+  m_document.resultsChanged.Connect([this] { ShowTitle(); });
+  m_document.OnLanguage([this] { ShowTitle(); });
   m_platform.SetConsoleSink([this](std::string_view strText) { AppendConsole(strText); });
   SetFontScale(m_pSettings->value(c_strFontKey, 100).toInt() / 100.0);
-  resize(1180, 780);
+  resize(1280, 820);
   restoreGeometry(m_pSettings->value(c_strGeometryKey).toByteArray());
   restoreState(m_pSettings->value(c_strStateKey).toByteArray());
-  RefreshResults();
-}
-
-QMenu& CMainWindow::AddMenu(std::string_view strTitle) {
-  QMenu& menu = *menuBar()->addMenu(ToQt(strTitle));
-  menu.setToolTipsVisible(true);
-  connect(&menu, &QMenu::aboutToShow, this, [&menu] { WidenMenu(menu); });
-  return menu;
+  for (QAction* const pAction : m_jobActions) pAction->setEnabled(false);
 }
 
 CMainWindow::~CMainWindow() { InstallPlatform(m_pPrevious); }
 
 void CMainWindow::closeEvent(QCloseEvent* pEvent) {
+  if (!MayLeaveJob()) return pEvent->ignore();
   m_pSettings->setValue(c_strGeometryKey, saveGeometry());
   m_pSettings->setValue(c_strStateKey, saveState());
   pEvent->accept();
 }
 
-QAction* CMainWindow::AddAction(QMenu& menu, std::string_view strText, std::string_view strTip, const char* strName,
-                                std::function<void()> action) {
-  QAction* const pAction = menu.addAction(ToQt(strText));
-  pAction->setObjectName(QString::fromLatin1(strName));
-  pAction->setToolTip(ToQt(strTip));
-  pAction->setStatusTip(ToQt(strTip));
-  connect(pAction, &QAction::triggered, this, std::move(action));
-  return pAction;
+QAction* CMainWindow::AddJobAction(QMenu& menu, const host::Words& text, const host::Words& tip, const char* pszName,
+                                   std::function<void()> action) {
+  m_jobActions.push_back(m_make.AddAction(menu, text, tip, pszName, std::move(action)));
+  return m_jobActions.back();
 }
 
-QAction* CMainWindow::AddOption(QMenu& menu, std::string_view strText, std::string_view strTip, const char* strName,
-                                bool ViewOptions::*pOption) {
-  QAction* const pAction = AddAction(menu, strText, strTip, strName, [] {});
+void CMainWindow::AddOption(QMenu& menu, const host::Words& text, const host::Words& tip, const char* pszName,
+                            bool ViewOptions::*pOption) {
+  QAction* const pAction = m_make.AddAction(menu, text, tip, pszName, [] {});
   pAction->setCheckable(true);
   pAction->setChecked(m_view.GetOptions().*pOption);
   connect(pAction, &QAction::toggled, this, [this, pOption](bool bOn) {
@@ -119,113 +118,106 @@ QAction* CMainWindow::AddOption(QMenu& menu, std::string_view strText, std::stri
     options.*pOption = bOn;
     m_view.SetOptions(options);
   });
-  return pAction;
 }
 
 void CMainWindow::MakeFileMenu() {
-  QMenu& menu = AddMenu(texts::c_strFileMenu);
-  AddAction(menu, texts::c_strOpen, texts::c_strOpenTip, "open", [this] { OnOpen(); })->setShortcut(QKeySequence::Open);
-  m_recentMenu.setTitle(ToQt(texts::c_strRecent));
+  QMenu& menu = m_make.AddMenu(texts::c_fileMenu);
+  m_make.AddAction(menu, texts::c_open, texts::c_openTip, "open", [this] { OnOpen(); })
+      ->setShortcut(QKeySequence::Open);
+  m_document.OnLanguage([this] { m_recentMenu.setTitle(ToQt(Say(texts::c_recent))); });
   menu.addMenu(&m_recentMenu);
   FillRecentMenu();
-  QAction* const pReload =
-      AddAction(menu, texts::c_strReload, texts::c_strReloadTip, "reload", [this] { OpenJob(m_strJobFile); });
-  pReload->setShortcut(QKeySequence::Refresh);
-  m_jobActions.push_back(pReload);
+  AddJobAction(menu, texts::c_reload, texts::c_reloadTip, "reload", [this] {
+    OpenJob(m_document.GetFile());
+  })->setShortcut(QKeySequence(QStringLiteral("Ctrl+R")));
   menu.addSeparator();
-  m_jobActions.push_back(
-      AddAction(menu, texts::c_strSavePicture, texts::c_strSavePictureTip, "picture", [this] { OnSavePicture(); }));
+  AddJobAction(menu, texts::c_save, texts::c_saveTip, "save", [this] { OnSave(); })->setShortcut(QKeySequence::Save);
+  AddJobAction(menu, texts::c_saveAs, texts::c_saveAsTip, "save_as", [this] {
+    OnSaveAs();
+  })->setShortcut(QKeySequence::SaveAs);
+  AddJobAction(menu, texts::c_savePicture, texts::c_savePictureTip, "picture", [this] { OnSavePicture(); });
   menu.addSeparator();
-  AddAction(menu, texts::c_strQuit, texts::c_strQuitTip, "quit", [this] { close(); })->setShortcut(QKeySequence::Quit);
+  m_make.AddAction(menu, texts::c_quit, texts::c_quitTip, "quit", [this] { close(); })->setShortcut(QKeySequence::Quit);
 }
 
 void CMainWindow::MakeAnalysisMenu() {
-  QMenu& menu = AddMenu(texts::c_strAnalysisMenu);
-  const auto addRun = [this, &menu](std::string_view strText, std::string_view strTip, const char* strName,
+  QMenu& menu = m_make.AddMenu(texts::c_analysisMenu);
+  const auto addRun = [this, &menu](const host::Words& text, const host::Words& tip, const char* pszName, Qt::Key key,
                                     host::AnalysisKind kind) {
-    m_jobActions.push_back(AddAction(menu, strText, strTip, strName, [this, kind] { Analyse(kind); }));
+    AddJobAction(menu, text, tip, pszName, [this, kind] {
+      Analyse(kind, m_document.FindAnalysis(kind));
+    })->setShortcut(key);
   };
   using Kind = host::AnalysisKind;
-  addRun(texts::c_strModal, texts::c_strModalTip, "modal", Kind::Modal);
-  addRun(texts::c_strSpectrum, texts::c_strSpectrumTip, "spectrum", Kind::Spectrum);
-  addRun(texts::c_strTimeHistory, texts::c_strTimeHistoryTip, "time_history", Kind::TimeHistory);
-  m_jobActions.push_back(AddAction(menu, texts::c_strHistoryResults, texts::c_strHistoryResultsTip, "history_results",
-                                   [this] { ShowHistories(); }));
-  addRun(texts::c_strStatic, texts::c_strStaticTip, "static", Kind::Static);
+  addRun(texts::c_modal, texts::c_modalTip, "modal", Qt::Key_F2, Kind::Modal);
+  addRun(texts::c_spectrum, texts::c_spectrumTip, "spectrum", Qt::Key_F3, Kind::Spectrum);
+  addRun(texts::c_timeHistory, texts::c_timeHistoryTip, "time_history", Qt::Key_F4, Kind::TimeHistory);
+  AddJobAction(menu, texts::c_historyResults, texts::c_historyResultsTip, "history_results", [this] {
+    ShowHistories();
+  })->setShortcut(Qt::Key_F5);
+  addRun(texts::c_static, texts::c_staticTip, "static", Qt::Key_F6, Kind::Static);
+  menu.addSeparator();
+  AddJobAction(menu, texts::c_runAll, texts::c_runAllTip, "run_all", [this] { RunAll(); })->setShortcut(Qt::Key_F9);
 }
 
 void CMainWindow::MakeViewMenu() {
-  QMenu& menu = AddMenu(texts::c_strViewMenu);
-  const auto addView = [this, &menu](std::string_view strText, std::string_view strTip, const char* strName,
+  QMenu& menu = m_make.AddMenu(texts::c_viewMenu);
+  const auto addView = [this, &menu](const host::Words& text, const host::Words& tip, const char* pszName, Qt::Key key,
                                      host::ViewDirection view) {
-    AddAction(menu, strText, strTip, strName, [this, view] { m_view.SetDirection(view); });
+    m_make.AddAction(menu, text, tip, pszName, [this, view] { m_view.SetDirection(view); })->setShortcut(key);
   };
-  addView(texts::c_strIsometric, texts::c_strIsometricTip, "isometric", host::c_obliqueView);
-  addView(texts::c_strFront, texts::c_strFrontTip, "front", host::c_frontView);
-  addView(texts::c_strSide, texts::c_strSideTip, "side", host::c_sideView);
-  addView(texts::c_strPlan, texts::c_strPlanTip, "plan", host::c_planView);
-  AddAction(menu, texts::c_strFit, texts::c_strFitTip, "fit", [this] { m_view.FitAll(); });
+  addView(texts::c_isometric, texts::c_isometricTip, "isometric", Qt::Key_0, host::c_obliqueView);
+  addView(texts::c_front, texts::c_frontTip, "front", Qt::Key_1, host::c_frontView);
+  addView(texts::c_side, texts::c_sideTip, "side", Qt::Key_2, host::c_sideView);
+  addView(texts::c_plan, texts::c_planTip, "plan", Qt::Key_3, host::c_planView);
+  m_make.AddAction(menu, texts::c_fit, texts::c_fitTip, "fit", [this] { m_view.FitAll(); });
   menu.addSeparator();
-  AddOption(menu, texts::c_strSupports, texts::c_strSupportsTip, "supports", &ViewOptions::bSupports);
-  AddOption(menu, texts::c_strLoads, texts::c_strLoadsTip, "loads", &ViewOptions::bLoads);
-  AddOption(menu, texts::c_strNodeNumbers, texts::c_strNodeNumbersTip, "node_numbers", &ViewOptions::bNodeNumbers);
-  AddOption(menu, texts::c_strElementNumbers, texts::c_strElementNumbersTip, "element_numbers",
+  AddOption(menu, texts::c_supports, texts::c_supportsTip, "supports", &ViewOptions::bSupports);
+  AddOption(menu, texts::c_loads, texts::c_loadsTip, "loads", &ViewOptions::bLoads);
+  AddOption(menu, texts::c_nodeNumbers, texts::c_nodeNumbersTip, "node_numbers", &ViewOptions::bNodeNumbers);
+  AddOption(menu, texts::c_elementNumbers, texts::c_elementNumbersTip, "element_numbers",
             &ViewOptions::bElementNumbers);
   menu.addSeparator();
-  menu.addAction(m_consoleDock.toggleViewAction());
-  menu.addAction(m_adviceDock.toggleViewAction());
-  menu.addAction(m_resultDock.toggleViewAction());
+  for (QDockWidget* const pDock : {&m_analysisDock, &m_summaryDock, &m_adviceDock, &m_consoleDock, &m_resultDock}) {
+    menu.addAction(pDock->toggleViewAction());
+  }
+  menu.addSeparator();
   MakeFontMenu(menu);
+  MakeLanguageMenu(menu);
 }
 
 void CMainWindow::MakeFontMenu(QMenu& viewMenu) {
-  QMenu& menu = *viewMenu.addMenu(ToQt(texts::c_strFontMenu));
+  QMenu& menu = m_make.AddMenu(viewMenu, texts::c_fontMenu);
   for (const int nPercent : c_nFontPercents) {
-    const std::string strText = std::to_string(nPercent) + " %";
-    QAction* const pAction = AddAction(menu, strText, texts::c_strFontTip, "font", [this, nPercent] {
+    QAction* const pAction = menu.addAction(QString::number(nPercent) + QStringLiteral(" %"), this, [this, nPercent] {
       m_pSettings->setValue(c_strFontKey, nPercent);
       SetFontScale(nPercent / 100.0);
     });
+    pAction->setObjectName(QStringLiteral("font"));
     pAction->setCheckable(true);
     pAction->setChecked(nPercent == m_pSettings->value(c_strFontKey, 100).toInt());
     m_fontSizes.addAction(pAction);
   }
 }
 
-void CMainWindow::MakeHelpMenu() {
-  QMenu& menu = AddMenu(texts::c_strHelpMenu);
-  AddAction(menu, texts::c_strAbout, texts::c_strAboutTip, "about", [this] { OnAbout(); });
+void CMainWindow::MakeLanguageMenu(QMenu& viewMenu) {
+  QMenu& menu = m_make.AddMenu(viewMenu, texts::c_languageMenu);
+  for (const host::Language language : {host::Language::Chinese, host::Language::English}) {
+    const auto k = static_cast<std::size_t>(language);
+    QAction* const pAction = menu.addAction(QString::fromUtf8(c_pszLanguageNames[k]), this, [this, language, k] {
+      m_pSettings->setValue(c_strLanguageKey, QString::fromLatin1(c_pszLanguages[k]));
+      m_document.SetLanguage(language);
+    });
+    pAction->setObjectName(QStringLiteral("language_") + QString::fromLatin1(c_pszLanguages[k]));
+    pAction->setCheckable(true);
+    pAction->setChecked(language == host::GetLanguage());
+    m_languages.addAction(pAction);
+  }
 }
 
-void CMainWindow::MakeShapeBar() {
-  m_shapeBar.setObjectName(QStringLiteral("shape_bar"));
-  m_shapeBar.setWindowTitle(ToQt(texts::c_strShapeBar));
-  m_shapeLabel.setText(ToQt(texts::c_strShapeBar) + QLatin1Char(' '));
-  m_shapeList.setObjectName(QStringLiteral("shapes"));
-  m_shapeList.setToolTip(ToQt(texts::c_strShapeTip));
-  m_shapeList.setSizeAdjustPolicy(QComboBox::AdjustToContents);
-  m_amplitudeLabel.setText(QStringLiteral("  ") + ToQt(texts::c_strAmplitude) + QLatin1Char(' '));
-  m_amplitude.setObjectName(QStringLiteral("amplitude"));
-  m_amplitude.setToolTip(ToQt(texts::c_strAmplitudeTip));
-  m_amplitude.setOrientation(Qt::Horizontal);
-  m_amplitude.setRange(0, c_nAmplitudeSteps);
-  m_amplitude.setFixedWidth(c_nSliderWidth);
-  m_animate.setObjectName(QStringLiteral("animate"));
-  m_animate.setText(ToQt(texts::c_strAnimate));
-  m_animate.setToolTip(ToQt(texts::c_strAnimateTip));
-  for (QWidget* const pWidget : {static_cast<QWidget*>(&m_shapeLabel), static_cast<QWidget*>(&m_shapeList),
-                                 static_cast<QWidget*>(&m_amplitudeLabel), static_cast<QWidget*>(&m_amplitude),
-                                 static_cast<QWidget*>(&m_animate)}) {
-    m_shapeBar.addWidget(pWidget);
-  }
-  m_shapeBar.insertSeparator(m_shapeBar.actions().constLast());
-
-  addToolBar(&m_shapeBar);
-  connect(&m_shapeList, &QComboBox::currentIndexChanged, this, [this] { ShowShape(); });
-  connect(&m_amplitude, &QSlider::valueChanged, this,
-          [this](int nValue) { m_view.SetAmplitude(c_dLargestAmplitude * nValue / c_nAmplitudeSteps); });
-  connect(&m_animate, &QCheckBox::toggled, this, [this](bool bOn) { m_view.SetAnimated(bOn); });
-  m_amplitude.setValue(c_nUsualAmplitude);
+void CMainWindow::MakeHelpMenu() {
+  QMenu& menu = m_make.AddMenu(texts::c_helpMenu);
+  m_make.AddAction(menu, texts::c_about, texts::c_aboutTip, "about", [this] { OnAbout(); });
 }
 
 void CMainWindow::MakeDocks() {
@@ -233,21 +225,20 @@ void CMainWindow::MakeDocks() {
   m_console.setReadOnly(true);
   m_console.setMaximumBlockCount(c_nMostConsoleLines);
   m_console.setLineWrapMode(QPlainTextEdit::NoWrap);
-  m_console.setToolTip(ToQt(texts::c_strConsoleTip));
-  m_consoleDock.setObjectName(QStringLiteral("console_dock"));
-  m_consoleDock.setWindowTitle(ToQt(texts::c_strConsole));
-  m_consoleDock.setWidget(&m_console);
-  addDockWidget(Qt::BottomDockWidgetArea, &m_consoleDock);
-  m_adviceDock.setObjectName(QStringLiteral("advice_dock"));
-  m_adviceDock.setWindowTitle(ToQt(texts::c_strAdvice));
-  m_adviceDock.setWidget(&m_advice);
-  addDockWidget(Qt::BottomDockWidgetArea, &m_adviceDock);
-  m_resultDock.setObjectName(QStringLiteral("result_dock"));
-  m_resultDock.setWindowTitle(ToQt(texts::c_strResults));
-  m_resultDock.setWidget(&m_results);
-  addDockWidget(Qt::RightDockWidgetArea, &m_resultDock);
-  resizeDocks({&m_consoleDock}, {150}, Qt::Vertical);
-  resizeDocks({&m_resultDock}, {360}, Qt::Horizontal);
+  setCorner(Qt::BottomRightCorner, Qt::RightDockWidgetArea);
+  m_make.AddDock(m_analysisDock, m_analyses, texts::c_analyses, texts::c_analysesTip, "analysis_dock",
+                 Qt::LeftDockWidgetArea);
+  m_make.AddDock(m_summaryDock, m_summary, texts::c_summary, texts::c_summaryTip, "summary_dock",
+                 Qt::BottomDockWidgetArea);
+  m_make.AddDock(m_adviceDock, m_advice, texts::c_advice, texts::c_adviceTip, "advice_dock", Qt::BottomDockWidgetArea);
+  m_make.AddDock(m_consoleDock, m_console, texts::c_console, texts::c_consoleTip, "console_dock",
+                 Qt::BottomDockWidgetArea);
+  m_make.AddDock(m_resultDock, m_results, texts::c_results, texts::c_resultsTip, "result_dock",
+                 Qt::RightDockWidgetArea);
+  tabifyDockWidget(&m_summaryDock, &m_consoleDock);
+  m_summaryDock.raise();
+  resizeDocks({&m_summaryDock}, {190}, Qt::Vertical);
+  resizeDocks({&m_analysisDock, &m_resultDock}, {230, 360}, Qt::Horizontal);
 }
 
 void CMainWindow::SetFontScale(double dScale) {
@@ -257,71 +248,130 @@ void CMainWindow::SetFontScale(double dScale) {
   // A dock with the application's own font would keep the title font that it was made with.
   QFont dockFont = font;
   dockFont.setStyleHint(QFont::SansSerif);
-  m_consoleDock.setFont(dockFont);
-  m_adviceDock.setFont(dockFont);
-  m_resultDock.setFont(dockFont);
+  for (QDockWidget* const pDock : findChildren<QDockWidget*>()) pDock->setFont(dockFont);
   m_results.SetTextSize(font.pointSizeF());
+  QFont fixedFont(QStringLiteral("Noto Sans Mono CJK SC"), font.pointSize());
+  fixedFont.setStyleHint(QFont::Monospace);
+  m_summary.setFont(fixedFont);
 }
 
 void CMainWindow::OnOpen() {
-  const QString strDirectory = m_strJobFile.isEmpty() ? QString() : QFileInfo(m_strJobFile).path();
+  const QString strDirectory = m_document.IsOpen() ? QFileInfo(m_document.GetFile()).path() : QString();
   const QString strFile =
-      QFileDialog::getOpenFileName(this, ToQt(texts::c_strOpenTitle), strDirectory, ToQt(texts::c_strJobFilter));
+      QFileDialog::getOpenFileName(this, ToQt(Say(texts::c_openTitle)), strDirectory, ToQt(Say(texts::c_jobFilter)));
   if (!strFile.isEmpty()) OpenJob(strFile);
 }
 
 bool CMainWindow::OpenJob(const QString& strFile) {
-  const std::string strPath = strFile.toStdString();
-  host::JobFile file = host::ReadJobFile(strPath);
-  const std::string strJobPath = host::GetJobPath(strPath);
-  if (file.errors.empty()) {
-    auto session = host::CSession::Open(std::move(file.job), strJobPath, host::FindDataDirectory());
-    if (session) {
-      m_session = std::move(session);
-    } else {
-      file.errors.push_back({"/", std::string(texts::c_strPathTooLong)});
-    }
-  }
-  if (!file.errors.empty()) {
-    CErrorDialog(strFile, file.errors, this).exec();
+  if (!MayLeaveJob()) return false;
+  const std::vector<host::JobProblem> errors = m_document.Open(strFile);
+  if (!errors.empty()) {
+    CErrorDialog(strFile, errors, this).exec();
     return false;
   }
-  const bool bSameFile = strFile == m_strJobFile;
-  m_strJobFile = strFile;
-  m_view.SetScene(host::CScene(m_session->GetJob()), bSameFile);
-  m_results.SetJobPath(strJobPath);
-  const QString strTitle = QString::fromStdString(m_session->GetJob().strTitle);
-  setWindowTitle((strTitle.isEmpty() ? QFileInfo(strFile).fileName() : strTitle) + QStringLiteral(" - ") +
-                 ToQt(texts::c_strProgram));
   m_console.clear();
+  m_summary.clear();
   statusBar()->clearMessage();
-  m_advice.ShowAdvice(host::AdviseOnInput(file.warnings));
+  m_advice.ShowAdvice(host::AdviseOnInput(m_document.GetWarnings()));
+  for (QAction* const pAction : m_jobActions) pAction->setEnabled(true);
   Remember(strFile);
-  RefreshResults();
   return true;
 }
 
-void CMainWindow::Analyse(host::AnalysisKind kind) {
-  const RunFindings& findings = m_session->Run(kind);
-  if (findings.status != RunStatus::Cancelled) {  // else what was told of the run before still holds
-    host::AdviceList list = host::AdviseOnFiles(findings);
-    std::ranges::move(host::ReportRun(*m_session, kind).advice, std::back_inserter(list));
-    m_advice.ShowAdvice(list);
+bool CMainWindow::OnSave() { return SaveTo(m_document.GetFile()); }
+
+bool CMainWindow::OnSaveAs() {
+  QFileDialog dialog(this, ToQt(Say(texts::c_saveTitle)), m_document.GetFile(), ToQt(Say(texts::c_jobFilter)));
+  dialog.setAcceptMode(QFileDialog::AcceptSave);
+  dialog.setDefaultSuffix(QStringLiteral("json"));
+  return dialog.exec() == QDialog::Accepted && SaveTo(dialog.selectedFiles().constFirst());
+}
+
+bool CMainWindow::SaveTo(const QString& strFile) {
+  const std::string strReason = m_document.Save(strFile);
+  if (strReason.empty()) {
+    Remember(strFile);
+    return true;
   }
-  ShowRun();
+  m_platform.ShowMessage(Say(texts::c_saveFailed, {strReason}));
+  return false;
+}
+
+bool CMainWindow::MayLeaveJob() {
+  if (!m_document.IsModified()) return true;
+  QMessageBox box(QMessageBox::Question, ToQt(Say(texts::c_program)), ToQt(Say(texts::c_askToSave)),
+                  QMessageBox::NoButton, this);
+  const QPushButton* const pSave = box.addButton(ToQt(Say(texts::c_yes)), QMessageBox::AcceptRole);
+  const QPushButton* const pLeave = box.addButton(ToQt(Say(texts::c_no)), QMessageBox::DestructiveRole);
+  box.setEscapeButton(box.addButton(ToQt(Say(texts::c_cancel)), QMessageBox::RejectRole));
+  box.exec();
+  if (box.clickedButton() == pSave) return OnSave();
+  return box.clickedButton() == pLeave;
+}
+
+void CMainWindow::ShowStructure() {
+  const bool bSameFile = std::exchange(m_strDrawn, m_document.GetFile()) == m_document.GetFile();
+  m_view.SetScene(host::CScene(m_document.GetJob()), bSameFile);
+}
+
+void CMainWindow::ShowTitle() {
+  if (!m_document.IsOpen()) return setWindowTitle(ToQt(Say(texts::c_program)));
+  const QString strJob = QString::fromStdString(m_document.GetJob().strTitle);
+  QString strTitle = strJob.isEmpty() ? QFileInfo(m_document.GetFile()).fileName() : strJob;
+  strTitle += QStringLiteral("[*]");
+  if (m_document.HasOutdatedResults()) strTitle += ToQt(FormOutdatedMark());
+  setWindowTitle(strTitle + QStringLiteral(" - ") + ToQt(Say(texts::c_program)));
+  setWindowModified(m_document.IsModified());
+}
+
+void CMainWindow::Analyse(host::AnalysisKind kind, const host::JobAnalysis* pValues) {
+  const host::AnalysisRun run =
+      host::RunInDialogs(m_document.GetSession(), kind, pValues, m_platform, m_platform.GetConsole());
+  m_platform.GetConsole().flush();
+  if (run.analysis && host::GetFindings(kind).status != RunStatus::Cancelled) m_document.KeepAnalysis(*run.analysis);
+  ShowRun(kind, run);
+}
+
+void CMainWindow::RunAll() {
+  const std::vector<host::JobAnalysis> analyses = m_document.GetJob().analyses;
+  for (const host::JobAnalysis& analysis : analyses) {
+    std::ostringstream messages;
+    host::CWindowedPlatform platform(m_platform, messages, m_platform.GetConsole());
+    host::AnalysisRun run = host::RunScripted(m_document.GetSession(), analysis, platform);
+    m_platform.GetConsole().flush();
+    run.report.strSummary = messages.str() + run.report.strSummary;
+    ShowRun(host::GetKind(analysis), run);
+  }
+}
+
+void CMainWindow::ShowRun(host::AnalysisKind kind, const host::AnalysisRun& run) {
+  const RunFindings& findings = host::GetFindings(kind);
+  m_document.RefreshResults();
+  ShowStatus();
+  if (findings.status == RunStatus::Cancelled) return;  // what was told of the run before still holds
+  host::AdviceList list = host::AdviseOnFiles(findings);
+  std::ranges::copy(run.report.advice, std::back_inserter(list));
+  m_advice.ShowAdvice(list);
+  if (run.analysis) m_summary.AddRun(std::string(host::GetName(*run.analysis)), run.report.strSummary);
+  m_summaryDock.raise();
+  if (findings.status != RunStatus::Done) return;
+  const bool bNonlinear = kind == host::AnalysisKind::Static && GetStaticFindings().bNonlinear;
+  if (kind == host::AnalysisKind::Modal) m_shapeBar.Choose(host::ShapeKind::Mode);
+  if (kind == host::AnalysisKind::Static) {
+    m_shapeBar.Choose(bNonlinear ? host::ShapeKind::NonlinearState : host::ShapeKind::LinearState);
+  }
 }
 
 void CMainWindow::ShowHistories() {
-  m_session->ShowHistories();
-  ShowRun();
+  m_document.GetSession().ShowHistories();
+  m_document.RefreshResults();
+  ShowStatus();
 }
 
-void CMainWindow::ShowRun() {
-  const HistorySet& histories = m_session->GetHistories();
-  if (histories.bComplete) {
-    statusBar()->showMessage(ToQt(std::string(texts::c_strShownHistory) + host::DescribeHistory(histories)));
-  }
-  RefreshResults();
+void CMainWindow::ShowStatus() {
+  const HistorySet& histories = m_document.GetSession().GetHistories();
+  if (!histories.bComplete) return;
+  statusBar()->showMessage(ToQt(Say(texts::c_shownHistory, {host::DescribeHistory(histories)})));
 }
 
 void CMainWindow::AppendConsole(std::string_view strText) {
@@ -329,30 +379,6 @@ void CMainWindow::AppendConsole(std::string_view strText) {
   cursor.movePosition(QTextCursor::End);
   cursor.insertText(m_decoder(QByteArrayView(strText.data(), static_cast<qsizetype>(strText.size()))));
   m_console.setTextCursor(cursor);
-}
-
-void CMainWindow::RefreshResults() {
-  for (QAction* const pAction : m_jobActions) pAction->setEnabled(!m_strJobFile.isEmpty());
-  m_results.Refresh();
-  m_shapes.clear();
-  if (m_session) m_shapes = host::ReadShapes(m_session->GetJobPath(), m_session->GetJob().nodes);
-  const int nChosen = m_shapeList.currentIndex();
-  {
-    const QSignalBlocker blocker(m_shapeList);
-    m_shapeList.clear();
-    m_shapeList.addItem(ToQt(texts::c_strNoShape));
-    for (const host::DeformedShape& shape : m_shapes) m_shapeList.addItem(ToQt(FormShapeTitle(shape)));
-    m_shapeList.setCurrentIndex(nChosen > 0 && nChosen < m_shapeList.count() ? nChosen : 0);
-  }
-  ShowShape();
-}
-
-void CMainWindow::ShowShape() {
-  const int nShape = m_shapeList.currentIndex() - 1;
-  const bool bShape = nShape >= 0;
-  m_view.SetShape(bShape ? std::optional(m_shapes[static_cast<std::size_t>(nShape)]) : std::nullopt);
-  m_amplitude.setEnabled(bShape);
-  m_animate.setEnabled(bShape);
 }
 
 void CMainWindow::Remember(const QString& strFile) {
@@ -376,16 +402,19 @@ void CMainWindow::FillRecentMenu() {
 }
 
 void CMainWindow::OnSavePicture() {
-  const QString strFile =
-      QFileDialog::getSaveFileName(this, ToQt(texts::c_strProgram), QString(), ToQt(texts::c_strPictureFilter));
-  if (strFile.isEmpty() || m_view.grab().save(strFile, "PNG")) return;
-  m_platform.ShowMessage(texts::c_strPictureFailed);
+  const std::string strName = m_document.GetJobPath() + "_" + m_shapeBar.FormFileName() + ".png";
+  QFileDialog dialog(this, ToQt(Say(texts::c_pictureTitle)), ToQt(strName), ToQt(Say(texts::c_pictureFilter)));
+  dialog.setAcceptMode(QFileDialog::AcceptSave);
+  dialog.setDefaultSuffix(QStringLiteral("png"));
+  dialog.selectFile(QFileInfo(ToQt(strName)).fileName());
+  if (dialog.exec() != QDialog::Accepted || m_view.grab().save(dialog.selectedFiles().constFirst(), "PNG")) return;
+  m_platform.ShowMessage(Say(texts::c_pictureFailed));
 }
 
 void CMainWindow::OnAbout() {
-  QMessageBox::about(
-      this, ToQt(texts::c_strProgram),
-      ToQt(texts::c_strProgram) + QStringLiteral(" " SKYFRAME_VERSION "\n") + ToQt(texts::c_strAboutText));
+  const QString strProgram = ToQt(Say(texts::c_program));
+  QMessageBox::about(this, strProgram,
+                     strProgram + QStringLiteral(" " SKYFRAME_VERSION "\n") + ToQt(Say(texts::c_aboutText)));
 }
 
 }  // namespace skyframe::gui

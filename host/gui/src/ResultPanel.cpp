@@ -3,8 +3,9 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QFontDatabase>
-#include <istream>
+#include <QScrollBar>
 
+#include "ShapeTitle.h"
 #include "skyframe/platform/Platform.h"
 #include "skyframe/qt/Font.h"
 #include "skyframe/results/ResultList.h"
@@ -14,13 +15,14 @@ namespace skyframe::gui {
 
 namespace {
 
-constexpr qsizetype c_nMostBytes = 4 << 20;  // shown of one file
+constexpr qsizetype c_nPieceBytes = 256 << 10;  // read at once
+constexpr int c_nNameRole = Qt::UserRole;
 
 }  // namespace
 
-CResultPanel::CResultPanel(QWidget* pParent) : QSplitter(Qt::Vertical, pParent) {
+CResultPanel::CResultPanel(CDocument& document, QWidget* pParent)
+    : QSplitter(Qt::Vertical, pParent), m_document(document), m_decoder(QStringDecoder::Utf8) {
   m_list.setObjectName(QStringLiteral("results"));
-  m_list.setToolTip(ToQt(texts::c_strResultsTip));
   m_text.setObjectName(QStringLiteral("text"));
   m_text.setReadOnly(true);
   m_text.setLineWrapMode(QPlainTextEdit::NoWrap);
@@ -29,23 +31,31 @@ CResultPanel::CResultPanel(QWidget* pParent) : QSplitter(Qt::Vertical, pParent) 
   setStretchFactor(0, 1);
   setStretchFactor(1, 3);
   connect(&m_list, &QListWidget::currentItemChanged, this, [this] { ShowFile(); });
-}
-
-void CResultPanel::SetJobPath(const std::string& strJobPath) {
-  m_strJobPath = strJobPath;
-  m_list.clear();
-  Refresh();
+  connect(m_text.verticalScrollBar(), &QScrollBar::valueChanged, this, [this](int nValue) {
+    if (nValue == m_text.verticalScrollBar()->maximum()) ReadMore();
+  });
+  m_document.resultsChanged.Connect([this] { Refresh(); });
+  m_document.OnLanguage([this] {
+    m_list.setToolTip(ToQt(Say(texts::c_resultsTip)));
+    Refresh();
+  });
 }
 
 void CResultPanel::Refresh() {
-  const QString strChosen = m_list.currentItem() == nullptr ? QString() : m_list.currentItem()->text();
+  const QString strChosen =
+      m_list.currentItem() == nullptr ? QString() : m_list.currentItem()->data(c_nNameRole).toString();
   m_list.clear();
   m_text.clear();
-  if (m_strJobPath.empty()) return;
-  for (const std::string& strFile : host::ListResultFiles(m_strJobPath)) {
-    const QString strName = QString::fromStdString(strFile);
-    m_list.addItem(strName);
-    if (strName == strChosen) m_list.setCurrentRow(m_list.count() - 1);
+  if (!m_document.IsOpen()) return;
+  const auto nPrefix = QFileInfo(ToQt(m_document.GetJobPath())).fileName().toUtf8().size();
+  for (const std::string& strFile : host::ListResultFiles(m_document.GetJobPath())) {
+    const bool bOutdated = m_document.IsOutdated(std::string_view(strFile).substr(static_cast<std::size_t>(nPrefix)));
+    auto pRow = std::make_unique<QListWidgetItem>(ToQt(strFile + (bOutdated ? FormOutdatedMark() : "")));
+    pRow->setData(c_nNameRole, ToQt(strFile));
+    if (bOutdated) pRow->setForeground(Qt::darkRed);
+    if (bOutdated) pRow->setToolTip(ToQt(Say(texts::c_outdatedTip)));
+    m_list.addItem(pRow.release());  // the list takes it over
+    if (ToQt(strFile) == strChosen) m_list.setCurrentRow(m_list.count() - 1);
   }
 }
 
@@ -57,16 +67,25 @@ void CResultPanel::SetTextSize(double dPoints) {
 
 void CResultPanel::ShowFile() {
   m_text.clear();
+  m_pStream.reset();
   if (m_list.currentItem() == nullptr) return;
-  const QString strFile = QFileInfo(ToQt(m_strJobPath)).dir().filePath(m_list.currentItem()->text());
-  const auto pStream = GetPlatform().OpenForReading(strFile.toStdString());
-  if (!pStream) return;
-  QByteArray bytes(c_nMostBytes, Qt::Uninitialized);
-  pStream->read(bytes.data(), c_nMostBytes);
-  bytes.truncate(static_cast<qsizetype>(pStream->gcount()));
-  QString strText = QString::fromUtf8(bytes);
-  if (pStream->peek() != std::char_traits<char>::eof()) strText += ToQt(texts::c_strCut);
-  m_text.setPlainText(strText);
+  const QDir folder = QFileInfo(ToQt(m_document.GetJobPath())).dir();
+  m_pStream =
+      GetPlatform().OpenForReading(folder.filePath(m_list.currentItem()->data(c_nNameRole).toString()).toStdString());
+  m_decoder.resetState();
+  ReadMore();
+  m_text.moveCursor(QTextCursor::Start);
+}
+
+void CResultPanel::ReadMore() {
+  if (!m_pStream) return;
+  QByteArray bytes(c_nPieceBytes, Qt::Uninitialized);
+  m_pStream->read(bytes.data(), bytes.size());
+  bytes.truncate(static_cast<qsizetype>(m_pStream->gcount()));
+  if (!*m_pStream) m_pStream.reset();
+  QTextCursor cursor(m_text.document());
+  cursor.movePosition(QTextCursor::End);
+  cursor.insertText(m_decoder(bytes));
 }
 
 }  // namespace skyframe::gui

@@ -7,13 +7,15 @@
 namespace skyframe::gui {
 
 std::string FormShapeTitle(const host::DeformedShape& shape) {
-  if (shape.kind == host::ShapeKind::LinearState) return std::string(texts::c_strLinearState);
-  if (shape.kind == host::ShapeKind::NonlinearState) return std::string(texts::c_strNonlinearState);
+  if (shape.kind == host::ShapeKind::LinearState) return std::string(Say(texts::c_linearState));
+  if (shape.kind == host::ShapeKind::NonlinearState) return std::string(Say(texts::c_nonlinearState));
   const double dFrequency = shape.dOmega * c_dHertzPerRadian;
-  std::string strText = std::string(texts::c_strMode) + " " + std::to_string(shape.nMode);
+  std::string strText = Say(texts::c_mode, {std::to_string(shape.nMode)});
   strText += "   f = " + FormatGeneral(dFrequency) + " Hz";
   if (dFrequency > 0.0) strText += "   T = " + FormatGeneral(1.0 / dFrequency) + " s";
   return strText;
 }
+
+std::string FormOutdatedMark() { return std::string(Say(texts::c_outdatedMark)); }
 
 }  // namespace skyframe::gui

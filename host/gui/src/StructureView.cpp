@@ -9,6 +9,7 @@
 #include <utility>
 
 #include "ShapeTitle.h"
+#include "skyframe/job/Text.h"
 #include "skyframe/platform/NumberText.h"
 #include "skyframe/qt/QtPaintContext.h"
 #include "skyframe/scene/BentMember.h"
@@ -38,6 +39,9 @@ constexpr Colour c_nodeText{20, 70, 160};
 constexpr Colour c_elementText{140, 80, 20};
 constexpr host::AxesStyle c_axes = {34.0, 9.0, 2.0, {Colour{200, 40, 40}, Colour{30, 140, 30}, Colour{40, 70, 200}}};
 
+/// Three digits, without an exponent where that is readable.
+std::string FormatFactor(double dFactor) { return FormatGeneral(std::stod(host::Format("%.3g", dFactor))); }
+
 }  // namespace
 
 CStructureView::CStructureView(QWidget* pParent) : QWidget(pParent) {
@@ -60,8 +64,9 @@ void CStructureView::SetScene(host::CScene scene, bool bKeepCamera) {
   update();
 }
 
-void CStructureView::SetShape(std::optional<host::DeformedShape> shape) {
+void CStructureView::SetShape(std::optional<host::DeformedShape> shape, bool bOutdated) {
   m_shape = std::move(shape);
+  m_bOutdated = bOutdated;
   m_swingStart = Clock::now();
   update();
 }
@@ -69,6 +74,10 @@ void CStructureView::SetShape(std::optional<host::DeformedShape> shape) {
 void CStructureView::SetAmplitude(double dAmplitude) {
   m_dAmplitude = dAmplitude;
   update();
+}
+
+void CStructureView::SetMagnification(double dMagnification) {
+  if (m_shape) SetAmplitude(dMagnification * m_shape->GetLargestTranslation() / m_scene.GetRadius());
 }
 
 void CStructureView::SetAnimated(bool bAnimated) {
@@ -119,13 +128,14 @@ void CStructureView::Paint(IPaintContext& paint) const {
   paint.SetTextHeight(QFontInfo(font()).pixelSize());
   if (m_scene.GetNodes().empty()) {
     paint.SetPen(c_far);
-    return paint.Text(0.5 * width(), 0.5 * height(), texts::c_strNoJob, HorizontalAlign::Centre, VerticalAlign::Middle);
+    return paint.Text(0.5 * width(), 0.5 * height(), Say(texts::c_noJob), HorizontalAlign::Centre,
+                      VerticalAlign::Middle);
   }
   host::CScenePainter painter(paint, m_scene, m_camera);
   PaintMembers(painter);
   if (m_options.bSupports) painter.PaintSupports(c_supportColour);
   if (m_shape) PaintShape(painter);
-  if (m_options.bLoads) painter.PaintLoads();
+  if (m_options.bLoads) painter.PaintLoads(host::SelectLoads(m_scene.GetLoads(), std::nullopt));
   if (m_options.bNodeNumbers) painter.PaintNodeNumbers(c_nodeText);
   if (m_options.bElementNumbers) painter.PaintMemberNumbers(c_elementText);
   painter.PaintAxes({c_dAxesMargin, height() - c_dAxesMargin}, c_axes);
@@ -148,13 +158,12 @@ void CStructureView::PaintShape(host::CScenePainter& painter) const {
 
 std::string CStructureView::FormCaption() const {
   if (!m_shape) {
-    return std::string(texts::c_strNodes) + " " + std::to_string(m_scene.GetNodes().size()) + "   " +
-           std::string(texts::c_strElements) + " " + std::to_string(m_scene.GetMembers().size());
+    return Say(texts::c_counts,
+               {std::to_string(m_scene.GetNodes().size()), std::to_string(m_scene.GetMembers().size())});
   }
-  std::string strTitle = FormShapeTitle(*m_shape);
-  if (m_shape->IsMode()) return strTitle;
-  return strTitle + "   " + std::string(texts::c_strMagnified) + " " + FormatGeneral(GetMagnification()) + " " +
-         std::string(texts::c_strTimes);
+  std::string strTitle = FormShapeTitle(*m_shape) + (m_bOutdated ? FormOutdatedMark() : "");
+  if (m_shape->IsMode() || GetMagnification() == 0.0) return strTitle;
+  return strTitle + "   " + Say(texts::c_magnified, {FormatFactor(GetMagnification())});
 }
 
 void CStructureView::resizeEvent(QResizeEvent* /*pEvent*/) {

@@ -1,98 +1,139 @@
 #pragma once
 
-#include <string_view>
+#include "skyframe/job/Language.h"
 
+// Texts of the window, labels with their tips.
 namespace skyframe::gui::texts {
 
-inline constexpr std::string_view c_strProgram = "Skyframe";
+using host::Words;
 
-// Menus
-inline constexpr std::string_view c_strFileMenu = "文件(&F)";
-inline constexpr std::string_view c_strOpen = "打开(&O)…";
-inline constexpr std::string_view c_strOpenTip = "Open a job file";
-inline constexpr std::string_view c_strReload = "重新载入(&R)";
-inline constexpr std::string_view c_strReloadTip = "Read the job file again";
-inline constexpr std::string_view c_strRecent = "最近的文件(&N)";
-inline constexpr std::string_view c_strSavePicture = "保存图片(&S)…";
-inline constexpr std::string_view c_strSavePictureTip = "Save the drawing as a PNG picture";
-inline constexpr std::string_view c_strQuit = "退出(&X)";
-inline constexpr std::string_view c_strQuitTip = "Close the program";
-inline constexpr std::string_view c_strAnalysisMenu = "分析(&A)";
-inline constexpr std::string_view c_strModal = "模态分析(&M)…";
-inline constexpr std::string_view c_strModalTip = "Frequencies and mode shapes";
-inline constexpr std::string_view c_strSpectrum = "谱分析(&S)…";
-inline constexpr std::string_view c_strSpectrumTip = "Response-spectrum analysis; needs the modes";
-inline constexpr std::string_view c_strTimeHistory = "时程分析(&T)…";
-inline constexpr std::string_view c_strTimeHistoryTip =
-    "Time history by direct integration; needs the modes for damping";
-inline constexpr std::string_view c_strHistoryResults = "时程结果(&R)…";
-inline constexpr std::string_view c_strHistoryResultsTip = "Plot and export the last time history under ground motion";
-inline constexpr std::string_view c_strStatic = "静力分析(&L)…";
-inline constexpr std::string_view c_strStaticTip = "Static analysis, linear or geometrically nonlinear";
-inline constexpr std::string_view c_strViewMenu = "视图(&V)";
-inline constexpr std::string_view c_strIsometric = "轴测图(&I)";
-inline constexpr std::string_view c_strIsometricTip = "Look from the front right above";
-inline constexpr std::string_view c_strFront = "正视图(&F)";
-inline constexpr std::string_view c_strFrontTip = "Look along Y: X to the right, Z up";
-inline constexpr std::string_view c_strSide = "侧视图(&E)";
-inline constexpr std::string_view c_strSideTip = "Look against X: Y to the right, Z up";
-inline constexpr std::string_view c_strPlan = "俯视图(&P)";
-inline constexpr std::string_view c_strPlanTip = "Look down: X to the right, Y up";
-inline constexpr std::string_view c_strFit = "全部显示(&A)";
-inline constexpr std::string_view c_strFitTip = "Fit the structure into the window (or double-click)";
-inline constexpr std::string_view c_strSupports = "支座(&U)";
-inline constexpr std::string_view c_strSupportsTip = "Show the supports";
-inline constexpr std::string_view c_strLoads = "荷载(&D)";
-inline constexpr std::string_view c_strLoadsTip = "Show the loads, a colour for each load case";
-inline constexpr std::string_view c_strNodeNumbers = "节点号(&N)";
-inline constexpr std::string_view c_strNodeNumbersTip = "Show node numbers, as in the result files";
-inline constexpr std::string_view c_strElementNumbers = "单元号(&B)";
-inline constexpr std::string_view c_strElementNumbersTip = "Show element numbers, as in the result files";
-inline constexpr std::string_view c_strFontMenu = "字号(&Z)";
-inline constexpr std::string_view c_strFontTip = "Font size of all windows";
-inline constexpr std::string_view c_strHelpMenu = "帮助(&H)";
-inline constexpr std::string_view c_strAbout = "关于(&A)";
-inline constexpr std::string_view c_strAboutTip = "Version of the program";
-inline constexpr std::string_view c_strAboutText = "空间框架与桁架的静力和动力分析";
+inline constexpr Words c_program = {"Skyframe", "Skyframe"};
+
+// 文件
+inline constexpr Words c_fileMenu = {"&File", "文件(&F)"};
+inline constexpr Words c_open = {"&Open…", "打开(&O)…"};
+inline constexpr Words c_openTip = {"Open a job file", "打开作业文件"};
+inline constexpr Words c_reload = {"&Reload", "重新载入(&R)"};
+inline constexpr Words c_reloadTip = {"Read the job file again", "重新读取作业文件"};
+inline constexpr Words c_save = {"&Save", "保存(&S)"};
+inline constexpr Words c_saveTip = {"Write the job with its analyses", "保存作业及其分析参数"};
+inline constexpr Words c_saveAs = {"Save &as…", "另存为(&A)…"};
+inline constexpr Words c_saveAsTip = {"Write the job to another file", "把作业保存为另一文件"};
+inline constexpr Words c_recent = {"Recent &files", "最近的文件(&N)"};
+inline constexpr Words c_savePicture = {"Save &picture…", "保存图片(&P)…"};
+inline constexpr Words c_savePictureTip = {"Save the drawing as a PNG picture", "把图形保存为 PNG 图片"};
+inline constexpr Words c_quit = {"&Quit", "退出(&X)"};
+inline constexpr Words c_quitTip = {"Close the program", "关闭程序"};
+
+// 分析
+inline constexpr Words c_analysisMenu = {"&Analysis", "分析(&A)"};
+inline constexpr Words c_runAll = {"&Run all", "全部运行(&A)"};
+inline constexpr Words c_runAllTip = {"Run every analysis of the job in order, without dialogs",
+                                      "按顺序运行作业的全部分析，不显示对话框"};
+inline constexpr Words c_modal = {"&Modes…", "模态分析(&M)…"};
+inline constexpr Words c_modalTip = {"Natural frequencies and mode shapes", "自振频率与振型"};
+inline constexpr Words c_spectrum = {"Response &spectrum…", "谱分析(&S)…"};
+inline constexpr Words c_spectrumTip = {"Response-spectrum analysis; needs the modes",
+                                        "振型分解反应谱分析，需先完成模态分析"};
+inline constexpr Words c_timeHistory = {"&Time history…", "时程分析(&T)…"};
+inline constexpr Words c_timeHistoryTip = {"Time history by direct integration; needs the modes for damping",
+                                           "直接积分法时程分析，阻尼取自振型"};
+inline constexpr Words c_historyResults = {"&History viewer…", "时程结果(&R)…"};
+inline constexpr Words c_historyResultsTip = {"Plot and export the last time history",
+                                              "绘制并输出最近一次时程分析的结果"};
+inline constexpr Words c_static = {"Static…", "静力分析(&L)…"};
+inline constexpr Words c_staticTip = {"Static analysis, linear or geometrically nonlinear", "线性或几何非线性静力分析"};
+
+// 视图
+inline constexpr Words c_viewMenu = {"&View", "视图(&V)"};
+inline constexpr Words c_isometric = {"&Axonometric", "轴测图(&I)"};
+inline constexpr Words c_isometricTip = {"Look from the front right above", "从右前上方看"};
+inline constexpr Words c_front = {"&XZ elevation", "XZ 立面(&F)"};
+inline constexpr Words c_frontTip = {"Look along Y: X to the right, Z up", "沿 Y 看：X 向右，Z 向上"};
+inline constexpr Words c_side = {"&YZ elevation", "YZ 立面(&E)"};
+inline constexpr Words c_sideTip = {"Look against X: Y to the right, Z up", "逆 X 看：Y 向右，Z 向上"};
+inline constexpr Words c_plan = {"&Plan", "平面图(&P)"};
+inline constexpr Words c_planTip = {"Look down: X to the right, Y up", "俯视：X 向右，Y 向上"};
+inline constexpr Words c_fit = {"&Fit", "全部显示(&A)"};
+inline constexpr Words c_fitTip = {"Fit the structure into the window (or double-click)", "使结构充满窗口（或双击）"};
+inline constexpr Words c_supports = {"S&upports", "支座(&U)"};
+inline constexpr Words c_supportsTip = {"Show the supports", "显示支座"};
+inline constexpr Words c_loads = {"&Loads", "荷载(&D)"};
+inline constexpr Words c_loadsTip = {"Show the loads, a colour for each load case", "显示荷载，每个工况一种颜色"};
+inline constexpr Words c_nodeNumbers = {"&Node numbers", "节点号(&N)"};
+inline constexpr Words c_nodeNumbersTip = {"Show node numbers, as in the result files", "显示节点号，与结果文件一致"};
+inline constexpr Words c_elementNumbers = {"&Element numbers", "单元号(&B)"};
+inline constexpr Words c_elementNumbersTip = {"Show element numbers, as in the result files",
+                                              "显示单元号，与结果文件一致"};
+inline constexpr Words c_fontMenu = {"Font si&ze", "字号(&Z)"};
+inline constexpr Words c_fontTip = {"Font size of all windows", "所有窗口的字号"};
+inline constexpr Words c_languageMenu = {"Lan&guage 语言", "语言(&G) Language"};
+inline constexpr Words c_languageTip = {"Language of the window; the module's dialogs are Chinese",
+                                        "窗口的语言；分析参数对话框为中文"};
+
+// 帮助
+inline constexpr Words c_helpMenu = {"&Help", "帮助(&H)"};
+inline constexpr Words c_about = {"&About", "关于(&A)"};
+inline constexpr Words c_aboutTip = {"Version of the program", "程序版本"};
+inline constexpr Words c_aboutText = {"Static and dynamic analysis of space frames and trusses",
+                                      "空间框架与桁架的静力和动力分析"};
 
 // Bars and docks
-inline constexpr std::string_view c_strShapeBar = "变形";
-inline constexpr std::string_view c_strShapeTip = "Deformed shape or mode drawn over the structure";
-inline constexpr std::string_view c_strNoShape = "未变形";
-inline constexpr std::string_view c_strAmplitude = "振幅";
-inline constexpr std::string_view c_strAmplitudeTip = "How far the drawn shape departs from the structure";
-inline constexpr std::string_view c_strAnimate = "动画";
-inline constexpr std::string_view c_strAnimateTip = "Let the shape swing";
-inline constexpr std::string_view c_strConsole = "控制台";
-inline constexpr std::string_view c_strConsoleTip = "Progress and trace lines of the analyses";
-inline constexpr std::string_view c_strResults = "结果文件";
-inline constexpr std::string_view c_strResultsTip = "Result files beside the job file; click one to read it";
-inline constexpr std::string_view c_strAdvice = "提示";
-inline constexpr std::string_view c_strAdviceTip =
-    "Warnings and errors of the last run; the manual explains each under its name";
-inline constexpr std::string_view c_strShownHistory = "时程结果: ";
-inline constexpr std::string_view c_strCut = "\n…（文件过大，仅显示开头部分）\n";
+inline constexpr Words c_shapeBar = {"Shape", "变形"};
+inline constexpr Words c_shapeTip = {"Deformed shape or mode drawn over the structure", "叠绘在结构上的变形或振型"};
+inline constexpr Words c_noShape = {"undeformed", "未变形"};
+inline constexpr Words c_amplitude = {"Size", "显示比例"};
+inline constexpr Words c_amplitudeTip = {"How far the drawn shape departs from the structure",
+                                         "所绘变形偏离结构的大小"};
+inline constexpr Words c_magnificationTip = {"Displacements are drawn so many times enlarged", "位移放大的倍数"};
+inline constexpr Words c_animate = {"Animate", "动画"};
+inline constexpr Words c_animateTip = {"Let the shape swing", "让变形往复摆动"};
+inline constexpr Words c_console = {"Console", "控制台"};
+inline constexpr Words c_consoleTip = {"Progress and trace lines of the analyses", "分析过程的进度与记录"};
+inline constexpr Words c_summary = {"Summary", "摘要"};
+inline constexpr Words c_summaryTip = {"What the last runs found", "最近几次分析的结果摘要"};
+inline constexpr Words c_analyses = {"Analyses", "作业分析"};
+inline constexpr Words c_analysesTip = {"The job's analyses; a double click runs one with its dialogs",
+                                        "作业中的分析；双击以对话框运行一项"};
+inline constexpr Words c_removeAnalysis = {"Remove", "删除"};
+inline constexpr Words c_results = {"Result files", "结果文件"};
+inline constexpr Words c_resultsTip = {"Result files beside the job file; click one to read it",
+                                       "作业文件旁的结果文件；单击阅读"};
+inline constexpr Words c_advice = {"Hints", "提示"};
+inline constexpr Words c_adviceTip = {"Warnings and errors of the last run; the manual explains each under its name",
+                                      "最近一次分析的警告与错误；手册按名称逐条说明"};
+inline constexpr Words c_shownHistory = {"History viewer: {0}", "时程结果: {0}"};
+inline constexpr Words c_outdatedMark = {"   (out of date)", "（过期）"};
+inline constexpr Words c_outdatedTip = {"Computed from another model; run the analysis again",
+                                        "由另一模型算得，请重新分析"};
 
 // Drawing
-inline constexpr std::string_view c_strLinearState = "静力变形（线性）";
-inline constexpr std::string_view c_strNonlinearState = "静力变形（非线性）";
-inline constexpr std::string_view c_strMode = "振型";
-inline constexpr std::string_view c_strMagnified = "放大";
-inline constexpr std::string_view c_strTimes = "倍";
-inline constexpr std::string_view c_strNoJob = "打开一个作业文件（Ctrl+O）";
-inline constexpr std::string_view c_strNodes = "节点";
-inline constexpr std::string_view c_strElements = "单元";
+inline constexpr Words c_linearState = {"static deformation (linear)", "静力变形（线性）"};
+inline constexpr Words c_nonlinearState = {"static deformation (nonlinear)", "静力变形（非线性）"};
+inline constexpr Words c_mode = {"mode {0}", "振型 {0}"};
+inline constexpr Words c_magnified = {"displacements × {0}", "位移放大 {0} 倍"};
+inline constexpr Words c_noJob = {"Open a job file (Ctrl+O)", "打开一个作业文件（Ctrl+O）"};
+inline constexpr Words c_counts = {"{0} nodes   {1} elements", "节点 {0}   单元 {1}"};
 
 // Job files
-inline constexpr std::string_view c_strOpenTitle = "打开作业文件";
-inline constexpr std::string_view c_strJobFilter = "作业文件 (*.json);;所有文件 (*)";
-inline constexpr std::string_view c_strPictureFilter = "PNG 图片 (*.png)";
-inline constexpr std::string_view c_strErrorTitle = "作业文件有误";
-inline constexpr std::string_view c_strErrorKept = "文件未打开，当前作业保持不变。";
-inline constexpr std::string_view c_strPlace = "位置";
-inline constexpr std::string_view c_strReason = "原因";
-inline constexpr std::string_view c_strClose = "关闭";
-inline constexpr std::string_view c_strPathTooLong = "作业文件的路径过长";
-inline constexpr std::string_view c_strPictureFailed = "图片无法保存。";
+inline constexpr Words c_openTitle = {"Open job file", "打开作业文件"};
+inline constexpr Words c_saveTitle = {"Save job file", "保存作业文件"};
+inline constexpr Words c_saveFailed = {"The job could not be written: {0}", "作业无法保存：{0}"};
+inline constexpr Words c_askToSave = {"The analyses of the job have changed. Save them?",
+                                      "作业的分析参数已修改，是否保存？"};
+inline constexpr Words c_yes = {"Save", "保存"};
+inline constexpr Words c_no = {"Don't save", "不保存"};
+inline constexpr Words c_cancel = {"Cancel", "取消"};
+inline constexpr Words c_jobFilter = {"Job files (*.json);;All files (*)", "作业文件 (*.json);;所有文件 (*)"};
+inline constexpr Words c_pictureTitle = {"Save picture", "保存图片"};
+inline constexpr Words c_pictureFilter = {"PNG pictures (*.png)", "PNG 图片 (*.png)"};
+inline constexpr Words c_errorTitle = {"Errors in the job file", "作业文件有误"};
+inline constexpr Words c_errorKept = {"The file was not opened; the present job stays.",
+                                      "文件未打开，当前作业保持不变。"};
+inline constexpr Words c_place = {"Place", "位置"};
+inline constexpr Words c_reason = {"Reason", "原因"};
+inline constexpr Words c_close = {"Close", "关闭"};
+inline constexpr Words c_pathTooLong = {"the path of the job file is too long", "作业文件的路径过长"};
+inline constexpr Words c_pictureFailed = {"The picture could not be saved.", "图片无法保存。"};
 
 }  // namespace skyframe::gui::texts

@@ -28,7 +28,7 @@ class CTemporary {
 int CPrefillPlatform::RunModal(CDialog& dialog) {
   if (m_bPrefilling) return RunScripted(dialog, GetScript(dialog.GetTemplate().nId));
   const CTemporary<const CDialog*> awaited(m_pAwaited, &dialog);
-  return m_windows.RunModal(dialog);
+  return GetWindows().RunModal(dialog);
 }
 
 void CPrefillPlatform::DialogOpened(CDialog& dialog, IDialogView& view) {

@@ -1,36 +1,29 @@
 #pragma once
 
-#include <QAction>
 #include <QActionGroup>
-#include <QCheckBox>
-#include <QComboBox>
-#include <QDockWidget>
-#include <QLabel>
 #include <QMainWindow>
-#include <QMenu>
 #include <QPlainTextEdit>
 #include <QSettings>
-#include <QSlider>
 #include <QStringDecoder>
-#include <QToolBar>
-#include <functional>
 #include <memory>
-#include <optional>
-#include <string>
 #include <string_view>
 #include <vector>
 
+#include "skyframe/gui/ActionMaker.h"
 #include "skyframe/gui/AdvicePanel.h"
+#include "skyframe/gui/AnalysisPanel.h"
+#include "skyframe/gui/Document.h"
 #include "skyframe/gui/ResultPanel.h"
+#include "skyframe/gui/ShapeBar.h"
 #include "skyframe/gui/StructureView.h"
-#include "skyframe/job/JobFile.h"
+#include "skyframe/gui/SummaryPanel.h"
 #include "skyframe/qt/QtPlatform.h"
-#include "skyframe/run/Session.h"
+#include "skyframe/run/AnalysisRun.h"
 
 namespace skyframe::gui {
 
-/// The desktop host: a job, its drawing, the five analyses in the menu, console and result files.
-/// Its platform is in force for the life of the object.
+/// The desktop host: a job, its drawing, its analyses with their dialogs, and what they found.
+/// Its platform is in force for the life of the object, and so is its language.
 class CMainWindow : public QMainWindow {
  public:
   /// Settings are kept in the file, or where the system keeps them when it is empty.
@@ -39,7 +32,7 @@ class CMainWindow : public QMainWindow {
 
   /// Reads a job file. False when it has errors: they are shown with their places and the current job stays.
   bool OpenJob(const QString& strFile);
-  [[nodiscard]] const QString& GetJobFile() const { return m_strJobFile; }
+  [[nodiscard]] CDocument& GetDocument() { return m_document; }
   [[nodiscard]] CStructureView& GetStructureView() { return m_view; }
   [[nodiscard]] CQtPlatform& GetPlatform() { return m_platform; }
   void SetFontScale(double dScale);
@@ -52,52 +45,60 @@ class CMainWindow : public QMainWindow {
   void MakeAnalysisMenu();
   void MakeViewMenu();
   void MakeFontMenu(QMenu& viewMenu);
+  void MakeLanguageMenu(QMenu& viewMenu);
   void MakeHelpMenu();
-  void MakeShapeBar();
   void MakeDocks();
-  QMenu& AddMenu(std::string_view strTitle);
-  QAction* AddAction(QMenu& menu, std::string_view strText, std::string_view strTip, const char* strName,
-                     std::function<void()> action);
-  QAction* AddOption(QMenu& menu, std::string_view strText, std::string_view strTip, const char* strName,
-                     bool ViewOptions::*pOption);
+  QAction* AddJobAction(QMenu& menu, const host::Words& text, const host::Words& tip, const char* pszName,
+                        std::function<void()> action);
+  void AddOption(QMenu& menu, const host::Words& text, const host::Words& tip, const char* pszName,
+                 bool ViewOptions::*pOption);
 
   void OnOpen();
+  bool OnSave();
+  bool OnSaveAs();
+  bool SaveTo(const QString& strFile);
+  /// Asks whether to save changed analyses; false: go on with what was.
+  bool MayLeaveJob();
   void OnSavePicture();
   void OnAbout();
-  /// Runs an analysis and shows what is to be told of it.
-  void Analyse(host::AnalysisKind kind);
+
+  /// Runs an analysis in its dialogs, filled in with those values when there are any.
+  void Analyse(host::AnalysisKind kind, const host::JobAnalysis* pValues);
+  void RunAll();
   void ShowHistories();
-  void ShowRun();
+  /// Shows what a run found; bSelect: its shape is drawn.
+  void ShowRun(host::AnalysisKind kind, const host::AnalysisRun& run);
+  void ShowStatus();
+  void ShowStructure();
+  void ShowTitle();
   void AppendConsole(std::string_view strText);
-  /// Result files and shapes as they now are.
-  void RefreshResults();
-  void ShowShape();
   void Remember(const QString& strFile);
   void FillRecentMenu();
 
   std::unique_ptr<QSettings> m_pSettings;
+  host::CLanguageScope m_language;
+  CDocument m_document;
   CQtPlatform m_platform;
   IPlatform* m_pPrevious;
-  QString m_strJobFile;
-  std::optional<host::CSession> m_session;  ///< of the open job
-  std::vector<host::DeformedShape> m_shapes;
+  CActionMaker m_make;
 
   CStructureView m_view;
-  QToolBar m_shapeBar;
-  QLabel m_shapeLabel;
-  QComboBox m_shapeList;
-  QLabel m_amplitudeLabel;
-  QSlider m_amplitude;
-  QCheckBox m_animate;
+  QString m_strDrawn;  ///< job file whose structure the view shows
+  CShapeBar m_shapeBar;
+  QDockWidget m_analysisDock;
+  CAnalysisPanel m_analyses;
   QDockWidget m_consoleDock;
   QPlainTextEdit m_console;
   QStringDecoder m_decoder;
+  QDockWidget m_summaryDock;
+  CSummaryPanel m_summary;
   QDockWidget m_adviceDock;
   CAdvicePanel m_advice;
   QDockWidget m_resultDock;
   CResultPanel m_results;
   QMenu m_recentMenu;
   QActionGroup m_fontSizes;
+  QActionGroup m_languages;
   std::vector<QAction*> m_jobActions;  ///< need an open job
 };
 

@@ -3,28 +3,35 @@
 #include <QListWidget>
 #include <QPlainTextEdit>
 #include <QSplitter>
-#include <string>
+#include <QStringDecoder>
+#include <istream>
+#include <memory>
+
+#include "skyframe/gui/Document.h"
 
 namespace skyframe::gui {
 
-/// The result files beside a job file, and the text of the one chosen.
+/// The result files beside the job file, and the text of the one chosen: more of it is read when its end comes into
+/// view.
 class CResultPanel : public QSplitter {
  public:
-  explicit CResultPanel(QWidget* pParent = nullptr);
+  /// The document must outlive the panel.
+  explicit CResultPanel(CDocument& document, QWidget* pParent = nullptr);
 
-  /// Result files are those whose path is the job's plus a suffix; empty: none.
-  void SetJobPath(const std::string& strJobPath);
-  /// Looks at the directory again and keeps the choice.
-  void Refresh();
   /// Of the file's text, in points.
   void SetTextSize(double dPoints);
 
  private:
+  /// Looks at the folder again and keeps the choice.
+  void Refresh();
   void ShowFile();
+  void ReadMore();
 
-  std::string m_strJobPath;
+  CDocument& m_document;
   QListWidget m_list;
   QPlainTextEdit m_text;
+  std::unique_ptr<std::istream> m_pStream;  ///< of the file shown, where the text ends; null: nothing more
+  QStringDecoder m_decoder;
 };
 
 }  // namespace skyframe::gui

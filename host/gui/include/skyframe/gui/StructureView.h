@@ -31,9 +31,12 @@ class CStructureView : public QWidget {
   /// Takes the shape away; bKeepCamera: the structure is the one shown before.
   void SetScene(host::CScene scene, bool bKeepCamera = false);
   [[nodiscard]] const host::CScene& GetScene() const { return m_scene; }
-  void SetShape(std::optional<host::DeformedShape> shape);
+  /// bOutdated: it comes from another model, and the caption says so.
+  void SetShape(std::optional<host::DeformedShape> shape, bool bOutdated = false);
   /// Largest drawn displacement in parts of the structure's radius.
   void SetAmplitude(double dAmplitude);
+  /// The same by how many times displacements are enlarged; no effect without a shape.
+  void SetMagnification(double dMagnification);
   void SetAnimated(bool bAnimated);
   [[nodiscard]] bool IsAnimated() const { return m_timer.isActive(); }
   void SetOptions(ViewOptions options);
@@ -69,6 +72,7 @@ class CStructureView : public QWidget {
   host::CScene m_scene;
   host::CCamera m_camera;
   std::optional<host::DeformedShape> m_shape;
+  bool m_bOutdated = false;
   double m_dAmplitude = 0.1;
   ViewOptions m_options;
   QTimer m_timer;

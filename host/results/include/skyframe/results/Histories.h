@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "skyframe/results/HistoryResultFile.h"
 #include "skyframe/values/HistorySet.h"
 
 namespace skyframe::host {
@@ -15,6 +16,9 @@ struct HistoryPeak {
 };
 /// nQuantity: HistoryQuantity.
 [[nodiscard]] HistoryPeak FindPeak(const HistorySet& history, int nQuantity);
+
+/// The file's histories as the module keeps them.
+[[nodiscard]] HistorySet FormHistorySet(const HistoryResultFile& file);
 
 /// "Newmark, linear, 1000 steps of 0.02 s, finished 2026-11-21 23:05:09".
 [[nodiscard]] std::string DescribeHistory(const HistoryRun& run);

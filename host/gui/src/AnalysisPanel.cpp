@@ -1,0 +1,77 @@
+#include "skyframe/gui/AnalysisPanel.h"
+
+#include <QAction>
+#include <memory>
+
+#include "ShapeTitle.h"
+#include "skyframe/job/DialogFields.h"
+#include "skyframe/qt/Font.h"
+#include "skyframe/run/AnalysisRun.h"
+#include "texts.h"
+
+namespace skyframe::gui {
+
+namespace {
+
+/// The run that left the analysis's results; null when there is none.
+const host::ResultStamp* FindStamp(const CDocument& document, const host::JobAnalysis& analysis) {
+  const auto suffixes = host::ListSuffixes(analysis);
+  for (const std::string_view strSuffix : suffixes) {
+    if (const host::ResultStamp* const pStamp = document.GetStamps().Find(strSuffix)) return pStamp;
+  }
+  return nullptr;
+}
+
+bool IsOutdated(const CDocument& document, const host::JobAnalysis& analysis) {
+  const auto suffixes = host::ListSuffixes(analysis);
+  for (const std::string_view strSuffix : suffixes) {
+    if (document.IsOutdated(strSuffix)) return true;
+  }
+  return false;
+}
+
+}  // namespace
+
+CAnalysisPanel::CAnalysisPanel(CDocument& document, std::function<void(std::size_t)> run, QWidget* pParent)
+    : QListWidget(pParent), m_document(document) {
+  setObjectName(QStringLiteral("analyses"));
+  auto* const pRemove = new QAction(this);  // NOLINT(cppcoreguidelines-owning-memory): the panel owns it
+  pRemove->setShortcut(QKeySequence::Delete);
+  pRemove->setShortcutContext(Qt::WidgetShortcut);
+  connect(pRemove, &QAction::triggered, this, [this] { RemoveCurrent(); });
+  addAction(pRemove);
+  setContextMenuPolicy(Qt::ActionsContextMenu);
+  connect(this, &QListWidget::itemActivated, this,
+          [this, run = std::move(run)](const QListWidgetItem* pRow) { run(static_cast<std::size_t>(row(pRow))); });
+  m_document.OnLanguage([this, pRemove] {
+    pRemove->setText(ToQt(Say(texts::c_removeAnalysis)));
+    Fill();
+  });
+  m_document.analysesChanged.Connect([this] { Fill(); });
+  m_document.resultsChanged.Connect([this] { Fill(); });
+}
+
+void CAnalysisPanel::Fill() {
+  const int nRow = currentRow();
+  clear();
+  if (!m_document.IsOpen()) return;
+  for (const host::JobAnalysis& analysis : m_document.GetJob().analyses) {
+    std::string strText(host::GetName(analysis));
+    const bool bOutdated = IsOutdated(m_document, analysis);
+    if (const host::ResultStamp* const pStamp = FindStamp(m_document, analysis)) strText += "   " + pStamp->strTime;
+    if (bOutdated) strText += FormOutdatedMark();
+    auto pRow = std::make_unique<QListWidgetItem>(ToQt(strText));
+    if (bOutdated) pRow->setForeground(Qt::darkRed);
+    addItem(pRow.release());  // the list takes it over
+  }
+  setCurrentRow(nRow < count() ? nRow : -1);
+}
+
+void CAnalysisPanel::RemoveCurrent() {
+  if (currentRow() < 0) return;
+  std::vector<host::JobAnalysis> analyses = m_document.GetJob().analyses;
+  analyses.erase(analyses.begin() + currentRow());
+  m_document.SetAnalyses(std::move(analyses));
+}
+
+}  // namespace skyframe::gui

@@ -1,0 +1,169 @@
+#include "skyframe/gui/Document.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "skyframe/job/DialogFields.h"
+#include "skyframe/platform/OutputFile.h"
+#include "skyframe/results/Histories.h"
+#include "skyframe/run/DataDirectory.h"
+#include "skyframe/values/ResultFiles.h"
+#include "texts.h"
+
+namespace skyframe::gui {
+
+namespace {
+
+/// Whether two analyses write the same result files.
+bool WriteTheSame(const host::JobAnalysis& one, const host::JobAnalysis& other) {
+  if (host::GetKind(one) != host::GetKind(other)) return false;
+  const auto* const pOne = std::get_if<host::StaticJob>(&one);
+  const auto* const pOther = std::get_if<host::StaticJob>(&other);
+  return pOne == nullptr || *host::WithDefaults(*pOne).bNonlinear == *host::WithDefaults(*pOther).bNonlinear;
+}
+
+/// What a dialog shows says the same as what the job left to its defaults.
+bool MeanTheSame(const host::JobAnalysis& one, const host::JobAnalysis& other) {
+  return one.index() == other.index() &&
+         std::visit(
+             [&other](const auto& analysis) {
+               using A = std::decay_t<decltype(analysis)>;
+               return host::WithDefaults(analysis) == host::WithDefaults(std::get<A>(other));
+             },
+             one);
+}
+
+}  // namespace
+
+std::vector<host::JobProblem> CDocument::Open(const QString& strFile) {
+  const std::string strPath = strFile.toStdString();
+  host::JobFile file = host::ReadJobFile(strPath);
+  if (!file.errors.empty()) return file.errors;
+  auto session = host::CSession::Open(std::move(file.job), host::GetJobPath(strPath), host::FindDataDirectory());
+  if (!session) return {{"/", std::string(host::Say(texts::c_pathTooLong))}};
+  const bool bSameFile = strFile == m_strFile;
+  m_session = std::move(session);
+  m_warnings = std::move(file.warnings);
+  m_strFile = strFile;
+  m_bModified = false;
+  m_strModel = host::FormModelMark(GetJob());
+  if (!bSameFile) m_selection = {};
+  const auto IsGone = [](int nIndex, std::size_t nCount) { return static_cast<std::size_t>(nIndex) >= nCount; };
+  std::erase_if(m_selection.nodes, [&](int i) { return IsGone(i, GetJob().nodes.size()); });
+  std::erase_if(m_selection.elements, [&](int i) { return IsGone(i, GetJob().elements.size()); });
+  jobOpened.Send();
+  analysesChanged.Send();
+  RefreshResults();
+  selectionChanged.Send();
+  return {};
+}
+
+const host::JobAnalysis* CDocument::FindAnalysis(host::AnalysisKind kind) const {
+  const auto& analyses = GetJob().analyses;
+  const auto it = std::ranges::find(analyses, kind, host::GetKind);
+  return it == analyses.end() ? nullptr : &*it;
+}
+
+void CDocument::KeepAnalysis(const host::JobAnalysis& analysis) {
+  std::vector<host::JobAnalysis> analyses = GetJob().analyses;
+  const auto it = std::ranges::find_if(analyses, [&](const auto& other) { return WriteTheSame(analysis, other); });
+  if (it == analyses.end()) {
+    analyses.push_back(analysis);
+  } else if (MeanTheSame(*it, analysis)) {
+    return;
+  } else {
+    *it = analysis;
+  }
+  SetAnalyses(std::move(analyses));
+}
+
+void CDocument::SetAnalyses(std::vector<host::JobAnalysis> analyses) {
+  m_session->SetAnalyses(std::move(analyses));
+  m_bModified = true;
+  analysesChanged.Send();
+}
+
+std::string CDocument::Save(const QString& strFile) {
+  COutputFile file(strFile.toStdString());
+  file.GetStream() << host::FormatJob(GetJob());
+  if (!file.Commit()) return file.GetError();
+  m_bModified = false;
+  if (strFile != m_strFile) {
+    const std::vector<host::JobProblem> errors = Open(strFile);
+    return errors.empty() ? std::string() : errors.front().strReason;
+  }
+  analysesChanged.Send();
+  return {};
+}
+
+template <class File, class Reader>
+const File* CDocument::Get(Kept<File>& kept, std::string_view strSuffix, Reader reader) {
+  if (!IsOpen()) return nullptr;
+  if (!kept) kept = reader(GetJobPath() + std::string(strSuffix));
+  return kept->has_value() ? &**kept : nullptr;
+}
+
+const host::StaticResultFile* CDocument::GetStatic(bool bNonlinear) {
+  const auto read = [this](const std::string& strPath) {
+    return host::ReadStaticResultFile(strPath, GetJob().nodes.size());
+  };
+  return bNonlinear ? Get(m_nonlinear, suffix::c_strStaticNonlinear, read)
+                    : Get(m_linear, suffix::c_strStaticLinear, read);
+}
+
+const host::ModeResultFile* CDocument::GetModes() {
+  return Get(m_modes, suffix::c_strModes,
+             [this](const std::string& strPath) { return host::ReadModeResultFile(strPath, GetJob().nodes); });
+}
+
+const host::SpectrumResultFile* CDocument::GetSpectrum() {
+  return Get(m_spectrum, suffix::c_strSpectrum,
+             [this](const std::string& strPath) { return host::ReadSpectrumResultFile(strPath, GetJob().nodes); });
+}
+
+const HistorySet* CDocument::GetHistories() {
+  if (!IsOpen()) return nullptr;
+  if (const HistorySet& run = m_session->GetHistories(); run.nSteps > 0) return &run;
+  return Get(m_histories, suffix::c_strHistory, [this](const std::string& strPath) {
+    const host::HistoryModel model = {static_cast<int>(GetJob().nodes.size()),
+                                      static_cast<int>(GetJob().elements.size())};
+    const auto file = host::ReadHistoryFile(strPath, model);
+    return file ? host::Reading<HistorySet>(host::FormHistorySet(*file)) : host::Reading<HistorySet>();
+  });
+}
+
+bool CDocument::IsOutdated(std::string_view strSuffix) const { return m_stamps.IsOutdated(strSuffix, m_strModel); }
+
+bool CDocument::HasOutdatedResults() const {
+  const auto& stamps = m_stamps.GetAll();
+  return std::ranges::any_of(stamps, [this](const host::ResultStamp& stamp) {
+    return std::ranges::any_of(stamp.files, [this](const auto& file) { return IsOutdated(file.first); });
+  });
+}
+
+void CDocument::RefreshResults() {
+  m_linear.reset();
+  m_nonlinear.reset();
+  m_modes.reset();
+  m_spectrum.reset();
+  m_histories.reset();
+  m_stamps = IsOpen() ? host::CStamps::Read(GetJobPath()) : host::CStamps();
+  resultsChanged.Send();
+}
+
+void CDocument::Select(Selection selection) {
+  if (selection == m_selection) return;
+  m_selection = std::move(selection);
+  selectionChanged.Send();
+}
+
+void CDocument::SetLanguage(host::Language language) {
+  if (host::SetLanguage(language) != language) m_languageChanged.Send();
+}
+
+void CDocument::OnLanguage(const std::function<void()>& speak) {
+  speak();
+  m_languageChanged.Connect(speak);
+}
+
+}  // namespace skyframe::gui
