@@ -36,9 +36,9 @@ constexpr Words c_moment = {"moment", "弯矩和扭矩"};
 constexpr Words c_deflection = {"deflection", "挠度"};
 constexpr Words c_mass = {"participating mass", "参与质量"};
 
-constexpr Words c_nodeCounts = {"the models have {0} and {1} nodes", "两个模型的结点数为 {0} 和 {1}"};
+constexpr Words c_nodeCounts = {"the models have {0} and {1} nodes", "两个模型的节点数为 {0} 和 {1}"};
 constexpr Words c_elementCounts = {"the models have {0} and {1} elements", "两个模型的单元数为 {0} 和 {1}"};
-constexpr Words c_noNode = {"the second model has no node {0}", "第二个模型没有结点 {0}"};
+constexpr Words c_noNode = {"the second model has no node {0}", "第二个模型没有节点 {0}"};
 constexpr Words c_nothing = {"no result file of the same kind stands beside both jobs", "两个作业旁没有同类的结果文件"};
 constexpr Words c_onlyFirst = {"only the first has it", "只有第一个作业有结果"};
 constexpr Words c_onlySecond = {"only the second has it", "只有第二个作业有结果"};

@@ -12,7 +12,7 @@ namespace {
 namespace texts {
 
 constexpr Words c_mode = {"mode {0}", "振型 {0}"};
-constexpr Words c_node = {"node {0}", "结点 {0}"};
+constexpr Words c_node = {"node {0}", "节点 {0}"};
 constexpr Words c_element = {"element {0}", "单元 {0}"};
 constexpr Words c_station = {"at station {0}", "第 {0} 截面"};
 constexpr Words c_time = {"at {0} s", "{0} s 时"};

@@ -17,7 +17,7 @@ struct ResultSet {
 
 /// Where two result sets differ most in a quantity.
 struct Difference {
-  Words quantity;
+  Words quantity = {"", ""};
   std::string_view strUnit;
   double dFirst = 0.0;
   double dSecond = 0.0;
@@ -32,7 +32,7 @@ struct Difference {
 
 /// Results of one analysis.
 struct KindComparison {
-  Words kind;
+  Words kind = {"", ""};
   std::string strError;  ///< why they cannot be compared: one damaged, or of other counts than the other
   std::string strNote;   ///< what is not compared: results that one set alone has, modes that are more in one
   std::vector<Difference> differences;
