@@ -47,7 +47,7 @@ const std::string c_strGood = R"json({
      "intensity": "8 (0.20g)", "level": "rare", "damping": 0.05, "modal_combination": "CQC"},
     {"type": "time_history", "method": "wilson", "theta": 1.5, "damping": [0.01, 0.02], "time_step": 0.01,
      "duration": 3, "nonlinear": false, "peaks": {"X": 0.1, "oblique": 0.2}, "combination": {"0": 1},
-     "outputs": {"nodes": [{"node": 3, "direction": "Z"}, {"node": 20, "direction": "X"}], "elements": [2, 1]}},
+     "outputs": {"nodes": [{"node": 7, "direction": "Z"}, {"node": 20, "direction": "X"}], "elements": [2, 1]}},
     {"type": "time_history", "method": "newmark", "load": "nodal_force", "alpha": 0.3, "delta": 0.6,
      "nonlinear": true, "criterion": "force_abs", "tolerance": 0.01, "max_iterations": 9, "from_file": false,
      "impulse": {"shape": "rectangular", "loads": [{"node": 20, "direction": "Y", "peak": 7}],
@@ -74,7 +74,7 @@ TEST(JobFile, ReadsEveryPart) {
   const auto& first = std::get<StaticJob>(job.analyses.at(0));
   EXPECT_EQ(std::tuple(first.nCriterion, first.combination), std::tuple(3, JobCombination{{0, 1.2}, {2, -1.0}}));
   EXPECT_EQ(std::get<WilsonJob>(job.analyses.at(3)).peaks, (JobPeaks{0.1, {}, {}, 0.2}));
-  EXPECT_EQ(std::get<WilsonJob>(job.analyses.at(3)).outputs, (JobOutputs{{{2, 2}, {3, 0}}, {2, 1}}));
+  EXPECT_EQ(std::get<WilsonJob>(job.analyses.at(3)).outputs, (JobOutputs{{{1, 2}, {3, 0}}, {2, 1}}));
   EXPECT_EQ(std::get<NewmarkJob>(job.analyses.at(4)).impulse->impulses, (std::vector<JobImpulse>{{3, 1, 7.0}}));
   EXPECT_EQ(std::get<NewmarkJob>(job.analyses.at(5)).earthquake->directions, (std::array{true, false, true}));
 }
@@ -150,8 +150,8 @@ TEST(JobFile, EachErrorHasItsPlaceAndReason) {
       {"\"mode\": \"principal\", ", "\"oblique_axis\": [1, 1, 0],",
        "/analyses/5/earthquake/oblique_axis: belongs to mode \"oblique\""},
       {"{\"node\": 20, \"direction\": \"X\"}], \"elements\": [2, 1]",
-       "{\"node\": 3, \"direction\": \"X\"}], \"elements\": [2, 2]",
-       "/analyses/3/outputs/nodes/1/node: node 3 is listed twice\n/analyses/3/outputs/elements: element 2 is listed "
+       "{\"node\": 7, \"direction\": \"X\"}], \"elements\": [2, 2]",
+       "/analyses/3/outputs/nodes/1/node: node 7 is listed twice\n/analyses/3/outputs/elements: element 2 is listed "
        "twice"},
       {"[2, 1]", "[3, 1.5]",
        "/analyses/3/outputs/elements: must list numbers of elements, 1 to 2\n/analyses/3/outputs/elements: must list "
