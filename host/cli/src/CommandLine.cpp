@@ -8,6 +8,7 @@
 #include <system_error>
 
 #include "Commands.h"
+#include "HelpFormat.h"
 #include "skyframe/job/Text.h"
 
 namespace skyframe::host {
@@ -23,6 +24,7 @@ constexpr CommandMaker c_commands[] = {MakeRunCommand,     MakeCheckCommand,    
 class CCommandLine {
  public:
   explicit CCommandLine(const CommandContext& context) : m_out(context.out), m_err(context.err) {
+    m_app.formatter(std::make_shared<CHelpFormat>());
     m_app.set_version_flag("--version", SKYFRAME_VERSION);
     m_app.require_subcommand(1);
     for (const CommandMaker maker : c_commands) {

@@ -43,7 +43,9 @@ class CCompareCommand final : public CCommand {
  private:
   void Define(CLI::App& app) override {
     AddJobFile(app, "Job file (JSON) whose analyses have run");
-    app.add_option("other", m_strOther, "Job file (JSON) of the results to compare with")->required();
+    app.add_option("other", m_strOther, "Job file (JSON) of the results to compare with")
+        ->required()
+        ->type_name("FILE");
     app.add_option("--tolerance", m_dTolerance, "Largest relative difference that passes")
         ->check(CLI::Range(0.0, 1.0))
         ->capture_default_str();

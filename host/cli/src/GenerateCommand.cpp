@@ -28,7 +28,9 @@ class CGenerateCommand final : public CCommand {
 
   CLI::App* AddShape(CLI::App& generate, const std::string& strName, const std::string& strHelp) {
     CLI::App* pShape = generate.add_subcommand(strName, strHelp);
-    pShape->add_option("-o,--output", m_strOutput, "Job file to write (default: standard output)");
+    pShape->add_option("-o,--output", m_strOutput, "Job file to write")
+        ->default_str("standard output")
+        ->type_name("FILE");
     return pShape;
   }
 

@@ -33,8 +33,8 @@ class CPlotCommand final : public CCommand {
  private:
   void Define(CLI::App& app) override {
     AddJobFile(app, "Job file (JSON) whose analyses have run");
-    app.add_option("-o,--output", m_strOutput, "SVG file to write")->required();
-    m_pWhat = app.add_option_group("What to draw", "one of these");
+    app.add_option("-o,--output", m_strOutput, "SVG file to write")->required()->type_name("FILE");
+    m_pWhat = app.add_option_group("What to draw");
     m_pWhat->require_option(1);
     m_pWhat->add_flag("--spectrum", m_bSpectrum, "Design spectrum with the periods of the modes");
     m_pWhat->add_option("--mode", m_plot.nNumber, "Mode shape, from 1");
@@ -43,7 +43,8 @@ class CPlotCommand final : public CCommand {
     CLI::Option* pDeformed =
         m_pWhat->add_flag("--deformed", m_bDeformed, "Structure as the static analysis deforms it");
     const std::map<std::string, int> directions = {{"X", 0}, {"Y", 1}, {"Z", 2}};
-    app.add_option("--dir", m_plot.nDirection, "X, Y or Z (default X)")
+    app.add_option("--dir", m_plot.nDirection, "Direction")
+        ->default_str("X")
         ->needs(m_pNode)
         ->transform(CLI::CheckedTransformer(directions, CLI::ignore_case));
     app.add_flag("--nonlinear", m_plot.bNonlinear, "Of the nonlinear static analysis")->needs(pDeformed);

@@ -35,14 +35,20 @@ class CRunCommand final : public CCommand {
 
  private:
   void Define(CLI::App& app) override {
-    app.add_option("job", m_jobFiles, "Job file (JSON); of many, each runs in a process of its own")->required();
-    CLI::Option* pLog =
-        app.add_option("--log", m_strLogFile, "File for the progress and trace lines (default: standard output)");
+    app.add_option("job", m_jobFiles, "Job file (JSON); of many, each runs in a process of its own")
+        ->required()
+        ->type_name("FILE");
+    CLI::Option* pLog = app.add_option("--log", m_strLogFile, "File for the progress and trace lines")
+                            ->default_str("standard output")
+                            ->type_name("FILE");
     app.add_flag("--quiet", m_bQuiet, "No progress and trace lines")->excludes(pLog);
     app.add_flag("--strict", m_bStrict, "End with status 3 when there was a warning");
     app.add_flag("--dialogs", m_bDialogs, "Show the dialogs with the job's values, to be changed and confirmed");
-    app.add_option("--data", m_strProgramPath, "Directory that holds GroundAccData")->capture_default_str();
-    app.add_option("--jobs", m_nAtOnce, "Of many jobs, so many at once (default: one a processor)")
+    app.add_option("--data", m_strProgramPath, "Directory that holds GroundAccData")
+        ->capture_default_str()
+        ->type_name("DIR");
+    app.add_option("--jobs", m_nAtOnce, "Of many jobs, so many at once")
+        ->default_str("one a processor")
         ->check(CLI::Range(1, CChildProcesses::c_nMostProcesses));
   }
 

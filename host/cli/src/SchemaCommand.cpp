@@ -21,8 +21,9 @@ class CSchemaCommand final : public CCommand {
 
  private:
   void Define(CLI::App& app) override {
-    app.add_option("-o,--output", m_strOutput, "File to write (default: standard output)");
-    CLI::Option* pTable = app.add_option("--table", m_strTable, "Instead the manual's table of an analysis");
+    app.add_option("-o,--output", m_strOutput, "File to write")->default_str("standard output")->type_name("FILE");
+    CLI::Option* pTable =
+        app.add_option("--table", m_strTable, "Instead the manual's table of an analysis")->type_name("NAME");
     app.add_flag("--chinese", m_bChinese, "The table of the Chinese manual")->needs(pTable);
   }
 
