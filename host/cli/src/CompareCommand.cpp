@@ -6,25 +6,15 @@
 #include "skyframe/compare/Compare.h"
 #include "skyframe/job/Language.h"
 #include "skyframe/job/Text.h"
+#include "texts.h"
 
 namespace skyframe::host {
 
 namespace {
 
-namespace texts {
-
-constexpr Words c_equal = {"the same", "相同"};
-constexpr Words c_values = {"{0} and {1}", "{0} 和 {1}"};
-constexpr Words c_above = {"above the tolerance", "超过容差"};
-constexpr Words c_allWithin = {"No difference is above the tolerance {0}.", "没有超过容差 {0} 的差别。"};
-constexpr Words c_someAbove = {"There are differences above the tolerance {0}.", "有超过容差 {0} 的差别。"};
-
-}  // namespace texts
-
 class CCompareCommand final : public CCommand {
  public:
-  explicit CCompareCommand(const CommandContext& context)
-      : CCommand("compare", "Print the largest differences between the results of two jobs", context) {}
+  explicit CCompareCommand(const CommandContext& context) : CCommand("compare", Say(texts::c_compare), context) {}
 
   int Run() override {
     const std::optional<Job> first = LoadJob(m_strJobFile);
@@ -42,11 +32,9 @@ class CCompareCommand final : public CCommand {
 
  private:
   void Define(CLI::App& app) override {
-    AddJobFile(app, "Job file (JSON) whose analyses have run");
-    app.add_option("other", m_strOther, "Job file (JSON) of the results to compare with")
-        ->required()
-        ->type_name("FILE");
-    app.add_option("--tolerance", m_dTolerance, "Largest relative difference that passes")
+    AddJobFile(app, Help(texts::c_plotJob));
+    app.add_option("other", m_strOther, Help(texts::c_compareOther))->required();
+    app.add_option("--tolerance", m_dTolerance, Help(texts::c_tolerance))
         ->check(CLI::Range(0.0, 1.0))
         ->capture_default_str();
   }
@@ -72,9 +60,9 @@ class CCompareCommand final : public CCommand {
   static std::string Describe(const Difference& difference) {
     if (difference.GetAbsolute() == 0.0) return std::string(Say(texts::c_equal));
     const std::string strValues =
-        Say(texts::c_values, {Format("%.8g", difference.dFirst), Format("%.8g", difference.dSecond)});
+        Say(texts::c_twoValues, {Format("%.8g", difference.dFirst), Format("%.8g", difference.dSecond)});
     std::string strText = difference.strPlace.empty() ? strValues : difference.strPlace + ", " + strValues;
-    if (difference.bAbove) strText += "; " + std::string(Say(texts::c_above));
+    if (difference.bAbove) strText += "; " + std::string(Say(texts::c_aboveTolerance));
     return strText;
   }
 
