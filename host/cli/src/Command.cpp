@@ -39,7 +39,7 @@ void CCommand::AddTo(CLI::App& program, CCommand*& pChosen) {
 void CCommand::AddJobFile(CLI::App& app) { AddJobFile(app, Help(texts::c_jobFile)); }
 
 void CCommand::AddJobFile(CLI::App& app, const std::string& strHelp) {
-  app.add_option("job", m_strJobFile, strHelp)->required();
+  app.add_option("job", m_strJobFile, strHelp)->required()->type_name("FILE");
 }
 
 std::optional<Job> CCommand::LoadJob(const std::string& strJobFile) {
