@@ -202,6 +202,7 @@ TEST_F(CommandLine, SpeaksChineseThroughoutOnRequest) {
       {"run", "--help"},
       {"generate", "--help"},
       {"generate", "building", "--help"},
+      {"plot", "--help"},
       {"report", "--help"},
       {"schema", "--help"},
       {},
