@@ -105,6 +105,18 @@ inline constexpr Words c_badLoads = {"--loads: neither all, nor a case, nor a co
 inline constexpr Words c_report = {"Write the calculation report of a job as HTML", "写出作业的计算书（HTML）"};
 inline constexpr Words c_reportOutput = {"HTML file to write", "要写的 HTML 文件"};
 
+// compare
+inline constexpr Words c_compare = {"Print the largest differences between the results of two jobs",
+                                    "列出两个作业的结果的最大差别"};
+inline constexpr Words c_compareOther = {"Job file (JSON) of the results to compare with",
+                                         "与之比较的作业文件（JSON）"};
+inline constexpr Words c_tolerance = {"Largest relative difference that passes", "允许的最大相对差"};
+inline constexpr Words c_equal = {"the same", "相同"};
+inline constexpr Words c_twoValues = {"{0} and {1}", "{0} 和 {1}"};
+inline constexpr Words c_aboveTolerance = {"above the tolerance", "超过容差"};
+inline constexpr Words c_allWithin = {"No difference is above the tolerance {0}.", "没有超过容差 {0} 的差别。"};
+inline constexpr Words c_someAbove = {"There are differences above the tolerance {0}.", "有超过容差 {0} 的差别。"};
+
 // generate
 inline constexpr Words c_generate = {"Write a job file for a regular structure", "生成规则结构的作业文件"};
 inline constexpr Words c_generateOutput = {"Job file to write (default: standard output)",
@@ -156,21 +168,15 @@ inline constexpr Words c_helpParts[] = {
     {"\nSubcommands:\n{0}", "\n命令：\n{0}"},
     {"[Option Group: {0}]\n  {1} \n  [Exactly 1 of the following options is required]\n  {2}", "{0}（{1}）\n  {2}"},
 };
-/// What stands behind the name of an option.
-inline constexpr Words c_optionParts[] = {
-    {"{0} Needs: {1}", "{0} 须有 {1}"},
-    {"{0} Excludes: {1}", "{0} 不与 {1} 同用"},
-    {"{0} REQUIRED{1}", "{0} 必需{1}"},
-};
-/// Kinds of values.
-inline constexpr Words c_valueKinds[] = {
-    {"TEXT", "文本"},
-    {"INT", "整数"},
-    {"FLOAT", "数"},
-    {"INT:INT in [{0} - {1}]", "整数 {0}…{1}"},
-    {"FLOAT:FLOAT in [{0} - {1}]", "数 {0}…{1}"},
-    {"TEXT:{{0}}", "{{0}}"},
-};
+/// Kinds of values that an option takes.
+inline constexpr Words c_textKind = {"TEXT", "文本"};
+inline constexpr Words c_countKind = {"N", "整数"};
+inline constexpr Words c_numberKind = {"NUMBER", "数"};
+/// What stands behind the meaning of an option.
+inline constexpr Words c_isRequired = {"required", "必需"};
+inline constexpr Words c_byDefault = {"default {0}", "缺省 {0}"};
+inline constexpr Words c_goesWith = {"with {0}", "与 {0} 同用"};
+inline constexpr Words c_goesNotWith = {"not with {0}", "不与 {0} 同用"};
 
 }  // namespace skyframe::host::cli::texts
 
