@@ -62,58 +62,73 @@ inline constexpr Words c_check = {"Validate a job; print counts, profile and mem
                                   "检查作业，列出数量、天际线和内存"};
 
 // plot
-inline constexpr Words c_plot = {"Draw a result of a job as SVG", "把作业的结果画成 SVG 图"};
+inline constexpr Words c_plot = {"Draw a job or its results as SVG", "把作业或其结果画成 SVG 图"};
 inline constexpr Words c_plotJob = {"Job file (JSON) whose analyses have run", "已作过分析的作业文件（JSON）"};
 inline constexpr Words c_plotOutput = {"SVG file to write", "要写的 SVG 文件"};
 inline constexpr Words c_whatToDraw = {"What to draw", "所画的内容"};
 inline constexpr Words c_oneOfThese = {"one of these", "给出且只给出一项"};
 inline constexpr Words c_plotSpectrum = {"Design spectrum with the periods of the modes", "设计谱，标出各阶周期"};
 inline constexpr Words c_plotMode = {"Mode shape, from 1", "振型，从 1 起"};
-inline constexpr Words c_plotNode = {"Displacement history of the node with this id", "该 id 的节点的位移历程"};
-inline constexpr Words c_plotElement = {"Axial-force history of an element, from 1", "单元的轴力历程，从 1 起"};
+inline constexpr Words c_plotNode = {"Displacement history of the node with this id; again for more curves",
+                                     "该 id 的节点的位移历程；可重复给出，画多条曲线"};
+inline constexpr Words c_plotElement = {"Axial-force history of an element, from 1; again for more curves",
+                                        "单元的轴力历程，从 1 起；可重复给出，画多条曲线"};
 inline constexpr Words c_plotDeformed = {"Structure as the static analysis deforms it", "静力分析的变形"};
-inline constexpr Words c_plotDirection = {"X, Y or Z (default X)", "X、Y 或 Z（缺省 X）"};
+inline constexpr Words c_plotForce = {"Diagram of a section force on the members", "杆件内力图"};
+inline constexpr Words c_plotColour = {"Members coloured by a section force; Q, M: resultants of shears, moments",
+                                       "按内力给杆件着色；Q、M 为合剪力、合弯矩"};
+inline constexpr Words c_plotReactions = {"Forces of the supports on the structure", "支座对结构的反力"};
+inline constexpr Words c_plotLoads = {"all, a case, or a combination such as 1.2*0+1.4*1",
+                                      "all（全部）、一个工况，或组合，如 1.2*0+1.4*1"};
+inline constexpr Words c_plotDirection = {"Directions of --node, as X or X,Y (default X)",
+                                          "--node 的方向，如 X 或 X,Y（缺省 X）"};
 inline constexpr Words c_plotNonlinear = {"Of the nonlinear static analysis", "取自非线性静力分析"};
 inline constexpr Words c_plotViewer = {"The result viewer's picture of a history", "与结果窗口相同的历程图"};
-inline constexpr Words c_viewerOnly = {"--viewer: belongs to --node or --element",
-                                       "--viewer：与 --node 或 --element 同用"};
+inline constexpr Words c_plotColoured = {"Members coloured by their displacement", "按位移给杆件着色"};
+inline constexpr Words c_plotOf = {"Whose forces (default linear)", "取自哪种分析（缺省 linear）"};
+inline constexpr Words c_plotAt = {"Time of a history's forces, s", "时程内力的时刻，s"};
+inline constexpr Words c_plotFrame = {"Only members in this plane, as Y=0, seen from before it",
+                                      "只画该平面内的杆件并正视，如 Y=0"};
+inline constexpr Words c_plotView = {"From where (default iso)", "视线方向（缺省 iso）"};
+inline constexpr Words c_plotWithReactions = {"Reactions too", "同时画出支座反力"};
+inline constexpr Words c_plotLocalAxes = {"Local axes of the members: x red, y green, z blue",
+                                          "杆件的局部坐标轴：x 红、y 绿、z 蓝"};
+inline constexpr Words c_plotSections = {"Names of the sections", "截面名称"};
+inline constexpr Words c_optionBelongs = {"{0}: belongs to {1}", "{0}：与 {1} 同用"};
+inline constexpr Words c_or = {" or ", " 或 "};
+inline constexpr Words c_noneOf = {"'{0}' is none of {1}", "“{0}”不是 {1} 之一"};
+inline constexpr Words c_badFrame = {"--frame: not as X=0, Y=6.5 or Z=3", "--frame：应如 X=0、Y=6.5 或 Z=3"};
+inline constexpr Words c_badLoads = {"--loads: neither all, nor a case, nor a combination such as 1.2*0+1.4*1",
+                                     "--loads：既不是 all、工况，也不是组合（如 1.2*0+1.4*1）"};
+
+// report
+inline constexpr Words c_report = {"Write the calculation report of a job as HTML", "写出作业的计算书（HTML）"};
+inline constexpr Words c_solvedJob = {"Job file (JSON) whose analyses have run", "已作过分析的作业文件（JSON）"};
+inline constexpr Words c_reportOutput = {"HTML file to write", "要写的 HTML 文件"};
+
+// compare
+inline constexpr Words c_compare = {"Print the largest differences between the results of two jobs",
+                                    "列出两个作业的结果的最大差别"};
+inline constexpr Words c_compareOther = {"Job file (JSON) of the results to compare with",
+                                         "与之比较的作业文件（JSON）"};
+inline constexpr Words c_tolerance = {"Largest relative difference that passes", "允许的最大相对差"};
+inline constexpr Words c_equal = {"the same", "相同"};
+inline constexpr Words c_twoValues = {"{0} and {1}", "{0} 和 {1}"};
+inline constexpr Words c_aboveTolerance = {"above the tolerance", "超过容差"};
+inline constexpr Words c_allWithin = {"No difference is above the tolerance {0}.", "没有超过容差 {0} 的差别。"};
+inline constexpr Words c_someAbove = {"There are differences above the tolerance {0}.", "有超过容差 {0} 的差别。"};
 
 // generate
 inline constexpr Words c_generate = {"Write a job file for a regular structure", "生成规则结构的作业文件"};
 inline constexpr Words c_generateOutput = {"Job file to write (default: standard output)",
                                            "要写的作业文件（缺省：标准输出）"};
 inline constexpr Words c_building = {"Rectangular frame of rigid beams and columns", "梁柱刚接的矩形框架"};
-inline constexpr Words c_baysX = {"Bays along X", "X 向跨数"};
-inline constexpr Words c_baysY = {"Bays along Y", "Y 向跨数"};
-inline constexpr Words c_storeys = {"Storeys", "层数"};
 inline constexpr Words c_aboutNodes = {"About so many nodes: chooses the storeys, and the bays if these are not given",
                                        "大约的节点数：由此选定层数，没有给出跨数时也选定跨数"};
-inline constexpr Words c_bayLength = {"Length of a bay, m", "跨度，m"};
-inline constexpr Words c_storeyHeight = {"Height of a storey, m", "层高，m"};
-inline constexpr Words c_deadLoad = {"Dead load, kN/m2, case 0", "恒荷载，kN/m²，工况 0"};
-inline constexpr Words c_liveLoad = {"Live load, kN/m2, case 1", "活荷载，kN/m²，工况 1"};
-inline constexpr Words c_windLoad = {"Wind along X, kN/m2, case 2", "X 向风荷载，kN/m²，工况 2"};
 inline constexpr Words c_tower = {"Square lattice tower of bars", "杆单元的方形格构塔"};
-inline constexpr Words c_panels = {"Panels one above the other", "节间数"};
-inline constexpr Words c_base = {"Side at the foot, m", "底边长，m"};
-inline constexpr Words c_top = {"Side at the top, m", "顶边长，m"};
-inline constexpr Words c_panelHeight = {"Height of a panel, m", "节间高，m"};
 inline constexpr Words c_dome = {"Reticulated spherical cap", "球面网壳"};
-inline constexpr Words c_rings = {"Rings around the crown", "环数"};
-inline constexpr Words c_fields = {"Fields around a ring", "每环的分格数"};
-inline constexpr Words c_span = {"Span, m", "跨度，m"};
-inline constexpr Words c_domeRise = {"Rise, m; at most half the span", "矢高，m；不大于跨度的一半"};
-inline constexpr Words c_planLoad = {"Load in plan, kN/m2", "水平投影面荷载，kN/m²"};
-inline constexpr Words c_domeBeams = {"Rigid beams instead of bars", "用刚接的梁代替杆"};
 inline constexpr Words c_arch = {"Two-bar arch, or an arch of rigid beams, loaded at its apex",
                                  "两杆拱，或刚接梁组成的拱，拱顶受荷载"};
-inline constexpr Words c_archMembers = {"Members, an even number; 2 makes bars", "构件数，偶数；2 为两根杆"};
-inline constexpr Words c_halfSpan = {"Half the span, m", "半跨，m"};
-inline constexpr Words c_rise = {"Rise, m", "矢高，m"};
-inline constexpr Words c_apexLoad = {"Load at the apex, kN, downwards", "拱顶荷载，kN，向下"};
-inline constexpr Words c_riseTooLarge = {"--rise: must be at most half the span", "--rise：应不大于跨度的一半"};
-inline constexpr Words c_oddMembers = {"--segments: must be an even number", "--segments：应为偶数"};
-inline constexpr Words c_tooManyNodes = {"more than {0} nodes", "节点超过 {0} 个"};
 inline constexpr Words c_generatedJob = {"generated job", "生成的作业"};
 
 // schema
@@ -154,21 +169,15 @@ inline constexpr Words c_helpParts[] = {
     {"\nSubcommands:\n{0}", "\n命令：\n{0}"},
     {"[Option Group: {0}]\n  {1} \n  [Exactly 1 of the following options is required]\n  {2}", "{0}（{1}）\n  {2}"},
 };
-/// What stands behind the name of an option.
-inline constexpr Words c_optionParts[] = {
-    {"{0} Needs: {1}", "{0} 须有 {1}"},
-    {"{0} Excludes: {1}", "{0} 不与 {1} 同用"},
-    {"{0} REQUIRED{1}", "{0} 必需{1}"},
-};
-/// Kinds of values.
-inline constexpr Words c_valueKinds[] = {
-    {"TEXT", "文本"},
-    {"INT", "整数"},
-    {"FLOAT", "数"},
-    {"INT:INT in [{0} - {1}]", "整数 {0}…{1}"},
-    {"FLOAT:FLOAT in [{0} - {1}]", "数 {0}…{1}"},
-    {"TEXT:{{0}}", "{{0}}"},
-};
+/// Kinds of values that an option takes.
+inline constexpr Words c_textKind = {"TEXT", "文本"};
+inline constexpr Words c_countKind = {"N", "整数"};
+inline constexpr Words c_numberKind = {"NUMBER", "数"};
+/// What stands behind the meaning of an option.
+inline constexpr Words c_isRequired = {"required", "必需"};
+inline constexpr Words c_byDefault = {"default {0}", "缺省 {0}"};
+inline constexpr Words c_goesWith = {"with {0}", "与 {0} 同用"};
+inline constexpr Words c_goesNotWith = {"not with {0}", "不与 {0} 同用"};
 
 }  // namespace skyframe::host::cli::texts
 

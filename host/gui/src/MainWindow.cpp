@@ -2,11 +2,18 @@
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QDesktopServices>
+#include <QDropEvent>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QMessageBox>
+#include <QMimeData>
+#include <QPrintDialog>
+#include <QPrinter>
 #include <QPushButton>
 #include <QStatusBar>
+#include <QTimer>
+#include <QUrl>
 #include <algorithm>
 #include <array>
 #include <iterator>
@@ -15,8 +22,12 @@
 
 #include "ErrorDialog.h"
 #include "ShapeTitle.h"
+#include "skyframe/book/CalculationReport.h"
 #include "skyframe/connect/Findings.h"
+#include "skyframe/gui/GeneratorDialog.h"
+#include "skyframe/platform/OutputFile.h"
 #include "skyframe/qt/Font.h"
+#include "skyframe/qt/QtTranslation.h"
 #include "skyframe/results/Histories.h"
 #include "skyframe/run/PrefillPlatform.h"
 #include "texts.h"
@@ -77,6 +88,7 @@ CMainWindow::CMainWindow(const QString& strSettingsFile)
       m_languages(this) {
   setObjectName(QStringLiteral("main"));
   setCentralWidget(&m_view);
+  setAcceptDrops(true);
   addToolBar(&m_shapeBar);
   addToolBarBreak();
   addToolBar(&m_resultBar);
@@ -90,7 +102,12 @@ CMainWindow::CMainWindow(const QString& strSettingsFile)
   m_document.jobOpened.Connect([this] { ShowStructure(); });
   m_document.analysesChanged.Connect([this] { ShowTitle(); });
   m_document.resultsChanged.Connect([this] { ShowTitle(); });
-  m_document.OnLanguage([this] { ShowTitle(); });
+  m_document.OnLanguage([this] {
+    const bool bChinese = host::GetLanguage() == host::Language::Chinese;
+    UseQtTranslation(bChinese ? "zh_CN" : "en");
+    m_platform.SetTipLanguage(bChinese ? TipLanguage::Chinese : TipLanguage::English);
+    ShowTitle();
+  });
   m_platform.SetConsoleSink([this](std::string_view strText) { AppendConsole(strText); });
   SetFontScale(m_pSettings->value(c_strFontKey, 100).toInt() / 100.0);
   resize(1280, 820);
@@ -105,6 +122,7 @@ void CMainWindow::closeEvent(QCloseEvent* pEvent) {
   if (!MayLeaveJob()) return pEvent->ignore();
   m_pSettings->setValue(c_strGeometryKey, saveGeometry());
   m_pSettings->setValue(c_strStateKey, saveState());
+  m_pHelp.reset();
   pEvent->accept();
 }
 
@@ -128,6 +146,7 @@ void CMainWindow::AddOption(QMenu& menu, const host::Words& text, const host::Wo
 
 void CMainWindow::MakeFileMenu() {
   QMenu& menu = m_make.AddMenu(texts::c_fileMenu);
+  m_make.AddAction(menu, texts::c_new, texts::c_newTip, "new", [this] { OnNew(); })->setShortcut(QKeySequence::New);
   m_make.AddAction(menu, texts::c_open, texts::c_openTip, "open", [this] { OnOpen(); })
       ->setShortcut(QKeySequence::Open);
   m_document.OnLanguage([this] { m_recentMenu.setTitle(ToQt(Say(texts::c_recent))); });
@@ -142,6 +161,9 @@ void CMainWindow::MakeFileMenu() {
     OnSaveAs();
   })->setShortcut(QKeySequence::SaveAs);
   AddJobAction(menu, texts::c_savePicture, texts::c_savePictureTip, "picture", [this] { OnSavePicture(); });
+  AddJobAction(menu, texts::c_report, texts::c_reportTip, "report", [this] { OnReport(); });
+  AddJobAction(menu, texts::c_print, texts::c_printTip, "print", [this] { OnPrint(); })
+      ->setShortcut(QKeySequence::Print);
   menu.addSeparator();
   m_make.AddAction(menu, texts::c_quit, texts::c_quitTip, "quit", [this] { close(); })->setShortcut(QKeySequence::Quit);
 }
@@ -177,6 +199,12 @@ void CMainWindow::MakeViewMenu() {
   addView(texts::c_side, texts::c_sideTip, "side", Qt::Key_2, host::c_sideView);
   addView(texts::c_plan, texts::c_planTip, "plan", Qt::Key_3, host::c_planView);
   m_make.AddAction(menu, texts::c_fit, texts::c_fitTip, "fit", [this] { m_view.FitAll(); });
+  m_make.AddAction(menu, texts::c_nextShape, texts::c_nextShapeTip, "next_shape", [this] { m_shapeBar.Step(1); })
+      ->setShortcut(Qt::Key_PageDown);
+  m_make
+      .AddAction(menu, texts::c_previousShape, texts::c_previousShapeTip, "previous_shape",
+                 [this] { m_shapeBar.Step(-1); })
+      ->setShortcut(Qt::Key_PageUp);
   menu.addSeparator();
   AddOption(menu, texts::c_supports, texts::c_supportsTip, "supports", &ViewOptions::bSupports);
   AddOption(menu, texts::c_nodeNumbers, texts::c_nodeNumbersTip, "node_numbers", &ViewOptions::bNodeNumbers);
@@ -225,6 +253,8 @@ void CMainWindow::MakeLanguageMenu(QMenu& viewMenu) {
 
 void CMainWindow::MakeHelpMenu() {
   QMenu& menu = m_make.AddMenu(texts::c_helpMenu);
+  m_make.AddAction(menu, texts::c_manual, texts::c_manualTip, "manual", [this] { ShowManual(); })
+      ->setShortcut(QKeySequence::HelpContents);
   m_make.AddAction(menu, texts::c_about, texts::c_aboutTip, "about", [this] { OnAbout(); });
 }
 
@@ -303,11 +333,49 @@ bool CMainWindow::OpenJob(const QString& strFile) {
 
 bool CMainWindow::OnSave() { return SaveTo(m_document.GetFile()); }
 
-bool CMainWindow::OnSaveAs() {
-  QFileDialog dialog(this, ToQt(Say(texts::c_saveTitle)), m_document.GetFile(), ToQt(Say(texts::c_jobFilter)));
+QString CMainWindow::AskForFile(const QString& strProposed) {
+  QFileDialog dialog(this, ToQt(Say(texts::c_saveTitle)), strProposed, ToQt(Say(texts::c_jobFilter)));
   dialog.setAcceptMode(QFileDialog::AcceptSave);
   dialog.setDefaultSuffix(QStringLiteral("json"));
-  return dialog.exec() == QDialog::Accepted && SaveTo(dialog.selectedFiles().constFirst());
+  return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().constFirst() : QString();
+}
+
+bool CMainWindow::OnSaveAs() {
+  const QString strFile = AskForFile(m_document.GetFile());
+  return !strFile.isEmpty() && SaveTo(strFile);
+}
+
+void CMainWindow::OnNew() {
+  if (!MayLeaveJob()) return;
+  CGeneratorDialog dialog(this);
+  if (dialog.exec() != QDialog::Accepted) return;
+  const QString strFile = AskForFile(QStringLiteral("frame.json"));
+  if (strFile.isEmpty()) return;
+  COutputFile file(strFile.toStdString());
+  file.GetStream() << host::FormatJob(dialog.GetJob());
+  if (!file.Commit()) return m_platform.ShowMessage(Say(texts::c_saveFailed, {file.GetError()}));
+  m_document.Forget();
+  OpenJob(strFile);
+}
+
+void CMainWindow::dragEnterEvent(QDragEnterEvent* pEvent) {
+  if (pEvent->mimeData()->hasUrls() && pEvent->mimeData()->urls().constFirst().isLocalFile()) {
+    pEvent->acceptProposedAction();
+  }
+}
+
+void CMainWindow::dropEvent(QDropEvent* pEvent) {
+  const QString strFile = pEvent->mimeData()->urls().constFirst().toLocalFile();
+  pEvent->acceptProposedAction();
+  QTimer::singleShot(0, this, [this, strFile] { OpenJob(strFile); });  // the other program need not wait
+}
+
+void CMainWindow::ShowManual() {
+  if (!m_pHelp) m_pHelp = std::make_unique<CHelpWindow>();
+  m_pHelp->ShowPage({});
+  m_pHelp->show();
+  m_pHelp->raise();
+  m_pHelp->activateWindow();
 }
 
 bool CMainWindow::SaveTo(const QString& strFile) {
@@ -437,6 +505,27 @@ void CMainWindow::OnSavePicture() {
   dialog.selectFile(QFileInfo(ToQt(strName)).fileName());
   if (dialog.exec() != QDialog::Accepted || m_view.grab().save(dialog.selectedFiles().constFirst(), "PNG")) return;
   m_platform.ShowMessage(Say(texts::c_pictureFailed));
+}
+
+void CMainWindow::OnReport() {
+  const QString strName = ToQt(m_document.GetJobPath()) + QStringLiteral("_report.html");
+  QFileDialog dialog(this, ToQt(Say(texts::c_reportTitle)), strName, ToQt(Say(texts::c_reportFilter)));
+  dialog.setAcceptMode(QFileDialog::AcceptSave);
+  dialog.setDefaultSuffix(QStringLiteral("html"));
+  dialog.selectFile(QFileInfo(strName).fileName());
+  if (dialog.exec() != QDialog::Accepted) return;
+  const QString strFile = dialog.selectedFiles().constFirst();
+  COutputFile file(strFile.toStdString());
+  file.GetStream() << host::WriteReport(m_document.GetJob(), m_document.GetJobPath(), m_document.GetWarnings());
+  if (!file.Commit()) return m_platform.ShowMessage(Say(texts::c_reportFailed, {file.GetError()}));
+  QDesktopServices::openUrl(QUrl::fromLocalFile(strFile));
+}
+
+void CMainWindow::OnPrint() {
+  QPrinter printer(QPrinter::HighResolution);
+  printer.setPageOrientation(QPageLayout::Landscape);
+  printer.setDocName(windowTitle());
+  if (QPrintDialog(&printer, this).exec() == QDialog::Accepted) m_view.Print(printer);
 }
 
 void CMainWindow::OnAbout() {
