@@ -51,6 +51,10 @@ inline int WaitFor(int nProcess) {
   return WIFEXITED(nStatus) ? WEXITSTATUS(nStatus) : -1;
 }
 
+inline void Interrupt(int nProcess) { kill(nProcess, SIGTERM); }
+inline bool IsRunning(int nProcess) { return kill(nProcess, 0) == 0; }
+inline void PauseShortly() { usleep(1000); }
+
 inline void CloseStandardOutput() { close(STDOUT_FILENO); }
 inline bool HasStandardOutput() { return write(STDOUT_FILENO, "trace", 5) == 5; }
 

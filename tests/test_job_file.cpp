@@ -324,6 +324,14 @@ TEST(Generators, CountsAndNumbering) {
   for (const JobElement& e : building.elements) nBandwidth = std::max(nBandwidth, std::abs(e.nNodeI - e.nNodeJ));
   EXPECT_EQ(nBandwidth, 8);  // X is longest: its planes hold 2 x 4 nodes
   EXPECT_EQ(building.GetHighestCase(), 2);
+  // tables of rolled sections, with fillets: 400x200x8x13 has 83.37 cm2, 23500 and 1740 cm4
+  const JobSection& beam = building.sections.at(1);
+  EXPECT_EQ(beam.strId, "H 400x200x8x13");
+  EXPECT_NEAR(beam.dArea / 8337.0, 1.0, 0.02);
+  EXPECT_NEAR(beam.dIy / 2.35e8, 1.0, 0.03);
+  EXPECT_NEAR(beam.dIz / 1.74e7, 1.0, 0.01);
+  const JobSection& column = building.sections.at(0);  // torsion of a thin box is 3/2 of its bending
+  EXPECT_NEAR(column.dIx / column.dIy, 1.5, 0.01);
 
   const Job dome = GenerateDome({.nRings = 4, .nSegments = 8, .dSpan = 20, .dRise = 3});
   const std::tuple<Job, std::size_t, std::size_t> counts[] = {{building, 5 * 2 * 4, 3 * (10 + 4 * 2 + 5)},

@@ -4,6 +4,7 @@
 #include "Sanitizer.h"
 #include "skyframe/generate/Generate.h"
 #include "skyframe/job/JobFile.h"
+#include "skyframe/platform/ChildProcesses.h"
 #include "skyframe/platform/OutputFile.h"
 
 namespace skyframe::test {
@@ -40,6 +41,29 @@ TEST(Posix, AFullDiskAndAFullDeviceAreNoticed) {
   stream.GetStream() << "through";
   EXPECT_TRUE(stream.Commit());
   EXPECT_EQ(pipe.Read(), "through");
+}
+
+TEST(Posix, ChildrenEndWithTheirParentAndTellWhatEndedThem) {
+  const CJobFolder job("platform_children");
+  const std::string strOutput = job.GetPath(".txt");
+  const auto runShell = [&](const std::string& strText) {
+    CChildProcesses children;
+    std::string strReason;
+    EXPECT_NE(children.Start("/bin/sh", {"-c", strText}, strOutput, strReason), 0) << strReason;
+    return children.Wait();
+  };
+  const ProcessEnd killed = runShell("kill -9 $$");
+  EXPECT_EQ(std::tuple(killed.bByItself, killed.nCode), std::tuple(false, 9U));
+  const ProcessEnd ended = runShell("cat; echo out; echo err >&2; exit 7");
+  EXPECT_EQ(std::tuple(ended.bByItself, ended.nCode, job.Read(".txt")), std::tuple(true, 7U, "out\nerr\n"));
+
+  job.Write(".txt", "");
+  const int nParent = StartProcess([&] { return runShell("echo $$; exec sleep 1000").bByItself ? 0 : 1; });
+  while (!job.Read(".txt").ends_with('\n')) PauseShortly();
+  const int nChild = std::stoi(job.Read(".txt"));
+  Interrupt(nParent);
+  EXPECT_EQ(WaitFor(nParent), -1);
+  EXPECT_FALSE(IsRunning(nChild));
 }
 
 TEST(Posix, DialogsNeedWindows) {

@@ -70,7 +70,7 @@ TEST(Scene, KnowsSupportsLoadsAndExtent) {
   const CScene scene(MakeBeam());
   EXPECT_EQ(scene.GetSupports().size(), 1U) << "what every node has is no support";
   ASSERT_EQ(scene.GetLoads().size(), 1U) << "a load of 0 is not drawn";
-  EXPECT_EQ(scene.GetLoads()[0].direction, (Point3{0, 0, -1}));
+  EXPECT_EQ(scene.GetLoads()[0].GetDirection(), (Point3{0, 0, -1}));
   EXPECT_EQ(scene.GetCentre(), (Point3{0, 1, 0}));
   EXPECT_EQ(scene.GetRadius(), 1.0);
   EXPECT_EQ(CScene().GetRadius(), 1.0);

@@ -21,10 +21,10 @@ int main(int nArguments, char** ppszArguments) {
 
   host::ModalJob modes;
   modes.nModes = 6;
-  modes.combination = {{0, 1.0}};
+  modes.combination = {{0, -1.0}};  // dead load turned upwards becomes mass
   host::NewmarkJob quake;
   quake.nLoad = 1;  // ground motion
-  quake.damping = {0.05, 0.05};
+  quake.damping = {0.04, 0.04};
   quake.combination = modes.combination;
   host::EarthquakeJob& ground = quake.earthquake.emplace();
   ground.dTimeStep = 0.02;

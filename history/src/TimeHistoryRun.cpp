@@ -9,6 +9,7 @@
 #include "skyframe/model/RayleighDamping.h"
 #include "skyframe/numeric/VectorAlgebra.h"
 #include "skyframe/platform/Platform.h"
+#include "skyframe/platform/Progress.h"
 #include "texts.h"
 
 namespace skyframe {
@@ -72,8 +73,7 @@ bool CTimeHistoryRun::RunWilson() {
   CImpulseScript script(m_model.LoadScript);
   if (!OpenScript(script)) return false;
   const WilsonConstants constants(m_model.m_dWilsonTheta, m_model.m_dTimeStep);
-  if (!FormOperators(constants.a0, constants.a1)) return false;
-  FormEffective();
+  if (!FormOperators(constants.a0, constants.a1) || !FactoriseEffective()) return false;
   CWilsonIntegrator integrator(constants, m_massRows, m_dampingRows, m_stiffness);
   return StepNodalForces(integrator, script);
 }
@@ -85,8 +85,7 @@ bool CTimeHistoryRun::RunNodalForce() {
   // Deliberate: nodal forces have no nonlinear run; it ends here without a word.
   if (m_model.m_history.nAssumption == 1) return false;
   const NewmarkConstants constants = GetNewmark();
-  if (!FormOperators(constants.a0, constants.a1)) return false;
-  FormEffective();
+  if (!FormOperators(constants.a0, constants.a1) || !FactoriseEffective()) return false;
   CNewmarkIntegrator integrator(constants, m_massRows, m_dampingRows, m_stiffness);
   return StepNodalForces(integrator, script);
 }
@@ -119,22 +118,26 @@ bool CTimeHistoryRun::OpenScript(CImpulseScript& script) const {
 
 template <class Integrator>
 bool CTimeHistoryRun::StepNodalForces(Integrator& integrator, CImpulseScript& script) {
+  CProgress progress(texts::c_strIntegration, m_model.m_history.nSteps);
   for (int k = 0; k < m_model.m_history.nSteps; ++k) {
     FormStepLoad(script);
     if (!integrator.StepForce(m_model.GetLoadVector().first(GetFreeCount()))) return false;
     if (!RecordLinear(k, integrator.GetState().u)) return false;
+    progress.Advance();
   }
   return true;
 }
 
 bool CTimeHistoryRun::StepLinearGround(const CGroundMotion& motion) {
-  FormEffective();
+  if (!FactoriseEffective()) return false;
   CNewmarkIntegrator integrator(GetNewmark(), m_massRows, m_dampingRows, m_stiffness);
   std::vector<double> g(GetFreeCount());
+  CProgress progress(texts::c_strIntegration, m_model.m_history.nSteps);
   for (int k = 0; k < m_model.m_history.nSteps; ++k) {
     motion.FormVector(k, m_model.GetNodes(), g);
     if (!integrator.StepGround(g)) return false;
     if (!RecordLinear(k, integrator.GetState().u)) return false;
+    progress.Advance();
   }
   return true;
 }
@@ -153,11 +156,13 @@ bool CTimeHistoryRun::StepNonlinearGround(const CGroundMotion& motion) {
   CNonlinearNewmark integrator(GetNewmark(), {GetTest(), m_model.m_nMaxIter}, m_massRows, m_dampingRows, m_inertia,
                                structure, P0, Fint);
   std::vector<double> g(GetFreeCount());
+  CProgress progress(texts::c_strIntegration, m_model.m_history.nSteps);
   for (int k = 0; k < m_model.m_history.nSteps; ++k) {
     motion.FormVector(k, m_model.GetNodes(), g);
     if (!integrator.StepGround(g)) return false;
     if (!integrator.HasConverged()) ++m_findings.nRoughSteps;
     Record(k, m_model.GetDisplacements().first(GetFreeCount()), m_baseShear.Sum(m_model.GetReactions()));
+    progress.Advance();
   }
   return true;
 }
@@ -200,9 +205,10 @@ bool CTimeHistoryRun::FormOperators(double a0, double a1) {
   return true;
 }
 
-void CTimeHistoryRun::FormEffective() {
+bool CTimeHistoryRun::FactoriseEffective() {
   m_stiffness += m_inertia;
   m_inertia.Release();
+  return m_stiffness.Decompose(m_model.GetFreeDofs());
 }
 
 void CTimeHistoryRun::FormStepLoad(CImpulseScript& script) {
@@ -224,6 +230,7 @@ bool CTimeHistoryRun::ApplyStaticLoad() {
   const IterationTest test = GetTest();
   const double dForce = Norm(P);
   m_findings.bRoughStart = true;
+  CProgress progress(texts::c_strStartLoad, m_model.m_nMaxIter);
   for (int k = 0; k < m_model.m_nMaxIter && m_findings.bRoughStart; ++k) {
     // K du = R with the tangent stiffness; R = P - Fint
     SparseMatrix& K = m_stiffness;
@@ -235,6 +242,7 @@ bool CTimeHistoryRun::ApplyStaticLoad() {
     if (!Move(increment)) return false;
     for (std::size_t i = 0; i < F; ++i) residual[i] = P[i] - Fint[i];
     const double dTotal = Norm(m_model.GetDisplacements().first(F));
+    progress.Advance();
     m_findings.bRoughStart = !test.IsConverged(Norm(residual), dForce, Norm(increment), dTotal);
   }
   m_stiffness.Release();
@@ -281,7 +289,6 @@ void CTimeHistoryRun::Record(int nStep, std::span<const double> u, const std::ar
   }
   ++m_findings.nStepsDone;
   if (m_findings.nBadStep == 0) FindBadValue(nStep);
-  GetPlatform().ReportProgress((nStep + 1.0) / history.nSteps, texts::c_strIntegration);
 }
 
 void CTimeHistoryRun::FindBadValue(int nStep) {

@@ -6,5 +6,6 @@
 
 int main(int argc, char** argv) {
   const skyframe::CConsoleScope console(std::cout, std::cerr);
-  return skyframe::host::RunCommandLine(skyframe::GetArguments(argc, argv), std::cout, std::cerr);
+  return skyframe::host::RunCommandLine(skyframe::GetArguments(argc, argv), std::cout, std::cerr,
+                                        skyframe::GetProgramPath());
 }

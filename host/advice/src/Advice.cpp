@@ -7,6 +7,7 @@
 #include "skyframe/job/Places.h"
 #include "skyframe/job/Text.h"
 #include "skyframe/platform/Platform.h"
+#include "texts.h"
 
 namespace skyframe::host {
 
@@ -15,8 +16,12 @@ bool HasError(const AdviceList& list) {
 }
 
 std::string FormatAdvice(const Advice& advice) {
-  const std::string strKind = advice.severity == Severity::Error ? "error: " : "warning: ";
-  return strKind + advice.strText + " [" + advice.strName + "]";
+  const Words& words = advice.severity == Severity::Error ? texts::c_error : texts::c_warning;
+  return Say(words, {advice.strText, advice.strName});
+}
+
+std::string FormatFailure(const FileFailure& failure) {
+  return Say(texts::c_cannotWrite, {failure.strPath, SayForeign(failure.strReason, texts::c_writeReasons)});
 }
 
 AdviceList AdviseOnInput(const std::vector<JobProblem>& warnings) {
@@ -30,7 +35,7 @@ AdviceList AdviseOnInput(const std::vector<JobProblem>& warnings) {
 AdviceList AdviseOnFiles(const RunFindings& findings) {
   AdviceList list;
   for (const FileFailure& failure : findings.failures) {
-    list.push_back({Severity::Error, "file-not-written", "cannot write " + failure.strPath + ": " + failure.strReason});
+    list.push_back({Severity::Error, "file-not-written", FormatFailure(failure)});
   }
   return list;
 }
@@ -45,23 +50,22 @@ void CAdviceBuilder::CheckConditioning() {
   const std::string strPlace = DescribePlace(m_job, conditioning.place);
   if (dLost >= c_dMechanism) {
     const std::string strLost =
-        dLost < c_dAllDigits ? Format("%.1f of 16 digits are lost there", dLost) : "no stiffness is left there";
-    Error("mechanism", "nearly a mechanism at " + strPlace + ": " + strLost + "; the results cannot be used");
+        dLost < c_dAllDigits ? Say(texts::c_digitsLost, {Format("%.1f", dLost)}) : std::string(Say(texts::c_allLost));
+    Error("mechanism", Say(texts::c_mechanism, {strPlace, strLost}));
   } else if (const std::optional<DofPlace> place = FindFreeBody(m_job)) {
-    Error("mechanism", "no support keeps " + DescribePlace(m_job, *place) +
-                           " from moving with its part of the structure; the results cannot be used");
+    Error("mechanism", Say(texts::c_freeBody, {DescribePlace(m_job, *place)}));
   } else if (dLost > c_dDoubtful) {
-    Warn("conditioning", Format("%.1f digits are lost at %s, results are good to about %.0f digits", dLost,
-                                strPlace.c_str(), std::floor(c_dAllDigits - dLost)));
+    const std::string strLeft = Format("%.0f", std::floor(c_dAllDigits - dLost));
+    Warn("conditioning", Say(texts::c_conditioning, {Format("%.1f", dLost), strPlace, strLeft}));
   }
 }
 
-bool CAdviceBuilder::CheckNodeValues(const std::vector<NodeValues>& values, std::string_view strQuantity,
+bool CAdviceBuilder::CheckNodeValues(const std::vector<NodeValues>& values, const Words& quantityAt,
                                      std::string_view strSuffix) {
   for (std::size_t i = 0; i < values.size(); ++i) {
     for (std::size_t d = 0; d < values[i].size(); ++d) {
       const DofPlace place = {static_cast<int>(i) + 1, static_cast<int>(d)};
-      if (!CheckFinite(values[i][d], std::string(strQuantity) + " at " + DescribePlace(m_job, place), strSuffix)) {
+      if (!CheckFinite(values[i][d], Say(quantityAt, {DescribePlace(m_job, place)}), strSuffix)) {
         return false;
       }
     }
@@ -78,7 +82,7 @@ std::string CAdviceBuilder::GetFileName(std::string_view strSuffix) const {
 
 bool CAdviceBuilder::CheckFinite(double dValue, const std::string& strWhat, std::string_view strSuffix) {
   if (std::isfinite(dValue)) return true;
-  Error("not-finite", GetFileName(strSuffix) + ": " + strWhat + " is not a finite number");
+  Error("not-finite", Say(texts::c_notFinite, {GetFileName(strSuffix), strWhat}));
   return false;
 }
 

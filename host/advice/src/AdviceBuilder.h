@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "skyframe/advice/Advice.h"
+#include "skyframe/job/Language.h"
 
 namespace skyframe::host {
 
@@ -26,7 +27,7 @@ class CAdviceBuilder {
   /// rest: whether the supports hold it is seen from their places.
   void CheckConditioning();
   /// An error names the run's file with the suffix and the first place; false then.
-  bool CheckNodeValues(const std::vector<NodeValues>& values, std::string_view strQuantity, std::string_view strSuffix);
+  bool CheckNodeValues(const std::vector<NodeValues>& values, const Words& quantityAt, std::string_view strSuffix);
   bool CheckFinite(double dValue, const std::string& strWhat, std::string_view strSuffix);
 
  private:

@@ -5,6 +5,7 @@
 #include "skyframe/job/Text.h"
 #include "skyframe/results/Histories.h"
 #include "skyframe/values/ResultFiles.h"
+#include "texts.h"
 
 namespace skyframe::host {
 
@@ -15,31 +16,28 @@ void CheckDamping(const HistoryFindings& findings, CAdviceBuilder& advice) {
   const auto it = std::ranges::min_element(findings.damping);
   if (it == findings.damping.end() || !(*it < -c_dRoundOff)) return;
   const auto i = static_cast<std::size_t>(it - findings.damping.begin());
-  advice.Warn("negative-damping", Format("the damping ratios give mode %d (%.4g rad/s) %.2g %%: it is driven, not "
-                                         "damped",
-                                         static_cast<int>(i) + 1, findings.omega[i], 100.0 * *it));
+  advice.Warn("negative-damping",
+              Say(texts::c_negativeDamping,
+                  {std::to_string(i + 1), Format("%.4g", findings.omega[i]), Format("%.2g", 100.0 * *it)}));
 }
 
 void CheckIterations(const HistoryFindings& findings, CAdviceBuilder& advice) {
   if (findings.bRoughStart) {
-    advice.Warn("rough-steps",
-                "the static loads of the start did not reach equilibrium within the permitted iterations: "
-                "permit more");
+    advice.Warn("rough-steps", std::string(Say(texts::c_roughStart)));
   }
   if (findings.nRoughSteps == 0) return;
-  advice.Warn("rough-steps", Format("in %d of %d steps equilibrium was not reached within the permitted iterations: "
-                                    "permit more, or take a smaller time step",
-                                    findings.nRoughSteps, findings.nSteps));
+  advice.Warn("rough-steps",
+              Say(texts::c_roughSteps, {std::to_string(findings.nRoughSteps), std::to_string(findings.nSteps)}));
 }
 
 void CheckValues(const Job& job, const HistoryFindings& findings, CAdviceBuilder& advice) {
   if (findings.nBadStep == 0) return;
-  const std::string strPlace =
+  const std::string strTime = Format("%g", findings.nBadStep * findings.dTimeStep);
+  const std::string strWhat =
       findings.nBadQuantity == c_nHistoryForce
-          ? "axial force of element " + std::to_string(findings.nBadNumber)
-          : "displacement at " + DescribePlace(job, {findings.nBadNumber, findings.nBadQuantity});
-  const std::string strTime = Format(" from t = %g s on", findings.nBadStep * findings.dTimeStep);
-  advice.CheckFinite(std::nan(""), strPlace + strTime, findings.bGroundMotion ? suffix::c_strHistory : "history");
+          ? Say(texts::c_axialForce, {std::to_string(findings.nBadNumber), strTime})
+          : Say(texts::c_displacementFrom, {DescribePlace(job, {findings.nBadNumber, findings.nBadQuantity}), strTime});
+  advice.CheckFinite(std::nan(""), strWhat, findings.bGroundMotion ? suffix::c_strHistory : Say(texts::c_history));
 }
 
 /// The result of a run in which nothing moves looks like one.
@@ -49,16 +47,14 @@ void CheckResponse(const HistoryFindings& findings, const HistorySet& kept, CAdv
     const HistoryPeak peak = FindPeak(kept, q);
     if (peak.nNumber != 0 || !peak.bFinite) return;
   }
-  advice.Warn("no-response", Format("nothing moves in %d steps: no force or acceleration acts, or none in a free "
-                                    "direction",
-                                    findings.nSteps));
+  advice.Warn("no-response", Say(texts::c_noResponse, {std::to_string(findings.nSteps)}));
 }
 
 /// A run without result leaves the histories of an earlier one to the viewer.
 void CheckKept(const HistoryFindings& findings, const HistorySet& kept, CAdviceBuilder& advice) {
   const bool bBrokenOff = findings.status == RunStatus::Failed && findings.nStepsDone < findings.nSteps;
   if (!(findings.status == RunStatus::Refused || bBrokenOff) || !kept.bComplete) return;
-  advice.Warn("older-history", "the viewer still shows an earlier run: " + DescribeHistory(kept));
+  advice.Warn("older-history", Say(texts::c_olderHistory, {DescribeHistory(kept)}));
 }
 
 }  // namespace

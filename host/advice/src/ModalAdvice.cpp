@@ -4,6 +4,7 @@
 #include "skyframe/connect/Inquiries.h"
 #include "skyframe/job/Text.h"
 #include "skyframe/values/ResultFiles.h"
+#include "texts.h"
 
 namespace skyframe::host {
 
@@ -19,10 +20,10 @@ int CountBelow(const std::vector<double>& omega, double dLimit) {
 
 bool CheckFinite(const ModalFindings& findings, CAdviceBuilder& advice) {
   for (std::size_t i = 0; i < findings.omega.size(); ++i) {
-    const std::string strMode = "mode " + std::to_string(i + 1);
-    bool bFinite = advice.CheckFinite(findings.omega[i], "the frequency of " + strMode, suffix::c_strModes);
+    const std::string strMode = std::to_string(i + 1);
+    bool bFinite = advice.CheckFinite(findings.omega[i], Say(texts::c_frequency, {strMode}), suffix::c_strModes);
     for (std::size_t d = 0; bFinite && i < findings.effectiveMasses.size() && d < 3; ++d) {
-      bFinite = advice.CheckFinite(findings.effectiveMasses[i][d], "the shape of " + strMode, suffix::c_strModes);
+      bFinite = advice.CheckFinite(findings.effectiveMasses[i][d], Say(texts::c_shape, {strMode}), suffix::c_strModes);
     }
     if (!bFinite) return false;
   }
@@ -33,9 +34,8 @@ void CheckResiduals(const ModalFindings& findings, CAdviceBuilder& advice) {
   const auto Size = [](double d) { return std::isnan(d) ? HUGE_VAL : d; };
   const auto it = std::ranges::max_element(findings.residuals, {}, Size);
   if (it == findings.residuals.end() || *it <= c_dRough) return;
-  advice.Warn("rough-mode", Format("mode %d satisfies K phi = omega^2 M phi only to %.1e: ask for a larger iteration "
-                                   "multiple",
-                                   static_cast<int>(it - findings.residuals.begin()) + 1, *it));
+  advice.Warn("rough-mode",
+              Say(texts::c_roughMode, {std::to_string(it - findings.residuals.begin() + 1), Format("%.1e", *it)}));
 }
 
 }  // namespace
@@ -63,21 +63,19 @@ AdviceList AdviseOnCount(const ModalFindings& findings, const std::optional<Mode
   CAdviceBuilder advice(job, findings);
   if (findings.omega.empty()) return {};
   if (!count) {
-    advice.Warn("modes-not-counted", "the Sturm count failed: nothing is known about missed modes");
+    advice.Warn("modes-not-counted", std::string(Say(texts::c_notCounted)));
     return advice.Take();
   }
-  const double f = count->dBelow * c_dHertzPerRadian;
+  const std::string strLimit = Format("%.4f", count->dBelow * c_dHertzPerRadian);
   const int nMissed = count->nCounted - count->nFound;
   if (nMissed > 0) {
     const bool bOtherCheck = !findings.sturmCount && findings.nEquations >= c_nComparisonModel;
-    advice.Warn("missed-modes", Format("%d mode%s below %.4f Hz %s missing: %s", nMissed, nMissed == 1 ? "" : "s", f,
-                                       nMissed == 1 ? "is" : "are",
-                                       bOtherCheck ? "use \"root_check\": \"compare\""
-                                                   : "ask for more modes or a larger iteration multiple"));
+    const std::string_view strRemedy = Say(bOtherCheck ? texts::c_otherCheck : texts::c_moreModes);
+    advice.Warn("missed-modes", Say(nMissed == 1 ? texts::c_missedMode : texts::c_missedModes,
+                                    {std::to_string(nMissed), strLimit, strRemedy}));
   } else if (nMissed < 0) {
-    advice.Warn("modes-in-doubt", Format("%d modes below %.4f Hz were found, a Sturm count says %d: equal or rough "
-                                         "modes near that limit",
-                                         count->nFound, f, count->nCounted));
+    advice.Warn("modes-in-doubt",
+                Say(texts::c_modesInDoubt, {std::to_string(count->nFound), strLimit, std::to_string(count->nCounted)}));
   }
   return advice.Take();
 }

@@ -4,6 +4,7 @@
 #include "skyframe/job/Text.h"
 #include "skyframe/values/ResultFiles.h"
 #include "skyframe/values/SpectrumSite.h"
+#include "texts.h"
 
 namespace skyframe::host {
 
@@ -19,16 +20,14 @@ bool CheckMassNorms(const SpectrumFindings& findings, CAdviceBuilder& advice) {
   const auto Distance = [](double m) { return std::isnan(m) ? HUGE_VAL : std::abs(m - 1.0); };
   const auto it = std::ranges::max_element(findings.modalMass, {}, Distance);
   if (it == findings.modalMass.end() || !(Distance(*it) > c_dMassNormTolerance)) return true;
-  advice.Warn("other-combination",
-              Format("phi^T M phi of mode %d is %.4g with the load combination of this analysis, not 1: the modal "
-                     "analysis had another one",
-                     static_cast<int>(it - findings.modalMass.begin()) + 1, *it));
+  const std::string strMode = std::to_string(it - findings.modalMass.begin() + 1);
+  advice.Warn("other-combination", Say(texts::c_otherCombination, {strMode, Format("%.4g", *it)}));
   return false;
 }
 
 void CheckMasses(const SpectrumFindings& findings, CAdviceBuilder& advice) {
   if (!(findings.dQuakeMass > 0.0)) {
-    advice.Warn("missing-mass", "no mass is free to move along the earthquake: it has no effect");
+    advice.Warn("missing-mass", std::string(Say(texts::c_noMass)));
     return;
   }
   if (findings.bVirtual) return;  // it carries the rest
@@ -38,9 +37,9 @@ void CheckMasses(const SpectrumFindings& findings, CAdviceBuilder& advice) {
     for (const std::array<double, 3>& mode : findings.effectiveMasses) dSum += mode[d];
     const double dShare = dSum / findings.totalMass[d];
     if (dShare >= c_dEnoughMass) continue;
-    advice.Warn("missing-mass", Format("%d mode%s %.1f %% of the mass in %s, below 90 %%: use more modes",
-                                       findings.nModes, findings.nModes == 1 ? " holds" : "s hold", 100.0 * dShare,
-                                       std::string(c_strDirections[d]).c_str()));
+    advice.Warn("missing-mass",
+                Say(findings.nModes == 1 ? texts::c_massOfMode : texts::c_massOfModes,
+                    {std::to_string(findings.nModes), Format("%.1f", 100.0 * dShare), c_strDirections[d]}));
   }
 }
 
@@ -48,8 +47,7 @@ void CheckPeriods(const SpectrumFindings& findings, CAdviceBuilder& advice) {
   for (std::size_t i = 0; i < static_cast<std::size_t>(findings.nModes) && i < findings.omega.size(); ++i) {
     const double T = c_dTwoPi / findings.omega[i];
     if (T < c_dSpectrumEnd) continue;
-    advice.Warn("long-period", Format("mode %d has the period %.4g s: the spectrum ends at 6 s and gives it no load",
-                                      static_cast<int>(i) + 1, T));
+    advice.Warn("long-period", Say(texts::c_longPeriod, {std::to_string(i + 1), Format("%.4g", T)}));
     return;
   }
 }
@@ -64,10 +62,10 @@ AdviceList AdviseOnSpectrum(const Job& job, const SpectrumFindings& findings) {
   if (bSameMass) CheckMasses(findings, advice);  // of another mass the shapes hold no share
   CheckPeriods(findings, advice);
   for (std::size_t d = 0; d < 3; ++d) {
-    const std::string strWhat = "the base shear in " + std::string(c_strDirections[d]);
+    const std::string strWhat = Say(texts::c_baseShear, {c_strDirections[d]});
     if (!advice.CheckFinite(findings.baseShear[d], strWhat, suffix::c_strSpectrum)) return advice.Take();
   }
-  advice.CheckNodeValues(findings.displacements, "displacement", suffix::c_strSpectrum);
+  advice.CheckNodeValues(findings.displacements, texts::c_displacementAt, suffix::c_strSpectrum);
   return advice.Take();
 }
 

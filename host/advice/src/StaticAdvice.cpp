@@ -7,6 +7,7 @@
 #include "skyframe/job/Text.h"
 #include "skyframe/results/Displacements.h"
 #include "skyframe/values/ResultFiles.h"
+#include "texts.h"
 
 namespace skyframe::host {
 
@@ -57,7 +58,7 @@ void CheckLoads(const StaticFindings& findings, CAdviceBuilder& advice) {
     return std::ranges::all_of(load, [](double d) { return d == 0.0; });
   };
   if (!std::ranges::all_of(findings.loads, IsZero)) return;
-  advice.Warn("no-load", "no load acts in a free direction: nothing moves");
+  advice.Warn("no-load", std::string(Say(texts::c_noLoad)));
 }
 
 /// What round-off may leave of the forces of members that move far for their stiffness: sum of eps E A / L |u|.
@@ -90,14 +91,14 @@ void CheckBalance(const Job& job, const StaticFindings& findings, CAdviceBuilder
     const double dScale = resultant.GetScale(d);
     const double dLeft = std::abs(resultant.sum[d]);
     if (dLeft <= c_dBalanceTolerance * dScale) continue;
-    const char* const pszUnit = d < 3 ? "kN" : "kNm";
-    const std::string strLeft = Format("%.3g %s in %s is left of %.6g %s", resultant.sum[d] * 1.0e-3, pszUnit,
-                                       std::string(c_strDirections[d]).c_str(), dScale * 1.0e-3, pszUnit);
+    const std::string_view strUnit = d < 3 ? "kN" : Say(texts::c_momentUnit);
+    const std::string strLeft = Say(texts::c_leftOver, {Format("%.3g", resultant.sum[d] * 1.0e-3), strUnit,
+                                                        c_strDirections[d], Format("%.6g", dScale * 1.0e-3)});
     const double dAllowed = std::min(c_dMostRoundOff * dScale, dRoundOff * (d < 3 ? 1.0 : resultant.dReach));
     if (dLeft <= dAllowed) {
-      advice.Warn("equilibrium", "round-off of stiff members: " + strLeft);
+      advice.Warn("equilibrium", Say(texts::c_roundOff, {strLeft}));
     } else {
-      advice.Error("equilibrium", "loads and support forces do not balance: " + strLeft);
+      advice.Error("equilibrium", Say(texts::c_unbalanced, {strLeft}));
     }
     return;
   }
@@ -107,14 +108,11 @@ void CheckBalance(const Job& job, const StaticFindings& findings, CAdviceBuilder
 void DescribeIteration(const Job& job, const StaticFindings& findings, CAdviceBuilder& advice) {
   if (!findings.bNonlinear || findings.status != RunStatus::Failed || findings.nIterations == 0) return;
   const bool bGrows = !(findings.dIncrement < findings.dPreviousIncrement);
+  const Words& way = findings.nIterations < 2 ? texts::c_first : bGrows ? texts::c_growing : texts::c_falling;
   advice.Error("no-convergence",
-               Format("no equilibrium after %d iterations: ||R|| = %.3g N of ||P|| = %.3g N, ||du|| = %.3g m, %s, "
-                      "the largest at %s",
-                      findings.nIterations, findings.dResidual, findings.dForce, findings.dIncrement,
-                      findings.nIterations < 2 ? "its first"
-                      : bGrows                 ? "growing"
-                                               : "falling",
-                      DescribePlace(job, findings.largestIncrement).c_str()));
+               Say(texts::c_noConvergence, {std::to_string(findings.nIterations), Format("%.3g", findings.dResidual),
+                                            Format("%.3g", findings.dForce), Format("%.3g", findings.dIncrement),
+                                            Say(way), DescribePlace(job, findings.largestIncrement)}));
 }
 
 void CheckCompression(const StaticFindings& findings, CAdviceBuilder& advice) {
@@ -122,20 +120,16 @@ void CheckCompression(const StaticFindings& findings, CAdviceBuilder& advice) {
   if (it == findings.eulerRatios.end() || -*it <= c_dNotableCompression) return;
   const auto nCount = std::ranges::count_if(findings.eulerRatios, [](double d) { return -d > c_dNotableCompression; });
   advice.Warn("divide-members",
-              Format("element %d carries %.2f of its own pi^2 E I / L^2 in compression (%d above %.2f): one element a "
-                     "member overestimates its stability, divide it",
-                     static_cast<int>(it - findings.eulerRatios.begin()) + 1, -*it, static_cast<int>(nCount),
-                     c_dNotableCompression));
+              Say(texts::c_divideMembers, {std::to_string(it - findings.eulerRatios.begin() + 1), Format("%.2f", -*it),
+                                           std::to_string(nCount), Format("%.2f", c_dNotableCompression)}));
 }
 
 /// The rule of the local axes follows the member's plan projection; a section that turns with it takes the member's
 /// stiffness along.
 void CheckTwist(const StaticFindings& findings, CAdviceBuilder& advice) {
   if (findings.nTwistedElement == 0 || !(findings.dLargestTwist > c_dNotableTwist)) return;
-  advice.Warn("axes-twist",
-              Format("the section of element %d turned by %.2g rad about its own axis with its plan projection: second-"
-                     "order effects are a few per cent off, as its Iy and Iz differ",
-                     findings.nTwistedElement, findings.dLargestTwist));
+  advice.Warn("axes-twist", Say(texts::c_axesTwist,
+                                {std::to_string(findings.nTwistedElement), Format("%.2g", findings.dLargestTwist)}));
 }
 
 }  // namespace
@@ -146,8 +140,8 @@ AdviceList AdviseOnStatic(const Job& job, const StaticFindings& findings) {
   DescribeIteration(job, findings, advice);
   if (findings.status == RunStatus::Done) {
     const std::string_view strSuffix = findings.bNonlinear ? suffix::c_strStaticNonlinear : suffix::c_strStaticLinear;
-    const bool bFinite = advice.CheckNodeValues(findings.displacements, "displacement", strSuffix) &&
-                         advice.CheckNodeValues(findings.reactions, "reaction", strSuffix);
+    const bool bFinite = advice.CheckNodeValues(findings.displacements, texts::c_displacementAt, strSuffix) &&
+                         advice.CheckNodeValues(findings.reactions, texts::c_reactionAt, strSuffix);
     if (bFinite && !findings.bNonlinear) CheckBalance(job, findings, advice);
     CheckLoads(findings, advice);
     CheckCompression(findings, advice);

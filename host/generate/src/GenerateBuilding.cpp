@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "JobBuilder.h"
+#include "SteelSections.h"
 #include "skyframe/generate/Generate.h"
 
 namespace skyframe::host {
@@ -43,6 +44,34 @@ class CGrid {
   std::array<int, 3> m_axes;  ///< axis with the fewest points first
 };
 
+/// Usual for so many storeys of a frame without bracing.
+JobSection ChooseColumn(int nStoreys) {
+  if (nStoreys <= 5) return MakeBoxSection(350, 14);
+  if (nStoreys <= 10) return MakeBoxSection(450, 20);
+  if (nStoreys <= 20) return MakeBoxSection(600, 30);
+  return MakeBoxSection(800, 50);
+}
+
+/// Height about a fifteenth of the span, more in tall frames.
+JobSection ChooseBeam(double dSpan, int nStoreys) {
+  if (dSpan <= 6.0 && nStoreys <= 10) return MakeHSection(400, 200, 8, 13);
+  if (dSpan <= 9.0 && nStoreys <= 20) return MakeHSection(600, 250, 10, 16);
+  return MakeHSection(800, 300, 14, 26);
+}
+
+/// Damping ratio of steel structures of this height in frequent earthquakes. Source: GB 50011-2010, 8.2.2.
+double ChooseDamping(double dHeight) {
+  if (dHeight <= 50.0) return 0.04;
+  return dHeight < 200.0 ? 0.03 : 0.02;
+}
+
+/// Floors without slabs: each frame, of either direction, may sway by itself. Three shapes along the height of each.
+int ChooseModes(const BuildingParameters& parameters) {
+  constexpr int c_nMost = 60;
+  const int nFrames = parameters.nBaysX + parameters.nBaysY + 2;
+  return std::min(c_nMost, nFrames * std::min(3, parameters.nStoreys));
+}
+
 class CBuildingGenerator {
  public:
   explicit CBuildingGenerator(const BuildingParameters& parameters)
@@ -53,8 +82,8 @@ class CBuildingGenerator {
                   " bays, " + std::to_string(parameters.nStoreys) + " storeys") {}
 
   Job Generate() {
-    m_nColumn = m_builder.AddSection({"column", 2, 2.5e5, 8.8e9, 5.2e9, 5.2e9});
-    m_nBeam = m_builder.AddSection({"beam", 2, 1.8e5, 3.7e9, 5.4e9, 1.35e9});
+    m_nColumn = m_builder.AddSection(ChooseColumn(m_parameters.nStoreys));
+    m_nBeam = m_builder.AddSection(ChooseBeam(m_parameters.dSpan, m_parameters.nStoreys));
     m_grid.ForEach([this](const std::array<int, 3>& point) { AddNode(point); });
     m_grid.ForEach([this](const std::array<int, 3>& point) { AddElements(point); });
     for (int nCase = 0; nCase < 3; ++nCase) {
@@ -62,6 +91,7 @@ class CBuildingGenerator {
     }
     m_builder.AddStatic(
         {.bNonlinear = false, .nCriterion = {}, .dTolerance = {}, .nMaxIterations = {}, .combination = {}});
+    m_builder.AddEarthquake(ChooseModes(m_parameters), ChooseDamping(m_parameters.nStoreys * m_parameters.dHeight));
     return m_builder.Take();
   }
 

@@ -40,4 +40,33 @@ void CJobBuilder::AddStatic(StaticJob analysis) {
   m_job.analyses.emplace_back(std::move(analysis));
 }
 
+JobCombination CJobBuilder::FormMassCombination() const {
+  JobCombination combination;
+  for (const JobLoad& load : m_job.loads) {
+    if (load.nCase <= 1) combination[load.nCase] = load.nCase == 0 ? -1.0 : -0.5;
+  }
+  return combination;
+}
+
+void CJobBuilder::AddEarthquake(int nModes, double dDamping) {
+  ModalJob modal;
+  modal.nModes = nModes;
+  modal.nRootCheck = 1;  // compare
+  modal.bShear = false;
+  modal.combination = FormMassCombination();
+  m_job.analyses.emplace_back(std::move(modal));
+
+  SpectrumJob spectrum;
+  spectrum.nModes = nModes;
+  spectrum.direction = {1.0, 0.0, 0.0};
+  spectrum.nSiteClass = 2;
+  spectrum.nZoneGroup = 1;
+  spectrum.nIntensity = 3;  // 8 (0.20g)
+  spectrum.nLevel = 0;      // frequent
+  spectrum.dDamping = dDamping;
+  spectrum.nMethod = 1;  // CQC
+  spectrum.combination = FormMassCombination();
+  m_job.analyses.emplace_back(std::move(spectrum));
+}
+
 }  // namespace skyframe::host

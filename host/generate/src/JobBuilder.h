@@ -20,10 +20,15 @@ class CJobBuilder {
   void AddLoad(int nCase, int nNode, int nDirection, double dValue);
   /// Linear or nonlinear static analysis of all cases in use with factor 1.
   void AddStatic(StaticJob analysis);
+  /// Modes and their response to an earthquake along X, with the representative gravity load as mass.
+  void AddEarthquake(int nModes, double dDamping);
 
   [[nodiscard]] Job Take() { return std::move(m_job); }
 
  private:
+  /// Dead load and half of the live load, turned upwards: such loads become mass. Cases without loads are left out.
+  [[nodiscard]] JobCombination FormMassCombination() const;
+
   Job m_job;
 };
 

@@ -135,7 +135,7 @@ void CStructureView::Paint(IPaintContext& paint) const {
   PaintMembers(painter);
   if (m_options.bSupports) painter.PaintSupports(c_supportColour);
   if (m_shape) PaintShape(painter);
-  if (m_options.bLoads) painter.PaintLoads();
+  if (m_options.bLoads) painter.PaintLoads(host::SelectLoads(m_scene.GetLoads(), std::nullopt));
   if (m_options.bNodeNumbers) painter.PaintNodeNumbers(c_nodeText);
   if (m_options.bElementNumbers) painter.PaintMemberNumbers(c_elementText);
   painter.PaintAxes({c_dAxesMargin, height() - c_dAxesMargin}, c_axes);

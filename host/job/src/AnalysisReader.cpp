@@ -4,6 +4,7 @@
 #include <charconv>
 
 #include "skyframe/job/Fields.h"
+#include "texts.h"
 
 namespace skyframe::host {
 
@@ -21,11 +22,17 @@ std::optional<int> ParseCase(std::string_view strText) {
 }
 
 /// Reports members that the dialog would not let a person fill in.
-void Forbid(CJobObject& object, std::initializer_list<std::string_view> keys, const std::string& strReason) {
+void Forbid(CJobObject& object, std::initializer_list<std::string_view> keys, std::string_view strReason) {
   for (const std::string_view strKey : keys) {
     if (object.Has(strKey)) object.Error(strKey, strReason);
   }
 }
+
+std::string BelongsTo(std::string_view strKey, std::string_view strWord) {
+  return Say(texts::c_belongsTo, {strKey, Quote(strWord)});
+}
+
+std::string Needs(std::string_view strFlag) { return Say(texts::c_needs, {Quote(strFlag)}); }
 
 // Rules between fields.
 
@@ -34,14 +41,14 @@ void CheckRules(CJobObject& /*object*/, const A& /*analysis*/) {}
 
 void CheckRules(CJobObject& object, const EarthquakeJob& quake) {
   if (quake.nMode == 1) {
-    Forbid(object, {"directions"}, "belongs to mode \"principal\"");
+    Forbid(object, {"directions"}, BelongsTo("mode", c_strQuakeModes[0]));
   } else {
-    Forbid(object, {"oblique_axis"}, "belongs to mode \"oblique\"");
+    Forbid(object, {"oblique_axis"}, BelongsTo("mode", c_strQuakeModes[1]));
   }
   for (std::size_t k = 0; k < quake.peaks.size(); ++k) {
     const bool bOpen = k < quake.directions.size() ? quake.nMode != 1 && quake.directions[k] : quake.nMode == 1;
     if (quake.peaks[k] && !bOpen) {
-      object.Error("peaks", "peak " + Quote(c_strPeaks[k]) + " of a direction in which the ground does not move");
+      object.Error("peaks", Say(texts::c_idlePeak, {Quote(c_strPeaks[k])}));
     }
   }
 }
@@ -49,17 +56,17 @@ void CheckRules(CJobObject& object, const EarthquakeJob& quake) {
 void CheckRules(CJobObject& object, const NewmarkJob& analysis) {
   const bool bFromFile = analysis.bFromFile.value_or(false);
   if (!analysis.bNonlinear.value_or(false)) {
-    Forbid(object, {"criterion", "tolerance", "max_iterations"}, "needs \"nonlinear\": true");
+    Forbid(object, {"criterion", "tolerance", "max_iterations"}, Needs("nonlinear"));
   }
   if (analysis.HasGroundMotion()) {
-    Forbid(object, {"impulse", "general_load"}, "belongs to load \"nodal_force\"");
+    Forbid(object, {"impulse", "general_load"}, BelongsTo("load", c_strDynamicLoads[0]));
     return;
   }
-  Forbid(object, {"earthquake"}, "belongs to load \"ground_motion\"");
+  Forbid(object, {"earthquake"}, BelongsTo("load", c_strDynamicLoads[1]));
   if (bFromFile) {
-    Forbid(object, {"impulse"}, "the loads are read from a file");
+    Forbid(object, {"impulse"}, Say(texts::c_loadsFromFile));
   } else {
-    Forbid(object, {"general_load"}, "needs \"from_file\": true");
+    Forbid(object, {"general_load"}, Needs("from_file"));
   }
 }
 
@@ -117,7 +124,7 @@ void CFieldReader::Visit(const Field& field, JobCombination& combination) {
   for (const std::string& strKey : members->GetKeys()) {
     const std::optional<int> nCase = ParseCase(strKey);
     if (!nCase || *nCase < 0 || *nCase > m_context.nHighestCase) {
-      members->Error(strKey, "no such load case; the cases are 0 to " + std::to_string(m_context.nHighestCase));
+      members->Error(strKey, Say(texts::c_noSuchCase, {std::to_string(m_context.nHighestCase)}));
     } else if (const std::optional<double> dFactor = members->Number(strKey, Need::Required)) {
       combination[*nCase] = *dFactor;
     }
@@ -136,7 +143,7 @@ void CFieldReader::Visit(const Field& field, JobAxes& axes) {
   if (pArray == nullptr) return;
   for (const Json& value : *pArray) {
     const auto it = std::ranges::find(c_strAxes, value.is_string() ? value.get<std::string>() : "");
-    if (it == c_strAxes.end()) return m_object.Error(field.strKey, "must list some of " + JoinWords(c_strAxes));
+    if (it == c_strAxes.end()) return m_object.Error(field.strKey, Say(texts::c_notSomeOf, {JoinWords(c_strAxes)}));
     axes[static_cast<std::size_t>(it - c_strAxes.begin())] = true;
   }
 }
@@ -145,7 +152,7 @@ JobImpulse CFieldReader::ReadImpulse(CJobObject& object) const {
   JobImpulse impulse;
   if (const std::optional<int> nId = object.Integer("node", Need::Required)) {
     const auto it = m_context.numberOfId.find(*nId);
-    if (it == m_context.numberOfId.end()) object.Error("node", "no node has the id " + std::to_string(*nId));
+    if (it == m_context.numberOfId.end()) object.Error("node", Say(texts::c_noSuchNode, {std::to_string(*nId)}));
     impulse.nNode = it == m_context.numberOfId.end() ? 0 : it->second;
   }
   impulse.nDirection = object.Word("direction", Need::Required, c_strAxes).value_or(0);

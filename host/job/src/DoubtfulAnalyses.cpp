@@ -9,6 +9,7 @@
 #include "skyframe/platform/NumberText.h"
 #include "skyframe/platform/Platform.h"
 #include "skyframe/values/ResultFiles.h"
+#include "texts.h"
 
 namespace skyframe::host {
 
@@ -61,15 +62,12 @@ RecordText ReadRecord(const std::string& strPath) {
   return record;
 }
 
-std::string DescribeRecord(const RecordText& record) {
-  if (!record.bOpened) return "cannot be opened";
-  if (record.nValues == 0 && record.bWhole) return "is empty";
-  if (record.nValues == 0) return "starts with no number; a heading or a byte-order mark must go";
-  if (!record.bWhole) {
-    return "is read up to value " + std::to_string(record.nValues) +
-           "; values must be separated by blanks or line ends, without commas or words";
-  }
-  return record.dLargest == 0.0 ? "holds zeros alone and cannot be scaled to a peak" : "";
+/// Nothing when it is sound.
+std::string DescribeRecord(const RecordText& record, const std::string& strFile) {
+  if (!record.bOpened) return Say(texts::c_recordUnread, {strFile});
+  if (record.nValues == 0) return Say(record.bWhole ? texts::c_recordEmpty : texts::c_recordHeading, {strFile});
+  if (!record.bWhole) return Say(texts::c_recordPart, {strFile, std::to_string(record.nValues)});
+  return record.dLargest == 0.0 ? Say(texts::c_recordZeros, {strFile}) : "";
 }
 
 class CDoubtfulAnalyses {
@@ -88,7 +86,7 @@ class CDoubtfulAnalyses {
 
  private:
   void Check(const StaticJob& analysis) {
-    if (analysis.combination.empty()) Warn("no-case", "", "no load combination: nothing acts on the structure");
+    if (analysis.combination.empty()) Warn("no-case", "", Say(texts::c_noCase));
     CheckCases(analysis.combination);
     CheckInclinedSupports();
   }
@@ -97,11 +95,11 @@ class CDoubtfulAnalyses {
   void Check(const SpectrumJob& analysis) { CheckMassLoads(analysis.combination); }
 
   void Check(const WilsonJob& analysis) {
-    constexpr std::string_view c_strIgnored = "the Wilson method does not look at it";
-    if (!analysis.combination.empty()) Warn("wilson-ignores", "combination", c_strIgnored);
+    const std::string_view strIgnored = Say(texts::c_wilsonIgnores);
+    if (!analysis.combination.empty()) Warn("wilson-ignores", "combination", strIgnored);
     const auto IsSet = [](const std::optional<double>& dPeak) { return dPeak.has_value(); };
-    if (std::ranges::any_of(analysis.peaks, IsSet)) Warn("wilson-ignores", "peaks", c_strIgnored);
-    if (analysis.bNonlinear.value_or(false)) Warn("wilson-ignores", "nonlinear", c_strIgnored);
+    if (std::ranges::any_of(analysis.peaks, IsSet)) Warn("wilson-ignores", "peaks", strIgnored);
+    if (analysis.bNonlinear.value_or(false)) Warn("wilson-ignores", "nonlinear", strIgnored);
     CheckTimeStep(GetAxis(analysis));
     CheckInclinedSupports();
   }
@@ -117,8 +115,7 @@ class CDoubtfulAnalyses {
     if (bSwapped) {
       const TimeAxis axis = GetAxis(GeneralLoadJob());
       Warn("general-load", "general_load",
-           "left out, the time step is " + FormatNumber(axis.dStep) + " s and the duration " +
-               FormatNumber(axis.dDuration) + " s: give both");
+           Say(texts::c_generalLoad, {FormatNumber(axis.dStep), FormatNumber(axis.dDuration)}));
     } else if (const auto axis = FindAxis(analysis)) {
       CheckTimeStep(*axis);
     }
@@ -128,20 +125,20 @@ class CDoubtfulAnalyses {
 
   void CheckNodalForces(const NewmarkJob& analysis) {
     if (*analysis.bNonlinear) {
-      Warn("nonlinear-forces", "nonlinear", "a run under nodal forces with it ends at once, without a result");
+      Warn("nonlinear-forces", "nonlinear", Say(texts::c_nonlinearForces));
     }
     if (*analysis.bFromFile) return;
     const ImpulseLoadJob load = WithDefaults(analysis.impulse.value_or(ImpulseLoadJob()));
     const auto HasForce = [](const JobImpulse& impulse) { return impulse.dPeak != 0.0; };
     if (std::none_of(load.impulses.begin(), load.impulses.end(), HasForce)) {
-      Warn("no-impulse", "", "nodal forces without an impulse: nothing acts on the structure");
+      Warn("no-impulse", "", Say(texts::c_noImpulse));
       return;
     }
     const bool bRectangular = load.nShape == c_nRectangular;
     const double dTime = *(bRectangular ? load.dUnloadTime : load.dPeakTime);
     if (TimeAxis{*load.dTimeStep, *load.dDuration}.HasStepIn(dTime)) return;
     const std::string strKey = bRectangular ? "unload_time" : "peak_time";
-    Warn("impulse-time", "impulse", strKey + " is " + FormatNumber(dTime) + " s, less than a time step: no force acts");
+    Warn("impulse-time", "impulse", Say(texts::c_impulseTime, {strKey, FormatNumber(dTime)}));
   }
 
   void CheckGroundMotion(const NewmarkJob& analysis) {
@@ -149,26 +146,24 @@ class CDoubtfulAnalyses {
     const auto nDirections = std::count(quake.directions.begin(), quake.directions.end(), true);
     const bool bOblique = quake.nMode == 1;
     if (!bOblique && nDirections == 0) {
-      Warn("no-direction", "earthquake", "no direction: the ground does not move");
+      Warn("no-direction", "earthquake", Say(texts::c_noDirection));
       return;
     }
     const auto itFirst = std::find(quake.directions.begin(), quake.directions.end(), true);
     const auto nRecord =
         bOblique ? std::size_t{c_nOblique} : static_cast<std::size_t>(itFirst - quake.directions.begin());
     if (!bOblique && nDirections > 1) {
-      Warn("one-direction", "earthquake", "the ground moves along " + std::string(c_strPeaks[nRecord]) + " alone");
+      Warn("one-direction", "earthquake", Say(texts::c_oneDirection, {c_strPeaks[nRecord]}));
     }
     if (!*analysis.bFromFile || m_strJobPath.empty()) return;
     const std::string strFile = m_strJobPath + std::string(suffix::c_strAcceleration[nRecord]);
-    const std::string strReason = DescribeRecord(ReadRecord(strFile));
-    if (!strReason.empty()) Warn("record", "", EscapeControls(strFile) + " " + strReason);
+    const std::string strReason = DescribeRecord(ReadRecord(strFile), EscapeControls(strFile));
+    if (!strReason.empty()) Warn("record", "", strReason);
   }
 
   void CheckTimeStep(const TimeAxis& axis) {
     if (axis.HasStepIn(axis.dDuration)) return;
-    Warn("time-step", "",
-         "no step of " + FormatNumber(axis.dStep) + " s fits into the duration of " + FormatNumber(axis.dDuration) +
-             " s");
+    Warn("time-step", "", Say(texts::c_timeStep, {FormatNumber(axis.dStep), FormatNumber(axis.dDuration)}));
   }
 
   /// False when no case of the combination has a load.
@@ -177,7 +172,7 @@ class CDoubtfulAnalyses {
     for (const auto& [nCase, dFactor] : combination) {
       const bool bInUse = m_casesInUse.contains(nCase);
       bAny = bAny || bInUse;
-      if (!bInUse) Warn("empty-case", "combination", "no load has the case " + std::to_string(nCase));
+      if (!bInUse) Warn("empty-case", "combination", Say(texts::c_emptyCase, {std::to_string(nCase)}));
     }
     return bAny;
   }
@@ -189,12 +184,12 @@ class CDoubtfulAnalyses {
       return it != combination.end() && load.nDirection == c_nDofZ && load.dValue * it->second > 0.0;
     };
     if (std::any_of(m_job.loads.begin(), m_job.loads.end(), IsMass)) return;
-    Warn("no-mass-load", "combination", "none of its loads acts along +Z: it adds no mass");
+    Warn("no-mass-load", "combination", Say(texts::c_noMassLoad));
   }
 
   void CheckInclinedSupports() {
     if (m_job.inclinedSupports.empty()) return;
-    Warn("inclined-support", "", "this analysis takes inclined supports for ordinary ones");
+    Warn("inclined-support", "", Say(texts::c_inclinedSupport));
   }
 
   void Warn(std::string_view strName, std::string_view strKey, std::string_view strReason) {

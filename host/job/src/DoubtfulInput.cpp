@@ -9,6 +9,7 @@
 #include "skyframe/job/FreeBody.h"
 #include "skyframe/job/Places.h"
 #include "skyframe/job/Text.h"
+#include "texts.h"
 
 namespace skyframe::host {
 
@@ -42,12 +43,11 @@ class CDoubtfulInput {
   void CheckNodes() {
     for (std::size_t k = 0; k < m_job.nodes.size(); ++k) {
       const JobNode& node = m_job.nodes[k];
-      const std::string strNode = "node " + std::to_string(node.nId);
+      const std::string strNode = std::to_string(node.nId);
       if (!m_isUsed[k + 1]) {
-        m_found.push_back({At("nodes", k), "no element touches " + strNode, "unused-node"});
+        m_found.push_back({At("nodes", k), Say(texts::c_unusedNode, {strNode}), "unused-node"});
       } else if (node.nJoint == c_nRigid && !m_hasBeam[k + 1] && !HasFixedRotations(node)) {
-        m_found.push_back(
-            {At("nodes", k), strNode + " is rigid but no beam holds its rotations; make it pinned", "loose-rotation"});
+        m_found.push_back({At("nodes", k), Say(texts::c_looseRotation, {strNode}), "loose-rotation"});
       }
     }
   }
@@ -55,10 +55,8 @@ class CDoubtfulInput {
   void CheckSupports() {
     const std::optional<DofPlace> place = FindFreeBody(m_job);
     if (!place) return;
-    m_found.push_back(
-        {At("nodes", static_cast<std::size_t>(place->nNode - 1)),
-         "no support keeps " + DescribePlace(m_job, *place) + " from moving with its part of the structure",
-         "mechanism"});
+    m_found.push_back({At("nodes", static_cast<std::size_t>(place->nNode - 1)),
+                       Say(texts::c_freeBody, {DescribePlace(m_job, *place)}), "mechanism"});
   }
 
   static bool HasFixedRotations(const JobNode& node) {
@@ -74,10 +72,7 @@ class CDoubtfulInput {
       return node.nSpring && stiff.contains(*node.nSpring);
     });
     if (nSprings == 0) return;
-    m_found.push_back(
-        {"/springs",
-         "a spring with a stiffness above 0 holds its node rigidly (" + std::to_string(nSprings) + " nodes)",
-         "spring-support"});
+    m_found.push_back({"/springs", Say(texts::c_springSupport, {std::to_string(nSprings)}), "spring-support"});
   }
 
   void CheckElements() {
@@ -85,11 +80,11 @@ class CDoubtfulInput {
       const JobElement& element = m_job.elements[k];
       const JobSection& section = m_job.sections[element.nSection];
       const bool bBends = element.nType == c_nBeam && (IsRigid(element.nNodeI) || IsRigid(element.nNodeJ));
-      const std::string strSection = "section " + Quote(section.strId);
+      const std::string strSection = Quote(section.strId);
       if (section.dArea == 0.0) {
-        m_found.push_back({At("elements", k), strSection + " has no area", "no-area"});
+        m_found.push_back({At("elements", k), Say(texts::c_noArea, {strSection}), "no-area"});
       } else if (bBends && (section.dIy == 0.0 || section.dIz == 0.0)) {
-        m_found.push_back({At("elements", k), strSection + " has no bending inertia", "no-inertia"});
+        m_found.push_back({At("elements", k), Say(texts::c_noInertia, {strSection}), "no-inertia"});
       }
     }
   }
@@ -98,10 +93,8 @@ class CDoubtfulInput {
     for (std::size_t k = 0; k < m_job.loads.size(); ++k) {
       const int nNode = m_job.loads[k].nNode;
       if (m_isUsed[nNode]) continue;
-      m_found.push_back({At("loads", k),
-                         "acts on node " + std::to_string(m_job.nodes[nNode - 1].nId) +
-                             ", which no element touches: it has no effect",
-                         "lost-load"});
+      m_found.push_back(
+          {At("loads", k), Say(texts::c_lostLoad, {std::to_string(m_job.nodes[nNode - 1].nId)}), "lost-load"});
     }
   }
 

@@ -12,6 +12,7 @@
 #include "skyframe/job/Places.h"
 #include "skyframe/platform/Platform.h"
 #include "skyframe/values/Capacities.h"
+#include "texts.h"
 
 namespace skyframe::host {
 
@@ -65,7 +66,7 @@ class CJobParser {
       spring.dKx = object.Number("kx", Need::Optional).value_or(0.0);
       spring.dKy = object.Number("ky", Need::Optional).value_or(0.0);
       spring.dKz = object.Number("kz", Need::Optional).value_or(0.0);
-      if (nGroup && !m_springGroups.insert(*nGroup).second) object.Error("group", "spring group defined twice");
+      if (nGroup && !m_springGroups.insert(*nGroup).second) object.Error("group", Say(texts::c_springGroupTwice));
       m_job.springs.push_back(spring);
     });
   }
@@ -82,7 +83,7 @@ class CJobParser {
       ReadSupport(object, node);
       m_job.nodes.push_back(node);
       if (nId && !m_numberOfId.emplace(*nId, static_cast<int>(m_job.nodes.size())).second) {
-        object.Error("id", "node id " + std::to_string(*nId) + " is used twice");
+        object.Error("id", Say(texts::c_nodeTwice, {std::to_string(*nId)}));
       }
     });
   }
@@ -90,16 +91,16 @@ class CJobParser {
   void ReadSupport(CJobObject& object, JobNode& node) {
     if (const auto strRestraint = object.Text("restraint", Need::Optional)) {
       if (strRestraint->size() != 6 || strRestraint->find_first_not_of("01") != std::string::npos) {
-        object.Error("restraint", "must be six digits 0 or 1 for X Y Z RX RY RZ, not " + Quote(*strRestraint));
+        object.Error("restraint", Say(texts::c_notRestraint, {Quote(*strRestraint)}));
       } else {
         for (std::size_t d = 0; d < 6; ++d) node.restraint[d] = (*strRestraint)[d] - '0';
       }
     }
     node.nSpring = object.Integer("spring", Need::Optional, 0, c_nMaxSpringGroups);
     if (!node.nSpring) return;
-    if (object.Has("restraint")) object.Error("spring", "a node has either a restraint or a spring");
+    if (object.Has("restraint")) object.Error("spring", Say(texts::c_twoSupports));
     if (!m_springGroups.contains(*node.nSpring)) {
-      object.Error("spring", "no spring group " + std::to_string(*node.nSpring));
+      object.Error("spring", Say(texts::c_noSpringGroup, {std::to_string(*node.nSpring)}));
     }
   }
 
@@ -114,7 +115,7 @@ class CJobParser {
       section.dIy = object.NumberAtLeast("Iy", Need::Optional, 0.0).value_or(0.0);
       section.dIz = object.NumberAtLeast("Iz", Need::Optional, 0.0).value_or(0.0);
       if (strId && !m_placeOfSection.emplace(*strId, static_cast<int>(m_job.sections.size())).second) {
-        object.Error("id", "section " + Quote(*strId) + " is defined twice");
+        object.Error("id", Say(texts::c_sectionTwice, {Quote(*strId)}));
       }
       m_job.sections.push_back(section);
     });
@@ -138,7 +139,7 @@ class CJobParser {
     if (!nId) return 0;
     const auto it = m_numberOfId.find(*nId);
     if (it != m_numberOfId.end()) return it->second;
-    object.Error(strKey, "no node has the id " + std::to_string(*nId));
+    object.Error(strKey, Say(texts::c_noSuchNode, {std::to_string(*nId)}));
     return 0;
   }
 
@@ -147,15 +148,15 @@ class CJobParser {
     if (!strId) return 0;
     const auto it = m_placeOfSection.find(*strId);
     if (it != m_placeOfSection.end()) return it->second;
-    object.Error("section", "no section has the id " + Quote(*strId));
+    object.Error("section", Say(texts::c_noSuchSection, {Quote(*strId)}));
     return 0;
   }
 
   void CheckLength(CJobObject& object, const JobElement& element) {
     if (element.nNodeI == element.nNodeJ) {
-      object.Error("j", "both ends are node " + std::to_string(m_job.nodes[element.nNodeJ - 1].nId));
+      object.Error("j", Say(texts::c_sameEnds, {std::to_string(m_job.nodes[element.nNodeJ - 1].nId)}));
     } else if (HaveSamePlace(m_job.nodes[element.nNodeI - 1], m_job.nodes[element.nNodeJ - 1])) {
-      object.Error("j", "zero length: both nodes lie at the same place");
+      object.Error("j", Say(texts::c_zeroLength));
     }
   }
 
@@ -168,9 +169,9 @@ class CJobParser {
       const Json& value = (*pArray)[k];
       const auto it = value.is_number_integer() ? m_numberOfId.find(ClampToInt(value)) : m_numberOfId.end();
       if (it == m_numberOfId.end()) {
-        AddError(m_file.errors, {strPlace, "must be the id of a node"});
+        AddError(m_file.errors, {strPlace, std::string(Say(texts::c_notNode))});
       } else if (!seen.insert(it->second).second) {
-        AddError(m_file.errors, {strPlace, "node " + std::to_string(it->first) + " is listed twice"});
+        AddError(m_file.errors, {strPlace, Say(texts::c_listedTwice, {std::to_string(it->first)})});
       } else {
         m_job.inclinedSupports.push_back(it->second);
       }
@@ -194,8 +195,7 @@ class CJobParser {
       load.nDirection = nDirection.value_or(0);
       load.dValue = object.Number("value", Need::Required).value_or(0.0);
       if (load.nNode > 0 && load.nDirection >= 3 && m_job.nodes[load.nNode - 1].nJoint == c_nPinned) {
-        object.Error("direction",
-                     "node " + std::to_string(m_job.nodes[load.nNode - 1].nId) + " is pinned and takes no moment");
+        object.Error("direction", Say(texts::c_pinnedMoment, {std::to_string(m_job.nodes[load.nNode - 1].nId)}));
       }
       m_job.loads.push_back(load);
     });
@@ -204,9 +204,8 @@ class CJobParser {
 
   void CheckFillers(std::size_t nFillers) {
     if (m_job.loads.size() + nFillers <= c_nMaxLoads) return;
-    m_root.Error("loads", std::to_string(m_job.loads.size()) + " entries and one more for each of " +
-                              std::to_string(nFillers) + " cases without loads; the host records hold " +
-                              std::to_string(c_nMaxLoads));
+    m_root.Error("loads", Say(texts::c_tooManyFillers, {std::to_string(m_job.loads.size()), std::to_string(nFillers),
+                                                        std::to_string(c_nMaxLoads)}));
   }
 
   void ReadAnalyses() {
@@ -225,9 +224,9 @@ class CJobParser {
   std::unordered_map<std::string, int> m_placeOfSection;
 };
 
-JobFile Refuse(std::string strReason) {
+JobFile Refuse(const Words& words) {
   JobFile file;
-  file.errors.push_back({"/", std::move(strReason)});
+  file.errors.push_back({"/", std::string(Say(words))});
   return file;
 }
 
@@ -237,7 +236,7 @@ JobFile ReadWithinMemory(Reader reader) {
   try {
     return reader();
   } catch (const std::bad_alloc&) {
-    return Refuse("out of memory");
+    return Refuse(texts::c_outOfMemory);
   }
 }
 
@@ -249,7 +248,7 @@ JobFile ParseText(std::string_view strText, const std::string& strJobPath) {
   strReserve.reserve(c_nReserve);
   if (ParseJson(strText, c_capacities, tree, file.errors)) CJobParser(tree, file).Parse();
   if (HasTooMany(file.errors)) {
-    file.errors.push_back({"/", std::to_string(c_nMostErrors) + " errors; reading stopped here"});
+    file.errors.push_back({"/", Say(texts::c_tooManyErrors, {std::to_string(c_nMostErrors)})});
   }
   if (file.errors.empty()) file.warnings = FindDoubtfulInput(file.job, strJobPath);
   return file;
@@ -261,14 +260,14 @@ bool HasForeignSeparator(const std::string& strPath) {
 }
 
 JobFile ReadText(const std::string& strPath) {
-  if (HasForeignSeparator(strPath)) return Refuse("a job file cannot have a backslash in its path");
+  if (HasForeignSeparator(strPath)) return Refuse(texts::c_backslash);
   const auto pStream = GetPlatform().OpenForReading(strPath);
-  if (!pStream) return Refuse("cannot be opened");
+  if (!pStream) return Refuse(texts::c_cannotOpen);
   std::string strText;
   std::vector<char> buffer(std::size_t{1} << 20U);
   while (pStream->read(buffer.data(), static_cast<std::streamsize>(buffer.size())) || pStream->gcount() > 0) {
     strText.append(buffer.data(), static_cast<std::size_t>(pStream->gcount()));
-    if (strText.size() > c_nMaxFileSize) return Refuse("larger than 256 MB");
+    if (strText.size() > c_nMaxFileSize) return Refuse(texts::c_fileTooLarge);
   }
   return ParseText(strText, GetJobPath(strPath));
 }

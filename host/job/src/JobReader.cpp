@@ -3,19 +3,21 @@
 #include <charconv>
 #include <cmath>
 
+#include "texts.h"
+
 namespace skyframe::host {
 
 bool FitsSingle(double dValue) { return std::isfinite(static_cast<float>(dValue)); }
 
 CJobObject::CJobObject(const Json& value, std::string strPlace, std::vector<JobProblem>& errors)
     : m_value(value), m_strPlace(std::move(strPlace)), m_errors(errors) {
-  if (!value.is_object()) AddError(m_errors, {m_strPlace, "must be an object"});
+  if (!value.is_object()) AddError(m_errors, {m_strPlace, std::string(Say(texts::c_notObject))});
 }
 
 bool CJobObject::Has(std::string_view strKey) const { return m_value.is_object() && m_value.contains(strKey); }
 
-void CJobObject::Error(std::string_view strKey, std::string strReason) {
-  AddError(m_errors, {GetPlace(strKey), std::move(strReason)});
+void CJobObject::Error(std::string_view strKey, std::string_view strReason) {
+  AddError(m_errors, {GetPlace(strKey), std::string(strReason)});
 }
 
 const Json* CJobObject::Find(std::string_view strKey, Need need) {
@@ -23,7 +25,7 @@ const Json* CJobObject::Find(std::string_view strKey, Need need) {
   if (!m_value.is_object()) return nullptr;
   const auto it = m_value.find(strKey);
   if (it != m_value.end()) return &*it;
-  if (need == Need::Required) Error(strKey, "missing");
+  if (need == Need::Required) Error(strKey, Say(texts::c_missing));
   return nullptr;
 }
 
@@ -31,15 +33,15 @@ std::optional<int> CJobObject::Integer(std::string_view strKey, Need need, int n
   const Json* pValue = Find(strKey, need);
   if (pValue == nullptr) return std::nullopt;
   if (!pValue->is_number_integer()) {
-    Error(strKey, "must be an integer");
+    Error(strKey, Say(texts::c_notInteger));
     return std::nullopt;
   }
   const bool bTooLarge = pValue->is_number_unsigned() && pValue->get<std::uint64_t>() > std::uint64_t{1} << 62U;
   const std::int64_t nValue = bTooLarge ? std::numeric_limits<std::int64_t>::max() : pValue->get<std::int64_t>();
   if (nValue < nLowest) {
-    Error(strKey, "must be " + std::to_string(nLowest) + " or more");
+    Error(strKey, Say(texts::c_tooSmall, {std::to_string(nLowest)}));
   } else if (nValue > nHighest) {
-    Error(strKey, "must be " + std::to_string(nHighest) + " or less");
+    Error(strKey, Say(texts::c_tooLarge, {std::to_string(nHighest)}));
   } else {
     return static_cast<int>(nValue);
   }
@@ -48,12 +50,12 @@ std::optional<int> CJobObject::Integer(std::string_view strKey, Need need, int n
 
 std::optional<double> CJobObject::CheckNumber(const Json& value, const std::string& strPlace) {
   if (!value.is_number()) {
-    AddError(m_errors, {strPlace, "must be a number"});
+    AddError(m_errors, {strPlace, std::string(Say(texts::c_notNumber))});
     return std::nullopt;
   }
   const auto dValue = value.get<double>();
   if (FitsSingle(dValue)) return dValue;
-  AddError(m_errors, {strPlace, "too large for a single-precision record"});
+  AddError(m_errors, {strPlace, std::string(Say(texts::c_notSingle))});
   return std::nullopt;
 }
 
@@ -65,7 +67,7 @@ std::optional<double> CJobObject::Number(std::string_view strKey, Need need) {
 std::optional<double> CJobObject::NumberAtLeast(std::string_view strKey, Need need, double dLowest) {
   const std::optional<double> dValue = Number(strKey, need);
   if (!dValue || *dValue >= dLowest) return dValue;
-  Error(strKey, "must be " + FormatNumber(dLowest) + " or more");
+  Error(strKey, Say(texts::c_tooSmall, {FormatNumber(dLowest)}));
   return std::nullopt;
 }
 
@@ -73,7 +75,7 @@ std::optional<bool> CJobObject::Boolean(std::string_view strKey, Need need) {
   const Json* pValue = Find(strKey, need);
   if (pValue == nullptr) return std::nullopt;
   if (pValue->is_boolean()) return pValue->get<bool>();
-  Error(strKey, "must be true or false");
+  Error(strKey, Say(texts::c_notBoolean));
   return std::nullopt;
 }
 
@@ -81,7 +83,7 @@ std::optional<std::string> CJobObject::Text(std::string_view strKey, Need need) 
   const Json* pValue = Find(strKey, need);
   if (pValue == nullptr) return std::nullopt;
   if (pValue->is_string()) return pValue->get<std::string>();
-  Error(strKey, "must be a text");
+  Error(strKey, Say(texts::c_notText));
   return std::nullopt;
 }
 
@@ -91,7 +93,7 @@ std::optional<int> CJobObject::Word(std::string_view strKey, Need need, std::spa
   for (std::size_t k = 0; k < words.size(); ++k) {
     if (*strText == words[k]) return static_cast<int>(k);
   }
-  Error(strKey, "must be " + JoinWords(words) + ", not " + Quote(*strText));
+  Error(strKey, Say(texts::c_notWord, {JoinWords(words), Quote(*strText)}));
   return std::nullopt;
 }
 
@@ -99,7 +101,7 @@ bool CJobObject::ReadNumbers(std::string_view strKey, Need need, std::span<doubl
   const Json* pValue = Array(strKey, need);
   if (pValue == nullptr) return false;
   if (pValue->size() != values.size()) {
-    Error(strKey, "must have " + std::to_string(values.size()) + " numbers");
+    Error(strKey, Say(texts::c_notNumbers, {std::to_string(values.size())}));
     return false;
   }
   bool bGood = true;
@@ -114,7 +116,7 @@ bool CJobObject::ReadNumbers(std::string_view strKey, Need need, std::span<doubl
 const Json* CJobObject::Array(std::string_view strKey, Need need) {
   const Json* pValue = Find(strKey, need);
   if (pValue == nullptr || pValue->is_array()) return pValue;
-  Error(strKey, "must be an array");
+  Error(strKey, Say(texts::c_notArray));
   return nullptr;
 }
 
@@ -147,7 +149,7 @@ void CJobObject::AcceptAllKeys() {
 
 void CJobObject::ReportUnknownKeys() {
   for (const std::string& strKey : GetKeys()) {
-    if (!m_asked.contains(strKey)) Error(strKey, "unknown key");
+    if (!m_asked.contains(strKey)) Error(strKey, Say(texts::c_unknownKey));
   }
 }
 

@@ -48,7 +48,7 @@ class CJobObject {
 
   [[nodiscard]] bool Has(std::string_view strKey) const;
   [[nodiscard]] std::string GetPlace(std::string_view strKey) const { return AppendPointer(m_strPlace, strKey); }
-  void Error(std::string_view strKey, std::string strReason);
+  void Error(std::string_view strKey, std::string_view strReason);
 
   /// Names of all members.
   [[nodiscard]] std::vector<std::string> GetKeys() const;

@@ -4,6 +4,7 @@
 #include <unordered_set>
 
 #include "skyframe/job/Text.h"
+#include "texts.h"
 
 namespace skyframe::host {
 
@@ -23,10 +24,10 @@ std::string FormatPosition(std::string_view strText, std::size_t nBytesRead) {
       strText.substr(0, std::min(std::max<std::size_t>(nBytesRead, 1) - 1, strText.size()));
   const auto nLine = std::count(strBefore.begin(), strBefore.end(), '\n') + 1;
   const std::size_t nLineStart = strBefore.rfind('\n') + 1;  // npos + 1 = 0
-  return "line " + std::to_string(nLine) + ", column " + std::to_string(strBefore.size() - nLineStart + 1);
+  return Say(texts::c_position, {std::to_string(nLine), std::to_string(strBefore.size() - nLineStart + 1)});
 }
 
-/// The parser's own words without its tag and its position. A number that overflows, in its last words, may be long.
+/// The parser's reason without its tag and its position. A number that overflows, in its last words, may be long.
 std::string GetParserReason(const std::exception& error) {
   std::string_view strText = error.what();
   for (const std::string_view strMark : {"; last read", "] ", "parse error at line ", ": "}) {
@@ -34,7 +35,7 @@ std::string GetParserReason(const std::exception& error) {
     if (n == std::string_view::npos) continue;
     strText = strMark.front() == ';' ? strText.substr(0, n) : strText.substr(n + strMark.size());
   }
-  return std::string(strText.substr(0, c_nLongestReason));
+  return SayForeign(strText.substr(0, c_nLongestReason), texts::c_parserReasons, texts::c_parserWords);
 }
 
 /// Builds the tree in one walk over the text, and breaks off at the first thing that is too much of it.
@@ -59,7 +60,8 @@ class CTreeBuilder final : public nlohmann::json_sax<Json> {
   bool key(string_t& strKey) override {
     Level& level = m_levels.back();
     level.strKey = strKey;
-    return level.keys.insert(std::move(strKey)).second || AddError(m_errors, {GetPlace(), "key given twice"});
+    return level.keys.insert(std::move(strKey)).second ||
+           AddError(m_errors, {GetPlace(), std::string(Say(texts::c_keyTwice))});
   }
 
   bool parse_error(std::size_t nPosition, const std::string&, const nlohmann::detail::exception& error) override {
@@ -95,15 +97,15 @@ class CTreeBuilder final : public nlohmann::json_sax<Json> {
   /// Null when it is too much.
   Json* Add(Json value) {
     if (++m_nValues > c_nMostValues) {
-      Refuse(GetPlace(), "more than " + std::to_string(c_nMostValues) + " values in all");
+      Refuse(GetPlace(), Say(texts::c_tooManyValues, {std::to_string(c_nMostValues)}));
       return nullptr;
     }
     if (m_levels.empty()) return &(m_tree = std::move(value));
     const Level& level = m_levels.back();
     Json& parent = *level.pValue;
     if (parent.size() == level.nCapacity) {
-      const char* const pszWhat = parent.is_object() ? " members" : " entries";
-      Refuse(GetPlace(true), "more than " + std::to_string(level.nCapacity) + pszWhat + "; a job holds no more");
+      const Words& words = parent.is_object() ? texts::c_tooManyMembers : texts::c_tooManyEntries;
+      Refuse(GetPlace(true), Say(words, {std::to_string(level.nCapacity)}));
       return nullptr;
     }
     if (parent.is_object()) return &(parent[level.strKey] = std::move(value));
@@ -114,7 +116,7 @@ class CTreeBuilder final : public nlohmann::json_sax<Json> {
 
   bool Enter(Json value) {
     if (m_levels.size() == c_nMaxDepth) {
-      return Refuse(GetPlace(), "nested deeper than " + std::to_string(c_nMaxDepth) + " levels");
+      return Refuse(GetPlace(), Say(texts::c_tooDeep, {std::to_string(c_nMaxDepth)}));
     }
     const std::size_t nCapacity = value.is_object() ? c_nMostMembers : GetCapacity();
     Json* const pValue = Add(std::move(value));

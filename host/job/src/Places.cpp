@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "texts.h"
+
 namespace skyframe::host {
 
 bool HaveSamePlace(const JobNode& a, const JobNode& b) {
@@ -17,9 +19,9 @@ bool IsRestrained(const Job& job, const JobNode& node, std::size_t nDof) {
 
 std::string DescribePlace(const Job& job, const DofPlace& place) {
   const auto nNodes = static_cast<int>(job.nodes.size());
-  if (place.nNode < 1 || place.nNode > nNodes) return "no node";
-  return "node " + std::to_string(job.nodes[static_cast<std::size_t>(place.nNode - 1)].nId) + " " +
-         std::string(c_strDirections[static_cast<std::size_t>(place.nDirection)]);
+  if (place.nNode < 1 || place.nNode > nNodes) return std::string(Say(texts::c_noNode));
+  const int nId = job.nodes[static_cast<std::size_t>(place.nNode - 1)].nId;
+  return Say(texts::c_place, {std::to_string(nId), c_strDirections[static_cast<std::size_t>(place.nDirection)]});
 }
 
 }  // namespace skyframe::host

@@ -1,13 +1,32 @@
 #include "skyframe/job/Text.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <cstdarg>
 #include <cstdio>
 
 #include "JsonText.h"
+#include "texts.h"
 
 namespace skyframe::host {
+
+namespace {
+
+/// Columns of a byte in a terminal: the first one of a letter has them all.
+int GetColumns(char c) {
+  const auto cByte = static_cast<unsigned char>(c);
+  if (cByte >= 0x80 && cByte < 0xc0) return 0;
+  return cByte < 0xe3 ? 1 : 2;  // from U+3000 on
+}
+
+/// What the text lacks.
+std::string FormBlanks(std::string_view strText, int nColumns) {
+  for (const char c : strText) nColumns -= GetColumns(c);
+  return std::string(static_cast<std::size_t>(std::max(nColumns, 0)), ' ');
+}
+
+}  // namespace
 
 std::string Format(const char* pszFormat, ...) {
   va_list arguments;
@@ -25,10 +44,16 @@ std::string Format(const char* pszFormat, ...) {
 std::string JoinWords(std::span<const std::string_view> words) {
   std::string strResult;
   for (std::size_t k = 0; k < words.size(); ++k) {
-    if (k > 0) strResult += k + 1 == words.size() ? " or " : ", ";
+    if (k > 0) strResult += Say(k + 1 == words.size() ? texts::c_or : texts::c_comma);
     strResult += Quote(words[k]);
   }
   return strResult;
+}
+
+std::string PadLeft(std::string_view strText, int nColumns) { return FormBlanks(strText, nColumns).append(strText); }
+
+std::string PadRight(std::string_view strText, int nColumns) {
+  return std::string(strText) + FormBlanks(strText, nColumns);
 }
 
 std::string FormatNumber(double dValue) {

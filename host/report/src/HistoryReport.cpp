@@ -1,28 +1,36 @@
 #include "skyframe/report/HistoryReport.h"
 
+#include "Report.h"
 #include "skyframe/job/Text.h"
 #include "skyframe/results/Histories.h"
+#include "texts.h"
 
 namespace skyframe::host {
 
+namespace {
+
+std::string DescribePeak(const Job& job, const HistoryPeak& peak) {
+  if (!peak.bFinite) return std::string(Say(texts::c_notFinite));
+  if (peak.nNumber == 0) return std::string(Say(texts::c_none));
+  const int nId = job.nodes[static_cast<std::size_t>(peak.nNumber - 1)].nId;
+  return Say(texts::c_peakAtNode, {Format("%.6g", peak.dValue), std::to_string(nId), Format("%g", peak.dTime)});
+}
+
+}  // namespace
+
 void PrintHistoryReport(const Job& job, const HistorySet& history, std::ostream& out) {
-  out << Format("  steps                 %d of %g s\n", history.nSteps, history.dTimeStep);
+  PrintLine(Say(texts::c_steps),
+            Say(texts::c_stepsOf, {std::to_string(history.nSteps), Format("%g", history.dTimeStep)}), out);
   for (int d = c_nHistoryX; d <= c_nHistoryZ; ++d) {
-    const HistoryPeak peak = FindPeak(history, d);
-    out << "  peak displacement " << c_strDirections[static_cast<std::size_t>(d)];
-    if (!peak.bFinite) {
-      out << "   not finite\n";
-    } else if (peak.nNumber == 0) {
-      out << "   none\n";
-    } else {
-      out << Format("   %.6g m at node %d, t = %g s\n", peak.dValue,
-                    job.nodes[static_cast<std::size_t>(peak.nNumber - 1)].nId, peak.dTime);
-    }
+    PrintLine(Say(texts::c_peakDisplacement, {c_strDirections[static_cast<std::size_t>(d)]}),
+              DescribePeak(job, FindPeak(history, d)), out);
   }
   const HistoryPeak force = FindPeak(history, c_nHistoryForce);
   if (force.nNumber == 0 || !force.bFinite) return;
-  out << Format("  peak axial force      %.6g kN in element %d, t = %g s\n", 1.0e-3 * force.dValue, force.nNumber,
-                force.dTime);
+  PrintLine(Say(texts::c_peakForce),
+            Say(texts::c_peakInElement, {Format("%.6g", force.dValue * c_dKilonewtonPerNewton),
+                                         std::to_string(force.nNumber), Format("%g", force.dTime)}),
+            out);
 }
 
 }  // namespace skyframe::host

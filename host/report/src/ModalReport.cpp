@@ -1,7 +1,9 @@
 #include "skyframe/report/ModalReport.h"
 
+#include "Report.h"
 #include "skyframe/job/Text.h"
 #include "skyframe/values/SpectrumSite.h"
+#include "texts.h"
 
 namespace skyframe::host {
 
@@ -14,12 +16,16 @@ double Share(double dMass, double dTotal) { return dTotal > 0.0 ? dMass / dTotal
 /// kg; too long for a column in powers of ten.
 std::string FormatMass(double dMass) { return Format(dMass < 1.0e9 ? "%.1f" : "%.5e", dMass); }
 
-void PrintTable(const ModalFindings& findings, std::ostream& out) {
-  out << Format("  %24s", "");
-  for (const char cDirection : {'X', 'Y', 'Z'}) out << Format("         effective mass %c", cDirection);
-  out << Format("\n  %4s %9s %9s", "mode", "f [Hz]", "T [s]");
-  for (int d = 0; d < 3; ++d) out << Format("  %11s %5s %5s", "[kg]", "[%]", "sum");
+void PrintHead(std::ostream& out) {
+  out << PadRight("", 26);
+  for (const std::string_view strAxis : c_strAxes) out << PadLeft(Say(texts::c_effectiveMass, {strAxis}), 25);
+  out << "\n  " << PadLeft(Say(texts::c_mode), 4) << Format(" %9s %9s", "f [Hz]", "T [s]");
+  for (int d = 0; d < 3; ++d) out << Format("  %11s %5s ", "[kg]", "[%]") << PadLeft(Say(texts::c_sum), 5);
   out << '\n';
+}
+
+void PrintTable(const ModalFindings& findings, std::ostream& out) {
+  PrintHead(out);
   std::array<double, 3> sum = {};
   for (std::size_t i = 0; i < findings.omega.size(); ++i) {
     out << Format("  %4d %9.4f %9.4f", static_cast<int>(i) + 1, findings.omega[i] * c_dHertzPerRadian,
@@ -32,7 +38,7 @@ void PrintTable(const ModalFindings& findings, std::ostream& out) {
     }
     out << '\n';
   }
-  out << Format("  %-24s", "total mass");
+  out << "  " << PadRight(Say(texts::c_totalMass), 24);
   for (std::size_t d = 0; d < 3; ++d) out << Format("%*s", d == 0 ? 13 : 25, FormatMass(findings.totalMass[d]).c_str());
   out << '\n';
 }
@@ -44,8 +50,7 @@ void PrintShortfall(const ModalFindings& findings, std::ostream& out) {
     for (const std::array<double, 3>& mode : findings.effectiveMasses) dSum += mode[d];
     const double dShare = Share(dSum, findings.totalMass[d]);
     if (findings.totalMass[d] <= 0.0 || dShare >= c_dEnoughMass) continue;
-    out << Format("  effective mass in %s is %.1f %%, below 90 %%: ask for more modes\n",
-                  std::string(c_strDirections[d]).c_str(), 100.0 * dShare);
+    out << "  " << Say(texts::c_shortfall, {c_strDirections[d], Format("%.1f", 100.0 * dShare)}) << '\n';
   }
 }
 
@@ -58,7 +63,8 @@ void PrintModalReport(const ModalFindings& findings, std::ostream& out) {
 
 void PrintModeCount(const std::optional<ModeCount>& count, std::ostream& out) {
   if (!count || count->nCounted != count->nFound) return;
-  out << Format("  Sturm count           no mode below %.4f Hz is missing\n", count->dBelow * c_dHertzPerRadian);
+  PrintLine(Say(texts::c_sturmCount), Say(texts::c_noneMissing, {Format("%.4f", count->dBelow * c_dHertzPerRadian)}),
+            out);
 }
 
 }  // namespace skyframe::host

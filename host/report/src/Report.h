@@ -1,12 +1,15 @@
 #pragma once
 
-#include <cmath>
+#include <array>
+#include <string>
+
+#include "skyframe/report/SummaryLine.h"
 
 namespace skyframe::host {
 
 inline constexpr double c_dKilonewtonPerNewton = 1.0e-3;
 
-/// Zero instead of what would print as "-0.000".
-inline double DropRoundOff(double dKilonewton) { return std::abs(dKilonewton) < 0.5e-3 ? 0.0 : dKilonewton; }
+/// "X 1.000, Y 0.000, Z 0.000 kN".
+[[nodiscard]] std::string FormatForces(const std::array<double, 3>& kilonewtons);
 
 }  // namespace skyframe::host

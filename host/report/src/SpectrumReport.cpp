@@ -3,20 +3,25 @@
 #include "Report.h"
 #include "skyframe/job/Text.h"
 #include "skyframe/results/Displacements.h"
+#include "texts.h"
 
 namespace skyframe::host {
 
 void PrintSpectrumReport(const Job& job, const SpectrumFindings& findings, std::ostream& out) {
-  const auto strMethod = std::string(c_strModalCombinations[static_cast<std::size_t>(findings.nCombination)]);
-  out << Format("  combination           %s of %d modes%s, damping ratio %g\n", strMethod.c_str(), findings.nModes,
-                findings.bVirtual ? " and the virtual mode" : "", findings.dDampRatio);
-  const std::array<double, 3>& V = findings.baseShear;
-  out << Format("  base shear            X %.3f, Y %.3f, Z %.3f kN\n", V[0] * c_dKilonewtonPerNewton,
-                V[1] * c_dKilonewtonPerNewton, V[2] * c_dKilonewtonPerNewton)
-      << "                        (support forces summed mode by mode, then the sums combined)\n";
+  const std::string_view strMethod = c_strModalCombinations[static_cast<std::size_t>(findings.nCombination)];
+  PrintLine(Say(texts::c_combination),
+            Say(findings.bVirtual ? texts::c_combinedWithVirtual : texts::c_combined,
+                {strMethod, std::to_string(findings.nModes), Format("%g", findings.dDampRatio)}),
+            out);
+  std::array<double, 3> shear = findings.baseShear;
+  for (double& dForce : shear) dForce *= c_dKilonewtonPerNewton;
+  PrintLine(Say(texts::c_baseShear), FormatForces(shear), out);
+  PrintLine("", Say(texts::c_forcesCombined), out);
   const std::size_t nLargest = FindLargestTranslation(findings.displacements);
-  out << Format("  largest displacement  %.6g m at node %d, combined\n",
-                GetTranslation(findings.displacements[nLargest]), job.nodes[nLargest].nId);
+  PrintLine(Say(texts::c_largestDisplacement),
+            Say(texts::c_displacementCombined, {Format("%.6g", GetTranslation(findings.displacements[nLargest])),
+                                                std::to_string(job.nodes[nLargest].nId)}),
+            out);
 }
 
 }  // namespace skyframe::host

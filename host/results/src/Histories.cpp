@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "skyframe/job/Text.h"
+#include "texts.h"
 
 namespace skyframe::host {
 
@@ -37,9 +38,11 @@ HistorySet FormHistorySet(const HistoryResultFile& file) {
 }
 
 std::string DescribeHistory(const HistoryRun& run) {
-  std::string strText = Format("%s, %s, %d steps of %g s", run.nMethod == c_nNewmarkMethod ? "Newmark" : "Wilson",
-                               run.nAssumption == 1 ? "nonlinear" : "linear", run.nSteps, run.dTimeStep);
-  if (!run.strFinished.empty()) strText += ", finished " + run.strFinished;
+  const std::string_view strMethod = run.nMethod == c_nNewmarkMethod ? "Newmark" : "Wilson";
+  const std::string_view strAssumption = Say(run.nAssumption == 1 ? texts::c_nonlinear : texts::c_linear);
+  std::string strText =
+      Say(texts::c_history, {strMethod, strAssumption, std::to_string(run.nSteps), Format("%g", run.dTimeStep)});
+  if (!run.strFinished.empty()) strText += Say(texts::c_finished, {run.strFinished});
   return strText;
 }
 

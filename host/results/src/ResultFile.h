@@ -9,6 +9,7 @@
 #include "skyframe/platform/Platform.h"
 #include "skyframe/results/Reading.h"
 #include "skyframe/values/Findings.h"
+#include "texts.h"
 
 namespace skyframe::host {
 
@@ -18,14 +19,14 @@ auto ReadResultFile(const std::string& strPath, Read read) {
   Reading<decltype(read(std::declval<CResultWords&>()))> reading;
   const auto pStream = GetPlatform().OpenForReading(strPath);
   if (!pStream) {
-    reading.strError = "cannot be opened";
+    reading.strError = Say(texts::c_cannotOpen);
     return reading;
   }
   CResultWords words(*pStream);
   auto content = read(words);
   words.Expect(words.Peek().empty());
   if (words.HasFailed()) {
-    reading.strError = "is damaged or belongs to another model";
+    reading.strError = Say(texts::c_damaged);
   } else {
     reading.emplace(std::move(content));
   }

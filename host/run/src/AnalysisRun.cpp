@@ -4,19 +4,20 @@
 #include "skyframe/run/PlatformScope.h"
 #include "skyframe/run/PrefillPlatform.h"
 #include "skyframe/run/Stamps.h"
+#include "texts.h"
 
 namespace skyframe::host {
 
 namespace {
 
 struct NameOf {
-  std::string_view operator()(const StaticJob& analysis) const {
-    return *WithDefaults(analysis).bNonlinear ? "Static analysis, nonlinear" : "Static analysis, linear";
+  const Words& operator()(const StaticJob& analysis) const {
+    return *WithDefaults(analysis).bNonlinear ? texts::c_staticNonlinear : texts::c_staticLinear;
   }
-  std::string_view operator()(const ModalJob&) const { return "Modal analysis"; }
-  std::string_view operator()(const SpectrumJob&) const { return "Response-spectrum analysis"; }
-  std::string_view operator()(const WilsonJob&) const { return "Time history, Wilson"; }
-  std::string_view operator()(const NewmarkJob&) const { return "Time history, Newmark"; }
+  const Words& operator()(const ModalJob&) const { return texts::c_modal; }
+  const Words& operator()(const SpectrumJob&) const { return texts::c_spectrum; }
+  const Words& operator()(const WilsonJob&) const { return texts::c_wilson; }
+  const Words& operator()(const NewmarkJob&) const { return texts::c_newmark; }
 };
 
 /// Whether a count of the modes is wanted.
@@ -52,7 +53,7 @@ AnalysisRun Conclude(const CSession& session, AnalysisKind kind, std::optional<J
 
 }  // namespace
 
-std::string_view GetName(const JobAnalysis& analysis) { return std::visit(NameOf{}, analysis); }
+std::string_view GetName(const JobAnalysis& analysis) { return Say(std::visit(NameOf{}, analysis)); }
 
 AnalysisRun RunScripted(CSession& session, const JobAnalysis& analysis, CHostPlatform& platform) {
   const CInstalledPlatform installed(platform);

@@ -2,6 +2,7 @@
 
 #include "skyframe/job/Text.h"
 #include "skyframe/run/AnalysisRun.h"
+#include "texts.h"
 
 namespace skyframe::host {
 
@@ -24,7 +25,7 @@ class CJobRunner {
     AnalysisRun run = RunInDialogs(m_session, GetKind(analysis), &analysis, windows, m_streams.console);
     m_streams.out << GetName(run.analysis.value_or(analysis)) << '\n';
     const bool bCancelled = GetFindings(GetKind(analysis)).status == RunStatus::Cancelled;
-    if (bCancelled) m_streams.out << "  cancelled in its dialogs\n";
+    if (bCancelled) m_streams.out << "  " << Say(texts::c_cancelled) << '\n';
     Conclude(analysis, std::move(run));
   }
 
@@ -53,7 +54,7 @@ RunOutcome RunJob(const Job& job, const std::string& strJobPath, const std::stri
   RunOutcome outcome;
   std::optional<CSession> session = CSession::Open(job, strJobPath, strProgramPath);
   if (!session) {
-    streams.err << "the path of the job file is too long\n";
+    streams.err << Say(texts::c_pathTooLong) << '\n';
     outcome.bGood = false;
     return outcome;
   }
@@ -61,9 +62,7 @@ RunOutcome RunJob(const Job& job, const std::string& strJobPath, const std::stri
   for (const JobAnalysis& analysis : job.analyses) {
     pWindows == nullptr ? runner.Run(analysis) : runner.Run(analysis, *pWindows);
   }
-  if (!job.HasConsecutiveIds()) {
-    streams.out << "Result files number the nodes in the order of the job file; this summary uses their ids.\n";
-  }
+  if (!job.HasConsecutiveIds()) streams.out << Say(texts::c_otherNumbers) << '\n';
   return outcome;
 }
 

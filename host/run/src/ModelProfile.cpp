@@ -4,31 +4,42 @@
 #include "skyframe/run/JobRunner.h"
 #include "skyframe/run/PlatformScope.h"
 #include "skyframe/run/Session.h"
+#include "texts.h"
 
 namespace skyframe::host {
 
 namespace {
+
+void PrintLine(const Words& label, std::string_view strText, std::ostream& out) {
+  out << PadRight(Say(label), 13) << strText << '\n';
+}
 
 void PrintCounts(const Job& job, std::ostream& out) {
   std::array<int, 4> elements = {};
   for (const JobElement& element : job.elements) ++elements[element.nType];
   const auto nRigid =
       std::count_if(job.nodes.begin(), job.nodes.end(), [](const JobNode& node) { return node.nJoint == c_nRigid; });
-  out << "nodes        " << job.nodes.size() << " (" << nRigid << " rigid, " << std::ssize(job.nodes) - nRigid
-      << " pinned)\n"
-      << "elements     " << job.elements.size()
-      << Format(" (%d bars, %d beams, %d cables, %d membranes), ", elements[c_nBar], elements[c_nBeam],
-                elements[c_nCable], elements[c_nMembrane])
-      << job.sections.size() << " sections\n"
-      << "loads        " << job.loads.size() << " in " << (job.loads.empty() ? 0 : job.GetHighestCase() + 1)
-      << " cases\n"
-      << "analyses     " << job.analyses.size() << '\n';
+  PrintLine(texts::c_nodes,
+            Say(texts::c_nodeCounts, {std::to_string(job.nodes.size()), std::to_string(nRigid),
+                                      std::to_string(std::ssize(job.nodes) - nRigid)}),
+            out);
+  PrintLine(texts::c_elements,
+            Say(texts::c_elementCounts, {std::to_string(job.elements.size()), std::to_string(elements[c_nBar]),
+                                         std::to_string(elements[c_nBeam]), std::to_string(elements[c_nCable]),
+                                         std::to_string(elements[c_nMembrane]), std::to_string(job.sections.size())}),
+            out);
+  const int nCases = job.loads.empty() ? 0 : job.GetHighestCase() + 1;
+  PrintLine(texts::c_loads, Say(texts::c_loadCounts, {std::to_string(job.loads.size()), std::to_string(nCases)}), out);
+  PrintLine(texts::c_analyses, std::to_string(job.analyses.size()), out);
 }
 
-void PrintProfile(const char* pszTitle, const ProfileMeasure& profile, std::ostream& out) {
-  out << Format("%-12s %.0f entries, mean height %.1f, largest %.0f, %.1f MB, %.3f GFLOP to factorise\n", pszTitle,
-                profile.dEntries, profile.GetMeanHeight(), profile.dLargestHeight, profile.dBytes * 1.0e-6,
-                profile.dOperations * 1.0e-9);
+void PrintProfile(const Words& label, const ProfileMeasure& profile, std::ostream& out) {
+  PrintLine(
+      label,
+      Say(texts::c_profileMeasures, {Format("%.0f", profile.dEntries), Format("%.1f", profile.GetMeanHeight()),
+                                     Format("%.0f", profile.dLargestHeight), Format("%.1f", profile.dBytes * 1.0e-6),
+                                     Format("%.3f", profile.dOperations * 1.0e-9)}),
+      out);
 }
 
 }  // namespace
@@ -40,9 +51,12 @@ bool CheckJob(const Job& job, const HostStreams& streams) {
   PrintCounts(job, streams.out);
   const std::optional<ModelMeasure> measure = session->Measure();
   if (!measure) return false;
-  streams.out << Format("equations    %d free, %d restrained\n", measure->own.nFree, measure->own.nRestrained);
-  PrintProfile("profile", measure->own, streams.out);
-  PrintProfile("renumbered", measure->renumbered, streams.out);
+  PrintLine(
+      texts::c_equations,
+      Say(texts::c_equationCounts, {std::to_string(measure->own.nFree), std::to_string(measure->own.nRestrained)}),
+      streams.out);
+  PrintProfile(texts::c_profile, measure->own, streams.out);
+  PrintProfile(texts::c_renumbered, measure->renumbered, streams.out);
   return true;
 }
 

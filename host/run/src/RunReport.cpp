@@ -15,6 +15,8 @@
 #include "skyframe/report/ModalReport.h"
 #include "skyframe/report/SpectrumReport.h"
 #include "skyframe/report/StaticReport.h"
+#include "skyframe/report/SummaryLine.h"
+#include "texts.h"
 
 namespace skyframe::host {
 
@@ -48,18 +50,20 @@ AdviceList Advise(const CSession& session, AnalysisKind kind, const Count* pCoun
 
 void PrintConditioning(const Job& job, const Conditioning& conditioning, std::ostream& out) {
   if (conditioning.place.nNode == 0) return;
-  const std::string strDigits =
-      std::isfinite(conditioning.dLostDigits) ? Format("%.1f", conditioning.dLostDigits) : std::string("all");
-  out << "  conditioning          " << strDigits << " digits lost, at " << DescribePlace(job, conditioning.place)
-      << '\n';
+  const double dLost = conditioning.dLostDigits;
+  const std::string strPlace = DescribePlace(job, conditioning.place);
+  PrintLine(Say(texts::c_conditioning),
+            std::isfinite(dLost) ? Say(texts::c_digitsLost, {Format("%.1f", dLost), strPlace})
+                                 : Say(texts::c_allDigitsLost, {strPlace}),
+            out);
 }
 
 void PrintFiles(const RunFindings& findings, std::ostream& out) {
-  if (findings.status == RunStatus::Done) out << Format("  time                  %.2f s\n", findings.dSeconds);
+  if (findings.status == RunStatus::Done) PrintLine(Say(texts::c_time), Format("%.2f s", findings.dSeconds), out);
   for (const std::string& strPath : findings.files) {
     std::error_code error;
-    out << "  file                  " << EscapeControls(strPath) << ", "
-        << std::filesystem::file_size(ToFilePath(strPath), error) << " bytes\n";
+    const std::uintmax_t nBytes = std::filesystem::file_size(ToFilePath(strPath), error);
+    PrintLine(Say(texts::c_file), Say(texts::c_bytes, {EscapeControls(strPath), std::to_string(nBytes)}), out);
   }
 }
 
@@ -77,7 +81,7 @@ RunReport ReportRun(const CSession& session, AnalysisKind kind, bool bCountModes
   }
   report.advice = report.adviceIn[static_cast<std::size_t>(GetLanguage())];
   std::ostringstream out;
-  if (!bDone) out << "  no result\n";
+  if (!bDone) out << "  " << Say(texts::c_noResult) << '\n';
   if (bDone) PrintFigures(session, kind, out);
   if (bCount) PrintModeCount(count, out);
   PrintConditioning(session.GetJob(), findings.conditioning, out);

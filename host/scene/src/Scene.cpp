@@ -1,6 +1,7 @@
 #include "skyframe/scene/Scene.h"
 
 #include <algorithm>
+#include <map>
 #include <numeric>
 
 namespace skyframe::host {
@@ -30,7 +31,40 @@ Restraint FindCommonRestraint(const std::vector<JobNode>& nodes) {
   return common;
 }
 
+/// Loads with their factors, added up by case and degree of freedom. getCase and getFactor are functions of a load's
+/// case.
+template <class GetCase, class GetFactor>
+std::vector<SceneLoad> SumLoads(const std::vector<SceneLoad>& loads, GetCase getCase, GetFactor getFactor) {
+  std::map<std::array<int, 4>, SceneLoad> sums;
+  for (const SceneLoad& load : loads) {
+    const int nCase = getCase(load.nCase);
+    SceneLoad& sum = sums[{nCase, load.nNode, load.bMoment ? 1 : 0, load.nAxis}];
+    sum = {nCase, load.nNode, load.nAxis, load.bMoment, sum.dValue + getFactor(load.nCase) * load.dValue};
+  }
+  std::vector<SceneLoad> result;
+  for (const auto& [place, load] : sums) {
+    if (load.dValue != 0.0) result.push_back(load);
+  }
+  return result;
+}
+
 }  // namespace
+
+Point3 SceneLoad::GetDirection() const { return (dValue < 0.0 ? -1.0 : 1.0) * c_axes[static_cast<std::size_t>(nAxis)]; }
+
+std::vector<SceneLoad> SelectLoads(const std::vector<SceneLoad>& loads, std::optional<int> nCase) {
+  return SumLoads(
+      loads, [](int nOwn) { return nOwn; }, [nCase](int nOwn) { return !nCase || *nCase == nOwn ? 1.0 : 0.0; });
+}
+
+std::vector<SceneLoad> CombineLoads(const std::vector<SceneLoad>& loads, const JobCombination& factors) {
+  return SumLoads(
+      loads, [](int /*nOwn*/) { return c_nCombined; },
+      [&factors](int nOwn) {
+        const auto it = factors.find(nOwn);
+        return it == factors.end() ? 0.0 : it->second;
+      });
+}
 
 CScene::CScene(const Job& job) {
   for (const JobNode& node : job.nodes) m_nodes.push_back({{node.dX, node.dY, node.dZ}, node.nId});
@@ -38,15 +72,17 @@ CScene::CScene(const Job& job) {
     const auto turns = [&](int nNode) {
       return element.nType == c_nBeam && job.nodes[static_cast<std::size_t>(nNode - 1)].nJoint == c_nRigid;
     };
-    m_members.push_back(
-        {element.nType, element.nNodeI - 1, element.nNodeJ - 1, {turns(element.nNodeI), turns(element.nNodeJ)}});
+    m_members.push_back({element.nType,
+                         element.nNodeI - 1,
+                         element.nNodeJ - 1,
+                         {turns(element.nNodeI), turns(element.nNodeJ)},
+                         element.nSection});
   }
   for (const JobLoad& load : job.loads) {
     if (load.dValue == 0.0) continue;
-    const Point3 axis = c_axes[static_cast<std::size_t>(load.nDirection % 3)];
-    const double dSign = load.dValue < 0.0 ? -1.0 : 1.0;
-    m_loads.push_back({load.nCase, load.nNode - 1, dSign * axis, load.nDirection >= 3});
+    m_loads.push_back({load.nCase, load.nNode - 1, load.nDirection % 3, load.nDirection >= 3, load.dValue});
   }
+  for (const JobSection& section : job.sections) m_sectionNames.push_back(section.strId);
   if (m_nodes.empty()) return;
   AddSupports(job.nodes);
   MeasureExtents();
@@ -78,6 +114,15 @@ void CScene::MeasureExtents() {
   }
   m_centre = 0.5 * (low + high);
   m_extents = high - low;
+}
+
+CShownParts::CShownParts(const CScene& scene, std::vector<bool> members)
+    : m_members(std::move(members)), m_nodes(scene.GetNodes().size()) {
+  for (std::size_t i = 0; i < m_members.size(); ++i) {
+    if (!m_members[i]) continue;
+    const SceneMember& member = scene.GetMembers()[i];
+    for (const int nNode : {member.nNodeI, member.nNodeJ}) m_nodes[static_cast<std::size_t>(nNode)] = true;
+  }
 }
 
 }  // namespace skyframe::host

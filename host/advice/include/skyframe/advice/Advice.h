@@ -12,7 +12,7 @@ namespace skyframe::host {
 
 enum class Severity { Warning, Error };
 
-/// Something a person should know about a run before its figures are used.
+/// Something a person should know about a run before its figures are used, in the language that was in force.
 struct Advice {
   Severity severity = Severity::Warning;
   std::string strName;  ///< short and stable, as "mechanism"; the manual explains cause and remedy under it
@@ -25,6 +25,9 @@ using AdviceList = std::vector<Advice>;
 [[nodiscard]] bool HasError(const AdviceList& list);
 /// "warning: text [name]".
 [[nodiscard]] std::string FormatAdvice(const Advice& advice);
+
+/// "cannot write path: reason".
+[[nodiscard]] std::string FormatFailure(const FileFailure& failure);
 
 /// What a job file tells before any run.
 [[nodiscard]] AdviceList AdviseOnInput(const std::vector<JobProblem>& warnings);

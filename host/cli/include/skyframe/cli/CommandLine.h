@@ -1,5 +1,6 @@
 #pragma once
 
+#include <filesystem>
 #include <ostream>
 #include <string>
 #include <vector>
@@ -13,6 +14,8 @@ inline constexpr int c_nExitBadInput = 2;        ///< wrong arguments or job fil
 inline constexpr int c_nExitWarned = 3;          ///< all went well, but with a warning where none is allowed
 
 /// The program `skyframe`: arguments without the program's own name, exit status as the result.
-[[nodiscard]] int RunCommandLine(const std::vector<std::string>& arguments, std::ostream& out, std::ostream& err);
+/// program: the file of this program, which is started once a job when there are many; empty: they are refused.
+[[nodiscard]] int RunCommandLine(const std::vector<std::string>& arguments, std::ostream& out, std::ostream& err,
+                                 const std::filesystem::path& program = {});
 
 }  // namespace skyframe::host

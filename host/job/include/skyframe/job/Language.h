@@ -1,6 +1,8 @@
 #pragma once
 
+#include <cstddef>
 #include <initializer_list>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -8,13 +10,31 @@ namespace skyframe::host {
 
 enum class Language { English, Chinese };
 
-/// A text in both languages. What is filled in stands in it as {0}, {1} ..., in any order.
+/// A text in both languages. What is filled in stands in it as {0}, {1} ..., in any order; literals that do not have
+/// the same places do not compile.
 struct Words {
   std::string_view strEnglish;
   std::string_view strChinese;
 
+  consteval Words(const char* pszEnglish, const char* pszChinese) : strEnglish(pszEnglish), strChinese(pszChinese) {
+    if (FindPlaces(strEnglish) != FindPlaces(strChinese)) throw "the languages differ in what is filled in";
+  }
+  constexpr Words(std::string_view strInEnglish, std::string_view strInChinese)
+      : strEnglish(strInEnglish), strChinese(strInChinese) {}
+
   [[nodiscard]] std::string_view In(Language language) const {
     return language == Language::English ? strEnglish : strChinese;
+  }
+
+ private:
+  /// Bit k: {k} stands in it.
+  static constexpr unsigned FindPlaces(std::string_view strText) {
+    unsigned nFound = 0;
+    for (std::size_t k = 0; k + 2 < strText.size(); ++k) {
+      const bool bPlace = strText[k] == '{' && strText[k + 2] == '}' && strText[k + 1] >= '0' && strText[k + 1] <= '9';
+      if (bPlace) nFound |= 1U << static_cast<unsigned>(strText[k + 1] - '0');
+    }
+    return nFound;
   }
 };
 
@@ -39,5 +59,10 @@ class CLanguageScope {
 [[nodiscard]] inline std::string_view Say(const Words& words) { return words.In(GetLanguage()); }
 /// Likewise, filled in.
 [[nodiscard]] std::string Say(const Words& words, std::initializer_list<std::string_view> values);
+
+/// A text of a library that speaks English, by the first of the words that it fits; as it is when it fits none. What
+/// stands in their places is said by the parts.
+[[nodiscard]] std::string SayForeign(std::string_view strText, std::span<const Words> words,
+                                     std::span<const Words> parts = {});
 
 }  // namespace skyframe::host

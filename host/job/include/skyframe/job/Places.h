@@ -13,7 +13,7 @@ namespace skyframe::host {
 /// Whether a support holds the DOF 0..5; a spring with a stiffness above 0 acts like a rigid support.
 [[nodiscard]] bool IsRestrained(const Job& job, const JobNode& node, std::size_t nDof);
 
-/// "node 12 RX"; "no node" when there is none.
+/// "node 12 RX"; "no node" when there is none. In the language in force.
 [[nodiscard]] std::string DescribePlace(const Job& job, const DofPlace& place);
 
 }  // namespace skyframe::host

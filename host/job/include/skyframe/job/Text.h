@@ -9,8 +9,12 @@ namespace skyframe::host {
 /// Text of printf; it has decimal points unless the program has put another C locale in force.
 [[nodiscard, gnu::format(printf, 1, 2)]] std::string Format(const char* pszFormat, ...);
 
-/// "a, b, c or d".
+/// "a, b, c or d" in the language in force.
 [[nodiscard]] std::string JoinWords(std::span<const std::string_view> words);
+
+/// Text with blanks before or behind it, so that it is as wide in a terminal; a Chinese letter takes two columns.
+[[nodiscard]] std::string PadLeft(std::string_view strText, int nColumns);
+[[nodiscard]] std::string PadRight(std::string_view strText, int nColumns);
 
 /// Shortest text that reads back as the same number.
 [[nodiscard]] std::string FormatNumber(double dValue);

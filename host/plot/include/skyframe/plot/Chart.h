@@ -5,28 +5,15 @@
 
 #include "skyframe/platform/PaintContext.h"
 #include "skyframe/scene/Box.h"
+#include "skyframe/scene/Colours.h"
+#include "skyframe/scene/Ticks.h"
 
 namespace skyframe::host {
 
-inline constexpr Colour c_inkColour{0x33, 0x3a, 0x44};
 inline constexpr Colour c_faintColour{0x6b, 0x74, 0x80};
 inline constexpr Colour c_gridColour{0xe4, 0xe7, 0xeb};
 inline constexpr Colour c_curveColour{0x1f, 0x5f, 0xb4};
 inline constexpr Colour c_markColour{0xc6, 0x36, 0x2c};
-
-/// Equally spaced round values: dFirst, dFirst + dStep, ... nCount of them, two or more.
-struct Ticks {
-  double dFirst = 0.0;
-  double dStep = 1.0;
-  int nCount = 2;
-
-  [[nodiscard]] double Get(int k) const { return dFirst + k * dStep; }
-  [[nodiscard]] double GetLast() const { return Get(nCount - 1); }
-  /// Text of tick k, all with the same decimals.
-  [[nodiscard]] std::string FormatTick(int k) const;
-};
-/// Ticks in steps of 1, 2 or 5 times a power of ten, at most nMost + 1 of them, that enclose the range.
-[[nodiscard]] Ticks ChooseTicks(double dLow, double dHigh, int nMost);
 
 /// Texts around a chart.
 struct ChartTexts {

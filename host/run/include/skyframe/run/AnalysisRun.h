@@ -20,7 +20,7 @@ struct AnalysisRun {
   std::vector<std::string> errors;  ///< steps that the dialogs did not take
 };
 
-/// "Static analysis, linear".
+/// "Static analysis, linear" in the language in force.
 [[nodiscard]] std::string_view GetName(const JobAnalysis& analysis);
 
 /// Nobody sits there: the values are the job's. Stamps the results.

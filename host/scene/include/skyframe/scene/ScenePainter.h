@@ -6,6 +6,7 @@
 #include "skyframe/platform/PaintContext.h"
 #include "skyframe/scene/BentMember.h"
 #include "skyframe/scene/Camera.h"
+#include "skyframe/scene/LabelField.h"
 #include "skyframe/scene/Scene.h"
 
 namespace skyframe::host {
@@ -30,25 +31,28 @@ struct AxesStyle {
 /// itself, so that a picture takes those it needs.
 class CScenePainter {
  public:
-  /// All must outlive the painter, and the camera stay where it is.
-  CScenePainter(IPaintContext& paint, const CScene& scene, const CCamera& camera);
+  /// Paint, scene and camera must outlive the painter, and the camera stay where it is.
+  CScenePainter(IPaintContext& paint, const CScene& scene, const CCamera& camera, CShownParts shown = {});
 
   void PaintMembers(const MemberPen& pen);
   /// Lines by member, as of a deformed shape.
   void PaintLines(std::span<const MemberLine> lines, const MemberPen& pen);
   void PaintSupports(Colour colour);
-  /// Arrows of equal length, a colour for each load case; moments have two heads.
-  void PaintLoads();
+  /// Arrows to scale, a colour for each load case; moments have two heads. pLabels takes the values and may be null.
+  void PaintLoads(std::span<const SceneLoad> loads, CLabelField* pLabels = nullptr);
   /// Host numbers, as in the result files.
   void PaintNodeNumbers(Colour colour);
   void PaintMemberNumbers(Colour colour);
+  /// Their sections, as the job names them.
+  void AddSectionNames(Colour colour, CLabelField& labels) const;
+  /// x, y and z of each member at its middle, colours by axis.
+  void PaintLocalAxes(const std::array<Colour, 3>& colours);
   /// Axes that are seen end on are left out.
   void PaintAxes(PaintPoint origin, const AxesStyle& style);
 
  private:
   void PaintLine(const SceneMember& member, std::span<const Point3> line, const MemberPen& pen);
   void PaintSupport(const SceneSupport& support, PaintPoint at);
-  void PaintArrow(PaintPoint tip, PaintPoint direction, bool bDouble);
   void PaintNumber(Point3 at, double dX, double dY, std::size_t nNumber);
   [[nodiscard]] PaintPoint ToScreen(Point3 point) const { return m_camera.Project(point).at; }
   /// 1 at the nearest point of the structure, 0 at the farthest.
@@ -57,6 +61,12 @@ class CScenePainter {
   IPaintContext& m_paint;
   const CScene& m_scene;
   const CCamera& m_camera;
+  CShownParts m_shown;
 };
+
+/// Colour of a load case, or of a combination's loads.
+[[nodiscard]] Colour GetCaseColour(int nCase);
+/// A line for each case that has loads, from the top left corner downwards.
+void PaintLoadLegend(IPaintContext& paint, PaintPoint topLeft, std::span<const SceneLoad> loads);
 
 }  // namespace skyframe::host

@@ -1,0 +1,47 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <vector>
+
+#include "skyframe/platform/PaintContext.h"
+#include "skyframe/scene/Box.h"
+
+namespace skyframe::host {
+
+/// A text that belongs to a point of a drawing.
+struct Label {
+  PaintPoint at;
+  PaintPoint aside;  ///< direction in which it should stand from there, of any length; none: upwards
+  std::string strText;
+  Colour colour;
+  double dPriority = 0.0;  ///< greater ones take their places first
+};
+
+/// Labels of a drawing, which do not cover one another: those that find no free place beside their points are left out.
+/// They are painted last, above all that is drawn.
+class CLabelField {
+ public:
+  /// No more than nMost of them, within the box; ground: the colour behind each.
+  CLabelField(const Box& within, std::size_t nMost, double dTextHeight, Colour ground = c_white);
+
+  void Add(Label label) { m_labels.push_back(std::move(label)); }
+  /// Keeps a place free.
+  void Reserve(const Box& box) { m_taken.push_back(box); }
+  /// Paints them and forgets them.
+  void Paint(IPaintContext& paint);
+
+ private:
+  void PaintOne(IPaintContext& paint, const Label& label);
+  [[nodiscard]] bool IsFree(const Box& box) const;
+
+  Box m_within;
+  std::size_t m_nMost;
+  double m_dTextHeight;
+  Colour m_ground;
+  std::vector<Label> m_labels;
+  std::vector<Box> m_taken;
+  std::size_t m_nPainted = 0;
+};
+
+}  // namespace skyframe::host
