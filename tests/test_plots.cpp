@@ -31,11 +31,11 @@ TEST(Plots, TicksAreRoundAndEncloseTheRange) {
 }
 
 /// Nothing may reach over the edge, as far as that can be told without a font.
-void ExpectInside(const CPaintRecorder& paint, double dWidth, double dHeight) {
+void ExpectInside(const CPaintRecorder& paint, PictureSize size) {
   EXPECT_FALSE(paint.GetItems().empty());
   for (const PaintItem& item : paint.GetItems()) {
     for (const PaintPoint& point : item.points) {
-      EXPECT_TRUE(point.dX >= 0.0 && point.dX <= dWidth && point.dY >= 0.0 && point.dY <= dHeight)
+      EXPECT_TRUE(point.dX >= 0.0 && point.dX <= size.nWidth && point.dY >= 0.0 && point.dY <= size.nHeight)
           << point.dX << ", " << point.dY << ' ' << item.strText;
     }
   }
@@ -52,7 +52,7 @@ TEST(Plots, PeriodsStandOnTheSpectrum) {
   // Modes 2 and 3 are neighbours; mode 1 lies beyond the spectrum's end.
   CPaintRecorder paint;
   PaintSpectrum(paint, {"Title", "words", {0, 9, 1, 2}, 0.05, {7.0, 1.01, 1.0, 0.2}});
-  ExpectInside(paint, c_nChartWidth, c_nChartHeight);
+  ExpectInside(paint, c_chartSize);
   for (const char* pszText : {"Title", "period T [s]", "α", "2–3", "Tg = 0.35 s", "modes 1–4", "damping ratio 0.05"}) {
     EXPECT_NE(FindText(paint, pszText), nullptr) << pszText;
   }
@@ -79,8 +79,8 @@ TEST(Plots, HistoryMarksItsPeak) {
                {{c_dNan}, ""}};
   for (const auto& c : cases) {
     CPaintRecorder paint;
-    PaintHistoryChart(paint, {"Title", "below", "displacement X", "mm", 0.5, c.values});
-    ExpectInside(paint, c_nChartWidth, c_nChartHeight);
+    PaintHistoryChart(paint, {"Title", "below", "displacement X", {"mm", 1.0}, 0.5, {{"node 1", c.values}}});
+    ExpectInside(paint, c_chartSize);
     const PaintItem* pPeak = FindText(paint, "peak");
     EXPECT_EQ(pPeak != nullptr ? pPeak->strText : "", c.strPeak);
     EXPECT_NE(FindText(paint, "displacement X [mm]"), nullptr);
@@ -103,7 +103,7 @@ TEST(Plots, ShapesStayOnTheSheet) {
         picture.shape.kind = kind;
         CPaintRecorder paint;
         PaintShape(paint, picture);
-        ExpectInside(paint, c_nSheetWidth, c_nSheetHeight);
+        ExpectInside(paint, c_sheetSize);
         EXPECT_EQ(FindText(paint, "node 9") != nullptr, dSize > 0.0);
         for (const char* pszView : {"Isometric", "Elevation X–Z", "Elevation Y–Z", "Plan X–Y", "undeformed"}) {
           EXPECT_NE(FindText(paint, pszView), nullptr);

@@ -26,6 +26,8 @@ class CPlotCommand final : public CCommand {
                                                : Kind::Spectrum;
     const std::optional<Job> job = LoadJob();
     if (!job) return c_nExitBadInput;
+    m_plot.numbers = {m_nPlotted};
+    m_plot.directions = {m_nPlotDirection};
     const std::optional<std::string> strPicture = DrawPlot(*job, GetJobPath(m_strJobFile), m_plot, m_err);
     return strPicture ? Save(m_strOutput, *strPicture) : c_nExitBadInput;
   }
@@ -37,13 +39,13 @@ class CPlotCommand final : public CCommand {
     m_pWhat = app.add_option_group("What to draw", "one of these");
     m_pWhat->require_option(1);
     m_pWhat->add_flag("--spectrum", m_bSpectrum, "Design spectrum with the periods of the modes");
-    m_pWhat->add_option("--mode", m_plot.nNumber, "Mode shape, from 1");
-    m_pNode = m_pWhat->add_option("--node", m_plot.nNumber, "Displacement history of the node with this id");
-    m_pElement = m_pWhat->add_option("--element", m_plot.nNumber, "Axial-force history of an element, from 1");
+    m_pWhat->add_option("--mode", m_plot.nMode, "Mode shape, from 1");
+    m_pNode = m_pWhat->add_option("--node", m_nPlotted, "Displacement history of the node with this id");
+    m_pElement = m_pWhat->add_option("--element", m_nPlotted, "Axial-force history of an element, from 1");
     CLI::Option* pDeformed =
         m_pWhat->add_flag("--deformed", m_bDeformed, "Structure as the static analysis deforms it");
     const std::map<std::string, int> directions = {{"X", 0}, {"Y", 1}, {"Z", 2}};
-    app.add_option("--dir", m_plot.nDirection, "X, Y or Z (default X)")
+    app.add_option("--dir", m_nPlotDirection, "X, Y or Z (default X)")
         ->needs(m_pNode)
         ->transform(CLI::CheckedTransformer(directions, CLI::ignore_case));
     app.add_flag("--nonlinear", m_plot.bNonlinear, "Of the nonlinear static analysis")->needs(pDeformed);
@@ -52,6 +54,8 @@ class CPlotCommand final : public CCommand {
 
   std::string m_strOutput;
   PlotRequest m_plot;
+  int m_nPlotted = 1;
+  int m_nPlotDirection = 0;
   bool m_bSpectrum = false;
   bool m_bDeformed = false;
   CLI::Option_group* m_pWhat = nullptr;

@@ -16,6 +16,13 @@ constexpr double c_dPadding = 2.0;  // around the text
 constexpr std::array<double, 5> c_dTurns = {0.0, 50.0, -50.0, 100.0, -100.0};
 constexpr double c_dDegree = 0.017453292519943295;
 
+// Around the letters.
+constexpr std::array<PaintPoint, 4> c_halo = {{{-1.2, -1.2}, {1.2, -1.2}, {-1.2, 1.2}, {1.2, 1.2}}};
+
+void PaintMiddle(IPaintContext& paint, PaintPoint at, std::string_view strText) {
+  paint.Text(at.dX, at.dY, strText, HorizontalAlign::Centre, VerticalAlign::Middle);
+}
+
 bool Overlap(const Box& a, const Box& b) {
   return a.dLeft < b.dRight && b.dLeft < a.dRight && a.dTop < b.dBottom && b.dTop < a.dBottom;
 }
@@ -37,6 +44,13 @@ Box PlaceBeside(PaintPoint at, PaintPoint direction, double dWidth, double dHeig
 }
 
 }  // namespace
+
+std::size_t ChooseLabelCount(std::size_t nMembers) {
+  constexpr std::size_t c_nFewest = 16;
+  constexpr std::size_t c_nMost = 220;
+  constexpr std::size_t c_nCrowd = 12000;  // labels times members
+  return std::clamp(c_nCrowd / std::max<std::size_t>(nMembers, 1), c_nFewest, c_nMost);
+}
 
 CLabelField::CLabelField(const Box& within, std::size_t nMost, double dTextHeight, Colour ground)
     : m_within(within), m_nMost(nMost), m_dTextHeight(dTextHeight), m_ground(ground) {}
@@ -67,13 +81,12 @@ void CLabelField::PaintOne(IPaintContext& paint, const Label& label) {
     if (!IsFree(box)) continue;
     Reserve(box);
     ++m_nPainted;
-    paint.SetPen(m_ground);
-    paint.SetBrush(m_ground);
-    paint.Rectangle(box.dLeft, box.dTop, box.GetWidth(), box.GetHeight());
-    paint.SetPen(label.colour);
+    const PaintPoint middle{0.5 * (box.dLeft + box.dRight), 0.5 * (box.dTop + box.dBottom)};
     paint.SetTextHeight(m_dTextHeight);
-    return paint.Text(0.5 * (box.dLeft + box.dRight), 0.5 * (box.dTop + box.dBottom), label.strText,
-                      HorizontalAlign::Centre, VerticalAlign::Middle);
+    paint.SetPen(m_ground);
+    for (const auto [dX, dY] : c_halo) PaintMiddle(paint, {middle.dX + dX, middle.dY + dY}, label.strText);
+    paint.SetPen(label.colour);
+    return PaintMiddle(paint, middle, label.strText);
   }
 }
 

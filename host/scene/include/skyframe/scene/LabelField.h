@@ -18,11 +18,14 @@ struct Label {
   double dPriority = 0.0;  ///< greater ones take their places first
 };
 
+/// Labels that a drawing of so many members can bear.
+[[nodiscard]] std::size_t ChooseLabelCount(std::size_t nMembers);
+
 /// Labels of a drawing, which do not cover one another: those that find no free place beside their points are left out.
 /// They are painted last, above all that is drawn.
 class CLabelField {
  public:
-  /// No more than nMost of them, within the box; ground: the colour behind each.
+  /// No more than nMost of them, within the box; ground: the colour around the letters.
   CLabelField(const Box& within, std::size_t nMost, double dTextHeight, Colour ground = c_white);
 
   void Add(Label label) { m_labels.push_back(std::move(label)); }
