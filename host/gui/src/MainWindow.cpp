@@ -14,6 +14,7 @@
 #include <utility>
 
 #include "ErrorDialog.h"
+#include "HistoryTexts.h"
 #include "ShapeTitle.h"
 #include "skyframe/connect/Findings.h"
 #include "skyframe/qt/Font.h"
@@ -69,6 +70,8 @@ CMainWindow::CMainWindow(const QString& strSettingsFile)
       m_adviceDock(this),
       m_resultDock(this),
       m_results(m_document),
+      m_historyDock(this),
+      m_histories(m_document, m_shapeBar),
       m_recentMenu(this),
       m_fontSizes(this),
       m_languages(this) {
@@ -178,7 +181,8 @@ void CMainWindow::MakeViewMenu() {
   AddOption(menu, texts::c_elementNumbers, texts::c_elementNumbersTip, "element_numbers",
             &ViewOptions::bElementNumbers);
   menu.addSeparator();
-  for (QDockWidget* const pDock : {&m_analysisDock, &m_summaryDock, &m_adviceDock, &m_consoleDock, &m_resultDock}) {
+  for (QDockWidget* const pDock :
+       {&m_analysisDock, &m_summaryDock, &m_adviceDock, &m_consoleDock, &m_resultDock, &m_historyDock}) {
     menu.addAction(pDock->toggleViewAction());
   }
   menu.addSeparator();
@@ -235,7 +239,10 @@ void CMainWindow::MakeDocks() {
                  Qt::BottomDockWidgetArea);
   m_make.AddDock(m_resultDock, m_results, texts::c_results, texts::c_resultsTip, "result_dock",
                  Qt::RightDockWidgetArea);
+  m_make.AddDock(m_historyDock, m_histories, texts::c_histories, texts::c_historiesTip, "history_dock",
+                 Qt::BottomDockWidgetArea);
   tabifyDockWidget(&m_summaryDock, &m_consoleDock);
+  tabifyDockWidget(&m_consoleDock, &m_historyDock);
   m_summaryDock.raise();
   resizeDocks({&m_summaryDock}, {190}, Qt::Vertical);
   resizeDocks({&m_analysisDock, &m_resultDock}, {230, 360}, Qt::Horizontal);

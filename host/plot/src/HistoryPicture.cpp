@@ -120,7 +120,7 @@ CChartFrame FormHistoryFrame(const HistoryPicture& picture, PictureSize size) {
       picture.time ? CutAxis(picture.time->dLow, picture.time->dHigh, c_nTimeTicks)
                    : ChooseAxis(0.0, dEnd, c_nTimeTicks),
       picture.values ? CutAxis(picture.values->dLow, picture.values->dHigh, c_nValueTicks) : ChooseValueAxis(picture),
-      GetChartBox(size)};
+      GetChartBox(size, !picture.strTitle.empty())};
 }
 
 std::size_t FindHistoryStep(const HistoryPicture& picture, double t) {

@@ -13,6 +13,7 @@
 #include "skyframe/gui/AdvicePanel.h"
 #include "skyframe/gui/AnalysisPanel.h"
 #include "skyframe/gui/Document.h"
+#include "skyframe/gui/HistoryPanel.h"
 #include "skyframe/gui/ResultPanel.h"
 #include "skyframe/gui/ShapeBar.h"
 #include "skyframe/gui/StructureView.h"
@@ -96,6 +97,8 @@ class CMainWindow : public QMainWindow {
   CAdvicePanel m_advice;
   QDockWidget m_resultDock;
   CResultPanel m_results;
+  QDockWidget m_historyDock;
+  CHistoryPanel m_histories;
   QMenu m_recentMenu;
   QActionGroup m_fontSizes;
   QActionGroup m_languages;
