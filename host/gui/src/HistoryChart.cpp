@@ -32,7 +32,7 @@ host::ChartRange Zoom(const host::Axis& axis, double dAt, double dFactor) {
 
 CHistoryChart::CHistoryChart(QWidget* pParent) : QWidget(pParent) {
   setObjectName(QStringLiteral("history_chart"));
-  setMinimumSize(260, 120);
+  setMinimumSize(220, 90);
 }
 
 QSize CHistoryChart::sizeHint() const { return {640, 220}; }

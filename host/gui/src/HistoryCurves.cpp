@@ -45,15 +45,16 @@ bool CanDraw(const HistorySet& history) {
 
 bool HasCurve(const HistorySet& history, const CurveId& curve) { return FindColumn(history, curve).Exists(); }
 
-std::vector<double> ReadCurve(const HistorySet& history, const CurveId& curve) {
+double ReadValue(const HistorySet& history, const CurveId& curve, int nStep) {
   const CurveColumn column = FindColumn(history, curve);
+  const double dValue = column.table[nStep][column.nColumn];
+  return std::abs(dValue) <= host::c_dLargestDrawn ? dValue : std::numeric_limits<double>::quiet_NaN();
+}
+
+std::vector<double> ReadCurve(const HistorySet& history, const CurveId& curve) {
   std::vector<double> values;
   values.reserve(static_cast<std::size_t>(history.nSteps));
-  for (int k = 0; k < history.nSteps; ++k) {
-    const double dValue = column.table[k][column.nColumn];
-    const bool bDrawable = std::abs(dValue) <= host::c_dLargestDrawn;
-    values.push_back(bDrawable ? dValue : std::numeric_limits<double>::quiet_NaN());
-  }
+  for (int k = 0; k < history.nSteps; ++k) values.push_back(ReadValue(history, curve, k));
   return values;
 }
 
@@ -80,12 +81,15 @@ std::string NameCurve(const host::Job& job, const CurveId& curve) {
 host::HistoryPicture FormPicture(const host::Job& job, const HistorySet& history, CurveGroup group,
                                  const std::vector<CurveId>& curves, const CurveUnits& units) {
   host::HistoryPicture picture;
-  picture.strQuantity = Say(texts::c_groupNames[static_cast<std::size_t>(group)]);
+  const std::string strGroup(Say(texts::c_groupNames[static_cast<std::size_t>(group)]));
+  picture.strQuantity = strGroup;
   picture.unit = units.Get(group);
   picture.dTimeStep = history.dTimeStep;
   for (const CurveId& curve : curves) picture.curves.push_back({NameCurve(job, curve), ReadCurve(history, curve)});
   // A single curve has no legend.
-  if (curves.size() == 1) picture.strQuantity = picture.curves.front().strName + "   " + picture.strQuantity;
+  const bool bNamed = curves.size() == 1;
+  if (bNamed) picture.strQuantity = picture.curves.front().strName;
+  if (bNamed && group != CurveGroup::BaseShear) picture.strQuantity += "   " + strGroup;
   return picture;
 }
 

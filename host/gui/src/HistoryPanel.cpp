@@ -1,6 +1,7 @@
 #include "skyframe/gui/HistoryPanel.h"
 
 #include <QFileDialog>
+#include <QGridLayout>
 #include <QHBoxLayout>
 #include <QShortcut>
 #include <QSignalBlocker>
@@ -11,6 +12,7 @@
 
 #include "HistoryTexts.h"
 #include "ShapeTitle.h"
+#include "skyframe/job/Text.h"
 #include "skyframe/platform/OutputFile.h"
 #include "skyframe/platform/Platform.h"
 #include "skyframe/qt/Font.h"
@@ -45,7 +47,7 @@ CHistoryPanel::CHistoryPanel(CDocument& document, CShapeBar& shapes, QWidget* pP
   pLayout->setContentsMargins(4, 2, 4, 2);
   MakeControls();
   MakeCharts();
-  pLayout->addWidget(&m_controls);
+  pLayout->addWidget(&m_head);
   pLayout->addWidget(&m_splitter, 1);
   pLayout->addWidget(&m_player);
   ConnectAll();
@@ -53,40 +55,45 @@ CHistoryPanel::CHistoryPanel(CDocument& document, CShapeBar& shapes, QWidget* pP
 }
 
 void CHistoryPanel::MakeControls() {
-  auto* const pLines = new QVBoxLayout(&m_controls);
-  pLines->setContentsMargins(0, 0, 0, 0);
-  auto* const pState = new QHBoxLayout;
-  pState->addWidget(&m_state, 1);
-  pState->addWidget(&m_showOld);
-  pState->addWidget(&m_lengthUnit);
-  pState->addWidget(&m_forceUnit);
-  pState->addWidget(&m_save);
-  auto* const pChoice = new QHBoxLayout;
-  for (QWidget* const pWidget :
-       std::initializer_list<QWidget*>{&m_kind, &m_number, &m_add, &m_addSelected, &m_remove}) {
-    pChoice->addWidget(pWidget);
-  }
-  pChoice->addStretch(1);
-  pLines->addLayout(pState);
-  pLines->addLayout(pChoice);
+  auto* const pLine = new QHBoxLayout(&m_head);
+  pLine->setContentsMargins(0, 0, 0, 0);
+  pLine->addWidget(&m_state, 1);
+  for (QWidget* const pWidget : std::initializer_list<QWidget*>{&m_showOld, &m_lengthUnit, &m_forceUnit, &m_save})
+    pLine->addWidget(pWidget);
+  auto* const pChoice = new QGridLayout(&m_choice);
+  pChoice->setContentsMargins(0, 0, 0, 0);
+  pChoice->addWidget(&m_list, 0, 0, 1, 2);
+  pChoice->addWidget(&m_kind, 1, 0, 1, 2);
+  pChoice->addWidget(&m_number, 2, 0);
+  pChoice->addWidget(&m_add, 2, 1);
+  pChoice->addWidget(&m_addSelected, 3, 0);
+  pChoice->addWidget(&m_remove, 3, 1);
+  pChoice->setRowStretch(0, 1);
   FillUnits(m_lengthUnit, host::c_displacementUnits);
   FillUnits(m_forceUnit, host::c_forceUnits);
-  m_kind.setSizeAdjustPolicy(QComboBox::AdjustToContents);
-  m_state.setObjectName(QStringLiteral("history_state"));
-  m_showOld.setObjectName(QStringLiteral("history_show_old"));
-  m_kind.setObjectName(QStringLiteral("history_kind"));
-  m_number.setObjectName(QStringLiteral("history_number"));
-  m_add.setObjectName(QStringLiteral("history_add"));
-  m_addSelected.setObjectName(QStringLiteral("history_add_selected"));
-  m_remove.setObjectName(QStringLiteral("history_remove"));
-  m_lengthUnit.setObjectName(QStringLiteral("history_length_unit"));
-  m_forceUnit.setObjectName(QStringLiteral("history_force_unit"));
-  m_save.setObjectName(QStringLiteral("history_save"));
+  NameWidgets();
+}
+
+void CHistoryPanel::NameWidgets() {
+  const std::pair<QWidget&, const char*> names[] = {
+      {m_state, "history_state"},
+      {m_showOld, "history_show_old"},
+      {m_kind, "history_kind"},
+      {m_number, "history_number"},
+      {m_add, "history_add"},
+      {m_addSelected, "history_add_selected"},
+      {m_remove, "history_remove"},
+      {m_lengthUnit, "history_length_unit"},
+      {m_forceUnit, "history_force_unit"},
+      {m_save, "history_save"},
+      {m_list, "history_curves"},
+      {m_splitter, "history_splitter"},
+      {m_player, "history_player"},
+  };
+  for (const auto& [widget, pszName] : names) widget.setObjectName(QString::fromLatin1(pszName));
 }
 
 void CHistoryPanel::MakeCharts() {
-  m_list.setObjectName(QStringLiteral("history_curves"));
-  m_splitter.setObjectName(QStringLiteral("history_splitter"));
   auto* const pCharts = new QWidget;
   m_pChartLayout = new QBoxLayout(QBoxLayout::LeftToRight, pCharts);
   m_pChartLayout->setContentsMargins(0, 0, 0, 0);
@@ -94,7 +101,7 @@ void CHistoryPanel::MakeCharts() {
     chart.setVisible(false);
     m_pChartLayout->addWidget(&chart);
   }
-  m_splitter.addWidget(&m_list);
+  m_splitter.addWidget(&m_choice);
   m_splitter.addWidget(pCharts);
   m_splitter.setStretchFactor(1, 1);
   m_splitter.setSizes({c_nListWidth, 4 * c_nListWidth});
@@ -135,6 +142,7 @@ void CHistoryPanel::ConnectAll() {
   });
   m_document.resultsChanged.Connect([this] {
     m_bStale = true;
+    m_player.SetMoves(false);
     if (isVisible()) Refresh();
   });
   m_document.selectionChanged.Connect([this] { m_addSelected.setEnabled(!m_document.GetSelection().IsEmpty()); });
@@ -183,7 +191,7 @@ bool CHistoryPanel::IsOutdated() {
 }
 
 const HistorySet* CHistoryPanel::GetShown() {
-  if (IsOutdated() && !m_bShowOld) return nullptr;
+  if (m_bStale || (IsOutdated() && !m_bShowOld)) return nullptr;
   const HistorySet* const pHistory = m_document.GetHistories();
   return pHistory != nullptr && CanDraw(*pHistory) ? pHistory : nullptr;
 }
@@ -263,8 +271,7 @@ void CHistoryPanel::ShowCurves() {
     if (curves.empty()) continue;
     chart.SetPicture(FormPicture(m_document.GetJob(), *pShown, group, curves, GetUnits()));
     for (std::size_t c = 0; c < curves.size(); ++c) {
-      m_list.addItem(
-          new QListWidgetItem(MakeSwatch(host::GetCurveColour(c)), ToQt(NameCurve(m_document.GetJob(), curves[c]))));
+      m_list.addItem(new QListWidgetItem(MakeSwatch(host::GetCurveColour(c)), QString()));
     }
   }
   m_list.setCurrentRow(std::min(nChosen, m_list.count() - 1));
@@ -274,10 +281,22 @@ void CHistoryPanel::ShowCurves() {
 void CHistoryPanel::ShowTime() {
   for (CHistoryChart& chart : m_charts) chart.SetCursor(m_player.GetTime());
   const HistorySet* const pShown = GetShown();
+  const int nStep = pShown != nullptr ? std::min(m_player.GetStep(), pShown->nSteps - 1) : 0;
+  if (pShown != nullptr) ShowValues(*pShown, nStep);
   if (pShown == nullptr || !m_player.Moves()) return m_shapes.ShowMoment(std::nullopt);
-  host::DeformedShape moment = host::FormMoment(*pShown, std::min(m_player.GetStep(), pShown->nSteps - 1), m_dLargest);
+  host::DeformedShape moment = host::FormMoment(*pShown, nStep, m_dLargest);
   if (moment.FindUndrawableNode()) return m_shapes.ShowMoment(std::nullopt);
   m_shapes.ShowMoment(std::move(moment), IsOutdated());
+}
+
+void CHistoryPanel::ShowValues(const HistorySet& shown, int nStep) {
+  const CurveUnits units = GetUnits();
+  for (int nRow = 0; nRow < m_list.count(); ++nRow) {
+    const CurveId& curve = m_curves[static_cast<std::size_t>(nRow)];
+    const host::HistoryUnit& unit = units.Get(curve.GetGroup());
+    const std::string strValue = host::Format("%.4g ", unit.dFactor * ReadValue(shown, curve, nStep));
+    m_list.item(nRow)->setText(ToQt(NameCurve(m_document.GetJob(), curve) + "   " + strValue) + ToQt(unit.strName));
+  }
 }
 
 void CHistoryPanel::AddCurve(const CurveId& curve) {

@@ -13,8 +13,10 @@ namespace {
 
 constexpr double c_dLabelHeight = 12.0;
 constexpr double c_dCurveWidth = 1.3;
-constexpr double c_dMargin = 0.12;  // of the range, above and below the curves
-constexpr int c_nTimeTicks = 12, c_nValueTicks = 10;
+constexpr double c_dMargin = 0.12;                         // of the range, above and below the curves
+constexpr double c_dPeakRoom = 26.0;                       // pixels, for the label of a peak
+constexpr int c_nTimeTicks = 12, c_nValueTicks = 10;       // at most
+constexpr double c_dTimeTick = 45.0, c_dValueTick = 18.0;  // pixels that a tick needs
 constexpr std::size_t c_nMostLabels = 40;
 constexpr Colour c_cursorColour{0x6b, 0x74, 0x80};
 
@@ -44,7 +46,11 @@ std::optional<PaintPoint> FindPeakPoint(const std::vector<PaintPoint>& points) {
   return it == points.end() || it->dY == 0.0 ? std::nullopt : std::optional(*it);
 }
 
-Axis ChooseValueAxis(const HistoryPicture& picture) {
+int CountTicks(double dPixels, double dTick, int nMost) {
+  return std::clamp(static_cast<int>(dPixels / dTick), 2, nMost);
+}
+
+Axis ChooseValueAxis(const HistoryPicture& picture, double dPixels, int nMostTicks) {
   double dLow = 0.0;
   double dHigh = 0.0;
   for (const HistoryCurve& curve : picture.curves) {
@@ -53,8 +59,8 @@ Axis ChooseValueAxis(const HistoryPicture& picture) {
       dHigh = std::max(dHigh, point.dY);
     }
   }
-  const double dMargin = c_dMargin * (dHigh - dLow);
-  return ChooseAxis(dLow - (dLow < 0.0 ? dMargin : 0.0), dHigh + dMargin, c_nValueTicks);
+  const double dMargin = std::max(c_dMargin, c_dPeakRoom / dPixels) * (dHigh - dLow);
+  return ChooseAxis(dLow - (dLow < 0.0 ? dMargin : 0.0), dHigh + dMargin, nMostTicks);
 }
 
 std::size_t CountSteps(const HistoryPicture& picture) {
@@ -115,12 +121,15 @@ void PaintCurveLegend(CChart& chart, const HistoryPicture& picture, CLabelField&
 Colour GetCurveColour(std::size_t nCurve) { return c_curveColours[nCurve % c_curveColours.size()]; }
 
 CChartFrame FormHistoryFrame(const HistoryPicture& picture, PictureSize size) {
+  const Box box = GetChartBox(size, !picture.strTitle.empty());
+  const int nTimeTicks = CountTicks(box.GetWidth(), c_dTimeTick, c_nTimeTicks);
+  const int nValueTicks = CountTicks(box.GetHeight(), c_dValueTick, c_nValueTicks);
   const double dEnd = static_cast<double>(CountSteps(picture)) * picture.dTimeStep;
   return {
-      picture.time ? CutAxis(picture.time->dLow, picture.time->dHigh, c_nTimeTicks)
-                   : ChooseAxis(0.0, dEnd, c_nTimeTicks),
-      picture.values ? CutAxis(picture.values->dLow, picture.values->dHigh, c_nValueTicks) : ChooseValueAxis(picture),
-      GetChartBox(size, !picture.strTitle.empty())};
+      picture.time ? CutAxis(picture.time->dLow, picture.time->dHigh, nTimeTicks) : ChooseAxis(0.0, dEnd, nTimeTicks),
+      picture.values ? CutAxis(picture.values->dLow, picture.values->dHigh, nValueTicks)
+                     : ChooseValueAxis(picture, box.GetHeight(), nValueTicks),
+      box};
 }
 
 std::size_t FindHistoryStep(const HistoryPicture& picture, double t) {

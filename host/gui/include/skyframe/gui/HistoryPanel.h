@@ -35,6 +35,7 @@ class CHistoryPanel : public QWidget {
 
  private:
   void MakeControls();
+  void NameWidgets();
   void MakeCharts();
   void ConnectAll();
   void Speak();
@@ -47,6 +48,8 @@ class CHistoryPanel : public QWidget {
   void ShowState();
   void ShowCurves();
   void ShowTime();
+  /// The curves with their values at a step.
+  void ShowValues(const HistorySet& shown, int nStep);
   void AddCurve(const CurveId& curve);
   void AddChosen();
   void AddSelected();
@@ -70,7 +73,8 @@ class CHistoryPanel : public QWidget {
 
   QLabel m_state;
   QPushButton m_showOld;
-  QWidget m_controls;
+  QWidget m_head;
+  QWidget m_choice;
   QComboBox m_kind;
   QSpinBox m_number;
   QPushButton m_add;
