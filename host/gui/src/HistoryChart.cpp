@@ -61,9 +61,17 @@ void CHistoryChart::SetTimeRange(TimeRange range) {
 
 double CHistoryChart::GetScale() const { return QFontInfo(font()).pixelSize() / c_dTextHeight; }
 
-host::CChartFrame CHistoryChart::FormFrame() const {
-  const double dScale = GetScale();
-  return host::FormHistoryFrame(m_picture, {static_cast<int>(width() / dScale), static_cast<int>(height() / dScale)});
+host::PictureSize CHistoryChart::GetSheet() const {
+  return {static_cast<int>(width() / GetScale()), static_cast<int>(height() / GetScale())};
+}
+
+host::CChartFrame CHistoryChart::FormFrame() const { return host::FormHistoryFrame(m_picture, GetSheet()); }
+
+host::CChartFrame CHistoryChart::FormWholeFrame() const {
+  host::HistoryPicture whole = m_picture;
+  whole.time.reset();
+  whole.values.reset();
+  return host::FormHistoryFrame(whole, GetSheet());
 }
 
 PaintPoint CHistoryChart::FindData(QPointF at) const {
@@ -79,9 +87,7 @@ void CHistoryChart::paintEvent(QPaintEvent* /*pEvent*/) {
   painter.scale(GetScale(), GetScale());
   {
     CQtPaintContext paint(painter);
-    const double dScale = GetScale();
-    host::PaintHistoryChart(paint, m_picture,
-                            {static_cast<int>(width() / dScale), static_cast<int>(height() / dScale)});
+    host::PaintHistoryChart(paint, m_picture, GetSheet());
   }
   painter.restore();
   if (!m_bDrawsBand || !IsBand()) return;
@@ -151,9 +157,7 @@ void CHistoryChart::wheelEvent(QWheelEvent* pEvent) {
 }
 
 void CHistoryChart::TellTimeRange(double dLow, double dHigh) {
-  host::HistoryPicture all = m_picture;
-  all.time.reset();
-  const host::Axis axis = host::FormHistoryFrame(all, host::c_chartSize).GetX();
+  const host::Axis axis = FormWholeFrame().GetX();
   if (dHigh - dLow < c_dFewestSteps * m_picture.dTimeStep) return;
   if (dHigh - dLow >= axis.dHigh - axis.dLow) return m_onTimeRange(std::nullopt);
   // Keeps the width and stays within all of the time.
@@ -162,9 +166,7 @@ void CHistoryChart::TellTimeRange(double dLow, double dHigh) {
 }
 
 void CHistoryChart::SetValueRange(double dLow, double dHigh) {
-  host::HistoryPicture all = m_picture;
-  all.values.reset();
-  const host::Axis axis = host::FormHistoryFrame(all, host::c_chartSize).GetY();
+  const host::Axis axis = FormWholeFrame().GetY();
   const double dAll = axis.dHigh - axis.dLow;
   if (dHigh - dLow < c_dLeastValues * dAll) return;
   m_picture.values.reset();

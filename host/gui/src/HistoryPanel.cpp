@@ -25,7 +25,6 @@ namespace {
 
 constexpr std::size_t c_nMostCurves = 24;
 constexpr int c_nSwatch = 12;  // pixels
-constexpr int c_nListWidth = 190;
 constexpr double c_dFlat = 1.8;  // width by height from which charts stand side by side
 
 QIcon MakeSwatch(Colour colour) {
@@ -57,6 +56,7 @@ CHistoryPanel::CHistoryPanel(CDocument& document, CShapeBar& shapes, QWidget* pP
 void CHistoryPanel::MakeControls() {
   auto* const pLine = new QHBoxLayout(&m_head);
   pLine->setContentsMargins(0, 0, 0, 0);
+  m_state.setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
   pLine->addWidget(&m_state, 1);
   for (QWidget* const pWidget : std::initializer_list<QWidget*>{&m_showOld, &m_lengthUnit, &m_forceUnit, &m_save})
     pLine->addWidget(pWidget);
@@ -104,7 +104,6 @@ void CHistoryPanel::MakeCharts() {
   m_splitter.addWidget(&m_choice);
   m_splitter.addWidget(pCharts);
   m_splitter.setStretchFactor(1, 1);
-  m_splitter.setSizes({c_nListWidth, 4 * c_nListWidth});
 }
 
 void CHistoryPanel::ConnectAll() {
@@ -198,6 +197,7 @@ const HistorySet* CHistoryPanel::GetShown() {
 
 void CHistoryPanel::Refresh() {
   m_bStale = false;
+  m_list.clear();
   if (m_document.GetFile() != m_strFile) {
     m_strFile = m_document.GetFile();
     m_curves.clear();
@@ -223,6 +223,7 @@ void CHistoryPanel::ShowState() {
     if (bOld) strState += FormOutdatedMark();
   }
   m_state.setText(ToQt(strState));
+  m_state.setToolTip(ToQt(strState));
   for (QWidget* const pWidget :
        std::initializer_list<QWidget*>{&m_kind, &m_number, &m_add, &m_remove, &m_lengthUnit, &m_forceUnit, &m_save}) {
     pWidget->setEnabled(pShown != nullptr);

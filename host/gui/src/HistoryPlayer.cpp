@@ -55,7 +55,6 @@ void CHistoryPlayer::MakeWidgets() {
   m_toStart.setIcon(style()->standardIcon(QStyle::SP_MediaSkipBackward));
   m_back.setIcon(style()->standardIcon(QStyle::SP_MediaSeekBackward));
   m_on.setIcon(style()->standardIcon(QStyle::SP_MediaSeekForward));
-  m_play.setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
   m_back.setAutoRepeat(true);
   m_on.setAutoRepeat(true);
   for (const double dSpeed : c_dSpeeds) m_speed.addItem(ToQt("× " + host::Format("%g", dSpeed)));
@@ -72,7 +71,6 @@ void CHistoryPlayer::MakeWidgets() {
 }
 
 void CHistoryPlayer::Speak() {
-  m_play.setText(ToQt(Say(IsPlaying() ? texts::c_pause : texts::c_play)));
   m_play.setToolTip(ToQt(Say(IsPlaying() ? texts::c_pauseTip : texts::c_playTip)));
   m_play.setIcon(style()->standardIcon(IsPlaying() ? QStyle::SP_MediaPause : QStyle::SP_MediaPlay));
   m_toStart.setToolTip(ToQt(Say(texts::c_toStartTip)));

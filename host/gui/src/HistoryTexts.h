@@ -70,10 +70,8 @@ inline constexpr Words c_noShear = {"read from the file, without base shear", "�
 inline constexpr Words c_tooMany = {"No more than {0} curves are shown", "最多显示 {0} 条曲线"};
 
 // Player.
-inline constexpr Words c_play = {"Play", "播放"};
-inline constexpr Words c_playTip = {"Let the structure in the drawing move through time", "使图形中的结构随时间运动"};
-inline constexpr Words c_pause = {"Pause", "暂停"};
-inline constexpr Words c_pauseTip = {"Hold the motion", "暂停运动"};
+inline constexpr Words c_playTip = {"Play: let the structure in the drawing move through time", "播放：使图形中的结构随时间运动"};
+inline constexpr Words c_pauseTip = {"Pause", "暂停"};
 inline constexpr Words c_toStartTip = {"To the first step", "到第一步"};
 inline constexpr Words c_stepBackTip = {"A step back", "后退一步"};
 inline constexpr Words c_stepOnTip = {"A step on", "前进一步"};
@@ -84,7 +82,7 @@ inline constexpr Words c_loopTip = {"Begin again at the end", "到末尾后重�
 inline constexpr Words c_move = {"In the drawing", "图形中显示"};
 inline constexpr Words c_moveTip = {"Draw the structure at this time; the scale is that of the whole history",
                                     "按此时刻的位移绘出结构，全过程显示比例不变"};
-inline constexpr Words c_now = {"t = {0} s of {1} s", "t = {0} s / {1} s"};
+inline constexpr Words c_now = {"t = {0} of {1} s", "t = {0} / {1} s"};
 
 }  // namespace texts
 }  // namespace skyframe::gui

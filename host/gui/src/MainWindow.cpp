@@ -27,7 +27,7 @@ namespace skyframe::gui {
 namespace {
 
 constexpr int c_nMostConsoleLines = 20000;
-constexpr int c_nHistoryHeight = 330;  // pixels that charts need to be read
+constexpr int c_nHistoryLines = 16;  // heights of a line that charts need to be read
 constexpr qsizetype c_nMostRecent = 8;
 constexpr std::array<int, 3> c_nFontPercents = {100, 125, 150};
 constexpr std::array<const char*, 2> c_pszLanguages = {"en", "zh"};  // by Language
@@ -245,8 +245,8 @@ void CMainWindow::MakeDocks() {
   tabifyDockWidget(&m_summaryDock, &m_consoleDock);
   tabifyDockWidget(&m_consoleDock, &m_historyDock);
   connect(&m_historyDock, &QDockWidget::visibilityChanged, this, [this](bool bSeen) {
-    if (bSeen && m_historyDock.height() < c_nHistoryHeight)
-      resizeDocks({&m_historyDock}, {c_nHistoryHeight}, Qt::Vertical);
+    const int nHeight = c_nHistoryLines * fontMetrics().height();
+    if (bSeen && m_historyDock.height() < nHeight) resizeDocks({&m_historyDock}, {nHeight}, Qt::Vertical);
   });
   m_summaryDock.raise();
   resizeDocks({&m_summaryDock}, {190}, Qt::Vertical);

@@ -38,7 +38,10 @@ class CHistoryChart : public QWidget {
  private:
   /// Pixels of the widget by one of the picture, whose texts are made for a font of usual size.
   [[nodiscard]] double GetScale() const;
+  [[nodiscard]] host::PictureSize GetSheet() const;
   [[nodiscard]] host::CChartFrame FormFrame() const;
+  /// With nothing zoomed.
+  [[nodiscard]] host::CChartFrame FormWholeFrame() const;
   /// Time and value under a place of the widget.
   [[nodiscard]] PaintPoint FindData(QPointF at) const;
   [[nodiscard]] bool IsBand() const;
