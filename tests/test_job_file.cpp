@@ -26,7 +26,7 @@ const std::string c_strGood = R"json({
   "nodes": [
     {"id": 7, "x": 0, "y": 0, "z": 0, "restraint": "111111"},
     {"id": 3, "x": 4, "y": 0, "z": 0},
-    {"id": 20, "x": 8, "y": 0.5, "z": 0, "joint": "pinned", "spring": 2}
+    {"id": 20, "x": 8, "y": 0.5, "z": -1, "joint": "pinned", "spring": 2}
   ],
   "springs": [{"group": 2, "kx": 1, "ky": 5.5, "kz": -1}],
   "sections": [{"id": "B", "shape": 2, "area": 1e4, "Ix": 4e7, "Iy": 2e7, "Iz": 3e7}],
@@ -46,7 +46,8 @@ const std::string c_strGood = R"json({
     {"type": "spectrum", "modes": 4, "mesh_division": 3, "direction": [0, 1, 0], "site_class": 2, "zone_group": 3,
      "intensity": "8 (0.20g)", "level": "rare", "damping": 0.05, "modal_combination": "CQC"},
     {"type": "time_history", "method": "wilson", "theta": 1.5, "damping": [0.01, 0.02], "time_step": 0.01,
-     "duration": 3, "nonlinear": false, "peaks": {"X": 0.1, "oblique": 0.2}, "combination": {"0": 1}},
+     "duration": 3, "nonlinear": false, "peaks": {"X": 0.1, "oblique": 0.2}, "combination": {"0": 1},
+     "outputs": {"nodes": [{"node": 7, "direction": "Z"}, {"node": 20, "direction": "X"}], "elements": [2, 1]}},
     {"type": "time_history", "method": "newmark", "load": "nodal_force", "alpha": 0.3, "delta": 0.6,
      "nonlinear": true, "criterion": "force_abs", "tolerance": 0.01, "max_iterations": 9, "from_file": false,
      "impulse": {"shape": "rectangular", "loads": [{"node": 20, "direction": "Y", "peak": 7}],
@@ -54,7 +55,9 @@ const std::string c_strGood = R"json({
     {"type": "time_history", "method": "newmark", "load": "ground_motion",
      "earthquake": {"mode": "principal", "directions": ["Z", "X"], "peaks": {"Z": 0.2}}},
     {"type": "time_history", "method": "newmark", "from_file": true, "general_load": {"time_step": 0.1}}
-  ]
+  ],
+  "report": {"project": "Halle", "engineer": "N. N.", "structure": "walls", "edition": "2010", "storeys": [-1, 0],
+             "limits": {"drift": 400, "shear_weight": 0.03, "displacement_ratio": 1.4}}
 })json";
 
 TEST(JobFile, ReadsEveryPart) {
@@ -73,6 +76,7 @@ TEST(JobFile, ReadsEveryPart) {
   const auto& first = std::get<StaticJob>(job.analyses.at(0));
   EXPECT_EQ(std::tuple(first.nCriterion, first.combination), std::tuple(3, JobCombination{{0, 1.2}, {2, -1.0}}));
   EXPECT_EQ(std::get<WilsonJob>(job.analyses.at(3)).peaks, (JobPeaks{0.1, {}, {}, 0.2}));
+  EXPECT_EQ(std::get<WilsonJob>(job.analyses.at(3)).outputs, (JobOutputs{{{1, 2}, {3, 0}}, {2, 1}}));
   EXPECT_EQ(std::get<NewmarkJob>(job.analyses.at(4)).impulse->impulses, (std::vector<JobImpulse>{{3, 1, 7.0}}));
   EXPECT_EQ(std::get<NewmarkJob>(job.analyses.at(5)).earthquake->directions, (std::array{true, false, true}));
 }
@@ -83,7 +87,8 @@ TEST(JobFile, WhatIsWrittenIsReadBack) {
     const JobFile file = ParseJob(FormatJob(job));
     EXPECT_EQ(List(file.errors), "") << job.strTitle;
     const auto Tie = [](const Job& j) {
-      return std::tie(j.strTitle, j.nodes, j.springs, j.sections, j.elements, j.inclinedSupports, j.loads, j.analyses);
+      return std::tie(j.strTitle, j.nodes, j.springs, j.sections, j.elements, j.inclinedSupports, j.loads, j.analyses,
+                      j.report);
     };
     EXPECT_TRUE(Tie(file.job) == Tie(job)) << job.strTitle;
   }
@@ -92,6 +97,7 @@ TEST(JobFile, WhatIsWrittenIsReadBack) {
 TEST(JobFile, EachErrorHasItsPlaceAndReason) {
   const std::string strNoNode20 =
       "\n/elements/1/j: no node has the id 20\n/inclined_supports/0: must be the id of a node"
+      "\n/analyses/3/outputs/nodes/1/node: no node has the id 20"
       "\n/analyses/4/impulse/loads/0/node: no node has the id 20";
   const struct {
     std::string strFrom, strTo, strProblem;
@@ -100,6 +106,10 @@ TEST(JobFile, EachErrorHasItsPlaceAndReason) {
       {"\"id\": 3,", "\"id\": 7,",
        "/nodes/1/id: node id 7 is used twice\n/elements/0/j: no node has the id 3\n/elements/1/i: no node has the id "
        "3\n/loads/0/node: no node has the id 3\n/loads/1/node: no node has the id 3"},
+      {"[-1, 0]", "[0, 0]", "/report/storeys: must be two levels or more, from the base upwards"},
+      {"[-1, 0]", "[-1, 2.5]", "/report/storeys: no node stands at the level 2.5"},
+      {"\"drift\": 400", "\"drift\": 0, \"d\": 1",
+       "/report/limits/drift: must be above 0\n/report/limits/d: unknown key"},
       {"\"id\": 20", "\"id\": 0", "/nodes/2/id: must be 1 or more" + strNoNode20},
       {"\"id\": 20", "\"id\": 18446744073709551615", "/nodes/2/id: must be 2147483647 or less" + strNoNode20},
       {"\"id\": 20", "\"id\": 20.0", "/nodes/2/id: must be an integer" + strNoNode20},
@@ -146,6 +156,13 @@ TEST(JobFile, EachErrorHasItsPlaceAndReason) {
       {"[\"Z\", \"X\"]", "[\"Z\", 3]", "/analyses/5/earthquake/directions: must list some of \"X\", \"Y\" or \"Z\""},
       {"\"mode\": \"principal\", ", "\"oblique_axis\": [1, 1, 0],",
        "/analyses/5/earthquake/oblique_axis: belongs to mode \"oblique\""},
+      {"{\"node\": 20, \"direction\": \"X\"}], \"elements\": [2, 1]",
+       "{\"node\": 7, \"direction\": \"X\"}], \"elements\": [2, 2]",
+       "/analyses/3/outputs/nodes/1/node: node 7 is listed twice\n/analyses/3/outputs/elements: element 2 is listed "
+       "twice"},
+      {"[2, 1]", "[3, 1.5]",
+       "/analyses/3/outputs/elements: must list numbers of elements, 1 to 2\n/analyses/3/outputs/elements: must list "
+       "numbers of elements, 1 to 2"},
       {"\"from_file\": true, ", "", "/analyses/6/general_load: needs \"from_file\": true"},
       {"\"title\"", "\"a/b~c\": 1, \"title\"", "/a~1b~0c: unknown key"},
       {"\"x\": 4", "\"x\": 4, \"x\": [5]", "/nodes/1/x: key given twice"},

@@ -3,17 +3,40 @@
 
 #include "Commands.h"
 #include "skyframe/cli/CommandLine.h"
-#include "skyframe/generate/Generate.h"
-#include "skyframe/values/Capacities.h"
+#include "skyframe/generate/GeneratorFields.h"
+#include "texts.h"
 
 namespace skyframe::host {
 
 namespace {
 
+/// An option for each parameter of a generator.
+class COptionMaker {
+ public:
+  explicit COptionMaker(CLI::App& app) : m_app(app) {}
+
+  template <class T>
+  void Visit(const GeneratorField& field, T& value, GeneratorRange<T> range) {
+    Add(field, value)->check(CLI::Range(range.lowest, range.highest));
+  }
+  void Visit(const GeneratorField& field, bool& bValue) {
+    m_app.add_flag(FormName(field), bValue, std::string(Say(field.meaning)));
+  }
+
+ private:
+  static std::string FormName(const GeneratorField& field) { return "--" + std::string(field.pszOption); }
+
+  template <class T>
+  CLI::Option* Add(const GeneratorField& field, T& value) {
+    return m_app.add_option(FormName(field), value, std::string(Say(field.meaning)))->capture_default_str();
+  }
+
+  CLI::App& m_app;
+};
+
 class CGenerateCommand final : public CCommand {
  public:
-  explicit CGenerateCommand(const CommandContext& context)
-      : CCommand("generate", "Write a job file for a regular structure", context) {}
+  explicit CGenerateCommand(const CommandContext& context) : CCommand("generate", Say(texts::c_generate), context) {}
 
   int Run() override { return m_action(); }
 
@@ -21,77 +44,27 @@ class CGenerateCommand final : public CCommand {
   void Define(CLI::App& app) override {
     app.require_subcommand(1);
     DefineBuilding(app);
-    DefineTower(app);
-    DefineDome(app);
-    DefineArch(app);
+    AddShape(app, "tower", texts::c_tower, m_tower);
+    AddShape(app, "dome", texts::c_dome, m_dome);
+    AddShape(app, "arch", texts::c_arch, m_arch);
   }
 
-  CLI::App* AddShape(CLI::App& generate, const std::string& strName, const std::string& strHelp) {
-    CLI::App* pShape = generate.add_subcommand(strName, strHelp);
-    pShape->add_option("-o,--output", m_strOutput, "Job file to write (default: standard output)");
+  template <class Parameters>
+  CLI::App* AddShape(CLI::App& generate, const std::string& strName, const Words& help, Parameters& parameters) {
+    CLI::App* pShape = generate.add_subcommand(strName, Help(help));
+    pShape->add_option("-o,--output", m_strOutput, Help(texts::c_generateOutput));
+    COptionMaker maker(*pShape);
+    VisitFields(maker, parameters);
+    pShape->callback([this, &parameters] { m_action = [this, &parameters] { return Write(parameters); }; });
     return pShape;
   }
 
-  static void AddCount(CLI::App& app, const std::string& strName, int& nValue, const std::string& strHelp,
-                       int nLowest = 1) {
-    app.add_option(strName, nValue, strHelp)->check(CLI::Range(nLowest, c_nMaxNodes))->capture_default_str();
-  }
-
-  static void AddLength(CLI::App& app, const std::string& strName, double& dValue, const std::string& strHelp) {
-    app.add_option(strName, dValue, strHelp)->check(CLI::Range(1.0e-3, 1.0e5))->capture_default_str();
-  }
-
-  static void AddLoad(CLI::App& app, const std::string& strName, double& dValue, const std::string& strHelp) {
-    app.add_option(strName, dValue, strHelp)->check(CLI::Range(-1.0e9, 1.0e9))->capture_default_str();
-  }
-
   void DefineBuilding(CLI::App& generate) {
-    CLI::App* p = AddShape(generate, "building", "Rectangular frame of rigid beams and columns");
-    AddCount(*p, "--bays-x", m_building.nBaysX, "Bays along X");
-    AddCount(*p, "--bays-y", m_building.nBaysY, "Bays along Y");
-    CLI::Option* pStoreys =
-        p->add_option("--storeys", m_building.nStoreys, "Storeys")->check(CLI::Range(1, c_nMaxNodes));
-    pStoreys->capture_default_str();
-    p->add_option("--nodes", m_nNodes, "About so many nodes: chooses the storeys, and the bays if these are not given")
+    CLI::App* p = AddShape(generate, "building", texts::c_building, m_building);
+    p->add_option("--nodes", m_nNodes, Help(texts::c_aboutNodes))
         ->check(CLI::Range(8, c_nMaxNodes))
-        ->excludes(pStoreys);
-    AddLength(*p, "--span", m_building.dSpan, "Length of a bay, m");
-    AddLength(*p, "--height", m_building.dHeight, "Height of a storey, m");
-    AddLoad(*p, "--dead", m_building.dDeadLoad, "Dead load, kN/m2, case 0");
-    AddLoad(*p, "--live", m_building.dLiveLoad, "Live load, kN/m2, case 1");
-    AddLoad(*p, "--wind", m_building.dWindLoad, "Wind along X, kN/m2, case 2");
+        ->excludes("--storeys");
     p->callback([this, p] { m_action = [this, p] { return OnGenerateBuilding(*p); }; });
-  }
-
-  void DefineTower(CLI::App& generate) {
-    CLI::App* p = AddShape(generate, "tower", "Square lattice tower of bars");
-    AddCount(*p, "--panels", m_tower.nPanels, "Panels one above the other");
-    AddLength(*p, "--base", m_tower.dBase, "Side at the foot, m");
-    AddLength(*p, "--top", m_tower.dTop, "Side at the top, m");
-    AddLength(*p, "--panel-height", m_tower.dPanelHeight, "Height of a panel, m");
-    p->callback([this] {
-      m_action = [this] { return Write([this] { return GenerateTower(m_tower); }, 4, m_tower.nPanels + 1.0); };
-    });
-  }
-
-  void DefineDome(CLI::App& generate) {
-    CLI::App* p = AddShape(generate, "dome", "Reticulated spherical cap");
-    AddCount(*p, "--rings", m_dome.nRings, "Rings around the crown");
-    AddCount(*p, "--segments", m_dome.nSegments, "Fields around a ring", 3);
-    AddLength(*p, "--span", m_dome.dSpan, "Span, m");
-    AddLength(*p, "--rise", m_dome.dRise, "Rise, m; at most half the span");
-    AddLoad(*p, "--load", m_dome.dLoad, "Load in plan, kN/m2");
-    p->add_flag("--beams", m_dome.bBeams, "Rigid beams instead of bars");
-    p->callback([this] { m_action = [this] { return OnGenerateDome(); }; });
-  }
-
-  void DefineArch(CLI::App& generate) {
-    CLI::App* p = AddShape(generate, "arch", "Two-bar arch, or an arch of rigid beams, loaded at its apex");
-    AddCount(*p, "--segments", m_arch.nSegments, "Members, an even number; 2 makes bars", 2);
-    AddLength(*p, "--half-span", m_arch.dHalfSpan, "Half the span, m");
-    AddLength(*p, "--rise", m_arch.dRise, "Rise, m");
-    AddLoad(*p, "--load", m_arch.dLoad, "Load at the apex, kN, downwards");
-    p->callback([this] { m_action = [this] { return OnGenerateArch(); }; });
   }
 
   int OnGenerateBuilding(const CLI::App& app) {
@@ -101,27 +74,15 @@ class CGenerateCommand final : public CCommand {
       if (app.count("--bays-y") == 0) m_building.nBaysY = choice.nBaysY;
       m_building.nStoreys = ChooseStoreys(m_nNodes, m_building.nBaysX, m_building.nBaysY);
     }
-    return Write([this] { return GenerateBuilding(m_building); }, (m_building.nBaysX + 1.0) * (m_building.nBaysY + 1.0),
-                 m_building.nStoreys + 1.0);
+    return Write(m_building);
   }
 
-  int OnGenerateDome() {
-    if (m_dome.dRise > 0.5 * m_dome.dSpan) return Refuse("--rise: must be at most half the span");
-    return Write([this] { return GenerateDome(m_dome); }, m_dome.nRings, m_dome.nSegments);
-  }
-
-  int OnGenerateArch() {
-    if (m_arch.nSegments % 2 != 0) return Refuse("--segments: must be an even number");
-    return Write([this] { return GenerateArch(m_arch); }, m_arch.nSegments + 1.0, 1.0);
-  }
-
-  /// Generates and writes the job of about so many rows of nodes, unless the host records are too small.
-  template <class Generator>
-  int Write(Generator generator, double dRows, double dNodesPerRow) {
-    if (dRows * dNodesPerRow > c_nMaxNodes) return Refuse("more than " + std::to_string(c_nMaxNodes) + " nodes");
-    const std::string strText = FormatJob(generator());
+  template <class Parameters>
+  int Write(const Parameters& parameters) {
+    if (const std::optional<std::string> conflict = FindConflict(parameters)) return Refuse(*conflict);
+    const std::string strText = FormatJob(Generate(parameters));
     const JobFile check = ParseJob(strText);
-    PrintProblems("generated job", check.errors, "");
+    PrintProblems(Help(texts::c_generatedJob), check.errors, "");
     return check.errors.empty() ? Deliver(m_strOutput, strText) : c_nExitBadInput;
   }
 

@@ -2,11 +2,18 @@
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QDesktopServices>
+#include <QDropEvent>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QMessageBox>
+#include <QMimeData>
+#include <QPrintDialog>
+#include <QPrinter>
 #include <QPushButton>
 #include <QStatusBar>
+#include <QTimer>
+#include <QUrl>
 #include <algorithm>
 #include <array>
 #include <iterator>
@@ -16,8 +23,12 @@
 #include "ErrorDialog.h"
 #include "HistoryTexts.h"
 #include "ShapeTitle.h"
+#include "skyframe/book/CalculationReport.h"
 #include "skyframe/connect/Findings.h"
+#include "skyframe/gui/GeneratorDialog.h"
+#include "skyframe/platform/OutputFile.h"
 #include "skyframe/qt/Font.h"
+#include "skyframe/qt/QtTranslation.h"
 #include "skyframe/results/Histories.h"
 #include "skyframe/run/PrefillPlatform.h"
 #include "texts.h"
@@ -59,12 +70,15 @@ CMainWindow::CMainWindow(const QString& strSettingsFile)
       m_pPrevious(InstallPlatform(&m_platform)),
       m_make(*this, m_document),
       m_shapeBar(m_document, m_view, this),
+      m_resultBar(m_document, m_view, this),
       m_analysisDock(this),
       m_analyses(m_document,
                  [this](std::size_t nIndex) {
                    const host::JobAnalysis analysis = m_document.GetJob().analyses[nIndex];
                    Analyse(host::GetKind(analysis), &analysis);
                  }),
+      m_inspectDock(this),
+      m_inspect(m_document, m_view),
       m_consoleDock(this),
       m_decoder(QStringDecoder::Utf8),
       m_summaryDock(this),
@@ -78,7 +92,11 @@ CMainWindow::CMainWindow(const QString& strSettingsFile)
       m_languages(this) {
   setObjectName(QStringLiteral("main"));
   setCentralWidget(&m_view);
+  setAcceptDrops(true);
   addToolBar(&m_shapeBar);
+  addToolBarBreak();
+  addToolBar(&m_resultBar);
+  ConnectView();
   MakeFileMenu();
   MakeAnalysisMenu();
   MakeDocks();
@@ -88,7 +106,12 @@ CMainWindow::CMainWindow(const QString& strSettingsFile)
   m_document.jobOpened.Connect([this] { ShowStructure(); });
   m_document.analysesChanged.Connect([this] { ShowTitle(); });
   m_document.resultsChanged.Connect([this] { ShowTitle(); });
-  m_document.OnLanguage([this] { ShowTitle(); });
+  m_document.OnLanguage([this] {
+    const bool bChinese = host::GetLanguage() == host::Language::Chinese;
+    UseQtTranslation(bChinese ? "zh_CN" : "en");
+    m_platform.SetTipLanguage(bChinese ? TipLanguage::Chinese : TipLanguage::English);
+    ShowTitle();
+  });
   m_platform.SetConsoleSink([this](std::string_view strText) { AppendConsole(strText); });
   SetFontScale(m_pSettings->value(c_strFontKey, 100).toInt() / 100.0);
   resize(1280, 820);
@@ -103,6 +126,7 @@ void CMainWindow::closeEvent(QCloseEvent* pEvent) {
   if (!MayLeaveJob()) return pEvent->ignore();
   m_pSettings->setValue(c_strGeometryKey, saveGeometry());
   m_pSettings->setValue(c_strStateKey, saveState());
+  m_pHelp.reset();
   pEvent->accept();
 }
 
@@ -126,6 +150,7 @@ void CMainWindow::AddOption(QMenu& menu, const host::Words& text, const host::Wo
 
 void CMainWindow::MakeFileMenu() {
   QMenu& menu = m_make.AddMenu(texts::c_fileMenu);
+  m_make.AddAction(menu, texts::c_new, texts::c_newTip, "new", [this] { OnNew(); })->setShortcut(QKeySequence::New);
   m_make.AddAction(menu, texts::c_open, texts::c_openTip, "open", [this] { OnOpen(); })
       ->setShortcut(QKeySequence::Open);
   m_document.OnLanguage([this] { m_recentMenu.setTitle(ToQt(Say(texts::c_recent))); });
@@ -140,6 +165,10 @@ void CMainWindow::MakeFileMenu() {
     OnSaveAs();
   })->setShortcut(QKeySequence::SaveAs);
   AddJobAction(menu, texts::c_savePicture, texts::c_savePictureTip, "picture", [this] { OnSavePicture(); });
+  AddJobAction(menu, texts::c_report, texts::c_reportTip, "report", [this] { OnReport(); });
+  AddJobAction(menu, texts::c_print, texts::c_printTip, "print", [this] {
+    OnPrint();
+  })->setShortcut(QKeySequence::Print);
   menu.addSeparator();
   m_make.AddAction(menu, texts::c_quit, texts::c_quitTip, "quit", [this] { close(); })->setShortcut(QKeySequence::Quit);
 }
@@ -175,15 +204,22 @@ void CMainWindow::MakeViewMenu() {
   addView(texts::c_side, texts::c_sideTip, "side", Qt::Key_2, host::c_sideView);
   addView(texts::c_plan, texts::c_planTip, "plan", Qt::Key_3, host::c_planView);
   m_make.AddAction(menu, texts::c_fit, texts::c_fitTip, "fit", [this] { m_view.FitAll(); });
+  m_make.AddAction(menu, texts::c_nextShape, texts::c_nextShapeTip, "next_shape", [this] { m_shapeBar.Step(1); })
+      ->setShortcut(Qt::Key_PageDown);
+  m_make
+      .AddAction(menu, texts::c_previousShape, texts::c_previousShapeTip, "previous_shape",
+                 [this] { m_shapeBar.Step(-1); })
+      ->setShortcut(Qt::Key_PageUp);
   menu.addSeparator();
   AddOption(menu, texts::c_supports, texts::c_supportsTip, "supports", &ViewOptions::bSupports);
-  AddOption(menu, texts::c_loads, texts::c_loadsTip, "loads", &ViewOptions::bLoads);
   AddOption(menu, texts::c_nodeNumbers, texts::c_nodeNumbersTip, "node_numbers", &ViewOptions::bNodeNumbers);
   AddOption(menu, texts::c_elementNumbers, texts::c_elementNumbersTip, "element_numbers",
             &ViewOptions::bElementNumbers);
+  AddOption(menu, texts::c_sectionNames, texts::c_sectionNamesTip, "section_names", &ViewOptions::bSectionNames);
+  AddOption(menu, texts::c_localAxes, texts::c_localAxesTip, "local_axes", &ViewOptions::bLocalAxes);
   menu.addSeparator();
-  for (QDockWidget* const pDock :
-       {&m_analysisDock, &m_summaryDock, &m_adviceDock, &m_consoleDock, &m_resultDock, &m_historyDock}) {
+  for (QDockWidget* const pDock : {&m_analysisDock, &m_inspectDock, &m_summaryDock, &m_adviceDock, &m_consoleDock,
+                                   &m_resultDock, &m_historyDock}) {
     menu.addAction(pDock->toggleViewAction());
   }
   menu.addSeparator();
@@ -222,6 +258,8 @@ void CMainWindow::MakeLanguageMenu(QMenu& viewMenu) {
 
 void CMainWindow::MakeHelpMenu() {
   QMenu& menu = m_make.AddMenu(texts::c_helpMenu);
+  m_make.AddAction(menu, texts::c_manual, texts::c_manualTip, "manual", [this] { ShowManual(); })
+      ->setShortcut(QKeySequence::HelpContents);
   m_make.AddAction(menu, texts::c_about, texts::c_aboutTip, "about", [this] { OnAbout(); });
 }
 
@@ -232,6 +270,8 @@ void CMainWindow::MakeDocks() {
   m_console.setLineWrapMode(QPlainTextEdit::NoWrap);
   setCorner(Qt::BottomRightCorner, Qt::RightDockWidgetArea);
   m_make.AddDock(m_analysisDock, m_analyses, texts::c_analyses, texts::c_analysesTip, "analysis_dock",
+                 Qt::LeftDockWidgetArea);
+  m_make.AddDock(m_inspectDock, m_inspect, texts::c_inspect, texts::c_inspectTip, "inspect_dock",
                  Qt::LeftDockWidgetArea);
   m_make.AddDock(m_summaryDock, m_summary, texts::c_summary, texts::c_summaryTip, "summary_dock",
                  Qt::BottomDockWidgetArea);
@@ -251,6 +291,19 @@ void CMainWindow::MakeDocks() {
   m_summaryDock.raise();
   resizeDocks({&m_summaryDock}, {190}, Qt::Vertical);
   resizeDocks({&m_analysisDock, &m_resultDock}, {230, 360}, Qt::Horizontal);
+}
+
+void CMainWindow::ConnectView() {
+  m_view.SetHoverText([this](host::ScenePart part) { return DescribePart(m_document, part); });
+  m_view.SetPickHandler([this](std::optional<host::ScenePart> part, bool bAdd) {
+    Selection selection = bAdd ? m_document.GetSelection() : Selection{};
+    if (part) {
+      auto& chosen = part->kind == host::ScenePart::Kind::Node ? selection.nodes : selection.elements;
+      if (!chosen.insert(part->nIndex).second) chosen.erase(part->nIndex);
+    }
+    m_document.Select(std::move(selection));
+  });
+  m_document.selectionChanged.Connect([this] { m_view.SetSelection(m_document.GetSelection()); });
 }
 
 void CMainWindow::SetFontScale(double dScale) {
@@ -292,11 +345,49 @@ bool CMainWindow::OpenJob(const QString& strFile) {
 
 bool CMainWindow::OnSave() { return SaveTo(m_document.GetFile()); }
 
-bool CMainWindow::OnSaveAs() {
-  QFileDialog dialog(this, ToQt(Say(texts::c_saveTitle)), m_document.GetFile(), ToQt(Say(texts::c_jobFilter)));
+QString CMainWindow::AskForFile(const QString& strProposed) {
+  QFileDialog dialog(this, ToQt(Say(texts::c_saveTitle)), strProposed, ToQt(Say(texts::c_jobFilter)));
   dialog.setAcceptMode(QFileDialog::AcceptSave);
   dialog.setDefaultSuffix(QStringLiteral("json"));
-  return dialog.exec() == QDialog::Accepted && SaveTo(dialog.selectedFiles().constFirst());
+  return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().constFirst() : QString();
+}
+
+bool CMainWindow::OnSaveAs() {
+  const QString strFile = AskForFile(m_document.GetFile());
+  return !strFile.isEmpty() && SaveTo(strFile);
+}
+
+void CMainWindow::OnNew() {
+  if (!MayLeaveJob()) return;
+  CGeneratorDialog dialog(this);
+  if (dialog.exec() != QDialog::Accepted) return;
+  const QString strFile = AskForFile(QStringLiteral("frame.json"));
+  if (strFile.isEmpty()) return;
+  COutputFile file(strFile.toStdString());
+  file.GetStream() << host::FormatJob(dialog.GetJob());
+  if (!file.Commit()) return m_platform.ShowMessage(Say(texts::c_saveFailed, {file.GetError()}));
+  m_document.Forget();
+  OpenJob(strFile);
+}
+
+void CMainWindow::dragEnterEvent(QDragEnterEvent* pEvent) {
+  if (pEvent->mimeData()->hasUrls() && pEvent->mimeData()->urls().constFirst().isLocalFile()) {
+    pEvent->acceptProposedAction();
+  }
+}
+
+void CMainWindow::dropEvent(QDropEvent* pEvent) {
+  const QString strFile = pEvent->mimeData()->urls().constFirst().toLocalFile();
+  pEvent->acceptProposedAction();
+  QTimer::singleShot(0, this, [this, strFile] { OpenJob(strFile); });  // the other program need not wait
+}
+
+void CMainWindow::ShowManual() {
+  if (!m_pHelp) m_pHelp = std::make_unique<CHelpWindow>();
+  m_pHelp->ShowPage({});
+  m_pHelp->show();
+  m_pHelp->raise();
+  m_pHelp->activateWindow();
 }
 
 bool CMainWindow::SaveTo(const QString& strFile) {
@@ -369,8 +460,11 @@ void CMainWindow::ShowRun(host::AnalysisKind kind, const host::AnalysisRun& run)
   if (findings.status != RunStatus::Done) return;
   const bool bNonlinear = kind == host::AnalysisKind::Static && GetStaticFindings().bNonlinear;
   if (kind == host::AnalysisKind::Modal) m_shapeBar.Choose(host::ShapeKind::Mode);
+  if (kind == host::AnalysisKind::Spectrum) m_resultBar.ChooseSource(ResultKind::Spectrum);
+  if (kind == host::AnalysisKind::TimeHistory) m_resultBar.ChooseSource(ResultKind::History);
   if (kind == host::AnalysisKind::Static) {
     m_shapeBar.Choose(bNonlinear ? host::ShapeKind::NonlinearState : host::ShapeKind::LinearState);
+    m_resultBar.ChooseSource(bNonlinear ? ResultKind::Nonlinear : ResultKind::Linear);
   }
 }
 
@@ -414,13 +508,36 @@ void CMainWindow::FillRecentMenu() {
 }
 
 void CMainWindow::OnSavePicture() {
-  const std::string strName = m_document.GetJobPath() + "_" + m_shapeBar.FormFileName() + ".png";
+  const std::string strForces = m_resultBar.FormFileName();
+  const std::string strShown = strForces.empty() ? m_shapeBar.FormFileName() : strForces;
+  const std::string strName = m_document.GetJobPath() + "_" + strShown + ".png";
   QFileDialog dialog(this, ToQt(Say(texts::c_pictureTitle)), ToQt(strName), ToQt(Say(texts::c_pictureFilter)));
   dialog.setAcceptMode(QFileDialog::AcceptSave);
   dialog.setDefaultSuffix(QStringLiteral("png"));
   dialog.selectFile(QFileInfo(ToQt(strName)).fileName());
   if (dialog.exec() != QDialog::Accepted || m_view.grab().save(dialog.selectedFiles().constFirst(), "PNG")) return;
   m_platform.ShowMessage(Say(texts::c_pictureFailed));
+}
+
+void CMainWindow::OnReport() {
+  const QString strName = ToQt(m_document.GetJobPath()) + QStringLiteral("_report.html");
+  QFileDialog dialog(this, ToQt(Say(texts::c_reportTitle)), strName, ToQt(Say(texts::c_reportFilter)));
+  dialog.setAcceptMode(QFileDialog::AcceptSave);
+  dialog.setDefaultSuffix(QStringLiteral("html"));
+  dialog.selectFile(QFileInfo(strName).fileName());
+  if (dialog.exec() != QDialog::Accepted) return;
+  const QString strFile = dialog.selectedFiles().constFirst();
+  COutputFile file(strFile.toStdString());
+  file.GetStream() << host::WriteReport(m_document.GetJob(), m_document.GetJobPath(), m_document.GetWarnings());
+  if (!file.Commit()) return m_platform.ShowMessage(Say(texts::c_reportFailed, {file.GetError()}));
+  QDesktopServices::openUrl(QUrl::fromLocalFile(strFile));
+}
+
+void CMainWindow::OnPrint() {
+  QPrinter printer(QPrinter::HighResolution);
+  printer.setPageOrientation(QPageLayout::Landscape);
+  printer.setDocName(windowTitle());
+  if (QPrintDialog(&printer, this).exec() == QDialog::Accepted) m_view.Print(printer);
 }
 
 void CMainWindow::OnAbout() {

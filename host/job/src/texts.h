@@ -34,8 +34,9 @@ inline constexpr Words c_parserWords[] = {
     {"object separator", "键后的分隔符"},
     {"object", "对象"},
     {"array", "数组"},
+    {"unexpected end of input", "文件不应在此结束"},
     {"unexpected {0}", "不应有{0}"},
-    {"end of input", "文件末尾"},
+    {"end of input", "文件结束"},
     {"string literal", "文本"},
     {"number literal", "数"},
     {"true literal", "true"},
@@ -87,6 +88,8 @@ inline constexpr Words c_noSuchSection = {"no section has the id {0}", "没有 i
 inline constexpr Words c_sameEnds = {"both ends are node {0}", "两端都是节点 {0}"};
 inline constexpr Words c_zeroLength = {"zero length: both nodes lie at the same place", "长度为零：两个节点位置相同"};
 inline constexpr Words c_notNode = {"must be the id of a node", "应为节点的 id"};
+inline constexpr Words c_elementTwice = {"element {0} is listed twice", "单元 {0} 重复列出"};
+inline constexpr Words c_elementNumbers = {"must list numbers of elements, 1 to {0}", "须列出单元号码，1 至 {0}"};
 inline constexpr Words c_listedTwice = {"node {0} is listed twice", "节点 {0} 重复列出"};
 inline constexpr Words c_pinnedMoment = {"node {0} is pinned and takes no moment", "节点 {0} 为铰接，不能承受力矩"};
 inline constexpr Words c_tooManyFillers = {
@@ -96,7 +99,7 @@ inline constexpr Words c_tooManyFillers = {
 // Analyses.
 inline constexpr Words c_noSuchCase = {"no such load case; the cases are 0 to {0}",
                                        "没有这个荷载工况；工况为 0 到 {0}"};
-inline constexpr Words c_belongsTo = {"belongs to {0} {1}", "属于 {0} {1}"};
+inline constexpr Words c_belongsTo = {"belongs to {0} {1}", "只用于 \"{0}\": {1}"};
 inline constexpr Words c_needs = {"needs {0}: true", "需要 {0}: true"};
 inline constexpr Words c_loadsFromFile = {"the loads are read from a file", "荷载由文件读入"};
 inline constexpr Words c_idlePeak = {"peak {0} of a direction in which the ground does not move",
@@ -154,6 +157,12 @@ inline constexpr Words c_recordPart = {
     "{0} 只读到第 {1} 个数；数之间用空格或换行分隔，不能有逗号或文字"};
 inline constexpr Words c_recordZeros = {"{0} holds zeros alone and cannot be scaled to a peak",
                                         "{0} 全为零，不能按峰值调整"};
+
+// What a calculation report needs.
+inline constexpr Words c_badLevels = {"must be two levels or more, from the base upwards",
+                                      "须为两个以上标高，自基底向上"};
+inline constexpr Words c_emptyLevel = {"no node stands at the level {0}", "标高 {0} 处没有节点"};
+inline constexpr Words c_notPositive = {"must be above 0", "须大于 0"};
 
 }  // namespace skyframe::host::job::texts
 

@@ -18,7 +18,7 @@ constexpr double c_dTitleLeft = 24;
 constexpr double c_dTitleHeight = 20, c_dTextHeight = 13, c_dTickHeight = 12;
 constexpr double c_dTickLength = 5;
 constexpr double c_dMarkSize = 8;
-constexpr double c_dLegendLine = 20, c_dLegendSwatch = 32, c_dLegendGap = 8;
+constexpr double c_dLegendLine = 20, c_dLegendSwatch = 32;
 
 void PaintMark(IPaintContext& paint, PaintPoint at, Colour colour) {
   paint.SetPen(c_white);
@@ -179,12 +179,15 @@ void CChart::Mark(double dX, double dY, Colour colour) {
   PaintMark(m_paint, Map(dX, dY), colour);
 }
 
-Box CChart::Legend(std::span<const LegendEntry> entries) {
+double GetLegendWidth(std::span<const LegendEntry> entries) {
   double dText = 0.0;
   for (const LegendEntry& entry : entries) dText = std::max(dText, EstimateTextWidth(entry.strText, c_dTickHeight));
+  return c_dLegendSwatch + dText;
+}
+
+void CChart::Legend(std::span<const LegendEntry> entries, PaintPoint topLeft) {
   const double dHeight = c_dLegendLine * static_cast<double>(entries.size());
-  const Box ground{GetBox().dRight - c_dLegendGap - dText - c_dLegendSwatch, GetBox().dTop + c_dLegendGap,
-                   GetBox().dRight - c_dLegendGap, GetBox().dTop + c_dLegendGap + dHeight};
+  const Box ground{topLeft.dX, topLeft.dY, topLeft.dX + GetLegendWidth(entries), topLeft.dY + dHeight};
   m_paint.SetPen(c_white);
   m_paint.SetBrush(c_white);
   m_paint.Rectangle(ground.dLeft, ground.dTop, ground.GetWidth(), ground.GetHeight());
@@ -198,7 +201,6 @@ Box CChart::Legend(std::span<const LegendEntry> entries) {
     m_paint.Text(ground.dLeft + c_dLegendSwatch, dY, entry.strText, HorizontalAlign::Left, VerticalAlign::Middle);
     dY += c_dLegendLine;
   }
-  return ground;
 }
 
 }  // namespace skyframe::host

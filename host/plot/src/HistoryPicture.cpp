@@ -13,7 +13,9 @@ namespace {
 
 constexpr double c_dLabelHeight = 12.0;
 constexpr double c_dCurveWidth = 1.3;
-constexpr double c_dMargin = 0.12;                         // of the range, above and below the curves
+constexpr double c_dMargin = 0.12;  // of the range, above and below the curves
+constexpr double c_dLegendGap = 16.0;
+constexpr double c_dRoundOff = 1.0e-6;                     // of the largest peak: beside it nothing
 constexpr double c_dPeakRoom = 26.0;                       // pixels, for the label of a peak
 constexpr int c_nTimeTicks = 12, c_nValueTicks = 10;       // at most
 constexpr double c_dTimeTick = 45.0, c_dValueTick = 18.0;  // pixels that a tick needs
@@ -108,12 +110,12 @@ void PaintCursor(IPaintContext& paint, CChart& chart, const CChartFrame& frame, 
   }
 }
 
-void PaintCurveLegend(CChart& chart, const HistoryPicture& picture, CLabelField& labels) {
-  if (picture.curves.size() < 2) return;
+/// None for a single curve.
+std::vector<LegendEntry> FormLegend(const HistoryPicture& picture) {
   std::vector<LegendEntry> entries;
-  for (std::size_t c = 0; c < picture.curves.size(); ++c)
+  for (std::size_t c = 0; c < picture.curves.size() && picture.curves.size() > 1; ++c)
     entries.push_back({picture.curves[c].strName, GetCurveColour(c), false});
-  labels.Reserve(chart.Legend(entries));
+  return entries;
 }
 
 }  // namespace
@@ -121,7 +123,9 @@ void PaintCurveLegend(CChart& chart, const HistoryPicture& picture, CLabelField&
 Colour GetCurveColour(std::size_t nCurve) { return c_curveColours[nCurve % c_curveColours.size()]; }
 
 CChartFrame FormHistoryFrame(const HistoryPicture& picture, PictureSize size) {
-  const Box box = GetChartBox(size, !picture.strTitle.empty());
+  Box box = GetChartBox(size, !picture.strTitle.empty());
+  const std::vector<LegendEntry> legend = FormLegend(picture);
+  if (!legend.empty()) box.dRight = std::max(box.dRight - GetLegendWidth(legend), box.dLeft + 1.0);
   const int nTimeTicks = CountTicks(box.GetWidth(), c_dTimeTick, c_nTimeTicks);
   const int nValueTicks = CountTicks(box.GetHeight(), c_dValueTick, c_nValueTicks);
   const double dEnd = static_cast<double>(CountSteps(picture)) * picture.dTimeStep;
@@ -152,9 +156,13 @@ void PaintHistoryChart(IPaintContext& paint, const HistoryPicture& picture, Pict
     chart.Curve(points, GetCurveColour(c), c_dCurveWidth);
     peaks.push_back(FindPeakPoint(points));
   }
-  PaintCurveLegend(chart, picture, labels);
+  if (const auto legend = FormLegend(picture); !legend.empty())
+    chart.Legend(legend, {frame.GetBox().dRight + c_dLegendGap, frame.GetBox().dTop});
+  double dLargest = 0.0;
+  for (const auto& peak : peaks) dLargest = std::max(dLargest, peak ? std::abs(peak->dY) : 0.0);
   for (std::size_t c = 0; c < peaks.size(); ++c) {
-    if (peaks[c]) MarkPeak(chart, frame, picture, *peaks[c], bSingle ? c_markColour : GetCurveColour(c), labels);
+    if (peaks[c] && std::abs(peaks[c]->dY) > c_dRoundOff * dLargest)
+      MarkPeak(chart, frame, picture, *peaks[c], bSingle ? c_markColour : GetCurveColour(c), labels);
   }
   if (picture.cursor) PaintCursor(paint, chart, frame, picture, labels);
   labels.Paint(paint);

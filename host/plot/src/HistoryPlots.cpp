@@ -50,23 +50,22 @@ std::optional<SingleHistory> LoadExtract(CPlotSource& source, const HistoryChoic
   const std::string strSuffix =
       "_" + std::to_string(choice.nNumber) +
       std::string(choice.nQuantity == c_nHistoryForce ? suffix::c_strElementHistory : suffix::c_strNodeHistory);
-  if (!source.HasFile(strSuffix)) {
-    (void)source.FindFile(suffix::c_strHistory, texts::c_historyAnalysis);  // tells that it is not there
-    return std::nullopt;
-  }
-  const std::string strPath = source.GetJobPath() + strSuffix;
-  auto history = source.Take(strPath, ReadHistoryExtract(strPath, source.GetHistoryModel()));
-  if (history && history->nQuantity != choice.nQuantity) return source.Refuse(strPath, Say(texts::c_otherDirection));
+  const auto strPath = source.FindFile(source.HasFile(strSuffix) ? strSuffix : std::string(suffix::c_strHistory),
+                                       texts::c_historyAnalysis);
+  if (!strPath) return std::nullopt;
+  auto history = source.Take(*strPath, ReadHistoryExtract(*strPath, source.GetHistoryModel()));
+  if (history && history->nQuantity != choice.nQuantity) return source.Refuse(*strPath, Say(texts::c_otherDirection));
   return history;
 }
 
 /// The curves from the file of all histories, or from those of single ones when it is not there.
 std::optional<std::vector<SingleHistory>> LoadHistories(CPlotSource& source, const std::vector<NamedChoice>& choices) {
   if (source.HasFile(suffix::c_strHistory)) {
-    const std::string strPath = source.GetJobPath() + std::string(suffix::c_strHistory);
+    const auto strPath = source.FindFile(suffix::c_strHistory, texts::c_historyAnalysis);
+    if (!strPath) return std::nullopt;
     std::vector<HistoryChoice> wanted;
     for (const NamedChoice& named : choices) wanted.push_back(named.choice);
-    return source.Take(strPath, ReadHistories(strPath, source.GetHistoryModel(), wanted));
+    return source.Take(*strPath, ReadHistories(*strPath, source.GetHistoryModel(), wanted));
   }
   std::vector<SingleHistory> histories;
   for (const NamedChoice& named : choices) {

@@ -5,13 +5,16 @@
 
 #include "skyframe/job/Text.h"
 #include "skyframe/platform/Platform.h"
+#include "skyframe/run/Stamps.h"
 #include "skyframe/values/ResultFiles.h"
 #include "texts.h"
 
 namespace skyframe::host {
 
 std::string CPlotSource::GetTitle() const {
-  return m_job.strTitle.empty() ? FromFilePath(ToFilePath(m_strJobPath).filename()) : m_job.strTitle;
+  const std::string strTitle =
+      m_job.strTitle.empty() ? FromFilePath(ToFilePath(m_strJobPath).filename()) : m_job.strTitle;
+  return m_bOutdated ? Say(texts::c_outdated, {strTitle}) : strTitle;
 }
 
 HistoryModel CPlotSource::GetHistoryModel() const {
@@ -34,8 +37,12 @@ bool CPlotSource::HasFile(std::string_view strSuffix) const {
 
 std::optional<std::string> CPlotSource::FindFile(std::string_view strSuffix, const Words& analysis) {
   std::string strPath = m_strJobPath + std::string(strSuffix);
-  if (HasFile(strSuffix)) return strPath;
-  return Refuse(strPath, Say(texts::c_notThere, {Say(analysis)}));
+  if (!HasFile(strSuffix)) return Refuse(strPath, Say(texts::c_notThere, {Say(analysis)}));
+  for (const Advice& advice : AdviseOnAge(m_job, m_strJobPath, strSuffix)) {
+    m_err << EscapeControls(FormatAdvice(advice)) << '\n';
+    m_bOutdated = true;
+  }
+  return strPath;
 }
 
 std::optional<ModeResultFile> CPlotSource::LoadModes() {

@@ -26,6 +26,7 @@ class CPlotSource {
   [[nodiscard]] const Job& GetJob() const { return m_job; }
   [[nodiscard]] const std::string& GetJobPath() const { return m_strJobPath; }
   [[nodiscard]] CHostPlatform& GetOwnPlatform() { return m_platform.Get(); }
+  /// Says so when a file that was found comes from another model.
   [[nodiscard]] std::string GetTitle() const;
   [[nodiscard]] HistoryModel GetHistoryModel() const;
   [[nodiscard]] StructureSize GetSize() const { return {m_job.nodes.size(), m_job.elements.size()}; }
@@ -35,7 +36,7 @@ class CPlotSource {
   std::nullopt_t Refuse(const std::string& strPath, std::string_view strReason);
 
   [[nodiscard]] bool HasFile(std::string_view strSuffix) const;
-  /// The path of a result file that exists.
+  /// The path of a result file that exists. A warning when it comes from another model than the job.
   std::optional<std::string> FindFile(std::string_view strSuffix, const Words& analysis);
   /// What a reader found in a file, or nothing after the reason was told.
   template <class Content>
@@ -51,6 +52,7 @@ class CPlotSource {
   const Job& m_job;
   const std::string& m_strJobPath;
   std::ostream& m_err;
+  bool m_bOutdated = false;      ///< a file comes from another model
   std::ostringstream m_console;  ///< trace lines of the module, of no use here
   CPlatformScope m_platform;
 };

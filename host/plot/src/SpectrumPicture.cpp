@@ -15,6 +15,7 @@ constexpr double c_dLongestPeriod = 6.0;  // the spectrum ends here
 constexpr int c_nCurveSteps = 1200;
 constexpr double c_dLabelGap = 16;  // least distance of two period labels
 constexpr double c_dLabelHeight = 12;
+constexpr double c_dLegendGap = 8;
 
 double GetAlpha(const SpectrumPicture& picture, double T) {
   return EvaluateDesignSpectrum(picture.site, T, picture.dDamping).value_or(DesignSpectrumValue{}).dAlpha;
@@ -87,7 +88,8 @@ void PaintSpectrum(IPaintContext& paint, const SpectrumPicture& picture, Picture
       {Say(texts::c_alphaOfPeriod, {Format("%g", picture.dDamping)}), c_curveColour, false}};
   if (!picture.periods.empty())
     legend.push_back({Say(texts::c_modePeriods, {std::to_string(picture.periods.size())}), c_markColour, true});
-  chart.Legend(legend);
+  const Box& box = chart.GetBox();
+  chart.Legend(legend, {box.dRight - c_dLegendGap - GetLegendWidth(legend), box.dTop + c_dLegendGap});
 }
 
 }  // namespace skyframe::host

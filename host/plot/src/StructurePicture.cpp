@@ -28,6 +28,13 @@ constexpr double c_dLabelHeight = 11, c_dNoteHeight = 12;
 
 constexpr std::size_t c_nManyMembers = 2000;
 
+/// Values on members, and those of the reactions.
+std::size_t CountLabels(const StructurePicture& picture) {
+  constexpr std::size_t c_nOfSupport = 4;
+  const std::size_t nReactions = picture.bReactions ? c_nOfSupport * picture.forces.reactions.size() : 0;
+  return ChooseLabelCount(picture.shown.CountMembers(picture.scene)) + nReactions;
+}
+
 /// What is painted, and where.
 class CStructureSheet {
  public:
@@ -35,7 +42,7 @@ class CStructureSheet {
       : m_paint(paint),
         m_picture(picture),
         m_box{c_edges.dLeft, c_edges.dTop, size.nWidth - c_edges.dRight, size.nHeight - c_edges.dBottom},
-        m_labels(m_box, ChooseLabelCount(picture.shown.CountMembers(picture.scene)), c_dLabelHeight) {
+        m_labels(m_box, CountLabels(picture), c_dLabelHeight) {
     m_camera.SetDirection(picture.view);
     m_camera.SetViewport(GetView());
     m_camera.Fit(FindSeenPoints(), HasArrows() ? c_dViewMargin : c_dFlatMargin);

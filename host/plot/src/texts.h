@@ -58,6 +58,8 @@ inline constexpr Words c_combinedLoads{"Loads combined: {0}", "荷载组合：{0
 inline constexpr Words c_factorOfCase{"{0} × case {1}", "{0} × 工况 {1}"};
 inline constexpr Words c_framesAt{"members at {0} = {1} m", "{0} = {1} m 处的杆件"};
 
+inline constexpr Words c_outdated{"{0} (results of another model)", "{0}（结果过期）"};
+
 // What cannot be drawn.
 inline constexpr Words c_notThere{"cannot be opened; it is written by the {0}", "打不开；它由{0}写出"};
 inline constexpr Words c_modalAnalysis{"modal analysis", "振型分析"};

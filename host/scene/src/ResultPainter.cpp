@@ -28,6 +28,7 @@ constexpr double c_dLeastReaction = 0.005;
 constexpr double c_dReactionWidth = 1.5;  // pixels
 constexpr double c_dBelow = 10.0;         // support
 constexpr double c_dBeside = 6.0;
+constexpr double c_dReactionFirst = 0.5;  // before values on members
 constexpr double c_dMomentShift = 6.0;
 constexpr double c_dInwards = 0.7;  // of a label at a member's end
 constexpr int c_nColourLevels = 96;
@@ -154,7 +155,8 @@ void CResultPainter::AddValues(const Ordinates& ordinates, const ForceExtremes& 
 void CResultPainter::PaintColours(std::span<const ColouredLine> lines, const CColourScale& scale, double dWidth) {
   const double dLevel = (scale.GetHigh() - scale.GetLow()) / c_nColourLevels;
   for (std::size_t i = 0; i < lines.size(); ++i) {
-    const auto& [line, values] = lines[i];
+    const MemberLine& line = lines[i].line;
+    const std::vector<double>& values = lines[i].values;
     if (!m_shown.HasMember(i) || line.empty()) continue;
     const auto getLevel = [&](std::size_t k) { return std::round(0.5 * (values[k] + values[k + 1]) / dLevel); };
     std::vector<PaintPoint> points = {ToScreen(line.front())};
@@ -199,7 +201,7 @@ void CResultPainter::PaintReaction(const SupportForces& reaction, std::size_t nD
   PaintArrow(m_paint, bOutwards ? inner : outer, bOutwards ? outer : inner, bMoment);
   if (pLabels == nullptr) return;
   pLabels->Add({outer, Shift(outer, -1.0, inner), (bAbsolute ? "±" : "") + FormatForce(std::abs(dValue), dLargest),
-                c_reactionColour, std::abs(dValue) / dLargest});
+                c_reactionColour, c_dReactionFirst + std::abs(dValue) / dLargest});
 }
 
 }  // namespace skyframe::host

@@ -14,6 +14,9 @@
 #include "skyframe/gui/AnalysisPanel.h"
 #include "skyframe/gui/Document.h"
 #include "skyframe/gui/HistoryPanel.h"
+#include "skyframe/gui/HelpWindow.h"
+#include "skyframe/gui/InspectPanel.h"
+#include "skyframe/gui/ResultBar.h"
 #include "skyframe/gui/ResultPanel.h"
 #include "skyframe/gui/ShapeBar.h"
 #include "skyframe/gui/StructureView.h"
@@ -40,6 +43,8 @@ class CMainWindow : public QMainWindow {
 
  protected:
   void closeEvent(QCloseEvent* pEvent) override;
+  void dragEnterEvent(QDragEnterEvent* pEvent) override;
+  void dropEvent(QDropEvent* pEvent) override;
 
  private:
   void MakeFileMenu();
@@ -49,18 +54,25 @@ class CMainWindow : public QMainWindow {
   void MakeLanguageMenu(QMenu& viewMenu);
   void MakeHelpMenu();
   void MakeDocks();
+  void ConnectView();
   QAction* AddJobAction(QMenu& menu, const host::Words& text, const host::Words& tip, const char* pszName,
                         std::function<void()> action);
   void AddOption(QMenu& menu, const host::Words& text, const host::Words& tip, const char* pszName,
                  bool ViewOptions::*pOption);
 
+  void OnNew();
   void OnOpen();
+  void ShowManual();
+  /// Asks for a job file to write; empty when the person has none.
+  QString AskForFile(const QString& strProposed);
   bool OnSave();
   bool OnSaveAs();
   bool SaveTo(const QString& strFile);
   /// Asks whether to save changed analyses; false: go on with what was.
   bool MayLeaveJob();
   void OnSavePicture();
+  void OnReport();
+  void OnPrint();
   void OnAbout();
 
   /// Runs an analysis in its dialogs, filled in with those values when there are any.
@@ -86,8 +98,11 @@ class CMainWindow : public QMainWindow {
   CStructureView m_view;
   QString m_strDrawn;  ///< job file whose structure the view shows
   CShapeBar m_shapeBar;
+  CResultBar m_resultBar;
   QDockWidget m_analysisDock;
   CAnalysisPanel m_analyses;
+  QDockWidget m_inspectDock;
+  CInspectPanel m_inspect;
   QDockWidget m_consoleDock;
   QPlainTextEdit m_console;
   QStringDecoder m_decoder;
@@ -99,6 +114,7 @@ class CMainWindow : public QMainWindow {
   CResultPanel m_results;
   QDockWidget m_historyDock;
   CHistoryPanel m_histories;
+  std::unique_ptr<CHelpWindow> m_pHelp;  ///< made when it is asked for
   QMenu m_recentMenu;
   QActionGroup m_fontSizes;
   QActionGroup m_languages;

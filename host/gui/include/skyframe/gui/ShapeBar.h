@@ -28,6 +28,8 @@ class CShapeBar : public QToolBar {
   void ShowMoment(std::optional<host::DeformedShape> moment, bool bOutdated = false);
   /// A person has chosen a shape while a moment was drawn.
   CNotice momentLeft;
+  /// Draws the next shape in the list, or the one before for -1.
+  void Step(int nStep);
   /// "mode3": the shape drawn, for the name of its picture; "structure" without one.
   [[nodiscard]] std::string FormFileName() const;
 

@@ -78,6 +78,8 @@ struct LegendEntry {
   bool bMark = false;  ///< a square, else a line
 };
 
+[[nodiscard]] double GetLegendWidth(std::span<const LegendEntry> entries);
+
 /// A coordinate system with grid, ticks and titles.
 class CChart {
  public:
@@ -91,8 +93,8 @@ class CChart {
   void Curve(std::span<const PaintPoint> data, Colour colour, double dWidth);
   /// Square on a data point.
   void Mark(double dX, double dY, Colour colour);
-  /// At the top right, on a ground of its own. Returns the place it takes.
-  Box Legend(std::span<const LegendEntry> entries);
+  /// On a ground of its own.
+  void Legend(std::span<const LegendEntry> entries, PaintPoint topLeft);
 
  private:
   void PaintGrid();
