@@ -24,7 +24,7 @@ namespace skyframe::gui {
 namespace {
 
 constexpr std::size_t c_nMostCurves = 24;
-constexpr int c_nSwatch = 12;  // pixels
+constexpr int c_nSwatch = 12;    // pixels
 constexpr double c_dFlat = 1.8;  // width by height from which charts stand side by side
 
 QIcon MakeSwatch(Colour colour) {
@@ -135,6 +135,9 @@ void CHistoryPanel::ConnectAll() {
         });
   }
   m_player.changed.Connect([this] { ShowTime(); });
+  m_document.stepChanged.Connect([this] {
+    if (m_document.GetStep() != m_player.GetStep()) m_player.GoTo(m_document.GetStep());
+  });
   m_shapes.momentLeft.Connect([this] {
     m_player.Stop();
     m_player.SetMoves(false);
@@ -283,7 +286,10 @@ void CHistoryPanel::ShowTime() {
   for (CHistoryChart& chart : m_charts) chart.SetCursor(m_player.GetTime());
   const HistorySet* const pShown = GetShown();
   const int nStep = pShown != nullptr ? std::min(m_player.GetStep(), pShown->nSteps - 1) : 0;
-  if (pShown != nullptr) ShowValues(*pShown, nStep);
+  if (pShown != nullptr) {
+    ShowValues(*pShown, nStep);
+    m_document.SetStep(nStep);
+  }
   if (pShown == nullptr || !m_player.Moves()) return m_shapes.ShowMoment(std::nullopt);
   host::DeformedShape moment = host::FormMoment(*pShown, nStep, m_dLargest);
   if (moment.FindUndrawableNode()) return m_shapes.ShowMoment(std::nullopt);

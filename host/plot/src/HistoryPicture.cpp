@@ -15,6 +15,7 @@ constexpr double c_dLabelHeight = 12.0;
 constexpr double c_dCurveWidth = 1.3;
 constexpr double c_dMargin = 0.12;  // of the range, above and below the curves
 constexpr double c_dLegendGap = 16.0;
+constexpr double c_dWidestLegend = 0.3;                    // of the picture
 constexpr double c_dRoundOff = 1.0e-6;                     // of the largest peak: beside it nothing
 constexpr double c_dPeakRoom = 26.0;                       // pixels, for the label of a peak
 constexpr int c_nTimeTicks = 12, c_nValueTicks = 10;       // at most
@@ -111,10 +112,12 @@ void PaintCursor(IPaintContext& paint, CChart& chart, const CChartFrame& frame, 
 }
 
 /// None for a single curve.
-std::vector<LegendEntry> FormLegend(const HistoryPicture& picture) {
+/// Empty also in a picture too narrow for it, which stands where the curves are told apart otherwise.
+std::vector<LegendEntry> FormLegend(const HistoryPicture& picture, PictureSize size) {
   std::vector<LegendEntry> entries;
   for (std::size_t c = 0; c < picture.curves.size() && picture.curves.size() > 1; ++c)
     entries.push_back({picture.curves[c].strName, GetCurveColour(c), false});
+  if (!entries.empty() && GetLegendWidth(entries) > c_dWidestLegend * size.nWidth) entries.clear();
   return entries;
 }
 
@@ -124,7 +127,7 @@ Colour GetCurveColour(std::size_t nCurve) { return c_curveColours[nCurve % c_cur
 
 CChartFrame FormHistoryFrame(const HistoryPicture& picture, PictureSize size) {
   Box box = GetChartBox(size, !picture.strTitle.empty());
-  const std::vector<LegendEntry> legend = FormLegend(picture);
+  const std::vector<LegendEntry> legend = FormLegend(picture, size);
   if (!legend.empty()) box.dRight = std::max(box.dRight - GetLegendWidth(legend), box.dLeft + 1.0);
   const int nTimeTicks = CountTicks(box.GetWidth(), c_dTimeTick, c_nTimeTicks);
   const int nValueTicks = CountTicks(box.GetHeight(), c_dValueTick, c_nValueTicks);
@@ -156,7 +159,7 @@ void PaintHistoryChart(IPaintContext& paint, const HistoryPicture& picture, Pict
     chart.Curve(points, GetCurveColour(c), c_dCurveWidth);
     peaks.push_back(FindPeakPoint(points));
   }
-  if (const auto legend = FormLegend(picture); !legend.empty())
+  if (const auto legend = FormLegend(picture, size); !legend.empty())
     chart.Legend(legend, {frame.GetBox().dRight + c_dLegendGap, frame.GetBox().dTop});
   double dLargest = 0.0;
   for (const auto& peak : peaks) dLargest = std::max(dLargest, peak ? std::abs(peak->dY) : 0.0);
