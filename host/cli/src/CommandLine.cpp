@@ -17,8 +17,8 @@ namespace {
 using CommandMaker = std::unique_ptr<CCommand> (*)(const CommandContext& context);
 
 /// In the order of the help text.
-constexpr CommandMaker c_commands[] = {MakeRunCommand, MakeCheckCommand, MakePlotCommand, MakeGenerateCommand,
-                                       MakeSchemaCommand};
+constexpr CommandMaker c_commands[] = {MakeRunCommand,   MakeCheckCommand,    MakePlotCommand,
+                                       MakeTableCommand, MakeGenerateCommand, MakeSchemaCommand};
 
 class CCommandLine {
  public:
