@@ -46,15 +46,21 @@ class CTestPlatform {
   CHeadlessPlatform* operator->() { return &m_platform; }
   std::string GetConsole() const { return m_strmConsole.str(); }
   const Strings& GetMessages() const { return m_platform.GetMessages(); }
-  const std::vector<double>& GetProgress() const { return m_platform.m_progress; }
+  /// What was told of each step of the work, in the order of the steps.
+  using ToldSteps = std::vector<std::pair<std::string, std::vector<double>>>;
+  const ToldSteps& GetProgress() const { return m_platform.m_progress; }
 
  private:
   std::ostringstream m_strmMessages;
   std::ostringstream m_strmConsole;
   struct CPlatform : CHeadlessPlatform {
     using CHeadlessPlatform::CHeadlessPlatform;
-    void ReportProgress(double dFraction, std::string_view) override { m_progress.push_back(dFraction); }
-    std::vector<double> m_progress;
+    void ReportProgress(double dFraction, std::string_view strLabel) override {
+      const bool bSame = !m_progress.empty() && m_progress.back().first == strLabel;
+      if (!bSame || dFraction < m_progress.back().second.back()) m_progress.push_back({std::string(strLabel), {}});
+      m_progress.back().second.push_back(dFraction);
+    }
+    ToldSteps m_progress;
   } m_platform;
   IPlatform* m_pPrevious;
 };

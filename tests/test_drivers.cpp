@@ -57,6 +57,31 @@ TEST(Drivers, ReportTheTimeOnTheWall) {
   }
 }
 
+TEST(Drivers, TellOfEveryStepFromItsBeginningToItsEnd) {
+  CDriverRun run;
+  run.job.Write("_Xacc.txt", "0.1 -0.2 0.1 0.1");
+  const Strings expected[] = {
+      {"组装质量矩阵", "组装刚度矩阵", "矩阵分解", "模态分析", "丢根判断", "丢根判断", "写模态文件"},
+      {"读模态文件", "组装质量矩阵", "振型组合", "写反应谱结果文件"},
+      {"组装刚度矩阵", "矩阵分解", "平衡迭代", "写静力结果文件"},
+      {"组装刚度矩阵", "组装质量矩阵", "矩阵分解", "时程积分", "写时程结果文件"},
+      {"读时程结果文件"}};
+  std::size_t nTold = 0;
+  for (std::size_t n = 0; const EntryPoint& point : GetEntryPoints()) {
+    for (const auto& [nDialog, steps] : point.scripts) run.platform->AddScript(nDialog, steps);
+    point.call();
+    Strings names;
+    for (; nTold < run.platform.GetProgress().size(); ++nTold) {
+      const auto& [strName, fractions] = run.platform.GetProgress()[nTold];
+      names.push_back(strName);
+      EXPECT_EQ(fractions.front(), 0.0) << strName;
+      EXPECT_TRUE(fractions.back() == 1.0 || strName == "平衡迭代") << strName << ' ' << fractions.back();
+      EXPECT_TRUE(strName != "时程积分" || fractions.size() == 4U) << "every step";
+    }
+    EXPECT_EQ(names, expected[n++]);
+  }
+}
+
 TEST(Drivers, RenumberingLeavesNoTrace) {
   CDriverRun run;
   ABCD.m_nLoadCases = std::numeric_limits<int>::max();

@@ -14,6 +14,7 @@ void RunModal() {
   CModeDlg dialog;
   dialog.m_loadComb.nLoadTypes = CountLoadTypes();
   if (dialog.DoModal() != c_nIdOk) return;
+  const CWaitCursorScope waitCursor;
 
   const CRenumbering renumbering;
   const auto pModel = std::make_unique<CAnalysisModel>();

@@ -13,6 +13,7 @@ int RunSpectrum() {
   CSpectrumDlg dialog;
   dialog.m_loadComb.nLoadTypes = CountLoadTypes();
   if (dialog.DoModal() != c_nIdOk) return 0;
+  const CWaitCursorScope waitCursor;
 
   const auto pModel = std::make_unique<CAnalysisModel>();
   CFindingsKeeper keeper(g_findings.spectrum, pModel->m_spectrumFindings);

@@ -10,6 +10,7 @@ void RunStatic() {
   CNonlinStaticDlg dialog;
   dialog.m_loadComb.nLoadTypes = CountLoadTypes();
   if (dialog.DoModal() != c_nIdOk) return;
+  const CWaitCursorScope waitCursor;
 
   // Deliberate: the model outlives the call.
   CAnalysisModel& model = KeepNewModel(g_keptModels.m_pStatic);

@@ -26,6 +26,7 @@ int RunWilson(CAnalysisModel& model) {
   CWilsonDlg dialog;
   dialog.m_loadComb.nLoadTypes = CountLoadTypes();
   if (dialog.DoModal() != c_nIdOk) return 0;
+  const CWaitCursorScope waitCursor;
 
   const CFindingsKeeper keeper(g_findings.history, model.m_historyFindings);
   TakeSettings<HistorySettings, WilsonSettings>(model, dialog);
@@ -41,6 +42,12 @@ bool FitsScript(const CNewmarkDlg& dialog) {
   return 2.0 * dSteps * (static_cast<double>(dialog.m_impulses.size()) + 1.0) <= c_dMostLines;
 }
 
+void BuildModel(CAnalysisModel& model) {
+  const CWaitCursorScope waitCursor;
+  model.m_dKeptHistoryBytes = g_history.GetBytes();
+  model.BuildModel();
+}
+
 /// Text of the impulse list, for the run and beside the job.
 void ComposeScript(CAnalysisModel& model, const CNewmarkDlg& dialog) {
   model.LoadScript =
@@ -52,6 +59,7 @@ int RunNewmark(CAnalysisModel& model) {
   CNewmarkDlg dialog;
   dialog.m_loadComb.nLoadTypes = CountLoadTypes();
   if (dialog.DoModal() != c_nIdOk) return 0;
+  const CWaitCursorScope waitCursor;
 
   const CFindingsKeeper keeper(g_findings.history, model.m_historyFindings);
   if (dialog.m_nLoadType != c_nNodalForce && dialog.m_nLoadType != c_nGroundMotion) return 1;
@@ -81,8 +89,7 @@ int RunTimeHistory() {
 
   // Deliberate: the model outlives the call, and nobody asks whether it was built before the dialogs.
   CAnalysisModel& model = KeepNewModel(g_keptModels.m_pTimeHistory);
-  model.m_dKeptHistoryBytes = g_history.GetBytes();
-  model.BuildModel();
+  BuildModel(model);
   g_strJobPath = GetHostJobPath();
   switch (COMDYN.m_nMethod) {
     case c_nWilsonMethod:

@@ -3,6 +3,7 @@
 #include <span>
 
 #include "skyframe/platform/OutputFile.h"
+#include "skyframe/platform/Progress.h"
 #include "skyframe/values/ResultFiles.h"
 #include "texts.h"
 
@@ -44,11 +45,14 @@ bool WriteHistory(const HistorySet& history, const std::string& strPath, RunFind
   CTextWriter& out = file.GetWriter();
   WriteHeader(out, history, texts::c_strIncrement);
   const std::span<const CHistoryTable> values = history.values;
+  CProgress progress(texts::c_strWriteHistory, history.GetNodeCount() + history.GetElementCount());
   for (int i = 0; i < history.GetNodeCount(); ++i) {
     WriteBlock(out, texts::c_strNodeLabel, i, history.nSteps, values.first(c_nHistoryForce));
+    progress.Advance();
   }
   for (int j = 0; j < history.GetElementCount(); ++j) {
     WriteBlock(out, texts::c_strMemberLabel, j, history.nSteps, values.subspan(c_nHistoryForce));
+    progress.Advance();
   }
   return CommitResult(file, findings);
 }

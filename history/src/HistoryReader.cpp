@@ -4,6 +4,7 @@
 #include "skyframe/history/HistoryFile.h"
 #include "skyframe/hostdata/HostData.h"
 #include "skyframe/platform/Platform.h"
+#include "skyframe/platform/Progress.h"
 #include "skyframe/platform/WordReader.h"
 #include "skyframe/values/ResultFiles.h"
 #include "texts.h"
@@ -84,8 +85,15 @@ std::optional<HistorySet> ParseHistory(std::string_view strText, int nNodes, int
 
   history.Allocate(history.nSteps, nNodes, nElements);
   const std::span<CHistoryTable> values = history.values;
-  for (int i = 0; i < nNodes; ++i) ReadBlock(words, i, history.nSteps, values.first(c_nHistoryForce));
-  for (int j = 0; j < nElements; ++j) ReadBlock(words, j, history.nSteps, values.subspan(c_nHistoryForce));
+  CProgress progress(texts::c_strReadHistory, nNodes + nElements);
+  for (int i = 0; i < nNodes; ++i) {
+    ReadBlock(words, i, history.nSteps, values.first(c_nHistoryForce));
+    progress.Advance();
+  }
+  for (int j = 0; j < nElements; ++j) {
+    ReadBlock(words, j, history.nSteps, values.subspan(c_nHistoryForce));
+    progress.Advance();
+  }
   if (words.HasFailed()) return std::nullopt;
   history.bComplete = true;
   return history;

@@ -9,6 +9,7 @@
 #include "skyframe/model/RayleighDamping.h"
 #include "skyframe/numeric/VectorAlgebra.h"
 #include "skyframe/platform/Platform.h"
+#include "skyframe/platform/Progress.h"
 #include "texts.h"
 
 namespace skyframe {
@@ -71,8 +72,7 @@ bool CTimeHistoryRun::RunWilson() {
   CImpulseScript script(m_model.LoadScript);
   if (!OpenScript(script)) return false;
   const WilsonConstants constants(m_model.m_dWilsonTheta, m_model.m_dTimeStep);
-  if (!FormOperators(constants.a0, constants.a1)) return false;
-  FormEffective();
+  if (!FormOperators(constants.a0, constants.a1) || !FactoriseEffective()) return false;
   CWilsonIntegrator integrator(constants, m_massRows, m_dampingRows, m_stiffness);
   return StepNodalForces(integrator, script);
 }
@@ -84,8 +84,7 @@ bool CTimeHistoryRun::RunNodalForce() {
   // Deliberate: nodal forces have no nonlinear run; it ends here without a word.
   if (m_model.m_history.nAssumption == 1) return false;
   const NewmarkConstants constants = GetNewmark();
-  if (!FormOperators(constants.a0, constants.a1)) return false;
-  FormEffective();
+  if (!FormOperators(constants.a0, constants.a1) || !FactoriseEffective()) return false;
   CNewmarkIntegrator integrator(constants, m_massRows, m_dampingRows, m_stiffness);
   return StepNodalForces(integrator, script);
 }
@@ -118,26 +117,30 @@ bool CTimeHistoryRun::OpenScript(CImpulseScript& script) const {
 
 template <class Integrator>
 bool CTimeHistoryRun::StepNodalForces(Integrator& integrator, CImpulseScript& script) {
+  CProgress progress(texts::c_strIntegration, m_model.m_history.nSteps);
   for (int k = 0; k < m_model.m_history.nSteps; ++k) {
     FormStepLoad(script);
     if (!integrator.StepForce(m_model.GetLoadVector().first(GetFreeCount()))) return false;
     if (!m_model.IsWithinLimit(integrator.GetState().u)) return false;
     ComputeAxialForces(integrator.GetState().u);
     Record(k, integrator.GetState().u);
+    progress.Advance();
   }
   return true;
 }
 
 bool CTimeHistoryRun::StepLinearGround(const CGroundMotion& motion) {
-  FormEffective();
+  if (!FactoriseEffective()) return false;
   CNewmarkIntegrator integrator(GetNewmark(), m_massRows, m_dampingRows, m_stiffness);
   std::vector<double> g(GetFreeCount());
+  CProgress progress(texts::c_strIntegration, m_model.m_history.nSteps);
   for (int k = 0; k < m_model.m_history.nSteps; ++k) {
     motion.FormVector(k, m_model.GetNodes(), g);
     if (!integrator.StepGround(g)) return false;
     if (!m_model.IsWithinLimit(integrator.GetState().u)) return false;
     ComputeAxialForces(integrator.GetState().u);
     Record(k, integrator.GetState().u);
+    progress.Advance();
   }
   return true;
 }
@@ -156,11 +159,13 @@ bool CTimeHistoryRun::StepNonlinearGround(const CGroundMotion& motion) {
   CNonlinearNewmark integrator(GetNewmark(), {GetTest(), m_model.m_nMaxIter}, m_massRows, m_dampingRows, m_inertia,
                                structure, P0, Fint);
   std::vector<double> g(GetFreeCount());
+  CProgress progress(texts::c_strIntegration, m_model.m_history.nSteps);
   for (int k = 0; k < m_model.m_history.nSteps; ++k) {
     motion.FormVector(k, m_model.GetNodes(), g);
     if (!integrator.StepGround(g)) return false;
     if (!integrator.HasConverged()) ++m_findings.nRoughSteps;
     Record(k, m_model.GetDisplacements().first(GetFreeCount()));
+    progress.Advance();
   }
   return true;
 }
@@ -202,9 +207,10 @@ bool CTimeHistoryRun::FormOperators(double a0, double a1) {
   return true;
 }
 
-void CTimeHistoryRun::FormEffective() {
+bool CTimeHistoryRun::FactoriseEffective() {
   m_stiffness += m_inertia;
   m_inertia.Release();
+  return m_stiffness.Decompose(m_model.GetFreeDofs());
 }
 
 void CTimeHistoryRun::FormStepLoad(CImpulseScript& script) {
@@ -226,6 +232,7 @@ bool CTimeHistoryRun::ApplyStaticLoad() {
   const IterationTest test = GetTest();
   const double dForce = Norm(P);
   m_findings.bRoughStart = true;
+  CProgress progress(texts::c_strStartLoad, m_model.m_nMaxIter);
   for (int k = 0; k < m_model.m_nMaxIter && m_findings.bRoughStart; ++k) {
     // K du = R with the tangent stiffness; R = P - Fint
     SparseMatrix& K = m_stiffness;
@@ -237,6 +244,7 @@ bool CTimeHistoryRun::ApplyStaticLoad() {
     if (!Move(increment)) return false;
     for (std::size_t i = 0; i < F; ++i) residual[i] = P[i] - Fint[i];
     const double dTotal = Norm(m_model.GetDisplacements().first(F));
+    progress.Advance();
     m_findings.bRoughStart = !test.IsConverged(Norm(residual), dForce, Norm(increment), dTotal);
   }
   m_stiffness.Release();
@@ -272,7 +280,6 @@ void CTimeHistoryRun::Record(int nStep, std::span<const double> u) {
   }
   ++m_findings.nStepsDone;
   if (m_findings.nBadStep == 0) FindBadValue(nStep);
-  GetPlatform().ReportProgress((nStep + 1.0) / history.nSteps, texts::c_strIntegration);
 }
 
 void CTimeHistoryRun::FindBadValue(int nStep) {

@@ -42,8 +42,8 @@ class CTimeHistoryRun {
   void FormDamping();
   /// K, M and C = alpha M + beta K; m_inertia = a0 M + a1 C.
   [[nodiscard]] bool FormOperators(double a0, double a1);
-  /// K <- K + a0 M + a1 C, which is all a linear run keeps.
-  void FormEffective();
+  /// L D L^T of K + a0 M + a1 C in the place of K, which is all a linear run keeps.
+  [[nodiscard]] bool FactoriseEffective();
   void FormStepLoad(CImpulseScript& script);
 
   /// Equilibrium iteration under the load combination with the tangent stiffness; accepted as it stands

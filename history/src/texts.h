@@ -20,11 +20,14 @@ inline constexpr std::string_view c_strBadRecords[] = {"X方向加速度数据�
 // Integration.
 inline constexpr std::string_view c_strNoModes = "错误:模态未分析";
 inline constexpr std::string_view c_strHistoryTooLarge = "时程结果所需内存超出本机内存,计算终止!";
+inline constexpr std::string_view c_strStartLoad = "静力平衡迭代";
 inline constexpr std::string_view c_strIntegration = "时程积分";
 
 // History files.
 inline constexpr std::string_view c_strNoHistory = "没有进行时程分析。";
 inline constexpr std::string_view c_strHistoryNotWritten = "时程结果文件无法写入!";
+inline constexpr std::string_view c_strWriteHistory = "写时程结果文件";
+inline constexpr std::string_view c_strReadHistory = "读时程结果文件";
 inline constexpr std::string_view c_strNodeTotal = "Total node number:  ";
 inline constexpr std::string_view c_strElementTotal = "Total element number:  ";
 inline constexpr std::string_view c_strStepTotal = "Total time step:  ";

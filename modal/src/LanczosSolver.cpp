@@ -5,6 +5,8 @@
 #include <utility>
 
 #include "skyframe/numeric/VectorAlgebra.h"
+#include "skyframe/platform/Progress.h"
+#include "texts.h"
 
 namespace skyframe {
 namespace {
@@ -40,8 +42,10 @@ void CLanczosSolver::Start(std::vector<double> x0) {
 bool CLanczosSolver::Extend(int m) {
   m_Q.Reserve(m);
   m_MQ.Reserve(m);
+  CProgress progress(texts::c_strModalProgress, m, GetSize());
   while (GetSize() < m && !m_bExhausted) {
     if (!Step()) return false;
+    progress.Advance();
   }
   return true;
 }

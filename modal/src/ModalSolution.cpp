@@ -11,6 +11,7 @@
 #include "skyframe/modal/ModeFile.h"
 #include "skyframe/numeric/VectorAlgebra.h"
 #include "skyframe/platform/Platform.h"
+#include "skyframe/platform/Progress.h"
 #include "texts.h"
 
 namespace skyframe {
@@ -65,7 +66,7 @@ CModalSolution::CModalSolution(const CAnalysisModel& model)
           [this](std::span<const double> x, std::span<double> y) { m_M.Multiply(x, y); }) {}
 
 bool CModalSolution::Solve(bool bGeometric, bool bUseLoadMass) {
-  if (!Assemble(bGeometric, bUseLoadMass)) return false;
+  if (!Assemble(bGeometric, bUseLoadMass) || !m_K.Decompose(m_nFree)) return false;
   m_lanczos.Start(MakeStartVector());
   if (!IterateToAcceptance()) return false;
   Refine();
@@ -94,6 +95,7 @@ bool CModalSolution::Assemble(bool bGeometric, bool bUseLoadMass) {
   }
   m_plainK = m_K;
   m_pRootTest = std::make_unique<CSturmTest>([this](double dShift) {
+    const CProgress progress(texts::c_strRootCount);
     SparseMatrix S = m_plainK;
     return CountBelowShift(S, m_M, dShift);
   });
@@ -125,7 +127,7 @@ void CModalSolution::Refine() {
   try {
     while (!IsComplete() && !(HasAllCounted() && IsSharp())) {
       const int m = std::min(m_lanczos.GetSize() + c_nRefinement, m_nFree);
-      if ((m > nLimit && m < m_nFree) || !ExtendTo(m)) return;
+      if ((m > nLimit && m < m_nFree) || !m_lanczos.Extend(m)) return;
       TridiagonalEigen accepted = m_lanczos.GetRitz();
       m_lanczos.SolveRitz(m_model.m_dModeTol);
       if (!m_lanczos.GetRitz().bConverged || !IsSupported()) return m_lanczos.SetRitz(std::move(accepted));
@@ -135,14 +137,9 @@ void CModalSolution::Refine() {
   }
 }
 
-bool CModalSolution::ExtendTo(int m) {
-  GetPlatform().ReportProgress(static_cast<double>(m_lanczos.GetSize()) / m, texts::c_strModalProgress);
-  return m_lanczos.Extend(m);
-}
-
 bool CModalSolution::RunPass(int m) {
   ++m_nPasses;
-  if (!ExtendTo(m)) return false;
+  if (!m_lanczos.Extend(m)) return false;
   m_lanczos.SolveRitz(m_model.m_dModeTol);
   if (IsSupported()) return true;
   GetPlatform().ShowMessage(texts::c_strRigidBody);

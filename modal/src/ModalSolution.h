@@ -37,7 +37,6 @@ class CModalSolution {
   [[nodiscard]] bool IterateToAcceptance();
   void Refine();
   [[nodiscard]] bool RunPass(int m);
-  [[nodiscard]] bool ExtendTo(int m);
   [[nodiscard]] bool IsSupported() const;
   [[nodiscard]] bool IsComplete() const { return m_lanczos.GetSize() >= m_nFree || m_lanczos.IsExhausted(); }
   [[nodiscard]] bool HasAllCounted() const;

@@ -5,6 +5,7 @@
 #include "ResultHeader.h"
 #include "skyframe/model/AnalysisModel.h"
 #include "skyframe/platform/Platform.h"
+#include "skyframe/platform/Progress.h"
 #include "skyframe/platform/WordReader.h"
 #include "skyframe/values/ResultFiles.h"
 #include "texts.h"
@@ -118,7 +119,11 @@ bool CAnalysisModel::ReadModeFile(const std::string& strJobPath) {
   const int k = std::max(m_nExpandModes, 0);
   std::vector<double> omega = ReadFrequencyList(reader, k, m_nModes);
   std::vector<std::vector<double>> shapes;
-  while (static_cast<int>(shapes.size()) < k && !reader.HasFailed()) shapes.push_back(ReadShape(reader, *this));
+  CProgress progress(texts::c_strReadModes, k);
+  while (static_cast<int>(shapes.size()) < k && !reader.HasFailed()) {
+    shapes.push_back(ReadShape(reader, *this));
+    progress.Advance();
+  }
   if (reader.HasFailed()) return Fail(texts::c_strModeFileRead);
   if (!std::ranges::all_of(omega, IsFrequency) || !std::ranges::all_of(shapes, IsShape)) {
     return Fail(texts::c_strModeFileCounts);

@@ -2,6 +2,7 @@
 #include "skyframe/hostdata/HostData.h"
 #include "skyframe/modal/ModeFile.h"
 #include "skyframe/platform/OutputFile.h"
+#include "skyframe/platform/Progress.h"
 #include "skyframe/values/ResultFiles.h"
 #include "skyframe/values/SpectrumSite.h"
 #include "texts.h"
@@ -52,10 +53,12 @@ bool WriteModeFile(const CAnalysisModel& model, const std::string& strJobPath, R
   const int n = static_cast<int>(model.Omega.size());
   out.Text(" ").Integer(n).Text(" ").Integer(model.m_bShear).EndLine();
   WriteFrequencies(out, model.Omega);
+  CProgress progress(texts::c_strWriteModes, n);
   for (int i = 0; i < n; ++i) {
     out.Text(texts::c_strShapeMark).Integer(i + 1).Text(":").EndLine();
     out.General(model.Omega[static_cast<std::size_t>(i)] * c_dHertzPerRadian).EndLine();
     WriteShape(out, model, i);
+    progress.Advance();
   }
   return CommitResult(file, findings);
 }

@@ -5,6 +5,7 @@
 #include "ResultHeader.h"
 #include "skyframe/modal/ModeFile.h"
 #include "skyframe/platform/OutputFile.h"
+#include "skyframe/platform/Progress.h"
 #include "skyframe/values/ResultFiles.h"
 #include "texts.h"
 
@@ -51,7 +52,9 @@ void WriteParticipation(CTextWriter& out, const SpectrumModes& modes) {
 /// Element, type and station count; a bar's N on the same line, other members a line per station.
 void WriteForces(CTextWriter& out, const CAnalysisModel& model, const SpectrumResult& result) {
   out.Text(texts::c_strForces).EndLine();
+  CProgress progress(texts::c_strWriteSpectrum, static_cast<double>(result.elementForce.size()));
   for (std::size_t nSlot = 0; nSlot < result.elementForce.size(); ++nSlot) {
+    progress.Advance();
     const CElement* const pElement = model.GetElements()[nSlot].get();
     if (pElement == nullptr) continue;
     const std::vector<double>& forces = result.elementForce[nSlot];

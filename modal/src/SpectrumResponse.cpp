@@ -3,6 +3,8 @@
 #include <algorithm>
 
 #include "skyframe/modal/ModalCombination.h"
+#include "skyframe/platform/Progress.h"
+#include "texts.h"
 
 namespace skyframe {
 namespace {
@@ -68,7 +70,9 @@ SpectrumResult CombineModes(const CAnalysisModel& model, const SpectrumModes& mo
 
   SpectrumResult result;
   result.elementForce.resize(model.GetElements().size());
+  CProgress progress(texts::c_strCombineModes, static_cast<double>(result.elementForce.size()));
   for (std::size_t nSlot = 0; nSlot < result.elementForce.size(); ++nSlot) {
+    progress.Advance();
     CElement* const pElement = model.GetElements()[nSlot].get();
     if (pElement == nullptr) continue;
     CModalTable forces(modes);

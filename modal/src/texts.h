@@ -14,6 +14,7 @@ inline constexpr std::string_view c_strBadMultiple = "请正确输入迭代倍�
 inline constexpr std::string_view c_strRigidBody = "结构存在平动，请约束";
 inline constexpr std::string_view c_strNoConvergedModes = "达到迭代要求次数，结果不收敛";
 inline constexpr std::string_view c_strModalProgress = "模态分析";
+inline constexpr std::string_view c_strRootCount = "丢根判断";
 
 // Mode file.
 inline constexpr std::string_view c_strModeHeader = "The_Data_of_Zan's_Mode_Analysis";
@@ -25,6 +26,8 @@ inline constexpr std::string_view c_strModeFileForeign = "模态文件读入出�
 inline constexpr std::string_view c_strModeFileCounts = "文件数据错误，计算终止!";
 inline constexpr std::string_view c_strModeFileRead = "文件读入出错,计算终止!";
 inline constexpr std::string_view c_strTooManyExpanded = "扩展模态数大于总模态数，计算终止!";
+inline constexpr std::string_view c_strWriteModes = "写模态文件";
+inline constexpr std::string_view c_strReadModes = "读模态文件";
 
 // Design spectrum.
 inline constexpr std::string_view c_strNoDirection = "反应谱方向未输入，计算终止!";
@@ -42,6 +45,8 @@ inline constexpr std::string_view c_strBadExpanded = "请正确输入扩展模�
 inline constexpr std::string_view c_strNoModes = "模态、频率未求解，计算终止!";
 inline constexpr std::string_view c_strBadPseudoLoad = "错误:虚拟地震静力序号";
 inline constexpr std::string_view c_strSpectrumFileAccess = "反应谱结果文件无法写入,计算终止!";
+inline constexpr std::string_view c_strCombineModes = "振型组合";
+inline constexpr std::string_view c_strWriteSpectrum = "写反应谱结果文件";
 inline constexpr std::string_view c_strSpectrumHeader = "The_Data_of_Zan's_Spectrum_Analysis";
 inline constexpr std::string_view c_strModeMasses = "各阶振型参与质量:";
 inline constexpr std::string_view c_strComputedMass = "总计算参与质量:";

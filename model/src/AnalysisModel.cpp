@@ -4,6 +4,7 @@
 
 #include "skyframe/hostdata/HostData.h"
 #include "skyframe/platform/Platform.h"
+#include "skyframe/platform/Progress.h"
 #include "skyframe/values/ResultFiles.h"
 #include "texts.h"
 
@@ -63,8 +64,10 @@ bool CAnalysisModel::ClearMatrix(SparseMatrix& A) const {
 
 bool CAnalysisModel::AssembleStiffness(SparseMatrix& K, bool bGeometric, bool bShear) const {
   if (!ClearMatrix(K)) return false;
+  CProgress progress(texts::c_strStiffness, static_cast<double>(m_elements.size()));
   for (const auto& pElement : m_elements) {
     if (pElement) pElement->AssembleStiffness(K, bGeometric, bShear);
+    progress.Advance();
   }
   ApplyConstraints(K);
   return true;
@@ -83,8 +86,10 @@ void CAnalysisModel::ApplyConstraints(SparseMatrix& K) const {
 
 bool CAnalysisModel::AssembleMass(SparseMatrix& M, bool bShear) const {
   if (!ClearMatrix(M)) return false;
+  CProgress progress(texts::c_strMass, static_cast<double>(m_elements.size()));
   for (const auto& pElement : m_elements) {
     if (pElement) pElement->AssembleMass(M, bShear);
+    progress.Advance();
   }
   return true;
 }

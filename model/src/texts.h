@@ -25,6 +25,10 @@ inline constexpr std::string_view c_strProfileTooLarge = "总刚矩阵存储量�
 /// Node number and DOF name go between the parts.
 inline constexpr std::string_view c_strRunawayParts[] = {"节点", "的", "超过限定值1.0e10!\n结构几何可变，请检查！"};
 
+// Steps of the work.
+inline constexpr std::string_view c_strStiffness = "组装刚度矩阵";
+inline constexpr std::string_view c_strMass = "组装质量矩阵";
+
 // Loads.
 inline constexpr std::string_view c_strGetLoadVector = "获取荷载向量";
 inline constexpr std::string_view c_strAssembleLoad = "荷载组装";

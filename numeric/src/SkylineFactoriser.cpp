@@ -6,6 +6,8 @@
 #include "PanelKernel.h"
 #include "RowTileMaker.h"
 #include "skyframe/numeric/SkylineKernel.h"
+#include "skyframe/platform/Progress.h"
+#include "texts.h"
 
 namespace skyframe::skyline {
 
@@ -43,7 +45,11 @@ class CBlockFactoriser {
   }
 
   void Run() {
-    for (int j = 0; j < m_profile.GetOrder(); j += m_nBlock) FactoriseBlock(j, GetBlockEnd(j));
+    CProgress progress(numeric::texts::c_strFactorisation, m_profile.GetOrder());
+    for (int j = 0; j < m_profile.GetOrder(); j += m_nBlock) {
+      FactoriseBlock(j, GetBlockEnd(j));
+      progress.Advance(GetBlockEnd(j) - j);
+    }
   }
 
  private:

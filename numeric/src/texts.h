@@ -26,6 +26,7 @@ inline constexpr std::string_view c_strSolveUnallocated =
     "The element buffer of SparseMatrix has not been allocated, while ldlt solving";
 inline constexpr std::string_view c_strVectorDefinition = "Vector Definition Error!";
 inline constexpr std::string_view c_strUnstable = "结构几何可变";
+inline constexpr std::string_view c_strFactorisation = "矩阵分解";
 inline constexpr std::string_view c_strMatrixMemory = "内存不足，无法为稀疏矩阵分配存储空间";
 
 }  // namespace skyframe::numeric::texts

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <vector>
 
 namespace skyframe {
 
@@ -43,6 +44,13 @@ int FindFirstFocus(const DialogTemplate& layout, const IDialogView& view) {
     if (view.GetCheck(nRadio)) return nRadio;
   }
   return it->nId;
+}
+
+int FindNextRadio(const DialogTemplate& layout, const IDialogView& view, int nRadioId, int nSteps) {
+  std::vector<int> group = layout.GetRadioGroup(layout.GetGroupStart(nRadioId));
+  if (nSteps < 0) std::ranges::reverse(group);
+  std::ranges::rotate(group, std::ranges::find(group, nRadioId) + 1);  // its followers, itself the last
+  return *std::ranges::find_if(group, [&](int nId) { return nId == nRadioId || view.IsEnabled(nId); });
 }
 
 int FindSortedRow(const ControlTemplate& list, const IDialogView& view, std::string_view strText) {

@@ -1,20 +1,26 @@
 #include "skyframe/platform/ProgressPace.h"
 
+#include <utility>
+
 namespace skyframe {
 
 namespace {
 
-constexpr std::chrono::milliseconds c_reportPeriod{50};
+constexpr std::chrono::milliseconds c_showPeriod{50};
 
 }  // namespace
 
-CProgressPace::Verdict CProgressPace::Judge(double dFraction, Clock::time_point now) {
-  if (dFraction < m_dLastFraction || m_dLastFraction >= 1.0) m_stepStart = now;
-  m_dLastFraction = dFraction;
-  if (dFraction >= 1.0) return Verdict::Hide;
-  if (now - m_stepStart < m_delay || now - m_lastReport < c_reportPeriod) return Verdict::Skip;
+bool CProgressPace::IsDue(double dFraction, Clock::time_point now) {
+  if (!std::exchange(m_bWorking, true)) m_workStart = now;
+  const bool bNewStep = dFraction < std::exchange(m_dLastFraction, dFraction);
   m_lastReport = now;
-  return Verdict::Show;
+  if (now - m_workStart < m_delay || (!bNewStep && now - m_lastShown < c_showPeriod)) return false;
+  m_lastShown = now;
+  return true;
+}
+
+std::chrono::seconds CProgressPace::GetElapsed() const {
+  return std::chrono::duration_cast<std::chrono::seconds>(m_lastReport - m_workStart);
 }
 
 }  // namespace skyframe

@@ -7,6 +7,7 @@
 #include "skyframe/model/IterationTest.h"
 #include "skyframe/numeric/VectorAlgebra.h"
 #include "skyframe/platform/OutputFile.h"
+#include "skyframe/platform/Progress.h"
 #include "skyframe/values/ResultFiles.h"
 #include "texts.h"
 
@@ -37,6 +38,7 @@ bool CAnalysisModel::IterateToEquilibrium(std::span<double> increment) {
   const IterationTest test = {m_nConvCriterion, m_dConvTol, false};
   double dFirstIncrement = 0.0;
 
+  CProgress progress(texts::c_strIteration, m_nMaxIter);
   for (int k = 0; k < m_nMaxIter; ++k) {
     // K du = R; the restrained part of du is 0
     std::copy(residual.begin(), residual.end(), increment.begin());
@@ -53,7 +55,7 @@ bool CAnalysisModel::IterateToEquilibrium(std::span<double> increment) {
     found.dResidual = Norm(residual);
     if (test.IsConverged(found.dResidual, found.dForce, found.dIncrement, dFirstIncrement)) return true;
     if (!std::isfinite(found.dResidual) || !std::isfinite(found.dIncrement)) break;  // it cannot come back
-    GetPlatform().ReportProgress((k + 1.0) / m_nMaxIter, texts::c_strIteration);
+    progress.Advance();
   }
   GetPlatform().ShowMessage(texts::c_strNoConvergence);
   return false;

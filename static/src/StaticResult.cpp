@@ -1,5 +1,6 @@
 #include "StaticResult.h"
 
+#include "skyframe/platform/Progress.h"
 #include "texts.h"
 
 namespace skyframe {
@@ -10,7 +11,9 @@ constexpr int c_nDisplacementWidth = 15;
 
 void WriteMemberForces(CTextWriter& out, const CAnalysisModel& model) {
   out.Text(texts::c_strMemberForces).EndLine().Text(texts::c_strMemberColumns).EndLine();
+  CProgress progress(texts::c_strWriteResult, static_cast<double>(model.GetElements().size()));
   for (const auto& pElement : model.GetElements()) {
+    progress.Advance();
     if (!pElement) continue;
     out.Integer(pElement->GetElemNo() + 1, c_nNumberWidth);
     pElement->OutputInternalForce(out);

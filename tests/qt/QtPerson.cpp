@@ -60,10 +60,10 @@ void CQtPerson::Watch(const std::function<void()>& action) {
 }
 
 void CQtPerson::Press(Key key) {
-  static const std::map<Key, Qt::Key> s_keys = {{Key::Return, Qt::Key_Return},
-                                                {Key::Enter, Qt::Key_Enter},
-                                                {Key::Escape, Qt::Key_Escape},
-                                                {Key::Tab, Qt::Key_Tab}};
+  static const std::map<Key, Qt::Key> s_keys = {
+      {Key::Return, Qt::Key_Return}, {Key::Enter, Qt::Key_Enter}, {Key::Escape, Qt::Key_Escape},
+      {Key::Tab, Qt::Key_Tab},       {Key::Up, Qt::Key_Up},       {Key::Down, Qt::Key_Down},
+      {Key::Left, Qt::Key_Left},     {Key::Right, Qt::Key_Right}, {Key::Seven, Qt::Key_7}};
   QWidget* const pTop = QApplication::activeModalWidget();
   if (key == Key::CloseFrame) {
     pTop->close();

@@ -11,16 +11,33 @@ namespace skyframe::test {
 namespace {
 
 TEST(QtWaitCursor, RestsBehindWindowsAndEndsWithTheCall) {
-  CQtPerson person;
+  class CHost : public QWidget {
+   public:
+    int m_nPainted = 0;
+
+   protected:
+    void paintEvent(QPaintEvent*) override { ++m_nPainted; }
+  } host;
+  host.show();
+  CQtPerson person(&host);
   IPlatform& platform = GetPlatform();
   const auto isWaiting = [] { return QApplication::overrideCursor() != nullptr; };
   platform.EnterModule();
   platform.BeginWaitCursor();
   EXPECT_TRUE(isWaiting());
   bool bWaitingInDialog = true;
-  person.AddScript(900, {Do::Inspect([&](const IDialogView&) { bWaitingInDialog = isWaiting(); })});
+  person.AddScript(900, {Do::Inspect([&](const IDialogView&) { bWaitingInDialog = isWaiting(); }), Do::Click(160)});
   CProbeDlg dialog;
+  int nPainted = std::numeric_limits<int>::max();
+  dialog.m_onButton = [&](IDialogView&) {
+    QTimer::singleShot(0, &host, [&] {  // when the dialog is closed
+      host.update();
+      nPainted = host.m_nPainted;
+    });
+    dialog.EndDialog(c_nIdOk);
+  };
   person.Watch([&] { dialog.DoModal(); });
+  EXPECT_GT(host.m_nPainted, nPainted) << "what it covered, before the work goes on";
   EXPECT_FALSE(bWaitingInDialog);
   EXPECT_TRUE(isWaiting());
   platform.LeaveModule();
@@ -34,7 +51,7 @@ QWidget* FindProgress() {
   return nullptr;
 }
 
-TEST(QtProgress, ShownForLongStepsOnlyAndWithoutButtons) {
+TEST(QtProgress, ShownForLongWorkOnlyAndWithoutButtons) {
   CQtPlatform platform;
   platform.SetProgressDelay(std::chrono::seconds(10));
   platform.EnterModule();
@@ -42,12 +59,13 @@ TEST(QtProgress, ShownForLongStepsOnlyAndWithoutButtons) {
   platform.ReportProgress(1.0, "short");
   EXPECT_EQ(FindProgress(), nullptr);
   platform.SetProgressDelay(std::chrono::milliseconds(60));
-  platform.ReportProgress(0.1, "长");
-  QTest::qSleep(100);
+  QTest::qSleep(1100);
+  platform.ReportProgress(0.9, "a step");
   platform.ReportProgress(0.5, "长");
   QWidget* const pProgress = FindProgress();
   ASSERT_NE(pProgress, nullptr);
   EXPECT_EQ(pProgress->findChild<QProgressBar*>()->value(), 500);
+  EXPECT_EQ(pProgress->findChild<QLabel*>()->text(), QStringLiteral("长    已用时 0:00:01")) << "of all steps";
   EXPECT_TRUE(pProgress->findChildren<QAbstractButton*>().isEmpty());
   QTest::keyClick(pProgress, Qt::Key_Escape);
   pProgress->close();

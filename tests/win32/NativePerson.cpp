@@ -112,7 +112,8 @@ void CALLBACK CNativePerson::OnTimer(HWND /*hWindow*/, UINT /*nMessage*/, UINT_P
 
 void CNativePerson::Press(Key key) {
   static const std::map<Key, WPARAM> s_keys = {
-      {Key::Return, VK_RETURN}, {Key::Enter, VK_RETURN}, {Key::Escape, VK_ESCAPE}, {Key::Tab, VK_TAB}};
+      {Key::Return, VK_RETURN}, {Key::Enter, VK_RETURN}, {Key::Escape, VK_ESCAPE}, {Key::Tab, VK_TAB}, {Key::Up, VK_UP},
+      {Key::Down, VK_DOWN},     {Key::Left, VK_LEFT},    {Key::Right, VK_RIGHT},   {Key::Seven, '7'}};
   const HWND hTop = FindTop();
   if (key == Key::CloseFrame) {
     PostMessageW(hTop, WM_SYSCOMMAND, SC_CLOSE, 0);

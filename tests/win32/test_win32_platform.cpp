@@ -12,7 +12,7 @@ namespace {
 
 HWND FindProgress() { return FindWindowW(L"#32770", L"计算中"); }
 
-TEST(NativeProgress, ShownForLongStepsOnlyAndWithoutButtons) {
+TEST(NativeProgress, ShownForLongWorkOnlyAndWithoutButtons) {
   const HWND hHost = CreateWindowExW(0, L"STATIC", L"host", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0, 0, 300, 200, nullptr,
                                      nullptr, nullptr, nullptr);
   const HWND hField =
@@ -25,13 +25,14 @@ TEST(NativeProgress, ShownForLongStepsOnlyAndWithoutButtons) {
   platform.ReportProgress(1.0, "short");
   EXPECT_EQ(FindProgress(), nullptr);
   platform.SetProgressDelay(std::chrono::milliseconds(60));
-  platform.ReportProgress(0.1, "长");
-  Sleep(100);
+  Sleep(1100);
+  platform.ReportProgress(0.9, "a step");
   platform.ReportProgress(0.5, "长");
   const HWND hProgress = FindProgress();
   ASSERT_NE(hProgress, nullptr);
   EXPECT_EQ(SendMessageW(FindWindowExW(hProgress, nullptr, PROGRESS_CLASSW, nullptr), PBM_GETPOS, 0, 0), 500);
-  EXPECT_EQ(ToUtf8(ReadText(FindWindowExW(hProgress, nullptr, L"STATIC", nullptr))), "长");
+  EXPECT_EQ(ToUtf8(ReadText(FindWindowExW(hProgress, nullptr, L"STATIC", nullptr))), "长    已用时 0:00:01")
+      << "of all steps";
   EXPECT_EQ(FindWindowExW(hProgress, nullptr, L"BUTTON", nullptr), nullptr);
   EXPECT_FALSE(IsWindowEnabled(hHost)) << "the host's window takes no other command meanwhile";
   EXPECT_EQ(GetFocus(), nullptr) << "nor do its children";

@@ -20,7 +20,7 @@ namespace skyframe::test {
 /// acknowledged. The platform with the windows is in force for the life of the object.
 class IPerson {
  public:
-  enum class Key { Return, Enter, Escape, Tab, CloseFrame };
+  enum class Key { Return, Enter, Escape, Tab, Up, Down, Left, Right, Seven, CloseFrame };
 
   IPerson() = default;
   virtual ~IPerson() = default;

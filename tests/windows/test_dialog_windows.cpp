@@ -183,6 +183,43 @@ TEST(ModalWindow, BadNumbersAreRefused) {
   }
 }
 
+TEST(ModalWindow, RefusedNumberIsReplacedByTyping) {
+  const std::unique_ptr<IPerson> pPerson = MakePerson();
+  const auto press = [&pPerson](IPerson::Key key) {
+    return Do::Inspect([&pPerson, key](const IDialogView&) { pPerson->Press(key); });
+  };
+  ResetHostData();
+  pPerson->AddScript(c_nIdModeDlg, {Do::Type(c_nIdModes, "12x"), press(IPerson::Key::Return),
+                                    press(IPerson::Key::Seven), press(IPerson::Key::Return)});
+  CModeDlg dialog;
+  pPerson->Watch([&] { dialog.DoModal(); });
+  EXPECT_EQ(pPerson->GetMessages(), Strings{"请输入一个整数。"});
+  EXPECT_EQ(dialog.m_nModes, 7);
+}
+
+TEST(SpectrumWindow, ArrowKeysStepRoundAGroup) {
+  using Key = IPerson::Key;
+  const std::unique_ptr<IPerson> pPerson = MakePerson();
+  Steps steps = {Do::Choose(c_nIdIntensity7Half)};
+  for (const auto& [key, nExpected] : {std::pair{Key::Down, c_nIdIntensity8},
+                                       {Key::Right, c_nIdIntensity8Half},
+                                       {Key::Down, c_nIdIntensity9},
+                                       {Key::Down, c_nIdIntensity6},
+                                       {Key::Up, c_nIdIntensity9},
+                                       {Key::Left, c_nIdIntensity8Half}}) {
+    steps.push_back(Do::Inspect([&pPerson, nPressed = key](const IDialogView&) { pPerson->Press(nPressed); }));
+    steps.push_back(Do::Inspect([nButton = nExpected](const IDialogView& view) {
+      EXPECT_EQ(view.GetFocus(), nButton);
+      EXPECT_TRUE(view.GetCheck(nButton));
+    }));
+  }
+  steps.push_back(Do::Ok());
+  ResetHostData();
+  pPerson->AddScript(c_nIdSpectrumDlg, steps);
+  pPerson->Watch([] { MakeDialog<CSpectrumDlg>()->DoModal(); });
+  EXPECT_EQ(pPerson->GetScriptErrors(), Strings{});
+}
+
 TEST(LoadCombinationWindow, RowsMoveAsInTheScriptedView) {
   const Steps steps = {Do::DoubleClick(c_nIdAvailable, 2),
                        Do::ToggleRow(c_nIdAvailable, "活1"),

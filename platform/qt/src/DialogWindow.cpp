@@ -4,6 +4,7 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QHeaderView>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListView>
@@ -47,6 +48,12 @@ void SetUpView(QAbstractItemView& view, const ControlTemplate& control) {
   view.setEditTriggers(QAbstractItemView::NoEditTriggers);
   const bool bMultiple = (control.nStyle & c_nStyleMultiple) != 0;
   view.setSelectionMode(bMultiple ? QAbstractItemView::MultiSelection : QAbstractItemView::SingleSelection);
+}
+
+/// 1 or -1 for an arrow key, else 0.
+int GetArrowSteps(int nKey) {
+  if (nKey == Qt::Key_Down || nKey == Qt::Key_Right) return 1;
+  return nKey == Qt::Key_Up || nKey == Qt::Key_Left ? -1 : 0;
 }
 
 }  // namespace
@@ -114,6 +121,7 @@ std::unique_ptr<QWidget> CDialogWindow::MakeButton(const ControlTemplate& contro
   std::unique_ptr<QAbstractButton> pButton;
   if (control.kind == ControlKind::Radio) {
     pButton = std::make_unique<QRadioButton>(this);
+    pButton->installEventFilter(this);
   } else if (control.kind == ControlKind::Check) {
     pButton = std::make_unique<QCheckBox>(this);
   } else {
@@ -129,8 +137,11 @@ std::unique_ptr<QWidget> CDialogWindow::MakeButton(const ControlTemplate& contro
 
 std::unique_ptr<QWidget> CDialogWindow::MakeEdit(const ControlTemplate& control) {
   auto pEdit = std::make_unique<QLineEdit>(ToQt(control.strText), this);
-  connect(pEdit.get(), &QLineEdit::textEdited, this,
-          [this, nId = control.nId] { Notify(nId, DialogEvent::TextChanged); });
+  connect(pEdit.get(), &QLineEdit::textEdited, this, [this, nId = control.nId] {
+    m_nTyping = nId;
+    Notify(nId, DialogEvent::TextChanged);
+    m_nTyping = -1;
+  });
   return pEdit;
 }
 
@@ -240,6 +251,16 @@ void CDialogWindow::Guard(const std::function<void()>& action) {
 }
 
 void CDialogWindow::reject() { Notify(c_nIdCancel, DialogEvent::Clicked); }
+
+bool CDialogWindow::eventFilter(QObject* pObject, QEvent* pEvent) {
+  auto* const pKey = pEvent->type() == QEvent::KeyPress ? static_cast<QKeyEvent*>(pEvent) : nullptr;
+  const int nSteps = pKey == nullptr ? 0 : GetArrowSteps(pKey->key());
+  if (nSteps == 0) return QDialog::eventFilter(pObject, pEvent);
+  const int nRadio = FindNextRadio(m_dialog.GetTemplate(), *this, pObject->objectName().toInt(), nSteps);
+  SetFocus(nRadio);
+  As<QAbstractButton>(nRadio)->click();
+  return true;
+}
 
 void CDialogWindow::paintEvent(QPaintEvent* pEvent) {
   QDialog::paintEvent(pEvent);
@@ -402,9 +423,9 @@ bool CDialogWindow::IsEnabled(int nId) const {
 void CDialogWindow::SetFocus(int nId) {
   QWidget* const pWidget = FindWidget(nId);
   if (pWidget == nullptr) return;
-  // A field that a person is typing in keeps its cursor; any other is selected whole, as by the Tab key.
+  // A field that is checked at each key keeps its cursor; any other is selected whole, as by the Tab key.
   auto* const pEdit = qobject_cast<QLineEdit*>(pWidget);
-  if (pEdit != nullptr && focusWidget() != pEdit) pEdit->selectAll();
+  if (pEdit != nullptr && nId != m_nTyping) pEdit->selectAll();
   pWidget->setFocus(Qt::OtherFocusReason);
 }
 

@@ -1,8 +1,11 @@
 #include "skyframe/qt/QtPlatform.h"
 
 #include <QApplication>
+#include <QEventLoop>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QTimer>
+#include <chrono>
 
 #include "ProgressWindow.h"
 #include "skyframe/platform/WindowTexts.h"
@@ -10,6 +13,18 @@
 #include "skyframe/qt/Font.h"
 
 namespace skyframe {
+
+namespace {
+
+/// What a closed window covered is painted, and no input taken. The screen asks for it a moment after the closing.
+void PaintWindows() {
+  constexpr std::chrono::milliseconds c_moment{50};
+  QEventLoop loop;
+  QTimer::singleShot(c_moment, &loop, &QEventLoop::quit);
+  loop.exec(QEventLoop::ExcludeUserInputEvents);
+}
+
+}  // namespace
 
 CQtPlatform::CQtPlatform(QWidget* pHostWindow) : m_pHostWindow(pHostWindow) {}
 
@@ -44,15 +59,17 @@ int CQtPlatform::RunModal(CDialog& dialog) {
 }
 
 void CQtPlatform::SetBusy(bool bBusy) {
-  bBusy ? QApplication::setOverrideCursor(Qt::WaitCursor) : QApplication::restoreOverrideCursor();
+  if (!bBusy) return QApplication::restoreOverrideCursor();
+  QApplication::setOverrideCursor(Qt::WaitCursor);
+  PaintWindows();
 }
 
-void CQtPlatform::ShowProgress(double dFraction, std::string_view strLabel) {
+void CQtPlatform::ShowProgress(double dFraction, std::string_view strText) {
   if (m_pProgress == nullptr) {
     m_pProgress = std::make_unique<CProgressWindow>(FormDialogFont(m_dFontScale), GetParentWindow());
     m_pProgress->show();
   }
-  m_pProgress->Report(dFraction, strLabel);
+  m_pProgress->Report(dFraction, strText);
   QApplication::processEvents();
 }
 

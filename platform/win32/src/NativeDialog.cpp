@@ -238,7 +238,10 @@ void CNativeDialog::HandleCommand(int nId, int nCode) {
   if (pControl == nullptr || HasCaption(kind)) {  // Esc asks for Cancel also where there is no such button
     if (nCode == BN_CLICKED) Notify(nId, DialogEvent::Clicked);
   } else if (kind == ControlKind::Edit) {
-    if (nCode == EN_CHANGE) Notify(nId, DialogEvent::TextChanged);
+    if (nCode != EN_CHANGE) return;
+    m_nTyping = nId;
+    Notify(nId, DialogEvent::TextChanged);
+    m_nTyping = -1;
   } else if (kind == ControlKind::DropList) {
     if (nCode == CBN_SELCHANGE) Notify(nId, DialogEvent::SelectionChanged);
   } else if (kind == ControlKind::ListBox) {
@@ -423,8 +426,9 @@ bool CNativeDialog::IsEnabled(int nId) const {
 
 void CNativeDialog::SetFocus(int nId) {
   const Control* const pControl = Find(nId);
-  if (pControl == nullptr || GetFocus() == nId) return;  // a field that a person is typing in keeps its cursor
+  if (pControl == nullptr || nId == m_nTyping) return;  // a field that is checked at each key keeps its cursor
   SendMessageW(m_hWindow, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(pControl->hWindow), TRUE);
+  if (pControl->pTemplate->kind == ControlKind::Edit) SendMessageW(pControl->hWindow, EM_SETSEL, 0, -1);
 }
 
 int CNativeDialog::GetFocus() const {

@@ -95,6 +95,7 @@ class CNativeDialog final : public IDialogView {
   double m_dScale = 1.0;  ///< of what the dialog paints itself
   SIZE m_painted = {};    ///< its right and lower end, pixels; 0: it paints nothing
   int m_nSilent = 0;      ///< above 0 while the program itself changes a control
+  int m_nTyping = -1;     ///< field whose change the dialog is being told
   bool m_bOpen = false;
   bool m_bGone = false;  ///< the window was destroyed before the dialog ended
   std::exception_ptr m_failure;

@@ -15,6 +15,15 @@ namespace {
 
 void ShowCursor(LPCWSTR pName) { SetCursor(LoadCursorW(nullptr, pName)); }
 
+/// What a closed window covered is painted, and no input taken.
+void PaintWindows() {
+  constexpr int c_nMostWindows = 1000;  // one that does not validate itself would ask for ever
+  MSG message = {};
+  for (int n = 0; n < c_nMostWindows && PeekMessageW(&message, nullptr, WM_PAINT, WM_PAINT, PM_REMOVE) != FALSE; ++n) {
+    DispatchMessageW(&message);
+  }
+}
+
 /// Makes a dialog the innermost one for the life of the object, also when a handler throws.
 class CInnermostDialog {
  public:
@@ -57,15 +66,18 @@ int CWin32Platform::RunModal(CDialog& dialog) {
   return window.Run(GetModuleDepth() > 0 ? GetModuleInstance() : GetModuleHandleW(nullptr), hParent);
 }
 
-void CWin32Platform::ShowProgress(double dFraction, std::string_view strLabel) {
+void CWin32Platform::ShowProgress(double dFraction, std::string_view strText) {
   if (m_pProgress == nullptr) m_pProgress = std::make_unique<CNativeProgress>(GetParentWindow());
-  m_pProgress->Report(dFraction, strLabel);
+  m_pProgress->Report(dFraction, strText);
   if (GetWaitCursorDepth() > 0) ShowCursor(IDC_WAIT);
 }
 
 void CWin32Platform::HideProgress() { m_pProgress.reset(); }
 
-void CWin32Platform::SetBusy(bool bBusy) { ShowCursor(bBusy ? IDC_WAIT : IDC_ARROW); }
+void CWin32Platform::SetBusy(bool bBusy) {
+  ShowCursor(bBusy ? IDC_WAIT : IDC_ARROW);
+  if (bBusy) PaintWindows();
+}
 
 void CWin32Platform::SwitchModule(bool bInside) {
   CWindowPlatform::SwitchModule(bInside);

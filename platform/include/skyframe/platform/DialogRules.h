@@ -65,6 +65,11 @@ class CSilence {
 /// can.
 [[nodiscard]] SKYFRAME_API int FindFirstFocus(const DialogTemplate& layout, const IDialogView& view);
 
+/// The radio button nSteps, 1 or -1, further in its group that can take the focus, round and round; itself when there
+/// is no other.
+[[nodiscard]] SKYFRAME_API int FindNextRadio(const DialogTemplate& layout, const IDialogView& view, int nRadioId,
+                                             int nSteps);
+
 /// Row at which AddItem puts a text: in a sorted list before the first greater item, else at the end.
 [[nodiscard]] SKYFRAME_API int FindSortedRow(const ControlTemplate& list, const IDialogView& view,
                                              std::string_view strText);

@@ -6,29 +6,29 @@
 
 namespace skyframe {
 
-/// Which reports of progress a window shows: none of a step that is soon over, then one now and again.
+/// Which reports of progress a window shows: none of work that is soon over, then one now and again. Work is one or
+/// more steps, between which the window stays.
 class SKYFRAME_API CProgressPace {
  public:
   using Clock = std::chrono::steady_clock;
 
-  enum class Verdict {
-    Skip,  ///< leave the window as it is
-    Show,
-    Hide  ///< the step is over
-  };
-
-  /// A step shows its progress from the first report after this time on.
+  /// Work shows its progress from the first report after this time on.
   void SetDelay(std::chrono::milliseconds delay) { m_delay = delay; }
-  /// What to do with a report of the fraction 0..1. A fraction below the last one begins a step.
-  [[nodiscard]] Verdict Judge(double dFraction, Clock::time_point now = Clock::now());
-  /// No step runs any more.
-  void EndStep() { m_dLastFraction = 1.0; }
+  /// Whether to show a report of the fraction 0..1. The first one after EndWork begins the work, and a fraction below
+  /// the last one a step, which is shown at once.
+  [[nodiscard]] bool IsDue(double dFraction, Clock::time_point now = Clock::now());
+  /// Time of the work up to the last report.
+  [[nodiscard]] std::chrono::seconds GetElapsed() const;
+  /// Nothing runs any more.
+  void EndWork() { m_bWorking = false; }
 
  private:
   std::chrono::milliseconds m_delay{1000};
-  Clock::time_point m_stepStart;
+  bool m_bWorking = false;
+  Clock::time_point m_workStart;
   Clock::time_point m_lastReport;
-  double m_dLastFraction = 1.0;  ///< of the running step; 1 when none runs
+  Clock::time_point m_lastShown;
+  double m_dLastFraction = 0.0;
 };
 
 }  // namespace skyframe

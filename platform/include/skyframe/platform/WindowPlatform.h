@@ -11,7 +11,7 @@
 
 namespace skyframe {
 
-/// What platforms with windows do alike. No analysis can be cancelled: a step that takes long shows its progress in a
+/// What platforms with windows do alike. No analysis can be cancelled: work that takes long shows its progress in a
 /// window without buttons until it is over.
 class SKYFRAME_API CWindowPlatform : public IPlatform {
  public:
@@ -23,7 +23,7 @@ class SKYFRAME_API CWindowPlatform : public IPlatform {
 
   /// Without a sink the console text goes to standard output, if the program has one.
   void SetConsoleSink(ConsoleSink sink);
-  /// A step shows its progress from the first report after this time on.
+  /// Work shows its progress from the first report after this time on.
   void SetProgressDelay(std::chrono::milliseconds delay) { m_pace.SetDelay(delay); }
 
   std::ostream& GetConsole() override { return m_strmConsole; }
@@ -42,11 +42,11 @@ class SKYFRAME_API CWindowPlatform : public IPlatform {
 
    private:
     CWindowPlatform& m_platform;
-    bool m_bWaiting;
+    bool m_bWaiting;  ///< behind it, and no other window has the ordinary cursor yet
   };
 
-  /// Opens the window at the first report of a step; every window of the program paints itself.
-  virtual void ShowProgress(double dFraction, std::string_view strLabel) = 0;
+  /// Opens the window at the first report of the work; every window of the program paints itself.
+  virtual void ShowProgress(double dFraction, std::string_view strText) = 0;
   /// Closes it if it is open.
   virtual void HideProgress() = 0;
   /// Before another window opens: no progress over it, and the console text is out.
@@ -58,6 +58,7 @@ class SKYFRAME_API CWindowPlatform : public IPlatform {
   CConsoleBuffer m_consoleBuffer;
   std::ostream m_strmConsole;
   CProgressPace m_pace;
+  int m_nOrdinaryCursors = 0;
 };
 
 }  // namespace skyframe

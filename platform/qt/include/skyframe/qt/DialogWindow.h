@@ -64,6 +64,9 @@ class CDialogWindow : public QDialog, public IDialogView {
   /// Cancel.
   void reject() override;
 
+  /// The arrow keys step through a group of radio buttons.
+  bool eventFilter(QObject* pObject, QEvent* pEvent) override;
+
  protected:
   void paintEvent(QPaintEvent* pEvent) override;
 
@@ -103,7 +106,8 @@ class CDialogWindow : public QDialog, public IDialogView {
   std::vector<Control> m_controls;  ///< in template order
   std::vector<std::unique_ptr<QButtonGroup>> m_radioGroups;
   std::map<int, std::unique_ptr<QTimer>> m_timers;
-  int m_nSilent = 0;  ///< above 0 while the program itself changes a list
+  int m_nSilent = 0;   ///< above 0 while the program itself changes a list
+  int m_nTyping = -1;  ///< field whose change the dialog is being told
   bool m_bOpen = false;
   std::exception_ptr m_failure;
 };

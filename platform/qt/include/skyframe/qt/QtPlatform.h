@@ -29,7 +29,7 @@ class CQtPlatform : public CWindowPlatform {
   int RunModal(CDialog& dialog) override;
 
  protected:
-  void ShowProgress(double dFraction, std::string_view strLabel) override;
+  void ShowProgress(double dFraction, std::string_view strText) override;
   void HideProgress() override;
   void SetBusy(bool bBusy) override;
 

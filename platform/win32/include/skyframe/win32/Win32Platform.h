@@ -30,7 +30,7 @@ class SKYFRAME_API CWin32Platform : public CWindowPlatform {
   int RunModal(CDialog& dialog) override;
 
  protected:
-  void ShowProgress(double dFraction, std::string_view strLabel) override;
+  void ShowProgress(double dFraction, std::string_view strText) override;
   void HideProgress() override;
   void SetBusy(bool bBusy) override;
   /// Inside, dialogs are the module's own, in its visual style and at the scale of each monitor.
