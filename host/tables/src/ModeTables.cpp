@@ -12,7 +12,7 @@ namespace {
 
 double GetShare(double dMass, double dTotal) { return dTotal > 0.0 ? c_dPercent * dMass / dTotal : 0.0; }
 
-/// Masses with their shares of the total and the shares' running sums; the sums below. Headings in this order.
+/// Masses with their shares of the total and the shares' running sums, headings in this order.
 void AddMasses(Table& table, const std::vector<double>& masses, double dTotal, const std::array<Words, 3>& headings) {
   const std::size_t nFirst = table.columns.size();
   AddColumn(table, headings[0], "kg");
@@ -25,10 +25,6 @@ void AddMasses(Table& table, const std::vector<double>& masses, double dTotal, c
     table.columns[nFirst + 1].numbers[i] = GetShare(masses[i], dTotal);
     table.columns[nFirst + 2].numbers[i] = GetShare(dSum, dTotal);
   }
-  std::vector<double>& footing = table.footings.front().numbers;
-  footing.resize(table.columns.size(), c_dNoNumber);
-  footing[nFirst] = dSum;
-  footing[nFirst + 1] = GetShare(dSum, dTotal);
 }
 
 /// Numbered rows.
@@ -59,22 +55,21 @@ Table FormModeTable(const ModeResultFile& file) {
     table.note = texts::c_noMasses;
     return table;
   }
-  AddFooting(table, texts::c_sum);
   for (std::size_t d = 0; d < 3; ++d) {
     std::vector<double> masses;
     for (const auto& mass : findings.effectiveMasses) masses.push_back(mass[d]);
     AddMasses(table, masses, findings.totalMass[d], {texts::c_mass[d], texts::c_share[d], texts::c_runningSum[d]});
   }
+  AddFooting(table, texts::c_sum, FootingKind::Sum, std::array<std::size_t, 6>{3, 4, 6, 7, 9, 10});
   return table;
 }
 
 Table FormParticipationTable(const SpectrumResultFile& file) {
   Table table = StartModeTable(file.gamma.size());
   AddColumn(table, texts::c_participation, "").numbers = file.gamma;
-  AddFooting(table, texts::c_sum);
   AddMasses(table, file.masses, file.dTotalMass, {texts::c_quakeMass, texts::c_quakeShare, texts::c_quakeSum});
   AddColumn(table, texts::c_damping, "").numbers = file.damping;
-  table.footings.front().numbers.push_back(c_dNoNumber);
+  AddFooting(table, texts::c_sum, FootingKind::Sum, std::array<std::size_t, 2>{2, 3});
   return table;
 }
 

@@ -59,19 +59,12 @@ void AddMotion(Table& table, const std::vector<LevelMotion>& motions, std::size_
   });
 }
 
+constexpr std::array<std::size_t, 3> c_forces = {1, 2, 3};  // columns of reactions
+
 /// Columns of reactions, empty.
 void AddReactionColumns(Table& table) {
   for (std::size_t d = 0; d < texts::c_reaction.size(); ++d) {
     AddColumn(table, texts::c_reaction[d], d < 3 ? "kN" : "kN·m");
-  }
-}
-
-/// FX, FY, FZ of the rows.
-void AddSums(Table& table) {
-  TableFooting& sum = AddFooting(table, texts::c_sum);
-  for (std::size_t c = 1; c <= 3; ++c) {
-    sum.numbers[c] = 0.0;
-    for (const double d : table.columns[c].numbers) sum.numbers[c] += std::isnan(d) ? 0.0 : d;
   }
 }
 
@@ -126,7 +119,7 @@ Reading<Table> FormReactionTable(const Job& job, const StaticResultFile& file) {
       if (const auto& force = file.supports[r].forces[d]) table.columns[d + 1].numbers[r] = -*force / c_dNewtons;
     }
   }
-  AddSums(table);
+  AddFooting(table, texts::c_sum, FootingKind::Sum, c_forces);
   table.note = texts::c_supportForces;
   return {std::move(table)};
 }
@@ -146,8 +139,9 @@ Table FormReactionTable(const Job& job, const SpectrumResultFile& file) {
   table.note = texts::c_combinedForces;
   const SpectrumFindings& findings = GetSpectrumFindings();
   if (!AreOfFile(findings.gamma, file.gamma)) return table;
-  TableFooting& shear = AddFooting(table, texts::c_baseShear);
+  TableFooting shear{texts::c_baseShear, FootingKind::Given, std::vector<double>(table.columns.size(), c_dNoNumber)};
   for (std::size_t d = 0; d < 3; ++d) shear.numbers[d + 1] = findings.baseShear[d] / c_dNewtons;
+  table.footings.push_back(std::move(shear));
   table.note = texts::c_combinedShear;
   return table;
 }

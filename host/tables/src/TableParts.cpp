@@ -1,7 +1,6 @@
 #include "TableParts.h"
 
 #include <algorithm>
-#include <cmath>
 #include <numeric>
 
 #include "texts.h"
@@ -45,21 +44,11 @@ std::vector<int> CountUp(std::size_t nCount) {
   return indices;
 }
 
-TableFooting& AddFooting(Table& table, const Words& name) {
-  return table.footings.emplace_back(TableFooting{name, std::vector<double>(table.columns.size(), c_dNoNumber)});
-}
-
 void AddExtremes(Table& table, std::size_t nFirst, std::size_t nEnd, bool bAbsolute) {
-  TableFooting max{texts::c_max, std::vector<double>(table.columns.size(), c_dNoNumber)};
-  TableFooting min{texts::c_min, max.numbers};
-  for (std::size_t c = nFirst; c < nEnd; ++c) {
-    for (const double d : table.columns[c].numbers) {
-      max.numbers[c] = std::fmax(max.numbers[c], d);  // NaN does not count
-      min.numbers[c] = std::fmin(min.numbers[c], d);
-    }
-  }
-  table.footings.push_back(std::move(max));
-  if (!bAbsolute) table.footings.push_back(std::move(min));
+  std::vector<std::size_t> columns(nEnd - nFirst);
+  std::iota(columns.begin(), columns.end(), nFirst);
+  AddFooting(table, texts::c_max, FootingKind::Largest, columns);
+  if (!bAbsolute) AddFooting(table, texts::c_min, FootingKind::Smallest, columns);
 }
 
 Reading<Table> RefuseTable(std::string_view strReason) {

@@ -28,8 +28,6 @@ TableColumn& AddColumn(Table& table, const Words& heading, std::string_view strU
 /// 0, 1, ... n - 1.
 [[nodiscard]] std::vector<int> CountUp(std::size_t nCount);
 
-/// A footing without numbers, one for each column that the table has now.
-TableFooting& AddFooting(Table& table, const Words& name);
 /// Largest and smallest of each column from nFirst to before nEnd; bAbsolute: the largest alone.
 void AddExtremes(Table& table, std::size_t nFirst, std::size_t nEnd, bool bAbsolute);
 

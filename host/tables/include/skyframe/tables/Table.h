@@ -1,6 +1,7 @@
 #pragma once
 
 #include <limits>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -25,10 +26,14 @@ struct TableColumn {
   std::vector<std::string> texts = {};  ///< by row of a column of texts
 };
 
-/// A row below the others: a sum, the largest values.
+/// How a footing comes from its column's rows.
+enum class FootingKind { Sum, Largest, Smallest, Given };
+
+/// A row below the others.
 struct TableFooting {
   Words name;
-  std::vector<double> numbers;  ///< by column
+  FootingKind kind = FootingKind::Sum;
+  std::vector<double> numbers = {};  ///< by column, of all rows; c_dNoNumber: the column has none
 };
 
 /// Results in rows and columns. The numbers of the first column tell the rows apart: those of nodes, elements, modes.
@@ -41,6 +46,12 @@ struct Table {
 
   [[nodiscard]] std::size_t CountRows() const { return columns.empty() ? 0 : columns.front().numbers.size(); }
 };
+
+/// Of the numbers in those columns of a table that is complete.
+void AddFooting(Table& table, const Words& name, FootingKind kind, std::span<const std::size_t> columns);
+/// A footing of some rows alone, by column. What is given does not hold for them.
+[[nodiscard]] std::vector<double> FormFooting(const Table& table, const TableFooting& footing,
+                                              std::span<const std::size_t> rows);
 
 /// "N (kN)", in the language in force.
 [[nodiscard]] std::string FormHeading(const TableColumn& column);
@@ -66,7 +77,9 @@ class CColumnFormat {
 
 /// RFC 4180, UTF-8 with a byte order mark, by which spreadsheets know it: headings, rows, footings.
 [[nodiscard]] std::string FormatCsv(const Table& table);
+/// Some of the rows, with their own footings.
+[[nodiscard]] std::string FormatCsv(const Table& table, std::span<const std::size_t> rows);
 /// Rows behind their headings, as spreadsheets take them from the clipboard.
-[[nodiscard]] std::string FormatTabbed(const Table& table, const std::vector<std::size_t>& rows);
+[[nodiscard]] std::string FormatTabbed(const Table& table, std::span<const std::size_t> rows);
 
 }  // namespace skyframe::host
