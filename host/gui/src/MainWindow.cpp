@@ -19,6 +19,7 @@
 #include "skyframe/qt/Font.h"
 #include "skyframe/results/Histories.h"
 #include "skyframe/run/PrefillPlatform.h"
+#include "table_texts.h"
 #include "texts.h"
 
 namespace skyframe::gui {
@@ -69,6 +70,8 @@ CMainWindow::CMainWindow(const QString& strSettingsFile)
       m_adviceDock(this),
       m_resultDock(this),
       m_results(m_document),
+      m_tableDock(this),
+      m_tables(m_document),
       m_recentMenu(this),
       m_fontSizes(this),
       m_languages(this) {
@@ -178,7 +181,8 @@ void CMainWindow::MakeViewMenu() {
   AddOption(menu, texts::c_elementNumbers, texts::c_elementNumbersTip, "element_numbers",
             &ViewOptions::bElementNumbers);
   menu.addSeparator();
-  for (QDockWidget* const pDock : {&m_analysisDock, &m_summaryDock, &m_adviceDock, &m_consoleDock, &m_resultDock}) {
+  for (QDockWidget* const pDock :
+       {&m_analysisDock, &m_summaryDock, &m_adviceDock, &m_consoleDock, &m_tableDock, &m_resultDock}) {
     menu.addAction(pDock->toggleViewAction());
   }
   menu.addSeparator();
@@ -235,6 +239,9 @@ void CMainWindow::MakeDocks() {
                  Qt::BottomDockWidgetArea);
   m_make.AddDock(m_resultDock, m_results, texts::c_results, texts::c_resultsTip, "result_dock",
                  Qt::RightDockWidgetArea);
+  m_make.AddDock(m_tableDock, m_tables, texts::c_tables, texts::c_tablesTip, "table_dock", Qt::RightDockWidgetArea);
+  tabifyDockWidget(&m_tableDock, &m_resultDock);
+  m_tableDock.raise();
   tabifyDockWidget(&m_summaryDock, &m_consoleDock);
   m_summaryDock.raise();
   resizeDocks({&m_summaryDock}, {190}, Qt::Vertical);

@@ -11,7 +11,7 @@ namespace skyframe::host {
 namespace {
 
 constexpr int c_nDigits = 6;  // of a column's largest number
-constexpr int c_nMostDecimals = 6;
+constexpr int c_nMostDecimals = 4;
 constexpr double c_dLargestFixed = 1.0e9;
 constexpr std::string_view c_strByteOrderMark = "\xef\xbb\xbf";
 

@@ -17,6 +17,7 @@
 #include "skyframe/gui/ShapeBar.h"
 #include "skyframe/gui/StructureView.h"
 #include "skyframe/gui/SummaryPanel.h"
+#include "skyframe/gui/TablePanel.h"
 #include "skyframe/qt/QtPlatform.h"
 #include "skyframe/run/AnalysisRun.h"
 
@@ -96,6 +97,8 @@ class CMainWindow : public QMainWindow {
   CAdvicePanel m_advice;
   QDockWidget m_resultDock;
   CResultPanel m_results;
+  QDockWidget m_tableDock;
+  CTablePanel m_tables;
   QMenu m_recentMenu;
   QActionGroup m_fontSizes;
   QActionGroup m_languages;
