@@ -37,7 +37,7 @@ void AddForceColumns(Table& table) {
 }
 
 Table FormEnds(const Job& job, const StructureForces& forces) {
-  Table table = StartElementTable(job, ListMembers(forces, 2));
+  Table table = StartElementTable(ListMembers(forces, 2));
   AddColumn(table, texts::c_end, "", ColumnKind::Text);
   AddColumn(table, texts::c_node, "", ColumnKind::Whole);
   const std::size_t nFirst = table.columns.size();
@@ -53,6 +53,7 @@ Table FormEnds(const Job& job, const StructureForces& forces) {
     SetForces(table, nFirst, r, member, bStart ? member.stations.front() : member.stations.back());
   }
   AddExtremes(table, nFirst, table.columns.size(), forces.bAbsolute);
+  AddSections(table, job);
   return table;
 }
 
@@ -63,7 +64,7 @@ std::size_t FindStation(const MemberForces& member, std::size_t q) {
 }
 
 Table FormExtremes(const Job& job, const StructureForces& forces) {
-  Table table = StartElementTable(job, ListMembers(forces, 1));
+  Table table = StartElementTable(ListMembers(forces, 1));
   const std::size_t nFirst = table.columns.size();
   AddForceColumns(table);
   AddColumn(table, texts::c_placeMy, "");
@@ -80,6 +81,7 @@ Table FormExtremes(const Job& job, const StructureForces& forces) {
     table.columns[nPlaces + 1].numbers[r] = static_cast<double>(FindStation(member, c_nMz)) / dLast;
   }
   AddExtremes(table, nFirst, nFirst + c_nForceComponents, forces.bAbsolute);
+  AddSections(table, job);
   return table;
 }
 
@@ -133,8 +135,9 @@ Table FormPeakTable(const Job& job, const HistorySet& histories) {
 }
 
 Table FormForcePeakTable(const Job& job, const HistorySet& histories) {
-  Table table = StartElementTable(job, CountUp(job.elements.size()));
+  Table table = StartElementTable(CountUp(job.elements.size()));
   AddPeaks(table, histories, c_nHistoryForce, texts::c_force[0], "kN");
+  AddSections(table, job);
   return table;
 }
 

@@ -26,16 +26,19 @@ Table StartNodeTable(const Job& job, std::vector<int> nodes) {
   return table;
 }
 
-Table StartElementTable(const Job& job, std::vector<int> elements) {
+Table StartElementTable(std::vector<int> elements) {
   Table table{RowSubject::Element, std::move(elements)};
   TableColumn& number = AddColumn(table, texts::c_element, "", ColumnKind::Whole);
   std::ranges::transform(table.subjects, number.numbers.begin(), [](int i) { return i + 1; });
+  return table;
+}
+
+void AddSections(Table& table, const Job& job) {
   TableColumn& section = AddColumn(table, texts::c_section, "", ColumnKind::Text);
   std::ranges::transform(table.subjects, section.texts.begin(), [&job](int i) {
     const JobElement& element = job.elements[static_cast<std::size_t>(i)];
     return job.sections[static_cast<std::size_t>(element.nSection)].strId;
   });
-  return table;
 }
 
 std::vector<int> CountUp(std::size_t nCount) {

@@ -23,8 +23,10 @@ TableColumn& AddColumn(Table& table, const Words& heading, std::string_view strU
 
 /// Rows for nodes, with a column of their numbers. Indices.
 [[nodiscard]] Table StartNodeTable(const Job& job, std::vector<int> nodes);
-/// Likewise for elements, with their sections.
-[[nodiscard]] Table StartElementTable(const Job& job, std::vector<int> elements);
+/// Likewise for elements.
+[[nodiscard]] Table StartElementTable(std::vector<int> elements);
+/// A column of the elements' sections.
+void AddSections(Table& table, const Job& job);
 /// 0, 1, ... n - 1.
 [[nodiscard]] std::vector<int> CountUp(std::size_t nCount);
 
