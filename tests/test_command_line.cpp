@@ -1,3 +1,5 @@
+#include <regex>
+
 #include "CommandFolder.h"
 
 namespace skyframe::host {
@@ -149,6 +151,92 @@ TEST_F(CommandLine, CheckPrintsTheProfile) {
   EXPECT_EQ(GetNumber(outcome.strOut, "renumbered"), 21.0 + 57.0 + 57.0);
   EXPECT_EQ(GetNumber(outcome.strOut, "profile"), 21.0 + 57.0 + 93.0);
   EXPECT_EQ(List().size(), 1U);
+}
+
+/// English words: four letters and more that are no name, path, option, key in quotes or heading of a command.
+std::string FindEnglish(std::string strText) {
+  const std::regex names(
+      R"(\[[a-z-]+\]|"[^"]*"|'[^']*'|--[a-z-]+|用法：.*|[\w.:~\\-]*[/\\_.][\w./\\:~-]*|\n  [a-z]+ )");
+  strText = std::regex_replace(strText, names, "\n");
+  const test::Strings known = {"JSON",    "Schema", "GFLOP",         "Sturm", "SRSS",
+                               "Newmark", "Wilson", "GroundAccData", "true",  "false"};
+  std::string strFound;
+  const std::regex word("[A-Za-z]{4,}");
+  for (std::sregex_iterator it(strText.begin(), strText.end(), word), end; it != end; ++it) {
+    if (std::ranges::find(known, it->str()) == known.end()) strFound += it->str() + ' ';
+  }
+  return strFound;
+}
+
+/// Of a terminal.
+std::ptrdiff_t CountColumns(std::string_view strLine) {
+  const auto count = [&](unsigned char cLowest) {
+    return std::ranges::count_if(strLine, [&](char c) { return static_cast<unsigned char>(c) >= cLowest; });
+  };
+  const auto nContinuations = count(0x80) - count(0xc0);
+  return std::ssize(strLine) - nContinuations + count(0xe3);
+}
+
+TEST_F(CommandLine, SpeaksChineseThroughoutOnRequest) {
+  const std::string strJob = GetPath(".json"), strLog = GetPath(".log");
+  Write(".json", MakeCantilever("111111", R"(
+      {"type": "static", "nonlinear": false, "combination": {"1": 1}},
+      {"type": "static", "nonlinear": true, "combination": {"0": 1, "2": 200}, "max_iterations": 3},
+      {"type": "modal", "modes": 1, "combination": {"2": -1}},
+      {"type": "spectrum", "modes": 1, "direction": [1, 1, 0], "combination": {"0": -9}, "damping": 0.05},
+      {"type": "time_history", "method": "wilson", "nonlinear": true, "time_step": 0},
+      {"type": "time_history", "method": "newmark", "load": "ground_motion", "combination": {"2": 1}},
+      {"type": "time_history", "method": "newmark", "load": "nodal_force", "nonlinear": true})"));
+  Write("_bad.json", R"({"nodes": [{"id": 1, "joint": "x", "restraint": "012", "y": "a"}, {"id": 1}], "foo": 1,
+      "elements": [{"type": "bar", "i": 1, "j": 1, "section": 2}], "loads": [{"case": -1, "node": 3}, 4],
+      "analyses": [{"type": "modal", "modes": 0, "shear": 1, "combination": {"7": 1}},
+                   {"type": "time_history", "method": "newmark", "load": "ground_motion", "impulse": {"loads": []},
+                    "tolerance": 1, "earthquake": {"directions": ["Q"], "peaks": {"Z": 1}, "oblique_axis": [1, 2]}}]})");
+  std::vector<test::Strings> commands = {
+      {"run", strJob, "--log", strLog},
+      {"run", strJob, "--log", strJob},
+      {"check", strJob},
+      {"check", GetPath("_bad.json")},
+      {"check", GetPath("_none.json")},
+      {"--help"},
+      {"run", "--help"},
+      {"generate", "--help"},
+      {"generate", "building", "--help"},
+      {"schema", "--help"},
+      {},
+      {"check", "a", "b"},
+      {"run", "a", "--data"},
+      {"schema", "--table", "a"},
+      {"plot", "a"},
+      {"plot", "a", "-o", "b"},
+      {"plot", "a", "-o", "b", "--mode", "1", "--dir", "X"},
+      {"generate", "tower", "--panels", "0"},
+      {"generate", "building", "--nodes", "500", "--storeys", "3"},
+      {"generate", "arch", "--segments", "5"},
+      {"generate", "tower", "-o", GetPath("/no/such")},
+  };
+  for (const char* pszText :
+       {"{", "[1 2]", "{\"a\" 1}", "{1}", "\"a", "-", "1e", "nul", "{\"a\":1,\"a\":2}", "[1e999]"}) {
+    const std::string strSuffix = "_text" + std::to_string(commands.size()) + ".json";
+    Write(strSuffix, pszText);
+    commands.push_back({"check", GetPath(strSuffix)});
+  }
+  for (test::Strings arguments : commands) {
+    const bool bBehind = arguments.size() % 2 == 1;
+    arguments.insert(bBehind ? arguments.end() : arguments.begin(), {"--lang", "zh"});
+    const CommandOutcome outcome = Call(arguments);
+    const std::string strText = outcome.strOut + outcome.strErr;
+    EXPECT_EQ(FindEnglish(strText), "") << strText;
+    EXPECT_NE(CountColumns(strText), std::ssize(strText)) << strText;
+  }
+  const auto getTable = [&](const char* pszLanguage, const char* pszHead) {
+    const std::string strOut = Call({"run", strJob, "--log", strLog, "--lang", pszLanguage}).strOut;
+    const std::size_t nHead = strOut.find("[kg]");
+    EXPECT_NE(strOut.find(pszHead), std::string::npos) << strOut;
+    return strOut.substr(strOut.rfind('\n', nHead), strOut.find('\n', nHead) - strOut.rfind('\n', nHead));
+  };
+  EXPECT_EQ(CountColumns(getTable("zh", "\n模态分析\n")), CountColumns(getTable("en", "\nModal analysis\n")));
+  EXPECT_EQ(Call({"--lang", "de", "--help"}).nStatus, 2);
 }
 
 TEST_F(CommandLine, GeneratedStructuresRun) {

@@ -4,6 +4,7 @@
 #include "NullBuffer.h"
 #include "skyframe/cli/CommandLine.h"
 #include "skyframe/run/JobRunner.h"
+#include "texts.h"
 
 namespace skyframe::host {
 
@@ -11,8 +12,7 @@ namespace {
 
 class CCheckCommand final : public CCommand {
  public:
-  explicit CCheckCommand(const CommandContext& context)
-      : CCommand("check", "Validate a job; print counts, profile and memory", context) {}
+  explicit CCheckCommand(const CommandContext& context) : CCommand("check", Say(texts::c_check), context) {}
 
   int Run() override {
     const std::optional<Job> job = LoadJob();

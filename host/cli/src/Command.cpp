@@ -5,11 +5,13 @@
 #include <filesystem>
 #include <system_error>
 
+#include "skyframe/advice/Advice.h"
 #include "skyframe/cli/CommandLine.h"
 #include "skyframe/job/Text.h"
 #include "skyframe/platform/OutputFile.h"
 #include "skyframe/run/JobRunner.h"
 #include "skyframe/values/ResultFiles.h"
+#include "texts.h"
 
 namespace skyframe::host {
 
@@ -33,6 +35,8 @@ void CCommand::AddTo(CLI::App& program, CCommand*& pChosen) {
   Define(*pApp);
 }
 
+void CCommand::AddJobFile(CLI::App& app) { AddJobFile(app, Help(texts::c_jobFile)); }
+
 void CCommand::AddJobFile(CLI::App& app, const std::string& strHelp) {
   app.add_option("job", m_strJobFile, strHelp)->required();
 }
@@ -40,7 +44,7 @@ void CCommand::AddJobFile(CLI::App& app, const std::string& strHelp) {
 std::optional<Job> CCommand::LoadJob(const std::string& strJobFile) {
   JobFile file = ReadJobFile(strJobFile);
   PrintProblems(strJobFile, file.errors, "");
-  PrintProblems(strJobFile, file.warnings, "warning: ");
+  PrintProblems(strJobFile, file.warnings, Say(texts::c_warning));
   m_bInputWarned = m_bInputWarned || !file.warnings.empty();
   return file.errors.empty() ? std::optional(std::move(file.job)) : std::nullopt;
 }
@@ -81,15 +85,13 @@ bool CCommand::IsJobFile(const std::string& strOutput, const std::string& strJob
          });
 }
 
-int CCommand::RefuseJobFile(const std::string& strOutput) {
-  return Refuse(strOutput + ": belongs to the job; choose another name");
-}
+int CCommand::RefuseJobFile(const std::string& strOutput) { return Refuse(Say(texts::c_belongsToJob, {strOutput})); }
 
 int CCommand::RefuseToWrite(const COutputFile& file) {
-  return Refuse("cannot write " + file.GetPath() + ": " + file.GetError());
+  return Refuse(FormatFailure({file.GetPath(), file.GetError()}));
 }
 
-int CCommand::Refuse(const std::string& strReason) {
+int CCommand::Refuse(std::string_view strReason) {
   m_err << EscapeControls(strReason) << '\n';
   return c_nExitBadInput;
 }

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "skyframe/job/JobFile.h"
+#include "skyframe/job/Language.h"
 
 namespace CLI {
 class App;
@@ -41,17 +42,21 @@ class CCommand {
   [[nodiscard]] virtual int Run() = 0;
 
  protected:
-  CCommand(std::string strName, std::string strHelp, const CommandContext& context)
+  CCommand(std::string strName, std::string_view strHelp, const CommandContext& context)
       : m_out(context.out),
         m_err(context.err),
         m_program(context.program),
         m_strName(std::move(strName)),
-        m_strHelp(std::move(strHelp)) {}
+        m_strHelp(strHelp) {}
 
   /// The options of the command. They stand in the object's members.
   virtual void Define(CLI::App& app) = 0;
 
-  void AddJobFile(CLI::App& app, const std::string& strHelp = "Job file (JSON)");
+  /// The text of an option.
+  [[nodiscard]] static std::string Help(const Words& words) { return std::string(Say(words)); }
+
+  void AddJobFile(CLI::App& app);
+  void AddJobFile(CLI::App& app, const std::string& strHelp);
 
   /// Nothing when the job file has errors; they are then listed.
   [[nodiscard]] std::optional<Job> LoadJob() { return LoadJob(m_strJobFile); }
@@ -72,7 +77,7 @@ class CCommand {
 
   [[nodiscard]] int RefuseJobFile(const std::string& strOutput);
   int RefuseToWrite(const COutputFile& file);
-  [[nodiscard]] int Refuse(const std::string& strReason);
+  [[nodiscard]] int Refuse(std::string_view strReason);
 
   std::ostream& m_out;
   std::ostream& m_err;

@@ -5,6 +5,7 @@
 #include "skyframe/cli/CommandLine.h"
 #include "skyframe/generate/Generate.h"
 #include "skyframe/values/Capacities.h"
+#include "texts.h"
 
 namespace skyframe::host {
 
@@ -12,8 +13,7 @@ namespace {
 
 class CGenerateCommand final : public CCommand {
  public:
-  explicit CGenerateCommand(const CommandContext& context)
-      : CCommand("generate", "Write a job file for a regular structure", context) {}
+  explicit CGenerateCommand(const CommandContext& context) : CCommand("generate", Say(texts::c_generate), context) {}
 
   int Run() override { return m_action(); }
 
@@ -26,71 +26,70 @@ class CGenerateCommand final : public CCommand {
     DefineArch(app);
   }
 
-  CLI::App* AddShape(CLI::App& generate, const std::string& strName, const std::string& strHelp) {
-    CLI::App* pShape = generate.add_subcommand(strName, strHelp);
-    pShape->add_option("-o,--output", m_strOutput, "Job file to write (default: standard output)");
+  CLI::App* AddShape(CLI::App& generate, const std::string& strName, const Words& help) {
+    CLI::App* pShape = generate.add_subcommand(strName, Help(help));
+    pShape->add_option("-o,--output", m_strOutput, Help(texts::c_generateOutput));
     return pShape;
   }
 
-  static void AddCount(CLI::App& app, const std::string& strName, int& nValue, const std::string& strHelp,
-                       int nLowest = 1) {
-    app.add_option(strName, nValue, strHelp)->check(CLI::Range(nLowest, c_nMaxNodes))->capture_default_str();
+  static void AddCount(CLI::App& app, const std::string& strName, int& nValue, const Words& help, int nLowest = 1) {
+    app.add_option(strName, nValue, Help(help))->check(CLI::Range(nLowest, c_nMaxNodes))->capture_default_str();
   }
 
-  static void AddLength(CLI::App& app, const std::string& strName, double& dValue, const std::string& strHelp) {
-    app.add_option(strName, dValue, strHelp)->check(CLI::Range(1.0e-3, 1.0e5))->capture_default_str();
+  static void AddLength(CLI::App& app, const std::string& strName, double& dValue, const Words& help) {
+    app.add_option(strName, dValue, Help(help))->check(CLI::Range(1.0e-3, 1.0e5))->capture_default_str();
   }
 
-  static void AddLoad(CLI::App& app, const std::string& strName, double& dValue, const std::string& strHelp) {
-    app.add_option(strName, dValue, strHelp)->check(CLI::Range(-1.0e9, 1.0e9))->capture_default_str();
+  static void AddLoad(CLI::App& app, const std::string& strName, double& dValue, const Words& help) {
+    app.add_option(strName, dValue, Help(help))->check(CLI::Range(-1.0e9, 1.0e9))->capture_default_str();
   }
 
   void DefineBuilding(CLI::App& generate) {
-    CLI::App* p = AddShape(generate, "building", "Rectangular frame of rigid beams and columns");
-    AddCount(*p, "--bays-x", m_building.nBaysX, "Bays along X");
-    AddCount(*p, "--bays-y", m_building.nBaysY, "Bays along Y");
+    CLI::App* p = AddShape(generate, "building", texts::c_building);
+    AddCount(*p, "--bays-x", m_building.nBaysX, texts::c_baysX);
+    AddCount(*p, "--bays-y", m_building.nBaysY, texts::c_baysY);
     CLI::Option* pStoreys =
-        p->add_option("--storeys", m_building.nStoreys, "Storeys")->check(CLI::Range(1, c_nMaxNodes));
+        p->add_option("--storeys", m_building.nStoreys, Help(texts::c_storeys))->check(CLI::Range(1, c_nMaxNodes));
     pStoreys->capture_default_str();
-    p->add_option("--nodes", m_nNodes, "About so many nodes: chooses the storeys, and the bays if these are not given")
+    p->add_option("--nodes", m_nNodes, Help(texts::c_aboutNodes))
         ->check(CLI::Range(8, c_nMaxNodes))
         ->excludes(pStoreys);
-    AddLength(*p, "--span", m_building.dSpan, "Length of a bay, m");
-    AddLength(*p, "--height", m_building.dHeight, "Height of a storey, m");
-    AddLoad(*p, "--dead", m_building.dDeadLoad, "Dead load, kN/m2, case 0");
-    AddLoad(*p, "--live", m_building.dLiveLoad, "Live load, kN/m2, case 1");
-    AddLoad(*p, "--wind", m_building.dWindLoad, "Wind along X, kN/m2, case 2");
+    AddLength(*p, "--span", m_building.dSpan, texts::c_bayLength);
+    AddLength(*p, "--height", m_building.dHeight, texts::c_storeyHeight);
+    AddLoad(*p, "--dead", m_building.dDeadLoad, texts::c_deadLoad);
+    AddLoad(*p, "--live", m_building.dLiveLoad, texts::c_liveLoad);
+    AddLoad(*p, "--wind", m_building.dWindLoad, texts::c_windLoad);
     p->callback([this, p] { m_action = [this, p] { return OnGenerateBuilding(*p); }; });
   }
 
   void DefineTower(CLI::App& generate) {
-    CLI::App* p = AddShape(generate, "tower", "Square lattice tower of bars");
-    AddCount(*p, "--panels", m_tower.nPanels, "Panels one above the other");
-    AddLength(*p, "--base", m_tower.dBase, "Side at the foot, m");
-    AddLength(*p, "--top", m_tower.dTop, "Side at the top, m");
-    AddLength(*p, "--panel-height", m_tower.dPanelHeight, "Height of a panel, m");
+    CLI::App* p = AddShape(generate, "tower", texts::c_tower);
+    AddCount(*p, "--panels", m_tower.nPanels, texts::c_panels);
+    AddLength(*p, "--base", m_tower.dBase, texts::c_base);
+    AddLength(*p, "--top", m_tower.dTop, texts::c_top);
+    AddLength(*p, "--panel-height", m_tower.dPanelHeight, texts::c_panelHeight);
     p->callback([this] {
       m_action = [this] { return Write([this] { return GenerateTower(m_tower); }, 4, m_tower.nPanels + 1.0); };
     });
   }
 
   void DefineDome(CLI::App& generate) {
-    CLI::App* p = AddShape(generate, "dome", "Reticulated spherical cap");
-    AddCount(*p, "--rings", m_dome.nRings, "Rings around the crown");
-    AddCount(*p, "--segments", m_dome.nSegments, "Fields around a ring", 3);
-    AddLength(*p, "--span", m_dome.dSpan, "Span, m");
-    AddLength(*p, "--rise", m_dome.dRise, "Rise, m; at most half the span");
-    AddLoad(*p, "--load", m_dome.dLoad, "Load in plan, kN/m2");
-    p->add_flag("--beams", m_dome.bBeams, "Rigid beams instead of bars");
+    CLI::App* p = AddShape(generate, "dome", texts::c_dome);
+    AddCount(*p, "--rings", m_dome.nRings, texts::c_rings);
+    AddCount(*p, "--segments", m_dome.nSegments, texts::c_fields, 3);
+    AddLength(*p, "--span", m_dome.dSpan, texts::c_span);
+    AddLength(*p, "--rise", m_dome.dRise, texts::c_domeRise);
+    AddLoad(*p, "--load", m_dome.dLoad, texts::c_planLoad);
+    p->add_flag("--beams", m_dome.bBeams, Help(texts::c_domeBeams));
     p->callback([this] { m_action = [this] { return OnGenerateDome(); }; });
   }
 
   void DefineArch(CLI::App& generate) {
-    CLI::App* p = AddShape(generate, "arch", "Two-bar arch, or an arch of rigid beams, loaded at its apex");
-    AddCount(*p, "--segments", m_arch.nSegments, "Members, an even number; 2 makes bars", 2);
-    AddLength(*p, "--half-span", m_arch.dHalfSpan, "Half the span, m");
-    AddLength(*p, "--rise", m_arch.dRise, "Rise, m");
-    AddLoad(*p, "--load", m_arch.dLoad, "Load at the apex, kN, downwards");
+    CLI::App* p = AddShape(generate, "arch", texts::c_arch);
+    AddCount(*p, "--segments", m_arch.nSegments, texts::c_archMembers, 2);
+    AddLength(*p, "--half-span", m_arch.dHalfSpan, texts::c_halfSpan);
+    AddLength(*p, "--rise", m_arch.dRise, texts::c_rise);
+    AddLoad(*p, "--load", m_arch.dLoad, texts::c_apexLoad);
     p->callback([this] { m_action = [this] { return OnGenerateArch(); }; });
   }
 
@@ -106,22 +105,22 @@ class CGenerateCommand final : public CCommand {
   }
 
   int OnGenerateDome() {
-    if (m_dome.dRise > 0.5 * m_dome.dSpan) return Refuse("--rise: must be at most half the span");
+    if (m_dome.dRise > 0.5 * m_dome.dSpan) return Refuse(Say(texts::c_riseTooLarge));
     return Write([this] { return GenerateDome(m_dome); }, m_dome.nRings, m_dome.nSegments);
   }
 
   int OnGenerateArch() {
-    if (m_arch.nSegments % 2 != 0) return Refuse("--segments: must be an even number");
+    if (m_arch.nSegments % 2 != 0) return Refuse(Say(texts::c_oddMembers));
     return Write([this] { return GenerateArch(m_arch); }, m_arch.nSegments + 1.0, 1.0);
   }
 
   /// Generates and writes the job of about so many rows of nodes, unless the host records are too small.
   template <class Generator>
   int Write(Generator generator, double dRows, double dNodesPerRow) {
-    if (dRows * dNodesPerRow > c_nMaxNodes) return Refuse("more than " + std::to_string(c_nMaxNodes) + " nodes");
+    if (dRows * dNodesPerRow > c_nMaxNodes) return Refuse(Say(texts::c_tooManyNodes, {std::to_string(c_nMaxNodes)}));
     const std::string strText = FormatJob(generator());
     const JobFile check = ParseJob(strText);
-    PrintProblems("generated job", check.errors, "");
+    PrintProblems(Help(texts::c_generatedJob), check.errors, "");
     return check.errors.empty() ? Deliver(m_strOutput, strText) : c_nExitBadInput;
   }
 

@@ -9,23 +9,11 @@
 #include "skyframe/job/Language.h"
 #include "skyframe/job/Text.h"
 #include "skyframe/platform/ChildProcesses.h"
+#include "texts.h"
 
 namespace skyframe::host {
 
 namespace {
-
-namespace texts {
-
-constexpr Words c_good = {"ok", "完成"};
-constexpr Words c_warned = {"ok, with warnings, see {0}", "完成，有警告，见 {0}"};
-constexpr Words c_failed = {"failed, see {0}", "失败，见 {0}"};
-constexpr Words c_refused = {"refused, see {0}", "被拒绝，见 {0}"};
-constexpr Words c_killed = {"failed: ended by signal or exception {0}, see {1}", "失败：被信号或异常 {0} 终止，见 {1}"};
-constexpr Words c_notStarted = {"failed: cannot be started: {0}", "失败：无法启动：{0}"};
-constexpr Words c_sum = {"{0} jobs in {1} s: {2} ok, {3} with warnings, {4} failed or refused",
-                         "{0} 个作业，{1} s：完成 {2} 个，有警告 {3} 个，失败或被拒绝 {4} 个"};
-
-}  // namespace texts
 
 using Clock = std::chrono::steady_clock;
 
@@ -111,8 +99,8 @@ class CManyJobs {
   void PrintSum(double dSeconds) {
     const auto count = [this](int nStatus) { return std::ranges::count(m_ends, nStatus, &JobEnd::nStatus); };
     const auto nGood = count(c_nExitGood), nWarned = count(c_nExitWarned);
-    m_out << Say(texts::c_sum, {std::to_string(m_ends.size()), Format("%.2f", dSeconds), std::to_string(nGood),
-                                std::to_string(nWarned), std::to_string(std::ssize(m_ends) - nGood - nWarned)})
+    m_out << Say(texts::c_jobSum, {std::to_string(m_ends.size()), Format("%.2f", dSeconds), std::to_string(nGood),
+                                   std::to_string(nWarned), std::to_string(std::ssize(m_ends) - nGood - nWarned)})
           << '\n';
   }
 

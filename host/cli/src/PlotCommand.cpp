@@ -5,6 +5,7 @@
 #include "skyframe/cli/CommandLine.h"
 #include "skyframe/plot/Plots.h"
 #include "skyframe/run/JobRunner.h"
+#include "texts.h"
 
 namespace skyframe::host {
 
@@ -12,12 +13,12 @@ namespace {
 
 class CPlotCommand final : public CCommand {
  public:
-  explicit CPlotCommand(const CommandContext& context) : CCommand("plot", "Draw a result of a job as SVG", context) {}
+  explicit CPlotCommand(const CommandContext& context) : CCommand("plot", Say(texts::c_plot), context) {}
 
   int Run() override {
     const bool bHistory = m_pNode->count() + m_pElement->count() > 0;
     if (IsJobFile(m_strOutput, m_strJobFile)) return RefuseJobFile(m_strOutput);
-    if (m_plot.bViewer && !bHistory) return Refuse("--viewer: belongs to --node or --element");
+    if (m_plot.bViewer && !bHistory) return Refuse(Say(texts::c_viewerOnly));
     using Kind = PlotRequest::Kind;
     m_plot.kind = m_pWhat->count("--mode") > 0 ? Kind::Mode
                   : m_bDeformed                ? Kind::Deformed
@@ -32,22 +33,21 @@ class CPlotCommand final : public CCommand {
 
  private:
   void Define(CLI::App& app) override {
-    AddJobFile(app, "Job file (JSON) whose analyses have run");
-    app.add_option("-o,--output", m_strOutput, "SVG file to write")->required();
-    m_pWhat = app.add_option_group("What to draw", "one of these");
+    AddJobFile(app, Help(texts::c_plotJob));
+    app.add_option("-o,--output", m_strOutput, Help(texts::c_plotOutput))->required();
+    m_pWhat = app.add_option_group(Help(texts::c_whatToDraw), Help(texts::c_oneOfThese));
     m_pWhat->require_option(1);
-    m_pWhat->add_flag("--spectrum", m_bSpectrum, "Design spectrum with the periods of the modes");
-    m_pWhat->add_option("--mode", m_plot.nNumber, "Mode shape, from 1");
-    m_pNode = m_pWhat->add_option("--node", m_plot.nNumber, "Displacement history of the node with this id");
-    m_pElement = m_pWhat->add_option("--element", m_plot.nNumber, "Axial-force history of an element, from 1");
-    CLI::Option* pDeformed =
-        m_pWhat->add_flag("--deformed", m_bDeformed, "Structure as the static analysis deforms it");
+    m_pWhat->add_flag("--spectrum", m_bSpectrum, Help(texts::c_plotSpectrum));
+    m_pWhat->add_option("--mode", m_plot.nNumber, Help(texts::c_plotMode));
+    m_pNode = m_pWhat->add_option("--node", m_plot.nNumber, Help(texts::c_plotNode));
+    m_pElement = m_pWhat->add_option("--element", m_plot.nNumber, Help(texts::c_plotElement));
+    CLI::Option* pDeformed = m_pWhat->add_flag("--deformed", m_bDeformed, Help(texts::c_plotDeformed));
     const std::map<std::string, int> directions = {{"X", 0}, {"Y", 1}, {"Z", 2}};
-    app.add_option("--dir", m_plot.nDirection, "X, Y or Z (default X)")
+    app.add_option("--dir", m_plot.nDirection, Help(texts::c_plotDirection))
         ->needs(m_pNode)
         ->transform(CLI::CheckedTransformer(directions, CLI::ignore_case));
-    app.add_flag("--nonlinear", m_plot.bNonlinear, "Of the nonlinear static analysis")->needs(pDeformed);
-    app.add_flag("--viewer", m_plot.bViewer, "The result viewer's picture of a history");
+    app.add_flag("--nonlinear", m_plot.bNonlinear, Help(texts::c_plotNonlinear))->needs(pDeformed);
+    app.add_flag("--viewer", m_plot.bViewer, Help(texts::c_plotViewer));
   }
 
   std::string m_strOutput;

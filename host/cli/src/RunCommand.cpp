@@ -13,37 +13,27 @@
 #include "skyframe/platform/OutputFile.h"
 #include "skyframe/run/DataDirectory.h"
 #include "skyframe/run/JobRunner.h"
+#include "texts.h"
 
 namespace skyframe::host {
 
 namespace {
 
-namespace texts {
-
-constexpr Words c_oneJob = {"{0}: belongs to a run of one job", "{0}：只能用于单个作业"};
-constexpr Words c_noProgram = {"many jobs: the file of this program is not known", "多个作业：找不到本程序的文件"};
-constexpr Words c_sameResults = {"{0} and {1}: have the same result files", "{0} 与 {1}：结果文件相同"};
-
-}  // namespace texts
-
 class CRunCommand final : public CCommand {
  public:
-  explicit CRunCommand(const CommandContext& context)
-      : CCommand("run", "Run every analysis of a job; results stand beside the job file", context) {}
+  explicit CRunCommand(const CommandContext& context) : CCommand("run", Say(texts::c_run), context) {}
 
   int Run() override { return m_jobFiles.size() == 1 ? RunOne() : RunMany(); }
 
  private:
   void Define(CLI::App& app) override {
-    app.add_option("job", m_jobFiles, "Job file (JSON); of many, each runs in a process of its own")->required();
-    CLI::Option* pLog =
-        app.add_option("--log", m_strLogFile, "File for the progress and trace lines (default: standard output)");
-    app.add_flag("--quiet", m_bQuiet, "No progress and trace lines")->excludes(pLog);
-    app.add_flag("--strict", m_bStrict, "End with status 3 when there was a warning");
-    app.add_flag("--dialogs", m_bDialogs, "Show the dialogs with the job's values, to be changed and confirmed");
-    app.add_option("--data", m_strProgramPath, "Directory that holds GroundAccData")->capture_default_str();
-    app.add_option("--jobs", m_nAtOnce, "Of many jobs, so many at once (default: one a processor)")
-        ->check(CLI::Range(1, CChildProcesses::c_nMostProcesses));
+    app.add_option("job", m_jobFiles, Help(texts::c_jobFiles))->required();
+    CLI::Option* pLog = app.add_option("--log", m_strLogFile, Help(texts::c_log));
+    app.add_flag("--quiet", m_bQuiet, Help(texts::c_quiet))->excludes(pLog);
+    app.add_flag("--strict", m_bStrict, Help(texts::c_strict));
+    app.add_flag("--dialogs", m_bDialogs, Help(texts::c_dialogs));
+    app.add_option("--data", m_strProgramPath, Help(texts::c_data))->capture_default_str();
+    app.add_option("--jobs", m_nAtOnce, Help(texts::c_atOnce))->check(CLI::Range(1, CChildProcesses::c_nMostProcesses));
   }
 
   int RunOne() {
@@ -52,7 +42,7 @@ class CRunCommand final : public CCommand {
     const std::optional<Job> job = LoadJob();
     if (!job) return c_nExitBadInput;
     const std::unique_ptr<IPlatform> pWindows = m_bDialogs ? OpenWindows() : nullptr;
-    if (m_bDialogs && pWindows == nullptr) return Refuse("--dialogs: no screen, or no windows in this installation");
+    if (m_bDialogs && pWindows == nullptr) return Refuse(Say(texts::c_noWindows));
     if (m_bQuiet) {
       CNullBuffer nothing;
       std::ostream console(&nothing);
@@ -70,7 +60,7 @@ class CRunCommand final : public CCommand {
   int RunMany() {
     if (m_bDialogs) return Refuse(Say(texts::c_oneJob, {"--dialogs"}));
     if (!m_strLogFile.empty()) return Refuse(Say(texts::c_oneJob, {"--log"}));
-    if (m_program.empty()) return Refuse(std::string(Say(texts::c_noProgram)));
+    if (m_program.empty()) return Refuse(Say(texts::c_noProgram));
     for (std::size_t i = 0; i < m_jobFiles.size(); ++i) {
       const std::string strLog = GetRunLog(m_jobFiles[i]);
       for (std::size_t j = 0; j < m_jobFiles.size(); ++j) {
@@ -82,7 +72,9 @@ class CRunCommand final : public CCommand {
     }
     const int nProcessors = static_cast<int>(std::thread::hardware_concurrency());
     const int nAtOnce = m_nAtOnce > 0 ? m_nAtOnce : std::clamp(nProcessors, 1, CChildProcesses::c_nMostProcesses);
-    const std::vector<std::string> options = {"run", "--quiet", "--strict", "--data", m_strProgramPath};
+    const std::string strLanguage(c_strLanguages[static_cast<std::size_t>(GetLanguage())]);
+    const std::vector<std::string> options = {"run",       "--quiet", "--strict",      "--lang",
+                                              strLanguage, "--data",  m_strProgramPath};
     const int nStatus = RunManyJobs({m_program, options, m_jobFiles, nAtOnce}, m_out);
     return nStatus == c_nExitWarned && !m_bStrict ? c_nExitGood : nStatus;
   }

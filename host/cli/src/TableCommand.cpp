@@ -1,7 +1,6 @@
 #include <CLI/CLI.hpp>
 #include <algorithm>
 #include <filesystem>
-#include <map>
 #include <system_error>
 
 #include "Commands.h"
@@ -9,6 +8,7 @@
 #include "skyframe/job/Text.h"
 #include "skyframe/run/Stamps.h"
 #include "skyframe/tables/ResultTables.h"
+#include "texts.h"
 
 namespace skyframe::host {
 
@@ -19,28 +19,31 @@ bool IsThere(const std::string& strJobPath, TableResult result) {
   return std::filesystem::exists(ToFilePath(strJobPath + std::string(GetSuffix(result))), error);
 }
 
-/// The names with their places.
+/// The place of a name among those that the parser took it from.
 template <class Choice, std::size_t n>
-std::map<std::string, Choice> MapNames(const std::array<std::string_view, n>& names) {
-  std::map<std::string, Choice> places;
-  for (std::size_t i = 0; i < n; ++i) places.emplace(names[i], static_cast<Choice>(i));
-  return places;
+Choice FindName(const std::array<std::string_view, n>& names, std::string_view strName) {
+  return static_cast<Choice>(std::ranges::find(names, strName) - names.begin());
+}
+
+template <std::size_t n>
+CLI::IsMember FormCheck(const std::array<std::string_view, n>& names) {
+  return CLI::IsMember(std::vector<std::string>(names.begin(), names.end()));
 }
 
 class CTableCommand final : public CCommand {
  public:
-  explicit CTableCommand(const CommandContext& context)
-      : CCommand("table", "Write results of a job as a table (CSV)", context) {}
+  explicit CTableCommand(const CommandContext& context) : CCommand("table", Say(texts::c_writeTable), context) {}
 
   int Run() override {
     if (!m_strOutput.empty() && IsJobFile(m_strOutput, m_strJobFile)) return RefuseJobFile(m_strOutput);
     const std::optional<Job> job = LoadJob();
     if (!job) return c_nExitBadInput;
     const std::string strJobPath = GetJobPath(m_strJobFile);
-    if (m_pResult->count() == 0) ChooseResult(strJobPath);
-    const std::string strKind(c_strTableKinds[static_cast<std::size_t>(m_choice.kind)]);
-    if (!HasTable(m_choice.result)) return Refuse("--what " + strKind + ": the result has no such table");
-    if (m_pMode->count() > 0 && !m_choice.IsOfOneMode()) return Refuse("--mode: belongs to the shape of a mode");
+    m_choice.kind = FindName<TableKind>(c_strTableKinds, m_strKind);
+    m_choice.result =
+        m_strResult.empty() ? ChooseResult(strJobPath) : FindName<TableResult>(c_strTableResults, m_strResult);
+    if (!HasTable(m_choice.result)) return Refuse(Say(texts::c_tableMissing, {m_strKind}));
+    if (m_pMode->count() > 0 && !m_choice.IsOfOneMode()) return Refuse(std::string(Say(texts::c_shapeOnly)));
     const std::string strFile = strJobPath + std::string(GetSuffix(m_choice.result));
     const Reading<Table> table = ReadTable(*job, strJobPath, m_choice);
     if (!table) return Refuse(strFile + ": " + table.strError);
@@ -52,16 +55,11 @@ class CTableCommand final : public CCommand {
 
  private:
   void Define(CLI::App& app) override {
-    AddJobFile(app, "Job file (JSON) whose analyses have run");
-    app.add_option("--what", m_choice.kind, "Table: " + JoinWords(c_strTableKinds))
-        ->required()
-        ->transform(CLI::CheckedTransformer(MapNames<TableKind>(c_strTableKinds)).description(""));
-    m_pResult = app.add_option("--of", m_choice.result,
-                               "Result: " + JoinWords(c_strTableResults) + " (default: the first that is there)")
-                    ->transform(CLI::CheckedTransformer(MapNames<TableResult>(c_strTableResults)).description(""));
-    m_pMode =
-        app.add_option("--mode", m_choice.nMode, "Mode, from 1, of displacements and levels of modes (default 1)");
-    app.add_option("-o,--output", m_strOutput, "CSV file to write (default: standard output)");
+    AddJobFile(app, Help(texts::c_plotJob));
+    app.add_option("--what", m_strKind, Help(texts::c_tableKind))->required()->check(FormCheck(c_strTableKinds));
+    app.add_option("--of", m_strResult, Help(texts::c_tableResult))->check(FormCheck(c_strTableResults));
+    m_pMode = app.add_option("--mode", m_choice.nMode, Help(texts::c_tableMode));
+    app.add_option("-o,--output", m_strOutput, Help(texts::c_tableOutput));
   }
 
   [[nodiscard]] bool HasTable(TableResult result) const {
@@ -69,18 +67,19 @@ class CTableCommand final : public CCommand {
   }
 
   /// The first one with such a table whose file is there; without one the first with such a table.
-  void ChooseResult(const std::string& strJobPath) {
+  [[nodiscard]] TableResult ChooseResult(const std::string& strJobPath) const {
     std::vector<TableResult> results;
     for (std::size_t i = 0; i < c_strTableResults.size(); ++i) {
       if (HasTable(static_cast<TableResult>(i))) results.push_back(static_cast<TableResult>(i));
     }
     const auto it = std::ranges::find_if(results, [&](TableResult result) { return IsThere(strJobPath, result); });
-    m_choice.result = it == results.end() ? results.front() : *it;
+    return it == results.end() ? results.front() : *it;
   }
 
   std::string m_strOutput;
+  std::string m_strKind;
+  std::string m_strResult;
   TableChoice m_choice;
-  CLI::Option* m_pResult = nullptr;
   CLI::Option* m_pMode = nullptr;
 };
 

@@ -1,10 +1,13 @@
 #include "skyframe/gui/Document.h"
 
 #include <algorithm>
+#include <filesystem>
+#include <system_error>
 #include <utility>
 
 #include "skyframe/job/DialogFields.h"
 #include "skyframe/platform/OutputFile.h"
+#include "skyframe/platform/Platform.h"
 #include "skyframe/results/Histories.h"
 #include "skyframe/run/DataDirectory.h"
 #include "skyframe/values/ResultFiles.h"
@@ -35,6 +38,21 @@ bool MeanTheSame(const host::JobAnalysis& one, const host::JobAnalysis& other) {
 
 }  // namespace
 
+std::string_view GetSuffix(ResultKind kind) {
+  switch (kind) {
+    case ResultKind::Linear:
+      return suffix::c_strStaticLinear;
+    case ResultKind::Nonlinear:
+      return suffix::c_strStaticNonlinear;
+    case ResultKind::Modes:
+      return suffix::c_strModes;
+    case ResultKind::Spectrum:
+      return suffix::c_strSpectrum;
+    default:
+      return suffix::c_strHistory;
+  }
+}
+
 std::vector<host::JobProblem> CDocument::Open(const QString& strFile) {
   const std::string strPath = strFile.toStdString();
   host::JobFile file = host::ReadJobFile(strPath);
@@ -48,6 +66,7 @@ std::vector<host::JobProblem> CDocument::Open(const QString& strFile) {
   m_bModified = false;
   m_strModel = host::FormModelMark(GetJob());
   if (!bSameFile) m_selection = {};
+  m_nStep = 0;
   const auto IsGone = [](int nIndex, std::size_t nCount) { return static_cast<std::size_t>(nIndex) >= nCount; };
   std::erase_if(m_selection.nodes, [&](int i) { return IsGone(i, GetJob().nodes.size()); });
   std::erase_if(m_selection.elements, [&](int i) { return IsGone(i, GetJob().elements.size()); });
@@ -130,6 +149,17 @@ const HistorySet* CDocument::GetHistories() {
     const auto file = host::ReadHistoryFile(strPath, model);
     return file ? host::Reading<HistorySet>(host::FormHistorySet(*file)) : host::Reading<HistorySet>();
   });
+}
+
+bool CDocument::HasResult(ResultKind kind) const {
+  if (!IsOpen()) return false;
+  if (kind == ResultKind::History && m_session->GetHistories().nSteps > 0) return true;
+  std::error_code error;
+  return std::filesystem::is_regular_file(ToFilePath(GetJobPath() + std::string(GetSuffix(kind))), error);
+}
+
+void CDocument::SetStep(int nStep) {
+  if (std::exchange(m_nStep, nStep) != nStep) stepChanged.Send();
 }
 
 bool CDocument::IsOutdated(std::string_view strSuffix) const { return m_stamps.IsOutdated(strSuffix, m_strModel); }

@@ -58,12 +58,15 @@ CMainWindow::CMainWindow(const QString& strSettingsFile)
       m_pPrevious(InstallPlatform(&m_platform)),
       m_make(*this, m_document),
       m_shapeBar(m_document, m_view, this),
+      m_resultBar(m_document, m_view, this),
       m_analysisDock(this),
       m_analyses(m_document,
                  [this](std::size_t nIndex) {
                    const host::JobAnalysis analysis = m_document.GetJob().analyses[nIndex];
                    Analyse(host::GetKind(analysis), &analysis);
                  }),
+      m_inspectDock(this),
+      m_inspect(m_document, m_view),
       m_consoleDock(this),
       m_decoder(QStringDecoder::Utf8),
       m_summaryDock(this),
@@ -78,6 +81,9 @@ CMainWindow::CMainWindow(const QString& strSettingsFile)
   setObjectName(QStringLiteral("main"));
   setCentralWidget(&m_view);
   addToolBar(&m_shapeBar);
+  addToolBarBreak();
+  addToolBar(&m_resultBar);
+  ConnectView();
   MakeFileMenu();
   MakeAnalysisMenu();
   MakeDocks();
@@ -176,13 +182,14 @@ void CMainWindow::MakeViewMenu() {
   m_make.AddAction(menu, texts::c_fit, texts::c_fitTip, "fit", [this] { m_view.FitAll(); });
   menu.addSeparator();
   AddOption(menu, texts::c_supports, texts::c_supportsTip, "supports", &ViewOptions::bSupports);
-  AddOption(menu, texts::c_loads, texts::c_loadsTip, "loads", &ViewOptions::bLoads);
   AddOption(menu, texts::c_nodeNumbers, texts::c_nodeNumbersTip, "node_numbers", &ViewOptions::bNodeNumbers);
   AddOption(menu, texts::c_elementNumbers, texts::c_elementNumbersTip, "element_numbers",
             &ViewOptions::bElementNumbers);
+  AddOption(menu, texts::c_sectionNames, texts::c_sectionNamesTip, "section_names", &ViewOptions::bSectionNames);
+  AddOption(menu, texts::c_localAxes, texts::c_localAxesTip, "local_axes", &ViewOptions::bLocalAxes);
   menu.addSeparator();
   for (QDockWidget* const pDock :
-       {&m_analysisDock, &m_summaryDock, &m_adviceDock, &m_consoleDock, &m_tableDock, &m_resultDock}) {
+       {&m_analysisDock, &m_inspectDock, &m_summaryDock, &m_adviceDock, &m_consoleDock, &m_tableDock, &m_resultDock}) {
     menu.addAction(pDock->toggleViewAction());
   }
   menu.addSeparator();
@@ -232,6 +239,8 @@ void CMainWindow::MakeDocks() {
   setCorner(Qt::BottomRightCorner, Qt::RightDockWidgetArea);
   m_make.AddDock(m_analysisDock, m_analyses, texts::c_analyses, texts::c_analysesTip, "analysis_dock",
                  Qt::LeftDockWidgetArea);
+  m_make.AddDock(m_inspectDock, m_inspect, texts::c_inspect, texts::c_inspectTip, "inspect_dock",
+                 Qt::LeftDockWidgetArea);
   m_make.AddDock(m_summaryDock, m_summary, texts::c_summary, texts::c_summaryTip, "summary_dock",
                  Qt::BottomDockWidgetArea);
   m_make.AddDock(m_adviceDock, m_advice, texts::c_advice, texts::c_adviceTip, "advice_dock", Qt::BottomDockWidgetArea);
@@ -246,6 +255,19 @@ void CMainWindow::MakeDocks() {
   m_summaryDock.raise();
   resizeDocks({&m_summaryDock}, {190}, Qt::Vertical);
   resizeDocks({&m_analysisDock, &m_resultDock}, {230, 360}, Qt::Horizontal);
+}
+
+void CMainWindow::ConnectView() {
+  m_view.SetHoverText([this](host::ScenePart part) { return DescribePart(m_document, part); });
+  m_view.SetPickHandler([this](std::optional<host::ScenePart> part, bool bAdd) {
+    Selection selection = bAdd ? m_document.GetSelection() : Selection{};
+    if (part) {
+      auto& chosen = part->kind == host::ScenePart::Kind::Node ? selection.nodes : selection.elements;
+      if (!chosen.insert(part->nIndex).second) chosen.erase(part->nIndex);
+    }
+    m_document.Select(std::move(selection));
+  });
+  m_document.selectionChanged.Connect([this] { m_view.SetSelection(m_document.GetSelection()); });
 }
 
 void CMainWindow::SetFontScale(double dScale) {
@@ -364,8 +386,11 @@ void CMainWindow::ShowRun(host::AnalysisKind kind, const host::AnalysisRun& run)
   if (findings.status != RunStatus::Done) return;
   const bool bNonlinear = kind == host::AnalysisKind::Static && GetStaticFindings().bNonlinear;
   if (kind == host::AnalysisKind::Modal) m_shapeBar.Choose(host::ShapeKind::Mode);
+  if (kind == host::AnalysisKind::Spectrum) m_resultBar.ChooseSource(ResultKind::Spectrum);
+  if (kind == host::AnalysisKind::TimeHistory) m_resultBar.ChooseSource(ResultKind::History);
   if (kind == host::AnalysisKind::Static) {
     m_shapeBar.Choose(bNonlinear ? host::ShapeKind::NonlinearState : host::ShapeKind::LinearState);
+    m_resultBar.ChooseSource(bNonlinear ? ResultKind::Nonlinear : ResultKind::Linear);
   }
 }
 
@@ -409,7 +434,9 @@ void CMainWindow::FillRecentMenu() {
 }
 
 void CMainWindow::OnSavePicture() {
-  const std::string strName = m_document.GetJobPath() + "_" + m_shapeBar.FormFileName() + ".png";
+  const std::string strForces = m_resultBar.FormFileName();
+  const std::string strShown = strForces.empty() ? m_shapeBar.FormFileName() : strForces;
+  const std::string strName = m_document.GetJobPath() + "_" + strShown + ".png";
   QFileDialog dialog(this, ToQt(Say(texts::c_pictureTitle)), ToQt(strName), ToQt(Say(texts::c_pictureFilter)));
   dialog.setAcceptMode(QFileDialog::AcceptSave);
   dialog.setDefaultSuffix(QStringLiteral("png"));

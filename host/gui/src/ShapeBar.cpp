@@ -5,7 +5,6 @@
 
 #include "ShapeTitle.h"
 #include "skyframe/qt/Font.h"
-#include "skyframe/values/ResultFiles.h"
 #include "texts.h"
 
 namespace skyframe::gui {
@@ -18,14 +17,14 @@ constexpr int c_nUsualAmplitude = 25;
 constexpr int c_nSliderWidth = 140;
 constexpr double c_dLargestMagnification = 1.0e9;
 
-std::string_view GetSuffix(host::ShapeKind kind) {
+ResultKind GetResult(host::ShapeKind kind) {
   switch (kind) {
     case host::ShapeKind::LinearState:
-      return suffix::c_strStaticLinear;
+      return ResultKind::Linear;
     case host::ShapeKind::NonlinearState:
-      return suffix::c_strStaticNonlinear;
+      return ResultKind::Nonlinear;
     default:
-      return suffix::c_strModes;
+      return ResultKind::Modes;
   }
 }
 
@@ -85,7 +84,7 @@ void CShapeBar::MakeWidgets() {
 }
 
 bool CShapeBar::IsOutdated(const host::DeformedShape& shape) const {
-  return m_document.IsOutdated(GetSuffix(shape.kind));
+  return m_document.IsOutdated(GetSuffix(GetResult(shape.kind)));
 }
 
 int CShapeBar::FindRow(const Id& id) const {

@@ -1,5 +1,7 @@
 #include "ShapeTitle.h"
 
+#include <array>
+
 #include "skyframe/platform/NumberText.h"
 #include "skyframe/values/SpectrumSite.h"
 #include "texts.h"
@@ -14,6 +16,12 @@ std::string FormShapeTitle(const host::DeformedShape& shape) {
   strText += "   f = " + FormatGeneral(dFrequency) + " Hz";
   if (dFrequency > 0.0) strText += "   T = " + FormatGeneral(1.0 / dFrequency) + " s";
   return strText;
+}
+
+std::string FormResultTitle(ResultKind kind) {
+  constexpr std::array c_titles = {texts::c_linear, texts::c_nonlinear, texts::c_modes, texts::c_response,
+                                   texts::c_history};
+  return std::string(Say(c_titles[static_cast<std::size_t>(kind)]));
 }
 
 std::string FormOutdatedMark() { return std::string(Say(texts::c_outdatedMark)); }

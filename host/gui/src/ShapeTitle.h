@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "skyframe/gui/Document.h"
 #include "skyframe/scene/DeformedShape.h"
 
 namespace skyframe::gui {
@@ -9,7 +10,10 @@ namespace skyframe::gui {
 /// What a shape is called in the list and above the drawing.
 [[nodiscard]] std::string FormShapeTitle(const host::DeformedShape& shape);
 
+/// "linear static analysis".
+[[nodiscard]] std::string FormResultTitle(ResultKind kind);
+
 /// Behind the name of a result that comes from another model.
-std::string FormOutdatedMark();
+[[nodiscard]] std::string FormOutdatedMark();
 
 }  // namespace skyframe::gui

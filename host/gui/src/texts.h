@@ -65,6 +65,10 @@ inline constexpr Words c_nodeNumbersTip = {"Show node numbers, as in the result 
 inline constexpr Words c_elementNumbers = {"&Element numbers", "单元号(&B)"};
 inline constexpr Words c_elementNumbersTip = {"Show element numbers, as in the result files",
                                               "显示单元号，与结果文件一致"};
+inline constexpr Words c_sectionNames = {"Se&ction names", "截面名(&C)"};
+inline constexpr Words c_sectionNamesTip = {"Show the members' sections", "显示杆件的截面"};
+inline constexpr Words c_localAxes = {"Local a&xes", "局部坐标轴(&X)"};
+inline constexpr Words c_localAxesTip = {"Show x, y, z of each member", "显示各杆件的 x、y、z 轴"};
 inline constexpr Words c_fontMenu = {"Font si&ze", "字号(&Z)"};
 inline constexpr Words c_fontTip = {"Font size of all windows", "所有窗口的字号"};
 inline constexpr Words c_languageMenu = {"Lan&guage 语言", "语言(&G) Language"};
@@ -106,6 +110,69 @@ inline constexpr Words c_shownHistory = {"History viewer: {0}", "时程结果: {
 inline constexpr Words c_outdatedMark = {"   (out of date)", "（过期）"};
 inline constexpr Words c_outdatedTip = {"Computed from another model; run the analysis again",
                                         "由另一模型算得，请重新分析"};
+
+inline constexpr Words c_resultBar = {"Results", "结果"};
+inline constexpr Words c_forceSource = {"Forces of", "内力来源"};
+inline constexpr Words c_forceSourceTip = {"Whose forces are drawn", "绘制哪一分析的内力"};
+inline constexpr Words c_diagram = {"Diagram", "内力图"};
+inline constexpr Words c_diagramTip = {"Diagram on the members: kN, kN·m; moments on the tension side",
+                                       "在杆件上绘制内力图：kN、kN·m；弯矩画在受拉侧"};
+inline constexpr Words c_diagramSizeTip = {"Size of the diagrams", "内力图的大小"};
+inline constexpr Words c_colours = {"Colours", "着色"};
+inline constexpr Words c_coloursTip = {"Colour the members by a force, or the shape by its displacement",
+                                       "按内力给杆件着色，或按位移给变形着色"};
+inline constexpr Words c_displacement = {"displacement", "位移"};
+inline constexpr Words c_reactions = {"Reactions", "支反力"};
+inline constexpr Words c_reactionsTip = {"Forces of the supports on the structure, kN and kN·m",
+                                         "支座对结构的作用力，kN、kN·m"};
+inline constexpr Words c_loadChoice = {"Loads", "荷载"};
+inline constexpr Words c_loadChoiceTip = {"Loads of a case, of all, or of an analysis's combination, to scale",
+                                          "按比例绘制一个工况、全部工况或某分析组合的荷载"};
+inline constexpr Words c_none = {"none", "无"};
+inline constexpr Words c_allCases = {"all cases", "全部工况"};
+inline constexpr Words c_loadCase = {"case {0}", "工况 {0}"};
+inline constexpr Words c_combinationOf = {"combination: {0}", "组合：{0}"};
+inline constexpr Words c_linear = {"linear static analysis", "线性静力分析"};
+inline constexpr Words c_nonlinear = {"nonlinear static analysis", "非线性静力分析"};
+inline constexpr Words c_modes = {"modal analysis", "模态分析"};
+inline constexpr Words c_response = {"response spectrum", "反应谱分析"};
+inline constexpr Words c_history = {"time history", "时程分析"};
+
+// Parts of the structure
+inline constexpr Words c_inspect = {"Properties", "属性"};
+inline constexpr Words c_inspectTip = {
+    "Data, loads and results of what is selected; click a node or member in the "
+    "drawing, Ctrl adds",
+    "所选对象的数据、荷载与结果；在图中单击节点或杆件，按住 Ctrl 可多选"};
+inline constexpr Words c_node = {"nodes", "节点"};
+inline constexpr Words c_element = {"elements", "单元"};
+inline constexpr Words c_section = {"section", "截面"};
+inline constexpr Words c_findWhatTip = {"What to find", "查找的对象"};
+inline constexpr Words c_findHint = {"find: 1-20, 35", "查找：1-20, 35"};
+inline constexpr Words c_findTip = {"Numbers and ranges, or a part of a section's name; Enter selects",
+                                    "编号与范围，或截面名的一部分；回车选中"};
+inline constexpr Words c_alone = {"show the selection alone", "只显示所选"};
+inline constexpr Words c_aloneTip = {"Hide what is not selected now", "隐藏当前未选中的部分"};
+inline constexpr Words c_property = {"Property", "属性"};
+inline constexpr Words c_value = {"Value", "值"};
+inline constexpr Words c_selected = {"{0} nodes and {1} elements selected", "已选 {0} 个节点、{1} 个单元"};
+inline constexpr Words c_nodeOf = {"Node {0}", "节点 {0}"};
+inline constexpr Words c_elementOf = {"Element {0}", "单元 {0}"};
+inline constexpr Words c_hostNumber = {"number in result files", "结果文件中的编号"};
+inline constexpr Words c_joint = {"joint", "连接类型"};
+inline constexpr Words c_rigid = {"rigid", "刚接"};
+inline constexpr Words c_pinned = {"pinned", "铰接"};
+inline constexpr Words c_support = {"restrained", "约束"};
+inline constexpr Words c_free = {"free", "自由"};
+inline constexpr Words c_springGroup = {"spring group {0}", "弹簧组 {0}"};
+inline constexpr Words c_reactionOf = {"reaction {0}", "支反力 {0}"};
+inline constexpr Words c_type = {"type", "类型"};
+inline constexpr Words c_bar = {"bar", "杆"};
+inline constexpr Words c_beam = {"beam", "梁"};
+inline constexpr Words c_cable = {"cable", "索"};
+inline constexpr Words c_membrane = {"membrane", "膜"};
+inline constexpr Words c_endNodes = {"nodes", "节点"};
+inline constexpr Words c_length = {"length", "长度"};
 
 // Drawing
 inline constexpr Words c_linearState = {"static deformation (linear)", "静力变形（线性）"};

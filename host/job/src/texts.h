@@ -34,8 +34,9 @@ inline constexpr Words c_parserWords[] = {
     {"object separator", "键后的分隔符"},
     {"object", "对象"},
     {"array", "数组"},
+    {"unexpected end of input", "文件不应在此结束"},
     {"unexpected {0}", "不应有{0}"},
-    {"end of input", "文件末尾"},
+    {"end of input", "文件结束"},
     {"string literal", "文本"},
     {"number literal", "数"},
     {"true literal", "true"},
@@ -96,7 +97,7 @@ inline constexpr Words c_tooManyFillers = {
 // Analyses.
 inline constexpr Words c_noSuchCase = {"no such load case; the cases are 0 to {0}",
                                        "没有这个荷载工况；工况为 0 到 {0}"};
-inline constexpr Words c_belongsTo = {"belongs to {0} {1}", "属于 {0} {1}"};
+inline constexpr Words c_belongsTo = {"belongs to {0} {1}", "只用于 \"{0}\": {1}"};
 inline constexpr Words c_needs = {"needs {0}: true", "需要 {0}: true"};
 inline constexpr Words c_loadsFromFile = {"the loads are read from a file", "荷载由文件读入"};
 inline constexpr Words c_idlePeak = {"peak {0} of a direction in which the ground does not move",

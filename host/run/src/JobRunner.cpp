@@ -32,7 +32,9 @@ class CJobRunner {
  private:
   void Conclude(const JobAnalysis& analysis, AnalysisRun run) {
     m_streams.console.flush();
-    for (const std::string& strError : run.errors) m_streams.err << strError << '\n';
+    for (const std::string& strError : run.errors) {
+      m_streams.err << SayForeign(strError, texts::c_dialogErrors, texts::c_dialogReasons) << '\n';
+    }
     m_streams.out << run.report.strSummary;
     for (const Advice& advice : AdviseOnFiles(GetFindings(GetKind(analysis)))) {
       m_streams.err << EscapeControls(advice.strText) << '\n';

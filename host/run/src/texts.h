@@ -28,6 +28,15 @@ inline constexpr Words c_otherNumbers = {
     "结果文件按作业文件中的次序给节点编号；本摘要用节点的 id。"};
 inline constexpr Words c_pathTooLong = {"the path of the job file is too long", "作业文件的路径过长"};
 
+/// The platform's words for steps that a dialog did not take.
+inline constexpr Words c_dialogErrors[] = {
+    {"dialog {0}, step {1}, control {2}: {3}", "对话框 {0} 第 {1} 步，控件 {2}：{3}"}};
+inline constexpr Words c_dialogReasons[] = {
+    {"there is no such control", "没有这个控件"}, {"the control cannot be used that way", "控件不能这样使用"},
+    {"the control is disabled", "控件不可用"},    {"there is no such row", "没有这一行"},
+    {"the dialog has ended", "对话框已经结束"},
+};
+
 // Size of a model.
 inline constexpr Words c_nodes = {"nodes", "节点"};
 inline constexpr Words c_nodeCounts = {"{0} ({1} rigid, {2} pinned)", "{0}（刚接 {1}，铰接 {2}）"};

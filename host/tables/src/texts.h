@@ -5,7 +5,7 @@
 #include "skyframe/job/Language.h"
 
 // Texts of the tables.
-namespace skyframe::host::texts {
+namespace skyframe::host::tables::texts {
 
 // Names
 inline constexpr std::array<Words, 5> c_results = {{{"Static, linear", "静力分析（线性）"},
@@ -84,4 +84,8 @@ inline constexpr Words c_forceSigns = {"Local axes; N: tension positive.", "局�
 inline constexpr Words c_otherModel = {"belongs to another model", "属于另一模型"};
 inline constexpr Words c_noMode = {"has no mode {0}", "没有第 {0} 阶振型"};
 
-}  // namespace skyframe::host::texts
+}  // namespace skyframe::host::tables::texts
+
+namespace skyframe::host {
+namespace texts = tables::texts;
+}

@@ -29,6 +29,11 @@ struct Selection {
   bool operator==(const Selection&) const = default;
 };
 
+/// Whose results.
+enum class ResultKind { Linear, Nonlinear, Modes, Spectrum, History };
+/// Suffix of the file that holds them.
+[[nodiscard]] std::string_view GetSuffix(ResultKind kind);
+
 /// What the window works on: the open job with its analyses, its results, the selection, the language. Panels listen
 /// to its notices and read from it; what they change they change here.
 class CDocument {
@@ -69,6 +74,11 @@ class CDocument {
   [[nodiscard]] const host::SpectrumResultFile* GetSpectrum();
   /// Of the result file, or of the run of this session.
   [[nodiscard]] const HistorySet* GetHistories();
+  /// Whether the file is there, or for histories a run of this session.
+  [[nodiscard]] bool HasResult(ResultKind kind) const;
+  /// Step of the histories that is looked at, from 0.
+  [[nodiscard]] int GetStep() const { return m_nStep; }
+  void SetStep(int nStep);
   /// Whether the result file comes from another model than the open one.
   [[nodiscard]] bool IsOutdated(std::string_view strSuffix) const;
   [[nodiscard]] bool HasOutdatedResults() const;
@@ -92,6 +102,7 @@ class CDocument {
   CNotice jobOpened;        ///< another job, or the same file read again
   CNotice analysesChanged;  ///< or whether they are saved
   CNotice resultsChanged;
+  CNotice stepChanged;
   CNotice selectionChanged;
 
  private:
@@ -113,6 +124,7 @@ class CDocument {
   Kept<host::SpectrumResultFile> m_spectrum;
   Kept<HistorySet> m_histories;
 
+  int m_nStep = 0;
   Selection m_selection;
   CNotice m_languageChanged;
 };

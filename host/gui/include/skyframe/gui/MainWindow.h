@@ -13,6 +13,8 @@
 #include "skyframe/gui/AdvicePanel.h"
 #include "skyframe/gui/AnalysisPanel.h"
 #include "skyframe/gui/Document.h"
+#include "skyframe/gui/InspectPanel.h"
+#include "skyframe/gui/ResultBar.h"
 #include "skyframe/gui/ResultPanel.h"
 #include "skyframe/gui/ShapeBar.h"
 #include "skyframe/gui/StructureView.h"
@@ -49,6 +51,7 @@ class CMainWindow : public QMainWindow {
   void MakeLanguageMenu(QMenu& viewMenu);
   void MakeHelpMenu();
   void MakeDocks();
+  void ConnectView();
   QAction* AddJobAction(QMenu& menu, const host::Words& text, const host::Words& tip, const char* pszName,
                         std::function<void()> action);
   void AddOption(QMenu& menu, const host::Words& text, const host::Words& tip, const char* pszName,
@@ -86,8 +89,11 @@ class CMainWindow : public QMainWindow {
   CStructureView m_view;
   QString m_strDrawn;  ///< job file whose structure the view shows
   CShapeBar m_shapeBar;
+  CResultBar m_resultBar;
   QDockWidget m_analysisDock;
   CAnalysisPanel m_analyses;
+  QDockWidget m_inspectDock;
+  CInspectPanel m_inspect;
   QDockWidget m_consoleDock;
   QPlainTextEdit m_console;
   QStringDecoder m_decoder;

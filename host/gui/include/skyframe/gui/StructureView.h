@@ -3,12 +3,20 @@
 #include <QTimer>
 #include <QWidget>
 #include <chrono>
+#include <functional>
 #include <optional>
 #include <string>
+#include <utility>
+#include <vector>
 
+#include "skyframe/gui/Document.h"
 #include "skyframe/platform/PaintContext.h"
 #include "skyframe/scene/Camera.h"
 #include "skyframe/scene/DeformedShape.h"
+#include "skyframe/scene/LabelField.h"
+#include "skyframe/scene/MemberForces.h"
+#include "skyframe/scene/Picking.h"
+#include "skyframe/scene/ResultPainter.h"
 #include "skyframe/scene/Scene.h"
 #include "skyframe/scene/ScenePainter.h"
 
@@ -17,13 +25,25 @@ namespace skyframe::gui {
 /// What is drawn besides the members.
 struct ViewOptions {
   bool bSupports = true;
-  bool bLoads = false;
   bool bNodeNumbers = false;
   bool bElementNumbers = false;
+  bool bSectionNames = false;
+  bool bLocalAxes = false;
+};
+
+/// Forces over the drawing.
+struct DrawnForces {
+  std::string strTitle;  ///< whose forces
+  bool bOutdated = false;
+  host::StructureForces forces;
+  std::optional<host::MemberQuantity> diagram;
+  double dDiagramFactor = 1.0;  ///< of the usual size
+  std::optional<host::MemberQuantity> colours;
+  bool bReactions = false;
 };
 
 /// The structure in wire lines. The left button turns, the others move, the wheel zooms, a double
-/// click shows all. A shape is drawn in colour over the pale structure and may swing.
+/// click shows all. A shape is drawn in colour over the pale structure and may swing. A click picks what it hits.
 class CStructureView : public QWidget {
  public:
   explicit CStructureView(QWidget* pParent = nullptr);
@@ -33,6 +53,19 @@ class CStructureView : public QWidget {
   [[nodiscard]] const host::CScene& GetScene() const { return m_scene; }
   /// bOutdated: it comes from another model, and the caption says so.
   void SetShape(std::optional<host::DeformedShape> shape, bool bOutdated = false);
+  /// The shape in colours by its displacement, with a legend.
+  void SetShapeColours(bool bOn);
+  void SetForces(std::optional<DrawnForces> forces);
+  [[nodiscard]] const std::optional<DrawnForces>& GetForces() const { return m_forces; }
+  void SetLoads(std::vector<host::SceneLoad> loads);
+  void SetSelection(Selection selection);
+  /// These members alone; the others are not drawn and cannot be picked.
+  void SetShown(host::CShownParts shown);
+  /// Called at a click with what was hit, or nothing; bAdd: a key was held that adds to the selection.
+  using PickHandler = std::function<void(std::optional<host::ScenePart> part, bool bAdd)>;
+  void SetPickHandler(PickHandler handler) { m_pick = std::move(handler); }
+  /// Words for what the mouse rests on.
+  void SetHoverText(std::function<QString(host::ScenePart)> describe) { m_describe = std::move(describe); }
   /// Largest drawn displacement in parts of the structure's radius.
   void SetAmplitude(double dAmplitude);
   /// The same by how many times displacements are enlarged; no effect without a shape.
@@ -57,7 +90,9 @@ class CStructureView : public QWidget {
   void resizeEvent(QResizeEvent* pEvent) override;
   void mousePressEvent(QMouseEvent* pEvent) override;
   void mouseMoveEvent(QMouseEvent* pEvent) override;
+  void mouseReleaseEvent(QMouseEvent* pEvent) override;
   void mouseDoubleClickEvent(QMouseEvent* pEvent) override;
+  void leaveEvent(QEvent* pEvent) override;
   void wheelEvent(QWheelEvent* pEvent) override;
 
  private:
@@ -65,7 +100,12 @@ class CStructureView : public QWidget {
 
   void Paint(IPaintContext& paint) const;
   void PaintMembers(host::CScenePainter& painter) const;
-  void PaintShape(host::CScenePainter& painter) const;
+  void PaintShape(host::CScenePainter& painter, host::CResultPainter& results) const;
+  void PaintForces(host::CResultPainter& results, host::CLabelField& labels) const;
+  void PaintSelection(IPaintContext& paint) const;
+  void PaintPart(IPaintContext& paint, host::ScenePart part, Colour colour, double dWidth) const;
+  void PaintNotes(IPaintContext& paint) const;
+  void Hover(QMouseEvent* pEvent);
   [[nodiscard]] std::string FormCaption() const;
   [[nodiscard]] bool IsLarge() const;
 
@@ -73,11 +113,20 @@ class CStructureView : public QWidget {
   host::CCamera m_camera;
   std::optional<host::DeformedShape> m_shape;
   bool m_bOutdated = false;
+  bool m_bShapeColours = false;
+  std::optional<DrawnForces> m_forces;
+  std::vector<host::SceneLoad> m_loads;
+  Selection m_selection;
+  host::CShownParts m_shown;
+  PickHandler m_pick;
+  std::function<QString(host::ScenePart)> m_describe;
+  std::optional<host::ScenePart> m_hovered;
   double m_dAmplitude = 0.1;
   ViewOptions m_options;
   QTimer m_timer;
   Clock::time_point m_swingStart;
   QPointF m_lastMouse;
+  QPointF m_pressedAt;
   bool m_bFitted = true;  ///< nobody has zoomed or moved since all was shown
 };
 

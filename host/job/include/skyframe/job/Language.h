@@ -9,6 +9,7 @@
 namespace skyframe::host {
 
 enum class Language { English, Chinese };
+inline constexpr std::string_view c_strLanguages[] = {"en", "zh"};  ///< what a person types, by Language
 
 /// A text in both languages. What is filled in stands in it as {0}, {1} ..., in any order; literals that do not have
 /// the same places do not compile.

@@ -1,0 +1,227 @@
+#include "skyframe/gui/ResultBar.h"
+
+#include <QSignalBlocker>
+#include <array>
+#include <set>
+
+#include "ShapeTitle.h"
+#include "skyframe/job/Text.h"
+#include "skyframe/qt/Font.h"
+#include "skyframe/run/AnalysisRun.h"
+#include "texts.h"
+
+namespace skyframe::gui {
+
+namespace {
+
+constexpr std::array<ResultKind, 4> c_kinds = {ResultKind::Linear, ResultKind::Nonlinear, ResultKind::Spectrum,
+                                               ResultKind::History};
+constexpr std::array<const char*, 4> c_pszKinds = {"linear", "nonlinear", "spectrum", "history"};
+constexpr int c_nUsualSize = 20;  // slider steps of the usual size
+constexpr int c_nLargestSize = 100;
+constexpr int c_nSliderWidth = 90;
+
+// Entries of the list of loads; behind them come the cases, then the combinations.
+enum LoadChoice : int { c_nNoLoads, c_nAllLoads, c_nFirstCase };
+
+/// Nothing for the first entry of a list, "none".
+std::optional<host::MemberQuantity> GetQuantity(const QComboBox& list, int nFirst) {
+  if (list.currentIndex() < nFirst) return std::nullopt;
+  return static_cast<host::MemberQuantity>(list.currentIndex() - nFirst);
+}
+
+void FillAgain(QComboBox& list, const QStringList& texts) {
+  const QSignalBlocker blocker(list);
+  const int nRow = list.currentIndex();
+  list.clear();
+  list.addItems(texts);
+  list.setCurrentIndex(nRow >= 0 && nRow < list.count() ? nRow : 0);
+}
+
+/// Cases, in order, that have loads.
+std::set<int> ListCases(const host::Job& job) {
+  std::set<int> cases;
+  for (const host::JobLoad& load : job.loads) {
+    if (load.dValue != 0.0) cases.insert(load.nCase);
+  }
+  return cases;
+}
+
+const host::JobCombination& GetCombination(const host::JobAnalysis& analysis) {
+  return std::visit([](const auto& a) -> const host::JobCombination& { return a.combination; }, analysis);
+}
+
+}  // namespace
+
+CResultBar::CResultBar(CDocument& document, CStructureView& view, QWidget* pParent)
+    : QToolBar(pParent), m_document(document), m_view(view) {
+  setObjectName(QStringLiteral("result_bar"));
+  MakeWidgets();
+  m_document.jobOpened.Connect([this] { FillLoads(); });
+  m_document.analysesChanged.Connect([this] { FillLoads(); });
+  m_document.resultsChanged.Connect([this] { FillSources(); });
+  m_document.stepChanged.Connect([this] {
+    if (GetSource() == ResultKind::History) ShowForces();
+  });
+  m_document.OnLanguage([this] { Speak(); });
+}
+
+void CResultBar::MakeWidgets() {
+  m_sources.setObjectName(QStringLiteral("force_source"));
+  m_diagram.setObjectName(QStringLiteral("diagram"));
+  m_size.setObjectName(QStringLiteral("diagram_size"));
+  m_colours.setObjectName(QStringLiteral("colours"));
+  m_reactions.setObjectName(QStringLiteral("reactions"));
+  m_loads.setObjectName(QStringLiteral("load_choice"));
+  m_size.setOrientation(Qt::Horizontal);
+  m_size.setRange(1, c_nLargestSize);
+  m_size.setValue(c_nUsualSize);
+  m_size.setFixedWidth(c_nSliderWidth);
+  for (QComboBox* const pList : {&m_sources, &m_diagram, &m_colours, &m_loads}) {
+    pList->setSizeAdjustPolicy(QComboBox::AdjustToContents);
+  }
+  for (QWidget* const pWidget :
+       std::initializer_list<QWidget*>{&m_sourceLabel, &m_sources, &m_diagramLabel, &m_diagram, &m_size, &m_colourLabel,
+                                       &m_colours, &m_reactions, &m_loadLabel, &m_loads}) {
+    addWidget(pWidget);
+  }
+  connect(&m_sources, &QComboBox::activated, this, [this](int nRow) {
+    m_source = static_cast<ResultKind>(m_sources.itemData(nRow).toInt());
+    ShowForces();
+  });
+  for (QComboBox* const pList : {&m_diagram, &m_colours}) {
+    connect(pList, &QComboBox::currentIndexChanged, this, [this] { ShowForces(); });
+  }
+  connect(&m_size, &QSlider::valueChanged, this, [this] { ShowForces(); });
+  connect(&m_reactions, &QCheckBox::toggled, this, [this] { ShowForces(); });
+  connect(&m_loads, &QComboBox::currentIndexChanged, this, [this] { ShowLoads(); });
+}
+
+void CResultBar::Speak() {
+  setWindowTitle(ToQt(Say(texts::c_resultBar)));
+  const auto label = [](QLabel& words, const host::Words& text) {
+    words.setText(QStringLiteral(" ") + ToQt(Say(text)) + QLatin1Char(' '));
+  };
+  label(m_sourceLabel, texts::c_forceSource);
+  label(m_diagramLabel, texts::c_diagram);
+  label(m_colourLabel, texts::c_colours);
+  label(m_loadLabel, texts::c_loadChoice);
+  m_sources.setToolTip(ToQt(Say(texts::c_forceSourceTip)));
+  m_diagram.setToolTip(ToQt(Say(texts::c_diagramTip)));
+  m_size.setToolTip(ToQt(Say(texts::c_diagramSizeTip)));
+  m_colours.setToolTip(ToQt(Say(texts::c_coloursTip)));
+  m_reactions.setText(ToQt(Say(texts::c_reactions)));
+  m_reactions.setToolTip(ToQt(Say(texts::c_reactionsTip)));
+  m_loads.setToolTip(ToQt(Say(texts::c_loadChoiceTip)));
+  QStringList quantities;
+  for (const std::string_view strQuantity : host::c_strMemberQuantities) quantities << ToQt(strQuantity);
+  const QString strNone = ToQt(Say(texts::c_none));
+  FillAgain(m_diagram, QStringList{strNone} + quantities.mid(0, host::c_nForceComponents));
+  FillAgain(m_colours, QStringList{strNone, ToQt(Say(texts::c_displacement))} + quantities);
+  FillSources();
+  FillLoads();
+}
+
+void CResultBar::FillSources() {
+  {
+    const QSignalBlocker blocker(m_sources);
+    m_sources.clear();
+    for (const ResultKind kind : c_kinds) {
+      if (!m_document.HasResult(kind)) continue;
+      const bool bOutdated = m_document.IsOutdated(GetSuffix(kind));
+      m_sources.addItem(ToQt(FormResultTitle(kind) + (bOutdated ? FormOutdatedMark() : "")), static_cast<int>(kind));
+      if (m_source == kind && bOutdated) m_source.reset();  // until it is asked for
+    }
+    if (m_source) m_sources.setCurrentIndex(m_sources.findData(static_cast<int>(*m_source)));
+  }
+  ShowForces();
+}
+
+void CResultBar::ChooseSource(ResultKind kind) {
+  m_source = kind;
+  FillSources();
+}
+
+std::optional<ResultKind> CResultBar::GetSource() const {
+  if (m_source && m_document.HasResult(*m_source)) return m_source;
+  for (const ResultKind kind : c_kinds) {
+    if (m_document.HasResult(kind) && !m_document.IsOutdated(GetSuffix(kind))) return kind;
+  }
+  return std::nullopt;
+}
+
+host::Reading<host::StructureForces> CResultBar::FormForces(ResultKind kind) {
+  const host::StructureSize size = {m_document.GetJob().nodes.size(), m_document.GetJob().elements.size()};
+  const auto form = [size](const auto* pFile) {
+    return pFile == nullptr ? host::Reading<host::StructureForces>() : host::FormMemberForces(*pFile, size);
+  };
+  if (kind == ResultKind::Spectrum) return form(m_document.GetSpectrum());
+  if (kind != ResultKind::History) return form(m_document.GetStatic(kind == ResultKind::Nonlinear));
+  const HistorySet* const pHistories = m_document.GetHistories();
+  const int nStep = m_document.GetStep();
+  if (pHistories == nullptr || nStep >= pHistories->nSteps) return {};
+  const CHistoryTable& forces = pHistories->values[c_nHistoryForce];
+  return host::FormMemberForces(std::span(forces[nStep], static_cast<std::size_t>(forces.GetCols())), size);
+}
+
+void CResultBar::ShowForces() {
+  constexpr int c_nDisplacement = 1;
+  m_view.SetShapeColours(m_colours.currentIndex() == c_nDisplacement);
+  DrawnForces drawn;
+  drawn.diagram = GetQuantity(m_diagram, 1);
+  drawn.colours = GetQuantity(m_colours, c_nDisplacement + 1);
+  drawn.bReactions = m_reactions.isChecked();
+  drawn.dDiagramFactor = static_cast<double>(m_size.value()) / c_nUsualSize;
+  m_size.setEnabled(drawn.diagram.has_value());
+  const std::optional<ResultKind> kind = GetSource();
+  if (!kind || (!drawn.diagram && !drawn.colours && !drawn.bReactions)) return m_view.SetForces(std::nullopt);
+  auto forces = FormForces(*kind);
+  if (!forces) return m_view.SetForces(std::nullopt);
+  drawn.forces = std::move(*forces);
+  drawn.strTitle = FormResultTitle(*kind);
+  if (*kind == ResultKind::History) {
+    const double t = (m_document.GetStep() + 1) * m_document.GetHistories()->dTimeStep;
+    drawn.strTitle += host::Format("   t = %.6g s", t);
+  }
+  drawn.bOutdated = m_document.IsOutdated(GetSuffix(*kind));
+  m_view.SetForces(std::move(drawn));
+}
+
+void CResultBar::FillLoads() {
+  QStringList texts = {ToQt(Say(texts::c_none)), ToQt(Say(texts::c_allCases))};
+  if (m_document.IsOpen()) {
+    for (const int nCase : ListCases(m_document.GetJob())) {
+      texts << ToQt(Say(texts::c_loadCase, {std::to_string(nCase)}));
+    }
+    for (const host::JobAnalysis& analysis : m_document.GetJob().analyses) {
+      texts << ToQt(Say(texts::c_combinationOf, {host::GetName(analysis)}));
+    }
+  }
+  FillAgain(m_loads, texts);
+  ShowLoads();
+}
+
+void CResultBar::ShowLoads() {
+  if (!m_document.IsOpen() || m_loads.currentIndex() <= c_nNoLoads) return m_view.SetLoads({});
+  const host::Job& job = m_document.GetJob();
+  const std::vector<host::SceneLoad>& loads = m_view.GetScene().GetLoads();
+  if (m_loads.currentIndex() == c_nAllLoads) return m_view.SetLoads(host::SelectLoads(loads, std::nullopt));
+  const std::set<int> cases = ListCases(job);
+  const auto nChosen = static_cast<std::size_t>(m_loads.currentIndex() - c_nFirstCase);
+  if (nChosen < cases.size()) {
+    return m_view.SetLoads(host::SelectLoads(loads, *std::next(cases.begin(), m_loads.currentIndex() - c_nFirstCase)));
+  }
+  m_view.SetLoads(host::CombineLoads(loads, GetCombination(job.analyses[nChosen - cases.size()])));
+}
+
+std::string CResultBar::FormFileName() const {
+  const auto& forces = m_view.GetForces();
+  if (!forces) return "";
+  std::string strName = c_pszKinds[static_cast<std::size_t>(*GetSource())];
+  for (const auto& quantity : {forces->diagram, forces->colours}) {
+    if (quantity) strName += "_" + std::string(host::c_strMemberQuantities[static_cast<std::size_t>(*quantity)]);
+  }
+  return strName + (forces->bReactions ? "_reactions" : "");
+}
+
+}  // namespace skyframe::gui
