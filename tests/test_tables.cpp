@@ -52,13 +52,15 @@ TEST(Tables, AgreeWithStatics) {
   ASSERT_EQ(folder.Solve(MakeColumn()).nStatus, c_nExitGood);
   const auto reactions = CallTable(folder, "reactions", "linear");
   ASSERT_EQ(reactions.size(), 3U);
-  EXPECT_EQ(reactions[0], (Fields{"\xef\xbb\xbfNode", "FX (kN)", "FY (kN)", "FZ (kN)", "MX (kN·m)", "MY (kN·m)",
-                                  "MZ (kN·m)"}));
+  EXPECT_EQ(reactions[0],
+            (Fields{"\xef\xbb\xbfNode", "FX (kN)", "FY (kN)", "FZ (kN)", "MX (kN·m)", "MY (kN·m)", "MZ (kN·m)"}));
   EXPECT_EQ(reactions[1], (Fields{"7", "-10", "0", "20", "0", "-30", "0"})) << "of the support on the structure";
   EXPECT_EQ(reactions[2], (Fields{"Sum", "-10", "0", "20", "", "", ""}));
 
   const auto ends = CallTable(folder, "forces", "linear");
-  const auto moment = [&](std::size_t nLine) { return std::hypot(std::stod(ends[nLine][7]), std::stod(ends[nLine][8])); };
+  const auto moment = [&](std::size_t nLine) {
+    return std::hypot(std::stod(ends[nLine][7]), std::stod(ends[nLine][8]));
+  };
   EXPECT_EQ(Fields(ends[1].begin(), ends[1].begin() + 4), (Fields{"1", "i", "7", "-20"})) << "pressed";
   EXPECT_EQ(Fields(ends[2].begin(), ends[2].begin() + 4), (Fields{"1", "j", "3", "-20"}));
   EXPECT_NEAR(moment(1), 30.0, 1e-3);
@@ -127,8 +129,8 @@ Table MakeTable() {
 TEST(Tables, FilterTakesNumbersRangesAndTexts) {
   const Table table = MakeTable();
   const std::vector<std::pair<const char*, std::vector<std::size_t>>> cases = {
-      {"", {0, 1, 2, 3}},   {"2", {1}},         {"1-5", {0, 1, 2}}, {" 1 ， 5-", {0, 2, 3}},
-      {"1,2;40", {0, 1, 3}}, {"BOX", {0, 2}},    {"箱", {3}},        {"1-2x", {}}};
+      {"", {0, 1, 2, 3}},    {"2", {1}},      {"1-5", {0, 1, 2}}, {" 1 ， 5-", {0, 2, 3}},
+      {"1,2;40", {0, 1, 3}}, {"BOX", {0, 2}}, {"箱", {3}},        {"1-2x", {}}};
   for (const auto& [pszFilter, expected] : cases) {
     std::vector<std::size_t> rows(table.CountRows());
     std::iota(rows.begin(), rows.end(), std::size_t{0});

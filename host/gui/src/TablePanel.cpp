@@ -94,6 +94,7 @@ void CTablePanel::MakeViews() {
   m_sums.setModel(&m_footings);
   for (QTableView* const pView : {&m_table, &m_sums}) {
     pView->verticalHeader()->hide();
+    pView->horizontalHeader()->setMinimumSectionSize(c_nCellMargin);
     pView->setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
     pView->setSelectionBehavior(QAbstractItemView::SelectRows);
     pView->setWordWrap(false);
@@ -323,6 +324,9 @@ void CTablePanel::ShowMessage() {
 }
 
 void CTablePanel::FitColumns() {
+  QFont font = m_table.font();
+  font.setStyleHint(QFont::SansSerif);  // with the application's own font the headings would keep their first one
+  m_table.horizontalHeader()->setFont(font);
   const QFontMetrics cells(m_table.font());
   const QFontMetrics headings(m_table.horizontalHeader()->font());
   for (int c = 0; c < m_model.columnCount(); ++c) {

@@ -80,11 +80,6 @@ std::span<const TableKind> ListTables(TableResult result) {
   }
 }
 
-std::string FormTitle(const TableChoice& choice) {
-  if (choice.IsOfOneMode()) return Say(texts::c_modeTitle, {std::to_string(choice.nMode), GetName(choice.kind)});
-  return Say(texts::c_title, {GetName(choice.result), GetName(choice.kind)});
-}
-
 Reading<Table> FormTable(const Job& job, const StaticResultFile& file, TableKind kind) {
   switch (kind) {
     case Kind::Levels:

@@ -14,13 +14,11 @@ inline constexpr std::array<Words, 5> c_results = {{{"Static, linear", "静力�
                                                     {"Response spectrum", "谱分析"},
                                                     {"Time history (peaks)", "时程分析（峰值）"}}};
 inline constexpr std::array<Words, 6> c_kinds = {{{"modes", "振型"},
-                                                  {"node displacements", "节点位移"},
-                                                  {"displacements by level", "各标高位移"},
-                                                  {"support reactions", "支座反力"},
-                                                  {"member end forces", "杆端内力"},
-                                                  {"largest member forces", "杆件最大内力"}}};
-inline constexpr Words c_title = {"{0}: {1}", "{0}：{1}"};
-inline constexpr Words c_modeTitle = {"Mode {0}: {1}", "振型 {0}：{1}"};
+                                                  {"displacements", "节点位移"},
+                                                  {"levels", "各标高位移"},
+                                                  {"reactions", "支座反力"},
+                                                  {"end forces", "杆端内力"},
+                                                  {"largest forces", "最大内力"}}};
 
 // Headings
 inline constexpr Words c_node = {"Node", "节点"};

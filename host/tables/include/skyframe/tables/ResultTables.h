@@ -42,9 +42,6 @@ struct TableChoice {
   bool operator==(const TableChoice&) const = default;
 };
 
-/// "Static, linear: support reactions".
-[[nodiscard]] std::string FormTitle(const TableChoice& choice);
-
 // The table of a choice, which its result must have; nothing and the reason when the result belongs to another model.
 // Units kN, kN·m, mm, kg, s. What the files have otherwise:
 // - reactions are forces of the supports on the structure;
