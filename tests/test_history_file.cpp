@@ -114,8 +114,11 @@ TEST_F(HistoryFile, LongStepNumbersFillTheirField) {
   EXPECT_EQ(file.nMethod + file.nAssumption, 2);
   EXPECT_EQ(file.displacements.at(0)[0].back(), 4.5);
   EXPECT_EQ(file.forces.at(1).back(), -7.0);
-  EXPECT_EQ(test::Take(host::ReadHistory(strPath, {1, 2}, {c_nHistoryX, 1})).values, file.displacements[0][0]);
-  EXPECT_EQ(test::Take(host::ReadHistory(strPath, {1, 2}, {c_nHistoryForce, 2})).values, file.forces[1]);
+  const host::HistoryChoice choices[] = {{c_nHistoryForce, 2}, {c_nHistoryX, 1}, {c_nHistoryZ, 1}};
+  const auto some = test::Take(host::ReadHistories(strPath, {1, 2}, choices));
+  EXPECT_EQ(some[0].values, file.forces[1]);
+  EXPECT_EQ(some[1].values, file.displacements[0][0]);
+  EXPECT_EQ(some[2].values, file.displacements[0][2]);
 }
 
 TEST_F(HistoryFile, DamagedFiles) {

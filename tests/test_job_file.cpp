@@ -26,7 +26,7 @@ const std::string c_strGood = R"json({
   "nodes": [
     {"id": 7, "x": 0, "y": 0, "z": 0, "restraint": "111111"},
     {"id": 3, "x": 4, "y": 0, "z": 0},
-    {"id": 20, "x": 8, "y": 0.5, "z": 0, "joint": "pinned", "spring": 2}
+    {"id": 20, "x": 8, "y": 0.5, "z": -1, "joint": "pinned", "spring": 2}
   ],
   "springs": [{"group": 2, "kx": 1, "ky": 5.5, "kz": -1}],
   "sections": [{"id": "B", "shape": 2, "area": 1e4, "Ix": 4e7, "Iy": 2e7, "Iz": 3e7}],
@@ -54,7 +54,9 @@ const std::string c_strGood = R"json({
     {"type": "time_history", "method": "newmark", "load": "ground_motion",
      "earthquake": {"mode": "principal", "directions": ["Z", "X"], "peaks": {"Z": 0.2}}},
     {"type": "time_history", "method": "newmark", "from_file": true, "general_load": {"time_step": 0.1}}
-  ]
+  ],
+  "report": {"project": "Halle", "engineer": "N. N.", "structure": "walls", "edition": "2010", "storeys": [-1, 0],
+             "limits": {"drift": 400, "shear_weight": 0.03, "displacement_ratio": 1.4}}
 })json";
 
 TEST(JobFile, ReadsEveryPart) {
@@ -83,7 +85,8 @@ TEST(JobFile, WhatIsWrittenIsReadBack) {
     const JobFile file = ParseJob(FormatJob(job));
     EXPECT_EQ(List(file.errors), "") << job.strTitle;
     const auto Tie = [](const Job& j) {
-      return std::tie(j.strTitle, j.nodes, j.springs, j.sections, j.elements, j.inclinedSupports, j.loads, j.analyses);
+      return std::tie(j.strTitle, j.nodes, j.springs, j.sections, j.elements, j.inclinedSupports, j.loads, j.analyses,
+                      j.report);
     };
     EXPECT_TRUE(Tie(file.job) == Tie(job)) << job.strTitle;
   }
@@ -100,6 +103,10 @@ TEST(JobFile, EachErrorHasItsPlaceAndReason) {
       {"\"id\": 3,", "\"id\": 7,",
        "/nodes/1/id: node id 7 is used twice\n/elements/0/j: no node has the id 3\n/elements/1/i: no node has the id "
        "3\n/loads/0/node: no node has the id 3\n/loads/1/node: no node has the id 3"},
+      {"[-1, 0]", "[0, 0]", "/report/storeys: must be two levels or more, from the base upwards"},
+      {"[-1, 0]", "[-1, 2.5]", "/report/storeys: no node stands at the level 2.5"},
+      {"\"drift\": 400", "\"drift\": 0, \"d\": 1",
+       "/report/limits/drift: must be above 0\n/report/limits/d: unknown key"},
       {"\"id\": 20", "\"id\": 0", "/nodes/2/id: must be 1 or more" + strNoNode20},
       {"\"id\": 20", "\"id\": 18446744073709551615", "/nodes/2/id: must be 2147483647 or less" + strNoNode20},
       {"\"id\": 20", "\"id\": 20.0", "/nodes/2/id: must be an integer" + strNoNode20},

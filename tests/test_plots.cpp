@@ -31,11 +31,11 @@ TEST(Plots, TicksAreRoundAndEncloseTheRange) {
 }
 
 /// Nothing may reach over the edge, as far as that can be told without a font.
-void ExpectInside(const CPaintRecorder& paint, double dWidth, double dHeight) {
+void ExpectInside(const CPaintRecorder& paint, PictureSize size) {
   EXPECT_FALSE(paint.GetItems().empty());
   for (const PaintItem& item : paint.GetItems()) {
     for (const PaintPoint& point : item.points) {
-      EXPECT_TRUE(point.dX >= 0.0 && point.dX <= dWidth && point.dY >= 0.0 && point.dY <= dHeight)
+      EXPECT_TRUE(point.dX >= 0.0 && point.dX <= size.nWidth && point.dY >= 0.0 && point.dY <= size.nHeight)
           << point.dX << ", " << point.dY << ' ' << item.strText;
     }
   }
@@ -52,7 +52,7 @@ TEST(Plots, PeriodsStandOnTheSpectrum) {
   // Modes 2 and 3 are neighbours; mode 1 lies beyond the spectrum's end.
   CPaintRecorder paint;
   PaintSpectrum(paint, {"Title", "words", {0, 9, 1, 2}, 0.05, {7.0, 1.01, 1.0, 0.2}});
-  ExpectInside(paint, c_nChartWidth, c_nChartHeight);
+  ExpectInside(paint, c_chartSize);
   for (const char* pszText : {"Title", "period T [s]", "α", "2–3", "Tg = 0.35 s", "modes 1–4", "damping ratio 0.05"}) {
     EXPECT_NE(FindText(paint, pszText), nullptr) << pszText;
   }
@@ -79,12 +79,48 @@ TEST(Plots, HistoryMarksItsPeak) {
                {{c_dNan}, ""}};
   for (const auto& c : cases) {
     CPaintRecorder paint;
-    PaintHistoryChart(paint, {"Title", "below", "displacement X", "mm", 0.5, c.values});
-    ExpectInside(paint, c_nChartWidth, c_nChartHeight);
+    PaintHistoryChart(paint, {"Title", "below", "displacement X", {"mm", 1.0}, 0.5, {{"node 1", c.values}}});
+    ExpectInside(paint, c_chartSize);
     const PaintItem* pPeak = FindText(paint, "peak");
     EXPECT_EQ(pPeak != nullptr ? pPeak->strText : "", c.strPeak);
     EXPECT_NE(FindText(paint, "displacement X [mm]"), nullptr);
   }
+}
+
+TEST(Plots, HistoriesZoomAndTellTheirValues) {
+  HistoryPicture picture{"Title", "below", "displacement", c_displacementUnits[0], 0.5, {{"a", {}}, {"b", {}}}};
+  for (int k = 1; k <= 100; ++k) {
+    picture.curves[0].values.push_back(0.001 * k * (k % 2 == 0 ? 1 : -1));
+    picture.curves[1].values.push_back(k == 30 ? c_dNan : 0.002);
+  }
+  picture.time = {14.0, 16.0};
+  picture.values = {-20.0, 20.0};
+  picture.cursor = 15.1;
+  const PictureSize size{640, 360};
+  CPaintRecorder paint;
+  PaintHistoryChart(paint, picture, size);
+  const Box box = FormHistoryFrame(picture, size).GetBox();
+  for (const PaintItem& item : paint.GetItems()) {
+    if (item.kind != PaintItem::Kind::Polyline || item.state.dPenWidth != 1.3) continue;
+    for (const PaintPoint& point : item.points) {
+      EXPECT_TRUE(point.dX > box.dLeft - 1e-6 && point.dX < box.dRight + 1e-6 && point.dY > box.dTop - 1e-6 &&
+                  point.dY < box.dBottom + 1e-6);
+    }
+  }
+  for (const char* pszText : {"t = 15 s", "14.0", "16.0"}) EXPECT_NE(FindText(paint, pszText), nullptr) << pszText;
+  EXPECT_EQ(FindText(paint, "30 mm"), nullptr) << "out of sight";
+  EXPECT_EQ(FindText(paint, "peak"), nullptr) << "out of sight";
+  const CChartFrame frame = FormHistoryFrame(picture, size);
+  EXPECT_NEAR(frame.Unmap(frame.Map(14.5, 3.0)).dX, 14.5, 1e-9);
+  EXPECT_EQ(FindHistoryStep(picture, 1e9), 99U);
+
+  picture.time = picture.values = std::nullopt;
+  picture.unit = c_displacementUnits[2];
+  const CLanguageScope chinese(Language::Chinese);
+  CPaintRecorder whole;
+  PaintHistoryChart(whole, picture, size);
+  for (const char* pszText : {"峰值 0.1 m，t = 50 s", "峰值 0.002 m，t = 0.5 s", "时间 t [s]"})
+    EXPECT_NE(FindText(whole, pszText), nullptr) << pszText;
 }
 
 TEST(Plots, ShapesStayOnTheSheet) {
@@ -103,7 +139,7 @@ TEST(Plots, ShapesStayOnTheSheet) {
         picture.shape.kind = kind;
         CPaintRecorder paint;
         PaintShape(paint, picture);
-        ExpectInside(paint, c_nSheetWidth, c_nSheetHeight);
+        ExpectInside(paint, c_sheetSize);
         EXPECT_EQ(FindText(paint, "node 9") != nullptr, dSize > 0.0);
         for (const char* pszView : {"Isometric", "Elevation X–Z", "Elevation Y–Z", "Plan X–Y", "undeformed"}) {
           EXPECT_NE(FindText(paint, pszView), nullptr);
@@ -149,9 +185,18 @@ TEST(Plots, WhatIsNotThereEndsWithStatusTwo) {
     what.insert(what.begin(), {"plot", job.GetPath(".json"), "-o", job.GetPath(".svg")});
     return job.Call(what);
   };
-  const std::vector<std::vector<std::string>> pictures = {
-      {"--spectrum"}, {"--mode", "2"},    {"--node", "90", "--dir", "Y"},
-      {"--deformed"}, {"--element", "1"}, {"--node", "90", "--dir", "y", "--viewer"}};
+  const std::vector<std::vector<std::string>> pictures = {{"--spectrum"},
+                                                          {"--mode", "2"},
+                                                          {"--node", "90", "--dir", "Y"},
+                                                          {"--deformed"},
+                                                          {"--element", "1"},
+                                                          {"--node", "90", "--dir", "y", "--viewer"},
+                                                          {"--force", "My"},
+                                                          {"--colour", "m", "--of", "spectrum"},
+                                                          {"--reactions"},
+                                                          {"--mode", "1", "--coloured"},
+                                                          {"--force", "N", "--of", "history", "--at", "0.2"},
+                                                          {"--node", "90", "--node", "5", "--dir", "X,Y"}};
   const auto ExpectNone = [&](const std::string& strReason) {
     for (const auto& what : pictures) {
       const test::CommandOutcome outcome = Plot(what);
@@ -173,6 +218,12 @@ TEST(Plots, WhatIsNotThereEndsWithStatusTwo) {
       {{"--node", "2"}, "no node has the id 2\n"},
       {{"--element", "3"}, "no element 3; the job has 1\n"},
       {{"--deformed", "--viewer"}, "--viewer: belongs to --node or --element\n"},
+      {{"--force", "My", "--of", "history"}, "the history has axial forces alone\n"},
+      {{"--force", "N", "--of", "history", "--at", "9"},
+       job.GetPath("_HisTime.txt") + ": t = 9 s: the history ends at 0.4 s\n"},
+      {{"--loads", "7"}, "no loads in case 7\n"},
+      {{"--loads", "1.2*0+x"}, "--loads: neither all, nor a case, nor a combination such as 1.2*0+1.4*1\n"},
+      {{"--loads", "all", "--frame", "Y=3"}, "no member lies at Y = 3 m\n"},
       {{"--deformed", "--nonlinear"},
        job.GetPath("_StaticNonlinearSol.txt") +
            ": cannot be opened; it is written by the nonlinear static analysis\n"}};
@@ -180,6 +231,11 @@ TEST(Plots, WhatIsNotThereEndsWithStatusTwo) {
     const test::CommandOutcome outcome = Plot(what);
     EXPECT_EQ(std::tuple(outcome.nStatus, outcome.strErr), std::tuple(2, strError));
   }
+  EXPECT_EQ(Plot({"--loads", "1.5*0+1*2", "--frame", "Y=0", "--sections", "--local-axes"}).nStatus, 0);
+  EXPECT_NE(job.Read(".svg").find(">16.0<"), std::string::npos) << "1.5 x 8 kN + 4 kN";
+  EXPECT_EQ(Plot({"--force", "My"}).nStatus, 0);
+  for (const char* pszText : {"min -32.0 kN·m (element 1)", "drawn on the tension side", ">-32.0<"})
+    EXPECT_NE(job.Read(".svg").find(pszText), std::string::npos) << pszText;
   for (const test::Strings& misused :
        {test::Strings{}, {"--mode", "1", "--deformed"}, {"--mode", "1", "--dir", "X"}, {"--node", "90", "--dir", "W"}})
     EXPECT_EQ(Plot(misused).nStatus, 2);
@@ -189,7 +245,8 @@ TEST(Plots, WhatIsNotThereEndsWithStatusTwo) {
           .nStatus,
       0);
   EXPECT_EQ(Plot({"--node", "90"}).nStatus, 2) << "no steps";
-  for (const char* pszSuffix : {".mode", "_HisTime.txt", "_StaticLinearSol.txt"}) job.Write(pszSuffix, "other");
+  for (const char* pszSuffix : {".mode", ".spec", "_HisTime.txt", "_StaticLinearSol.txt"})
+    job.Write(pszSuffix, "other");
   ExpectNone(": ");
 }
 

@@ -24,7 +24,7 @@ TEST(ResultFiles, AreReadWholeOrNotAtAll) {
       {"mode_file/virtual_response.txt", [](auto path, int) { return ReadVirtualResponseFile(path).strError; }},
       {"static_result/cantilever.txt", [](auto path, int n) { return ReadStaticResultFile(path, n).strError; }},
       {"history_file/newmark.txt", [&](auto path, int n) { return ReadHistoryFile(path, model(n)).strError; }},
-      {"history_file/newmark.txt", [&](auto path, int n) { return ReadHistory(path, model(n), {}).strError; }},
+      {"history_file/newmark.txt", [&](auto path, int n) { return ReadHistories(path, model(n), {}).strError; }},
       {"history_file/one_history.txt", [&](auto path, int n) { return ReadHistoryExtract(path, model(n)).strError; }},
   };
   for (const auto& [pszSample, read] : cases) {

@@ -44,11 +44,11 @@ TEST(ViewerPlot, EveryCall) {
                   {Polyline, c_black, c_white, {{250, 155}, {650, 155}}, ""},
                   // x = 250 + 400 k/3, y = 155 - 12.5 value, truncated
                   {Polyline, c_black, c_white, {{250, 155}, {383, 30}, {516, 205}, {650, 141}}, ""},
-                  {Text, c_black, c_white, {{250, 158}}, "0"},
-                  {Text, c_black, c_white, {{350, 158}}, "0"},
-                  {Text, c_black, c_white, {{450, 158}}, "0"},
-                  {Text, c_black, c_white, {{550, 158}}, "1"},
-                  {Text, c_black, c_white, {{650, 158}}, "1"},
+                  {Text, c_black, c_white, {{250, 283}}, "0"},
+                  {Text, c_black, c_white, {{350, 283}}, "0"},
+                  {Text, c_black, c_white, {{450, 283}}, "0"},
+                  {Text, c_black, c_white, {{550, 283}}, "1"},
+                  {Text, c_black, c_white, {{650, 283}}, "1"},
                   {Text, c_black, c_white, {{245, 30}}, "1.00e+01"},
                   {Text, c_black, c_white, {{245, 280}}, "-1.00e+01"}};
   const auto items = Paint(MakeHistory({0.010, -0.004, 0.0011}));  // m: 10, -4, 1.1 mm; 1.5 s

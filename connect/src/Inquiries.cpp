@@ -5,6 +5,8 @@
 
 #include "Renumbering.h"
 #include "skyframe/modal/DesignSpectrum.h"
+#include "skyframe/modal/Inertia.h"
+#include "skyframe/modal/ModalCombination.h"
 #include "skyframe/modal/ModeCount.h"
 #include "skyframe/model/AnalysisModel.h"
 #include "skyframe/platform/Platform.h"
@@ -67,6 +69,15 @@ std::optional<ProfileMeasure> BuildAndMeasure(bool bForModes) {
   return model.m_bValid ? std::optional(MeasureProfile(model)) : std::nullopt;
 }
 
+/// m_bValid tells whether the module refused the model.
+void BuildForModes(const ModeSettings& settings, CAnalysisModel& model) {
+  model.m_nLoadCaseFlag = settings.loadFlags;
+  model.m_dLoadFactor = settings.loadFactors;
+  model.m_bLoadComb = std::ranges::any_of(settings.loadFlags, [](int n) { return n != 0; });
+  model.m_bShear = settings.bShear ? 1 : 0;
+  model.BuildModelForModes(model.m_bLoadComb);
+}
+
 }  // namespace
 
 std::optional<ModelMeasure> MeasureModel(bool bForModes) {
@@ -83,13 +94,31 @@ std::optional<int> CountModesBelow(double dOmega, const ModeSettings& settings) 
   return Answer([&]() -> std::optional<int> {
     const CRenumbering renumbering;  // the smaller profile
     CAnalysisModel model;
-    model.m_nLoadCaseFlag = settings.loadFlags;
-    model.m_dLoadFactor = settings.loadFactors;
-    model.m_bLoadComb = std::ranges::any_of(settings.loadFlags, [](int n) { return n != 0; });
-    model.m_bShear = settings.bShear ? 1 : 0;
-    model.BuildModelForModes(model.m_bLoadComb);
+    BuildForModes(settings, model);
     return model.m_bValid ? CountModesBelow(model, dOmega, model.m_bLoadComb) : std::nullopt;
   });
+}
+
+std::optional<std::vector<std::vector<NodeValues>>> FormInertia(
+    const std::vector<std::vector<NodeValues>>& accelerations, const ModeSettings& settings) {
+  return Answer([&]() -> std::optional<std::vector<std::vector<NodeValues>>> {
+    CAnalysisModel model;
+    BuildForModes(settings, model);
+    const auto nNodes = static_cast<std::size_t>(model.GetNodes().GetNodeCount());
+    const bool bWhole = std::ranges::all_of(accelerations, [nNodes](const auto& a) { return a.size() == nNodes; });
+    return model.m_bValid && bWhole ? FormInertia(model, model.m_bLoadComb, accelerations) : std::nullopt;
+  });
+}
+
+std::vector<double> CombineMaxima(const CombinationRule& rule, const std::vector<std::vector<double>>& maxima) {
+  const CModalCombination combination(rule.nMethod, rule.omega, rule.zeta);
+  std::vector<double> combined(maxima.empty() ? 0 : maxima.front().size());
+  std::vector<double> R(maxima.size());
+  for (std::size_t q = 0; q < combined.size(); ++q) {
+    std::ranges::transform(maxima, R.begin(), [q](const std::vector<double>& mode) { return mode[q]; });
+    combined[q] = combination.Combine(R);
+  }
+  return combined;
 }
 
 std::optional<DesignSpectrumValue> EvaluateDesignSpectrum(const SpectrumSite& site, double dPeriod, double dDampRatio) {

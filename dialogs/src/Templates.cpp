@@ -1,5 +1,6 @@
 #include <array>
 
+#include "Tips.h"
 #include "skyframe/dialogs/HisResultDlg.h"
 #include "skyframe/dialogs/Templates.h"
 
@@ -308,22 +309,29 @@ constexpr ControlTemplate c_hisResultControls[] = {
 
 }  // namespace
 
-constinit const DialogTemplate c_modeTemplate{c_nIdModeDlg, "模态分析", 200, 142, c_modeControls};
-constinit const DialogTemplate c_loadCombTemplate{c_nIdLoadCombDlg, "荷载组合", 240, 146, c_loadCombControls};
-constinit const DialogTemplate c_nonlinStaticTemplate{c_nIdNonlinStaticDlg, "非线性静力分析", 200, 102,
-                                                      c_nonlinStaticControls};
-constinit const DialogTemplate c_spectrumTemplate{c_nIdSpectrumDlg, "谱分析", 320, 230, c_spectrumControls};
-constinit const DialogTemplate c_dynOptionTemplate{c_nIdDynOptionDlg, "动力计算选项", 150, 81, c_dynOptionControls};
-constinit const DialogTemplate c_wilsonTemplate{c_nIdWilsonDlg, "Wilson法", 250, 181, c_wilsonControls};
-constinit const DialogTemplate c_newmarkTemplate{c_nIdNewmarkDlg, "Newmark法", 294, 248, c_newmarkControls};
-constinit const DialogTemplate c_impulseLoadTemplate{c_nIdImpulseLoadDlg, "特殊冲击荷载属性", 280, 212,
-                                                     c_impulseLoadControls};
-constinit const DialogTemplate c_generalLoadTemplate{c_nIdGeneralLoadDlg, "一般荷载属性", 170, 87,
-                                                     c_generalLoadControls};
-constinit const DialogTemplate c_earthquakeTemplate{c_nIdEarthquakeDlg, "地震属性", 270, 194, c_earthquakeControls};
+constinit const DialogTemplate c_modeTemplate{c_nIdModeDlg, "模态分析",     200,
+                                              142,          c_modeControls, dialogs::tips::c_mode};
+constinit const DialogTemplate c_loadCombTemplate{c_nIdLoadCombDlg,         "荷载组合", 240, 146, c_loadCombControls,
+                                                  dialogs::tips::c_loadComb};
+constinit const DialogTemplate c_nonlinStaticTemplate{
+    c_nIdNonlinStaticDlg, "非线性静力分析", 200, 102, c_nonlinStaticControls, dialogs::tips::c_nonlinStatic};
+constinit const DialogTemplate c_spectrumTemplate{c_nIdSpectrumDlg,         "谱分析", 320, 230, c_spectrumControls,
+                                                  dialogs::tips::c_spectrum};
+constinit const DialogTemplate c_dynOptionTemplate{
+    c_nIdDynOptionDlg, "动力计算选项", 150, 81, c_dynOptionControls, dialogs::tips::c_dynOption};
+constinit const DialogTemplate c_wilsonTemplate{c_nIdWilsonDlg,         "Wilson法", 250, 181, c_wilsonControls,
+                                                dialogs::tips::c_wilson};
+constinit const DialogTemplate c_newmarkTemplate{c_nIdNewmarkDlg,         "Newmark法", 294, 248, c_newmarkControls,
+                                                 dialogs::tips::c_newmark};
+constinit const DialogTemplate c_impulseLoadTemplate{c_nIdImpulseLoadDlg,   "特殊冲击荷载属性",          280, 212,
+                                                     c_impulseLoadControls, dialogs::tips::c_impulseLoad};
+constinit const DialogTemplate c_generalLoadTemplate{
+    c_nIdGeneralLoadDlg, "一般荷载属性", 170, 87, c_generalLoadControls, dialogs::tips::c_generalLoad};
+constinit const DialogTemplate c_earthquakeTemplate{
+    c_nIdEarthquakeDlg, "地震属性", 270, 194, c_earthquakeControls, dialogs::tips::c_earthquake};
 
-constinit const DialogTemplate c_hisResultTemplate{c_nIdHisResultDlg, "时程计算结果输出", 440, 190,
-                                                   c_hisResultControls};
+constinit const DialogTemplate c_hisResultTemplate{c_nIdHisResultDlg,   "时程计算结果输出",        440, 190,
+                                                   c_hisResultControls, dialogs::tips::c_hisResult};
 
 namespace {
 

@@ -105,6 +105,7 @@ CHostWindow::CHostWindow(HINSTANCE hProgram) {
   kind.cbSize = sizeof kind;
   kind.lpfnWndProc = Process;
   kind.hInstance = hProgram;
+  kind.hIcon = LoadIconW(hProgram, MAKEINTRESOURCEW(1));
   kind.hCursor = LoadCursorW(nullptr, IDC_ARROW);
   kind.hbrBackground = GetSysColorBrush(COLOR_3DFACE);
   kind.lpszClassName = c_strClass;

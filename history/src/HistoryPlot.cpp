@@ -20,7 +20,7 @@ constexpr double c_dAxisY = 155;
 constexpr double c_dAxisLength = 400;
 constexpr double c_dHalfHeight = 125;
 constexpr int c_nLabelSpacing = 100;
-constexpr double c_dLabelGap = 3;  // between an axis label and its axis
+constexpr double c_dLabelGap = 3;  // between a label and the frame
 
 constexpr double c_dSmallestExtreme = 1.0e-20;
 constexpr double c_dLargestScale = 1.0e20;
@@ -59,13 +59,14 @@ void PaintCurve(IPaintContext& paint, const std::vector<double>& values, double 
   paint.Polyline(points);
 }
 
-/// Integer part of k dt where k is the step that stands at the label.
+/// Integer part of k dt where k is the step that stands at the label. Below the frame: the curve does not run through
+/// it.
 void PaintTimeLabels(IPaintContext& paint, const HistorySet& history) {
   for (int nX = 0; nX <= static_cast<int>(c_dAxisLength); nX += c_nLabelSpacing) {
     const double dTime = history.nSteps * (nX / c_dAxisLength) * history.dTimeStep;
     const std::string strTime =
         std::isfinite(dTime) ? std::to_string(static_cast<long long>(std::clamp(dTime, -1e18, 1e18))) : "";
-    paint.Text(c_dFrameLeft + nX, c_dAxisY + c_dLabelGap, strTime, HorizontalAlign::Centre, VerticalAlign::Top);
+    paint.Text(c_dFrameLeft + nX, c_dFrameBottom + c_dLabelGap, strTime, HorizontalAlign::Centre, VerticalAlign::Top);
   }
 }
 

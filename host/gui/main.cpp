@@ -1,4 +1,5 @@
 #include <QApplication>
+#include <QIcon>
 #include <clocale>
 #include <iostream>
 #include <string_view>
@@ -22,6 +23,7 @@ int main(int nArguments, char** arguments) {
   }
   const QApplication application(nArguments, arguments);  // takes its own options out
   std::setlocale(LC_NUMERIC, "C");                        // Qt has put the person's in force; summaries have points
+  QApplication::setWindowIcon(QIcon(QStringLiteral(":/skyframe.ico")));
   const QStringList words = QApplication::arguments();
   if (words.size() > 2) {
     std::cerr << c_strHelp;

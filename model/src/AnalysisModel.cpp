@@ -151,6 +151,18 @@ std::vector<NodeValues> CAnalysisModel::GatherNodeValues(std::span<const double>
   return values;
 }
 
+std::vector<double> CAnalysisModel::ScatterFreeValues(std::span<const NodeValues> values) const {
+  std::vector<double> u(static_cast<std::size_t>(GetFreeDofs()), 0.0);
+  for (const int nNode : m_nodes.GetListedNodes()) {
+    const NodeValues& value = values[static_cast<std::size_t>(GetHostNumber(nNode) - 1)];
+    for (int nDirection = 0; nDirection < m_nodes.GetDofCount(nNode); ++nDirection) {
+      const int e = m_nodes.GetDof(nNode, nDirection);
+      if (e < GetFreeDofs()) u[static_cast<std::size_t>(e)] = value[static_cast<std::size_t>(nDirection)];
+    }
+  }
+  return u;
+}
+
 void CAnalysisModel::WriteReactions(CTextWriter& out) const {
   const std::span<const int> listed = m_nodes.GetListedNodes();
   for (int k = 0; k < static_cast<int>(listed.size()); ++k) {

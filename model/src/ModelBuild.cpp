@@ -8,6 +8,7 @@
 #include "skyframe/model/HingedBeams.h"
 #include "skyframe/model/TrussElement.h"
 #include "skyframe/platform/Platform.h"
+#include "skyframe/values/Steel.h"
 #include "texts.h"
 
 namespace skyframe {
@@ -20,12 +21,6 @@ constexpr float c_fNewtonPerMetre = 1.0e6F;      // kN/mm -> N/m
 
 enum HostElementType : int { c_nHostBar, c_nHostBeam, c_nHostCable, c_nHostMembrane };
 
-struct ElasticConstants {
-  double dE;
-  double dNu;
-  double dUnitWeight;
-};
-constexpr ElasticConstants c_steel = {2.06e11, 0.3, 7900.0};
 constexpr ElasticConstants c_concretes[] = {{2.55e10, 0.2, 2500.0}, {2.80e10, 0.2, 2500.0}, {3.00e10, 0.2, 2500.0},
                                             {3.15e10, 0.2, 2500.0}, {3.25e10, 0.2, 2500.0}, {3.35e10, 0.2, 2500.0}};
 

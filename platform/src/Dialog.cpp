@@ -14,6 +14,12 @@ const ControlTemplate* DialogTemplate::Find(int nControlId) const {
   return it == controls.end() ? nullptr : &*it;
 }
 
+std::string_view DialogTemplate::GetTip(int nControlId, TipLanguage language) const {
+  const auto it = std::ranges::find(tips, nControlId, &ControlTip::nId);
+  if (it == tips.end()) return {};
+  return language == TipLanguage::English ? it->strEnglish : it->strChinese;
+}
+
 std::vector<int> DialogTemplate::GetRadioGroup(int nFirstId) const {
   std::vector<int> ids;
   bool bInside = false;

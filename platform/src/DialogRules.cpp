@@ -49,7 +49,7 @@ int FindFirstFocus(const DialogTemplate& layout, const IDialogView& view) {
 int FindNextRadio(const DialogTemplate& layout, const IDialogView& view, int nRadioId, int nSteps) {
   std::vector<int> group = layout.GetRadioGroup(layout.GetGroupStart(nRadioId));
   if (nSteps < 0) std::ranges::reverse(group);
-  std::ranges::rotate(group, std::ranges::find(group, nRadioId) + 1);  // its followers, itself the last
+  std::rotate(group.begin(), std::ranges::find(group, nRadioId) + 1, group.end());  // its followers, itself the last
   return *std::ranges::find_if(group, [&](int nId) { return nId == nRadioId || view.IsEnabled(nId); });
 }
 

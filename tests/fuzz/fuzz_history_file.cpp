@@ -16,9 +16,10 @@ void ReadAsHost() {
   const host::HistoryModel model = {2, 1};
   const auto file = host::ReadHistoryFile("job", model);
   for (const int nQuantity : {skyframe::c_nHistoryY, skyframe::c_nHistoryForce}) {
-    const auto history = host::ReadHistory("job", model, {nQuantity, 1});
-    Demand(!file || history);
-    if (history) Demand(static_cast<int>(history->values.size()) == history->nSteps);
+    const host::HistoryChoice choice = {nQuantity, 1};
+    const auto histories = host::ReadHistories("job", model, {&choice, 1});
+    Demand(!file || histories);
+    if (histories) Demand(static_cast<int>(histories->front().values.size()) == histories->front().nSteps);
   }
   if (file) Demand(file->displacements.size() == 2 && file->forces.size() == 1);
   const auto extract = host::ReadHistoryExtract("job", model);

@@ -1,6 +1,7 @@
 #include "QtPerson.h"
 
 #include <QTest>
+#include <QTextDocumentFragment>
 #include <QtWidgets>
 #include <algorithm>
 #include <utility>
@@ -70,6 +71,11 @@ void CQtPerson::Press(Key key) {
     return;
   }
   QTest::keyClick(pTop->focusWidget() == nullptr ? pTop : pTop->focusWidget(), s_keys.at(key));
+}
+
+std::string CQtPerson::ReadTip(int nControl) const {
+  const auto* const pTop = dynamic_cast<CDialogWindow*>(QApplication::activeModalWidget());
+  return QTextDocumentFragment::fromHtml(pTop->FindWidget(nControl)->toolTip()).toPlainText().toStdString();
 }
 
 void CQtPerson::Look() {

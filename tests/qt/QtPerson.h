@@ -22,6 +22,8 @@ class CQtPerson final : public IPerson {
 
   void Watch(const std::function<void()>& action) override;
   void Press(Key key) override;
+  std::string ReadTip(int nControl) const override;
+  CWindowPlatform& GetWindows() override { return m_platform; }
 
  private:
   struct Work {

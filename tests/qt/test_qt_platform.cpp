@@ -6,6 +6,7 @@
 #include "ProbeDialog.h"
 #include "QtPerson.h"
 #include "skyframe/qt/QtPaintContext.h"
+#include "skyframe/qt/QtTranslation.h"
 
 namespace skyframe::test {
 namespace {
@@ -42,6 +43,14 @@ TEST(QtWaitCursor, RestsBehindWindowsAndEndsWithTheCall) {
   EXPECT_TRUE(isWaiting());
   platform.LeaveModule();
   EXPECT_FALSE(isWaiting());
+}
+
+TEST(QtTranslation, OfQtsOwnTextsFollowsTheLanguage) {
+  const auto save = [] { return QCoreApplication::translate("QPlatformTheme", "Save").toStdString(); };
+  EXPECT_TRUE(UseQtTranslation("zh_CN"));
+  EXPECT_EQ(save(), "保存");
+  EXPECT_FALSE(UseQtTranslation("xx"));
+  EXPECT_EQ(save(), "Save");
 }
 
 QWidget* FindProgress() {

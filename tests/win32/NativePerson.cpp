@@ -122,6 +122,21 @@ void CNativePerson::Press(Key key) {
   PressKey(::GetFocus() == nullptr ? hTop : ::GetFocus(), s_keys.at(key));
 }
 
+std::string CNativePerson::ReadTip(int nControl) const {
+  const HWND hTop = FindTop();
+  HWND hTips = nullptr;
+  do hTips = FindWindowExW(nullptr, hTips, TOOLTIPS_CLASSW, nullptr);
+  while (hTips != nullptr && ::GetWindow(hTips, GW_OWNER) != hTop);
+  std::wstring strTip(500, L'\0');
+  TTTOOLINFOW tool = {};
+  tool.cbSize = TTTOOLINFOW_V2_SIZE;
+  tool.hwnd = hTop;
+  tool.uId = reinterpret_cast<UINT_PTR>(CNativeDialog::FromWindow(hTop)->FindControl(nControl));
+  tool.lpszText = strTip.data();
+  SendMessageW(hTips, TTM_GETTEXTW, strTip.size(), reinterpret_cast<LPARAM>(&tool));
+  return ToUtf8(strTip.c_str());
+}
+
 void CNativePerson::Look() {
   const HWND hTop = FindTop();
   if (hTop == nullptr || hTop == m_hAcknowledged) return;

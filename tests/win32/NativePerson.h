@@ -19,6 +19,8 @@ class CNativePerson final : public IPerson {
 
   void Watch(const std::function<void()>& action) override;
   void Press(Key key) override;
+  std::string ReadTip(int nControl) const override;
+  CWindowPlatform& GetWindows() override { return m_platform; }
 
  private:
   struct Work {

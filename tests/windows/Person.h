@@ -12,6 +12,7 @@
 #include "skyframe/platform/Dialog.h"
 #include "skyframe/platform/HeadlessPlatform.h"
 #include "skyframe/platform/PaintContext.h"
+#include "skyframe/platform/WindowPlatform.h"
 
 namespace skyframe::test {
 
@@ -36,6 +37,9 @@ class IPerson {
 
   /// Calls the action while the person sits at the windows that it opens.
   virtual void Watch(const std::function<void()>& action) = 0;
+  /// The tip on a control of the topmost dialog.
+  [[nodiscard]] virtual std::string ReadTip(int nControl) const = 0;
+  [[nodiscard]] virtual CWindowPlatform& GetWindows() = 0;
   /// Presses a key in the topmost dialog, or the close button of its frame.
   virtual void Press(Key key) = 0;
 

@@ -4,6 +4,7 @@
 #include "AllDialogs.h"
 #include "Person.h"
 #include "skyframe/platform/DialogContent.h"
+#include "skyframe/platform/DialogRules.h"
 
 namespace skyframe::test {
 namespace {
@@ -134,6 +135,27 @@ TEST_P(EveryDialog, LeftByKeysAndFrame) {
     pPerson->Watch([&] { nResult = GetParam()()->DoModal(); });
     EXPECT_EQ(nResult, nExpected);
     EXPECT_TRUE(pPerson->GetMessages().empty());
+  }
+}
+
+TEST_P(EveryDialog, TellsOfEveryControlInTheLanguageChosen) {
+  for (const TipLanguage language : {TipLanguage::Chinese, TipLanguage::English}) {
+    const std::unique_ptr<IPerson> pPerson = MakePerson();
+    if (language == TipLanguage::English) pPerson->GetWindows().SetTipLanguage(language);
+    const DialogTemplate layout = Layout();
+    const bool bEnglish = language == TipLanguage::English;
+    pPerson->AddScript(layout.nId, {Do::Inspect([&](const IDialogView&) {
+                         for (const ControlTemplate& control : layout.controls) {
+                           if (!CanFocus(control.kind)) continue;
+                           const std::string strTip = pPerson->ReadTip(control.nId);
+                           EXPECT_EQ(strTip, layout.GetTip(control.nId, language)) << control.nId;
+                           const auto nLatin =
+                               std::ranges::count_if(strTip, [](char c) { return c >= ' ' && c <= '~'; });
+                           EXPECT_EQ(2 * nLatin > std::ssize(strTip), bEnglish) << control.nId << strTip;
+                         }
+                       })});
+    ResetHostData();
+    pPerson->Watch([&] { GetParam()()->DoModal(); });
   }
 }
 

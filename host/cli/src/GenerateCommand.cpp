@@ -3,13 +3,36 @@
 
 #include "Commands.h"
 #include "skyframe/cli/CommandLine.h"
-#include "skyframe/generate/Generate.h"
-#include "skyframe/values/Capacities.h"
+#include "skyframe/generate/GeneratorFields.h"
 #include "texts.h"
 
 namespace skyframe::host {
 
 namespace {
+
+/// An option for each parameter of a generator.
+class COptionMaker {
+ public:
+  explicit COptionMaker(CLI::App& app) : m_app(app) {}
+
+  template <class T>
+  void Visit(const GeneratorField& field, T& value, GeneratorRange<T> range) {
+    Add(field, value)->check(CLI::Range(range.lowest, range.highest));
+  }
+  void Visit(const GeneratorField& field, bool& bValue) {
+    m_app.add_flag(FormName(field), bValue, std::string(Say(field.meaning)));
+  }
+
+ private:
+  static std::string FormName(const GeneratorField& field) { return "--" + std::string(field.pszOption); }
+
+  template <class T>
+  CLI::Option* Add(const GeneratorField& field, T& value) {
+    return m_app.add_option(FormName(field), value, std::string(Say(field.meaning)))->capture_default_str();
+  }
+
+  CLI::App& m_app;
+};
 
 class CGenerateCommand final : public CCommand {
  public:
@@ -21,76 +44,27 @@ class CGenerateCommand final : public CCommand {
   void Define(CLI::App& app) override {
     app.require_subcommand(1);
     DefineBuilding(app);
-    DefineTower(app);
-    DefineDome(app);
-    DefineArch(app);
+    AddShape(app, "tower", texts::c_tower, m_tower);
+    AddShape(app, "dome", texts::c_dome, m_dome);
+    AddShape(app, "arch", texts::c_arch, m_arch);
   }
 
-  CLI::App* AddShape(CLI::App& generate, const std::string& strName, const Words& help) {
+  template <class Parameters>
+  CLI::App* AddShape(CLI::App& generate, const std::string& strName, const Words& help, Parameters& parameters) {
     CLI::App* pShape = generate.add_subcommand(strName, Help(help));
     pShape->add_option("-o,--output", m_strOutput, Help(texts::c_generateOutput));
+    COptionMaker maker(*pShape);
+    VisitFields(maker, parameters);
+    pShape->callback([this, &parameters] { m_action = [this, &parameters] { return Write(parameters); }; });
     return pShape;
   }
 
-  static void AddCount(CLI::App& app, const std::string& strName, int& nValue, const Words& help, int nLowest = 1) {
-    app.add_option(strName, nValue, Help(help))->check(CLI::Range(nLowest, c_nMaxNodes))->capture_default_str();
-  }
-
-  static void AddLength(CLI::App& app, const std::string& strName, double& dValue, const Words& help) {
-    app.add_option(strName, dValue, Help(help))->check(CLI::Range(1.0e-3, 1.0e5))->capture_default_str();
-  }
-
-  static void AddLoad(CLI::App& app, const std::string& strName, double& dValue, const Words& help) {
-    app.add_option(strName, dValue, Help(help))->check(CLI::Range(-1.0e9, 1.0e9))->capture_default_str();
-  }
-
   void DefineBuilding(CLI::App& generate) {
-    CLI::App* p = AddShape(generate, "building", texts::c_building);
-    AddCount(*p, "--bays-x", m_building.nBaysX, texts::c_baysX);
-    AddCount(*p, "--bays-y", m_building.nBaysY, texts::c_baysY);
-    CLI::Option* pStoreys =
-        p->add_option("--storeys", m_building.nStoreys, Help(texts::c_storeys))->check(CLI::Range(1, c_nMaxNodes));
-    pStoreys->capture_default_str();
+    CLI::App* p = AddShape(generate, "building", texts::c_building, m_building);
     p->add_option("--nodes", m_nNodes, Help(texts::c_aboutNodes))
         ->check(CLI::Range(8, c_nMaxNodes))
-        ->excludes(pStoreys);
-    AddLength(*p, "--span", m_building.dSpan, texts::c_bayLength);
-    AddLength(*p, "--height", m_building.dHeight, texts::c_storeyHeight);
-    AddLoad(*p, "--dead", m_building.dDeadLoad, texts::c_deadLoad);
-    AddLoad(*p, "--live", m_building.dLiveLoad, texts::c_liveLoad);
-    AddLoad(*p, "--wind", m_building.dWindLoad, texts::c_windLoad);
+        ->excludes("--storeys");
     p->callback([this, p] { m_action = [this, p] { return OnGenerateBuilding(*p); }; });
-  }
-
-  void DefineTower(CLI::App& generate) {
-    CLI::App* p = AddShape(generate, "tower", texts::c_tower);
-    AddCount(*p, "--panels", m_tower.nPanels, texts::c_panels);
-    AddLength(*p, "--base", m_tower.dBase, texts::c_base);
-    AddLength(*p, "--top", m_tower.dTop, texts::c_top);
-    AddLength(*p, "--panel-height", m_tower.dPanelHeight, texts::c_panelHeight);
-    p->callback([this] {
-      m_action = [this] { return Write([this] { return GenerateTower(m_tower); }, 4, m_tower.nPanels + 1.0); };
-    });
-  }
-
-  void DefineDome(CLI::App& generate) {
-    CLI::App* p = AddShape(generate, "dome", texts::c_dome);
-    AddCount(*p, "--rings", m_dome.nRings, texts::c_rings);
-    AddCount(*p, "--segments", m_dome.nSegments, texts::c_fields, 3);
-    AddLength(*p, "--span", m_dome.dSpan, texts::c_span);
-    AddLength(*p, "--rise", m_dome.dRise, texts::c_domeRise);
-    AddLoad(*p, "--load", m_dome.dLoad, texts::c_planLoad);
-    p->add_flag("--beams", m_dome.bBeams, Help(texts::c_domeBeams));
-    p->callback([this] { m_action = [this] { return OnGenerateDome(); }; });
-  }
-
-  void DefineArch(CLI::App& generate) {
-    CLI::App* p = AddShape(generate, "arch", texts::c_arch);
-    AddCount(*p, "--segments", m_arch.nSegments, texts::c_archMembers, 2);
-    AddLength(*p, "--half-span", m_arch.dHalfSpan, texts::c_halfSpan);
-    AddLength(*p, "--rise", m_arch.dRise, texts::c_rise);
-    AddLoad(*p, "--load", m_arch.dLoad, texts::c_apexLoad);
-    p->callback([this] { m_action = [this] { return OnGenerateArch(); }; });
   }
 
   int OnGenerateBuilding(const CLI::App& app) {
@@ -100,25 +74,13 @@ class CGenerateCommand final : public CCommand {
       if (app.count("--bays-y") == 0) m_building.nBaysY = choice.nBaysY;
       m_building.nStoreys = ChooseStoreys(m_nNodes, m_building.nBaysX, m_building.nBaysY);
     }
-    return Write([this] { return GenerateBuilding(m_building); }, (m_building.nBaysX + 1.0) * (m_building.nBaysY + 1.0),
-                 m_building.nStoreys + 1.0);
+    return Write(m_building);
   }
 
-  int OnGenerateDome() {
-    if (m_dome.dRise > 0.5 * m_dome.dSpan) return Refuse(Say(texts::c_riseTooLarge));
-    return Write([this] { return GenerateDome(m_dome); }, m_dome.nRings, m_dome.nSegments);
-  }
-
-  int OnGenerateArch() {
-    if (m_arch.nSegments % 2 != 0) return Refuse(Say(texts::c_oddMembers));
-    return Write([this] { return GenerateArch(m_arch); }, m_arch.nSegments + 1.0, 1.0);
-  }
-
-  /// Generates and writes the job of about so many rows of nodes, unless the host records are too small.
-  template <class Generator>
-  int Write(Generator generator, double dRows, double dNodesPerRow) {
-    if (dRows * dNodesPerRow > c_nMaxNodes) return Refuse(Say(texts::c_tooManyNodes, {std::to_string(c_nMaxNodes)}));
-    const std::string strText = FormatJob(generator());
+  template <class Parameters>
+  int Write(const Parameters& parameters) {
+    if (const std::optional<std::string> conflict = FindConflict(parameters)) return Refuse(*conflict);
+    const std::string strText = FormatJob(Generate(parameters));
     const JobFile check = ParseJob(strText);
     PrintProblems(Help(texts::c_generatedJob), check.errors, "");
     return check.errors.empty() ? Deliver(m_strOutput, strText) : c_nExitBadInput;

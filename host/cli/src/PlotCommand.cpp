@@ -1,8 +1,12 @@
 #include <CLI/CLI.hpp>
-#include <map>
+#include <algorithm>
+#include <cctype>
+#include <span>
 
 #include "Commands.h"
 #include "skyframe/cli/CommandLine.h"
+#include "skyframe/job/Text.h"
+#include "skyframe/platform/NumberText.h"
 #include "skyframe/plot/Plots.h"
 #include "skyframe/run/JobRunner.h"
 #include "texts.h"
@@ -11,20 +15,68 @@ namespace skyframe::host {
 
 namespace {
 
+using Names = std::span<const std::string_view>;
+
+constexpr std::array<std::string_view, 4> c_strSources = {"linear", "nonlinear", "spectrum", "history"};
+constexpr std::array<std::string_view, 4> c_strViews = {"iso", "front", "side", "plan"};
+constexpr std::array<ViewDirection, c_strViews.size()> c_views = {c_isometricView, c_frontView, c_sideView, c_planView};
+
+/// Place of a name in a list, letters large or small; none when it is not there.
+std::optional<std::size_t> FindName(Names names, std::string_view strName) {
+  const auto isSame = [](char a, char b) {
+    return std::tolower(static_cast<unsigned char>(a)) == std::tolower(static_cast<unsigned char>(b));
+  };
+  const auto it =
+      std::ranges::find_if(names, [&](std::string_view strOne) { return std::ranges::equal(strOne, strName, isSame); });
+  return it == names.end() ? std::nullopt : std::optional(static_cast<std::size_t>(it - names.begin()));
+}
+
+/// Takes one of the names alone.
+CLI::Validator OneOf(Names names) {
+  std::string strNames;
+  for (const std::string_view strName : names) strNames += (strNames.empty() ? "" : "|") + std::string(strName);
+  return {[names, strNames](const std::string& strName) {
+            return FindName(names, strName) ? std::string()
+                                            : "'" + EscapeControls(strName) + "' is none of " + strNames;
+          },
+          strNames};
+}
+
+/// "Y=12.5".
+std::optional<FramePlane> ParseFrame(std::string_view strText) {
+  const std::size_t nEqual = strText.find('=');
+  if (nEqual == std::string_view::npos) return std::nullopt;
+  const auto nAxis = FindName(c_strAxes, strText.substr(0, nEqual));
+  const auto dAt = ParseReal(strText.substr(nEqual + 1));
+  if (!nAxis || !dAt) return std::nullopt;
+  return FramePlane{static_cast<int>(*nAxis), *dAt};
+}
+
+/// "1.2*0+1.4*1": factors and cases.
+std::optional<JobCombination> ParseCombination(std::string_view strText) {
+  JobCombination combination;
+  for (bool bMore = true; bMore;) {
+    const std::size_t nPlus = strText.find('+');
+    const std::string_view strTerm = strText.substr(0, nPlus);
+    const std::size_t nStar = std::min(strTerm.find('*'), strTerm.size());
+    const auto dFactor = ParseReal(strTerm.substr(0, nStar));
+    const auto nCase = ParseInt(strTerm.substr(std::min(nStar + 1, strTerm.size())));
+    if (!dFactor || !nCase) return std::nullopt;
+    combination[*nCase] += *dFactor;
+    bMore = nPlus != std::string_view::npos;
+    if (bMore) strText.remove_prefix(nPlus + 1);
+  }
+  return combination;
+}
+
 class CPlotCommand final : public CCommand {
  public:
-  explicit CPlotCommand(const CommandContext& context) : CCommand("plot", Say(texts::c_plot), context) {}
+  explicit CPlotCommand(const CommandContext& context)
+      : CCommand("plot", "Draw a job or its results as SVG", context) {}
 
   int Run() override {
-    const bool bHistory = m_pNode->count() + m_pElement->count() > 0;
     if (IsJobFile(m_strOutput, m_strJobFile)) return RefuseJobFile(m_strOutput);
-    if (m_plot.bViewer && !bHistory) return Refuse(Say(texts::c_viewerOnly));
-    using Kind = PlotRequest::Kind;
-    m_plot.kind = m_pWhat->count("--mode") > 0 ? Kind::Mode
-                  : m_bDeformed                ? Kind::Deformed
-                  : m_pNode->count() > 0       ? Kind::Node
-                  : m_pElement->count() > 0    ? Kind::Element
-                                               : Kind::Spectrum;
+    if (const std::string strFault = TakeOptions(); !strFault.empty()) return Refuse(strFault);
     const std::optional<Job> job = LoadJob();
     if (!job) return c_nExitBadInput;
     const std::optional<std::string> strPicture = DrawPlot(*job, GetJobPath(m_strJobFile), m_plot, m_err);
@@ -32,31 +84,120 @@ class CPlotCommand final : public CCommand {
   }
 
  private:
+  using Kind = PlotRequest::Kind;
+  using Kinds = std::vector<Kind>;
+
   void Define(CLI::App& app) override {
-    AddJobFile(app, Help(texts::c_plotJob));
-    app.add_option("-o,--output", m_strOutput, Help(texts::c_plotOutput))->required();
-    m_pWhat = app.add_option_group(Help(texts::c_whatToDraw), Help(texts::c_oneOfThese));
-    m_pWhat->require_option(1);
-    m_pWhat->add_flag("--spectrum", m_bSpectrum, Help(texts::c_plotSpectrum));
-    m_pWhat->add_option("--mode", m_plot.nNumber, Help(texts::c_plotMode));
-    m_pNode = m_pWhat->add_option("--node", m_plot.nNumber, Help(texts::c_plotNode));
-    m_pElement = m_pWhat->add_option("--element", m_plot.nNumber, Help(texts::c_plotElement));
-    CLI::Option* pDeformed = m_pWhat->add_flag("--deformed", m_bDeformed, Help(texts::c_plotDeformed));
-    const std::map<std::string, int> directions = {{"X", 0}, {"Y", 1}, {"Z", 2}};
-    app.add_option("--dir", m_plot.nDirection, Help(texts::c_plotDirection))
-        ->needs(m_pNode)
-        ->transform(CLI::CheckedTransformer(directions, CLI::ignore_case));
-    app.add_flag("--nonlinear", m_plot.bNonlinear, Help(texts::c_plotNonlinear))->needs(pDeformed);
-    app.add_flag("--viewer", m_plot.bViewer, Help(texts::c_plotViewer));
+    AddJobFile(app, "Job file (JSON) whose analyses have run");
+    app.add_option("-o,--output", m_strOutput, "SVG file to write")->required();
+    CLI::Option_group& what = *app.add_option_group("What to draw", "one of these");
+    what.require_option(1);
+    AddKind(AddFlag(what, "--spectrum", "Design spectrum with the periods of the modes"), Kind::Spectrum);
+    AddKind(what.add_option("--mode", m_plot.nMode, "Mode shape, from 1"), Kind::Mode);
+    AddKind(AddCurves(what, "--node", "Displacement history of the node with this id; again for more curves"),
+            Kind::Node);
+    AddKind(AddCurves(what, "--element", "Axial-force history of an element, from 1; again for more curves"),
+            Kind::Element);
+    AddKind(AddFlag(what, "--deformed", "Structure as the static analysis deforms it"), Kind::Deformed);
+    AddKind(AddName(what, "--force", m_strQuantity, Names(c_strMemberQuantities).first(c_nForceComponents),
+                    "Diagram of a section force on the members"),
+            Kind::Diagram);
+    AddKind(AddName(what, "--colour", m_strQuantity, c_strMemberQuantities,
+                    "Members coloured by a section force; Q, M: resultants of shears, moments"),
+            Kind::Colours);
+    AddKind(AddFlag(what, "--reactions", "Forces of the supports on the structure"), Kind::Reactions);
+    AddKind(what.add_option("--loads", m_strLoads, "all, a case, or a combination such as 1.2*0+1.4*1"), Kind::Loads);
+    DefineDetails(app);
+  }
+
+  void DefineDetails(CLI::App& app) {
+    const Kinds forces = {Kind::Diagram, Kind::Colours, Kind::Reactions};
+    const Kinds structures = {Kind::Diagram, Kind::Colours, Kind::Reactions, Kind::Loads};
+    const Kinds histories = {Kind::Node, Kind::Element};
+    Limit(app.add_option("--dir", m_directions, "Directions of --node, as X or X,Y (default X)")
+              ->delimiter(',')
+              ->allow_extra_args(false)
+              ->check(OneOf(c_strAxes)),
+          {Kind::Node});
+    Limit(app.add_flag("--viewer", m_plot.bViewer, "The result viewer's picture of a history"), histories);
+    Limit(app.add_flag("--nonlinear", m_plot.bNonlinear, "Of the nonlinear static analysis"), {Kind::Deformed});
+    Limit(app.add_flag("--coloured", m_plot.bShapeColours, "Members coloured by their displacement"),
+          {Kind::Mode, Kind::Deformed});
+    Limit(AddName(app, "--of", m_strSource, c_strSources, "Whose forces (default linear)"), forces);
+    Limit(app.add_option("--at", m_plot.dTime, "Time of a history's forces, s"), forces);
+    Limit(app.add_option("--frame", m_strFrame, "Only members in this plane, as Y=0, seen from before it"), structures);
+    Limit(AddName(app, "--view", m_strView, c_strViews, "From where (default iso)"), structures);
+    Limit(app.add_flag("--with-reactions", m_plot.bReactions, "Reactions too"), {Kind::Diagram, Kind::Colours});
+    Limit(app.add_flag("--local-axes", m_plot.bLocalAxes, "Local axes of the members: x red, y green, z blue"),
+          structures);
+    Limit(app.add_flag("--sections", m_plot.bSectionNames, "Names of the sections"), structures);
+  }
+
+  CLI::Option* AddCurves(CLI::App& app, const std::string& strName, const std::string& strHelp) {
+    return app.add_option(strName, m_plot.numbers, strHelp)->allow_extra_args(false);
+  }
+
+  static CLI::Option* AddFlag(CLI::App& app, const std::string& strName, const std::string& strHelp) {
+    return app.add_flag(strName, strHelp);
+  }
+
+  static CLI::Option* AddName(CLI::App& app, const std::string& strName, std::string& strValue, Names names,
+                              const std::string& strHelp) {
+    return app.add_option(strName, strValue, strHelp)->check(OneOf(names));
+  }
+
+  void AddKind(const CLI::Option* pOption, Kind kind) { m_kinds.push_back({pOption, kind}); }
+  /// An option that belongs to some kinds of pictures.
+  void Limit(const CLI::Option* pOption, Kinds kinds) { m_limits.push_back({pOption, std::move(kinds)}); }
+
+  /// What the parser has not checked; empty when all is well.
+  std::string TakeOptions() {
+    for (const auto& [pOption, kind] : m_kinds) {
+      if (pOption->count() > 0) m_plot.kind = kind;
+    }
+    for (const auto& [pOption, kinds] : m_limits) {
+      if (pOption->count() > 0 && std::ranges::find(kinds, m_plot.kind) == kinds.end())
+        return pOption->get_name() + ": belongs to " + ListOptions(kinds);
+    }
+    if (!m_directions.empty()) m_plot.directions.clear();
+    for (const std::string& strAxis : m_directions)
+      m_plot.directions.push_back(static_cast<int>(FindName(c_strAxes, strAxis).value_or(0)));
+    m_plot.quantity = static_cast<MemberQuantity>(FindName(c_strMemberQuantities, m_strQuantity).value_or(0));
+    m_plot.source = static_cast<ForceSource>(FindName(c_strSources, m_strSource).value_or(0));
+    if (!m_strView.empty()) m_plot.view = c_views[FindName(c_strViews, m_strView).value_or(0)];
+    if (!m_strFrame.empty() && !(m_plot.frame = ParseFrame(m_strFrame))) return "--frame: not as X=0, Y=6.5 or Z=3";
+    return TakeLoads();
+  }
+
+  std::string TakeLoads() {
+    if (m_strLoads.empty() || m_strLoads == "all") return "";
+    m_plot.nCase = ParseInt(m_strLoads);
+    if (m_plot.nCase) return "";
+    const std::optional<JobCombination> combination = ParseCombination(m_strLoads);
+    if (!combination) return "--loads: neither all, nor a case, nor a combination such as 1.2*0+1.4*1";
+    m_plot.combination = *combination;
+    return "";
+  }
+
+  [[nodiscard]] std::string ListOptions(const Kinds& kinds) const {
+    std::string strList;
+    for (const auto& [pOption, kind] : m_kinds) {
+      if (std::ranges::find(kinds, kind) != kinds.end())
+        strList += (strList.empty() ? "" : " or ") + pOption->get_name();
+    }
+    return strList;
   }
 
   std::string m_strOutput;
   PlotRequest m_plot;
-  bool m_bSpectrum = false;
-  bool m_bDeformed = false;
-  CLI::Option_group* m_pWhat = nullptr;
-  CLI::Option* m_pNode = nullptr;
-  CLI::Option* m_pElement = nullptr;
+  std::vector<std::string> m_directions;
+  std::string m_strQuantity = "N";
+  std::string m_strSource = "linear";
+  std::string m_strView;
+  std::string m_strFrame;
+  std::string m_strLoads;
+  std::vector<std::pair<const CLI::Option*, Kind>> m_kinds;
+  std::vector<std::pair<const CLI::Option*, Kinds>> m_limits;
 };
 
 }  // namespace

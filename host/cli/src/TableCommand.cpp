@@ -6,6 +6,7 @@
 #include "Commands.h"
 #include "skyframe/cli/CommandLine.h"
 #include "skyframe/job/Text.h"
+#include "skyframe/run/Session.h"
 #include "skyframe/run/Stamps.h"
 #include "skyframe/tables/ResultTables.h"
 #include "texts.h"
@@ -45,6 +46,7 @@ class CTableCommand final : public CCommand {
     if (!HasTable(m_choice.result)) return Refuse(Say(texts::c_tableMissing, {m_strKind}));
     if (m_pMode->count() > 0 && !m_choice.IsOfOneMode()) return Refuse(std::string(Say(texts::c_shapeOnly)));
     const std::string strFile = strJobPath + std::string(GetSuffix(m_choice.result));
+    const std::optional<CSession> session = CSession::Open(*job, strJobPath, "");
     const Reading<Table> table = ReadTable(*job, strJobPath, m_choice);
     if (!table) return Refuse(strFile + ": " + table.strError);
     for (const Advice& advice : AdviseOnAge(*job, strJobPath, GetSuffix(m_choice.result))) {

@@ -94,37 +94,12 @@ inline constexpr Words c_generate = {"Write a job file for a regular structure",
 inline constexpr Words c_generateOutput = {"Job file to write (default: standard output)",
                                            "要写的作业文件（缺省：标准输出）"};
 inline constexpr Words c_building = {"Rectangular frame of rigid beams and columns", "梁柱刚接的矩形框架"};
-inline constexpr Words c_baysX = {"Bays along X", "X 向跨数"};
-inline constexpr Words c_baysY = {"Bays along Y", "Y 向跨数"};
-inline constexpr Words c_storeys = {"Storeys", "层数"};
 inline constexpr Words c_aboutNodes = {"About so many nodes: chooses the storeys, and the bays if these are not given",
                                        "大约的节点数：由此选定层数，没有给出跨数时也选定跨数"};
-inline constexpr Words c_bayLength = {"Length of a bay, m", "跨度，m"};
-inline constexpr Words c_storeyHeight = {"Height of a storey, m", "层高，m"};
-inline constexpr Words c_deadLoad = {"Dead load, kN/m2, case 0", "恒荷载，kN/m²，工况 0"};
-inline constexpr Words c_liveLoad = {"Live load, kN/m2, case 1", "活荷载，kN/m²，工况 1"};
-inline constexpr Words c_windLoad = {"Wind along X, kN/m2, case 2", "X 向风荷载，kN/m²，工况 2"};
 inline constexpr Words c_tower = {"Square lattice tower of bars", "杆单元的方形格构塔"};
-inline constexpr Words c_panels = {"Panels one above the other", "节间数"};
-inline constexpr Words c_base = {"Side at the foot, m", "底边长，m"};
-inline constexpr Words c_top = {"Side at the top, m", "顶边长，m"};
-inline constexpr Words c_panelHeight = {"Height of a panel, m", "节间高，m"};
 inline constexpr Words c_dome = {"Reticulated spherical cap", "球面网壳"};
-inline constexpr Words c_rings = {"Rings around the crown", "环数"};
-inline constexpr Words c_fields = {"Fields around a ring", "每环的分格数"};
-inline constexpr Words c_span = {"Span, m", "跨度，m"};
-inline constexpr Words c_domeRise = {"Rise, m; at most half the span", "矢高，m；不大于跨度的一半"};
-inline constexpr Words c_planLoad = {"Load in plan, kN/m2", "水平投影面荷载，kN/m²"};
-inline constexpr Words c_domeBeams = {"Rigid beams instead of bars", "用刚接的梁代替杆"};
 inline constexpr Words c_arch = {"Two-bar arch, or an arch of rigid beams, loaded at its apex",
                                  "两杆拱，或刚接梁组成的拱，拱顶受荷载"};
-inline constexpr Words c_archMembers = {"Members, an even number; 2 makes bars", "构件数，偶数；2 为两根杆"};
-inline constexpr Words c_halfSpan = {"Half the span, m", "半跨，m"};
-inline constexpr Words c_rise = {"Rise, m", "矢高，m"};
-inline constexpr Words c_apexLoad = {"Load at the apex, kN, downwards", "拱顶荷载，kN，向下"};
-inline constexpr Words c_riseTooLarge = {"--rise: must be at most half the span", "--rise：应不大于跨度的一半"};
-inline constexpr Words c_oddMembers = {"--segments: must be an even number", "--segments：应为偶数"};
-inline constexpr Words c_tooManyNodes = {"more than {0} nodes", "节点超过 {0} 个"};
 inline constexpr Words c_generatedJob = {"generated job", "生成的作业"};
 
 // schema

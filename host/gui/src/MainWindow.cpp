@@ -2,11 +2,15 @@
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QDropEvent>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QMessageBox>
+#include <QMimeData>
 #include <QPushButton>
 #include <QStatusBar>
+#include <QTimer>
+#include <QUrl>
 #include <algorithm>
 #include <array>
 #include <iterator>
@@ -16,6 +20,8 @@
 #include "ErrorDialog.h"
 #include "ShapeTitle.h"
 #include "skyframe/connect/Findings.h"
+#include "skyframe/gui/GeneratorDialog.h"
+#include "skyframe/platform/OutputFile.h"
 #include "skyframe/qt/Font.h"
 #include "skyframe/results/Histories.h"
 #include "skyframe/run/PrefillPlatform.h"
@@ -80,6 +86,7 @@ CMainWindow::CMainWindow(const QString& strSettingsFile)
       m_languages(this) {
   setObjectName(QStringLiteral("main"));
   setCentralWidget(&m_view);
+  setAcceptDrops(true);
   addToolBar(&m_shapeBar);
   addToolBarBreak();
   addToolBar(&m_resultBar);
@@ -108,6 +115,7 @@ void CMainWindow::closeEvent(QCloseEvent* pEvent) {
   if (!MayLeaveJob()) return pEvent->ignore();
   m_pSettings->setValue(c_strGeometryKey, saveGeometry());
   m_pSettings->setValue(c_strStateKey, saveState());
+  m_pHelp.reset();
   pEvent->accept();
 }
 
@@ -131,6 +139,7 @@ void CMainWindow::AddOption(QMenu& menu, const host::Words& text, const host::Wo
 
 void CMainWindow::MakeFileMenu() {
   QMenu& menu = m_make.AddMenu(texts::c_fileMenu);
+  m_make.AddAction(menu, texts::c_new, texts::c_newTip, "new", [this] { OnNew(); })->setShortcut(QKeySequence::New);
   m_make.AddAction(menu, texts::c_open, texts::c_openTip, "open", [this] { OnOpen(); })
       ->setShortcut(QKeySequence::Open);
   m_document.OnLanguage([this] { m_recentMenu.setTitle(ToQt(Say(texts::c_recent))); });
@@ -180,6 +189,12 @@ void CMainWindow::MakeViewMenu() {
   addView(texts::c_side, texts::c_sideTip, "side", Qt::Key_2, host::c_sideView);
   addView(texts::c_plan, texts::c_planTip, "plan", Qt::Key_3, host::c_planView);
   m_make.AddAction(menu, texts::c_fit, texts::c_fitTip, "fit", [this] { m_view.FitAll(); });
+  m_make.AddAction(menu, texts::c_nextShape, texts::c_nextShapeTip, "next_shape", [this] { m_shapeBar.Step(1); })
+      ->setShortcut(Qt::Key_PageDown);
+  m_make
+      .AddAction(menu, texts::c_previousShape, texts::c_previousShapeTip, "previous_shape",
+                 [this] { m_shapeBar.Step(-1); })
+      ->setShortcut(Qt::Key_PageUp);
   menu.addSeparator();
   AddOption(menu, texts::c_supports, texts::c_supportsTip, "supports", &ViewOptions::bSupports);
   AddOption(menu, texts::c_nodeNumbers, texts::c_nodeNumbersTip, "node_numbers", &ViewOptions::bNodeNumbers);
@@ -228,6 +243,8 @@ void CMainWindow::MakeLanguageMenu(QMenu& viewMenu) {
 
 void CMainWindow::MakeHelpMenu() {
   QMenu& menu = m_make.AddMenu(texts::c_helpMenu);
+  m_make.AddAction(menu, texts::c_manual, texts::c_manualTip, "manual", [this] { ShowManual(); })
+      ->setShortcut(QKeySequence::HelpContents);
   m_make.AddAction(menu, texts::c_about, texts::c_aboutTip, "about", [this] { OnAbout(); });
 }
 
@@ -309,11 +326,49 @@ bool CMainWindow::OpenJob(const QString& strFile) {
 
 bool CMainWindow::OnSave() { return SaveTo(m_document.GetFile()); }
 
-bool CMainWindow::OnSaveAs() {
-  QFileDialog dialog(this, ToQt(Say(texts::c_saveTitle)), m_document.GetFile(), ToQt(Say(texts::c_jobFilter)));
+QString CMainWindow::AskForFile(const QString& strProposed) {
+  QFileDialog dialog(this, ToQt(Say(texts::c_saveTitle)), strProposed, ToQt(Say(texts::c_jobFilter)));
   dialog.setAcceptMode(QFileDialog::AcceptSave);
   dialog.setDefaultSuffix(QStringLiteral("json"));
-  return dialog.exec() == QDialog::Accepted && SaveTo(dialog.selectedFiles().constFirst());
+  return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().constFirst() : QString();
+}
+
+bool CMainWindow::OnSaveAs() {
+  const QString strFile = AskForFile(m_document.GetFile());
+  return !strFile.isEmpty() && SaveTo(strFile);
+}
+
+void CMainWindow::OnNew() {
+  if (!MayLeaveJob()) return;
+  CGeneratorDialog dialog(this);
+  if (dialog.exec() != QDialog::Accepted) return;
+  const QString strFile = AskForFile(QStringLiteral("frame.json"));
+  if (strFile.isEmpty()) return;
+  COutputFile file(strFile.toStdString());
+  file.GetStream() << host::FormatJob(dialog.GetJob());
+  if (!file.Commit()) return m_platform.ShowMessage(Say(texts::c_saveFailed, {file.GetError()}));
+  m_document.Forget();
+  OpenJob(strFile);
+}
+
+void CMainWindow::dragEnterEvent(QDragEnterEvent* pEvent) {
+  if (pEvent->mimeData()->hasUrls() && pEvent->mimeData()->urls().constFirst().isLocalFile()) {
+    pEvent->acceptProposedAction();
+  }
+}
+
+void CMainWindow::dropEvent(QDropEvent* pEvent) {
+  const QString strFile = pEvent->mimeData()->urls().constFirst().toLocalFile();
+  pEvent->acceptProposedAction();
+  QTimer::singleShot(0, this, [this, strFile] { OpenJob(strFile); });  // the other program need not wait
+}
+
+void CMainWindow::ShowManual() {
+  if (!m_pHelp) m_pHelp = std::make_unique<CHelpWindow>();
+  m_pHelp->ShowPage({});
+  m_pHelp->show();
+  m_pHelp->raise();
+  m_pHelp->activateWindow();
 }
 
 bool CMainWindow::SaveTo(const QString& strFile) {

@@ -131,6 +131,11 @@ void CShapeBar::Choose(host::ShapeKind kind) {
   m_list.setCurrentIndex(FindRow({it->kind, it->nMode}));
 }
 
+void CShapeBar::Step(int nStep) {
+  const int nRow = m_list.currentIndex() + nStep;
+  if (nRow >= 0 && nRow < m_list.count()) m_list.setCurrentIndex(nRow);
+}
+
 std::string CShapeBar::FormFileName() const {
   if (!m_chosen) return "structure";
   switch (m_chosen->kind) {

@@ -54,6 +54,8 @@ constexpr double c_dLabelHeight = 12.0;
 constexpr double c_dNoteLine = 19.0;
 constexpr double c_dNotesTop = 34.0;
 constexpr double c_dMargin = 12.0;
+constexpr std::size_t c_nCrowd = 150;  // members; more of them have fewer labels
+constexpr std::size_t c_nFewLabels = 60;
 constexpr std::size_t c_nMostLabels = 400;
 constexpr host::AxesStyle c_axes = {34.0, 9.0, 2.0, {Colour{200, 40, 40}, Colour{30, 140, 30}, Colour{40, 70, 200}}};
 
@@ -184,7 +186,8 @@ void CStructureView::Paint(IPaintContext& paint) const {
                       VerticalAlign::Middle);
   }
   const host::Box sheet{0.0, 0.0, static_cast<double>(width()), static_cast<double>(height())};
-  host::CLabelField labels(sheet, c_nMostLabels, c_dLabelHeight, c_ground);
+  const bool bCrowd = m_scene.GetMembers().size() > c_nCrowd;
+  host::CLabelField labels(sheet, bCrowd ? c_nFewLabels : c_nMostLabels, c_dLabelHeight, c_ground);
   host::CScenePainter painter(paint, m_scene, m_camera, m_shown);
   host::CResultPainter results(paint, m_scene, m_camera, m_shown);
   PaintSelection(paint);

@@ -264,9 +264,15 @@ host::Reading<host::Table> CTablePanel::FormTable() {
     nothing.strError = Say(texts::c_tableDamaged);
     return nothing;
   };
+  const host::ModeResultFile* pModes = nullptr;
+  std::optional<host::ModalMasses> masses;
   switch (m_choice.result) {
     case host::TableResult::Modes:
-      return form(m_document.GetModes(), m_choice.nMode);
+      pModes = m_document.GetModes();
+      if (pModes != nullptr && m_choice.kind == host::TableKind::Modes) {
+        masses = host::FindModalMasses(job, m_document.GetJobPath(), *pModes);
+      }
+      return form(pModes, m_choice.nMode, masses);
     case host::TableResult::Spectrum:
       return form(m_document.GetSpectrum());
     case host::TableResult::History:

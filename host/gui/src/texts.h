@@ -13,13 +13,16 @@ inline constexpr Words c_program = {"Skyframe", "Skyframe"};
 inline constexpr Words c_fileMenu = {"&File", "文件(&F)"};
 inline constexpr Words c_open = {"&Open…", "打开(&O)…"};
 inline constexpr Words c_openTip = {"Open a job file", "打开作业文件"};
+inline constexpr Words c_new = {"&New from a generator…", "用生成器新建(&N)…"};
+inline constexpr Words c_newTip = {"A regular building, tower, dome or arch as a job",
+                                   "生成规则的框架、塔架、网壳或拱作业"};
 inline constexpr Words c_reload = {"&Reload", "重新载入(&R)"};
 inline constexpr Words c_reloadTip = {"Read the job file again", "重新读取作业文件"};
 inline constexpr Words c_save = {"&Save", "保存(&S)"};
 inline constexpr Words c_saveTip = {"Write the job with its analyses", "保存作业及其分析参数"};
 inline constexpr Words c_saveAs = {"Save &as…", "另存为(&A)…"};
 inline constexpr Words c_saveAsTip = {"Write the job to another file", "把作业保存为另一文件"};
-inline constexpr Words c_recent = {"Recent &files", "最近的文件(&N)"};
+inline constexpr Words c_recent = {"Recent &files", "最近的文件(&T)"};
 inline constexpr Words c_savePicture = {"Save &picture…", "保存图片(&P)…"};
 inline constexpr Words c_savePictureTip = {"Save the drawing as a PNG picture", "把图形保存为 PNG 图片"};
 inline constexpr Words c_quit = {"&Quit", "退出(&X)"};
@@ -56,6 +59,10 @@ inline constexpr Words c_plan = {"&Plan", "平面图(&P)"};
 inline constexpr Words c_planTip = {"Look down: X to the right, Y up", "俯视：X 向右，Y 向上"};
 inline constexpr Words c_fit = {"&Fit", "全部显示(&A)"};
 inline constexpr Words c_fitTip = {"Fit the structure into the window (or double-click)", "使结构充满窗口（或双击）"};
+inline constexpr Words c_nextShape = {"Ne&xt shape", "下一个变形(&J)"};
+inline constexpr Words c_nextShapeTip = {"Draw the next shape or mode", "绘制下一个变形或振型"};
+inline constexpr Words c_previousShape = {"Pre&vious shape", "上一个变形(&K)"};
+inline constexpr Words c_previousShapeTip = {"Draw the shape or mode before", "绘制上一个变形或振型"};
 inline constexpr Words c_supports = {"S&upports", "支座(&U)"};
 inline constexpr Words c_supportsTip = {"Show the supports", "显示支座"};
 inline constexpr Words c_loads = {"&Loads", "荷载(&D)"};
@@ -77,6 +84,13 @@ inline constexpr Words c_languageTip = {"Language of the window; the module's di
 
 // 帮助
 inline constexpr Words c_helpMenu = {"&Help", "帮助(&H)"};
+inline constexpr Words c_manual = {"&Manual", "手册(&M)"};
+inline constexpr Words c_manualTip = {"The manual; no connection is needed", "打开手册，无需联网"};
+inline constexpr Words c_manualTitle = {" - Skyframe manual", " - Skyframe 手册"};
+inline constexpr Words c_noManual = {"The manual is not installed.", "手册未安装。"};
+inline constexpr Words c_contents = {"Contents", "目录"};
+inline constexpr Words c_back = {"Back", "后退"};
+inline constexpr Words c_forward = {"Forward", "前进"};
 inline constexpr Words c_about = {"&About", "关于(&A)"};
 inline constexpr Words c_aboutTip = {"Version of the program", "程序版本"};
 inline constexpr Words c_aboutText = {"Static and dynamic analysis of space frames and trusses",
@@ -137,6 +151,14 @@ inline constexpr Words c_nonlinear = {"nonlinear static analysis", "非线性静
 inline constexpr Words c_modes = {"modal analysis", "模态分析"};
 inline constexpr Words c_response = {"response spectrum", "反应谱分析"};
 inline constexpr Words c_history = {"time history", "时程分析"};
+
+// Generators
+inline constexpr Words c_generatorTitle = {"New from a generator", "用生成器新建"};
+inline constexpr Words c_building = {"Building", "框架"};
+inline constexpr Words c_tower = {"Tower", "塔架"};
+inline constexpr Words c_dome = {"Dome", "网壳"};
+inline constexpr Words c_arch = {"Arch", "拱"};
+inline constexpr Words c_create = {"Create…", "创建…"};
 
 // Parts of the structure
 inline constexpr Words c_inspect = {"Properties", "属性"};

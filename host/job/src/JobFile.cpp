@@ -1,5 +1,7 @@
 #include "skyframe/job/JobFile.h"
 
+#include <algorithm>
+#include <cmath>
 #include <filesystem>
 #include <new>
 #include <unordered_map>
@@ -9,6 +11,7 @@
 #include "DoubtfulInput.h"
 #include "JobCapacities.h"
 #include "JobReader.h"
+#include "ReportFields.h"
 #include "skyframe/job/Places.h"
 #include "skyframe/platform/Platform.h"
 #include "skyframe/values/Capacities.h"
@@ -38,6 +41,7 @@ class CJobParser {
     ReadInclinedSupports();
     ReadLoads();
     ReadAnalyses();
+    ReadReport();
     m_root.ReportUnknownKeys();
   }
 
@@ -215,6 +219,17 @@ class CJobParser {
     });
   }
 
+  void ReadReport() {
+    std::optional<CJobObject> object = m_root.Object("report", Need::Optional);
+    if (!object) return;
+    m_job.report = ReadReportFields(*object);
+    for (const double dLevel : m_job.report.storeys) {
+      const auto IsAtLevel = [dLevel](const JobNode& node) { return std::abs(node.dZ - dLevel) <= c_dLevelTolerance; };
+      if (std::ranges::any_of(m_job.nodes, IsAtLevel)) continue;
+      object->Error("storeys", Say(texts::c_emptyLevel, {FormatNumber(dLevel)}));
+    }
+  }
+
   CJobObject m_root;
   JobFile& m_file;
   Job& m_job;
@@ -276,6 +291,17 @@ JobFile ReadText(const std::string& strPath) {
 
 JobFile ParseJob(std::string_view strText, const std::string& strJobPath) {
   return ReadWithinMemory([&] { return ParseText(strText, strJobPath); });
+}
+
+std::optional<JobAnalysis> ParseAnalysis(std::string_view strText, const Job& job) {
+  std::vector<JobProblem> errors;
+  Json tree;
+  if (!ParseJson(strText, {}, tree, errors)) return std::nullopt;
+  std::unordered_map<int, int> numberOfId;
+  for (std::size_t i = 0; i < job.nodes.size(); ++i) numberOfId[job.nodes[i].nId] = static_cast<int>(i) + 1;
+  CJobObject object(tree, "", errors);
+  std::optional<JobAnalysis> analysis = ReadAnalysis(object, {job.GetHighestCase(), numberOfId});
+  return errors.empty() ? analysis : std::nullopt;
 }
 
 JobFile ReadJobFile(const std::string& strPath) {

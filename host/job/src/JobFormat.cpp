@@ -1,6 +1,7 @@
 #include <string>
 
 #include "AnalysisWriter.h"
+#include "ReportFields.h"
 #include "skyframe/job/JobFile.h"
 
 namespace skyframe::host {
@@ -77,8 +78,10 @@ std::string FormatAnalysis(const JobAnalysis& analysis, const Job& job) { return
 
 std::string FormatJob(const Job& job) {
   const auto InJob = [&job](const auto& entry) { return ToJson(entry, job); };
+  const Json report = WriteReportFields(job.report);
   return "{\n  \"title\": " + Json(job.strTitle).dump() + ",\n" + FormatLists(job) + ",\n" +
-         FormatList("analyses", job.analyses, InJob) + "\n}\n";
+         FormatList("analyses", job.analyses, InJob) + (report.empty() ? "" : ",\n  \"report\": " + report.dump()) +
+         "\n}\n";
 }
 
 }  // namespace skyframe::host

@@ -33,6 +33,8 @@ class CJobObject {
   std::optional<std::string> Text(std::string_view strKey, Need need);
   /// Index of the word.
   std::optional<int> Word(std::string_view strKey, Need need, std::span<const std::string_view> words);
+  /// Likewise of an entry of an array.
+  std::optional<double> CheckNumber(const Json& value, const std::string& strPlace);
   /// An array of so many numbers.
   template <std::size_t nCount>
   std::optional<std::array<double, nCount>> Numbers(std::string_view strKey, Need need) {
@@ -61,7 +63,6 @@ class CJobObject {
  private:
   const Json* Find(std::string_view strKey, Need need);
   bool ReadNumbers(std::string_view strKey, Need need, std::span<double> values);
-  std::optional<double> CheckNumber(const Json& value, const std::string& strPlace);
 
   const Json& m_value;
   std::string m_strPlace;

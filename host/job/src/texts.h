@@ -156,6 +156,12 @@ inline constexpr Words c_recordPart = {
 inline constexpr Words c_recordZeros = {"{0} holds zeros alone and cannot be scaled to a peak",
                                         "{0} 全为零，不能按峰值调整"};
 
+// What a calculation report needs.
+inline constexpr Words c_badLevels = {"must be two levels or more, from the base upwards",
+                                      "须为两个以上标高，自基底向上"};
+inline constexpr Words c_emptyLevel = {"no node stands at the level {0}", "标高 {0} 处没有节点"};
+inline constexpr Words c_notPositive = {"must be above 0", "须大于 0"};
+
 }  // namespace skyframe::host::job::texts
 
 namespace skyframe::host {

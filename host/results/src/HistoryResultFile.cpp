@@ -1,7 +1,9 @@
 #include "skyframe/results/HistoryResultFile.h"
 
 #include <algorithm>
+#include <map>
 #include <span>
+#include <utility>
 
 #include "ResultFile.h"
 
@@ -76,17 +78,24 @@ Reading<HistoryResultFile> ReadHistoryFile(const std::string& strPath, const His
   });
 }
 
-Reading<SingleHistory> ReadHistory(const std::string& strPath, const HistoryModel& model, const HistoryChoice& choice) {
+Reading<std::vector<SingleHistory>> ReadHistories(const std::string& strPath, const HistoryModel& model,
+                                                  std::span<const HistoryChoice> choices) {
   return ReadResultFile(strPath, [&](CResultWords& words) {
-    SingleHistory history{ReadRun(words, model), choice.nQuantity, {}};
-    const bool bForce = choice.nQuantity == c_nHistoryForce;
-    std::array<Column, c_nDirections> columns;
-    ReadBlocks(words, model, history.nSteps, [&](bool bElement, int i) -> std::span<Column> {
-      if (bElement != bForce || i + 1 != choice.nNumber) return {};
-      return std::span(columns).first(bForce ? 1 : c_nDirections);
+    const HistoryRun run = ReadRun(words, model);
+    std::map<std::pair<bool, int>, std::array<Column, c_nDirections>> wanted;  // by kind and host number
+    for (const HistoryChoice& choice : choices) wanted[{choice.nQuantity == c_nHistoryForce, choice.nNumber}] = {};
+    ReadBlocks(words, model, run.nSteps, [&](bool bElement, int i) -> std::span<Column> {
+      const auto it = wanted.find({bElement, i + 1});
+      if (it == wanted.end()) return {};
+      return std::span(it->second).first(bElement ? 1 : c_nDirections);
     });
-    history.values = std::move(columns[bForce ? 0 : static_cast<std::size_t>(choice.nQuantity)]);
-    return history;
+    std::vector<SingleHistory> histories;
+    for (const auto& [nQuantity, nNumber] : choices) {
+      const bool bForce = nQuantity == c_nHistoryForce;
+      const Column& values = wanted[{bForce, nNumber}][bForce ? 0 : static_cast<std::size_t>(nQuantity)];
+      histories.push_back({run, nQuantity, values});
+    }
+    return histories;
   });
 }
 

@@ -9,8 +9,9 @@ namespace skyframe::host {
 
 namespace {
 
-constexpr double c_dHead = 7.0;
-constexpr double c_dEndOn = 2.0;  // seen length that counts as a point
+constexpr double c_dLongestHead = 7.0;
+constexpr double c_dHeadPart = 0.45;  // of a short arrow
+constexpr double c_dEndOn = 2.0;      // seen length that counts as a point
 constexpr double c_dEndOnRadius = 3.0;
 constexpr int c_nCirclePoints = 12;
 
@@ -33,14 +34,15 @@ double ScaleArrow(double dValue, double dLargest) {
 void PaintArrow(IPaintContext& paint, PaintPoint tail, PaintPoint tip, bool bDouble) {
   const double dLength = std::hypot(tip.dX - tail.dX, tip.dY - tail.dY);
   if (dLength < c_dEndOn) return PaintCircle(paint, tip, c_dEndOnRadius);
+  const double dHead = std::min(c_dLongestHead, c_dHeadPart * dLength);
   const PaintPoint along{(tip.dX - tail.dX) / dLength, (tip.dY - tail.dY) / dLength};
   const PaintPoint across{-along.dY, along.dX};
   paint.Line(tail.dX, tail.dY, tip.dX, tip.dY);
   paint.SetBrush(paint.GetState().pen);
   for (int nHead = 0; nHead < (bDouble ? 2 : 1); ++nHead) {
-    const PaintPoint point = Shift(tip, -0.8 * nHead * c_dHead, along);
-    const PaintPoint back = Shift(point, -c_dHead, along);
-    paint.Polygon(std::array{Shift(back, 0.35 * c_dHead, across), point, Shift(back, -0.35 * c_dHead, across)});
+    const PaintPoint point = Shift(tip, -0.8 * nHead * dHead, along);
+    const PaintPoint back = Shift(point, -dHead, along);
+    paint.Polygon(std::array{Shift(back, 0.35 * dHead, across), point, Shift(back, -0.35 * dHead, across)});
   }
 }
 

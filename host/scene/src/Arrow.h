@@ -6,7 +6,7 @@ namespace skyframe::host {
 
 // Pixels
 inline constexpr double c_dLongestArrow = 52.0;
-inline constexpr double c_dShortestArrow = 16.0;
+inline constexpr double c_dShortestArrow = 13.0;
 
 [[nodiscard]] inline PaintPoint Shift(PaintPoint a, double d, PaintPoint b) {
   return {a.dX + d * b.dX, a.dY + d * b.dY};

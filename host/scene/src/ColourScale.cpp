@@ -22,7 +22,7 @@ constexpr std::array<Colour, 4> c_negative = {Colour{0xc9, 0xcb, 0xcf}, Colour{0
                                               Colour{0x4a, 0x7f, 0xc0}, Colour{0x16, 0x42, 0x8c}};
 
 constexpr double c_dTitleHeight = 13.0, c_dTextHeight = 11.0;
-constexpr double c_dBarTop = 26.0, c_dBarWidth = 16.0, c_dNoteLine = 16.0;
+constexpr double c_dUnitLine = 19.0, c_dBarTop = 40.0, c_dBarWidth = 16.0, c_dNoteLine = 16.0;
 constexpr int c_nBands = 64;
 constexpr int c_nMostTicks = 8;
 
@@ -73,7 +73,9 @@ void PaintColourLegend(IPaintContext& paint, PaintPoint topLeft, const ColourLeg
   const auto [dLeft, dTop] = topLeft;
   paint.SetPen(c_inkColour);
   paint.SetTextHeight(c_dTitleHeight);
-  paint.Text(dLeft, dTop, legend.strUnit.empty() ? legend.strTitle : legend.strTitle + " [" + legend.strUnit + "]");
+  paint.Text(dLeft, dTop, legend.strTitle);
+  paint.SetTextHeight(c_dTextHeight);
+  if (!legend.strUnit.empty()) paint.Text(dLeft, dTop + c_dUnitLine, "[" + legend.strUnit + "]");
   const Box bar{dLeft, dTop + c_dBarTop, dLeft + c_dBarWidth, dTop + c_dLegendHeight - 8.0};
   PaintBar(paint, bar, legend.scale);
   PaintBarTicks(paint, bar, legend.scale);

@@ -113,7 +113,7 @@ std::vector<std::string> DescribeExtremes(const StructureForces& forces, MemberQ
   const double dLargest = extremes.GetMagnitude();
   std::vector<std::string> lines = {
       DescribeExtreme(texts::c_highest, extremes.dHighest, dLargest, quantity, *extremes.nHighest)};
-  if (forces.bAbsolute || quantity >= MemberQuantity::Shear) return lines;
+  if (forces.bAbsolute || quantity >= MemberQuantity::Shear || extremes.dLowest == extremes.dHighest) return lines;
   lines.push_back(DescribeExtreme(texts::c_lowest, extremes.dLowest, dLargest, quantity, *extremes.nLowest));
   return lines;
 }

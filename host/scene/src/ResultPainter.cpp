@@ -26,7 +26,11 @@ constexpr double c_dConstant = 0.01;    // one value for the whole member
 constexpr double c_dUnlabelled = 0.02;  // no value beside it
 constexpr double c_dLeastReaction = 0.005;
 constexpr double c_dReactionWidth = 1.5;  // pixels
+constexpr double c_dBelow = 10.0;         // support
+constexpr double c_dBeside = 6.0;
+constexpr double c_dReactionFirst = 0.5;  // before values on members
 constexpr double c_dMomentShift = 6.0;
+constexpr double c_dInwards = 0.7;  // of a label at a member's end
 constexpr int c_nColourLevels = 96;
 
 constexpr std::array<Point3, 3> c_axes = {Point3{1.0, 0.0, 0.0}, Point3{0.0, 1.0, 0.0}, Point3{0.0, 0.0, 1.0}};
@@ -36,6 +40,13 @@ double FindUpright(const LocalAxes& axes) {
   constexpr double c_dLevel = 1.0e-9;
   const double dUp = std::abs(axes.z.dZ) > c_dLevel ? axes.z.dZ : -axes.z.dX;
   return dUp < 0.0 ? -1.0 : 1.0;
+}
+
+/// Unit vector on the screen; none between equal points.
+PaintPoint FindDirection(PaintPoint from, PaintPoint to) {
+  const PaintPoint d = Shift(to, -1.0, from);
+  const double dLength = std::hypot(d.dX, d.dY);
+  return dLength > 0.0 ? PaintPoint{d.dX / dLength, d.dY / dLength} : PaintPoint{};
 }
 
 /// Whether the values lie on a straight line between the first and the last.
@@ -123,11 +134,10 @@ void CResultPainter::AddValues(const Ordinates& ordinates, const ForceExtremes& 
   const auto [low, high] = std::ranges::minmax_element(values);
   const std::size_t nLast = values.size() - 1;
   std::vector<std::size_t> places = {0, nLast};
-  for (const auto it : {low, high}) {
-    const auto k = static_cast<std::size_t>(it - values.begin());
-    if (k != 0 && k != nLast) places.push_back(k);
-  }
+  const auto nLargest = static_cast<std::size_t>((-*low > *high ? low : high) - values.begin());
+  if (nLargest != 0 && nLargest != nLast) places.push_back(nLargest);
   if (*high - *low < c_dConstant * dLargest) places = {nLast / 2};
+  const PaintPoint middle = ToScreen(m_scene.GetMiddle(m_scene.GetMembers()[ordinates.nMember]));
   for (const std::size_t k : places) {
     if (std::abs(values[k]) < c_dUnlabelled * dLargest) continue;
     const bool bExtreme = values[k] == extremes.dHighest || values[k] == extremes.dLowest;
@@ -135,7 +145,9 @@ void CResultPainter::AddValues(const Ordinates& ordinates, const ForceExtremes& 
     const Point3 tip = bMiddle ? 0.5 * (ordinates.tips.front() + ordinates.tips.back()) : ordinates.tips[k];
     const Point3 foot = bMiddle ? 0.5 * (ordinates.feet.front() + ordinates.feet.back()) : ordinates.feet[k];
     const PaintPoint at = ToScreen(tip);
-    labels.Add({at, Shift(at, -1.0, ToScreen(foot)), FormatForce(values[k], dLargest), c_inkColour,
+    const PaintPoint inwards = bMiddle ? PaintPoint{} : FindDirection(ToScreen(ordinates.feet[k]), middle);
+    const PaintPoint aside = Shift(FindDirection(ToScreen(foot), at), c_dInwards, inwards);
+    labels.Add({at, aside, FormatForce(values[k], dLargest), c_inkColour,
                 std::abs(values[k]) / dLargest + (bExtreme ? 1.0 : 0.0)});
   }
 }
@@ -180,14 +192,15 @@ void CResultPainter::PaintReaction(const SupportForces& reaction, std::size_t nD
   const double dForceSign = reaction.forces[nAxis] < 0.0 ? -1.0 : 1.0;
   const double dSide = bVertical ? -1.0 : bMoment ? dForceSign : -dForceSign;
   const PaintPoint axis = m_camera.ProjectDirection(c_axes[nAxis]).at;
-  PaintPoint inner = ToScreen(m_scene.GetPlace(reaction.nNode));
+  PaintPoint inner =
+      Shift(ToScreen(m_scene.GetPlace(reaction.nNode)), dSide * (bVertical ? c_dBelow : c_dBeside), axis);
   if (bVertical && bMoment) inner.dX += c_dMomentShift;
   const PaintPoint outer = Shift(inner, dSide * ScaleArrow(dValue, dLargest), axis);
   const bool bOutwards = dValue * dSide > 0.0;
   PaintArrow(m_paint, bOutwards ? inner : outer, bOutwards ? outer : inner, bMoment);
   if (pLabels == nullptr) return;
   pLabels->Add({outer, Shift(outer, -1.0, inner), (bAbsolute ? "±" : "") + FormatForce(std::abs(dValue), dLargest),
-                c_reactionColour, std::abs(dValue) / dLargest});
+                c_reactionColour, c_dReactionFirst + std::abs(dValue) / dLargest});
 }
 
 }  // namespace skyframe::host

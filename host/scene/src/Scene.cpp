@@ -125,4 +125,9 @@ CShownParts::CShownParts(const CScene& scene, std::vector<bool> members)
   }
 }
 
+std::size_t CShownParts::CountMembers(const CScene& scene) const {
+  if (m_members.empty()) return scene.GetMembers().size();
+  return static_cast<std::size_t>(std::ranges::count(m_members, true));
+}
+
 }  // namespace skyframe::host

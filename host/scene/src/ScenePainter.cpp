@@ -119,8 +119,11 @@ void CScenePainter::AddSectionNames(Colour colour, CLabelField& labels) const {
     const SceneMember& member = m_scene.GetMembers()[i];
     const auto nSection = static_cast<std::size_t>(member.nSection);
     if (!m_shown.HasMember(i) || nSection >= m_scene.GetSectionNames().size()) continue;
-    const ScreenPoint at = m_camera.Project(m_scene.GetMiddle(member));
-    labels.Add({at.at, {}, m_scene.GetSectionNames()[nSection], colour, GetNearness(m_scene.GetMiddle(member))});
+    const PaintPoint along =
+        Shift(ToScreen(m_scene.GetPlace(member.nNodeJ)), -1.0, ToScreen(m_scene.GetPlace(member.nNodeI)));
+    const Point3 middle = m_scene.GetMiddle(member);
+    const PaintPoint aside = along.dX < 0.0 ? PaintPoint{-along.dY, along.dX} : PaintPoint{along.dY, -along.dX};
+    labels.Add({ToScreen(middle), aside, m_scene.GetSectionNames()[nSection], colour, GetNearness(middle)});
   }
 }
 

@@ -94,8 +94,9 @@ Reading<Table> FormTable(const Job& job, const StaticResultFile& file, TableKind
   }
 }
 
-Reading<Table> FormTable(const Job& job, const ModeResultFile& file, TableKind kind, int nMode) {
-  if (kind == Kind::Modes) return {FormModeTable(file)};
+Reading<Table> FormTable(const Job& job, const ModeResultFile& file, TableKind kind, int nMode,
+                         const std::optional<ModalMasses>& masses) {
+  if (kind == Kind::Modes) return {FormModeTable(file, masses)};
   if (nMode < 1 || nMode > std::ssize(file.shapes)) return RefuseTable(Say(texts::c_noMode, {std::to_string(nMode)}));
   const std::vector<NodeValues>& shape = file.shapes[static_cast<std::size_t>(nMode - 1)];
   const DisplacementUnits units = FormShapeScale(shape);
@@ -130,8 +131,11 @@ Reading<Table> ReadTable(const Job& job, const std::string& strJobPath, const Ta
   const auto form = [&](const auto& file) { return FormTable(job, file, choice.kind); };
   switch (choice.result) {
     case TableResult::Modes:
-      return FormRead(ReadModeResultFile(strPath, job.nodes),
-                      [&](const ModeResultFile& file) { return FormTable(job, file, choice.kind, choice.nMode); });
+      return FormRead(ReadModeResultFile(strPath, job.nodes), [&](const ModeResultFile& file) {
+        const bool bMasses = choice.kind == Kind::Modes;
+        return FormTable(job, file, choice.kind, choice.nMode,
+                         bMasses ? FindModalMasses(job, strJobPath, file) : std::nullopt);
+      });
     case TableResult::Spectrum:
       return FormRead(ReadSpectrumResultFile(strPath, job.nodes), form);
     case TableResult::History:

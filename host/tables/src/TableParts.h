@@ -52,7 +52,7 @@ struct DisplacementUnits {
 /// Nodes of equal height; bMean: the values have signs.
 [[nodiscard]] Table FormLevelTable(const Job& job, const std::vector<NodeValues>& u, bool bMean,
                                    const DisplacementUnits& units = {});
-[[nodiscard]] Table FormModeTable(const ModeResultFile& file);
+[[nodiscard]] Table FormModeTable(const ModeResultFile& file, const std::optional<ModalMasses>& masses);
 [[nodiscard]] Table FormParticipationTable(const SpectrumResultFile& file);
 [[nodiscard]] Reading<Table> FormReactionTable(const Job& job, const StaticResultFile& file);
 [[nodiscard]] Table FormReactionTable(const Job& job, const SpectrumResultFile& file);

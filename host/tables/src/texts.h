@@ -64,8 +64,8 @@ inline constexpr Words c_min = {"Min", "最小"};
 inline constexpr Words c_baseShear = {"Base shear", "基底剪力"};
 
 // Notes
-inline constexpr Words c_noMasses = {"Effective masses are known after a modal run of this session.",
-                                     "有效质量在本次会话完成模态分析后给出。"};
+inline constexpr Words c_noMasses = {"The mass of this result is not known: run the modal analysis again.",
+                                     "不知道该结果所用的质量，请重新进行模态分析。"};
 inline constexpr Words c_shapeScale = {"The largest translation is 1.", "最大平动位移取 1。"};
 inline constexpr Words c_meanOfLevel = {"Mean: half the sum of the largest and the smallest of the level's nodes.",
                                         "平均：该标高各节点位移最大值与最小值之和的一半。"};

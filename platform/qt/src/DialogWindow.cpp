@@ -32,6 +32,11 @@ std::string ToUtf8(const QString& strText) { return strText.toStdString(); }
 /// An ampersand in a caption stands for itself.
 QString ToCaption(std::string_view strText) { return ToQt(strText).replace(QLatin1Char('&'), QStringLiteral("&&")); }
 
+/// As rich text, which is broken into lines.
+QString ToTip(std::string_view strText) {
+  return strText.empty() ? QString() : QStringLiteral("<qt>") + ToQt(strText).toHtmlEscaped() + QStringLiteral("</qt>");
+}
+
 /// A row of cells that a person cannot edit.
 QList<QStandardItem*> FormRow(QStandardItemModel& model, std::string_view strText) {
   QList<QStandardItem*> cells;
@@ -58,14 +63,14 @@ int GetArrowSteps(int nKey) {
 
 }  // namespace
 
-CDialogWindow::CDialogWindow(CDialog& dialog, double dScale, QWidget* pParent)
+CDialogWindow::CDialogWindow(CDialog& dialog, double dScale, QWidget* pParent, TipLanguage tips)
     : QDialog(pParent), m_dialog(dialog), m_dScale(dScale) {
   const DialogTemplate& layout = dialog.GetTemplate();
   setObjectName(QString::number(layout.nId));
   setWindowTitle(ToQt(layout.strTitle));
   setFont(FormDialogFont(dScale));
   const CDialogUnits units = FormDialogUnits(font());
-  MakeControls(units);
+  MakeControls(units, tips);
   GroupRadioButtons();
   setFixedSize(ToQt(units.ToPixels({0, 0, layout.nWidth, layout.nHeight})).size());
 }
@@ -74,7 +79,7 @@ CDialogWindow::~CDialogWindow() {
   if (m_bOpen) m_dialog.Close();
 }
 
-void CDialogWindow::MakeControls(const CDialogUnits& units) {
+void CDialogWindow::MakeControls(const CDialogUnits& units, TipLanguage tips) {
   QWidget* pPrevious = nullptr;
   for (const ControlTemplate& control : m_dialog.GetTemplate().controls) {
     std::unique_ptr<QWidget> pWidget = MakeWidget(control);
@@ -82,6 +87,7 @@ void CDialogWindow::MakeControls(const CDialogUnits& units) {
     pWidget->setGeometry(ToQt(units.ToPixels(control.rect)));
     pWidget->setEnabled((control.nStyle & c_nStyleDisabled) == 0);
     if (control.nId != -1) pWidget->setObjectName(QString::number(control.nId));
+    pWidget->setToolTip(ToTip(m_dialog.GetTemplate().GetTip(control.nId, tips)));
     if (control.kind == ControlKind::Group) pWidget->lower();
     if (CanFocus(control.kind)) {
       if (pPrevious != nullptr) setTabOrder(pPrevious, pWidget.get());

@@ -2,6 +2,8 @@
 
 #include <QApplication>
 #include <QEventLoop>
+#include <QFontMetrics>
+#include <QLabel>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QTimer>
@@ -20,8 +22,19 @@ namespace {
 void PaintWindows() {
   constexpr std::chrono::milliseconds c_moment{50};
   QEventLoop loop;
-  QTimer::singleShot(c_moment, &loop, &QEventLoop::quit);
+  QTimer timer;
+  QObject::connect(&timer, &QTimer::timeout, &loop, &QEventLoop::quit);
+  timer.start(c_moment);
   loop.exec(QEventLoop::ExcludeUserInputEvents);
+}
+
+/// The title stands between the icon and the buttons of the frame.
+void KeepTitleWhole(QMessageBox& box) {
+  constexpr int c_nFrameParts = 8;  // lines of text high, each as wide
+  const QFontMetrics metrics(box.font());
+  auto* const pText = box.findChild<QLabel*>(QStringLiteral("qt_msgbox_label"));
+  if (pText == nullptr) return;
+  pText->setMinimumWidth(metrics.horizontalAdvance(box.windowTitle()) + c_nFrameParts * metrics.height());
 }
 
 }  // namespace
@@ -47,6 +60,7 @@ void CQtPlatform::ShowMessage(std::string_view strText) {
   box.setTextFormat(Qt::PlainText);
   box.setText(ToQt(strText));
   box.setStandardButtons(QMessageBox::Ok);
+  KeepTitleWhole(box);
   box.button(QMessageBox::Ok)->setText(ToQt(windows::texts::c_strAcknowledge));
   box.exec();
 }
@@ -54,7 +68,7 @@ void CQtPlatform::ShowMessage(std::string_view strText) {
 int CQtPlatform::RunModal(CDialog& dialog) {
   Settle();
   const COrdinaryCursor cursor(*this);
-  CDialogWindow window(dialog, m_dFontScale, GetParentWindow());
+  CDialogWindow window(dialog, m_dFontScale, GetParentWindow(), GetTipLanguage());
   return window.Run();
 }
 

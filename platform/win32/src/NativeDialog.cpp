@@ -15,7 +15,8 @@ namespace skyframe {
 
 namespace {
 
-constexpr int c_nDropRows = 8;  // of an opened drop list
+constexpr int c_nDropRows = 8;    // of an opened drop list
+constexpr int c_nTipWidth = 320;  // pixels of an unscaled screen
 
 /// From its version 1703 on the system lays out dialogs itself when they come to another screen, unless told not to.
 void KeepSystemFromScaling(HWND hDialog) {
@@ -165,7 +166,9 @@ void CNativeDialog::LayOut(int nDpi) {
     if (layout.kind == ControlKind::DropList) SetDropHeights(control.hWindow, rect);
     if (layout.kind == ControlKind::ListView) ShareColumns(control.hWindow, layout.items.size());
   }
+  m_pTipWindow.reset();  // it has the font
   m_font = std::move(font);
+  AddTips();
   const PaintPoint painted = MeasurePainting(m_dialog);
   m_painted = {std::lround(painted.dX * m_dScale), std::lround(painted.dY * m_dScale)};
   const SIZE client = MeasureClient(units);
@@ -174,6 +177,15 @@ void CNativeDialog::LayOut(int nDpi) {
                            static_cast<DWORD>(GetWindowLongPtrW(m_hWindow, GWL_EXSTYLE)), static_cast<UINT>(nDpi));
   SetWindowPos(m_hWindow, nullptr, 0, 0, frame.right - frame.left, frame.bottom - frame.top,
                SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+void CNativeDialog::AddTips() {
+  const int nWidth = static_cast<int>(std::lround(c_nTipWidth * m_dScale));
+  m_pTipWindow = std::make_unique<CTipWindow>(m_hWindow, m_font.get(), nWidth);
+  for (const Control& control : m_controls) {
+    const std::string_view strTip = m_dialog.GetTemplate().GetTip(control.pTemplate->nId, m_tips);
+    if (!strTip.empty()) m_pTipWindow->Add(control.hWindow, ToWide(strTip));
+  }
 }
 
 void CNativeDialog::MoveToScreen(int nDpi, const RECT& place) {

@@ -2,9 +2,11 @@
 
 #include <exception>
 #include <functional>
+#include <memory>
 #include <vector>
 
 #include "NativeFont.h"
+#include "TipWindow.h"
 #include "Windows.h"
 #include "skyframe/platform/Dialog.h"
 
@@ -16,7 +18,7 @@ namespace skyframe {
 /// Lifecycle: construct, Run once.
 class CNativeDialog final : public IDialogView {
  public:
-  explicit CNativeDialog(CDialog& dialog) : m_dialog(dialog) {}
+  explicit CNativeDialog(CDialog& dialog, TipLanguage tips = TipLanguage::Chinese) : m_dialog(dialog), m_tips(tips) {}
   CNativeDialog(const CNativeDialog&) = delete;
   CNativeDialog& operator=(const CNativeDialog&) = delete;
   ~CNativeDialog() override = default;
@@ -71,6 +73,7 @@ class CNativeDialog final : public IDialogView {
   void FillList(const Control& control);
   /// Fonts and rectangles for a screen of so many pixels an inch.
   void LayOut(int nDpi);
+  void AddTips();
   void MoveToScreen(int nDpi, const RECT& place);
   [[nodiscard]] SIZE MeasureClient(const CDialogUnits& units) const;
   void Centre() const;
@@ -89,9 +92,11 @@ class CNativeDialog final : public IDialogView {
   void SetOneCheck(int nId, bool bOn) const;
 
   CDialog& m_dialog;
+  TipLanguage m_tips;
   HWND m_hWindow = nullptr;
   std::vector<Control> m_controls;  ///< in template order
   FontHandle m_font;
+  std::unique_ptr<CTipWindow> m_pTipWindow;
   double m_dScale = 1.0;  ///< of what the dialog paints itself
   SIZE m_painted = {};    ///< its right and lower end, pixels; 0: it paints nothing
   int m_nSilent = 0;      ///< above 0 while the program itself changes a control

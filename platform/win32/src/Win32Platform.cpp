@@ -43,7 +43,7 @@ class CInnermostDialog {
 CWin32Platform::CWin32Platform(HWND hHostWindow) : m_hHostWindow(hHostWindow) {
   INITCOMMONCONTROLSEX controls = {};
   controls.dwSize = sizeof controls;
-  controls.dwICC = ICC_LISTVIEW_CLASSES | ICC_PROGRESS_CLASS | ICC_STANDARD_CLASSES;
+  controls.dwICC = ICC_BAR_CLASSES | ICC_LISTVIEW_CLASSES | ICC_PROGRESS_CLASS | ICC_STANDARD_CLASSES;
   InitCommonControlsEx(&controls);
 }
 
@@ -61,7 +61,7 @@ int CWin32Platform::RunModal(CDialog& dialog) {
   Settle();
   const COrdinaryCursor cursor(*this);
   const HWND hParent = GetParentWindow();
-  CNativeDialog window(dialog);
+  CNativeDialog window(dialog, GetTipLanguage());
   const CInnermostDialog innermost(m_pDialog, window);
   return window.Run(GetModuleDepth() > 0 ? GetModuleInstance() : GetModuleHandleW(nullptr), hParent);
 }

@@ -2,9 +2,11 @@
 
 #include <array>
 #include <optional>
+#include <vector>
 
 #include "skyframe/values/Capacities.h"
 #include "skyframe/values/Export.h"
+#include "skyframe/values/Findings.h"
 #include "skyframe/values/SpectrumSite.h"
 
 namespace skyframe {
@@ -41,6 +43,22 @@ struct ModeSettings {
 
 /// Number of modes below dOmega, rad/s, by a Sturm count of K - dOmega^2 M.
 [[nodiscard]] SKYFRAME_API std::optional<int> CountModesBelow(double dOmega, const ModeSettings& settings);
+
+/// Inertia M x, N and Nm, of accelerations x, m/s2 and rad/s2: several x at once, each by node in host order.
+/// Restrained DOFs take no part and have none; M is the mass of the modal analysis.
+[[nodiscard]] SKYFRAME_API std::optional<std::vector<std::vector<NodeValues>>> FormInertia(
+    const std::vector<std::vector<NodeValues>>& accelerations, const ModeSettings& settings);
+
+/// What the combination of modal maxima depends on.
+struct CombinationRule {
+  int nMethod = 0;            ///< 0 SRSS, 1 CQC, 2 GRP
+  std::vector<double> omega;  ///< rad/s, by mode
+  std::vector<double> zeta;   ///< damping ratio, by mode
+};
+
+/// Combines each quantity over the modes as the spectrum analysis does; maxima[i][q]: quantity q in mode i.
+[[nodiscard]] SKYFRAME_API std::vector<double> CombineMaxima(const CombinationRule& rule,
+                                                             const std::vector<std::vector<double>>& maxima);
 
 /// Seismic influence coefficient at a period, with the curve's highest value for a damping ratio of 0.05 and its
 /// characteristic period.

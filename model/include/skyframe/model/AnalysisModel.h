@@ -151,6 +151,8 @@ class CAnalysisModel : public ModalSettings,
   [[nodiscard]] Conditioning DescribeConditioning(const SparseMatrix& A) const;
   /// X Y Z RX RY RZ by node in the host's own order of an N-vector; 0 where there is no DOF.
   [[nodiscard]] std::vector<NodeValues> GatherNodeValues(std::span<const double> u) const;
+  /// Values of all nodes in host order at the F free equations.
+  [[nodiscard]] std::vector<double> ScatterFreeValues(std::span<const NodeValues> values) const;
   /// Reaction block of the result files.
   void WriteReactions(CTextWriter& out) const;
 

@@ -55,6 +55,14 @@ struct ControlTemplate {
   std::span<const std::string_view> items;  ///< initial list items, or column titles of a list view
 };
 
+/// What a window tells of a control at which the mouse rests, in either language.
+struct ControlTip {
+  int nId = -1;
+  std::string_view strChinese;
+  std::string_view strEnglish;
+};
+enum class TipLanguage { Chinese, English };
+
 /// A dialog's fixed part. Controls stand in tab order.
 struct SKYFRAME_API DialogTemplate {
   int nId = 0;
@@ -62,9 +70,13 @@ struct SKYFRAME_API DialogTemplate {
   int nWidth = 0;   ///< dialog units
   int nHeight = 0;  ///< dialog units
   std::span<const ControlTemplate> controls;
+  std::span<const ControlTip> tips = {};
 
   /// Null when no control carries the identifier.
   [[nodiscard]] const ControlTemplate* Find(int nControlId) const;
+
+  /// Empty when the control has none.
+  [[nodiscard]] std::string_view GetTip(int nControlId, TipLanguage language) const;
 
   /// Identifiers of the radio buttons from nFirstId to the end of its group, in template order.
   [[nodiscard]] std::vector<int> GetRadioGroup(int nFirstId) const;

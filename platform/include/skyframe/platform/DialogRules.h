@@ -42,7 +42,7 @@ class SKYFRAME_API CDialogUnits {
 [[nodiscard]] SKYFRAME_API PaintPoint MeasurePainting(CDialog& dialog);
 
 /// Dialog units that stay free beside what a dialog paints itself.
-inline constexpr int c_nPaintMargin = 7;
+inline constexpr int c_nPaintMargin = 10;
 
 /// While it lives, changes of the controls are the program's own: a view counts them and tells the dialog nothing.
 class CSilence {

@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "skyframe/platform/ConsoleBuffer.h"
+#include "skyframe/platform/Dialog.h"
 #include "skyframe/platform/Platform.h"
 #include "skyframe/platform/ProgressPace.h"
 #include "skyframe/values/Export.h"
@@ -25,6 +26,10 @@ class SKYFRAME_API CWindowPlatform : public IPlatform {
   void SetConsoleSink(ConsoleSink sink);
   /// Work shows its progress from the first report after this time on.
   void SetProgressDelay(std::chrono::milliseconds delay) { m_pace.SetDelay(delay); }
+
+  /// Of the tips on the controls of dialogs opened from now on; Chinese, as the dialogs are, unless set.
+  void SetTipLanguage(TipLanguage language) { m_tipLanguage = language; }
+  [[nodiscard]] TipLanguage GetTipLanguage() const { return m_tipLanguage; }
 
   std::ostream& GetConsole() override { return m_strmConsole; }
   void ReportProgress(double dFraction, std::string_view strLabel) override;
@@ -59,6 +64,7 @@ class SKYFRAME_API CWindowPlatform : public IPlatform {
   std::ostream m_strmConsole;
   CProgressPace m_pace;
   int m_nOrdinaryCursors = 0;
+  TipLanguage m_tipLanguage = TipLanguage::Chinese;
 };
 
 }  // namespace skyframe

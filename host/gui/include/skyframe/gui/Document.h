@@ -66,6 +66,8 @@ class CDocument {
   /// Writes the job; empty, or the reason why it was not written. Another file becomes the job's: its results are
   /// those beside it.
   [[nodiscard]] std::string Save(const QString& strFile);
+  /// Changes that are not saved need not be.
+  void Forget() { m_bModified = false; }
 
   // Results, read from the files beside the job when they are asked for; null where there are none that belong to it.
 

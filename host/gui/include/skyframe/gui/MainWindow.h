@@ -13,6 +13,7 @@
 #include "skyframe/gui/AdvicePanel.h"
 #include "skyframe/gui/AnalysisPanel.h"
 #include "skyframe/gui/Document.h"
+#include "skyframe/gui/HelpWindow.h"
 #include "skyframe/gui/InspectPanel.h"
 #include "skyframe/gui/ResultBar.h"
 #include "skyframe/gui/ResultPanel.h"
@@ -42,6 +43,8 @@ class CMainWindow : public QMainWindow {
 
  protected:
   void closeEvent(QCloseEvent* pEvent) override;
+  void dragEnterEvent(QDragEnterEvent* pEvent) override;
+  void dropEvent(QDropEvent* pEvent) override;
 
  private:
   void MakeFileMenu();
@@ -57,7 +60,11 @@ class CMainWindow : public QMainWindow {
   void AddOption(QMenu& menu, const host::Words& text, const host::Words& tip, const char* pszName,
                  bool ViewOptions::*pOption);
 
+  void OnNew();
   void OnOpen();
+  void ShowManual();
+  /// Asks for a job file to write; empty when the person has none.
+  QString AskForFile(const QString& strProposed);
   bool OnSave();
   bool OnSaveAs();
   bool SaveTo(const QString& strFile);
@@ -105,6 +112,7 @@ class CMainWindow : public QMainWindow {
   CResultPanel m_results;
   QDockWidget m_tableDock;
   CTablePanel m_tables;
+  std::unique_ptr<CHelpWindow> m_pHelp;  ///< made when it is asked for
   QMenu m_recentMenu;
   QActionGroup m_fontSizes;
   QActionGroup m_languages;

@@ -24,6 +24,8 @@ class CShapeBar : public QToolBar {
 
   /// Draws the first shape of the kind, if there is one.
   void Choose(host::ShapeKind kind);
+  /// Draws the next shape in the list, or the one before for -1.
+  void Step(int nStep);
   /// "mode3": the shape drawn, for the name of its picture; "structure" without one.
   [[nodiscard]] std::string FormFileName() const;
 

@@ -78,7 +78,11 @@ void VisitDamping(V& v, A& a) {
 
 template <class V, class A>
 void VisitMass(V& v, A& a, int nButton) {
-  v.Visit({"combination", {nButton}, "load cases that become mass", "换算成质量的工况"}, a.combination);
+  v.Visit({"combination",
+           {nButton},
+           "load cases that become mass; gravity with negative factors",
+           "重力荷载代表值：换算成质量的工况，重力取负系数"},
+          a.combination);
 }
 
 template <class V>

@@ -23,6 +23,10 @@ inline constexpr std::array<std::string_view, 6> c_strIntensities = {"6 (0.05g)"
 inline constexpr std::array<std::string_view, 2> c_strQuakeLevels = {"frequent", "rare"};
 inline constexpr std::array<std::string_view, 3> c_strModalCombinations = {"SRSS", "CQC", "GRP"};
 
+inline constexpr std::array<std::string_view, 7> c_strStructures = {
+    "steel frame", "concrete frame", "frame-wall", "walls", "tower", "dome", "other"};
+inline constexpr std::array<std::string_view, 2> c_strEditions = {"2001", "2010"};
+
 inline constexpr std::array<std::string_view, 2> c_strMethods = {"wilson", "newmark"};
 inline constexpr std::array<std::string_view, 2> c_strDynamicLoads = {"nodal_force", "ground_motion"};
 inline constexpr std::array<std::string_view, 2> c_strImpulseShapes = {"triangular", "rectangular"};
@@ -31,6 +35,8 @@ inline constexpr std::array<std::string_view, 4> c_strPeaks = {"X", "Y", "Z", "o
 
 enum ElementType : int { c_nBar, c_nBeam, c_nCable, c_nMembrane };
 enum JointKind : int { c_nPinned, c_nRigid };
+enum StructureKind : int { c_nSteelFrame, c_nConcreteFrame, c_nFrameWall, c_nWalls, c_nTower, c_nDome, c_nOther };
+enum CodeEdition : int { c_nEdition2001, c_nEdition2010 };
 
 /// Metres. The host number of a node is its place in the list, from 1; nId is the job's own name.
 struct JobNode {
@@ -233,6 +239,33 @@ struct NewmarkJob {
 
 using JobAnalysis = std::variant<StaticJob, ModalJob, SpectrumJob, WilsonJob, NewmarkJob>;
 
+/// Nodes whose coordinates differ by no more stand at one level, or on one plumb line, m.
+inline constexpr double c_dLevelTolerance = 0.01;
+
+/// Limits that take the place of the code's in a calculation report.
+struct JobLimits {
+  std::optional<double> dDrift;              ///< n of 1/n, frequent earthquake
+  std::optional<double> dRareDrift;          ///< n of 1/n, rare earthquake
+  std::optional<double> dShearWeight;        ///< least ratio of storey shear to weight
+  std::optional<double> dMassParticipation;  ///< least share of the mass
+  std::optional<double> dPeriodRatio;        ///< Tt/T1
+  std::optional<double> dDisplacementRatio;  ///< largest to mean displacement of a storey, never to be exceeded
+
+  bool operator==(const JobLimits&) const = default;
+};
+
+/// What a calculation report needs to know beside the model.
+struct JobReport {
+  std::optional<std::string> strProject;
+  std::optional<std::string> strEngineer;
+  std::optional<int> nStructure;  ///< StructureKind
+  std::optional<int> nEdition;    ///< CodeEdition
+  std::vector<double> storeys;    ///< levels of the base and the floors, m, upwards; none: found in the model
+  JobLimits limits;
+
+  bool operator==(const JobReport&) const = default;
+};
+
 struct Job {
   std::string strTitle;
   std::vector<JobNode> nodes;
@@ -242,6 +275,7 @@ struct Job {
   std::vector<int> inclinedSupports;  ///< host numbers
   std::vector<JobLoad> loads;
   std::vector<JobAnalysis> analyses;
+  JobReport report;
 
   /// Highest load case in use; 0 without loads.
   [[nodiscard]] int GetHighestCase() const;

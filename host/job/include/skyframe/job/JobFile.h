@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -35,6 +36,8 @@ struct JobFile {
 [[nodiscard]] std::string FormatModel(const Job& job);
 /// One analysis as it stands in a job file.
 [[nodiscard]] std::string FormatAnalysis(const JobAnalysis& analysis, const Job& job);
+/// The analysis of such a text, if the job can have it.
+[[nodiscard]] std::optional<JobAnalysis> ParseAnalysis(std::string_view strText, const Job& job);
 
 /// Prefix of the result files: the job file's path without ".json".
 [[nodiscard]] std::string GetJobPath(const std::string& strJobFile);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -35,10 +36,10 @@ struct HistoryResultFile : HistoryRun {
 /// All histories of "_HisTime.txt".
 [[nodiscard]] Reading<HistoryResultFile> ReadHistoryFile(const std::string& strPath, const HistoryModel& model);
 
-/// One of them, which the model must have: the file is walked through to its end, but no other one is kept, and
-/// numbers of others are not looked at.
-[[nodiscard]] Reading<SingleHistory> ReadHistory(const std::string& strPath, const HistoryModel& model,
-                                                 const HistoryChoice& choice);
+/// Some of them, which the model must have: the file is walked through to its end, but no others are kept, and
+/// their numbers are not looked at.
+[[nodiscard]] Reading<std::vector<SingleHistory>> ReadHistories(const std::string& strPath, const HistoryModel& model,
+                                                                std::span<const HistoryChoice> choices);
 
 /// What the viewer wrote of one history: "_<number>_node.txt" or "_<number>_elem.txt".
 [[nodiscard]] Reading<SingleHistory> ReadHistoryExtract(const std::string& strPath, const HistoryModel& model);

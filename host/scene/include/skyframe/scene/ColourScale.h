@@ -33,7 +33,7 @@ struct ColourLegend {
   std::vector<std::string> notes;  ///< lines below the bar, as where the extremes are
 };
 
-inline constexpr double c_dLegendWidth = 150.0;   ///< pixels
+inline constexpr double c_dLegendWidth = 190.0;   ///< pixels
 inline constexpr double c_dLegendHeight = 260.0;  ///< without the notes
 
 /// Title, colour bar with round ticks, notes, from the top left corner of a box of that size downwards.

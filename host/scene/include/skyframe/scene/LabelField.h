@@ -18,11 +18,15 @@ struct Label {
   double dPriority = 0.0;  ///< greater ones take their places first
 };
 
-/// Labels of a drawing, which do not cover one another: those that find no free place beside their points are left out.
+/// Labels that a drawing of so many members can bear.
+[[nodiscard]] std::size_t ChooseLabelCount(std::size_t nMembers);
+
+/// Labels of a drawing, which do not cover one another: those that find no free place beside their points are left out,
+/// and so are those that would say the same at the same point.
 /// They are painted last, above all that is drawn.
 class CLabelField {
  public:
-  /// No more than nMost of them, within the box; ground: the colour behind each.
+  /// No more than nMost of them, within the box; ground: the colour around the letters.
   CLabelField(const Box& within, std::size_t nMost, double dTextHeight, Colour ground = c_white);
 
   void Add(Label label) { m_labels.push_back(std::move(label)); }
@@ -33,6 +37,8 @@ class CLabelField {
 
  private:
   void PaintOne(IPaintContext& paint, const Label& label);
+  /// Whether the same text stands at the point already, as at two members' common end.
+  [[nodiscard]] bool IsSaid(const Label& label) const;
   [[nodiscard]] bool IsFree(const Box& box) const;
 
   Box m_within;
@@ -41,7 +47,7 @@ class CLabelField {
   Colour m_ground;
   std::vector<Label> m_labels;
   std::vector<Box> m_taken;
-  std::size_t m_nPainted = 0;
+  std::vector<Label> m_painted;
 };
 
 }  // namespace skyframe::host

@@ -90,6 +90,7 @@ class CShownParts {
   CShownParts(const CScene& scene, std::vector<bool> members);
 
   [[nodiscard]] bool HasMember(std::size_t nMember) const { return m_members.empty() || m_members[nMember]; }
+  [[nodiscard]] std::size_t CountMembers(const CScene& scene) const;
   [[nodiscard]] bool HasNode(int nNode) const { return m_members.empty() || m_nodes[static_cast<std::size_t>(nNode)]; }
 
  private:

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cstddef>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -33,6 +34,16 @@ inline constexpr std::array<std::string_view, 6> c_strTableKinds = {"modes",    
 /// The tables that a result fills.
 [[nodiscard]] std::span<const TableKind> ListTables(TableResult result);
 
+/// Masses along X, Y, Z, kg.
+struct ModalMasses {
+  std::array<double, 3> total = {};                   ///< r^T M r
+  std::vector<std::array<double, 3>> effective = {};  ///< (r^T M phi_i)^2 by mode
+};
+/// Those of the run of this session when it wrote the mode file; else from its shapes and the mass that its stamp tells
+/// of, for which the job must be the one in the host records. Nothing without a stamp or when the model has changed.
+[[nodiscard]] std::optional<ModalMasses> FindModalMasses(const Job& job, const std::string& strJobPath,
+                                                         const ModeResultFile& file);
+
 struct TableChoice {
   TableResult result = TableResult::Linear;
   TableKind kind = TableKind::Displacements;
@@ -46,13 +57,15 @@ struct TableChoice {
 // Units kN, kN·m, mm, kg, s. What the files have otherwise:
 // - reactions are forces of the supports on the structure;
 // - a mode's largest translation is 1;
-// - effective masses and base shear are those of the run of this session when it wrote the file.
+// - base shear is that of the run of this session when it wrote the file.
 
 [[nodiscard]] Reading<Table> FormTable(const Job& job, const StaticResultFile& file, TableKind kind);
-[[nodiscard]] Reading<Table> FormTable(const Job& job, const ModeResultFile& file, TableKind kind, int nMode);
+/// masses: for the table of modes.
+[[nodiscard]] Reading<Table> FormTable(const Job& job, const ModeResultFile& file, TableKind kind, int nMode,
+                                       const std::optional<ModalMasses>& masses);
 [[nodiscard]] Reading<Table> FormTable(const Job& job, const SpectrumResultFile& file, TableKind kind);
 [[nodiscard]] Reading<Table> FormTable(const Job& job, const HistorySet& histories, TableKind kind);
-/// From the file beside the job.
+/// From the file beside the job, which must be the one in the host records.
 [[nodiscard]] Reading<Table> ReadTable(const Job& job, const std::string& strJobPath, const TableChoice& choice);
 
 }  // namespace skyframe::host

@@ -26,7 +26,8 @@ class CDialogUnits;
 class CDialogWindow : public QDialog, public IDialogView {
  public:
   /// The dialog must outlive the window. The scale is that of the font and of all rectangles.
-  explicit CDialogWindow(CDialog& dialog, double dScale = 1.0, QWidget* pParent = nullptr);
+  explicit CDialogWindow(CDialog& dialog, double dScale = 1.0, QWidget* pParent = nullptr,
+                         TipLanguage tips = TipLanguage::Chinese);
   ~CDialogWindow() override;
 
   /// Attaches the dialog, which initialises the controls. The window is not shown yet.
@@ -76,7 +77,7 @@ class CDialogWindow : public QDialog, public IDialogView {
     std::unique_ptr<QWidget> pWidget;
   };
 
-  void MakeControls(const CDialogUnits& units);
+  void MakeControls(const CDialogUnits& units, TipLanguage tips);
   [[nodiscard]] std::unique_ptr<QWidget> MakeWidget(const ControlTemplate& control);
   [[nodiscard]] std::unique_ptr<QWidget> MakeButton(const ControlTemplate& control);
   [[nodiscard]] std::unique_ptr<QWidget> MakeEdit(const ControlTemplate& control);

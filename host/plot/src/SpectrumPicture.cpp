@@ -5,6 +5,7 @@
 #include "skyframe/job/Text.h"
 #include "skyframe/plot/Chart.h"
 #include "skyframe/plot/Pictures.h"
+#include "texts.h"
 
 namespace skyframe::host {
 
@@ -14,6 +15,7 @@ constexpr double c_dLongestPeriod = 6.0;  // the spectrum ends here
 constexpr int c_nCurveSteps = 1200;
 constexpr double c_dLabelGap = 16;  // least distance of two period labels
 constexpr double c_dLabelHeight = 12;
+constexpr double c_dLegendGap = 8;
 
 double GetAlpha(const SpectrumPicture& picture, double T) {
   return EvaluateDesignSpectrum(picture.site, T, picture.dDamping).value_or(DesignSpectrumValue{}).dAlpha;
@@ -70,48 +72,24 @@ void MarkCorners(IPaintContext& paint, const CChart& chart, double dTg) {
 
 }  // namespace
 
-void PaintSpectrum(IPaintContext& paint, const SpectrumPicture& picture) {
+void PaintSpectrum(IPaintContext& paint, const SpectrumPicture& picture, PictureSize size) {
   const double dTg = EvaluateDesignSpectrum(picture.site, 0.0, picture.dDamping).value_or(DesignSpectrumValue{}).dTg;
   const std::vector<PaintPoint> curve = SampleSpectrum(picture, dTg);
   double dHighest = 0.0;
   for (const PaintPoint& point : curve) dHighest = std::max(dHighest, point.dY);
-  CChart chart(
-      paint,
-      {picture.strTitle, "Design spectrum: " + picture.strSite, "period T [s]", "seismic influence coefficient α"},
-      ChooseTicks(0.0, c_dLongestPeriod, 13), ChooseTicks(0.0, 1.15 * dHighest, 8));
+  CChart chart(paint,
+               {picture.strTitle, Say(texts::c_designSpectrum, {picture.strSite}), std::string(Say(texts::c_period)),
+                std::string(Say(texts::c_alpha))},
+               {ChooseAxis(0.0, c_dLongestPeriod, 13), ChooseAxis(0.0, 1.15 * dHighest, 8), GetChartBox(size)});
   MarkCorners(paint, chart, dTg);
   chart.Curve(curve, c_curveColour, 2.0);
   MarkPeriods(paint, chart, picture);
-  chart.Legend(0, Format("α(T), damping ratio %g", picture.dDamping), c_curveColour, false);
-  if (!picture.periods.empty()) {
-    chart.Legend(1, "periods of modes 1–" + std::to_string(picture.periods.size()), c_markColour, true);
-  }
-}
-
-void PaintHistoryChart(IPaintContext& paint, const HistoryPicture& picture) {
-  std::vector<PaintPoint> curve;
-  PaintPoint peak;
-  double dLow = 0.0;
-  double dHigh = 0.0;
-  for (std::size_t k = 0; k < picture.values.size(); ++k) {
-    const PaintPoint point{static_cast<double>(k + 1) * picture.dTimeStep, picture.values[k]};
-    if (!std::isfinite(point.dY)) continue;
-    curve.push_back(point);
-    dLow = std::min(dLow, point.dY);
-    dHigh = std::max(dHigh, point.dY);
-    if (std::abs(point.dY) > std::abs(peak.dY)) peak = point;
-  }
-  const double dMargin = 0.12 * (dHigh - dLow);
-  CChart chart(
-      paint, {picture.strTitle, picture.strSubtitle, "time t [s]", picture.strQuantity + " [" + picture.strUnit + "]"},
-      ChooseTicks(0.0, static_cast<double>(picture.values.size()) * picture.dTimeStep, 12),
-      ChooseTicks(dLow - (dLow < 0.0 ? dMargin : 0.0), dHigh + dMargin, 10));
-  chart.Curve(curve, c_curveColour, 1.3);
-  if (peak.dY == 0.0) return;
-  chart.Mark(peak.dX, peak.dY, c_markColour);
-  const PaintPoint at = chart.Map(peak.dX, peak.dY);
-  PaintLabel(paint, chart.GetBox(), {at.dX, peak.dY > 0.0 ? at.dY - 8 : at.dY + 25},
-             Format("peak %.4g %s at %.4g s", peak.dY, picture.strUnit.c_str(), peak.dX), c_markColour);
+  std::vector<LegendEntry> legend = {
+      {Say(texts::c_alphaOfPeriod, {Format("%g", picture.dDamping)}), c_curveColour, false}};
+  if (!picture.periods.empty())
+    legend.push_back({Say(texts::c_modePeriods, {std::to_string(picture.periods.size())}), c_markColour, true});
+  const Box& box = chart.GetBox();
+  chart.Legend(legend, {box.dRight - c_dLegendGap - GetLegendWidth(legend), box.dTop + c_dLegendGap});
 }
 
 }  // namespace skyframe::host

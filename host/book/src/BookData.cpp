@@ -1,0 +1,343 @@
+#include "BookData.h"
+
+#include <algorithm>
+#include <cmath>
+#include <filesystem>
+#include <sstream>
+
+#include "skyframe/hostdata/HostData.h"
+#include "skyframe/job/DialogFields.h"
+#include "skyframe/platform/Platform.h"
+#include "skyframe/run/PlatformScope.h"
+#include "skyframe/run/Session.h"
+#include "skyframe/values/ResultFiles.h"
+
+namespace skyframe::host {
+
+namespace {
+
+constexpr double c_dJustBelow = 0.9999;  ///< of the highest frequency, past its round-off
+constexpr double c_dSameFile = 1.0e-3;   ///< of the largest displacement: the file has six digits
+
+/// Opens the job in the host records; the settings of the dialogs stay.
+std::optional<CSession> OpenRecords(const Job& job, const std::string& strJobPath) {
+  const tagComDynamic settings = COMDYN;
+  std::optional<CSession> session = CSession::Open(job, strJobPath, g_ProgramPath);
+  COMDYN = settings;
+  return session;
+}
+
+ModeSettings FormModeSettings(const JobCombination& combination, bool bShear) {
+  ModeSettings settings;
+  settings.bShear = bShear;
+  for (const auto& [nCase, dFactor] : combination) {
+    settings.loadFlags[static_cast<std::size_t>(nCase)] = 1;
+    settings.loadFactors[static_cast<std::size_t>(nCase)] = dFactor;
+  }
+  return settings;
+}
+
+/// Masses by node from the products of the unit translations.
+std::vector<Vector3> TakeMasses(const std::vector<NodeField>& products) {
+  std::vector<Vector3> masses(products[0].size());
+  for (std::size_t n = 0; n < masses.size(); ++n) {
+    for (std::size_t d = 0; d < 3; ++d) masses[n][d] = products[d][n][d];
+  }
+  return masses;
+}
+
+std::optional<ModalBasis> FormBasis(std::vector<double> omega, std::vector<NodeField> shapes, std::size_t nNodes,
+                                    const ModeSettings& settings) {
+  std::vector<NodeField> accelerations = FormUnitTranslations(nNodes);
+  accelerations.insert(accelerations.end(), shapes.begin(), shapes.end());
+  std::optional<std::vector<NodeField>> products = FormInertia(accelerations, settings);
+  if (!products) return std::nullopt;
+  ModalBasis basis;
+  basis.masses = TakeMasses(*products);
+  basis.omega = std::move(omega);
+  basis.shapes = std::move(shapes);
+  basis.inertia.assign(std::make_move_iterator(products->begin() + 3), std::make_move_iterator(products->end()));
+  return basis;
+}
+
+/// The last analysis of the job that the choice accepts.
+template <class Parameters, class Choice>
+std::optional<Parameters> FindLast(const Job& job, Choice choice) {
+  std::optional<Parameters> found;
+  for (const JobAnalysis& analysis : job.analyses) {
+    const auto* pParameters = std::get_if<Parameters>(&analysis);
+    if (pParameters != nullptr && choice(*pParameters)) found = *pParameters;
+  }
+  return found;
+}
+
+bool HasPositiveFrequencies(const ModeResultFile& file) {
+  return !file.omega.empty() &&
+         std::ranges::all_of(file.omega, [](double w) { return w > 0.0 && std::isnormal(w * w); });
+}
+
+class CCollector {
+ public:
+  explicit CCollector(BookData& book) : m_book(book), m_job(book.job), m_strMark(FormModelMark(book.job)) {}
+
+  void Collect() {
+    ReadFiles();
+    m_book.storeys = FormStoreys(m_job);
+    if (const std::optional<CSession> session = OpenRecords(m_job, m_book.strJobPath)) {
+      CollectModes();
+      CollectSpectra();
+    }
+    CollectHistory();
+    CollectChecks();
+  }
+
+ private:
+  template <class Result, class Read, class Choice>
+  void ReadFile(Result& result, std::string_view strSuffix, Read read, Choice choice) {
+    using Parameters = typename decltype(result.parameters)::value_type;
+    const std::string strPath = m_book.strJobPath + std::string(strSuffix);
+    result.strFile = FromFilePath(ToFilePath(strPath).filename());
+    std::error_code error;
+    result.bThere = std::filesystem::is_regular_file(ToFilePath(strPath), error);
+    if (result.bThere) result.content = read(strPath);
+    result.pStamp = m_book.stamps.Find(strSuffix);
+    result.bOutdated = m_book.stamps.IsOutdated(strSuffix, m_strMark);
+    std::optional<JobAnalysis> run;
+    if (result.pStamp != nullptr) run = ParseAnalysis(result.pStamp->strAnalysis, m_job);
+    const auto* pRun = run ? std::get_if<Parameters>(&*run) : nullptr;
+    result.parameters = pRun != nullptr ? *pRun : FindLast<Parameters>(m_job, choice);
+    if (result.parameters) result.parameters = WithDefaults(*result.parameters);
+  }
+
+  void ReadFiles() {
+    const auto readStatic = [this](const std::string& str) { return ReadStaticResultFile(str, m_job.nodes.size()); };
+    const auto isKind = [](bool bNonlinear) {
+      return [bNonlinear](const StaticJob& analysis) { return *WithDefaults(analysis).bNonlinear == bNonlinear; };
+    };
+    const auto any = [](const auto&) { return true; };
+    ReadFile(m_book.linear, suffix::c_strStaticLinear, readStatic, isKind(false));
+    ReadFile(m_book.nonlinear, suffix::c_strStaticNonlinear, readStatic, isKind(true));
+    ReadFile(
+        m_book.modal, suffix::c_strModes,
+        [this](const std::string& str) { return ReadModeResultFile(str, m_job.nodes); }, any);
+    ReadFile(
+        m_book.spectrum, suffix::c_strSpectrum,
+        [this](const std::string& str) { return ReadSpectrumResultFile(str, m_job.nodes); }, any);
+    const HistoryModel model = {static_cast<int>(m_job.nodes.size()), static_cast<int>(m_job.elements.size())};
+    ReadFile(
+        m_book.history, suffix::c_strHistory, [&](const std::string& str) { return ReadHistoryFile(str, model); },
+        [](const NewmarkJob& analysis) { return analysis.HasGroundMotion(); });
+    if (m_book.modal.content && !HasPositiveFrequencies(*m_book.modal.content)) m_book.modal.content.reset();
+  }
+
+  void CollectModes() {
+    if (!m_book.modal.content) return;
+    const ModeResultFile& file = *m_book.modal.content;
+    const ModalJob modal = m_book.modal.parameters.value_or(ModalJob());
+    const ModeSettings settings = FormModeSettings(modal.combination, file.bShear);
+    m_book.basis = FormBasis(file.omega, file.shapes, m_job.nodes.size(), settings);
+    if (!m_book.basis) return;
+    if (const auto own = FormBasis({}, {}, m_job.nodes.size(), FormModeSettings({}, file.bShear))) {
+      m_book.dOwnMass = GetGravityMass(*own);
+    }
+    if (m_book.storeys) {
+      for (std::size_t i = 0; i < m_book.basis->GetCount(); ++i) {
+        m_book.shares.push_back(FormMotionShares(m_job, *m_book.storeys, *m_book.basis, i));
+      }
+    }
+    m_book.first = FindFirstModes(m_book.shares);
+    if (!modal.bVerify.value_or(true)) return;
+    m_book.dCountedBelow = c_dJustBelow * file.omega.back();
+    m_book.modesBelow = CountModesBelow(m_book.dCountedBelow, settings);
+  }
+
+  void CollectSpectra() {
+    if (!m_book.spectrum.bThere || !m_book.modal.content) return;
+    std::vector<SpectrumJob> jobs;
+    for (const JobAnalysis& analysis : m_job.analyses) {
+      const auto* pSpectrum = std::get_if<SpectrumJob>(&analysis);
+      if (pSpectrum != nullptr) jobs.push_back(WithDefaults(*pSpectrum));
+    }
+    // what a person changed in the dialogs
+    if (m_book.spectrum.parameters && std::ranges::find(jobs, *m_book.spectrum.parameters) == jobs.end()) {
+      jobs.push_back(*m_book.spectrum.parameters);
+    }
+    for (const SpectrumJob& job : jobs) AddSpectrum(job);
+  }
+
+  void AddSpectrum(const SpectrumJob& job) {
+    const ModeResultFile& file = *m_book.modal.content;
+    const auto nModes = static_cast<std::size_t>(*job.nModes);
+    const double dLength = std::hypot((*job.direction)[0], (*job.direction)[1], (*job.direction)[2]);
+    if (nModes > file.omega.size() || !(dLength > 0.0)) return;
+    SpectrumChapter chapter;
+    chapter.job = job;
+    chapter.site = {*job.nLevel, *job.nIntensity + c_nLowestIntensity, *job.nZoneGroup, *job.nSiteClass};
+    std::vector<double> omega(file.omega.begin(), file.omega.begin() + *job.nModes);
+    std::vector<NodeField> shapes(file.shapes.begin(), file.shapes.begin() + *job.nModes);
+    if (*job.bVirtualMode) chapter.bVirtual = AddVirtualMode(omega, shapes);
+    auto basis = FormBasis(std::move(omega), std::move(shapes), m_job.nodes.size(),
+                           FormModeSettings(job.combination, file.bShear));
+    const auto curve = EvaluateDesignSpectrum(chapter.site, 0.0, *job.dDamping);
+    if (!basis || !curve) return;
+    chapter.basis = *std::move(basis);
+    chapter.curve = *curve;
+    for (std::size_t d = 0; d < 3; ++d) chapter.loads.direction[d] = (*job.direction)[d] / dLength;
+    FormResponse(chapter);
+    m_book.spectra.push_back(std::move(chapter));
+  }
+
+  bool AddVirtualMode(std::vector<double>& omega, std::vector<NodeField>& shapes) const {
+    const auto file = ReadVirtualModeFile(m_book.strJobPath + std::string(suffix::c_strVirtualMode), m_job.nodes);
+    if (!file || !(file->omega > 0.0)) return false;
+    omega.push_back(file->omega);
+    shapes.push_back(file->shape);
+    return true;
+  }
+
+  void FormResponse(SpectrumChapter& chapter) {
+    ModalLoads& loads = chapter.loads;
+    loads.nMethod = *chapter.job.nMethod;
+    loads.zeta.assign(chapter.basis.GetCount(), *chapter.job.dDamping);
+    loads.gamma = FormParticipation(chapter.basis, loads.direction);
+    for (std::size_t i = 0; i < chapter.basis.GetCount(); ++i) {
+      const auto value = EvaluateDesignSpectrum(chapter.site, chapter.basis.GetPeriod(i), loads.zeta[i]);
+      loads.alpha.push_back(value ? value->dAlpha : 0.0);
+    }
+    chapter.baseShear = CombineBaseShear(chapter.basis, loads);
+    chapter.deviation = CompareWithFile(CombineDisplacements(chapter.basis, loads));
+    chapter.horizontal = FindHorizontal(loads.direction);
+    if (m_book.storeys && chapter.horizontal) {
+      chapter.storeys = FormStoreyResponse(m_job, *m_book.storeys, chapter.basis, loads, *chapter.horizontal);
+    }
+  }
+
+  [[nodiscard]] std::optional<double> CompareWithFile(const NodeField& displacements) const {
+    if (!m_book.spectrum.content) return std::nullopt;
+    double dLargest = 0.0, dDifference = 0.0;
+    for (std::size_t n = 0; n < displacements.size(); ++n) {
+      for (std::size_t d = 0; d < 3; ++d) {
+        const double dFile = m_book.spectrum.content->displacements[n][d];
+        dLargest = std::max(dLargest, std::abs(dFile));
+        dDifference = std::max(dDifference, std::abs(dFile - displacements[n][d]));
+      }
+    }
+    const double dDeviation = dLargest > 0.0 ? dDifference / dLargest : HUGE_VAL;
+    return dDeviation <= c_dSameFile ? std::optional(dDeviation) : std::nullopt;
+  }
+
+  void CollectHistory() {
+    if (!m_book.history.content || !m_book.history.parameters) return;
+    const EarthquakeJob quake = WithDefaults(m_book.history.parameters->earthquake.value_or(EarthquakeJob()));
+    HistoryChapter chapter;
+    if (quake.nMode == 1) {
+      chapter.direction = quake.obliqueAxis.value_or(Vector3{1.0, 0.0, 0.0});
+      chapter.dPeak = quake.peaks[3].value_or(0.0);
+    } else {
+      const auto it = std::ranges::find(quake.directions, true);  // only the first is used
+      if (it == quake.directions.end()) return;
+      const auto d = static_cast<std::size_t>(it - quake.directions.begin());
+      chapter.direction[d] = 1.0;
+      chapter.dPeak = quake.peaks[d].value_or(0.0);
+    }
+    chapter.horizontal = FindHorizontal(chapter.direction);
+    FormPeaks(chapter);
+    m_book.historyChapter = std::move(chapter);
+  }
+
+  void FormPeaks(HistoryChapter& chapter) const {
+    const HistoryResultFile& file = *m_book.history.content;
+    if (!chapter.horizontal) return;
+    if (m_book.storeys) chapter.storeys = FormStoreyPeaks(*m_book.storeys, file, *chapter.horizontal);
+    if (m_book.basis && file.nAssumption == 0) {
+      chapter.shear = FormHistoryShear(*m_book.basis, file, *chapter.horizontal);
+    }
+  }
+
+  void Add(Check check, const Vector3& direction) {
+    check.direction = direction;
+    m_book.checks.push_back(check);
+  }
+
+  void CollectChecks() {
+    const CCodeLimits limits(m_job.report);
+    for (const SpectrumChapter& chapter : m_book.spectra) {
+      const Vector3& c = chapter.loads.direction;
+      if (!chapter.bVirtual) Add(CheckMassParticipation(chapter.basis, c, limits), c);
+      const SpectrumLevel level = {*chapter.job.nIntensity, *chapter.job.nLevel};
+      for (const Check& check : CheckStoreys(chapter.storeys, limits, level, m_book.GetFirstPeriod())) Add(check, c);
+    }
+    if (m_book.basis) {
+      if (const auto check = CheckPeriodRatio(*m_book.basis, m_book.first, limits)) Add(*check, {});
+    }
+    CheckHistory();
+  }
+
+  void CheckHistory() {
+    if (!m_book.historyChapter) return;
+    const HistoryChapter& history = *m_book.historyChapter;
+    const HistoryResultFile& file = *m_book.history.content;
+    if (const double T1 = m_book.GetFirstPeriod(); T1 > 0.0) {
+      Add(FormCheck(CheckKind::HistoryDuration, file.nSteps * file.dTimeStep / T1, Limit{c_dLeastHistoryPeriods, false},
+                    true),
+          history.direction);
+    }
+    const double dHistory = FindPeakShear(history);
+    const SpectrumChapter* const pSpectrum = FindSpectrumOf(history);
+    if (pSpectrum == nullptr || dHistory <= 0.0) return;
+    const Vector3& V = pSpectrum->baseShear;
+    const double dSpectrum = std::hypot(V[0] * (*history.horizontal)[0], V[1] * (*history.horizontal)[1]);
+    if (!(dSpectrum > 0.0)) return;
+    Add(FormCheck(CheckKind::HistoryShear, dHistory / dSpectrum, Limit{c_dLeastHistoryShear, false}, true),
+        history.direction);
+    Check mean =
+        FormCheck(CheckKind::MeanHistoryShear, dHistory / dSpectrum, Limit{c_dLeastMeanHistoryShear, false}, true);
+    mean.bInformation = true;  // one record
+    Add(mean, history.direction);
+  }
+
+  static double FindPeakShear(const HistoryChapter& history) {
+    double dPeak = 0.0;
+    for (const double V : history.shear) dPeak = std::max(dPeak, std::abs(V));
+    return dPeak;
+  }
+
+  /// The first spectrum along the same horizontal line.
+  [[nodiscard]] const SpectrumChapter* FindSpectrumOf(const HistoryChapter& history) const {
+    constexpr double c_dParallel = 1.0e-6;
+    if (!history.horizontal) return nullptr;
+    for (const SpectrumChapter& chapter : m_book.spectra) {
+      if (!chapter.horizontal) continue;
+      const auto& a = *chapter.horizontal;
+      const auto& b = *history.horizontal;
+      if (std::abs(a[0] * b[1] - a[1] * b[0]) < c_dParallel) return &chapter;
+    }
+    return nullptr;
+  }
+
+  BookData& m_book;
+  const Job& m_job;
+  std::string m_strMark;
+};
+
+}  // namespace
+
+std::string BookData::GetTitle() const {
+  if (job.report.strProject && !job.report.strProject->empty()) return *job.report.strProject;
+  return job.strTitle.empty() ? FromFilePath(ToFilePath(strJobPath).filename()) : job.strTitle;
+}
+
+double BookData::GetFirstPeriod() const {
+  return basis && basis->GetCount() > 0 ? basis->GetPeriod(first.translation.value_or(0)) : 0.0;
+}
+
+BookData CollectBook(const Job& job, const std::string& strJobPath, std::vector<JobProblem> warnings) {
+  BookData book{job, strJobPath, std::move(warnings), CStamps::Read(strJobPath)};
+  std::ostringstream messages, console;
+  const CPlatformScope platform(messages, console);
+  CCollector(book).Collect();
+  book.strMessages = messages.str();
+  return book;
+}
+
+}  // namespace skyframe::host

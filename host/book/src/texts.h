@@ -1,0 +1,42 @@
+#pragma once
+
+#include "skyframe/job/Language.h"
+
+namespace skyframe::host {
+
+/// A text of the report in the language in force: it stands where it is used, in both languages, so that a chapter
+/// reads like the page that it writes.
+[[nodiscard]] inline std::string Tell(const Words& words, std::initializer_list<std::string_view> values = {}) {
+  return Say(words, values);
+}
+
+}  // namespace skyframe::host
+
+// What stands in more than one place.
+namespace skyframe::host::book::texts {
+
+inline constexpr Words c_contents = {"Contents", "目录"};
+inline constexpr Words c_table = {"Table ", "表 "};
+inline constexpr Words c_figure = {"Figure ", "图 "};
+inline constexpr Words c_satisfied = {"satisfied", "满足"};
+inline constexpr Words c_notSatisfied = {"not satisfied", "不满足"};
+inline constexpr Words c_noLimit = {"no limit", "无限值"};
+inline constexpr Words c_satisfiedForInformation = {"satisfied (for information)", "满足（仅供参考）"};
+inline constexpr Words c_notSatisfiedForInformation = {"not satisfied (for information)", "不满足（仅供参考）"};
+inline constexpr Words c_notRun = {"Not run: there is no file {0}.", "未计算：没有文件 {0}。"};
+inline constexpr Words c_notRead = {"The file {0} could not be read: {1}", "文件 {0} 无法读取：{1}"};
+inline constexpr Words c_outdated = {
+    "Out of date: {0} was computed from another model on {1}. The figures of this chapter do not belong to the model "
+    "of "
+    "this report; run the analysis again.",
+    "过期：{0} 是 {1} 由另一模型算得的。本章数值不属于本计算书的模型，请重新分析。"};
+inline constexpr Words c_unknownRun = {
+    "It is not known which run wrote {0}: its parameters are taken from the job file.",
+    "不知道 {0} 由哪次分析写出：其参数取自作业文件。"};
+inline constexpr Words c_noStoreys = {"Not applicable: the structure has no storeys.", "不适用：结构没有楼层。"};
+
+}  // namespace skyframe::host::book::texts
+
+namespace skyframe::host {
+namespace texts = book::texts;
+}

@@ -1,0 +1,26 @@
+#pragma once
+
+#include <QMainWindow>
+#include <QString>
+#include <QTextBrowser>
+#include <QToolBar>
+
+namespace skyframe::gui {
+
+/// The manual, from the files of the installation or of the source tree, in the language in force.
+class CHelpWindow : public QMainWindow {
+ public:
+  explicit CHelpWindow(QWidget* pParent = nullptr);
+
+  /// "host.md#skyframe-gui": a page of the manual.
+  void ShowPage(const QString& strPage);
+
+ private:
+  QToolBar m_bar;
+  QTextBrowser m_text;
+};
+
+/// Folder of the manual in the language in force; empty when it is not installed.
+[[nodiscard]] QString FindManual();
+
+}  // namespace skyframe::gui
