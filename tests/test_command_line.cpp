@@ -153,6 +153,46 @@ TEST_F(CommandLine, CheckPrintsTheProfile) {
   EXPECT_EQ(List().size(), 1U);
 }
 
+// The largest value of each file is the peak that the summary takes from the run itself.
+TEST_F(CommandLine, HistoriesAreWrittenOutForEveryMethod) {
+  Write("impulseload.log", "/IMPULSELOAD/ 1 0 0 5 ## 1 0 0 8 ## /END/");
+  const std::string strNewmark = R"("newmark", "load": )", strQuake = strNewmark + R"("ground_motion", "earthquake":
+      {"directions": ["Y"], "duration": 0.1})";
+  const std::tuple<std::string, std::string, std::string, double> cases[] = {
+      {R"("wilson", "duration": 0.05)", "Z", "peak displacement Z   ", 1.0},
+      {strNewmark + R"("nodal_force", "impulse": {"loads": [{"node": 90, "direction": "X", "peak": 10}],
+       "peak_time": 0.04, "duration": 0.1})",
+       "X", "peak axial force      ", 1.0e3},
+      {strQuake, "Y", "peak displacement Y   ", 1.0},
+  };
+  for (const auto& [strMethod, strDirection, strPeak, dUnit] : cases) {
+    const bool bElement = dUnit != 1.0;
+    const CommandOutcome outcome =
+        Solve(MakeCantilever("111111", R"({"type": "modal", "modes": 2}, {"type": "time_history", "method": )" + strMethod +
+                                           R"(, "outputs": {"elements": [1], "nodes": [{"node": 90, "direction": ")" +
+                                           strDirection + "\"}]}}"));
+    EXPECT_EQ(outcome.nStatus, 0) << outcome.strErr;
+    for (const char* const pszSuffix : {"_1_node.txt", "_1_elem.txt"}) {
+      EXPECT_NE(outcome.strOut.find(GetPath(pszSuffix) + ", "), std::string::npos) << outcome.strOut;
+    }
+    const std::string strText = Read(bElement ? "_1_elem.txt" : "_1_node.txt");
+    EXPECT_EQ(strText.find(strDirection + "-direction Disp(m)") == std::string::npos, bElement) << strText;
+    std::istringstream lines(strText.substr(strText.find("TimePoint")));
+    double dLargest = 0.0, dValue = 0.0;
+    for (std::string strWord, strStep; lines >> strWord >> strStep >> dValue;) {
+      if (std::abs(dValue) > std::abs(dLargest)) dLargest = dValue;
+    }
+    const double dPeak = dUnit * GetNumber(outcome.strOut, strPeak);
+    EXPECT_NE(dPeak, 0.0) << outcome.strOut;
+    EXPECT_NEAR(dLargest, dPeak, 1.0e-5 * std::abs(dPeak)) << strText;
+  }
+  std::filesystem::remove(GetPath("_1_node.txt"));
+  std::filesystem::create_directory(GetPath("_1_node.txt"));
+  const CommandOutcome outcome = Solve();
+  EXPECT_EQ(std::tuple(outcome.nStatus, outcome.strErr), std::tuple(1, "结果文件无法写入!\n"));
+  EXPECT_EQ(outcome.strOut.find("_1_node.txt"), std::string::npos);
+}
+
 /// English words: four letters and more that are no name, path, option, key in quotes or heading of a command.
 std::string FindEnglish(std::string strText) {
   const std::regex names(
@@ -202,6 +242,7 @@ TEST_F(CommandLine, SpeaksChineseThroughoutOnRequest) {
       {"run", "--help"},
       {"generate", "--help"},
       {"generate", "building", "--help"},
+      {"report", "--help"},
       {"schema", "--help"},
       {},
       {"check", "a", "b"},

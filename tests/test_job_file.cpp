@@ -46,7 +46,8 @@ const std::string c_strGood = R"json({
     {"type": "spectrum", "modes": 4, "mesh_division": 3, "direction": [0, 1, 0], "site_class": 2, "zone_group": 3,
      "intensity": "8 (0.20g)", "level": "rare", "damping": 0.05, "modal_combination": "CQC"},
     {"type": "time_history", "method": "wilson", "theta": 1.5, "damping": [0.01, 0.02], "time_step": 0.01,
-     "duration": 3, "nonlinear": false, "peaks": {"X": 0.1, "oblique": 0.2}, "combination": {"0": 1}},
+     "duration": 3, "nonlinear": false, "peaks": {"X": 0.1, "oblique": 0.2}, "combination": {"0": 1},
+     "outputs": {"nodes": [{"node": 7, "direction": "Z"}, {"node": 20, "direction": "X"}], "elements": [2, 1]}},
     {"type": "time_history", "method": "newmark", "load": "nodal_force", "alpha": 0.3, "delta": 0.6,
      "nonlinear": true, "criterion": "force_abs", "tolerance": 0.01, "max_iterations": 9, "from_file": false,
      "impulse": {"shape": "rectangular", "loads": [{"node": 20, "direction": "Y", "peak": 7}],
@@ -75,6 +76,7 @@ TEST(JobFile, ReadsEveryPart) {
   const auto& first = std::get<StaticJob>(job.analyses.at(0));
   EXPECT_EQ(std::tuple(first.nCriterion, first.combination), std::tuple(3, JobCombination{{0, 1.2}, {2, -1.0}}));
   EXPECT_EQ(std::get<WilsonJob>(job.analyses.at(3)).peaks, (JobPeaks{0.1, {}, {}, 0.2}));
+  EXPECT_EQ(std::get<WilsonJob>(job.analyses.at(3)).outputs, (JobOutputs{{{1, 2}, {3, 0}}, {2, 1}}));
   EXPECT_EQ(std::get<NewmarkJob>(job.analyses.at(4)).impulse->impulses, (std::vector<JobImpulse>{{3, 1, 7.0}}));
   EXPECT_EQ(std::get<NewmarkJob>(job.analyses.at(5)).earthquake->directions, (std::array{true, false, true}));
 }
@@ -95,6 +97,7 @@ TEST(JobFile, WhatIsWrittenIsReadBack) {
 TEST(JobFile, EachErrorHasItsPlaceAndReason) {
   const std::string strNoNode20 =
       "\n/elements/1/j: no node has the id 20\n/inclined_supports/0: must be the id of a node"
+      "\n/analyses/3/outputs/nodes/1/node: no node has the id 20"
       "\n/analyses/4/impulse/loads/0/node: no node has the id 20";
   const struct {
     std::string strFrom, strTo, strProblem;
@@ -153,6 +156,13 @@ TEST(JobFile, EachErrorHasItsPlaceAndReason) {
       {"[\"Z\", \"X\"]", "[\"Z\", 3]", "/analyses/5/earthquake/directions: must list some of \"X\", \"Y\" or \"Z\""},
       {"\"mode\": \"principal\", ", "\"oblique_axis\": [1, 1, 0],",
        "/analyses/5/earthquake/oblique_axis: belongs to mode \"oblique\""},
+      {"{\"node\": 20, \"direction\": \"X\"}], \"elements\": [2, 1]",
+       "{\"node\": 7, \"direction\": \"X\"}], \"elements\": [2, 2]",
+       "/analyses/3/outputs/nodes/1/node: node 7 is listed twice\n/analyses/3/outputs/elements: element 2 is listed "
+       "twice"},
+      {"[2, 1]", "[3, 1.5]",
+       "/analyses/3/outputs/elements: must list numbers of elements, 1 to 2\n/analyses/3/outputs/elements: must list "
+       "numbers of elements, 1 to 2"},
       {"\"from_file\": true, ", "", "/analyses/6/general_load: needs \"from_file\": true"},
       {"\"title\"", "\"a/b~c\": 1, \"title\"", "/a~1b~0c: unknown key"},
       {"\"x\": 4", "\"x\": 4, \"x\": [5]", "/nodes/1/x: key given twice"},

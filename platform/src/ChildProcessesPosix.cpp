@@ -121,6 +121,7 @@ class CChildProcesses::CSystem {
     }
     arguments.insert(arguments.begin(), program.string());
     std::vector<char*> words;
+    words.reserve(arguments.size() + 1);
     for (std::string& strWord : arguments) words.push_back(strWord.data());
     words.push_back(nullptr);
     pid_t nProcess = 0;

@@ -222,7 +222,7 @@ TEST_F(MainWindow, PanelTellsOfTheInputThenOfTheRun) {
   EXPECT_EQ(pPanel->count(), 1) << "what was told still holds";
   Solve(DialogStep::Ok());
   ASSERT_GE(pPanel->count(), 1);
-  EXPECT_TRUE(pPanel->item(0)->text().startsWith(QStringLiteral("error: nearly a mechanism at node ")));
+  EXPECT_TRUE(pPanel->item(0)->text().startsWith(QStringLiteral("错误：节点 ")));
 }
 
 TEST_F(MainWindow, NothingClippedAtBothFontSizes) {

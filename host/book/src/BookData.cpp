@@ -22,7 +22,8 @@ constexpr double c_dSameFile = 1.0e-3;   ///< of the largest displacement: the f
 /// Opens the job in the host records; the settings of the dialogs stay.
 std::optional<CSession> OpenRecords(const Job& job, const std::string& strJobPath) {
   const tagComDynamic settings = COMDYN;
-  std::optional<CSession> session = CSession::Open(job, strJobPath, g_ProgramPath);
+  const std::string strProgramPath = g_ProgramPath;
+  std::optional<CSession> session = CSession::Open(job, strJobPath, strProgramPath);
   COMDYN = settings;
   return session;
 }

@@ -1,5 +1,7 @@
 #include "skyframe/book/CalculationReport.h"
 
+#include <algorithm>
+
 #include "Chapters.h"
 #include "Figures.h"
 #include "skyframe/job/Text.h"
@@ -17,6 +19,27 @@ std::string FormatNow() {
 
 std::string FormatProgram() { return "Skyframe " SKYFRAME_VERSION; }
 
+/// What a reader looks for first.
+std::vector<std::pair<std::string, std::string>> ListKeyFigures(const BookData& book) {
+  std::vector<std::pair<std::string, std::string>> facts;
+  if (!book.basis) return facts;
+  facts.emplace_back(Tell({"Total weight G", "总重力荷载代表值 G"}),
+                     FormatKilo(c_dGravity * GetGravityMass(*book.basis)) + " kN");
+  facts.emplace_back(Tell({"First period T₁", "基本周期 T₁"}), FormatFixed(book.GetFirstPeriod(), 4) + " s");
+  for (const SpectrumChapter& chapter : book.spectra) {
+    if (chapter.storeys.empty()) continue;
+    const auto& storeys = chapter.storeys;
+    const auto largest = std::ranges::max_element(storeys, {}, &StoreyResponse::dAngle);
+    facts.emplace_back(Tell({"Earthquake along {0}, {1}", "{0} 向{1}"},
+                            {DescribeDirection(chapter.loads.direction), DescribeLevel(*chapter.job.nLevel)}),
+                       Tell({"base shear {0} kN ({1} % of G), largest drift {2} in storey {3}",
+                             "基底剪力 {0} kN（G 的 {1} %），最大层间位移角 {2}（第 {3} 层）"},
+                            {FormatKilo(storeys.front().dShear), FormatPercent(storeys.front().GetShearWeight(), 2),
+                             FormatAngle(largest->dAngle), std::to_string(largest - storeys.begin() + 1)}));
+  }
+  return facts;
+}
+
 /// Title block.
 std::string FormatCover(const BookData& book, const std::string& strNow) {
   CPage block;
@@ -28,6 +51,7 @@ std::string FormatCover(const BookData& book, const std::string& strNow) {
   facts.emplace_back(Tell({"Program", "程序"}), FormatProgram());
   facts.emplace_back(Tell({"Date", "日期"}), strNow);
   block.Facts(facts);
+  if (const auto figures = ListKeyFigures(book); !figures.empty()) block.Facts(figures);
   return "<header class=\"cover\"><div class=\"kind\">" + Tell({"CALCULATION REPORT", "结构计算书"}) + "</div>\n<h1>" +
          EscapeHtml(book.GetTitle()) + "</h1>\n" + block.GetBody() + "</header>\n";
 }

@@ -6,6 +6,7 @@
 
 #include "Chapters.h"
 #include "Figures.h"
+#include "Pictures.h"
 #include "skyframe/job/Places.h"
 #include "skyframe/job/Text.h"
 #include "skyframe/plot/Plots.h"
@@ -196,6 +197,15 @@ void WriteSecondOrder(CPage& page, const BookData& book) {
   page.Table(table);
 }
 
+void WriteMoments(CPage& page, const BookData& book) {
+  const auto picture = DrawMoments(book.job, *book.linear.content);
+  if (!picture) return;
+  page.Figure(Tell({"Moments My [kN·m] in the plane {0}, linear, on the tension side",
+                    "{0} 平面弯矩图 My [kN·m]（线性，画在受拉侧）"},
+                   {picture->strPlane}),
+              picture->strSvg, 0.8);
+}
+
 void WriteDeformed(CPage& page, const BookData& book) {
   std::ostringstream err;
   PlotRequest request;
@@ -217,6 +227,7 @@ void WriteStatics(CPage& page, const BookData& book) {
     WriteBalance(page, book, book.linear);
     WriteReactions(page, book, *book.linear.content);
     WriteExtremes(page, book, *book.linear.content);
+    WriteMoments(page, book);
     WriteDeformed(page, book);
   }
   WriteSecondOrder(page, book);

@@ -9,6 +9,7 @@
 #include "skyframe/cli/CommandLine.h"
 #include "skyframe/job/Text.h"
 #include "skyframe/platform/OutputFile.h"
+#include "skyframe/results/ResultList.h"
 #include "skyframe/run/JobRunner.h"
 #include "skyframe/values/ResultFiles.h"
 #include "texts.h"
@@ -25,7 +26,7 @@ constexpr std::string_view c_strJobSuffixes[] = {
     suffix::c_strSpectrum,        suffix::c_strVirtualMode,     suffix::c_strVirtualResponse,
     suffix::c_strHistory,         suffix::c_strImpulseEcho,     suffix::c_strImpulseLoad,
     suffix::c_strAcceleration[0], suffix::c_strAcceleration[1], suffix::c_strAcceleration[2],
-    suffix::c_strAcceleration[3]};
+    suffix::c_strAcceleration[3], c_strStampSuffix};
 
 }  // namespace
 
@@ -38,7 +39,7 @@ void CCommand::AddTo(CLI::App& program, CCommand*& pChosen) {
 void CCommand::AddJobFile(CLI::App& app) { AddJobFile(app, Help(texts::c_jobFile)); }
 
 void CCommand::AddJobFile(CLI::App& app, const std::string& strHelp) {
-  app.add_option("job", m_strJobFile, strHelp)->required();
+  app.add_option("job", m_strJobFile, strHelp)->required()->type_name("FILE");
 }
 
 std::optional<Job> CCommand::LoadJob(const std::string& strJobFile) {

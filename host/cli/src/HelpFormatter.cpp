@@ -1,11 +1,44 @@
 #include "HelpFormatter.h"
 
+#include <set>
 #include <utility>
 
 #include "skyframe/job/Text.h"
 #include "texts.h"
 
 namespace skyframe::host {
+
+namespace {
+
+/// The keys of "{X->0,Y->1}", or the members of "{a,b}", with bars between; empty when there are no braces.
+std::string ListChoices(const std::string& strType) {
+  const std::size_t nOpen = strType.find('{');
+  if (nOpen == std::string::npos) return {};
+  std::istringstream members(strType.substr(nOpen + 1, strType.find('}', nOpen) - nOpen - 1));
+  std::string strChoices;
+  for (std::string strMember; std::getline(members, strMember, ',');) {
+    strChoices += (strChoices.empty() ? "" : "|") + strMember.substr(0, strMember.find("->"));
+  }
+  return strChoices;
+}
+
+/// What an option takes, without what checks it.
+std::string NameType(const std::string& strType) {
+  const std::string strChoices = ListChoices(strType);
+  if (!strChoices.empty()) return strChoices;
+  const std::string strName = strType.substr(0, strType.find(':'));
+  if (strName == "INT") return std::string(Say(texts::c_countKind));
+  if (strName == "FLOAT") return std::string(Say(texts::c_numberKind));
+  return strName == "TEXT" ? std::string(Say(texts::c_textKind)) : strName;
+}
+
+std::string ListNames(const std::set<CLI::Option*>& options) {
+  std::string strNames;
+  for (const CLI::Option* const p : options) strNames += (strNames.empty() ? "" : ", ") + p->get_name();
+  return strNames;
+}
+
+}  // namespace
 
 std::string CHelpFormatter::make_usage(const CLI::App* pApp, std::string strName) const {
   return SayForeign(Formatter::make_usage(pApp, std::move(strName)), texts::c_helpParts);
@@ -33,11 +66,20 @@ std::string CHelpFormatter::make_option(const CLI::Option* pOption, bool bPositi
 }
 
 std::string CHelpFormatter::make_option_opts(const CLI::Option* pOption) const {
-  std::string strText = SayForeign(Formatter::make_option_opts(pOption), texts::c_optionParts, texts::c_optionParts);
-  const std::string strKind = pOption->get_type_name();
-  const std::size_t n = strText.find(strKind);
-  return n == std::string::npos ? strText
-                                : strText.replace(n, strKind.size(), SayForeign(strKind, texts::c_valueKinds));
+  if (pOption->get_type_size() == 0) return {};
+  const bool bMany = pOption->get_expected_max() == CLI::detail::expected_max_vector_size;
+  return " " + NameType(pOption->get_type_name()) + (bMany ? " ..." : "");
+}
+
+std::string CHelpFormatter::make_option_desc(const CLI::Option* pOption) const {
+  std::string strNotes;
+  const auto add = [&strNotes](const std::string& strNote) { strNotes += (strNotes.empty() ? "" : "; ") + strNote; };
+  if (pOption->get_required()) add(std::string(Say(texts::c_isRequired)));
+  if (!pOption->get_default_str().empty()) add(Say(texts::c_byDefault, {pOption->get_default_str()}));
+  if (!pOption->get_needs().empty()) add(Say(texts::c_goesWith, {ListNames(pOption->get_needs())}));
+  if (!pOption->get_excludes().empty()) add(Say(texts::c_goesNotWith, {ListNames(pOption->get_excludes())}));
+  const std::string strMeaning = pOption->get_description();
+  return strNotes.empty() ? strMeaning : strMeaning + " (" + strNotes + ")";
 }
 
 std::string FormatParseError(const CLI::App* /*pApp*/, const CLI::Error& error) {

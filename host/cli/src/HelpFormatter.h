@@ -15,6 +15,7 @@ class CHelpFormatter final : public CLI::Formatter {
   std::string make_expanded(const CLI::App* pApp) const override;
   std::string make_option(const CLI::Option* pOption, bool bPositional) const override;
   std::string make_option_opts(const CLI::Option* pOption) const override;
+  std::string make_option_desc(const CLI::Option* pOption) const override;
 };
 
 /// What is wrong with the arguments, in the language in force.

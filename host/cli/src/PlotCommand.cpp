@@ -36,8 +36,7 @@ CLI::Validator OneOf(Names names) {
   std::string strNames;
   for (const std::string_view strName : names) strNames += (strNames.empty() ? "" : "|") + std::string(strName);
   return {[names, strNames](const std::string& strName) {
-            return FindName(names, strName) ? std::string()
-                                            : "'" + EscapeControls(strName) + "' is none of " + strNames;
+            return FindName(names, strName) ? std::string() : Say(texts::c_noneOf, {EscapeControls(strName), strNames});
           },
           strNames};
 }
@@ -71,8 +70,7 @@ std::optional<JobCombination> ParseCombination(std::string_view strText) {
 
 class CPlotCommand final : public CCommand {
  public:
-  explicit CPlotCommand(const CommandContext& context)
-      : CCommand("plot", "Draw a job or its results as SVG", context) {}
+  explicit CPlotCommand(const CommandContext& context) : CCommand("plot", Say(texts::c_plot), context) {}
 
   int Run() override {
     if (IsJobFile(m_strOutput, m_strJobFile)) return RefuseJobFile(m_strOutput);
@@ -88,25 +86,21 @@ class CPlotCommand final : public CCommand {
   using Kinds = std::vector<Kind>;
 
   void Define(CLI::App& app) override {
-    AddJobFile(app, "Job file (JSON) whose analyses have run");
-    app.add_option("-o,--output", m_strOutput, "SVG file to write")->required();
-    CLI::Option_group& what = *app.add_option_group("What to draw", "one of these");
+    AddJobFile(app, Help(texts::c_plotJob));
+    app.add_option("-o,--output", m_strOutput, Help(texts::c_plotOutput))->required();
+    CLI::Option_group& what = *app.add_option_group(Help(texts::c_whatToDraw), Help(texts::c_oneOfThese));
     what.require_option(1);
-    AddKind(AddFlag(what, "--spectrum", "Design spectrum with the periods of the modes"), Kind::Spectrum);
-    AddKind(what.add_option("--mode", m_plot.nMode, "Mode shape, from 1"), Kind::Mode);
-    AddKind(AddCurves(what, "--node", "Displacement history of the node with this id; again for more curves"),
-            Kind::Node);
-    AddKind(AddCurves(what, "--element", "Axial-force history of an element, from 1; again for more curves"),
-            Kind::Element);
-    AddKind(AddFlag(what, "--deformed", "Structure as the static analysis deforms it"), Kind::Deformed);
+    AddKind(AddFlag(what, "--spectrum", Help(texts::c_plotSpectrum)), Kind::Spectrum);
+    AddKind(what.add_option("--mode", m_plot.nMode, Help(texts::c_plotMode)), Kind::Mode);
+    AddKind(AddCurves(what, "--node", Help(texts::c_plotNode)), Kind::Node);
+    AddKind(AddCurves(what, "--element", Help(texts::c_plotElement)), Kind::Element);
+    AddKind(AddFlag(what, "--deformed", Help(texts::c_plotDeformed)), Kind::Deformed);
     AddKind(AddName(what, "--force", m_strQuantity, Names(c_strMemberQuantities).first(c_nForceComponents),
-                    "Diagram of a section force on the members"),
+                    Help(texts::c_plotForce)),
             Kind::Diagram);
-    AddKind(AddName(what, "--colour", m_strQuantity, c_strMemberQuantities,
-                    "Members coloured by a section force; Q, M: resultants of shears, moments"),
-            Kind::Colours);
-    AddKind(AddFlag(what, "--reactions", "Forces of the supports on the structure"), Kind::Reactions);
-    AddKind(what.add_option("--loads", m_strLoads, "all, a case, or a combination such as 1.2*0+1.4*1"), Kind::Loads);
+    AddKind(AddName(what, "--colour", m_strQuantity, c_strMemberQuantities, Help(texts::c_plotColour)), Kind::Colours);
+    AddKind(AddFlag(what, "--reactions", Help(texts::c_plotReactions)), Kind::Reactions);
+    AddKind(what.add_option("--loads", m_strLoads, Help(texts::c_plotLoads)), Kind::Loads);
     DefineDetails(app);
   }
 
@@ -114,23 +108,22 @@ class CPlotCommand final : public CCommand {
     const Kinds forces = {Kind::Diagram, Kind::Colours, Kind::Reactions};
     const Kinds structures = {Kind::Diagram, Kind::Colours, Kind::Reactions, Kind::Loads};
     const Kinds histories = {Kind::Node, Kind::Element};
-    Limit(app.add_option("--dir", m_directions, "Directions of --node, as X or X,Y (default X)")
+    Limit(app.add_option("--dir", m_directions, Help(texts::c_plotDirection))
               ->delimiter(',')
               ->allow_extra_args(false)
               ->check(OneOf(c_strAxes)),
           {Kind::Node});
-    Limit(app.add_flag("--viewer", m_plot.bViewer, "The result viewer's picture of a history"), histories);
-    Limit(app.add_flag("--nonlinear", m_plot.bNonlinear, "Of the nonlinear static analysis"), {Kind::Deformed});
-    Limit(app.add_flag("--coloured", m_plot.bShapeColours, "Members coloured by their displacement"),
-          {Kind::Mode, Kind::Deformed});
-    Limit(AddName(app, "--of", m_strSource, c_strSources, "Whose forces (default linear)"), forces);
-    Limit(app.add_option("--at", m_plot.dTime, "Time of a history's forces, s"), forces);
-    Limit(app.add_option("--frame", m_strFrame, "Only members in this plane, as Y=0, seen from before it"), structures);
-    Limit(AddName(app, "--view", m_strView, c_strViews, "From where (default iso)"), structures);
-    Limit(app.add_flag("--with-reactions", m_plot.bReactions, "Reactions too"), {Kind::Diagram, Kind::Colours});
-    Limit(app.add_flag("--local-axes", m_plot.bLocalAxes, "Local axes of the members: x red, y green, z blue"),
-          structures);
-    Limit(app.add_flag("--sections", m_plot.bSectionNames, "Names of the sections"), structures);
+    Limit(app.add_flag("--viewer", m_plot.bViewer, Help(texts::c_plotViewer)), histories);
+    Limit(app.add_flag("--nonlinear", m_plot.bNonlinear, Help(texts::c_plotNonlinear)), {Kind::Deformed});
+    Limit(app.add_flag("--coloured", m_plot.bShapeColours, Help(texts::c_plotColoured)), {Kind::Mode, Kind::Deformed});
+    Limit(AddName(app, "--of", m_strSource, c_strSources, Help(texts::c_plotOf)), forces);
+    Limit(app.add_option("--at", m_plot.dTime, Help(texts::c_plotAt)), forces);
+    Limit(app.add_option("--frame", m_strFrame, Help(texts::c_plotFrame)), structures);
+    Limit(AddName(app, "--view", m_strView, c_strViews, Help(texts::c_plotView)), structures);
+    Limit(app.add_flag("--with-reactions", m_plot.bReactions, Help(texts::c_plotWithReactions)),
+          {Kind::Diagram, Kind::Colours});
+    Limit(app.add_flag("--local-axes", m_plot.bLocalAxes, Help(texts::c_plotLocalAxes)), structures);
+    Limit(app.add_flag("--sections", m_plot.bSectionNames, Help(texts::c_plotSections)), structures);
   }
 
   CLI::Option* AddCurves(CLI::App& app, const std::string& strName, const std::string& strHelp) {
@@ -138,7 +131,7 @@ class CPlotCommand final : public CCommand {
   }
 
   static CLI::Option* AddFlag(CLI::App& app, const std::string& strName, const std::string& strHelp) {
-    return app.add_flag(strName, strHelp);
+    return app.add_flag(strName)->description(strHelp);
   }
 
   static CLI::Option* AddName(CLI::App& app, const std::string& strName, std::string& strValue, Names names,
@@ -157,7 +150,7 @@ class CPlotCommand final : public CCommand {
     }
     for (const auto& [pOption, kinds] : m_limits) {
       if (pOption->count() > 0 && std::ranges::find(kinds, m_plot.kind) == kinds.end())
-        return pOption->get_name() + ": belongs to " + ListOptions(kinds);
+        return Say(texts::c_optionBelongs, {pOption->get_name(), ListOptions(kinds)});
     }
     if (!m_directions.empty()) m_plot.directions.clear();
     for (const std::string& strAxis : m_directions)
@@ -165,7 +158,7 @@ class CPlotCommand final : public CCommand {
     m_plot.quantity = static_cast<MemberQuantity>(FindName(c_strMemberQuantities, m_strQuantity).value_or(0));
     m_plot.source = static_cast<ForceSource>(FindName(c_strSources, m_strSource).value_or(0));
     if (!m_strView.empty()) m_plot.view = c_views[FindName(c_strViews, m_strView).value_or(0)];
-    if (!m_strFrame.empty() && !(m_plot.frame = ParseFrame(m_strFrame))) return "--frame: not as X=0, Y=6.5 or Z=3";
+    if (!m_strFrame.empty() && !(m_plot.frame = ParseFrame(m_strFrame))) return std::string(Say(texts::c_badFrame));
     return TakeLoads();
   }
 
@@ -174,7 +167,7 @@ class CPlotCommand final : public CCommand {
     m_plot.nCase = ParseInt(m_strLoads);
     if (m_plot.nCase) return "";
     const std::optional<JobCombination> combination = ParseCombination(m_strLoads);
-    if (!combination) return "--loads: neither all, nor a case, nor a combination such as 1.2*0+1.4*1";
+    if (!combination) return std::string(Say(texts::c_badLoads));
     m_plot.combination = *combination;
     return "";
   }
@@ -183,7 +176,7 @@ class CPlotCommand final : public CCommand {
     std::string strList;
     for (const auto& [pOption, kind] : m_kinds) {
       if (std::ranges::find(kinds, kind) != kinds.end())
-        strList += (strList.empty() ? "" : " or ") + pOption->get_name();
+        strList += std::string(strList.empty() ? "" : Say(texts::c_or)) + pOption->get_name();
     }
     return strList;
   }

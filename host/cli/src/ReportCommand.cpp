@@ -1,10 +1,9 @@
 #include <CLI/CLI.hpp>
-#include <map>
 
 #include "Commands.h"
 #include "skyframe/book/CalculationReport.h"
 #include "skyframe/cli/CommandLine.h"
-#include "skyframe/job/Language.h"
+#include "texts.h"
 
 namespace skyframe::host {
 
@@ -12,12 +11,10 @@ namespace {
 
 class CReportCommand final : public CCommand {
  public:
-  explicit CReportCommand(const CommandContext& context)
-      : CCommand("report", "Write the calculation report of a job as HTML", context) {}
+  explicit CReportCommand(const CommandContext& context) : CCommand("report", Say(texts::c_report), context) {}
 
   int Run() override {
     if (IsJobFile(m_strOutput, m_strJobFile)) return RefuseJobFile(m_strOutput);
-    const CLanguageScope language(m_language);
     const JobFile file = ReadJobFile(m_strJobFile);
     PrintProblems(m_strJobFile, file.errors, "");
     if (!file.errors.empty()) return c_nExitBadInput;
@@ -26,15 +23,11 @@ class CReportCommand final : public CCommand {
 
  private:
   void Define(CLI::App& app) override {
-    AddJobFile(app, "Job file (JSON) whose analyses have run");
-    app.add_option("-o,--output", m_strOutput, "HTML file to write")->required();
-    const std::map<std::string, Language> languages = {{"en", Language::English}, {"zh", Language::Chinese}};
-    app.add_option("--lang", m_language, "Language of the report: en or zh (default en)")
-        ->transform(CLI::CheckedTransformer(languages, CLI::ignore_case));
+    AddJobFile(app, Help(texts::c_solvedJob));
+    app.add_option("-o,--output", m_strOutput, Help(texts::c_reportOutput))->required();
   }
 
   std::string m_strOutput;
-  Language m_language = Language::English;
 };
 
 }  // namespace

@@ -62,21 +62,61 @@ inline constexpr Words c_check = {"Validate a job; print counts, profile and mem
                                   "检查作业，列出数量、天际线和内存"};
 
 // plot
-inline constexpr Words c_plot = {"Draw a result of a job as SVG", "把作业的结果画成 SVG 图"};
+inline constexpr Words c_plot = {"Draw a job or its results as SVG", "把作业或其结果画成 SVG 图"};
 inline constexpr Words c_plotJob = {"Job file (JSON) whose analyses have run", "已作过分析的作业文件（JSON）"};
 inline constexpr Words c_plotOutput = {"SVG file to write", "要写的 SVG 文件"};
 inline constexpr Words c_whatToDraw = {"What to draw", "所画的内容"};
 inline constexpr Words c_oneOfThese = {"one of these", "给出且只给出一项"};
 inline constexpr Words c_plotSpectrum = {"Design spectrum with the periods of the modes", "设计谱，标出各阶周期"};
 inline constexpr Words c_plotMode = {"Mode shape, from 1", "振型，从 1 起"};
-inline constexpr Words c_plotNode = {"Displacement history of the node with this id", "该 id 的节点的位移历程"};
-inline constexpr Words c_plotElement = {"Axial-force history of an element, from 1", "单元的轴力历程，从 1 起"};
+inline constexpr Words c_plotNode = {"Displacement history of the node with this id; again for more curves",
+                                     "该 id 的节点的位移历程；可重复给出，画多条曲线"};
+inline constexpr Words c_plotElement = {"Axial-force history of an element, from 1; again for more curves",
+                                        "单元的轴力历程，从 1 起；可重复给出，画多条曲线"};
 inline constexpr Words c_plotDeformed = {"Structure as the static analysis deforms it", "静力分析的变形"};
-inline constexpr Words c_plotDirection = {"X, Y or Z (default X)", "X、Y 或 Z（缺省 X）"};
+inline constexpr Words c_plotForce = {"Diagram of a section force on the members", "杆件内力图"};
+inline constexpr Words c_plotColour = {"Members coloured by a section force; Q, M: resultants of shears, moments",
+                                       "按内力给杆件着色；Q、M 为合剪力、合弯矩"};
+inline constexpr Words c_plotReactions = {"Forces of the supports on the structure", "支座对结构的反力"};
+inline constexpr Words c_plotLoads = {"all, a case, or a combination such as 1.2*0+1.4*1",
+                                      "all（全部）、一个工况，或组合，如 1.2*0+1.4*1"};
+inline constexpr Words c_plotDirection = {"Directions of --node, as X or X,Y (default X)",
+                                          "--node 的方向，如 X 或 X,Y（缺省 X）"};
 inline constexpr Words c_plotNonlinear = {"Of the nonlinear static analysis", "取自非线性静力分析"};
 inline constexpr Words c_plotViewer = {"The result viewer's picture of a history", "与结果窗口相同的历程图"};
-inline constexpr Words c_viewerOnly = {"--viewer: belongs to --node or --element",
-                                       "--viewer：与 --node 或 --element 同用"};
+inline constexpr Words c_plotColoured = {"Members coloured by their displacement", "按位移给杆件着色"};
+inline constexpr Words c_plotOf = {"Whose forces (default linear)", "取自哪种分析（缺省 linear）"};
+inline constexpr Words c_plotAt = {"Time of a history's forces, s", "时程内力的时刻，s"};
+inline constexpr Words c_plotFrame = {"Only members in this plane, as Y=0, seen from before it",
+                                      "只画该平面内的杆件并正视，如 Y=0"};
+inline constexpr Words c_plotView = {"From where (default iso)", "视线方向（缺省 iso）"};
+inline constexpr Words c_plotWithReactions = {"Reactions too", "同时画出支座反力"};
+inline constexpr Words c_plotLocalAxes = {"Local axes of the members: x red, y green, z blue",
+                                          "杆件的局部坐标轴：x 红、y 绿、z 蓝"};
+inline constexpr Words c_plotSections = {"Names of the sections", "截面名称"};
+inline constexpr Words c_optionBelongs = {"{0}: belongs to {1}", "{0}：与 {1} 同用"};
+inline constexpr Words c_or = {" or ", " 或 "};
+inline constexpr Words c_noneOf = {"'{0}' is none of {1}", "“{0}”不是 {1} 之一"};
+inline constexpr Words c_badFrame = {"--frame: not as X=0, Y=6.5 or Z=3", "--frame：应如 X=0、Y=6.5 或 Z=3"};
+inline constexpr Words c_badLoads = {"--loads: neither all, nor a case, nor a combination such as 1.2*0+1.4*1",
+                                     "--loads：既不是 all、工况，也不是组合（如 1.2*0+1.4*1）"};
+
+// report
+inline constexpr Words c_report = {"Write the calculation report of a job as HTML", "写出作业的计算书（HTML）"};
+inline constexpr Words c_solvedJob = {"Job file (JSON) whose analyses have run", "已作过分析的作业文件（JSON）"};
+inline constexpr Words c_reportOutput = {"HTML file to write", "要写的 HTML 文件"};
+
+// compare
+inline constexpr Words c_compare = {"Print the largest differences between the results of two jobs",
+                                    "列出两个作业的结果的最大差别"};
+inline constexpr Words c_compareOther = {"Job file (JSON) of the results to compare with",
+                                         "与之比较的作业文件（JSON）"};
+inline constexpr Words c_tolerance = {"Largest relative difference that passes", "允许的最大相对差"};
+inline constexpr Words c_equal = {"the same", "相同"};
+inline constexpr Words c_twoValues = {"{0} and {1}", "{0} 和 {1}"};
+inline constexpr Words c_aboveTolerance = {"above the tolerance", "超过容差"};
+inline constexpr Words c_allWithin = {"No difference is above the tolerance {0}.", "没有超过容差 {0} 的差别。"};
+inline constexpr Words c_someAbove = {"There are differences above the tolerance {0}.", "有超过容差 {0} 的差别。"};
 
 // table
 inline constexpr Words c_writeTable = {"Write results of a job as a table (CSV)", "把作业的结果写成表格（CSV）"};
@@ -140,21 +180,15 @@ inline constexpr Words c_helpParts[] = {
     {"\nSubcommands:\n{0}", "\n命令：\n{0}"},
     {"[Option Group: {0}]\n  {1} \n  [Exactly 1 of the following options is required]\n  {2}", "{0}（{1}）\n  {2}"},
 };
-/// What stands behind the name of an option.
-inline constexpr Words c_optionParts[] = {
-    {"{0} Needs: {1}", "{0} 须有 {1}"},
-    {"{0} Excludes: {1}", "{0} 不与 {1} 同用"},
-    {"{0} REQUIRED{1}", "{0} 必需{1}"},
-};
-/// Kinds of values.
-inline constexpr Words c_valueKinds[] = {
-    {"TEXT", "文本"},
-    {"INT", "整数"},
-    {"FLOAT", "数"},
-    {"INT:INT in [{0} - {1}]", "整数 {0}…{1}"},
-    {"FLOAT:FLOAT in [{0} - {1}]", "数 {0}…{1}"},
-    {"TEXT:{{0}}", "{{0}}"},
-};
+/// Kinds of values that an option takes.
+inline constexpr Words c_textKind = {"TEXT", "文本"};
+inline constexpr Words c_countKind = {"N", "整数"};
+inline constexpr Words c_numberKind = {"NUMBER", "数"};
+/// What stands behind the meaning of an option.
+inline constexpr Words c_isRequired = {"required", "必需"};
+inline constexpr Words c_byDefault = {"default {0}", "缺省 {0}"};
+inline constexpr Words c_goesWith = {"with {0}", "与 {0} 同用"};
+inline constexpr Words c_goesNotWith = {"not with {0}", "不与 {0} 同用"};
 
 }  // namespace skyframe::host::cli::texts
 

@@ -2,11 +2,14 @@
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QDesktopServices>
 #include <QDropEvent>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QMessageBox>
 #include <QMimeData>
+#include <QPrintDialog>
+#include <QPrinter>
 #include <QPushButton>
 #include <QStatusBar>
 #include <QTimer>
@@ -19,10 +22,12 @@
 
 #include "ErrorDialog.h"
 #include "ShapeTitle.h"
+#include "skyframe/book/CalculationReport.h"
 #include "skyframe/connect/Findings.h"
 #include "skyframe/gui/GeneratorDialog.h"
 #include "skyframe/platform/OutputFile.h"
 #include "skyframe/qt/Font.h"
+#include "skyframe/qt/QtTranslation.h"
 #include "skyframe/results/Histories.h"
 #include "skyframe/run/PrefillPlatform.h"
 #include "table_texts.h"
@@ -100,7 +105,12 @@ CMainWindow::CMainWindow(const QString& strSettingsFile)
   m_document.jobOpened.Connect([this] { ShowStructure(); });
   m_document.analysesChanged.Connect([this] { ShowTitle(); });
   m_document.resultsChanged.Connect([this] { ShowTitle(); });
-  m_document.OnLanguage([this] { ShowTitle(); });
+  m_document.OnLanguage([this] {
+    const bool bChinese = host::GetLanguage() == host::Language::Chinese;
+    UseQtTranslation(bChinese ? "zh_CN" : "en");
+    m_platform.SetTipLanguage(bChinese ? TipLanguage::Chinese : TipLanguage::English);
+    ShowTitle();
+  });
   m_platform.SetConsoleSink([this](std::string_view strText) { AppendConsole(strText); });
   SetFontScale(m_pSettings->value(c_strFontKey, 100).toInt() / 100.0);
   resize(1280, 820);
@@ -154,6 +164,9 @@ void CMainWindow::MakeFileMenu() {
     OnSaveAs();
   })->setShortcut(QKeySequence::SaveAs);
   AddJobAction(menu, texts::c_savePicture, texts::c_savePictureTip, "picture", [this] { OnSavePicture(); });
+  AddJobAction(menu, texts::c_report, texts::c_reportTip, "report", [this] { OnReport(); });
+  AddJobAction(menu, texts::c_print, texts::c_printTip, "print", [this] { OnPrint(); })
+      ->setShortcut(QKeySequence::Print);
   menu.addSeparator();
   m_make.AddAction(menu, texts::c_quit, texts::c_quitTip, "quit", [this] { close(); })->setShortcut(QKeySequence::Quit);
 }
@@ -498,6 +511,27 @@ void CMainWindow::OnSavePicture() {
   dialog.selectFile(QFileInfo(ToQt(strName)).fileName());
   if (dialog.exec() != QDialog::Accepted || m_view.grab().save(dialog.selectedFiles().constFirst(), "PNG")) return;
   m_platform.ShowMessage(Say(texts::c_pictureFailed));
+}
+
+void CMainWindow::OnReport() {
+  const QString strName = ToQt(m_document.GetJobPath()) + QStringLiteral("_report.html");
+  QFileDialog dialog(this, ToQt(Say(texts::c_reportTitle)), strName, ToQt(Say(texts::c_reportFilter)));
+  dialog.setAcceptMode(QFileDialog::AcceptSave);
+  dialog.setDefaultSuffix(QStringLiteral("html"));
+  dialog.selectFile(QFileInfo(strName).fileName());
+  if (dialog.exec() != QDialog::Accepted) return;
+  const QString strFile = dialog.selectedFiles().constFirst();
+  COutputFile file(strFile.toStdString());
+  file.GetStream() << host::WriteReport(m_document.GetJob(), m_document.GetJobPath(), m_document.GetWarnings());
+  if (!file.Commit()) return m_platform.ShowMessage(Say(texts::c_reportFailed, {file.GetError()}));
+  QDesktopServices::openUrl(QUrl::fromLocalFile(strFile));
+}
+
+void CMainWindow::OnPrint() {
+  QPrinter printer(QPrinter::HighResolution);
+  printer.setPageOrientation(QPageLayout::Landscape);
+  printer.setDocName(windowTitle());
+  if (QPrintDialog(&printer, this).exec() == QDialog::Accepted) m_view.Print(printer);
 }
 
 void CMainWindow::OnAbout() {

@@ -4,6 +4,7 @@
 #include <QFontInfo>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QPrinter>
 #include <QToolTip>
 #include <QWheelEvent>
 #include <algorithm>
@@ -171,6 +172,17 @@ double CStructureView::GetPhaseFactor() const {
 void CStructureView::paintEvent(QPaintEvent* /*pEvent*/) {
   QPainter painter(this);
   painter.setRenderHint(QPainter::Antialiasing, !IsLarge());
+  CQtPaintContext paint(painter);
+  Paint(paint);
+}
+
+void CStructureView::Print(QPrinter& printer) const {
+  QPainter painter(&printer);
+  const QRect page = painter.viewport();
+  const QSize size = rect().size().scaled(page.size(), Qt::KeepAspectRatio);
+  painter.setViewport(page.x(), page.y(), size.width(), size.height());
+  painter.setWindow(rect());
+  painter.setRenderHint(QPainter::Antialiasing);
   CQtPaintContext paint(painter);
   Paint(paint);
 }

@@ -23,8 +23,16 @@ inline constexpr Words c_saveTip = {"Write the job with its analyses", "保存�
 inline constexpr Words c_saveAs = {"Save &as…", "另存为(&A)…"};
 inline constexpr Words c_saveAsTip = {"Write the job to another file", "把作业保存为另一文件"};
 inline constexpr Words c_recent = {"Recent &files", "最近的文件(&T)"};
-inline constexpr Words c_savePicture = {"Save &picture…", "保存图片(&P)…"};
+inline constexpr Words c_savePicture = {"Save &picture…", "保存图片(&I)…"};
 inline constexpr Words c_savePictureTip = {"Save the drawing as a PNG picture", "把图形保存为 PNG 图片"};
+inline constexpr Words c_report = {"Calculation &report…", "计算书(&B)…"};
+inline constexpr Words c_reportTip = {"Write the calculation report as a page for browser and printer",
+                                      "生成可供浏览和打印的计算书"};
+inline constexpr Words c_reportTitle = {"Save calculation report", "保存计算书"};
+inline constexpr Words c_reportFilter = {"Web pages (*.html)", "网页 (*.html)"};
+inline constexpr Words c_reportFailed = {"The report could not be written: {0}", "计算书无法保存：{0}"};
+inline constexpr Words c_print = {"Prin&t drawing…", "打印图形(&P)…"};
+inline constexpr Words c_printTip = {"Print the drawing as it is shown", "打印当前显示的图形"};
 inline constexpr Words c_quit = {"&Quit", "退出(&X)"};
 inline constexpr Words c_quitTip = {"Close the program", "关闭程序"};
 

@@ -110,9 +110,13 @@ class CFieldReader {
   void Visit(const Field& field, std::vector<JobImpulse>& impulses) {
     for (CJobObject& entry : m_object.Objects(field.strKey, Need::Required)) impulses.push_back(ReadImpulse(entry));
   }
+  void Visit(const Field& field, JobOutputs& outputs);
 
  private:
   [[nodiscard]] JobImpulse ReadImpulse(CJobObject& object) const;
+  /// Host number of the member "node"; 0 without one.
+  [[nodiscard]] int ReadNode(CJobObject& object) const;
+  [[nodiscard]] std::vector<int> ReadOutputElements(CJobObject& members) const;
 
   CJobObject& m_object;
   const AnalysisContext& m_context;
@@ -150,15 +154,53 @@ void CFieldReader::Visit(const Field& field, JobAxes& axes) {
 
 JobImpulse CFieldReader::ReadImpulse(CJobObject& object) const {
   JobImpulse impulse;
-  if (const std::optional<int> nId = object.Integer("node", Need::Required)) {
-    const auto it = m_context.numberOfId.find(*nId);
-    if (it == m_context.numberOfId.end()) object.Error("node", Say(texts::c_noSuchNode, {std::to_string(*nId)}));
-    impulse.nNode = it == m_context.numberOfId.end() ? 0 : it->second;
-  }
+  impulse.nNode = ReadNode(object);
   impulse.nDirection = object.Word("direction", Need::Required, c_strAxes).value_or(0);
   impulse.dPeak = object.Number("peak", Need::Required).value_or(0.0);
   object.ReportUnknownKeys();
   return impulse;
+}
+
+int CFieldReader::ReadNode(CJobObject& object) const {
+  const std::optional<int> nId = object.Integer("node", Need::Required);
+  if (!nId) return 0;
+  const auto it = m_context.numberOfId.find(*nId);
+  if (it != m_context.numberOfId.end()) return it->second;
+  object.Error("node", Say(texts::c_noSuchNode, {std::to_string(*nId)}));
+  return 0;
+}
+
+void CFieldReader::Visit(const Field& field, JobOutputs& outputs) {
+  std::optional<CJobObject> members = m_object.Object(field.strKey, Need::Optional);
+  if (!members) return;
+  for (CJobObject& entry : members->Objects("nodes", Need::Optional)) {
+    const JobOutputNode node = {ReadNode(entry), entry.Word("direction", Need::Required, c_strAxes).value_or(0)};
+    entry.ReportUnknownKeys();
+    if (node.nNode > 0 && std::ranges::count(outputs.nodes, node.nNode, &JobOutputNode::nNode) > 0) {
+      entry.Error("node", Say(texts::c_listedTwice, {std::to_string(*entry.Integer("node", Need::Required))}));
+    }
+    outputs.nodes.push_back(node);
+  }
+  outputs.elements = ReadOutputElements(*members);
+  members->ReportUnknownKeys();
+}
+
+std::vector<int> CFieldReader::ReadOutputElements(CJobObject& members) const {
+  constexpr std::string_view c_strKey = "elements";
+  std::vector<int> elements;
+  const Json* const pArray = members.Array(c_strKey, Need::Optional);
+  if (pArray == nullptr) return elements;
+  for (const Json& value : *pArray) {
+    const double dNumber = value.is_number_integer() ? value.get<double>() : 0.0;
+    const int nElement = dNumber >= 1.0 && dNumber <= m_context.nElements ? static_cast<int>(dNumber) : 0;
+    if (nElement == 0) {
+      members.Error(c_strKey, Say(texts::c_elementNumbers, {std::to_string(m_context.nElements)}));
+    } else if (std::ranges::count(elements, nElement) > 0) {
+      members.Error(c_strKey, Say(texts::c_elementTwice, {std::to_string(nElement)}));
+    }
+    elements.push_back(nElement);
+  }
+  return elements;
 }
 
 std::optional<JobAnalysis> ReadTimeHistory(CJobObject& object, const AnalysisContext& context) {

@@ -10,6 +10,7 @@ namespace skyframe::host {
 /// What an analysis of a job may refer to.
 struct AnalysisContext {
   int nHighestCase = 0;
+  int nElements = 0;
   const std::unordered_map<int, int>& numberOfId;  ///< host number by node id
 };
 

@@ -55,6 +55,15 @@ class CFieldWriter {
                       {"peak", impulse.dPeak}});
     }
   }
+  void Visit(const Field& field, const JobOutputs& outputs) {
+    if (outputs.IsEmpty()) return;
+    Json& members = m_object[field.strKey] = Json::object();
+    for (const JobOutputNode& node : outputs.nodes) {
+      members["nodes"].push_back({{"node", m_job.nodes[static_cast<std::size_t>(node.nNode) - 1].nId},
+                                  {"direction", c_strAxes[static_cast<std::size_t>(node.nDirection)]}});
+    }
+    if (!outputs.elements.empty()) members["elements"] = outputs.elements;
+  }
 
  private:
   Json& m_object;

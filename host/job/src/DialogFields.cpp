@@ -74,6 +74,7 @@ class CContentReader {
                           ParseReal(row.at(2)).value_or(0.0)});
     }
   }
+  void Visit(const Field& /*field*/, const JobOutputs& /*outputs*/) {}
 
  private:
   /// Nothing of a control that cannot be changed.

@@ -114,4 +114,9 @@ void CFieldLister::Visit(const Field& field, const std::vector<JobImpulse>& /*im
   m_entries.back().bRequired = true;
 }
 
+void CFieldLister::Visit(const Field& field, const JobOutputs& /*outputs*/) {
+  const Json node = ObjectType({{"node", IntegerType()}, {"direction", WordType(c_strAxes)}}, {"node", "direction"});
+  Add(field, ObjectType({{"nodes", ArrayType(node)}, {"elements", ArrayType(IntegerType(1))}}));
+}
+
 }  // namespace skyframe::host

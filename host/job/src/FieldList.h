@@ -67,6 +67,7 @@ class CFieldLister {
   void Visit(const Field& field, const JobPeaks& peaks);
   void Visit(const Field& field, const JobAxes& axes);
   void Visit(const Field& field, const std::vector<JobImpulse>& impulses);
+  void Visit(const Field& field, const JobOutputs& outputs);
 
  private:
   CFieldLister(int nDialog, Json defaults) : m_layout(*FindDialogTemplate(nDialog)), m_defaults(std::move(defaults)) {}

@@ -213,7 +213,8 @@ class CJobParser {
   }
 
   void ReadAnalyses() {
-    const AnalysisContext context{m_bCasesKnown ? m_job.GetHighestCase() : c_nLoadTypes - 1, m_numberOfId};
+    const AnalysisContext context{m_bCasesKnown ? m_job.GetHighestCase() : c_nLoadTypes - 1,
+                                  static_cast<int>(m_job.elements.size()), m_numberOfId};
     ForEach("analyses", Need::Optional, [this, &context](CJobObject& object) {
       if (auto analysis = ReadAnalysis(object, context)) m_job.analyses.push_back(*std::move(analysis));
     });

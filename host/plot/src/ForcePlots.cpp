@@ -86,7 +86,8 @@ bool ChooseFrame(CPlotSource& source, const PlotRequest& request, StructurePictu
   constexpr std::array<ViewDirection, 3> c_views = {c_sideView, c_frontView, c_planView};
   constexpr double c_dSamePlace = 1.0e-3;  // m
   if (request.frame) {
-    const auto [nAxis, dAt] = *request.frame;
+    const int nAxis = request.frame->nAxis;
+    const double dAt = request.frame->dAt;
     std::vector<bool> members;
     const auto isThere = [&](int nNode) {
       return std::abs(GetCoordinate(picture.scene.GetPlace(nNode), nAxis) - dAt) < c_dSamePlace;

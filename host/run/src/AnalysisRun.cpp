@@ -34,10 +34,32 @@ struct HiddenFields {
     analysis.nPseudoLoad = former.nPseudoLoad;
   }
   template <class A, class B>
-  void operator()(A& /*analysis*/, const B& /*former*/) const {}
+  void operator()(A& analysis, const B& former) const {
+    if constexpr (requires { analysis.outputs = former.outputs; }) analysis.outputs = former.outputs;
+  }
 };
 
-/// bCalm: every step of the dialogs was taken.
+/// The histories that a job wants in files of their own; unseen, on a platform that runs scripts alone.
+bool WriteOutputs(CSession& session, const JobAnalysis& analysis, CHostPlatform& platform) {
+  if (GetFindings(GetKind(analysis)).status != RunStatus::Done) return true;
+  return std::visit(
+      [&](const auto& parameters) {
+        if constexpr (requires { parameters.outputs; }) return session.WriteOutputs(parameters.outputs, platform);
+        return true;
+      },
+      analysis);
+}
+
+/// Likewise between windows, which show what went wrong.
+bool WriteOutputsUnseen(CSession& session, const JobAnalysis& analysis, IPlatform& windows, std::ostream& console) {
+  CHostPlatform platform(console, console);
+  const CInstalledPlatform installed(platform);
+  const bool bWritten = WriteOutputs(session, analysis, platform);
+  for (const std::string& strMessage : platform.GetMessages()) windows.ShowMessage(strMessage);
+  return bWritten;
+}
+
+/// bCalm: every step of the dialogs was taken, and all outputs were written.
 AnalysisRun Conclude(const CSession& session, AnalysisKind kind, std::optional<JobAnalysis> analysis,
                      const CHostPlatform& platform, bool bCalm) {
   const RunFindings& findings = GetFindings(kind);
@@ -58,7 +80,9 @@ std::string_view GetName(const JobAnalysis& analysis) { return Say(std::visit(Na
 AnalysisRun RunScripted(CSession& session, const JobAnalysis& analysis, CHostPlatform& platform) {
   const CInstalledPlatform installed(platform);
   session.Run(analysis, platform);
-  return Conclude(session, GetKind(analysis), analysis, platform, !platform.HasUnusedScripts());
+  const bool bCalm = !platform.HasUnusedScripts();
+  const bool bWritten = WriteOutputs(session, analysis, platform);
+  return Conclude(session, GetKind(analysis), analysis, platform, bCalm && bWritten);
 }
 
 AnalysisRun RunInDialogs(CSession& session, AnalysisKind kind, const JobAnalysis* pValues, IPlatform& windows,
@@ -69,7 +93,8 @@ AnalysisRun RunInDialogs(CSession& session, AnalysisKind kind, const JobAnalysis
   std::optional<JobAnalysis> confirmed = platform.GetConfirmed();
   if (confirmed && pValues != nullptr) std::visit(HiddenFields{}, *confirmed, *pValues);
   if (!confirmed && pValues != nullptr) confirmed = *pValues;
-  return Conclude(session, kind, std::move(confirmed), platform, true);
+  const bool bWritten = !confirmed || WriteOutputsUnseen(session, *confirmed, windows, console);
+  return Conclude(session, kind, std::move(confirmed), platform, bWritten);
 }
 
 }  // namespace skyframe::host

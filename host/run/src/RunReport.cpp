@@ -58,9 +58,10 @@ void PrintConditioning(const Job& job, const Conditioning& conditioning, std::os
             out);
 }
 
-void PrintFiles(const RunFindings& findings, std::ostream& out) {
+void PrintFiles(const CSession& session, AnalysisKind kind, std::ostream& out) {
+  const RunFindings& findings = GetFindings(kind);
   if (findings.status == RunStatus::Done) PrintLine(Say(texts::c_time), Format("%.2f s", findings.dSeconds), out);
-  for (const std::string& strPath : findings.files) {
+  for (const std::string& strPath : session.GetFiles(kind)) {
     std::error_code error;
     const std::uintmax_t nBytes = std::filesystem::file_size(ToFilePath(strPath), error);
     PrintLine(Say(texts::c_file), Say(texts::c_bytes, {EscapeControls(strPath), std::to_string(nBytes)}), out);
@@ -86,7 +87,7 @@ RunReport ReportRun(const CSession& session, AnalysisKind kind, bool bCountModes
   if (bCount) PrintModeCount(count, out);
   PrintConditioning(session.GetJob(), findings.conditioning, out);
   for (const Advice& advice : report.advice) out << "  " << EscapeControls(FormatAdvice(advice)) << '\n';
-  PrintFiles(findings, out);
+  PrintFiles(session, kind, out);
   report.strSummary = out.str();
   return report;
 }

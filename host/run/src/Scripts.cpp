@@ -71,6 +71,7 @@ class CScriptBuilder {
       Click(c_nIdImpulseInsert);
     }
   }
+  void Visit(const Field& /*field*/, const JobOutputs& /*outputs*/) {}
 
  private:
   void Enter(int nControl, bool bOn, bool /*bLowest*/ = false) { m_steps.push_back(DialogStep::Tick(nControl, bOn)); }

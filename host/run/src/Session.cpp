@@ -10,8 +10,23 @@
 #include "skyframe/job/DialogFields.h"
 #include "skyframe/run/Scripts.h"
 #include "skyframe/values/DialogIds.h"
+#include "skyframe/values/ResultFiles.h"
 
 namespace skyframe::host {
+
+namespace {
+
+/// What a person does in the viewer to choose it.
+std::vector<DialogStep> ChooseHistory(const HistoryChoice& curve) {
+  const bool bElement = curve.nQuantity == c_nHistoryForce;
+  std::vector<DialogStep> steps = {
+      DialogStep::Choose(bElement ? c_nIdElementHistory : c_nIdNodeHistory),
+      DialogStep::Type(bElement ? c_nIdHistoryElement : c_nIdHistoryNode, std::to_string(curve.nNumber))};
+  if (!bElement) steps.push_back(DialogStep::Choose(c_nIdHistoryX + curve.nQuantity));
+  return steps;
+}
+
+}  // namespace
 
 AnalysisKind GetKind(const JobAnalysis& analysis) {
   if (std::holds_alternative<StaticJob>(analysis)) return AnalysisKind::Static;
@@ -41,6 +56,7 @@ CSession::CSession(Job job, std::string strJobPath)
     : m_job(std::move(job)), m_strJobPath(std::move(strJobPath)), m_nKeptBefore(skyframe::GetHistories().nKept) {}
 
 const RunFindings& CSession::Run(AnalysisKind kind) {
+  if (kind == AnalysisKind::TimeHistory) m_outputs.clear();
   switch (kind) {
     case AnalysisKind::Static:
       CModeConnect::OnStaticNonlinearSol();
@@ -74,17 +90,41 @@ const RunFindings& CSession::Run(const JobAnalysis& analysis, CHostPlatform& pla
 void CSession::ShowHistories() { CModeConnect::OnTimeHistoryRes(); }
 
 bool CSession::PaintViewer(const HistoryChoice& curve, CHostPlatform& platform, IPaintContext& paint) {
-  const bool bElement = curve.nQuantity == c_nHistoryForce;
-  std::vector<DialogStep> steps = {
-      DialogStep::Choose(bElement ? c_nIdElementHistory : c_nIdNodeHistory),
-      DialogStep::Type(bElement ? c_nIdHistoryElement : c_nIdHistoryNode, std::to_string(curve.nNumber))};
-  if (!bElement) steps.push_back(DialogStep::Choose(c_nIdHistoryX + curve.nQuantity));
+  std::vector<DialogStep> steps = ChooseHistory(curve);
   steps.push_back(DialogStep::Click(c_nIdRefresh));
   steps.push_back(DialogStep::Draw(paint));
   platform.Clear();
   platform.AddScript(c_nIdHisResultDlg, std::move(steps));
   ShowHistories();
   return platform.GetMessages().empty() && platform.GetScriptErrors().empty();
+}
+
+bool CSession::WriteOutputs(const JobOutputs& outputs, CHostPlatform& platform) {
+  const auto write = [&](const HistoryChoice& curve, std::string_view strSuffix) {
+    std::vector<DialogStep> steps = ChooseHistory(curve);
+    steps.push_back(DialogStep::Click(c_nIdOutput));
+    steps.push_back(DialogStep::Ok());
+    platform.AddScript(c_nIdHisResultDlg, std::move(steps));
+    const std::size_t nMessages = platform.GetMessages().size();
+    ShowHistories();
+    if (platform.GetMessages().size() > nMessages || !platform.GetScriptErrors().empty()) return false;
+    m_outputs.push_back(m_strJobPath + "_" + std::to_string(curve.nNumber) + std::string(strSuffix));
+    return true;
+  };
+  bool bGood = true;
+  for (const JobOutputNode& node : outputs.nodes) {
+    bGood = write({c_nHistoryX + node.nDirection, node.nNode}, suffix::c_strNodeHistory) && bGood;
+  }
+  for (const int nElement : outputs.elements) {
+    bGood = write({c_nHistoryForce, nElement}, suffix::c_strElementHistory) && bGood;
+  }
+  return bGood;
+}
+
+std::vector<std::string> CSession::GetFiles(AnalysisKind kind) const {
+  std::vector<std::string> files = GetFindings(kind).files;
+  if (kind == AnalysisKind::TimeHistory) files.insert(files.end(), m_outputs.begin(), m_outputs.end());
+  return files;
 }
 
 const HistorySet& CSession::GetHistories() const {

@@ -151,7 +151,7 @@ std::string CStamps::Write() const {
 std::string StampResults(const CSession& session, const JobAnalysis& analysis, const RunReport& report) {
   const std::string& strJobPath = session.GetJobPath();
   ResultStamp stamp;
-  for (const std::string& strFile : GetFindings(GetKind(analysis)).files) {
+  for (const std::string& strFile : session.GetFiles(GetKind(analysis))) {
     const std::optional<std::uintmax_t> nBytes = MeasureFile(strFile);
     if (nBytes && strFile.starts_with(strJobPath)) stamp.files[strFile.substr(strJobPath.size())] = *nBytes;
   }

@@ -155,7 +155,8 @@ void CResultPainter::AddValues(const Ordinates& ordinates, const ForceExtremes& 
 void CResultPainter::PaintColours(std::span<const ColouredLine> lines, const CColourScale& scale, double dWidth) {
   const double dLevel = (scale.GetHigh() - scale.GetLow()) / c_nColourLevels;
   for (std::size_t i = 0; i < lines.size(); ++i) {
-    const auto& [line, values] = lines[i];
+    const MemberLine& line = lines[i].line;
+    const std::vector<double>& values = lines[i].values;
     if (!m_shown.HasMember(i) || line.empty()) continue;
     const auto getLevel = [&](std::size_t k) { return std::round(0.5 * (values[k] + values[k + 1]) / dLevel); };
     std::vector<PaintPoint> points = {ToScreen(line.front())};

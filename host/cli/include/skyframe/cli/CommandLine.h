@@ -10,6 +10,7 @@ namespace skyframe::host {
 /// Exit statuses.
 inline constexpr int c_nExitGood = 0;
 inline constexpr int c_nExitAnalysisFailed = 1;  ///< an analysis has no result that can be used, or output was lost
+inline constexpr int c_nExitDifferent = 1;       ///< compare: a difference is above the tolerance
 inline constexpr int c_nExitBadInput = 2;        ///< wrong arguments or job file; nothing was written
 inline constexpr int c_nExitWarned = 3;          ///< all went well, but with a warning where none is allowed
 

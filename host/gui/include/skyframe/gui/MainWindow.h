@@ -71,6 +71,8 @@ class CMainWindow : public QMainWindow {
   /// Asks whether to save changed analyses; false: go on with what was.
   bool MayLeaveJob();
   void OnSavePicture();
+  void OnReport();
+  void OnPrint();
   void OnAbout();
 
   /// Runs an analysis in its dialogs, filled in with those values when there are any.

@@ -20,6 +20,8 @@
 #include "skyframe/scene/Scene.h"
 #include "skyframe/scene/ScenePainter.h"
 
+class QPrinter;
+
 namespace skyframe::gui {
 
 /// What is drawn besides the members.
@@ -82,6 +84,9 @@ class CStructureView : public QWidget {
   [[nodiscard]] double GetMagnification() const;
   /// Part of the extreme that is drawn now: -1..1 for a mode, 0..1 for a state.
   [[nodiscard]] double GetPhaseFactor() const;
+
+  /// What is drawn now, as large as the page lets it.
+  void Print(QPrinter& printer) const;
 
   [[nodiscard]] QSize sizeHint() const override;
 

@@ -11,9 +11,10 @@ namespace skyframe::host {
 // Every parameter of an analysis, once: key of the job file, control of the dialog, meaning, member, limits or words.
 // What reads, writes, scripts or describes analyses is a visitor of these functions.
 //
-// Exceptions, by their type: the cases of a combination, the rows of the impulse list, the axes and the peaks of a
-// ground motion. Keys without a control are the host's own (verify_modes) or go to its record, because the dialog's
-// control is always disabled (virtual_mode, pseudo_load). Rules between fields stand with the reader.
+// Exceptions, by their type: the cases of a combination, the rows of the impulse list, the histories to
+// write, the axes and the peaks of a ground motion. Keys without a control are the host's own (verify_modes) or go to
+// its record, because the dialog's control is always disabled (virtual_mode, pseudo_load), or to the viewer (outputs).
+// Rules between fields stand with the reader.
 
 /// What a parameter is called in a job file, in its dialog and in the manuals.
 struct Field {
@@ -85,6 +86,15 @@ void VisitMass(V& v, A& a, int nButton) {
           a.combination);
 }
 
+template <class V, class A>
+void VisitOutputs(V& v, A& a) {
+  v.Visit({"outputs",
+           {},
+           "histories written after the run: nodes (id, direction), elements (number)",
+           "运行后写出的时程：节点（`id`、方向）、单元（号码）"},
+          a.outputs);
+}
+
 template <class V>
 void VisitFields(V& v, StaticJob& a) {
   VisitEquilibrium(v, a);
@@ -151,6 +161,7 @@ void VisitFields(V& v, WilsonJob& a) {
   v.Visit({"nonlinear", {c_nIdNonlinear}, "no effect", "不起作用"}, a.bNonlinear);
   v.Visit({"peaks", {c_nIdPeakX, c_nIdPeakY, c_nIdPeakZ, c_nIdPeakOblique}, "no effect", "不起作用", "m/s²"}, a.peaks);
   v.Visit({"combination", {c_nIdLoadComb}, "no effect", "不起作用"}, a.combination);
+  VisitOutputs(v, a);
 }
 
 template <class V>
@@ -211,6 +222,7 @@ void VisitFields(V& v, NewmarkJob& a) {
           a.generalLoad);
   v.Visit({"earthquake", {c_nIdEarthquake}, "ground motion", "地面运动"}, a.earthquake);
   VisitMass(v, a, c_nIdLoadComb);
+  VisitOutputs(v, a);
 }
 
 }  // namespace skyframe::host

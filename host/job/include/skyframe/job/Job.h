@@ -152,6 +152,24 @@ using JobAxes = std::array<bool, 3>;
 /// Peaks X, Y, Z, oblique.
 using JobPeaks = std::array<std::optional<double>, 4>;
 
+struct JobOutputNode {
+  int nNode = 0;       ///< host number
+  int nDirection = 0;  ///< 0..2
+
+  bool operator==(const JobOutputNode&) const = default;
+};
+
+/// Histories of a run that are written to files of their own. A file is named after its node or element: none is here
+/// twice.
+struct JobOutputs {
+  std::vector<JobOutputNode> nodes;
+  std::vector<int> elements;  ///< from 1
+
+  [[nodiscard]] bool IsEmpty() const { return nodes.empty() && elements.empty(); }
+
+  bool operator==(const JobOutputs&) const = default;
+};
+
 /// Time history by the Wilson method under the loads of the job's impulse file.
 struct WilsonJob {
   static constexpr std::string_view c_strType = "time_history";
@@ -165,6 +183,7 @@ struct WilsonJob {
   std::optional<bool> bNonlinear;
   JobPeaks peaks;
   JobCombination combination;
+  JobOutputs outputs = {};
 
   bool operator==(const WilsonJob&) const = default;
 };
@@ -231,6 +250,7 @@ struct NewmarkJob {
   std::optional<GeneralLoadJob> generalLoad;
   std::optional<EarthquakeJob> earthquake;
   JobCombination combination;
+  JobOutputs outputs = {};
 
   [[nodiscard]] bool HasGroundMotion() const { return nLoad == 1; }
 

@@ -43,6 +43,10 @@ class CSession {
   /// The picture that the viewer shows of a history; false after a message when its file is damaged or of another
   /// model.
   [[nodiscard]] bool PaintViewer(const HistoryChoice& curve, CHostPlatform& platform, IPaintContext& paint);
+  /// The viewer writes these histories, unseen, to files of their own. False after messages when it cannot.
+  [[nodiscard]] bool WriteOutputs(const JobOutputs& outputs, CHostPlatform& platform);
+  /// Files that the last run of a kind has written, those of WriteOutputs with them.
+  [[nodiscard]] std::vector<std::string> GetFiles(AnalysisKind kind) const;
   /// Histories of this job that the viewer shows: those kept since the session was opened. No steps without one.
   [[nodiscard]] const HistorySet& GetHistories() const;
 
@@ -56,6 +60,7 @@ class CSession {
   std::string m_strJobPath;
   int m_nKeptBefore;  ///< sets of histories that are not of this job
   HistorySet m_none;
+  std::vector<std::string> m_outputs;  ///< files of the last time history that WriteOutputs has written
 };
 
 }  // namespace skyframe::host

@@ -1,0 +1,79 @@
+#include <CLI/CLI.hpp>
+#include <algorithm>
+
+#include "Commands.h"
+#include "skyframe/cli/CommandLine.h"
+#include "skyframe/compare/Compare.h"
+#include "skyframe/job/Language.h"
+#include "skyframe/job/Text.h"
+#include "texts.h"
+
+namespace skyframe::host {
+
+namespace {
+
+class CCompareCommand final : public CCommand {
+ public:
+  explicit CCompareCommand(const CommandContext& context) : CCommand("compare", Say(texts::c_compare), context) {}
+
+  int Run() override {
+    const std::optional<Job> first = LoadJob(m_strJobFile);
+    const std::optional<Job> second = LoadJob(m_strOther);
+    if (!first || !second) return c_nExitBadInput;
+    const Comparison comparison =
+        CompareResults({*first, GetJobPath(m_strJobFile)}, {*second, GetJobPath(m_strOther)}, m_dTolerance);
+    for (const KindComparison& kind : comparison.kinds) Print(kind);
+    if (!comparison.strError.empty()) return Refuse(comparison.strError);
+    if (comparison.HasError()) return c_nExitBadInput;
+    const bool bAbove = comparison.IsAbove();
+    m_out << Say(bAbove ? texts::c_someAbove : texts::c_allWithin, {FormatNumber(m_dTolerance)}) << '\n';
+    return bAbove ? c_nExitDifferent : c_nExitGood;
+  }
+
+ private:
+  void Define(CLI::App& app) override {
+    AddJobFile(app, Help(texts::c_plotJob));
+    app.add_option("other", m_strOther, Help(texts::c_compareOther))->required();
+    app.add_option("--tolerance", m_dTolerance, Help(texts::c_tolerance))
+        ->check(CLI::Range(0.0, 1.0))
+        ->capture_default_str();
+  }
+
+  void Print(const KindComparison& kind) {
+    m_out << Say(kind.kind) << '\n';
+    if (!kind.strNote.empty()) m_out << "  " << kind.strNote << '\n';
+    if (!kind.strError.empty()) (void)Refuse(kind.strError);
+    for (const Difference& difference : kind.differences) {
+      m_out << Format("  %9.2e  %9.2e ", difference.GetRelative(), difference.GetAbsolute()) << Pad(difference.strUnit)
+            << Say(difference.quantity) << ": " << Describe(difference) << '\n';
+    }
+  }
+
+  /// To the width of the longest unit.
+  static std::string Pad(std::string_view strUnit) {
+    constexpr std::ptrdiff_t c_nWidth = 10;
+    const auto nShown = std::ranges::count_if(strUnit, [](char c) { return (c & 0xC0) != 0x80; });
+    return std::string(strUnit) +
+           std::string(static_cast<std::size_t>(std::max(c_nWidth - nShown, std::ptrdiff_t{1})), ' ');
+  }
+
+  static std::string Describe(const Difference& difference) {
+    if (difference.GetAbsolute() == 0.0) return std::string(Say(texts::c_equal));
+    const std::string strValues =
+        Say(texts::c_twoValues, {Format("%.8g", difference.dFirst), Format("%.8g", difference.dSecond)});
+    std::string strText = difference.strPlace.empty() ? strValues : difference.strPlace + ", " + strValues;
+    if (difference.bAbove) strText += "; " + std::string(Say(texts::c_aboveTolerance));
+    return strText;
+  }
+
+  std::string m_strOther;
+  double m_dTolerance = 1.0e-6;
+};
+
+}  // namespace
+
+std::unique_ptr<CCommand> MakeCompareCommand(const CommandContext& context) {
+  return std::make_unique<CCompareCommand>(context);
+}
+
+}  // namespace skyframe::host
