@@ -85,12 +85,12 @@ void WriteRoofCurve(CPage& page, const BookData& book, const HistoryChapter& cha
                                chapter.direction.begin());
   PlotRequest request;
   request.kind = PlotRequest::Kind::Node;
-  request.nNumber = book.job.nodes[FindRoofNode(book, d)].nId;
-  request.nDirection = static_cast<int>(d);
+  request.numbers = {book.job.nodes[FindRoofNode(book, d)].nId};
+  request.directions = {static_cast<int>(d)};
   std::ostringstream err;
   if (const auto strPicture = DrawPlot(book.job, book.strJobPath, request, err)) {
     page.Figure(Tell({"Displacement {0} of node {1} at the top", "顶部节点 {1} 的 {0} 向位移时程"},
-                     {c_strAxes[d], std::to_string(request.nNumber)}),
+                     {c_strAxes[d], std::to_string(request.numbers.front())}),
                 *strPicture, 0.9);
   }
 }

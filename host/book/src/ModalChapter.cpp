@@ -92,7 +92,7 @@ void WriteModePictures(CPage& page, const BookData& book) {
     std::ostringstream err;
     PlotRequest request;
     request.kind = PlotRequest::Kind::Mode;
-    request.nNumber = static_cast<int>(i) + 1;
+    request.nMode = static_cast<int>(i) + 1;
     const auto strPicture = DrawPlot(book.job, book.strJobPath, request, err);
     if (!strPicture) continue;
     page.Figure(Tell({"Mode {0}, T = {1} s", "振型 {0}，T = {1} s"},

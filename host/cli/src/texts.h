@@ -22,6 +22,7 @@ inline constexpr Words c_outputLost = {"cannot write the standard output", "不�
 // All commands.
 inline constexpr Words c_warning = {"warning: ", "警告："};
 inline constexpr Words c_jobFile = {"Job file (JSON)", "作业文件（JSON）"};
+inline constexpr Words c_solvedJob = {"Job file (JSON) whose analyses have run", "已作过分析的作业文件（JSON）"};
 inline constexpr Words c_belongsToJob = {"{0}: belongs to the job; choose another name",
                                          "{0}：属于该作业，请改用其他名称"};
 
@@ -63,7 +64,6 @@ inline constexpr Words c_check = {"Validate a job; print counts, profile and mem
 
 // plot
 inline constexpr Words c_plot = {"Draw a job or its results as SVG", "把作业或其结果画成 SVG 图"};
-inline constexpr Words c_plotJob = {"Job file (JSON) whose analyses have run", "已作过分析的作业文件（JSON）"};
 inline constexpr Words c_plotOutput = {"SVG file to write", "要写的 SVG 文件"};
 inline constexpr Words c_whatToDraw = {"What to draw", "所画的内容"};
 inline constexpr Words c_oneOfThese = {"one of these", "给出且只给出一项"};
@@ -103,7 +103,6 @@ inline constexpr Words c_badLoads = {"--loads: neither all, nor a case, nor a co
 
 // report
 inline constexpr Words c_report = {"Write the calculation report of a job as HTML", "写出作业的计算书（HTML）"};
-inline constexpr Words c_solvedJob = {"Job file (JSON) whose analyses have run", "已作过分析的作业文件（JSON）"};
 inline constexpr Words c_reportOutput = {"HTML file to write", "要写的 HTML 文件"};
 
 // compare

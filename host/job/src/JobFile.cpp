@@ -301,7 +301,8 @@ std::optional<JobAnalysis> ParseAnalysis(std::string_view strText, const Job& jo
   std::unordered_map<int, int> numberOfId;
   for (std::size_t i = 0; i < job.nodes.size(); ++i) numberOfId[job.nodes[i].nId] = static_cast<int>(i) + 1;
   CJobObject object(tree, "", errors);
-  std::optional<JobAnalysis> analysis = ReadAnalysis(object, {job.GetHighestCase(), numberOfId});
+  std::optional<JobAnalysis> analysis =
+      ReadAnalysis(object, {job.GetHighestCase(), static_cast<int>(job.elements.size()), numberOfId});
   return errors.empty() ? analysis : std::nullopt;
 }
 
