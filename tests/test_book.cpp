@@ -6,6 +6,7 @@
 #include "skyframe/connect/Findings.h"
 #include "skyframe/job/JobFile.h"
 #include "skyframe/job/Text.h"
+#include "skyframe/values/SpectrumSite.h"
 
 namespace skyframe::host {
 namespace {
@@ -14,13 +15,20 @@ namespace {
 // (0.618, 1) and (1, -0.618), gamma phi = (0.7236, 1.1708) and (0.2764, -0.1708).
 constexpr double m = 1.0e4, k = 4.0e7;
 
+JobNode MakeNode(double dX, double dZ) {
+  JobNode node;
+  node.dX = dX;
+  node.dZ = dZ;
+  return node;
+}
+
 /// A beam between two columns; between the floors a node that is no floor.
 Job MakeFrame() {
   Job job;
   for (const double dZ : {6.0, 3.0, 0.0}) {
-    for (const double dX : {0.0, 4.0}) job.nodes.push_back({.dX = dX, .dZ = dZ});
+    for (const double dX : {0.0, 4.0}) job.nodes.push_back(MakeNode(dX, dZ));
   }
-  job.nodes.push_back({.dX = 4.0, .dZ = 4.5});
+  job.nodes.push_back(MakeNode(4.0, 4.5));
   job.sections.push_back({});
   for (const auto& [nI, nJ] : {std::pair(1, 2), {3, 4}, {1, 3}, {2, 7}, {7, 4}, {3, 5}, {4, 6}}) {
     job.elements.push_back({c_nBeam, nI, nJ, 0});
@@ -181,7 +189,8 @@ TEST_F(CalculationReport, HoldsWhatTheRunsFound) {
     EXPECT_EQ(strPage.find("Halle <7>"), std::string::npos);
     for (const char* pszForeign : {"http://", "src=", "href=\"http", "nan", "inf<"}) {
       const std::size_t nPlace = strPage.find(pszForeign);
-      if (nPlace != std::string::npos) EXPECT_EQ(strPage.substr(nPlace, 18), "http://www.w3.org/");  // the name of SVG
+      const bool bForeign = nPlace != std::string::npos && strPage.substr(nPlace, 18) != "http://www.w3.org/";  // SVG
+      EXPECT_FALSE(bForeign) << pszForeign;
     }
   }
   ExpectAll(strEnglish, {"Summary of checks", "GB 50011—2010 5.5.1", "of this model", "satisfied"});
@@ -194,7 +203,7 @@ TEST_F(CalculationReport, HoldsWhatTheRunsFound) {
 
 TEST_F(CalculationReport, TellsWhatIsNotThere) {
   m_folder.Write(".json", test::MakeCantilever("111111", ""));
-  ExpectAll(Report("en"), {"Not run: there is no file job.spec", "Nothing was checked", "no storeys"});
+  ExpectAll(Report("en"), {"Not run: there is no file job.spec", "Nothing was checked"});
   m_folder.Write(".mode", "something else");
   ExpectAll(Report("zh"), {"job.mode 无法读取"});
   const auto outcome =

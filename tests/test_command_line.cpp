@@ -242,6 +242,7 @@ TEST_F(CommandLine, SpeaksChineseThroughoutOnRequest) {
       {"run", "--help"},
       {"generate", "--help"},
       {"generate", "building", "--help"},
+      {"plot", "--help"},
       {"report", "--help"},
       {"schema", "--help"},
       {},

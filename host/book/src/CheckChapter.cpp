@@ -13,12 +13,13 @@ namespace {
 struct Clause {
   Words words;
   std::array<std::string_view, c_strEditions.size()> clause;
+  bool bCommentary = false;
 };
 
 Clause GetClause(CheckKind kind) {
   switch (kind) {
     case CheckKind::MassParticipation:
-      return {{"participating mass", "振型参与质量系数"}, {"GB 50011—2001 5.2.2", "GB 50011—2010 5.2.2"}};
+      return {{"participating mass", "振型参与质量系数"}, {"GB 50011—2001 5.2.2", "GB 50011—2010 5.2.2"}, true};
     case CheckKind::ShearWeight:
       return {{"storey shear over weight", "剪重比"}, {"GB 50011—2001 5.2.5", "GB 50011—2010 5.2.5"}};
     case CheckKind::Drift:
@@ -39,14 +40,16 @@ Clause GetClause(CheckKind kind) {
       return {{"mean of the time histories (one record)", "时程法平均值（仅一条波）"},
               {"GB 50011—2001 5.1.2", "GB 50011—2010 5.1.2"}};
     default:
-      return {{"duration of the record", "地震波持续时间"}, {"GB 50011—2001 5.1.2", "GB 50011—2010 5.1.2"}};
+      return {{"duration of the record", "地震波持续时间"}, {"GB 50011—2001 5.1.2", "GB 50011—2010 5.1.2"}, true};
   }
 }
 
 std::string DescribeClause(const Check& check, const JobReport& report) {
   if (!check.limit) return "—";
   if (check.limit->bOwn) return Tell({"stated in the job", "作业文件指定"});
-  return std::string(GetClause(check.kind).clause[static_cast<std::size_t>(CCodeLimits(report).GetEdition())]);
+  const Clause clause = GetClause(check.kind);
+  return std::string(clause.clause[static_cast<std::size_t>(CCodeLimits(report).GetEdition())]) +
+         (clause.bCommentary ? Tell({" (commentary)", "（条文说明）"}) : "");
 }
 
 std::vector<std::string> ListRemarks() {

@@ -62,7 +62,10 @@ std::string FormatKilo(double dValue) {
   return FormatFixed(dKilo, std::abs(dKilo) < c_dLarge ? 1 : 0);
 }
 
-std::string FormatTonnes(double dMass) { return FormatFixed(1.0e-3 * dMass, 1); }
+std::string FormatTonnes(double dMass) {
+  constexpr double c_dSmall = 1.0e4;  // kg
+  return FormatFixed(1.0e-3 * dMass, std::abs(dMass) < c_dSmall ? 3 : 1);
+}
 std::string FormatMillimetres(double dLength) { return FormatFixed(1.0e3 * dLength, 2); }
 std::string FormatPercent(double dShare, int nDecimals) { return FormatFixed(100.0 * dShare, nDecimals); }
 

@@ -30,19 +30,35 @@ double GetPlace(const JobNode& node, std::size_t nAcross) { return nAcross == 0 
 
 const JobNode& GetEnd(const Job& job, int nNode) { return job.nodes[static_cast<std::size_t>(nNode - 1)]; }
 
-/// The plane of a member, which for an upright one is across Y; nothing for one that lies askew.
-std::optional<Frame> FindFrame(const Job& job, std::size_t nMember) {
-  const JobNode& i = GetEnd(job, job.elements[nMember].nNodeI);
-  const JobNode& j = GetEnd(job, job.elements[nMember].nNodeJ);
-  Frame frame;
-  frame.nAcross = std::abs(i.dY - j.dY) <= c_dLevelTolerance ? 1 : 0;
-  frame.dPlace = GetPlace(i, frame.nAcross);
-  if (std::abs(GetPlace(j, frame.nAcross) - frame.dPlace) > c_dLevelTolerance) return std::nullopt;
+double GetLargest(const MemberForces& member) {
+  double dLargest = 0.0;
+  for (const double M : member.Get(MemberQuantity::My)) dLargest = std::max(dLargest, std::abs(M));
+  return dLargest;
+}
+
+/// Whether a member lies across an axis.
+bool IsAcross(const Job& job, const JobElement& element, std::size_t nAcross) {
+  const double dI = GetPlace(GetEnd(job, element.nNodeI), nAcross);
+  return std::abs(GetPlace(GetEnd(job, element.nNodeJ), nAcross) - dI) <= c_dLevelTolerance;
+}
+
+/// The plane, across Y where it can be, of the member with the largest moment of those that do not lie askew.
+std::optional<Frame> FindFrame(const Job& job, const StructureForces& forces) {
+  std::optional<Frame> frame;
+  double dLargest = 0.0;
+  for (std::size_t n = 0; n < job.elements.size(); ++n) {
+    const double M = forces.members[n].Has(MemberQuantity::My) ? GetLargest(forces.members[n]) : 0.0;
+    const std::size_t nAcross = IsAcross(job, job.elements[n], 1) ? 1 : 0;
+    if (M <= dLargest * (1.0 + 1.0e-9) || !IsAcross(job, job.elements[n], nAcross)) continue;
+    dLargest = M;
+    frame = Frame{nAcross, GetPlace(GetEnd(job, job.elements[n].nNodeI), nAcross), {}};
+  }
+  if (!frame) return frame;
   const auto isInPlane = [&](int nNode) {
-    return std::abs(GetPlace(GetEnd(job, nNode), frame.nAcross) - frame.dPlace) <= c_dLevelTolerance;
+    return std::abs(GetPlace(GetEnd(job, nNode), frame->nAcross) - frame->dPlace) <= c_dLevelTolerance;
   };
   for (const JobElement& element : job.elements) {
-    frame.members.push_back(isInPlane(element.nNodeI) && isInPlane(element.nNodeJ));
+    frame->members.push_back(isInPlane(element.nNodeI) && isInPlane(element.nNodeJ));
   }
   return frame;
 }
@@ -66,10 +82,7 @@ CCamera FormCamera(const CScene& scene, const Frame& frame) {
 std::optional<MomentPicture> DrawMoments(const Job& job, const StaticResultFile& file) {
   const Reading<StructureForces> forces = FormMemberForces(file, {job.nodes.size(), job.elements.size()});
   if (!forces) return std::nullopt;
-  const ForceExtremes extremes = FindExtremes(*forces, MemberQuantity::My);
-  if (!extremes.nHighest || !extremes.nLowest || extremes.GetMagnitude() <= 0.0) return std::nullopt;
-  const bool bHighest = std::abs(extremes.dHighest) >= std::abs(extremes.dLowest);
-  const std::optional<Frame> frame = FindFrame(job, bHighest ? *extremes.nHighest : *extremes.nLowest);
+  const std::optional<Frame> frame = FindFrame(job, *forces);
   if (!frame) return std::nullopt;
 
   const CScene scene(job);

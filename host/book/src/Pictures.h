@@ -6,12 +6,12 @@ namespace skyframe::host {
 
 // Pictures of the report's own, as SVG.
 
-/// Diagram of the moments My in the vertical plane that has the largest one.
+/// Diagram of the moments My in the vertical plane across X or Y that has the largest one.
 struct MomentPicture {
   std::string strPlane;  ///< "Y = 5.00 m"
   std::string strSvg;
 };
-/// Nothing without moments, or when the largest one is in a member that lies askew.
+/// Nothing without moments in such a plane.
 [[nodiscard]] std::optional<MomentPicture> DrawMoments(const Job& job, const StaticResultFile& file);
 
 /// Isometric view, two elevations and plan of the model with its supports.

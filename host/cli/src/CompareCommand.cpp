@@ -32,7 +32,7 @@ class CCompareCommand final : public CCommand {
 
  private:
   void Define(CLI::App& app) override {
-    AddJobFile(app, Help(texts::c_plotJob));
+    AddJobFile(app, Help(texts::c_solvedJob));
     app.add_option("other", m_strOther, Help(texts::c_compareOther))->required();
     app.add_option("--tolerance", m_dTolerance, Help(texts::c_tolerance))
         ->check(CLI::Range(0.0, 1.0))

@@ -86,7 +86,7 @@ class CPlotCommand final : public CCommand {
   using Kinds = std::vector<Kind>;
 
   void Define(CLI::App& app) override {
-    AddJobFile(app, Help(texts::c_plotJob));
+    AddJobFile(app, Help(texts::c_solvedJob));
     app.add_option("-o,--output", m_strOutput, Help(texts::c_plotOutput))->required();
     CLI::Option_group& what = *app.add_option_group(Help(texts::c_whatToDraw), Help(texts::c_oneOfThese));
     what.require_option(1);

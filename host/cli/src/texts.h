@@ -22,6 +22,7 @@ inline constexpr Words c_outputLost = {"cannot write the standard output", "不�
 // All commands.
 inline constexpr Words c_warning = {"warning: ", "警告："};
 inline constexpr Words c_jobFile = {"Job file (JSON)", "作业文件（JSON）"};
+inline constexpr Words c_solvedJob = {"Job file (JSON) whose analyses have run", "已作过分析的作业文件（JSON）"};
 inline constexpr Words c_belongsToJob = {"{0}: belongs to the job; choose another name",
                                          "{0}：属于该作业，请改用其他名称"};
 
@@ -63,7 +64,6 @@ inline constexpr Words c_check = {"Validate a job; print counts, profile and mem
 
 // plot
 inline constexpr Words c_plot = {"Draw a job or its results as SVG", "把作业或其结果画成 SVG 图"};
-inline constexpr Words c_plotJob = {"Job file (JSON) whose analyses have run", "已作过分析的作业文件（JSON）"};
 inline constexpr Words c_plotOutput = {"SVG file to write", "要写的 SVG 文件"};
 inline constexpr Words c_whatToDraw = {"What to draw", "所画的内容"};
 inline constexpr Words c_oneOfThese = {"one of these", "给出且只给出一项"};
@@ -103,7 +103,6 @@ inline constexpr Words c_badLoads = {"--loads: neither all, nor a case, nor a co
 
 // report
 inline constexpr Words c_report = {"Write the calculation report of a job as HTML", "写出作业的计算书（HTML）"};
-inline constexpr Words c_solvedJob = {"Job file (JSON) whose analyses have run", "已作过分析的作业文件（JSON）"};
 inline constexpr Words c_reportOutput = {"HTML file to write", "要写的 HTML 文件"};
 
 // compare
@@ -117,6 +116,17 @@ inline constexpr Words c_twoValues = {"{0} and {1}", "{0} 和 {1}"};
 inline constexpr Words c_aboveTolerance = {"above the tolerance", "超过容差"};
 inline constexpr Words c_allWithin = {"No difference is above the tolerance {0}.", "没有超过容差 {0} 的差别。"};
 inline constexpr Words c_someAbove = {"There are differences above the tolerance {0}.", "有超过容差 {0} 的差别。"};
+
+// table
+inline constexpr Words c_writeTable = {"Write results of a job as a table (CSV)", "把作业的结果写成表格（CSV）"};
+inline constexpr Words c_tableKind = {"Table to write", "要写的表格"};
+inline constexpr Words c_tableResult = {"Result it is of (default: the first that is there)",
+                                        "取自哪种分析的结果（缺省：现有的第一种）"};
+inline constexpr Words c_tableMode = {"Mode of a shape, from 1 (default 1)", "振型号，从 1 起（缺省 1）"};
+inline constexpr Words c_tableOutput = {"CSV file to write (default: standard output)",
+                                        "要写的 CSV 文件（缺省：标准输出）"};
+inline constexpr Words c_tableMissing = {"--what {0}: the result has no such table", "--what {0}：该结果没有这个表格"};
+inline constexpr Words c_shapeOnly = {"--mode: belongs to the shape of a mode", "--mode：只用于振型的位移"};
 
 // generate
 inline constexpr Words c_generate = {"Write a job file for a regular structure", "生成规则结构的作业文件"};

@@ -133,9 +133,10 @@ std::string DescribeForces(const PlotRequest& request, const NamedForces& named)
 /// "1 × case 0 + 0.5 × case 2".
 std::string DescribeCombination(const JobCombination& combination) {
   std::string strText;
-  for (const auto& [nCase, dFactor] : combination)
-    strText +=
-        (strText.empty() ? "" : " + ") + Say(texts::c_factorOfCase, {Format("%g", dFactor), std::to_string(nCase)});
+  for (const auto& [nCase, dFactor] : combination) {
+    if (!strText.empty()) strText += " + ";
+    strText += Say(texts::c_factorOfCase, {Format("%g", dFactor), std::to_string(nCase)});
+  }
   return strText;
 }
 
@@ -165,9 +166,10 @@ std::optional<std::string> DrawLoads(CPlotSource& source, const PlotRequest& req
     picture.strSubtitle =
         request.nCase ? Say(texts::c_caseLoads, {std::to_string(*request.nCase)}) : std::string(Say(texts::c_allLoads));
   }
-  if (picture.loads.empty())
+  if (picture.loads.empty()) {
     return source.Refuse(request.nCase ? Say(texts::c_noCase, {std::to_string(*request.nCase)})
                                        : std::string(Say(texts::c_noLoads)));
+  }
   return RenderStructure(source, request, picture);
 }
 
