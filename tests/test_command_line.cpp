@@ -196,7 +196,7 @@ TEST_F(CommandLine, HistoriesAreWrittenOutForEveryMethod) {
 /// English words: four letters and more that are no name, path, option, key in quotes or heading of a command.
 std::string FindEnglish(std::string strText) {
   const std::regex names(
-      R"(\[[a-z-]+\]|"[^"]*"|'[^']*'|--[a-z-]+|用法：.*|[\w.:~\\-]*[/\\_.][\w./\\:~-]*|\n  [a-z]+ )");
+      R"(\[[a-z-]+\]|"[^"]*"|'[^']*'|--[a-z-]+|\w+(\|\w+)+|缺省 \w+|用法：.*|[\w.:~\\-]*[/\\_.][\w./\\:~-]*|\n  [a-z]+ )");
   strText = std::regex_replace(strText, names, "\n");
   const test::Strings known = {"HTML",    "JSON",   "Schema",        "GFLOP", "Sturm", "SRSS",
                                "Newmark", "Wilson", "GroundAccData", "true",  "false"};

@@ -22,11 +22,14 @@ std::string ListChoices(const std::string& strType) {
   return strChoices;
 }
 
-/// What an option takes, without what checks it.
+/// What an option takes: its choices, or a kind of value without what checks it.
 std::string NameType(const std::string& strType) {
   const std::string strChoices = ListChoices(strType);
   if (!strChoices.empty()) return strChoices;
-  const std::string strName = strType.substr(0, strType.find(':'));
+  const std::size_t nColon = strType.find(':');
+  const bool bNames = nColon != std::string::npos && strType.find('|', nColon) != std::string::npos;
+  if (bNames) return strType.substr(nColon + 1);
+  const std::string strName = strType.substr(0, nColon);
   if (strName == "FILE") return std::string(Say(texts::c_fileKind));
   if (strName == "INT") return std::string(Say(texts::c_countKind));
   if (strName == "FLOAT") return std::string(Say(texts::c_numberKind));
