@@ -185,7 +185,7 @@ std::string DrawBaseShear(const BookData& book, const HistoryChapter& chapter) {
   picture.strQuantity = Tell({"base shear V", "基底剪力 V"});
   picture.unit = c_forceUnits.front();
   picture.dTimeStep = book.history.content->dTimeStep;
-  picture.curves = {{"", chapter.shear}};
+  picture.curves.push_back({"", chapter.shear});
   CSvgPaintContext paint(c_chartSize.nWidth, c_chartSize.nHeight);
   PaintHistoryChart(paint, picture);
   return paint.GetDocument();
