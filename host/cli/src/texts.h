@@ -79,17 +79,17 @@ inline constexpr Words c_plotColour = {"Members coloured by a section force; Q, 
                                        "按内力给杆件着色；Q、M 为合剪力、合弯矩"};
 inline constexpr Words c_plotReactions = {"Forces of the supports on the structure", "支座对结构的反力"};
 inline constexpr Words c_plotLoads = {"all, a case, or a combination such as 1.2*0+1.4*1",
-                                      "all（全部）、一个工况，或组合，如 1.2*0+1.4*1"};
+                                      "all（全部工况）、一个工况，或组合，如 1.2*0+1.4*1"};
 inline constexpr Words c_plotDirection = {"Directions of --node, as X or X,Y (default X)",
                                           "--node 的方向，如 X 或 X,Y（缺省 X）"};
 inline constexpr Words c_plotNonlinear = {"Of the nonlinear static analysis", "取自非线性静力分析"};
 inline constexpr Words c_plotViewer = {"The result viewer's picture of a history", "与结果窗口相同的历程图"};
 inline constexpr Words c_plotColoured = {"Members coloured by their displacement", "按位移给杆件着色"};
-inline constexpr Words c_plotOf = {"Whose forces (default linear)", "取自哪种分析（缺省 linear）"};
+inline constexpr Words c_plotOf = {"Whose forces (default linear)", "取自哪种分析（缺省为线性静力）"};
 inline constexpr Words c_plotAt = {"Time of a history's forces, s", "时程内力的时刻，s"};
 inline constexpr Words c_plotFrame = {"Only members in this plane, as Y=0, seen from before it",
                                       "只画该平面内的杆件并正视，如 Y=0"};
-inline constexpr Words c_plotView = {"From where (default iso)", "视线方向（缺省 iso）"};
+inline constexpr Words c_plotView = {"From where (default iso)", "视线方向（缺省为轴测）"};
 inline constexpr Words c_plotWithReactions = {"Reactions too", "同时画出支座反力"};
 inline constexpr Words c_plotLocalAxes = {"Local axes of the members: x red, y green, z blue",
                                           "杆件的局部坐标轴：x 红、y 绿、z 蓝"};

@@ -64,6 +64,7 @@ std::optional<std::vector<SingleHistory>> LoadHistories(CPlotSource& source, con
     const auto strPath = source.FindFile(suffix::c_strHistory, texts::c_historyAnalysis);
     if (!strPath) return std::nullopt;
     std::vector<HistoryChoice> wanted;
+    wanted.reserve(choices.size());
     for (const NamedChoice& named : choices) wanted.push_back(named.choice);
     return source.Take(*strPath, ReadHistories(*strPath, source.GetHistoryModel(), wanted));
   }
