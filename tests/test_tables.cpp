@@ -22,7 +22,7 @@ std::string MakeColumn(const std::string& strTopLoad = "-20") {
     "elements": [{"type": "beam", "i": 7, "j": 3, "section": "box \"a\", b"}],
     "loads": [{"case": 0, "node": 3, "direction": "Z", "value": )" +
          strTopLoad + R"(}, {"case": 1, "node": 3, "direction": "X", "value": 10}],
-    "analyses": [{"type": "static", "combination": {"0": 1, "1": 1}},
+    "analyses": [{"type": "static", "nonlinear": false, "combination": {"0": 1, "1": 1}},
                  {"type": "modal", "modes": 6, "combination": {"0": -1}}]})";
 }
 

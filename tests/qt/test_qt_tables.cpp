@@ -17,7 +17,7 @@ class TablePanel : public ::testing::Test {
  protected:
   TablePanel() : m_window(m_settings.filePath(QStringLiteral("settings.ini"))) {
     host::Job job = host::GenerateBuilding({});
-    job.analyses = {host::StaticJob{.combination = {{0, 1.0}, {2, 1.0}}}};
+    job.analyses = {host::StaticJob{.bNonlinear = false, .combination = {{0, 1.0}, {2, 1.0}}}};
     m_folder.Write(".json", host::FormatJob(job));
     EXPECT_EQ(m_folder.Solve().nStatus, 0);
     m_window.OpenJob(QString::fromStdString(m_folder.GetPath(".json")));
