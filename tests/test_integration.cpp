@@ -151,6 +151,7 @@ TEST_F(TimeHistory, OneBarUnderAStepLoad) {
       const double u = GetRow(c_nHistoryX, k, 1);
       (k < nBlocks ? dLargest : dLeast) = k < nBlocks ? std::max(dLargest, u) : std::min(dLeast, u);
       EXPECT_NEAR(GetRow(c_nHistoryForce, k, 0), 1.03e9 * u, 0.01);
+      EXPECT_NEAR(model.m_history.baseShear[k][0], 1.03e9 * u, 0.01);
       EXPECT_EQ(GetRow(c_nHistoryX, k, 0), 0.0);
     }
     EXPECT_NEAR(dLargest, 1.8545 * dStatic, 0.02 * dStatic);
@@ -222,6 +223,38 @@ TEST_F(TimeHistory, SmallNonlinearRunIsTheLinearOne) {
   }
   for (std::size_t q = 0; q < c_nHistoryQuantities; ++q)
     EXPECT_LT(Compare(histories[1].values[q], histories[0].values[q]), 1e-5) << q;
+  EXPECT_LT(Compare(histories[1].baseShear, histories[0].baseShear), 1e-5);
+}
+
+// Free and without damping: V = -sum m a, the accelerations by the rule of Newmark.
+TEST_F(TimeHistory, BaseShearOfTwoMassesIsTheirInertia) {
+  FillOneBar(host, 1.0);
+  host.AddNode(5, 0, 0, c_nPinned, "011000");
+  host.AddElement(c_nBar, 2, 3, 102);
+  host.AddLoad(0, 3, c_nDofZ, 60.0);
+  WriteModes({2.0, 5.0});
+  job.Write("impulseload.log", MakeScript(3, "3 10 0 0 "));
+  CAnalysisModel& model = Build(0.05, 5.001);
+  model.m_nLoadCaseFlag[0] = model.m_bLoadFromFile = 1;
+  model.m_pDamping = {0.0, 0.0};
+  model.NewmarkIntegration(job.GetJobPath(), 0, 0);
+  const auto [a0, a1, a2, a3, a4, a5, a6, a7] = NewmarkConstants(model.m_dNewmarkAlpha, model.m_dNewmarkDelta, 0.05);
+  const double mass[] = {1.0e5 / 9.81, 6.0e4 / 9.81};
+  double u[2] = {}, v[2] = {}, a[2] = {}, dLargest = 0.0;
+  for (int k = 0; k < 100; ++k) {
+    double dInertia = 0.0;
+    for (int i = 0; i < 2; ++i) {
+      const double dNext = a0 * (GetRow(c_nHistoryX, k, i + 1) - u[i]) - a2 * v[i] - a3 * a[i];
+      v[i] += a6 * a[i] + a7 * dNext;
+      u[i] = GetRow(c_nHistoryX, k, i + 1);
+      dInertia -= mass[i] * (a[i] = dNext);
+    }
+    dLargest = std::max(dLargest, std::abs(model.m_history.baseShear[k][0]));
+    if (k < 3) continue;  // the load acts
+    EXPECT_NEAR(model.m_history.baseShear[k][0], dInertia, 1e-4 * dLargest) << k;
+  }
+  EXPECT_GT(dLargest, 1000.0);
+  EXPECT_EQ(model.m_historyFindings.baseShear, (std::array{dLargest, 0.0, 0.0}));
 }
 
 /// The arch's apex under the load P below the limit load: descent, and axial force of a bar.
@@ -252,6 +285,7 @@ TEST_F(TimeHistory, ArchHoldsItsStaticState) {
   for (int k = 0; k < 20; ++k) {
     EXPECT_NEAR(GetRow(c_nHistoryZ, k, 1), -0.0359399, 1e-7) << k;
     EXPECT_NEAR(GetRow(c_nHistoryForce, k, 0), model.m_staticForce[0], 1.0) << k;
+    EXPECT_NEAR(model.m_history.baseShear[k][2], -2.0e5, 1.0) << k;
   }
 }
 

@@ -61,6 +61,7 @@ bool CTimeHistoryRun::Start(int nMethod, int nAssumption, bool bGroundMotion) {
   }
   FormDamping();
   history.Allocate(N, nNodes, nElements);
+  history.baseShear = CHistoryTable(N, 3);
   history.dTimeStep = m_model.m_dTimeStep;
   history.nMethod = nMethod;
   history.nAssumption = nAssumption;
@@ -121,9 +122,7 @@ bool CTimeHistoryRun::StepNodalForces(Integrator& integrator, CImpulseScript& sc
   for (int k = 0; k < m_model.m_history.nSteps; ++k) {
     FormStepLoad(script);
     if (!integrator.StepForce(m_model.GetLoadVector().first(GetFreeCount()))) return false;
-    if (!m_model.IsWithinLimit(integrator.GetState().u)) return false;
-    ComputeAxialForces(integrator.GetState().u);
-    Record(k, integrator.GetState().u);
+    if (!RecordLinear(k, integrator.GetState().u)) return false;
     progress.Advance();
   }
   return true;
@@ -137,9 +136,7 @@ bool CTimeHistoryRun::StepLinearGround(const CGroundMotion& motion) {
   for (int k = 0; k < m_model.m_history.nSteps; ++k) {
     motion.FormVector(k, m_model.GetNodes(), g);
     if (!integrator.StepGround(g)) return false;
-    if (!m_model.IsWithinLimit(integrator.GetState().u)) return false;
-    ComputeAxialForces(integrator.GetState().u);
-    Record(k, integrator.GetState().u);
+    if (!RecordLinear(k, integrator.GetState().u)) return false;
     progress.Advance();
   }
   return true;
@@ -164,7 +161,7 @@ bool CTimeHistoryRun::StepNonlinearGround(const CGroundMotion& motion) {
     motion.FormVector(k, m_model.GetNodes(), g);
     if (!integrator.StepGround(g)) return false;
     if (!integrator.HasConverged()) ++m_findings.nRoughSteps;
-    Record(k, m_model.GetDisplacements().first(GetFreeCount()));
+    Record(k, m_model.GetDisplacements().first(GetFreeCount()), m_baseShear.Sum(m_model.GetReactions()));
     progress.Advance();
   }
   return true;
@@ -186,6 +183,7 @@ bool CTimeHistoryRun::FormOperators(double a0, double a1) {
   SparseMatrix& M = m_inertia;
   if (!m_model.AssembleStiffness(K, false, IsShear()) || !m_model.AssembleMass(M, IsShear())) return false;
   m_model.AddStaticLoadMass(M);
+  m_baseShear = CBaseShear(K, m_model.GetNodes());
 
   SparseMatrix C = K;
   if (!C.IsAllocated()) return false;
@@ -266,7 +264,14 @@ void CTimeHistoryRun::ComputeAxialForces(std::span<const double> u) {
   }
 }
 
-void CTimeHistoryRun::Record(int nStep, std::span<const double> u) {
+bool CTimeHistoryRun::RecordLinear(int nStep, std::span<const double> u) {
+  if (!m_model.IsWithinLimit(u)) return false;
+  ComputeAxialForces(u);
+  Record(nStep, u, m_baseShear.Compute(u));
+  return true;
+}
+
+void CTimeHistoryRun::Record(int nStep, std::span<const double> u, const std::array<double, 3>& baseShear) {
   HistorySet& history = m_model.m_history;
   for (int nDirection = 0; nDirection < 3; ++nDirection) {
     double* row = history.values[static_cast<std::size_t>(nDirection)][nStep];
@@ -277,6 +282,10 @@ void CTimeHistoryRun::Record(int nStep, std::span<const double> u) {
   double* forces = history.values[c_nHistoryForce][nStep];
   for (const auto& pElement : m_model.GetElements()) {
     if (pElement) forces[pElement->GetElemNo()] = pElement->GetAxialForce();
+  }
+  for (std::size_t d = 0; d < baseShear.size(); ++d) {
+    history.baseShear[nStep][d] = baseShear[d];
+    m_findings.baseShear[d] = std::max(m_findings.baseShear[d], std::abs(baseShear[d]));
   }
   ++m_findings.nStepsDone;
   if (m_findings.nBadStep == 0) FindBadValue(nStep);

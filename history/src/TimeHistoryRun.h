@@ -1,9 +1,11 @@
 #pragma once
 
+#include <array>
 #include <span>
 #include <string>
 #include <utility>
 
+#include "skyframe/history/BaseShear.h"
 #include "skyframe/history/GroundMotion.h"
 #include "skyframe/history/ImpulseScript.h"
 #include "skyframe/history/Integrators.h"
@@ -55,7 +57,9 @@ class CTimeHistoryRun {
   /// Axial forces of the linear displacements u.
   void ComputeAxialForces(std::span<const double> u);
   /// Row nStep of the histories.
-  void Record(int nStep, std::span<const double> u);
+  void Record(int nStep, std::span<const double> u, const std::array<double, 3>& baseShear);
+  /// Row nStep of a linear run, whose displacements are u. False when the structure runs away.
+  [[nodiscard]] bool RecordLinear(int nStep, std::span<const double> u);
   /// First value of row nStep that is not finite, into the findings.
   void FindBadValue(int nStep);
 
@@ -74,6 +78,7 @@ class CTimeHistoryRun {
   SparseMatrix m_inertia;
   CRowMatrix m_massRows;     ///< M
   CRowMatrix m_dampingRows;  ///< C
+  CBaseShear m_baseShear;
 };
 
 }  // namespace skyframe

@@ -4,6 +4,7 @@
 
 #include <QTest>
 #include <QtWidgets>
+#include <algorithm>
 #include <cmath>
 #include <fstream>
 
@@ -13,6 +14,7 @@
 #include "skyframe/hostdata/HostData.h"
 #include "skyframe/job/JobFile.h"
 #include "skyframe/job/Language.h"
+#include "skyframe/job/Text.h"
 #include "skyframe/values/DialogIds.h"
 
 namespace skyframe::gui {
@@ -142,7 +144,7 @@ TEST_F(MainWindow, EveryOptionAndMouseActionChangesTheDrawing) {
     return before != view.grab().toImage();
   };
   for (const char* strOption :
-       {"supports", "loads", "node_numbers", "element_numbers", "front", "side", "plan", "isometric"}) {
+       {"supports", "section_names", "local_axes", "node_numbers", "element_numbers", "front", "side", "plan", "isometric"}) {
     QAction* const pAction = window.findChild<QAction*>(QString::fromLatin1(strOption));
     EXPECT_TRUE(changes([&] { pAction->trigger(); })) << strOption;
   }
@@ -223,6 +225,84 @@ TEST_F(MainWindow, PanelTellsOfTheInputThenOfTheRun) {
   Solve(DialogStep::Ok());
   ASSERT_GE(pPanel->count(), 1);
   EXPECT_TRUE(pPanel->item(0)->text().startsWith(QStringLiteral("错误：节点 ")));
+}
+
+/// One storey, one bay; modes and an earthquake.
+host::Job MakeShakenFrame() {
+  host::BuildingParameters parameters;
+  parameters.nBaysX = parameters.nBaysY = parameters.nStoreys = 1;
+  host::Job job = host::GenerateBuilding(parameters);
+  const auto analyses = host::ReadJobFile(SKYFRAME_SOURCE_DIR "/examples/office10.json").job.analyses;
+  job.analyses = {analyses[2], analyses[4]};
+  return job;
+}
+
+TEST_F(MainWindow, HistoriesOfARunAndOfItsFile) {
+  CMainWindow window(Settings());
+  window.show();
+  host::Job job = MakeShakenFrame();
+  ASSERT_TRUE(window.OpenJob(WriteJob("quake.json", job)));
+  window.findChild<QAction*>(QStringLiteral("run_all"))->trigger();
+  auto* const pList = window.findChild<QListWidget*>(QStringLiteral("history_curves"));
+  EXPECT_EQ(pList->count(), 0) << "nobody looks";
+  window.findChild<QDockWidget*>(QStringLiteral("history_dock"))->raise();
+  ASSERT_TRUE(QTest::qWaitFor([pList] { return pList->count() == 1; }));
+
+  // One time for charts, list, document and drawing.
+  const HistorySet& history = *window.GetDocument().GetHistories();
+  window.findChild<QComboBox*>(QStringLiteral("history_kind"))->setCurrentIndex(static_cast<int>(CurveKind::ShearX));
+  auto* const pAdd = window.findChild<QPushButton*>(QStringLiteral("history_add"));
+  pAdd->click();
+  ASSERT_EQ(pList->count(), 2);
+  auto* const pSlider = window.findChild<QSlider*>(QStringLiteral("history_slider"));
+  pSlider->setValue(299);
+  EXPECT_EQ(window.GetDocument().GetStep(), 299);
+  EXPECT_EQ(pList->item(1)->text().toStdString(),
+            host::Format("基底剪力，X   %.4g kN", 1e-3 * history.baseShear[299][0]));
+  const auto charts = window.findChildren<CHistoryChart*>();
+  for (const CHistoryChart* const pChart : charts) EXPECT_EQ(pChart->isVisible(), !pChart->GetPicture().curves.empty());
+  CHistoryChart& chart = **std::ranges::find_if(charts, &QWidget::isVisible);
+  const auto at = [&chart](double x, double y) { return QPointF(x * chart.width(), y * chart.height()).toPoint(); };
+  QTest::mouseClick(&chart, Qt::LeftButton, {}, at(0.6, 0.4));
+  EXPECT_GT(pSlider->value(), 350);
+  EXPECT_NEAR(*chart.GetPicture().cursor, (pSlider->value() + 1) * 0.02, 1e-9);
+
+  QTest::mousePress(&chart, Qt::LeftButton, {}, at(0.4, 0.3));
+  QTest::mouseRelease(&chart, Qt::LeftButton, {}, at(0.6, 0.5));
+  EXPECT_TRUE(chart.GetPicture().values);
+  for (const CHistoryChart* const pChart : charts) EXPECT_LT(pChart->GetPicture().time.value().dHigh, 15.0);
+  QTest::mouseDClick(&chart, Qt::LeftButton, {}, at(0.5, 0.5));
+  EXPECT_FALSE(chart.GetPicture().time || chart.GetPicture().values);
+
+  // The motion is drawn to one scale until another shape is chosen.
+  auto* const pShapes = window.findChild<QComboBox*>(QStringLiteral("shapes"));
+  auto* const pMove = window.findChild<QCheckBox*>(QStringLiteral("history_move"));
+  window.findChild<QToolButton*>(QStringLiteral("history_play"))->click();
+  EXPECT_TRUE(pMove->isChecked());
+  EXPECT_EQ(pShapes->currentText().toStdString(), "时程");
+  const double dScale = window.GetStructureView().GetMagnification();
+  const int nBefore = pSlider->value();
+  EXPECT_TRUE(QTest::qWaitFor([&] { return pSlider->value() > nBefore + 3; }));
+  EXPECT_EQ(window.GetStructureView().GetMagnification(), dScale);
+  pShapes->setCurrentIndex(1);
+  EXPECT_FALSE(pMove->isChecked());
+  EXPECT_TRUE(pShapes->currentText().startsWith(QStringLiteral("振型 1")));
+
+  const std::string strCsv = FormCsv(job, history, {{CurveKind::ShearX}}, {});
+  EXPECT_TRUE(strCsv.starts_with("\xEF\xBB\xBFt [s],\"基底剪力，X [kN]\"\r\n0.02,"));
+  EXPECT_EQ(std::ranges::count(strCsv, '\n'), 1001);
+
+  // The file has no base shear; of another model it is drawn when that is asked for.
+  window.OpenJob(Path("quake.json"));
+  EXPECT_EQ(pList->count(), 1);
+  EXPECT_FALSE(pAdd->isEnabled());
+  job.nodes.back().dZ += 0.5;
+  window.OpenJob(WriteJob("quake.json", job));
+  auto* const pAnyway = window.findChild<QPushButton*>(QStringLiteral("history_show_old"));
+  EXPECT_TRUE(pAnyway->isVisible());
+  EXPECT_EQ(pList->count(), 0);
+  pAnyway->click();
+  EXPECT_EQ(pList->count(), 1);
 }
 
 TEST_F(MainWindow, NothingClippedAtBothFontSizes) {

@@ -180,6 +180,7 @@ inline constexpr Words c_helpParts[] = {
     {"[Option Group: {0}]\n  {1} \n  [Exactly 1 of the following options is required]\n  {2}", "{0}（{1}）\n  {2}"},
 };
 /// Kinds of values that an option takes.
+inline constexpr Words c_fileKind = {"FILE", "文件"};
 inline constexpr Words c_textKind = {"TEXT", "文本"};
 inline constexpr Words c_countKind = {"N", "整数"};
 inline constexpr Words c_numberKind = {"NUMBER", "数"};

@@ -21,6 +21,7 @@
 #include <utility>
 
 #include "ErrorDialog.h"
+#include "HistoryTexts.h"
 #include "ShapeTitle.h"
 #include "skyframe/book/CalculationReport.h"
 #include "skyframe/connect/Findings.h"
@@ -38,6 +39,7 @@ namespace skyframe::gui {
 namespace {
 
 constexpr int c_nMostConsoleLines = 20000;
+constexpr int c_nHistoryLines = 16;  // heights of a line that charts need to be read
 constexpr qsizetype c_nMostRecent = 8;
 constexpr std::array<int, 3> c_nFontPercents = {100, 125, 150};
 constexpr std::array<const char*, 2> c_pszLanguages = {"en", "zh"};  // by Language
@@ -84,6 +86,8 @@ CMainWindow::CMainWindow(const QString& strSettingsFile)
       m_adviceDock(this),
       m_resultDock(this),
       m_results(m_document),
+      m_historyDock(this),
+      m_histories(m_document, m_shapeBar),
       m_tableDock(this),
       m_tables(m_document),
       m_recentMenu(this),
@@ -165,8 +169,9 @@ void CMainWindow::MakeFileMenu() {
   })->setShortcut(QKeySequence::SaveAs);
   AddJobAction(menu, texts::c_savePicture, texts::c_savePictureTip, "picture", [this] { OnSavePicture(); });
   AddJobAction(menu, texts::c_report, texts::c_reportTip, "report", [this] { OnReport(); });
-  AddJobAction(menu, texts::c_print, texts::c_printTip, "print", [this] { OnPrint(); })
-      ->setShortcut(QKeySequence::Print);
+  AddJobAction(menu, texts::c_print, texts::c_printTip, "print", [this] {
+    OnPrint();
+  })->setShortcut(QKeySequence::Print);
   menu.addSeparator();
   m_make.AddAction(menu, texts::c_quit, texts::c_quitTip, "quit", [this] { close(); })->setShortcut(QKeySequence::Quit);
 }
@@ -216,8 +221,8 @@ void CMainWindow::MakeViewMenu() {
   AddOption(menu, texts::c_sectionNames, texts::c_sectionNamesTip, "section_names", &ViewOptions::bSectionNames);
   AddOption(menu, texts::c_localAxes, texts::c_localAxesTip, "local_axes", &ViewOptions::bLocalAxes);
   menu.addSeparator();
-  for (QDockWidget* const pDock :
-       {&m_analysisDock, &m_inspectDock, &m_summaryDock, &m_adviceDock, &m_consoleDock, &m_tableDock, &m_resultDock}) {
+  for (QDockWidget* const pDock : {&m_analysisDock, &m_inspectDock, &m_summaryDock, &m_adviceDock, &m_consoleDock,
+                                   &m_historyDock, &m_tableDock, &m_resultDock}) {
     menu.addAction(pDock->toggleViewAction());
   }
   menu.addSeparator();
@@ -278,10 +283,17 @@ void CMainWindow::MakeDocks() {
                  Qt::BottomDockWidgetArea);
   m_make.AddDock(m_resultDock, m_results, texts::c_results, texts::c_resultsTip, "result_dock",
                  Qt::RightDockWidgetArea);
+  m_make.AddDock(m_historyDock, m_histories, texts::c_histories, texts::c_historiesTip, "history_dock",
+                 Qt::BottomDockWidgetArea);
   m_make.AddDock(m_tableDock, m_tables, texts::c_tables, texts::c_tablesTip, "table_dock", Qt::RightDockWidgetArea);
   tabifyDockWidget(&m_tableDock, &m_resultDock);
   m_tableDock.raise();
   tabifyDockWidget(&m_summaryDock, &m_consoleDock);
+  tabifyDockWidget(&m_consoleDock, &m_historyDock);
+  connect(&m_historyDock, &QDockWidget::visibilityChanged, this, [this](bool bSeen) {
+    const int nHeight = c_nHistoryLines * fontMetrics().height();
+    if (bSeen && m_historyDock.height() < nHeight) resizeDocks({&m_historyDock}, {nHeight}, Qt::Vertical);
+  });
   m_summaryDock.raise();
   resizeDocks({&m_summaryDock}, {190}, Qt::Vertical);
   resizeDocks({&m_analysisDock, &m_resultDock}, {230, 360}, Qt::Horizontal);

@@ -2,6 +2,7 @@
 
 #include <QSignalBlocker>
 #include <algorithm>
+#include <utility>
 
 #include "ShapeTitle.h"
 #include "skyframe/qt/Font.h"
@@ -37,6 +38,7 @@ CShapeBar::CShapeBar(CDocument& document, CStructureView& view, QWidget* pParent
   document.jobOpened.Connect([this] {
     if (m_document.GetFile() != m_strFile) m_chosen.reset();
     m_strFile = m_document.GetFile();
+    m_moment.reset();
   });
   document.resultsChanged.Connect([this] { Refresh(); });
   document.OnLanguage([this] {
@@ -111,21 +113,35 @@ void CShapeBar::FillList() {
   for (const host::DeformedShape& shape : m_shapes) {
     m_list.addItem(ToQt(FormShapeTitle(shape) + (IsOutdated(shape) ? FormOutdatedMark() : "")));
   }
-  m_list.setCurrentIndex(m_chosen ? FindRow(*m_chosen) : 0);
+  if (m_moment) m_list.addItem(ToQt(Say(texts::c_motion)));
+  m_list.setCurrentIndex(m_moment ? m_list.count() - 1 : m_chosen ? FindRow(*m_chosen) : 0);
+}
+
+void CShapeBar::ShowMoment(std::optional<host::DeformedShape> moment, bool bOutdated) {
+  const bool bListChanges = m_moment.has_value() != moment.has_value();
+  m_moment = std::move(moment);
+  m_bMomentOutdated = bOutdated;
+  if (bListChanges) FillList();
+  ShowShape();
 }
 
 void CShapeBar::OnChosen() {
   const int nRow = m_list.currentIndex();
+  if (m_moment && nRow == m_list.count() - 1) return;
   m_chosen.reset();
   if (nRow > 0) {
     const host::DeformedShape& shape = m_shapes[static_cast<std::size_t>(nRow) - 1];
     m_chosen = Id{shape.kind, shape.nMode};
   }
+  if (m_moment) {
+    ShowMoment(std::nullopt);
+    momentLeft.Send();
+  }
   ShowShape();
 }
 
 void CShapeBar::Choose(host::ShapeKind kind) {
-  if (m_chosen && m_chosen->kind == kind) return;
+  if (!m_moment && m_chosen && m_chosen->kind == kind) return;
   const auto it = std::ranges::find(m_shapes, kind, &host::DeformedShape::kind);
   if (it == m_shapes.end()) return;
   m_list.setCurrentIndex(FindRow({it->kind, it->nMode}));
@@ -137,6 +153,7 @@ void CShapeBar::Step(int nStep) {
 }
 
 std::string CShapeBar::FormFileName() const {
+  if (m_moment) return "history";
   if (!m_chosen) return "structure";
   switch (m_chosen->kind) {
     case host::ShapeKind::LinearState:
@@ -150,10 +167,10 @@ std::string CShapeBar::FormFileName() const {
 
 void CShapeBar::ShowShape() {
   const int nRow = m_chosen ? FindRow(*m_chosen) : 0;
-  const bool bShape = nRow > 0;
-  std::optional<host::DeformedShape> shape;
-  if (bShape) shape = m_shapes[static_cast<std::size_t>(nRow) - 1];
-  const bool bOutdated = bShape && IsOutdated(*shape);
+  const bool bShape = nRow > 0 || m_moment;
+  std::optional<host::DeformedShape> shape = m_moment;
+  if (!m_moment && bShape) shape = m_shapes[static_cast<std::size_t>(nRow) - 1];
+  const bool bOutdated = m_moment ? m_bMomentOutdated : bShape && IsOutdated(*shape);
   m_view.SetShape(std::move(shape), bOutdated);
   for (QWidget* const pWidget : std::initializer_list<QWidget*>{&m_amplitude, &m_magnification, &m_animate}) {
     pWidget->setEnabled(bShape);

@@ -2,6 +2,7 @@
 
 #include <array>
 
+#include "skyframe/job/Text.h"
 #include "skyframe/platform/NumberText.h"
 #include "skyframe/values/SpectrumSite.h"
 #include "texts.h"
@@ -11,6 +12,7 @@ namespace skyframe::gui {
 std::string FormShapeTitle(const host::DeformedShape& shape) {
   if (shape.kind == host::ShapeKind::LinearState) return std::string(Say(texts::c_linearState));
   if (shape.kind == host::ShapeKind::NonlinearState) return std::string(Say(texts::c_nonlinearState));
+  if (shape.kind == host::ShapeKind::Moment) return Say(texts::c_moment, {host::Format("%.6g", shape.dTime)});
   const double dFrequency = shape.dOmega * c_dHertzPerRadian;
   std::string strText = Say(texts::c_mode, {std::to_string(shape.nMode)});
   strText += "   f = " + FormatGeneral(dFrequency) + " Hz";

@@ -132,7 +132,7 @@ void CStructureView::SetAmplitude(double dAmplitude) {
 }
 
 void CStructureView::SetMagnification(double dMagnification) {
-  if (m_shape) SetAmplitude(dMagnification * m_shape->GetLargestTranslation() / m_scene.GetRadius());
+  if (m_shape) SetAmplitude(dMagnification * m_shape->GetScaleTranslation() / m_scene.GetRadius());
 }
 
 void CStructureView::SetAnimated(bool bAnimated) {
@@ -158,12 +158,12 @@ void CStructureView::FitAll() {
 }
 
 double CStructureView::GetMagnification() const {
-  const double dLargest = m_shape ? m_shape->GetLargestTranslation() : 0.0;
+  const double dLargest = m_shape ? m_shape->GetScaleTranslation() : 0.0;
   return dLargest > 0.0 ? m_dAmplitude * m_scene.GetRadius() / dLargest : 0.0;
 }
 
 double CStructureView::GetPhaseFactor() const {
-  if (!m_timer.isActive() || !m_shape) return 1.0;
+  if (!m_timer.isActive() || !m_shape || m_shape->kind == host::ShapeKind::Moment) return 1.0;
   const double t = std::chrono::duration<double>(Clock::now() - m_swingStart).count();
   const double dCosine = std::cos(2.0 * std::numbers::pi * t / c_dSwingPeriod);
   return m_shape->IsMode() ? dCosine : 0.5 * (1.0 + dCosine);

@@ -208,6 +208,8 @@ inline constexpr Words c_length = {"length", "长度"};
 inline constexpr Words c_linearState = {"static deformation (linear)", "静力变形（线性）"};
 inline constexpr Words c_nonlinearState = {"static deformation (nonlinear)", "静力变形（非线性）"};
 inline constexpr Words c_mode = {"mode {0}", "振型 {0}"};
+inline constexpr Words c_moment = {"time history   t = {0} s", "时程   t = {0} s"};
+inline constexpr Words c_motion = {"time history", "时程"};
 inline constexpr Words c_magnified = {"displacements × {0}", "位移放大 {0} 倍"};
 inline constexpr Words c_noJob = {"Open a job file (Ctrl+O)", "打开一个作业文件（Ctrl+O）"};
 inline constexpr Words c_counts = {"{0} nodes   {1} elements", "节点 {0}   单元 {1}"};

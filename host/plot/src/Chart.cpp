@@ -12,7 +12,8 @@ namespace skyframe::host {
 
 namespace {
 
-constexpr double c_dLeftEdge = 90, c_dTopEdge = 96, c_dRightEdge = 35, c_dBottomEdge = 60;
+constexpr double c_dLeftEdge = 90, c_dTopEdge = 96, c_dUntitledTopEdge = 32, c_dRightEdge = 35, c_dBottomEdge = 60,
+                 c_dUntitledBottomEdge = 46;
 constexpr double c_dTitleLeft = 24;
 constexpr double c_dTitleHeight = 20, c_dTextHeight = 13, c_dTickHeight = 12;
 constexpr double c_dTickLength = 5;
@@ -93,14 +94,16 @@ PaintPoint CChartFrame::Unmap(PaintPoint at) const {
           m_y.dLow + (m_y.dHigh - m_y.dLow) * (m_box.dBottom - at.dY) / m_box.GetHeight()};
 }
 
-Box GetChartBox(PictureSize size) {
-  return {c_dLeftEdge, c_dTopEdge, std::max(size.nWidth - c_dRightEdge, c_dLeftEdge + 1.0),
-          std::max(size.nHeight - c_dBottomEdge, c_dTopEdge + 1.0)};
+Box GetChartBox(PictureSize size, bool bTitled) {
+  const double dTop = bTitled ? c_dTopEdge : c_dUntitledTopEdge;
+  const double dBottom = bTitled ? c_dBottomEdge : c_dUntitledBottomEdge;
+  return {c_dLeftEdge, dTop, std::max(size.nWidth - c_dRightEdge, c_dLeftEdge + 1.0),
+          std::max(size.nHeight - dBottom, dTop + 1.0)};
 }
 
 CChart::CChart(IPaintContext& paint, const ChartTexts& texts, const CChartFrame& frame)
     : m_paint(paint), m_frame(frame) {
-  PaintTitle(paint, texts.strTitle, texts.strSubtitle);
+  if (!texts.strTitle.empty()) PaintTitle(paint, texts.strTitle, texts.strSubtitle);
   PaintGrid();
   PaintTicks();
   const Box& box = GetBox();

@@ -15,8 +15,11 @@ constexpr double c_dLabelHeight = 12.0;
 constexpr double c_dCurveWidth = 1.3;
 constexpr double c_dMargin = 0.12;  // of the range, above and below the curves
 constexpr double c_dLegendGap = 16.0;
-constexpr double c_dRoundOff = 1.0e-6;  // of the largest peak: beside it nothing
-constexpr int c_nTimeTicks = 12, c_nValueTicks = 10;
+constexpr double c_dWidestLegend = 0.3;                    // of the picture
+constexpr double c_dRoundOff = 1.0e-6;                     // of the largest peak: beside it nothing
+constexpr double c_dPeakRoom = 26.0;                       // pixels, for the label of a peak
+constexpr int c_nTimeTicks = 12, c_nValueTicks = 10;       // at most
+constexpr double c_dTimeTick = 45.0, c_dValueTick = 18.0;  // pixels that a tick needs
 constexpr std::size_t c_nMostLabels = 40;
 constexpr Colour c_cursorColour{0x6b, 0x74, 0x80};
 
@@ -46,7 +49,11 @@ std::optional<PaintPoint> FindPeakPoint(const std::vector<PaintPoint>& points) {
   return it == points.end() || it->dY == 0.0 ? std::nullopt : std::optional(*it);
 }
 
-Axis ChooseValueAxis(const HistoryPicture& picture) {
+int CountTicks(double dPixels, double dTick, int nMost) {
+  return std::clamp(static_cast<int>(dPixels / dTick), 2, nMost);
+}
+
+Axis ChooseValueAxis(const HistoryPicture& picture, double dPixels, int nMostTicks) {
   double dLow = 0.0;
   double dHigh = 0.0;
   for (const HistoryCurve& curve : picture.curves) {
@@ -55,8 +62,8 @@ Axis ChooseValueAxis(const HistoryPicture& picture) {
       dHigh = std::max(dHigh, point.dY);
     }
   }
-  const double dMargin = c_dMargin * (dHigh - dLow);
-  return ChooseAxis(dLow - (dLow < 0.0 ? dMargin : 0.0), dHigh + dMargin, c_nValueTicks);
+  const double dMargin = std::max(c_dMargin, c_dPeakRoom / dPixels) * (dHigh - dLow);
+  return ChooseAxis(dLow - (dLow < 0.0 ? dMargin : 0.0), dHigh + dMargin, nMostTicks);
 }
 
 std::size_t CountSteps(const HistoryPicture& picture) {
@@ -105,10 +112,12 @@ void PaintCursor(IPaintContext& paint, CChart& chart, const CChartFrame& frame, 
 }
 
 /// None for a single curve.
-std::vector<LegendEntry> FormLegend(const HistoryPicture& picture) {
+/// Empty also in a picture too narrow for it, which stands where the curves are told apart otherwise.
+std::vector<LegendEntry> FormLegend(const HistoryPicture& picture, PictureSize size) {
   std::vector<LegendEntry> entries;
   for (std::size_t c = 0; c < picture.curves.size() && picture.curves.size() > 1; ++c)
     entries.push_back({picture.curves[c].strName, GetCurveColour(c), false});
+  if (!entries.empty() && GetLegendWidth(entries) > c_dWidestLegend * size.nWidth) entries.clear();
   return entries;
 }
 
@@ -117,14 +126,16 @@ std::vector<LegendEntry> FormLegend(const HistoryPicture& picture) {
 Colour GetCurveColour(std::size_t nCurve) { return c_curveColours[nCurve % c_curveColours.size()]; }
 
 CChartFrame FormHistoryFrame(const HistoryPicture& picture, PictureSize size) {
-  Box box = GetChartBox(size);
-  const std::vector<LegendEntry> legend = FormLegend(picture);
+  Box box = GetChartBox(size, !picture.strTitle.empty());
+  const std::vector<LegendEntry> legend = FormLegend(picture, size);
   if (!legend.empty()) box.dRight = std::max(box.dRight - GetLegendWidth(legend), box.dLeft + 1.0);
+  const int nTimeTicks = CountTicks(box.GetWidth(), c_dTimeTick, c_nTimeTicks);
+  const int nValueTicks = CountTicks(box.GetHeight(), c_dValueTick, c_nValueTicks);
   const double dEnd = static_cast<double>(CountSteps(picture)) * picture.dTimeStep;
   return {
-      picture.time ? CutAxis(picture.time->dLow, picture.time->dHigh, c_nTimeTicks)
-                   : ChooseAxis(0.0, dEnd, c_nTimeTicks),
-      picture.values ? CutAxis(picture.values->dLow, picture.values->dHigh, c_nValueTicks) : ChooseValueAxis(picture),
+      picture.time ? CutAxis(picture.time->dLow, picture.time->dHigh, nTimeTicks) : ChooseAxis(0.0, dEnd, nTimeTicks),
+      picture.values ? CutAxis(picture.values->dLow, picture.values->dHigh, nValueTicks)
+                     : ChooseValueAxis(picture, box.GetHeight(), nValueTicks),
       box};
 }
 
@@ -148,7 +159,7 @@ void PaintHistoryChart(IPaintContext& paint, const HistoryPicture& picture, Pict
     chart.Curve(points, GetCurveColour(c), c_dCurveWidth);
     peaks.push_back(FindPeakPoint(points));
   }
-  if (const auto legend = FormLegend(picture); !legend.empty())
+  if (const auto legend = FormLegend(picture, size); !legend.empty())
     chart.Legend(legend, {frame.GetBox().dRight + c_dLegendGap, frame.GetBox().dTop});
   double dLargest = 0.0;
   for (const auto& peak : peaks) dLargest = std::max(dLargest, peak ? std::abs(peak->dY) : 0.0);

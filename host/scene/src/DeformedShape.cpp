@@ -9,6 +9,15 @@
 
 namespace skyframe::host {
 
+namespace {
+
+Point3 GetTranslation(const HistorySet& history, int nStep, int nNode) {
+  return {history.values[c_nHistoryX][nStep][nNode], history.values[c_nHistoryY][nStep][nNode],
+          history.values[c_nHistoryZ][nStep][nNode]};
+}
+
+}  // namespace
+
 Point3 DeformedShape::GetTranslation(int nNode) const {
   const NodeValues& u = displacements[static_cast<std::size_t>(nNode)];
   return {u[0], u[1], u[2]};
@@ -25,6 +34,10 @@ double DeformedShape::GetLargestTranslation() const {
   return displacements.empty() ? 0.0 : Length(GetTranslation(FindLargestNode()));
 }
 
+double DeformedShape::GetScaleTranslation() const {
+  return kind == ShapeKind::Moment ? dLargest : GetLargestTranslation();
+}
+
 std::optional<int> DeformedShape::FindUndrawableNode() const {
   const auto isDrawable = [](double d) { return std::abs(d) <= c_dLargestDrawn; };
   const auto at =
@@ -39,6 +52,29 @@ DeformedShape FormStaticShape(StaticResultFile file) {
 DeformedShape FormModeShape(const ModeResultFile& file, int nMode) {
   const auto i = static_cast<std::size_t>(nMode - 1);
   return {ShapeKind::Mode, nMode, file.omega[i], file.shapes[i]};
+}
+
+double MeasureMotion(const HistorySet& history) {
+  double dLargest = 0.0;
+  for (int k = 0; k < history.nSteps; ++k) {
+    for (int i = 0; i < history.GetNodeCount(); ++i) {
+      const double dLength = Length(GetTranslation(history, k, i));
+      if (dLength <= c_dLargestDrawn) dLargest = std::max(dLargest, dLength);
+    }
+  }
+  return dLargest;
+}
+
+DeformedShape FormMoment(const HistorySet& history, int nStep, double dLargest) {
+  DeformedShape shape;
+  shape.kind = ShapeKind::Moment;
+  for (int i = 0; i < history.GetNodeCount(); ++i) {
+    const Point3 u = GetTranslation(history, nStep, i);
+    shape.displacements.push_back({u.dX, u.dY, u.dZ});
+  }
+  shape.dTime = (nStep + 1) * history.dTimeStep;
+  shape.dLargest = dLargest;
+  return shape;
 }
 
 std::vector<DeformedShape> ReadShapes(const std::string& strJobPath, const std::vector<JobNode>& nodes) {

@@ -121,6 +121,8 @@ struct HistoryFindings : RunFindings {
   std::vector<double> damping;  ///< ratio that the Rayleigh pair gives each of them
   bool bRoughStart = false;     ///< of a nonlinear run: its static stage ended without convergence
   int nRoughSteps = 0;          ///< of a nonlinear run: steps whose iteration ended without convergence
+  /// Largest size of HistorySet::baseShear along X, Y, Z, N; that of a nonlinear run contains its static loads.
+  std::array<double, 3> baseShear = {};
   /// First value that is not finite: quantity (HistoryQuantity), step and number, both from 1. Step 0: none.
   int nBadQuantity = 0;
   int nBadStep = 0;

@@ -47,6 +47,9 @@ struct HistorySet : HistoryRun {
   bool bComplete = false;  ///< all steps are there
   int nKept = 0;           ///< sets that the module has kept so far, this one with them
   std::array<CHistoryTable, c_nHistoryQuantities> values;
+  /// Steps x 3: elastic forces of the structure on its supports, summed along X, Y, Z, N; those of damping and of
+  /// masses at the supports are not in it. Empty when the histories were read from a file.
+  CHistoryTable baseShear;
 
   [[nodiscard]] int GetNodeCount() const { return values[c_nHistoryX].GetCols(); }
   [[nodiscard]] int GetElementCount() const { return values[c_nHistoryForce].GetCols(); }

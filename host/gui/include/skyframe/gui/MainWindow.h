@@ -13,6 +13,7 @@
 #include "skyframe/gui/AdvicePanel.h"
 #include "skyframe/gui/AnalysisPanel.h"
 #include "skyframe/gui/Document.h"
+#include "skyframe/gui/HistoryPanel.h"
 #include "skyframe/gui/HelpWindow.h"
 #include "skyframe/gui/InspectPanel.h"
 #include "skyframe/gui/ResultBar.h"
@@ -112,6 +113,8 @@ class CMainWindow : public QMainWindow {
   CAdvicePanel m_advice;
   QDockWidget m_resultDock;
   CResultPanel m_results;
+  QDockWidget m_historyDock;
+  CHistoryPanel m_histories;
   QDockWidget m_tableDock;
   CTablePanel m_tables;
   std::unique_ptr<CHelpWindow> m_pHelp;  ///< made when it is asked for

@@ -24,6 +24,10 @@ class CShapeBar : public QToolBar {
 
   /// Draws the first shape of the kind, if there is one.
   void Choose(host::ShapeKind kind);
+  /// Draws a moment of a history instead of the shape chosen, or none again.
+  void ShowMoment(std::optional<host::DeformedShape> moment, bool bOutdated = false);
+  /// A person has chosen a shape while a moment was drawn.
+  CNotice momentLeft;
   /// Draws the next shape in the list, or the one before for -1.
   void Step(int nStep);
   /// "mode3": the shape drawn, for the name of its picture; "structure" without one.
@@ -49,6 +53,8 @@ class CShapeBar : public QToolBar {
   CStructureView& m_view;
   std::vector<host::DeformedShape> m_shapes;
   std::optional<Id> m_chosen;
+  std::optional<host::DeformedShape> m_moment;
+  bool m_bMomentOutdated = false;
   QString m_strFile;  ///< of the job that the choice was made in
 
   QLabel m_label;

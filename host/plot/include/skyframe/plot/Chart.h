@@ -62,8 +62,8 @@ class CChartFrame {
   Axis m_y;
   Box m_box;
 };
-/// The part of a sheet that a chart leaves to its data.
-[[nodiscard]] Box GetChartBox(PictureSize size);
+/// The part of a sheet that a chart leaves to its data; bTitled: with room for a title.
+[[nodiscard]] Box GetChartBox(PictureSize size, bool bTitled = true);
 
 /// Title and line below it at the top left of a sheet.
 void PaintTitle(IPaintContext& paint, const std::string& strTitle, const std::string& strSubtitle);

@@ -49,7 +49,7 @@ struct HistoryCurve {
 
 /// A quantity over time, several curves of it, their peaks marked.
 struct HistoryPicture {
-  std::string strTitle;
+  std::string strTitle;  ///< empty: no room for title and subtitle
   std::string strSubtitle;
   std::string strQuantity;
   HistoryUnit unit = c_displacementUnits.front();
