@@ -71,8 +71,8 @@ class CTablePanel : public QWidget {
   QComboBox m_kinds;
   QSpinBox m_mode;
   QLineEdit m_filter;
-  QAction m_copy;
-  QAction m_save;
+  QAction m_copy{this};
+  QAction m_save{this};
   QToolButton m_copyButton;
   QToolButton m_saveButton;
   QLabel m_message;
