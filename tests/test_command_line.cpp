@@ -167,10 +167,10 @@ TEST_F(CommandLine, HistoriesAreWrittenOutForEveryMethod) {
   };
   for (const auto& [strMethod, strDirection, strPeak, dUnit] : cases) {
     const bool bElement = dUnit != 1.0;
-    const CommandOutcome outcome =
-        Solve(MakeCantilever("111111", R"({"type": "modal", "modes": 2}, {"type": "time_history", "method": )" + strMethod +
-                                           R"(, "outputs": {"elements": [1], "nodes": [{"node": 90, "direction": ")" +
-                                           strDirection + "\"}]}}"));
+    const CommandOutcome outcome = Solve(
+        MakeCantilever("111111", R"({"type": "modal", "modes": 2}, {"type": "time_history", "method": )" + strMethod +
+                                     R"(, "outputs": {"elements": [1], "nodes": [{"node": 90, "direction": ")" +
+                                     strDirection + "\"}]}}"));
     EXPECT_EQ(outcome.nStatus, 0) << outcome.strErr;
     for (const char* const pszSuffix : {"_1_node.txt", "_1_elem.txt"}) {
       EXPECT_NE(outcome.strOut.find(GetPath(pszSuffix) + ", "), std::string::npos) << outcome.strOut;
@@ -198,7 +198,7 @@ std::string FindEnglish(std::string strText) {
   const std::regex names(
       R"(\[[a-z-]+\]|"[^"]*"|'[^']*'|--[a-z-]+|用法：.*|[\w.:~\\-]*[/\\_.][\w./\\:~-]*|\n  [a-z]+ )");
   strText = std::regex_replace(strText, names, "\n");
-  const test::Strings known = {"JSON",    "Schema", "GFLOP",         "Sturm", "SRSS",
+  const test::Strings known = {"HTML",    "JSON",   "Schema",        "GFLOP", "Sturm", "SRSS",
                                "Newmark", "Wilson", "GroundAccData", "true",  "false"};
   std::string strFound;
   const std::regex word("[A-Za-z]{4,}");

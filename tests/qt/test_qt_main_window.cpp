@@ -144,7 +144,7 @@ TEST_F(MainWindow, EveryOptionAndMouseActionChangesTheDrawing) {
     return before != view.grab().toImage();
   };
   for (const char* strOption :
-       {"supports", "loads", "node_numbers", "element_numbers", "front", "side", "plan", "isometric"}) {
+       {"supports", "section_names", "local_axes", "node_numbers", "element_numbers", "front", "side", "plan", "isometric"}) {
     QAction* const pAction = window.findChild<QAction*>(QString::fromLatin1(strOption));
     EXPECT_TRUE(changes([&] { pAction->trigger(); })) << strOption;
   }

@@ -173,7 +173,7 @@ std::string DrawSpectrumCurve(const BookData& book, const SpectrumChapter& chapt
   picture.site = chapter.site;
   picture.dDamping = *chapter.job.dDamping;
   for (std::size_t i = 0; i < chapter.basis.GetCount(); ++i) picture.periods.push_back(chapter.basis.GetPeriod(i));
-  CSvgPaintContext paint(c_nChartWidth, c_nChartHeight);
+  CSvgPaintContext paint(c_chartSize.nWidth, c_chartSize.nHeight);
   PaintSpectrum(paint, picture);
   return paint.GetDocument();
 }
@@ -183,10 +183,10 @@ std::string DrawBaseShear(const BookData& book, const HistoryChapter& chapter) {
   picture.strTitle = book.GetTitle();
   picture.strSubtitle = Tell({"Base shear along {0}", "基底剪力，方向 {0}"}, {DescribeDirection(chapter.direction)});
   picture.strQuantity = Tell({"base shear V", "基底剪力 V"});
-  picture.strUnit = "kN";
+  picture.unit = c_forceUnits.front();
   picture.dTimeStep = book.history.content->dTimeStep;
-  for (const double V : chapter.shear) picture.values.push_back(1.0e-3 * V);
-  CSvgPaintContext paint(c_nChartWidth, c_nChartHeight);
+  picture.curves.push_back({"", chapter.shear});
+  CSvgPaintContext paint(c_chartSize.nWidth, c_chartSize.nHeight);
   PaintHistoryChart(paint, picture);
   return paint.GetDocument();
 }

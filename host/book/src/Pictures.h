@@ -12,7 +12,8 @@ struct MomentPicture {
   std::string strSvg;
 };
 /// Nothing without moments in such a plane.
-[[nodiscard]] std::optional<MomentPicture> DrawMoments(const Job& job, const StaticResultFile& file);
+[[nodiscard]] std::optional<MomentPicture> DrawMoments(const Job& job, const std::string& strJobPath,
+                                                       const StaticResultFile& file);
 
 /// Isometric view, two elevations and plan of the model with its supports.
 [[nodiscard]] std::string DrawModel(const Job& job);

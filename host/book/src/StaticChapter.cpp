@@ -198,7 +198,7 @@ void WriteSecondOrder(CPage& page, const BookData& book) {
 }
 
 void WriteMoments(CPage& page, const BookData& book) {
-  const auto picture = DrawMoments(book.job, *book.linear.content);
+  const auto picture = DrawMoments(book.job, book.strJobPath, *book.linear.content);
   if (!picture) return;
   page.Figure(Tell({"Moments My [kN·m] in the plane {0}, linear, on the tension side",
                     "{0} 平面弯矩图 My [kN·m]（线性，画在受拉侧）"},

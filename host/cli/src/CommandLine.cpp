@@ -21,8 +21,8 @@ namespace {
 using CommandMaker = std::unique_ptr<CCommand> (*)(const CommandContext& context);
 
 /// In the order of the help text.
-constexpr CommandMaker c_commands[] = {MakeRunCommand,    MakeCheckCommand,    MakePlotCommand,  MakeCompareCommand,
-                                       MakeReportCommand, MakeGenerateCommand, MakeSchemaCommand};
+constexpr CommandMaker c_commands[] = {MakeRunCommand,     MakeCheckCommand,  MakePlotCommand,     MakeTableCommand,
+                                       MakeCompareCommand, MakeReportCommand, MakeGenerateCommand, MakeSchemaCommand};
 
 /// What the arguments ask for, before they are parsed: the parser has texts, too. Else what the environment wants.
 Language ChooseLanguage(const std::vector<std::string>& arguments) {

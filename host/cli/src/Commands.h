@@ -9,6 +9,7 @@ namespace skyframe::host {
 [[nodiscard]] std::unique_ptr<CCommand> MakeRunCommand(const CommandContext& context);
 [[nodiscard]] std::unique_ptr<CCommand> MakeCheckCommand(const CommandContext& context);
 [[nodiscard]] std::unique_ptr<CCommand> MakePlotCommand(const CommandContext& context);
+[[nodiscard]] std::unique_ptr<CCommand> MakeTableCommand(const CommandContext& context);
 [[nodiscard]] std::unique_ptr<CCommand> MakeCompareCommand(const CommandContext& context);
 [[nodiscard]] std::unique_ptr<CCommand> MakeReportCommand(const CommandContext& context);
 [[nodiscard]] std::unique_ptr<CCommand> MakeGenerateCommand(const CommandContext& context);

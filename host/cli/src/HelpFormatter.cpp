@@ -27,6 +27,7 @@ std::string NameType(const std::string& strType) {
   const std::string strChoices = ListChoices(strType);
   if (!strChoices.empty()) return strChoices;
   const std::string strName = strType.substr(0, strType.find(':'));
+  if (strName == "FILE") return std::string(Say(texts::c_fileKind));
   if (strName == "INT") return std::string(Say(texts::c_countKind));
   if (strName == "FLOAT") return std::string(Say(texts::c_numberKind));
   return strName == "TEXT" ? std::string(Say(texts::c_textKind)) : strName;

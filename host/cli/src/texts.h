@@ -117,6 +117,17 @@ inline constexpr Words c_aboveTolerance = {"above the tolerance", "超过容差"
 inline constexpr Words c_allWithin = {"No difference is above the tolerance {0}.", "没有超过容差 {0} 的差别。"};
 inline constexpr Words c_someAbove = {"There are differences above the tolerance {0}.", "有超过容差 {0} 的差别。"};
 
+// table
+inline constexpr Words c_writeTable = {"Write results of a job as a table (CSV)", "把作业的结果写成表格（CSV）"};
+inline constexpr Words c_tableKind = {"Table to write", "要写的表格"};
+inline constexpr Words c_tableResult = {"Result it is of (default: the first that is there)",
+                                        "取自哪种分析的结果（缺省：现有的第一种）"};
+inline constexpr Words c_tableMode = {"Mode of a shape, from 1 (default 1)", "振型号，从 1 起（缺省 1）"};
+inline constexpr Words c_tableOutput = {"CSV file to write (default: standard output)",
+                                        "要写的 CSV 文件（缺省：标准输出）"};
+inline constexpr Words c_tableMissing = {"--what {0}: the result has no such table", "--what {0}：该结果没有这个表格"};
+inline constexpr Words c_shapeOnly = {"--mode: belongs to the shape of a mode", "--mode：只用于振型的位移"};
+
 // generate
 inline constexpr Words c_generate = {"Write a job file for a regular structure", "生成规则结构的作业文件"};
 inline constexpr Words c_generateOutput = {"Job file to write (default: standard output)",
@@ -169,6 +180,7 @@ inline constexpr Words c_helpParts[] = {
     {"[Option Group: {0}]\n  {1} \n  [Exactly 1 of the following options is required]\n  {2}", "{0}（{1}）\n  {2}"},
 };
 /// Kinds of values that an option takes.
+inline constexpr Words c_fileKind = {"FILE", "文件"};
 inline constexpr Words c_textKind = {"TEXT", "文本"};
 inline constexpr Words c_countKind = {"N", "整数"};
 inline constexpr Words c_numberKind = {"NUMBER", "数"};

@@ -31,6 +31,7 @@
 #include "skyframe/qt/QtTranslation.h"
 #include "skyframe/results/Histories.h"
 #include "skyframe/run/PrefillPlatform.h"
+#include "table_texts.h"
 #include "texts.h"
 
 namespace skyframe::gui {
@@ -87,6 +88,8 @@ CMainWindow::CMainWindow(const QString& strSettingsFile)
       m_results(m_document),
       m_historyDock(this),
       m_histories(m_document, m_shapeBar),
+      m_tableDock(this),
+      m_tables(m_document),
       m_recentMenu(this),
       m_fontSizes(this),
       m_languages(this) {
@@ -219,7 +222,7 @@ void CMainWindow::MakeViewMenu() {
   AddOption(menu, texts::c_localAxes, texts::c_localAxesTip, "local_axes", &ViewOptions::bLocalAxes);
   menu.addSeparator();
   for (QDockWidget* const pDock : {&m_analysisDock, &m_inspectDock, &m_summaryDock, &m_adviceDock, &m_consoleDock,
-                                   &m_resultDock, &m_historyDock}) {
+                                   &m_historyDock, &m_tableDock, &m_resultDock}) {
     menu.addAction(pDock->toggleViewAction());
   }
   menu.addSeparator();
@@ -282,6 +285,9 @@ void CMainWindow::MakeDocks() {
                  Qt::RightDockWidgetArea);
   m_make.AddDock(m_historyDock, m_histories, texts::c_histories, texts::c_historiesTip, "history_dock",
                  Qt::BottomDockWidgetArea);
+  m_make.AddDock(m_tableDock, m_tables, texts::c_tables, texts::c_tablesTip, "table_dock", Qt::RightDockWidgetArea);
+  tabifyDockWidget(&m_tableDock, &m_resultDock);
+  m_tableDock.raise();
   tabifyDockWidget(&m_summaryDock, &m_consoleDock);
   tabifyDockWidget(&m_consoleDock, &m_historyDock);
   connect(&m_historyDock, &QDockWidget::visibilityChanged, this, [this](bool bSeen) {

@@ -21,6 +21,7 @@
 #include "skyframe/gui/ShapeBar.h"
 #include "skyframe/gui/StructureView.h"
 #include "skyframe/gui/SummaryPanel.h"
+#include "skyframe/gui/TablePanel.h"
 #include "skyframe/qt/QtPlatform.h"
 #include "skyframe/run/AnalysisRun.h"
 
@@ -114,6 +115,8 @@ class CMainWindow : public QMainWindow {
   CResultPanel m_results;
   QDockWidget m_historyDock;
   CHistoryPanel m_histories;
+  QDockWidget m_tableDock;
+  CTablePanel m_tables;
   std::unique_ptr<CHelpWindow> m_pHelp;  ///< made when it is asked for
   QMenu m_recentMenu;
   QActionGroup m_fontSizes;
