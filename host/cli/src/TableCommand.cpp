@@ -57,7 +57,7 @@ class CTableCommand final : public CCommand {
 
  private:
   void Define(CLI::App& app) override {
-    AddJobFile(app, Help(texts::c_plotJob));
+    AddJobFile(app, Help(texts::c_solvedJob));
     app.add_option("--what", m_strKind, Help(texts::c_tableKind))->required()->check(FormCheck(c_strTableKinds));
     app.add_option("--of", m_strResult, Help(texts::c_tableResult))->check(FormCheck(c_strTableResults));
     m_pMode = app.add_option("--mode", m_choice.nMode, Help(texts::c_tableMode));
