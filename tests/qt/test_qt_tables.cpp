@@ -17,7 +17,9 @@ class TablePanel : public ::testing::Test {
  protected:
   TablePanel() : m_window(m_settings.filePath(QStringLiteral("settings.ini"))) {
     host::Job job = host::GenerateBuilding({});
-    job.analyses = {host::StaticJob{.combination = {{0, 1.0}, {2, 1.0}}}};
+    host::StaticJob analysis;
+    analysis.combination = {{0, 1.0}, {2, 1.0}};
+    job.analyses = {analysis};
     m_folder.Write(".json", host::FormatJob(job));
     EXPECT_EQ(m_folder.Solve().nStatus, 0);
     m_window.OpenJob(QString::fromStdString(m_folder.GetPath(".json")));

@@ -45,6 +45,8 @@ class CHistoryPanel : public QWidget {
   [[nodiscard]] bool IsOutdated();
   /// Histories may be others.
   void Refresh();
+  /// When they are looked at.
+  void RefreshSoon();
   void ShowState();
   void ShowCurves();
   void ShowTime();
