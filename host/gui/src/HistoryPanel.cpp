@@ -5,6 +5,7 @@
 #include <QHBoxLayout>
 #include <QShortcut>
 #include <QSignalBlocker>
+#include <QTimer>
 #include <QVBoxLayout>
 #include <algorithm>
 #include <memory>
@@ -145,7 +146,7 @@ void CHistoryPanel::ConnectAll() {
   m_document.resultsChanged.Connect([this] {
     m_bStale = true;
     m_player.SetMoves(false);
-    if (isVisible()) Refresh();
+    RefreshSoon();
   });
   m_document.selectionChanged.Connect([this] { m_addSelected.setEnabled(!m_document.GetSelection().IsEmpty()); });
 }
@@ -177,8 +178,13 @@ void CHistoryPanel::FillKinds() {
   m_kind.setCurrentIndex(nChosen);
 }
 
-void CHistoryPanel::showEvent(QShowEvent* /*pEvent*/) {
-  if (std::exchange(m_bStale, false)) Refresh();
+void CHistoryPanel::showEvent(QShowEvent* /*pEvent*/) { RefreshSoon(); }
+
+void CHistoryPanel::RefreshSoon() {
+  // A panel behind others is hidden only when the window has been laid out.
+  QTimer::singleShot(0, this, [this] {
+    if (m_bStale && isVisible()) Refresh();
+  });
 }
 
 void CHistoryPanel::resizeEvent(QResizeEvent* /*pEvent*/) {

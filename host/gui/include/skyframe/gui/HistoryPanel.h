@@ -45,6 +45,8 @@ class CHistoryPanel : public QWidget {
   [[nodiscard]] bool IsOutdated();
   /// Histories may be others.
   void Refresh();
+  /// When they are looked at.
+  void RefreshSoon();
   void ShowState();
   void ShowCurves();
   void ShowTime();
@@ -71,10 +73,12 @@ class CHistoryPanel : public QWidget {
   bool m_bStale = true;           ///< what is shown may not be the document's any more
   double m_dLargest = 0.0;        ///< of the motion, m
 
-  QLabel m_state;
-  QPushButton m_showOld;
+  // Parents before their children.
+  QSplitter m_splitter;
   QWidget m_head;
   QWidget m_choice;
+  QLabel m_state;
+  QPushButton m_showOld;
   QComboBox m_kind;
   QSpinBox m_number;
   QPushButton m_add;
@@ -83,7 +87,6 @@ class CHistoryPanel : public QWidget {
   QComboBox m_lengthUnit;
   QComboBox m_forceUnit;
   QPushButton m_save;
-  QSplitter m_splitter;
   QListWidget m_list;
   QBoxLayout* m_pChartLayout = nullptr;  ///< of the charts' common parent
   std::array<CHistoryChart, c_curveGroups.size()> m_charts;
