@@ -38,12 +38,11 @@ class CWaitCursor {
   CWaitCursor& operator=(const CWaitCursor&) = delete;
 };
 
-/// Subjects of rows, ascending.
-std::vector<int> ListSubjects(const host::Table& table, const std::vector<std::size_t>& rows) {
+std::set<int> ListSubjects(const host::Table& table, const std::vector<std::size_t>& rows) {
   std::vector<int> subjects;
   for (const std::size_t r : rows) subjects.push_back(table.subjects[r]);
-  std::ranges::sort(subjects);
-  return subjects;
+  std::ranges::sort(subjects);  // a set of ascending numbers is made in linear time
+  return {subjects.begin(), subjects.end()};
 }
 
 }  // namespace
@@ -386,9 +385,9 @@ void CTablePanel::TakeSelection() {
   for (const QItemSelectionRange& range : m_table.selectionModel()->selection()) {
     for (int r = range.top(); r <= range.bottom(); ++r) rows.push_back(m_rows.GetRow(r));
   }
-  const std::vector<int> subjects = ListSubjects(table, rows);
   Selection selection;
-  (table.subject == host::RowSubject::Node ? selection.nodes : selection.elements) = {subjects.begin(), subjects.end()};
+  std::set<int>& chosen = table.subject == host::RowSubject::Node ? selection.nodes : selection.elements;
+  chosen = ListSubjects(table, rows);
   const QScopedValueRollback selecting(m_bSelecting, true);
   m_document.Select(std::move(selection));
 }
