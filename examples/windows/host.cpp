@@ -26,6 +26,7 @@
 #include "skyframe/results/ResultList.h"
 #include "skyframe/run/AnalysisRun.h"
 #include "skyframe/run/DataDirectory.h"
+#include "skyframe/run/PlatformScope.h"
 #include "skyframe/run/Session.h"
 #include "skyframe/win32/Win32Platform.h"
 
