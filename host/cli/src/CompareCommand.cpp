@@ -1,5 +1,6 @@
 #include <CLI/CLI.hpp>
 #include <algorithm>
+#include <cmath>
 
 #include "Commands.h"
 #include "skyframe/cli/CommandLine.h"
@@ -57,10 +58,13 @@ class CCompareCommand final : public CCommand {
            std::string(static_cast<std::size_t>(std::max(c_nWidth - nShown, std::ptrdiff_t{1})), ' ');
   }
 
+  /// What is no number has no sign, whatever the system makes of it.
+  static std::string FormatValue(double dValue) { return std::isnan(dValue) ? "nan" : Format("%.8g", dValue); }
+
   static std::string Describe(const Difference& difference) {
     if (difference.GetAbsolute() == 0.0) return std::string(Say(texts::c_equal));
     const std::string strValues =
-        Say(texts::c_twoValues, {Format("%.8g", difference.dFirst), Format("%.8g", difference.dSecond)});
+        Say(texts::c_twoValues, {FormatValue(difference.dFirst), FormatValue(difference.dSecond)});
     std::string strText = difference.strPlace.empty() ? strValues : difference.strPlace + ", " + strValues;
     if (difference.bAbove) strText += "; " + std::string(Say(texts::c_aboveTolerance));
     return strText;
