@@ -52,8 +52,8 @@ Table FormEnds(const Job& job, const StructureForces& forces) {
     const MemberForces& member = forces.members[nMember];
     SetForces(table, nFirst, r, member, bStart ? member.stations.front() : member.stations.back());
   }
-  AddExtremes(table, nFirst, table.columns.size(), forces.bAbsolute);
   AddSections(table, job);
+  AddExtremes(table, nFirst, nFirst + c_nForceComponents, forces.bAbsolute);
   return table;
 }
 
@@ -80,8 +80,8 @@ Table FormExtremes(const Job& job, const StructureForces& forces) {
     table.columns[nPlaces].numbers[r] = static_cast<double>(FindStation(member, c_nMy)) / dLast;
     table.columns[nPlaces + 1].numbers[r] = static_cast<double>(FindStation(member, c_nMz)) / dLast;
   }
-  AddExtremes(table, nFirst, nFirst + c_nForceComponents, forces.bAbsolute);
   AddSections(table, job);
+  AddExtremes(table, nFirst, nFirst + c_nForceComponents, forces.bAbsolute);
   return table;
 }
 
