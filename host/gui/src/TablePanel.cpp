@@ -40,6 +40,7 @@ class CWaitCursor {
 
 std::set<int> ListSubjects(const host::Table& table, const std::vector<std::size_t>& rows) {
   std::vector<int> subjects;
+  subjects.reserve(rows.size());
   for (const std::size_t r : rows) subjects.push_back(table.subjects[r]);
   std::ranges::sort(subjects);  // a set of ascending numbers is made in linear time
   return {subjects.begin(), subjects.end()};
