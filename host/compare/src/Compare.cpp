@@ -60,6 +60,7 @@ using Differences = std::vector<Difference>;
 template <class T>
 void Rearrange(std::vector<T>& values, const std::vector<std::size_t>& places) {
   std::vector<T> arranged;
+  arranged.reserve(values.size());
   for (const std::size_t n : places) arranged.push_back(std::move(values[n]));
   values = std::move(arranged);
 }
@@ -67,7 +68,7 @@ void Rearrange(std::vector<T>& values, const std::vector<std::size_t>& places) {
 /// Of all six components, or of the translations alone.
 class CNodeDifferences {
  public:
-  CNodeDifferences(CLargestDifference translations, CLargestDifference rotations)
+  CNodeDifferences(const CLargestDifference& translations, const CLargestDifference& rotations)
       : m_translations(translations), m_rotations(rotations) {}
 
   void Add(const NodeValues& first, const NodeValues& second, int nNode) {

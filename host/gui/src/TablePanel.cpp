@@ -38,14 +38,6 @@ class CWaitCursor {
   CWaitCursor& operator=(const CWaitCursor&) = delete;
 };
 
-std::set<int> ListSubjects(const host::Table& table, const std::vector<std::size_t>& rows) {
-  std::vector<int> subjects;
-  subjects.reserve(rows.size());
-  for (const std::size_t r : rows) subjects.push_back(table.subjects[r]);
-  std::ranges::sort(subjects);  // a set of ascending numbers is made in linear time
-  return {subjects.begin(), subjects.end()};
-}
-
 }  // namespace
 
 CTablePanel::CTablePanel(CDocument& document, QWidget* pParent)
@@ -382,13 +374,11 @@ void CTablePanel::SaveCsv() {
 void CTablePanel::TakeSelection() {
   const host::Table& table = m_model.GetTable();
   if (m_bSelecting || table.subject == host::RowSubject::None) return;
-  std::vector<std::size_t> rows;
-  for (const QItemSelectionRange& range : m_table.selectionModel()->selection()) {
-    for (int r = range.top(); r <= range.bottom(); ++r) rows.push_back(m_rows.GetRow(r));
-  }
   Selection selection;
   std::set<int>& chosen = table.subject == host::RowSubject::Node ? selection.nodes : selection.elements;
-  chosen = ListSubjects(table, rows);
+  for (const QItemSelectionRange& range : m_table.selectionModel()->selection()) {
+    for (int r = range.top(); r <= range.bottom(); ++r) chosen.insert(table.subjects[m_rows.GetRow(r)]);
+  }
   const QScopedValueRollback selecting(m_bSelecting, true);
   m_document.Select(std::move(selection));
 }
