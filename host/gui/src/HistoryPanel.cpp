@@ -167,7 +167,7 @@ void CHistoryPanel::Speak() {
   m_forceUnit.setToolTip(ToQt(Say(texts::c_forceUnitTip)));
   m_list.setToolTip(ToQt(Say(texts::c_curveListTip)));
   FillKinds();
-  if (isVisible()) Refresh();
+  if (!m_bStale) Refresh();
 }
 
 void CHistoryPanel::FillKinds() {
@@ -178,12 +178,14 @@ void CHistoryPanel::FillKinds() {
   m_kind.setCurrentIndex(nChosen);
 }
 
-void CHistoryPanel::showEvent(QShowEvent* /*pEvent*/) { RefreshSoon(); }
+void CHistoryPanel::paintEvent(QPaintEvent* /*pEvent*/) {
+  if (m_bStale) RefreshSoon();
+}
 
 void CHistoryPanel::RefreshSoon() {
-  // A panel behind others is hidden only when the window has been laid out.
+  // A panel behind others counts as visible; a region is seen only of the one before.
   QTimer::singleShot(0, this, [this] {
-    if (m_bStale && isVisible()) Refresh();
+    if (m_bStale && !visibleRegion().isEmpty()) Refresh();
   });
 }
 

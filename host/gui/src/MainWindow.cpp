@@ -11,6 +11,7 @@
 #include <QPrintDialog>
 #include <QPrinter>
 #include <QPushButton>
+#include <QScreen>
 #include <QStatusBar>
 #include <QTimer>
 #include <QUrl>
@@ -117,7 +118,7 @@ CMainWindow::CMainWindow(const QString& strSettingsFile)
   });
   m_platform.SetConsoleSink([this](std::string_view strText) { AppendConsole(strText); });
   SetFontScale(m_pSettings->value(c_strFontKey, 100).toInt() / 100.0);
-  resize(1280, 820);
+  resize(QGuiApplication::primaryScreen()->availableSize().boundedTo({1480, 920}));
   restoreGeometry(m_pSettings->value(c_strGeometryKey).toByteArray());
   restoreState(m_pSettings->value(c_strStateKey).toByteArray());
   for (QAction* const pAction : m_jobActions) pAction->setEnabled(false);
@@ -288,7 +289,8 @@ void CMainWindow::MakeDocks() {
   m_make.AddDock(m_tableDock, m_tables, texts::c_tables, texts::c_tablesTip, "table_dock", Qt::RightDockWidgetArea);
   tabifyDockWidget(&m_tableDock, &m_resultDock);
   m_tableDock.raise();
-  tabifyDockWidget(&m_summaryDock, &m_consoleDock);
+  tabifyDockWidget(&m_summaryDock, &m_adviceDock);
+  tabifyDockWidget(&m_adviceDock, &m_consoleDock);
   tabifyDockWidget(&m_consoleDock, &m_historyDock);
   connect(&m_historyDock, &QDockWidget::visibilityChanged, this, [this](bool bSeen) {
     const int nHeight = c_nHistoryLines * fontMetrics().height();
@@ -296,7 +298,8 @@ void CMainWindow::MakeDocks() {
   });
   m_summaryDock.raise();
   resizeDocks({&m_summaryDock}, {190}, Qt::Vertical);
-  resizeDocks({&m_analysisDock, &m_resultDock}, {230, 360}, Qt::Horizontal);
+  resizeDocks({&m_analysisDock, &m_inspectDock}, {130, 400}, Qt::Vertical);
+  resizeDocks({&m_analysisDock, &m_tableDock}, {240, 360}, Qt::Horizontal);
 }
 
 void CMainWindow::ConnectView() {
@@ -343,7 +346,9 @@ bool CMainWindow::OpenJob(const QString& strFile) {
   m_console.clear();
   m_summary.clear();
   statusBar()->clearMessage();
-  m_advice.ShowAdvice(host::AdviseOnInput(m_document.GetWarnings()));
+  const host::AdviceList list = host::AdviseOnInput(m_document.GetWarnings());
+  m_advice.ShowAdvice(list);
+  if (!list.empty()) m_adviceDock.raise();
   for (QAction* const pAction : m_jobActions) pAction->setEnabled(true);
   Remember(strFile);
   return true;
@@ -462,7 +467,7 @@ void CMainWindow::ShowRun(host::AnalysisKind kind, const host::AnalysisRun& run)
   std::ranges::copy(run.report.advice, std::back_inserter(list));
   m_advice.ShowAdvice(list);
   if (run.analysis) m_summary.AddRun(std::string(host::GetName(*run.analysis)), run.report.strSummary);
-  m_summaryDock.raise();
+  (host::HasError(list) ? m_adviceDock : m_summaryDock).raise();
   if (findings.status != RunStatus::Done) return;
   const bool bNonlinear = kind == host::AnalysisKind::Static && GetStaticFindings().bNonlinear;
   if (kind == host::AnalysisKind::Modal) m_shapeBar.Choose(host::ShapeKind::Mode);

@@ -29,7 +29,7 @@ class CHistoryPanel : public QWidget {
   [[nodiscard]] CHistoryPlayer& GetPlayer() { return m_player; }
 
  protected:
-  void showEvent(QShowEvent* pEvent) override;
+  void paintEvent(QPaintEvent* pEvent) override;
   void resizeEvent(QResizeEvent* pEvent) override;
   void hideEvent(QHideEvent* pEvent) override;
 
