@@ -10,6 +10,7 @@ std::optional<std::vector<std::vector<NodeValues>>> FormInertia(
   CRowMatrix M;
   if (!AssembleMassRows(model, bUseLoadMass, S, M)) return std::nullopt;
   std::vector<std::vector<NodeValues>> forces;
+  forces.reserve(accelerations.size());
   for (const std::vector<NodeValues>& a : accelerations) {
     forces.push_back(model.GatherNodeValues(Multiply(M, model.ScatterFreeValues(a))));
   }

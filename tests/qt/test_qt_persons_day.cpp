@@ -34,7 +34,8 @@ void SavePicture(QWidget& window, const QString& strName) {
   const QRect title(1, 1, content.width(), c_nTitleHeight);
   painter.fillRect(title, QColor(222, 224, 228));
   painter.setFont(FormDialogFont());
-  painter.drawText(title.adjusted(10, 0, -10, 0), Qt::AlignVCenter | Qt::AlignLeft, window.windowTitle());
+  painter.drawText(title.adjusted(10, 0, -10, 0), Qt::AlignVCenter | Qt::AlignLeft,
+                   window.windowTitle().remove(QStringLiteral("[*]")));
   painter.drawPixmap(1, c_nTitleHeight + 1, content);
   EXPECT_TRUE(picture.save(QStringLiteral(SKYFRAME_PICTURE_DIR "/") + strName + QStringLiteral(".png")));
 }
@@ -133,6 +134,8 @@ TEST(PersonsDay, WindowsAndCommandLineWriteTheSameFiles) {
   pShapes->setCurrentIndex(3);
   auto* const pResults = window.findChild<QListWidget*>(QStringLiteral("results"));
   pResults->setCurrentRow(pResults->count() - 1);
+  window.findChild<QComboBox*>(QStringLiteral("colours"))->setCurrentIndex(1);  // by displacement
+  window.resize(1400, 880);
   QTest::qWait(50);
   SavePicture(window, QStringLiteral("first-mode"));
 

@@ -95,7 +95,14 @@ bool CShownRows::lessThan(const QModelIndex& left, const QModelIndex& right) con
 }
 
 CFootingModel::CFootingModel(CTableModel& model, CShownRows& rows, QObject* pParent)
-    : QAbstractTableModel(pParent), m_model(model), m_rows(rows) {}
+    : QAbstractTableModel(pParent), m_model(model), m_rows(rows) {
+  // another table has other columns
+  connect(&model, &QAbstractItemModel::modelAboutToBeReset, this, [this] {
+    beginResetModel();
+    m_numbers.clear();
+    endResetModel();
+  });
+}
 
 int CFootingModel::rowCount(const QModelIndex& parent) const {
   return parent.isValid() ? 0 : static_cast<int>(m_numbers.size());

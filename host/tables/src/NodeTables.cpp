@@ -98,6 +98,7 @@ Table FormLevelTable(const Job& job, const std::vector<NodeValues>& u, bool bMea
                          [](const Level& level) { return level.nodes.size(); });
   for (std::size_t d = 0; d < 3; ++d) {
     std::vector<LevelMotion> motions;
+    motions.reserve(levels.size());
     for (const Level& level : levels) motions.push_back(FormMotion(level, u, d));
     AddMotion(table, motions, d, bMean && d < 2, units);
   }
