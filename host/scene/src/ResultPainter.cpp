@@ -18,7 +18,6 @@ struct AreaColours {
 constexpr AreaColours c_plainArea{{0x2f, 0x66, 0xa8}, {0xd9, 0xe6, 0xf4}};
 constexpr AreaColours c_tensionArea{{0xb0, 0x3a, 0x2e}, {0xf6, 0xdd, 0xd8}};
 constexpr Colour c_reactionColour{0x8a, 0x2b, 0x6f};
-constexpr Colour c_absentColour{0xd6, 0xda, 0xe0};
 
 constexpr double c_dNothing = 1.0e-3;   // of the largest value: not drawn
 constexpr double c_dStraight = 1.0e-4;  // off a straight line
