@@ -21,12 +21,13 @@ namespace {
 namespace fs = std::filesystem;
 
 /// Files that the analyses of a job read and write.
-constexpr std::string_view c_strJobSuffixes[] = {
-    suffix::c_strStaticLinear,    suffix::c_strStaticNonlinear, suffix::c_strModes,
-    suffix::c_strSpectrum,        suffix::c_strVirtualMode,     suffix::c_strVirtualResponse,
-    suffix::c_strHistory,         suffix::c_strImpulseEcho,     suffix::c_strImpulseLoad,
-    suffix::c_strAcceleration[0], suffix::c_strAcceleration[1], suffix::c_strAcceleration[2],
-    suffix::c_strAcceleration[3], c_strStampSuffix};
+constexpr std::string_view c_strJobSuffixes[] = {suffix::c_strStaticLinear,    suffix::c_strStaticNonlinear,
+                                                 suffix::c_strModes,           suffix::c_strSpectrum,
+                                                 suffix::c_strVirtualMode,     suffix::c_strVirtualResponse,
+                                                 suffix::c_strHistory,         suffix::c_strImpulseEcho,
+                                                 suffix::c_strImpulseLoad,     suffix::c_strAcceleration[0],
+                                                 suffix::c_strAcceleration[1], suffix::c_strAcceleration[2],
+                                                 suffix::c_strAcceleration[3], c_strStampSuffix};
 
 }  // namespace
 

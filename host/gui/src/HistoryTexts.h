@@ -70,7 +70,8 @@ inline constexpr Words c_noShear = {"read from the file, without base shear", "�
 inline constexpr Words c_tooMany = {"No more than {0} curves are shown", "最多显示 {0} 条曲线"};
 
 // Player.
-inline constexpr Words c_playTip = {"Play: let the structure in the drawing move through time", "播放：使图形中的结构随时间运动"};
+inline constexpr Words c_playTip = {"Play: let the structure in the drawing move through time",
+                                    "播放：使图形中的结构随时间运动"};
 inline constexpr Words c_pauseTip = {"Pause", "暂停"};
 inline constexpr Words c_toStartTip = {"To the first step", "到第一步"};
 inline constexpr Words c_stepBackTip = {"A step back", "后退一步"};
