@@ -11,6 +11,7 @@
 #include "skyframe/platform/OutputFile.h"
 #include "skyframe/results/ResultList.h"
 #include "skyframe/run/JobRunner.h"
+#include "skyframe/run/Stamps.h"
 #include "skyframe/values/ResultFiles.h"
 #include "texts.h"
 
@@ -85,6 +86,15 @@ bool CCommand::IsJobFile(const std::string& strOutput, const std::string& strJob
   return IsSameFile(strOutput, strJobFile) || std::ranges::any_of(c_strJobSuffixes, [&](std::string_view strSuffix) {
            return IsSameFile(strOutput, strJobPath + std::string(strSuffix));
          });
+}
+
+void CCommand::WarnOfAge(const Job& job, const std::string& strJobFile) {
+  for (const std::string_view strSuffix : {suffix::c_strStaticLinear, suffix::c_strStaticNonlinear, suffix::c_strModes,
+                                           suffix::c_strSpectrum, suffix::c_strHistory}) {
+    for (const Advice& advice : AdviseOnAge(job, GetJobPath(strJobFile), strSuffix)) {
+      m_err << EscapeControls(FormatAdvice(advice)) << '\n';
+    }
+  }
 }
 
 int CCommand::RefuseJobFile(const std::string& strOutput) { return Refuse(Say(texts::c_belongsToJob, {strOutput})); }

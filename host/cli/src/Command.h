@@ -65,6 +65,9 @@ class CCommand {
   /// Lists what a job file or a generated job has against it.
   void PrintProblems(const std::string& strFile, const std::vector<JobProblem>& problems, std::string_view strKind);
 
+  /// Warns of results beside the job that come from another model.
+  void WarnOfAge(const Job& job, const std::string& strJobFile);
+
   /// Writes the text to the output file, to the standard output when there is none.
   [[nodiscard]] int Deliver(const std::string& strOutput, const std::string& strText);
   [[nodiscard]] int Save(const std::string& strOutput, const std::string& strText);

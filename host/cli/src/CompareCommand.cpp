@@ -21,6 +21,8 @@ class CCompareCommand final : public CCommand {
     const std::optional<Job> first = LoadJob(m_strJobFile);
     const std::optional<Job> second = LoadJob(m_strOther);
     if (!first || !second) return c_nExitBadInput;
+    WarnOfAge(*first, m_strJobFile);
+    WarnOfAge(*second, m_strOther);
     const Comparison comparison =
         CompareResults({*first, GetJobPath(m_strJobFile)}, {*second, GetJobPath(m_strOther)}, m_dTolerance);
     for (const KindComparison& kind : comparison.kinds) Print(kind);

@@ -18,6 +18,7 @@ class CReportCommand final : public CCommand {
     const JobFile file = ReadJobFile(m_strJobFile);
     PrintProblems(m_strJobFile, file.errors, "");
     if (!file.errors.empty()) return c_nExitBadInput;
+    WarnOfAge(file.job, m_strJobFile);
     return Save(m_strOutput, WriteReport(file.job, GetJobPath(m_strJobFile), file.warnings));
   }
 

@@ -16,8 +16,9 @@ namespace {
 
 constexpr std::array<ResultKind, 4> c_kinds = {ResultKind::Linear, ResultKind::Nonlinear, ResultKind::Spectrum,
                                                ResultKind::History};
-constexpr std::array<const char*, 4> c_pszKinds = {"linear", "nonlinear", "spectrum", "history"};
-constexpr int c_nUsualSize = 20;  // slider steps of the usual size
+constexpr std::array<const char*, 5> c_pszKinds = {"linear", "nonlinear", "modes", "spectrum",
+                                                   "history"};  // by ResultKind
+constexpr int c_nUsualSize = 20;                                // slider steps of the usual size
 constexpr int c_nLargestSize = 100;
 constexpr int c_nSliderWidth = 90;
 
@@ -178,6 +179,7 @@ void CResultBar::ShowForces() {
   auto forces = FormForces(*kind);
   if (!forces) return m_view.SetForces(std::nullopt);
   drawn.forces = std::move(*forces);
+  drawn.kind = *kind;
   drawn.strTitle = FormResultTitle(*kind);
   if (*kind == ResultKind::History) {
     const double t = (m_document.GetStep() + 1) * m_document.GetHistories()->dTimeStep;
@@ -217,7 +219,7 @@ void CResultBar::ShowLoads() {
 std::string CResultBar::FormFileName() const {
   const auto& forces = m_view.GetForces();
   if (!forces) return "";
-  std::string strName = c_pszKinds[static_cast<std::size_t>(*GetSource())];
+  std::string strName = c_pszKinds[static_cast<std::size_t>(forces->kind)];
   for (const auto& quantity : {forces->diagram, forces->colours}) {
     if (quantity) strName += "_" + std::string(host::c_strMemberQuantities[static_cast<std::size_t>(*quantity)]);
   }

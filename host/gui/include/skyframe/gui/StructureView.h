@@ -35,7 +35,8 @@ struct ViewOptions {
 
 /// Forces over the drawing.
 struct DrawnForces {
-  std::string strTitle;  ///< whose forces
+  ResultKind kind = ResultKind::Linear;  ///< whose forces
+  std::string strTitle;
   bool bOutdated = false;
   host::StructureForces forces;
   std::optional<host::MemberQuantity> diagram;
