@@ -71,21 +71,24 @@ std::vector<host::JobProblem> CDocument::Open(const QString& strFile) {
   std::erase_if(m_selection.nodes, [&](int i) { return IsGone(i, GetJob().nodes.size()); });
   std::erase_if(m_selection.elements, [&](int i) { return IsGone(i, GetJob().elements.size()); });
   jobOpened.Send();
+  selectionChanged.Send();
   analysesChanged.Send();
   RefreshResults();
-  selectionChanged.Send();
   return {};
 }
 
-const host::JobAnalysis* CDocument::FindAnalysis(host::AnalysisKind kind) const {
+std::optional<std::size_t> CDocument::FindAnalysis(host::AnalysisKind kind) const {
   const auto& analyses = GetJob().analyses;
   const auto it = std::ranges::find(analyses, kind, host::GetKind);
-  return it == analyses.end() ? nullptr : &*it;
+  return it == analyses.end() ? std::nullopt : std::optional(static_cast<std::size_t>(it - analyses.begin()));
 }
 
-void CDocument::KeepAnalysis(const host::JobAnalysis& analysis) {
+void CDocument::KeepAnalysis(std::optional<std::size_t> nIndex, const host::JobAnalysis& analysis) {
   std::vector<host::JobAnalysis> analyses = GetJob().analyses;
-  const auto it = std::ranges::find_if(analyses, [&](const auto& other) { return WriteTheSame(analysis, other); });
+  auto it = nIndex ? analyses.begin() + static_cast<std::ptrdiff_t>(*nIndex) : analyses.end();
+  if (it == analyses.end() || !WriteTheSame(analysis, *it)) {
+    it = std::ranges::find_if(analyses, [&](const auto& other) { return WriteTheSame(analysis, other); });
+  }
   if (it == analyses.end()) {
     analyses.push_back(analysis);
   } else if (MeanTheSame(*it, analysis)) {

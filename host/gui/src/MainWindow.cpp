@@ -75,10 +75,7 @@ CMainWindow::CMainWindow(const QString& strSettingsFile)
       m_resultBar(m_document, m_view, this),
       m_analysisDock(this),
       m_analyses(m_document,
-                 [this](std::size_t nIndex) {
-                   const host::JobAnalysis analysis = m_document.GetJob().analyses[nIndex];
-                   Analyse(host::GetKind(analysis), &analysis);
-                 }),
+                 [this](std::size_t nIndex) { Analyse(host::GetKind(m_document.GetJob().analyses[nIndex]), nIndex); }),
       m_inspectDock(this),
       m_inspect(m_document, m_view),
       m_consoleDock(this),
@@ -382,13 +379,12 @@ void CMainWindow::OnNew() {
 }
 
 void CMainWindow::dragEnterEvent(QDragEnterEvent* pEvent) {
-  if (pEvent->mimeData()->hasUrls() && pEvent->mimeData()->urls().constFirst().isLocalFile()) {
-    pEvent->acceptProposedAction();
-  }
+  const QList<QUrl> urls = pEvent->mimeData()->urls();
+  if (!urls.isEmpty() && urls.constFirst().isLocalFile()) pEvent->acceptProposedAction();
 }
 
 void CMainWindow::dropEvent(QDropEvent* pEvent) {
-  const QString strFile = pEvent->mimeData()->urls().constFirst().toLocalFile();
+  const QString strFile = pEvent->mimeData()->urls().value(0).toLocalFile();
   pEvent->acceptProposedAction();
   QTimer::singleShot(0, this, [this, strFile] { OpenJob(strFile); });  // the other program need not wait
 }
@@ -438,11 +434,15 @@ void CMainWindow::ShowTitle() {
   setWindowModified(m_document.IsModified());
 }
 
-void CMainWindow::Analyse(host::AnalysisKind kind, const host::JobAnalysis* pValues) {
-  const host::AnalysisRun run =
-      host::RunInDialogs(m_document.GetSession(), kind, pValues, m_platform, m_platform.GetConsole());
+void CMainWindow::Analyse(host::AnalysisKind kind, std::optional<std::size_t> nIndex) {
+  std::optional<host::JobAnalysis> values;
+  if (nIndex) values = m_document.GetJob().analyses[*nIndex];
+  const host::AnalysisRun run = host::RunInDialogs(m_document.GetSession(), kind, values ? &*values : nullptr,
+                                                   m_platform, m_platform.GetConsole());
   m_platform.GetConsole().flush();
-  if (run.analysis && host::GetFindings(kind).status != RunStatus::Cancelled) m_document.KeepAnalysis(*run.analysis);
+  if (run.analysis && host::GetFindings(kind).status != RunStatus::Cancelled) {
+    m_document.KeepAnalysis(nIndex, *run.analysis);
+  }
   ShowRun(kind, run);
 }
 
@@ -466,7 +466,9 @@ void CMainWindow::ShowRun(host::AnalysisKind kind, const host::AnalysisRun& run)
   host::AdviceList list = host::AdviseOnFiles(findings);
   std::ranges::copy(run.report.advice, std::back_inserter(list));
   m_advice.ShowAdvice(list);
-  if (run.analysis) m_summary.AddRun(std::string(host::GetName(*run.analysis)), run.report.strSummary);
+  std::string strErrors;
+  for (const std::string& strError : run.errors) strErrors += strError + "\n";
+  if (run.analysis) m_summary.AddRun(std::string(host::GetName(*run.analysis)), strErrors + run.report.strSummary);
   (host::HasError(list) ? m_adviceDock : m_summaryDock).raise();
   if (findings.status != RunStatus::Done) return;
   const bool bNonlinear = kind == host::AnalysisKind::Static && GetStaticFindings().bNonlinear;

@@ -44,6 +44,7 @@ CResultPanel::CResultPanel(CDocument& document, QWidget* pParent)
 void CResultPanel::Refresh() {
   const QString strChosen =
       m_list.currentItem() == nullptr ? QString() : m_list.currentItem()->data(c_nNameRole).toString();
+  m_pStream.reset();
   m_list.clear();
   m_text.clear();
   if (!m_document.IsOpen()) return;
@@ -66,8 +67,8 @@ void CResultPanel::SetTextSize(double dPoints) {
 }
 
 void CResultPanel::ShowFile() {
+  m_pStream.reset();  // first: a text that shrinks scrolls, and would be read on
   m_text.clear();
-  m_pStream.reset();
   if (m_list.currentItem() == nullptr) return;
   const QDir folder = QFileInfo(ToQt(m_document.GetJobPath())).dir();
   m_pStream =

@@ -88,6 +88,7 @@ void CStructureView::SetScene(host::CScene scene, bool bKeepCamera) {
   m_forces.reset();
   m_loads.clear();
   m_hovered.reset();
+  m_selection = {};
   m_shown = {};
   if (!bKeepCamera) FitAll();
   update();

@@ -30,9 +30,10 @@ StaticMember ReadMember(CResultWords& words) {
   return member;
 }
 
-StaticSupport ReadSupport(CResultWords& words) {
+StaticSupport ReadSupport(CResultWords& words, std::size_t nNodes) {
   StaticSupport support;
   support.nNode = words.NumberBehind<int>(label::c_strNode);
+  words.Expect(support.nNode >= 1 && static_cast<std::size_t>(support.nNode) <= nNodes);
   for (;;) {
     const auto it = std::ranges::find(label::c_strReactions, words.Peek());
     if (it == std::end(label::c_strReactions)) return support;
@@ -60,7 +61,7 @@ Reading<StaticResultFile> ReadStaticResultFile(const std::string& strPath, std::
     ExpectWords(words, {"Solution", "Output:", "Member", "forces:", "ElementNumber", "AxialForce"});
     while (!words.HasFailed() && words.Peek() != "Reactions:") file.members.push_back(ReadMember(words));
     words.Skip(1);
-    while (words.Peek().starts_with(label::c_strNode)) file.supports.push_back(ReadSupport(words));
+    while (words.Peek().starts_with(label::c_strNode)) file.supports.push_back(ReadSupport(words, nNodes));
     ExpectWords(words, {"DOF", "Displacements:", "UX", "UY", "UZ"});
     file.displacements = ReadDisplacements(words, nNodes);
     return file;

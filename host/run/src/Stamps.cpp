@@ -51,7 +51,9 @@ Json ToJson(const AdviceList& list) {
 
 Json ToJson(const ResultStamp& stamp) {
   Json object = {{"model", stamp.strModel}, {"version", stamp.strVersion}, {"time", stamp.strTime}};
-  object["analysis"] = Json::parse(stamp.strAnalysis, nullptr, false);
+  if (Json analysis = Json::parse(stamp.strAnalysis, nullptr, false); analysis.is_object()) {
+    object["analysis"] = std::move(analysis);
+  }
   object["files"] = Json::object();
   for (const auto& [strSuffix, nBytes] : stamp.files) object["files"][strSuffix] = nBytes;
   for (std::size_t k = 0; k < stamp.advice.size(); ++k) object[c_pszAdvice[k]] = ToJson(stamp.advice[k]);
@@ -110,7 +112,9 @@ std::string FormModelMark(const Job& job) {
 CStamps CStamps::Read(const std::string& strJobPath) {
   CStamps stamps(strJobPath);
   const std::optional<std::string> strText = ReadWholeFile(strJobPath + std::string(c_strStampSuffix));
-  const Json tree = strText ? Json::parse(*strText, nullptr, false) : Json();
+  constexpr int c_nDeepest = 16;  // of what a stamp holds
+  const auto isShallow = [](int nDepth, Json::parse_event_t, Json&) { return nDepth <= c_nDeepest; };
+  const Json tree = strText ? Json::parse(*strText, isShallow, false) : Json();
   if (!tree.is_array()) return stamps;
   for (const Json& object : tree) {
     if (object.is_object()) stamps.m_stamps.push_back(ReadStamp(object));

@@ -56,10 +56,11 @@ class CDocument {
 
   // Its analyses
 
-  /// The first one of the kind; null when there is none.
-  [[nodiscard]] const host::JobAnalysis* FindAnalysis(host::AnalysisKind kind) const;
-  /// Takes the place of the one that writes the same results, else comes last.
-  void KeepAnalysis(const host::JobAnalysis& analysis);
+  /// Index of the first one of the kind; nothing when there is none.
+  [[nodiscard]] std::optional<std::size_t> FindAnalysis(host::AnalysisKind kind) const;
+  /// What became of the analysis with the index in its dialogs: takes its place when it still writes the same results,
+  /// else that of the first one that does, else comes last.
+  void KeepAnalysis(std::optional<std::size_t> nIndex, const host::JobAnalysis& analysis);
   void SetAnalyses(std::vector<host::JobAnalysis> analyses);
   /// Whether the analyses differ from those of the file.
   [[nodiscard]] bool IsModified() const { return m_bModified; }

@@ -6,6 +6,7 @@
 #include <QSettings>
 #include <QStringDecoder>
 #include <memory>
+#include <optional>
 #include <string_view>
 #include <vector>
 
@@ -76,11 +77,11 @@ class CMainWindow : public QMainWindow {
   void OnPrint();
   void OnAbout();
 
-  /// Runs an analysis in its dialogs, filled in with those values when there are any.
-  void Analyse(host::AnalysisKind kind, const host::JobAnalysis* pValues);
+  /// Runs an analysis in its dialogs, filled in with the values of the job's with that index when there is one.
+  void Analyse(host::AnalysisKind kind, std::optional<std::size_t> nIndex);
   void RunAll();
   void ShowHistories();
-  /// Shows what a run found; bSelect: its shape is drawn.
+  /// Shows what a run found; its shape is drawn.
   void ShowRun(host::AnalysisKind kind, const host::AnalysisRun& run);
   void ShowStatus();
   void ShowStructure();
