@@ -24,7 +24,7 @@ std::string ListChoices(const std::string& strType) {
 
 /// What an option takes: its choices, or a kind of value without what checks it.
 std::string NameType(const std::string& strType) {
-  const std::string strChoices = ListChoices(strType);
+  std::string strChoices = ListChoices(strType);
   if (!strChoices.empty()) return strChoices;
   const std::size_t nColon = strType.find(':');
   const bool bNames = nColon != std::string::npos && strType.find('|', nColon) != std::string::npos;
@@ -82,7 +82,7 @@ std::string CHelpFormatter::make_option_desc(const CLI::Option* pOption) const {
   if (!pOption->get_default_str().empty()) add(Say(texts::c_byDefault, {pOption->get_default_str()}));
   if (!pOption->get_needs().empty()) add(Say(texts::c_goesWith, {ListNames(pOption->get_needs())}));
   if (!pOption->get_excludes().empty()) add(Say(texts::c_goesNotWith, {ListNames(pOption->get_excludes())}));
-  const std::string strMeaning = pOption->get_description();
+  const std::string& strMeaning = pOption->get_description();
   return strNotes.empty() ? strMeaning : strMeaning + " (" + strNotes + ")";
 }
 

@@ -151,7 +151,8 @@ class CComparison {
     }
     compare(*first, *second, result);
     if (!result.strError.empty()) result.differences.clear();
-    std::erase_if(result.differences, [](const Difference& difference) { return difference.dLargest == 0.0 && !difference.bAbove; });
+    std::erase_if(result.differences,
+                  [](const Difference& difference) { return difference.dLargest == 0.0 && !difference.bAbove; });
   }
 
   void CompareStatic(const Words& kind, std::string_view strSuffix) {

@@ -5,7 +5,6 @@
 #include <QHBoxLayout>
 #include <QShortcut>
 #include <QSignalBlocker>
-#include <QTimer>
 #include <QVBoxLayout>
 #include <algorithm>
 #include <memory>
@@ -149,6 +148,11 @@ void CHistoryPanel::ConnectAll() {
     RefreshSoon();
   });
   m_document.selectionChanged.Connect([this] { m_addSelected.setEnabled(!m_document.GetSelection().IsEmpty()); });
+  m_soon.setSingleShot(true);
+  connect(&m_soon, &QTimer::timeout, this, [this] {
+    // A panel behind others counts as visible; a region is seen only of the one before.
+    if (m_bStale && !visibleRegion().isEmpty()) Refresh();
+  });
 }
 
 void CHistoryPanel::Speak() {
@@ -182,12 +186,7 @@ void CHistoryPanel::paintEvent(QPaintEvent* /*pEvent*/) {
   if (m_bStale) RefreshSoon();
 }
 
-void CHistoryPanel::RefreshSoon() {
-  // A panel behind others counts as visible; a region is seen only of the one before.
-  QTimer::singleShot(0, this, [this] {
-    if (m_bStale && !visibleRegion().isEmpty()) Refresh();
-  });
-}
+void CHistoryPanel::RefreshSoon() { m_soon.start(); }
 
 void CHistoryPanel::resizeEvent(QResizeEvent* /*pEvent*/) {
   m_pChartLayout->setDirection(width() > c_dFlat * height() ? QBoxLayout::LeftToRight : QBoxLayout::TopToBottom);

@@ -13,7 +13,6 @@
 #include <QPushButton>
 #include <QScreen>
 #include <QStatusBar>
-#include <QTimer>
 #include <QUrl>
 #include <algorithm>
 #include <array>
@@ -94,6 +93,8 @@ CMainWindow::CMainWindow(const QString& strSettingsFile)
   setObjectName(QStringLiteral("main"));
   setCentralWidget(&m_view);
   setAcceptDrops(true);
+  m_dropped.setSingleShot(true);
+  connect(&m_dropped, &QTimer::timeout, this, [this] { OpenJob(m_strDropped); });
   addToolBar(&m_shapeBar);
   addToolBarBreak();
   addToolBar(&m_resultBar);
@@ -384,9 +385,9 @@ void CMainWindow::dragEnterEvent(QDragEnterEvent* pEvent) {
 }
 
 void CMainWindow::dropEvent(QDropEvent* pEvent) {
-  const QString strFile = pEvent->mimeData()->urls().value(0).toLocalFile();
   pEvent->acceptProposedAction();
-  QTimer::singleShot(0, this, [this, strFile] { OpenJob(strFile); });  // the other program need not wait
+  m_strDropped = pEvent->mimeData()->urls().value(0).toLocalFile();
+  m_dropped.start();  // the other program need not wait
 }
 
 void CMainWindow::ShowManual() {

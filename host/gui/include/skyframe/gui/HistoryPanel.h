@@ -7,6 +7,7 @@
 #include <QPushButton>
 #include <QSpinBox>
 #include <QSplitter>
+#include <QTimer>
 #include <QWidget>
 #include <array>
 #include <vector>
@@ -71,6 +72,7 @@ class CHistoryPanel : public QWidget {
   QString m_strFile;              ///< of the job that they were chosen in
   bool m_bShowOld = false;        ///< histories out of date are asked for
   bool m_bStale = true;           ///< what is shown may not be the document's any more
+  QTimer m_soon;                  ///< to look at once whether the panel is seen
   double m_dLargest = 0.0;        ///< of the motion, m
 
   // Parents before their children.

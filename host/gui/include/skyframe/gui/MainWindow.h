@@ -5,6 +5,7 @@
 #include <QPlainTextEdit>
 #include <QSettings>
 #include <QStringDecoder>
+#include <QTimer>
 #include <memory>
 #include <optional>
 #include <string_view>
@@ -119,6 +120,8 @@ class CMainWindow : public QMainWindow {
   QDockWidget m_tableDock;
   CTablePanel m_tables;
   std::unique_ptr<CHelpWindow> m_pHelp;  ///< made when it is asked for
+  QTimer m_dropped;                      ///< a job file waits to be opened
+  QString m_strDropped;
   QMenu m_recentMenu;
   QActionGroup m_fontSizes;
   QActionGroup m_languages;
