@@ -168,11 +168,11 @@ void WriteProject(CPage& page, const BookData& book) {
          strLimits});
   }
   if (book.storeys) {
-    table.rows.push_back({bLater ? Tell({"JGJ 3—2010, Technical specification for concrete structures of tall building",
-                                         "《高层建筑混凝土结构技术规程》JGJ 3—2010"})
-                                 : Tell({"JGJ 3—2002, Technical specification for concrete structures of tall building",
-                                         "《高层建筑混凝土结构技术规程》JGJ 3—2002"}),
-                          Tell({"limit of the period ratio, for information", "周期比限值（仅供参考）"})});
+    table.rows.push_back(
+        {bLater
+             ? Tell({"JGJ 3—2010, concrete structures of tall buildings", "《高层建筑混凝土结构技术规程》JGJ 3—2010"})
+             : Tell({"JGJ 3—2002, concrete structures of tall buildings", "《高层建筑混凝土结构技术规程》JGJ 3—2002"}),
+         Tell({"limit of the period ratio, for information", "周期比限值（仅供参考）"})});
   }
   page.Table(table);
   if (!report.nEdition) {
