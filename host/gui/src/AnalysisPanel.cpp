@@ -4,33 +4,11 @@
 #include <memory>
 
 #include "ShapeTitle.h"
-#include "skyframe/job/DialogFields.h"
 #include "skyframe/qt/Font.h"
 #include "skyframe/run/AnalysisRun.h"
 #include "texts.h"
 
 namespace skyframe::gui {
-
-namespace {
-
-/// The run that left the analysis's results; null when there is none.
-const host::ResultStamp* FindStamp(const CDocument& document, const host::JobAnalysis& analysis) {
-  const auto suffixes = host::ListSuffixes(analysis);
-  for (const std::string_view strSuffix : suffixes) {
-    if (const host::ResultStamp* const pStamp = document.GetStamps().Find(strSuffix)) return pStamp;
-  }
-  return nullptr;
-}
-
-bool IsOutdated(const CDocument& document, const host::JobAnalysis& analysis) {
-  const auto suffixes = host::ListSuffixes(analysis);
-  for (const std::string_view strSuffix : suffixes) {
-    if (document.IsOutdated(strSuffix)) return true;
-  }
-  return false;
-}
-
-}  // namespace
 
 CAnalysisPanel::CAnalysisPanel(CDocument& document, std::function<void(std::size_t)> run, QWidget* pParent)
     : QListWidget(pParent), m_document(document) {
@@ -57,8 +35,9 @@ void CAnalysisPanel::Fill() {
   if (!m_document.IsOpen()) return;
   for (const host::JobAnalysis& analysis : m_document.GetJob().analyses) {
     std::string strText(host::GetName(analysis));
-    const bool bOutdated = IsOutdated(m_document, analysis);
-    if (const host::ResultStamp* const pStamp = FindStamp(m_document, analysis)) strText += "   " + pStamp->strTime;
+    const host::ResultStamp* const pStamp = m_document.FindStamp(analysis);
+    const bool bOutdated = pStamp != nullptr && m_document.IsOutdated(*pStamp);
+    if (pStamp != nullptr) strText += "   " + pStamp->strTime;
     if (bOutdated) strText += FormOutdatedMark();
     auto pRow = std::make_unique<QListWidgetItem>(ToQt(strText));
     if (bOutdated) pRow->setForeground(Qt::darkRed);

@@ -174,6 +174,14 @@ bool CDocument::HasOutdatedResults() const {
   });
 }
 
+const host::ResultStamp* CDocument::FindStamp(const host::JobAnalysis& analysis) const {
+  for (const host::ResultStamp& stamp : m_stamps.GetAll()) {
+    const std::optional<host::JobAnalysis> run = host::ParseAnalysis(stamp.strAnalysis, GetJob());
+    if (run && MeanTheSame(*run, analysis)) return &stamp;
+  }
+  return nullptr;
+}
+
 void CDocument::RefreshResults() {
   m_linear.reset();
   m_nonlinear.reset();

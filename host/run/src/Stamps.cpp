@@ -6,13 +6,11 @@
 #include <optional>
 #include <system_error>
 
-#include "skyframe/job/DialogFields.h"
 #include "skyframe/job/JobFile.h"
 #include "skyframe/job/Text.h"
 #include "skyframe/platform/OutputFile.h"
 #include "skyframe/platform/Platform.h"
 #include "skyframe/results/ResultList.h"
-#include "skyframe/values/ResultFiles.h"
 
 namespace skyframe::host {
 
@@ -95,15 +93,6 @@ ResultStamp ReadStamp(const Json& object) {
 }
 
 }  // namespace
-
-std::vector<std::string_view> ListSuffixes(const JobAnalysis& analysis) {
-  if (const auto* const pStatic = std::get_if<StaticJob>(&analysis)) {
-    return {*WithDefaults(*pStatic).bNonlinear ? suffix::c_strStaticNonlinear : suffix::c_strStaticLinear};
-  }
-  if (std::holds_alternative<ModalJob>(analysis)) return {suffix::c_strModes};
-  if (std::holds_alternative<SpectrumJob>(analysis)) return {suffix::c_strSpectrum};
-  return {suffix::c_strHistory};
-}
 
 std::string FormModelMark(const Job& job) {
   return Format("%016llx", static_cast<unsigned long long>(Hash(FormatModel(job))));

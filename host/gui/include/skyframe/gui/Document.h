@@ -85,6 +85,9 @@ class CDocument {
   /// Whether the result file comes from another model than the open one.
   [[nodiscard]] bool IsOutdated(std::string_view strSuffix) const;
   [[nodiscard]] bool HasOutdatedResults() const;
+  /// The run whose results are there and that had these parameters; null when there is none.
+  [[nodiscard]] const host::ResultStamp* FindStamp(const host::JobAnalysis& analysis) const;
+  [[nodiscard]] bool IsOutdated(const host::ResultStamp& stamp) const { return stamp.strModel != m_strModel; }
   [[nodiscard]] const host::CStamps& GetStamps() const { return m_stamps; }
   /// Looks at the files again.
   void RefreshResults();

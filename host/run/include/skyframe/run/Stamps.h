@@ -27,9 +27,6 @@ struct ResultStamp {
   bool operator==(const ResultStamp&) const = default;
 };
 
-/// Suffixes of the result files that an analysis writes.
-[[nodiscard]] std::vector<std::string_view> ListSuffixes(const JobAnalysis& analysis);
-
 /// Short mark of nodes, springs, sections, elements and loads: jobs with equal marks are the same structure.
 [[nodiscard]] std::string FormModelMark(const Job& job);
 
