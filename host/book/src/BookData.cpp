@@ -28,39 +28,6 @@ std::optional<CSession> OpenRecords(const Job& job, const std::string& strJobPat
   return session;
 }
 
-ModeSettings FormModeSettings(const JobCombination& combination, bool bShear) {
-  ModeSettings settings;
-  settings.bShear = bShear;
-  for (const auto& [nCase, dFactor] : combination) {
-    settings.loadFlags[static_cast<std::size_t>(nCase)] = 1;
-    settings.loadFactors[static_cast<std::size_t>(nCase)] = dFactor;
-  }
-  return settings;
-}
-
-/// Masses by node from the products of the unit translations.
-std::vector<Vector3> TakeMasses(const std::vector<NodeField>& products) {
-  std::vector<Vector3> masses(products[0].size());
-  for (std::size_t n = 0; n < masses.size(); ++n) {
-    for (std::size_t d = 0; d < 3; ++d) masses[n][d] = products[d][n][d];
-  }
-  return masses;
-}
-
-std::optional<ModalBasis> FormBasis(std::vector<double> omega, std::vector<NodeField> shapes, std::size_t nNodes,
-                                    const ModeSettings& settings) {
-  std::vector<NodeField> accelerations = FormUnitTranslations(nNodes);
-  accelerations.insert(accelerations.end(), shapes.begin(), shapes.end());
-  std::optional<std::vector<NodeField>> products = FormInertia(accelerations, settings);
-  if (!products) return std::nullopt;
-  ModalBasis basis;
-  basis.masses = TakeMasses(*products);
-  basis.omega = std::move(omega);
-  basis.shapes = std::move(shapes);
-  basis.inertia.assign(std::make_move_iterator(products->begin() + 3), std::make_move_iterator(products->end()));
-  return basis;
-}
-
 /// The last analysis of the job that the choice accepts.
 template <class Parameters, class Choice>
 std::optional<Parameters> FindLast(const Job& job, Choice choice) {

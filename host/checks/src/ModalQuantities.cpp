@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <cmath>
+#include <iterator>
+#include <utility>
 
 #include "skyframe/values/SpectrumSite.h"
 
@@ -17,6 +19,15 @@ std::size_t FindMassDirection(const ModalBasis& basis) {
   return total[1] > c_dMore * total[0] ? 1 : 0;
 }
 
+/// Masses by node from the products of the unit translations.
+std::vector<Vector3> TakeMasses(const std::vector<NodeField>& products) {
+  std::vector<Vector3> masses(products[0].size());
+  for (std::size_t n = 0; n < masses.size(); ++n) {
+    for (std::size_t d = 0; d < 3; ++d) masses[n][d] = products[d][n][d];
+  }
+  return masses;
+}
+
 double Divide(double dDividend, double dDivisor) { return dDivisor > 0.0 ? dDividend / dDivisor : 0.0; }
 
 }  // namespace
@@ -29,6 +40,30 @@ std::vector<NodeField> FormUnitTranslations(std::size_t nNodes) {
     for (NodeValues& values : fields[d]) values[d] = 1.0;
   }
   return fields;
+}
+
+ModeSettings FormModeSettings(const JobCombination& combination, bool bShear) {
+  ModeSettings settings;
+  settings.bShear = bShear;
+  for (const auto& [nCase, dFactor] : combination) {
+    settings.loadFlags[static_cast<std::size_t>(nCase)] = 1;
+    settings.loadFactors[static_cast<std::size_t>(nCase)] = dFactor;
+  }
+  return settings;
+}
+
+std::optional<ModalBasis> FormBasis(std::vector<double> omega, std::vector<NodeField> shapes, std::size_t nNodes,
+                                    const ModeSettings& settings) {
+  std::vector<NodeField> accelerations = FormUnitTranslations(nNodes);
+  accelerations.insert(accelerations.end(), shapes.begin(), shapes.end());
+  std::optional<std::vector<NodeField>> products = FormInertia(accelerations, settings);
+  if (!products) return std::nullopt;
+  ModalBasis basis;
+  basis.masses = TakeMasses(*products);
+  basis.omega = std::move(omega);
+  basis.shapes = std::move(shapes);
+  basis.inertia.assign(std::make_move_iterator(products->begin() + 3), std::make_move_iterator(products->end()));
+  return basis;
 }
 
 Vector3 SumMasses(const ModalBasis& basis) {
