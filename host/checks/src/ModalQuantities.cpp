@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <iterator>
+#include <numeric>
 #include <utility>
 
 #include "skyframe/values/SpectrumSite.h"
@@ -75,6 +76,15 @@ Vector3 SumMasses(const ModalBasis& basis) {
 }
 
 double GetGravityMass(const ModalBasis& basis) { return SumMasses(basis)[FindMassDirection(basis)]; }
+
+double FormModalMass(const ModalBasis& basis, std::size_t i) {
+  double dSum = 0.0;
+  for (std::size_t n = 0; n < basis.shapes[i].size(); ++n) {
+    const NodeValues &phi = basis.shapes[i][n], &inertia = basis.inertia[i][n];
+    dSum = std::inner_product(phi.begin(), phi.end(), inertia.begin(), dSum);
+  }
+  return dSum;
+}
 
 Vector3 SumInertia(const ModalBasis& basis, std::size_t i) {
   Vector3 sum = {};

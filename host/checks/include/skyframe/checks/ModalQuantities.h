@@ -44,6 +44,8 @@ struct ModalBasis {
 [[nodiscard]] Vector3 SumMasses(const ModalBasis& basis);
 /// Mass of the whole structure, kg, that the weight G is that of.
 [[nodiscard]] double GetGravityMass(const ModalBasis& basis);
+/// phi_i^T M phi_i; 1 when the modes were normalised with these masses.
+[[nodiscard]] double FormModalMass(const ModalBasis& basis, std::size_t i);
 /// L_d = r_d^T M phi_i along X, Y, Z.
 [[nodiscard]] Vector3 SumInertia(const ModalBasis& basis, std::size_t i);
 /// L_d^2 / M_d; 0 where no mass is free to move.
