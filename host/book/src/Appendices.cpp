@@ -1,6 +1,7 @@
 // Symbols, warnings, what is not checked.
 
 #include "Chapters.h"
+#include "Doubts.h"
 #include "Figures.h"
 #include "texts.h"
 
@@ -39,6 +40,10 @@ void WriteSymbols(CPage& page) {
             "支座受力为结构作用于支座的力，沿整体坐标轴为正。组合值没有正负号，彼此不平衡。"}));
 }
 
+void Append(std::vector<std::string>& list, const std::vector<std::string>& more) {
+  list.insert(list.end(), more.begin(), more.end());
+}
+
 template <class Result>
 void AddRun(std::vector<std::string>& list, const Result& result) {
   if (result.pStamp == nullptr) return;
@@ -60,7 +65,11 @@ void WriteWarnings(CPage& page, const BookData& book) {
     input.push_back(problem.strPlace + ": " + problem.strReason + " [" + problem.strName + "]");
   }
   WriteList(page, Tell({"Of the job file", "作业文件"}), input);
-  std::vector<std::string> runs;
+  std::vector<std::string> runs = ListSpectrumDoubts(book);
+  Append(runs, ListHistoryDoubts(book));
+  for (const std::string& strShortfall : ListModeShortfalls(book)) {
+    runs.push_back(book.modal.strFile + ": " + strShortfall);
+  }
   AddRun(runs, book.linear);
   AddRun(runs, book.nonlinear);
   AddRun(runs, book.modal);
@@ -86,6 +95,7 @@ void WriteLimits(CPage& page, const BookData& book) {
   if (book.spectra.size() < 2) {
     list.push_back(Tell({"Earthquakes in directions other than those of this report", "本计算书未列方向的地震作用"}));
   }
+  Append(list, ListMissingSpectra(book));
   page.List(list);
 }
 

@@ -5,12 +5,15 @@
 #include <filesystem>
 #include <sstream>
 
+#include "ExtractedHistories.h"
+#include "skyframe/connect/Histories.h"
 #include "skyframe/hostdata/HostData.h"
 #include "skyframe/job/DialogFields.h"
 #include "skyframe/platform/Platform.h"
 #include "skyframe/run/PlatformScope.h"
 #include "skyframe/run/Session.h"
 #include "skyframe/values/ResultFiles.h"
+#include "texts.h"
 
 namespace skyframe::host {
 
@@ -28,48 +31,24 @@ std::optional<CSession> OpenRecords(const Job& job, const std::string& strJobPat
   return session;
 }
 
-ModeSettings FormModeSettings(const JobCombination& combination, bool bShear) {
-  ModeSettings settings;
-  settings.bShear = bShear;
-  for (const auto& [nCase, dFactor] : combination) {
-    settings.loadFlags[static_cast<std::size_t>(nCase)] = 1;
-    settings.loadFactors[static_cast<std::size_t>(nCase)] = dFactor;
-  }
-  return settings;
-}
-
-/// Masses by node from the products of the unit translations.
-std::vector<Vector3> TakeMasses(const std::vector<NodeField>& products) {
-  std::vector<Vector3> masses(products[0].size());
-  for (std::size_t n = 0; n < masses.size(); ++n) {
-    for (std::size_t d = 0; d < 3; ++d) masses[n][d] = products[d][n][d];
-  }
-  return masses;
-}
-
-std::optional<ModalBasis> FormBasis(std::vector<double> omega, std::vector<NodeField> shapes, std::size_t nNodes,
-                                    const ModeSettings& settings) {
-  std::vector<NodeField> accelerations = FormUnitTranslations(nNodes);
-  accelerations.insert(accelerations.end(), shapes.begin(), shapes.end());
-  std::optional<std::vector<NodeField>> products = FormInertia(accelerations, settings);
-  if (!products) return std::nullopt;
-  ModalBasis basis;
-  basis.masses = TakeMasses(*products);
-  basis.omega = std::move(omega);
-  basis.shapes = std::move(shapes);
-  basis.inertia.assign(std::make_move_iterator(products->begin() + 3), std::make_move_iterator(products->end()));
-  return basis;
-}
-
-/// The last analysis of the job that the choice accepts.
+/// The analyses of the job that the choice accepts, with defaults.
 template <class Parameters, class Choice>
-std::optional<Parameters> FindLast(const Job& job, Choice choice) {
-  std::optional<Parameters> found;
+std::vector<Parameters> FindAll(const Job& job, Choice choice) {
+  std::vector<Parameters> found;
   for (const JobAnalysis& analysis : job.analyses) {
     const auto* pParameters = std::get_if<Parameters>(&analysis);
-    if (pParameters != nullptr && choice(*pParameters)) found = *pParameters;
+    if (pParameters != nullptr && choice(*pParameters)) found.push_back(WithDefaults(*pParameters));
   }
   return found;
+}
+
+/// Whether all true modes were normalised with the masses of the basis.
+bool HaveMasses(const ModalBasis& basis, std::size_t nTrueModes) {
+  constexpr double c_dMassNormTolerance = 1.0e-3;
+  for (std::size_t i = 0; i < nTrueModes; ++i) {
+    if (!(std::abs(FormModalMass(basis, i) - 1.0) <= c_dMassNormTolerance)) return false;
+  }
+  return true;
 }
 
 bool HasPositiveFrequencies(const ModeResultFile& file) {
@@ -89,6 +68,7 @@ class CCollector {
       CollectSpectra();
     }
     CollectHistory();
+    m_book.extracted = CollectExtracts(m_job, m_book.strJobPath, m_book.stamps);
     CollectChecks();
   }
 
@@ -106,8 +86,14 @@ class CCollector {
     std::optional<JobAnalysis> run;
     if (result.pStamp != nullptr) run = ParseAnalysis(result.pStamp->strAnalysis, m_job);
     const auto* pRun = run ? std::get_if<Parameters>(&*run) : nullptr;
-    result.parameters = pRun != nullptr ? *pRun : FindLast<Parameters>(m_job, choice);
-    if (result.parameters) result.parameters = WithDefaults(*result.parameters);
+    const std::vector<Parameters> asked = FindAll<Parameters>(m_job, choice);
+    result.bAsked = !asked.empty();
+    if (pRun != nullptr) {
+      result.parameters = WithDefaults(*pRun);
+      result.bOwnParameters = std::ranges::find(asked, *result.parameters) == asked.end();
+    } else if (result.bAsked) {
+      result.parameters = asked.back();
+    }
   }
 
   void ReadFiles() {
@@ -128,7 +114,10 @@ class CCollector {
     ReadFile(
         m_book.history, suffix::c_strHistory, [&](const std::string& str) { return ReadHistoryFile(str, model); },
         [](const NewmarkJob& analysis) { return analysis.HasGroundMotion(); });
-    if (m_book.modal.content && !HasPositiveFrequencies(*m_book.modal.content)) m_book.modal.content.reset();
+    if (m_book.modal.content && !HasPositiveFrequencies(*m_book.modal.content)) {
+      m_book.modal.content.reset();
+      m_book.modal.content.strError = Say(texts::c_badFrequencies);
+    }
   }
 
   void CollectModes() {
@@ -153,39 +142,56 @@ class CCollector {
   }
 
   void CollectSpectra() {
-    if (!m_book.spectrum.bThere || !m_book.modal.content) return;
-    std::vector<SpectrumJob> jobs;
-    for (const JobAnalysis& analysis : m_job.analyses) {
-      const auto* pSpectrum = std::get_if<SpectrumJob>(&analysis);
-      if (pSpectrum != nullptr) jobs.push_back(WithDefaults(*pSpectrum));
-    }
+    if (!m_book.spectrum.bThere) return;
+    std::vector<SpectrumJob> jobs = FindAll<SpectrumJob>(m_job, [](const auto&) { return true; });
     // what a person changed in the dialogs
     if (m_book.spectrum.parameters && std::ranges::find(jobs, *m_book.spectrum.parameters) == jobs.end()) {
       jobs.push_back(*m_book.spectrum.parameters);
     }
     for (const SpectrumJob& job : jobs) AddSpectrum(job);
+    const bool bModesOfFile = std::ranges::any_of(
+        m_book.spectra, [](const SpectrumChapter& chapter) { return chapter.deviation.has_value(); });
+    for (SpectrumChapter& chapter : m_book.spectra) {
+      if (!bModesOfFile || !chapter.IsFormed()) chapter.doubt = Doubt::OtherModes;
+      if (m_book.modal.bOutdated || m_book.spectrum.bOutdated) chapter.doubt = Doubt::OldModel;
+    }
   }
 
   void AddSpectrum(const SpectrumJob& job) {
-    const ModeResultFile& file = *m_book.modal.content;
-    const auto nModes = static_cast<std::size_t>(*job.nModes);
     const double dLength = std::hypot((*job.direction)[0], (*job.direction)[1], (*job.direction)[2]);
-    if (nModes > file.omega.size() || !(dLength > 0.0)) return;
     SpectrumChapter chapter;
     chapter.job = job;
     chapter.site = {*job.nLevel, *job.nIntensity + c_nLowestIntensity, *job.nZoneGroup, *job.nSiteClass};
-    std::vector<double> omega(file.omega.begin(), file.omega.begin() + *job.nModes);
-    std::vector<NodeField> shapes(file.shapes.begin(), file.shapes.begin() + *job.nModes);
-    if (*job.bVirtualMode) chapter.bVirtual = AddVirtualMode(omega, shapes);
-    auto basis = FormBasis(std::move(omega), std::move(shapes), m_job.nodes.size(),
-                           FormModeSettings(job.combination, file.bShear));
     const auto curve = EvaluateDesignSpectrum(chapter.site, 0.0, *job.dDamping);
-    if (!basis || !curve) return;
-    chapter.basis = *std::move(basis);
+    if (!curve || !(dLength > 0.0)) return;
     chapter.curve = *curve;
     for (std::size_t d = 0; d < 3; ++d) chapter.loads.direction[d] = (*job.direction)[d] / dLength;
-    FormResponse(chapter);
+    chapter.horizontal = FindHorizontal(chapter.loads.direction);
+    if (FormModes(chapter)) FormResponse(chapter);
     m_book.spectra.push_back(std::move(chapter));
+  }
+
+  /// The modes with the mass of the modal run, and their participation in the spectrum's own; false without them.
+  bool FormModes(SpectrumChapter& chapter) const {
+    const auto& file = m_book.modal.content;
+    const int nModes = *chapter.job.nModes;
+    if (!file || nModes > std::ssize(file->omega)) return false;
+    std::vector<double> omega(file->omega.begin(), file->omega.begin() + nModes);
+    std::vector<NodeField> shapes(file->shapes.begin(), file->shapes.begin() + nModes);
+    if (*chapter.job.bVirtualMode) chapter.bVirtual = AddVirtualMode(omega, shapes);
+    const auto form = [&](const JobCombination& combination) {
+      return FormBasis(omega, shapes, m_job.nodes.size(), FormModeSettings(combination, file->bShear));
+    };
+    auto basis = form(chapter.job.combination);
+    if (!basis) return false;
+    chapter.loads.gamma = FormParticipation(*basis, chapter.loads.direction);
+    if (!HaveMasses(*basis, static_cast<std::size_t>(nModes))) {
+      chapter.doubt = Doubt::OtherMasses;
+      basis = form(m_book.modal.parameters.value_or(ModalJob()).combination);
+      if (!basis || !HaveMasses(*basis, static_cast<std::size_t>(nModes))) return false;
+    }
+    chapter.basis = *std::move(basis);
+    return true;
   }
 
   bool AddVirtualMode(std::vector<double>& omega, std::vector<NodeField>& shapes) const {
@@ -200,14 +206,12 @@ class CCollector {
     ModalLoads& loads = chapter.loads;
     loads.nMethod = *chapter.job.nMethod;
     loads.zeta.assign(chapter.basis.GetCount(), *chapter.job.dDamping);
-    loads.gamma = FormParticipation(chapter.basis, loads.direction);
     for (std::size_t i = 0; i < chapter.basis.GetCount(); ++i) {
       const auto value = EvaluateDesignSpectrum(chapter.site, chapter.basis.GetPeriod(i), loads.zeta[i]);
       loads.alpha.push_back(value ? value->dAlpha : 0.0);
     }
     chapter.baseShear = CombineBaseShear(chapter.basis, loads);
     chapter.deviation = CompareWithFile(CombineDisplacements(chapter.basis, loads));
-    chapter.horizontal = FindHorizontal(loads.direction);
     if (m_book.storeys && chapter.horizontal) {
       chapter.storeys = FormStoreyResponse(m_job, *m_book.storeys, chapter.basis, loads, *chapter.horizontal);
     }
@@ -242,15 +246,27 @@ class CCollector {
       chapter.dPeak = quake.peaks[d].value_or(0.0);
     }
     chapter.horizontal = FindHorizontal(chapter.direction);
+    chapter.doubt = FindHistoryDoubt();
     FormPeaks(chapter);
     m_book.historyChapter = std::move(chapter);
+  }
+
+  /// Of both runs the later one stands behind the other.
+  [[nodiscard]] Doubt FindHistoryDoubt() const {
+    const ResultStamp *const pModal = m_book.modal.pStamp, *const pHistory = m_book.history.pStamp;
+    if (m_book.history.bOutdated || m_book.modal.bOutdated) return Doubt::OldModel;
+    return pModal != nullptr && pHistory != nullptr && pModal > pHistory ? Doubt::OtherModes : Doubt::None;
   }
 
   void FormPeaks(HistoryChapter& chapter) const {
     const HistoryResultFile& file = *m_book.history.content;
     if (!chapter.horizontal) return;
     if (m_book.storeys) chapter.storeys = FormStoreyPeaks(*m_book.storeys, file, *chapter.horizontal);
-    if (m_book.basis && file.nAssumption == 0) {
+    if (file.nAssumption != 0) return;
+    if (auto shear = FindHistoryShear(GetHistories(), file, *chapter.horizontal)) {
+      chapter.shear = *std::move(shear);
+      chapter.bOwnShear = true;
+    } else if (m_book.basis) {
       chapter.shear = FormHistoryShear(*m_book.basis, file, *chapter.horizontal);
     }
   }
@@ -261,40 +277,56 @@ class CCollector {
   }
 
   void CollectChecks() {
-    const CCodeLimits limits(m_job.report);
-    for (const SpectrumChapter& chapter : m_book.spectra) {
-      const Vector3& c = chapter.loads.direction;
-      if (!chapter.bVirtual) Add(CheckMassParticipation(chapter.basis, c, limits), c);
-      const SpectrumLevel level = {*chapter.job.nIntensity, *chapter.job.nLevel};
-      for (const Check& check : CheckStoreys(chapter.storeys, limits, level, m_book.GetFirstPeriod())) Add(check, c);
-    }
+    for (const SpectrumChapter& chapter : m_book.spectra) CheckSpectrum(chapter);
     if (m_book.basis) {
-      if (const auto check = CheckPeriodRatio(*m_book.basis, m_book.first, limits)) Add(*check, {});
+      const auto check = CheckPeriodRatio(*m_book.basis, m_book.first, CCodeLimits(m_job.report));
+      if (check) Add(m_book.modal.bOutdated ? FormUnchecked(check->kind, Doubt::OldModel) : *check, {});
     }
-    CheckHistory();
+    if (m_book.historyChapter) CheckHistory(*m_book.historyChapter);
+    if (!m_book.storeys && m_book.linear.content && !m_book.linear.bOutdated) {
+      m_book.checks.push_back(FormMovement(m_job, m_book.linear.content->displacements));
+    }
   }
 
-  void CheckHistory() {
-    if (!m_book.historyChapter) return;
-    const HistoryChapter& history = *m_book.historyChapter;
+  void CheckSpectrum(const SpectrumChapter& chapter) {
+    const Vector3& c = chapter.loads.direction;
+    const SpectrumLevel level = {*chapter.job.nIntensity, *chapter.job.nLevel};
+    const bool bStoreys = m_book.storeys && chapter.horizontal;
+    if (chapter.doubt != Doubt::None) {
+      if (!*chapter.job.bVirtualMode) Add(FormUnchecked(CheckKind::MassParticipation, chapter.doubt), c);
+      if (!bStoreys) return Add(FormUnchecked(CheckKind::QuakeTopDisplacement, chapter.doubt), c);
+      for (const Check& check : ListUncheckedStoreys(level.nLevel, chapter.doubt)) Add(check, c);
+      return;
+    }
+    const CCodeLimits limits(m_job.report);
+    if (!chapter.bVirtual) Add(CheckMassParticipation(chapter.basis, c, limits), c);
+    if (!bStoreys) return Add(FormQuakeMovement(m_job, CombineDisplacements(chapter.basis, chapter.loads), c), c);
+    for (const Check& check : CheckStoreys(chapter.storeys, limits, level, m_book.GetFirstPeriod())) Add(check, c);
+  }
+
+  void CheckHistory(const HistoryChapter& history) {
     const HistoryResultFile& file = *m_book.history.content;
     if (const double T1 = m_book.GetFirstPeriod(); T1 > 0.0) {
-      Add(FormCheck(CheckKind::HistoryDuration, file.nSteps * file.dTimeStep / T1, Limit{c_dLeastHistoryPeriods, false},
-                    true),
-          history.direction);
+      const double dPeriods = file.nSteps * file.dTimeStep / T1;
+      AddHistory(FormCheck(CheckKind::HistoryDuration, dPeriods, Limit{c_dLeastHistoryPeriods, false}, true), history,
+                 history.doubt);
     }
     const double dHistory = FindPeakShear(history);
     const SpectrumChapter* const pSpectrum = FindSpectrumOf(history);
     if (pSpectrum == nullptr || dHistory <= 0.0) return;
     const Vector3& V = pSpectrum->baseShear;
     const double dSpectrum = std::hypot(V[0] * (*history.horizontal)[0], V[1] * (*history.horizontal)[1]);
-    if (!(dSpectrum > 0.0)) return;
-    Add(FormCheck(CheckKind::HistoryShear, dHistory / dSpectrum, Limit{c_dLeastHistoryShear, false}, true),
-        history.direction);
-    Check mean =
-        FormCheck(CheckKind::MeanHistoryShear, dHistory / dSpectrum, Limit{c_dLeastMeanHistoryShear, false}, true);
+    const Doubt doubt = history.doubt != Doubt::None ? history.doubt : pSpectrum->doubt;
+    if (!(dSpectrum > 0.0) && doubt == Doubt::None) return;
+    const double dRatio = dHistory / dSpectrum;
+    AddHistory(FormCheck(CheckKind::HistoryShear, dRatio, Limit{c_dLeastHistoryShear, false}, true), history, doubt);
+    Check mean = FormCheck(CheckKind::MeanHistoryShear, dRatio, Limit{c_dLeastMeanHistoryShear, false}, true);
     mean.bInformation = true;  // one record
-    Add(mean, history.direction);
+    AddHistory(mean, history, doubt);
+  }
+
+  void AddHistory(const Check& check, const HistoryChapter& history, Doubt doubt) {
+    Add(doubt == Doubt::None ? check : FormUnchecked(check.kind, doubt), history.direction);
   }
 
   static double FindPeakShear(const HistoryChapter& history) {

@@ -25,6 +25,8 @@ struct BookResult {
   std::optional<Parameters> parameters;  ///< of the run when it is known, else the job's; with defaults
   const ResultStamp* pStamp = nullptr;   ///< null: the run is not known
   bool bOutdated = false;                ///< from another model
+  bool bAsked = false;                   ///< the job has such an analysis
+  bool bOwnParameters = false;           ///< the run had others than the job's analyses
 };
 
 using StaticResult = BookResult<StaticResultFile, StaticJob>;
@@ -32,13 +34,15 @@ using ModalResult = BookResult<ModeResultFile, ModalJob>;
 using SpectrumResult = BookResult<SpectrumResultFile, SpectrumJob>;
 using HistoryResult = BookResult<HistoryResultFile, NewmarkJob>;
 
-/// One response spectrum: what follows from the modes of the mode file.
+/// One response spectrum: what follows from the modes of the mode file, with the forces of their stiffness and so with
+/// the mass of the modal run; the participation factors are those of the spectrum's own mass.
 struct SpectrumChapter {
   SpectrumJob job;  ///< with defaults
   SpectrumSite site;
   DesignSpectrumValue curve;  ///< Tg and the highest value
-  ModalBasis basis;           ///< the modes combined, with the mass of this analysis
-  bool bVirtual = false;      ///< the last of them is the virtual mode
+  Doubt doubt = Doubt::None;
+  ModalBasis basis;       ///< the modes combined; none when there are not so many
+  bool bVirtual = false;  ///< the last of them is the virtual mode
   ModalLoads loads;
   Vector3 baseShear = {};  ///< combined, N
   std::optional<std::array<double, 2>> horizontal;
@@ -46,6 +50,8 @@ struct SpectrumChapter {
   /// Largest difference of a displacement from the result file's, part of the largest one; nothing when the file is of
   /// another analysis.
   std::optional<double> deviation;
+
+  [[nodiscard]] bool IsFormed() const { return basis.GetCount() > 0; }
 };
 
 /// The time history and what follows from it; horizontal ground motion alone.
@@ -53,8 +59,25 @@ struct HistoryChapter {
   Vector3 direction = {};
   double dPeak = 0.0;  ///< asked for, m/s2
   std::optional<std::array<double, 2>> horizontal;
+  Doubt doubt = Doubt::None;
   std::vector<double> shear;         ///< along it by step, N; empty for a nonlinear run, or without modes
+  bool bOwnShear = false;            ///< formed by the run itself, not fitted to the modes
   std::vector<StoreyPeaks> storeys;  ///< likewise; none without storeys
+};
+
+/// A history that the result viewer wrote.
+struct HistoryExtract {
+  std::string strFile;  ///< name without directory
+  HistoryChoice choice;
+  Reading<SingleHistory> history;
+};
+
+/// A time history that leaves no file of all its histories.
+struct ExtractedHistory {
+  JobAnalysis analysis;  ///< of the run when it is known
+  const ResultStamp* pStamp = nullptr;
+  bool bOutdated = false;
+  std::vector<HistoryExtract> extracts;
 };
 
 /// All that the report tells, collected once.
@@ -79,6 +102,7 @@ struct BookData {
   double dCountedBelow = 0.0;          ///< rad/s
   std::vector<SpectrumChapter> spectra = {};
   std::optional<HistoryChapter> historyChapter = {};
+  std::vector<ExtractedHistory> extracted = {};
   std::vector<Check> checks = {};
   std::string strMessages = {};  ///< of the module while the data were collected
 

@@ -22,16 +22,29 @@ std::string FormatProgram() { return "Skyframe " SKYFRAME_VERSION; }
 /// What a reader looks for first.
 std::vector<std::pair<std::string, std::string>> ListKeyFigures(const BookData& book) {
   std::vector<std::pair<std::string, std::string>> facts;
+  if (!book.storeys) {
+    facts.emplace_back(Tell({"Checks of storeys", "楼层验算"}), Tell({"not applicable", "不适用"}));
+    for (const Check& check : book.checks) {
+      if (check.dLength <= 0.0) continue;
+      const std::string strDirection = check.direction == Vector3{} ? "" : ", " + DescribeDirection(check.direction);
+      facts.emplace_back(DescribeCheck(check) + strDirection, DescribeValue(check));
+    }
+  }
   if (!book.basis) return facts;
   facts.emplace_back(Tell({"Total weight G", "总重力荷载代表值 G"}),
                      FormatKilo(c_dGravity * GetGravityMass(*book.basis)) + " kN");
   facts.emplace_back(Tell({"First period T₁", "基本周期 T₁"}), FormatFixed(book.GetFirstPeriod(), 4) + " s");
   for (const SpectrumChapter& chapter : book.spectra) {
+    const std::string strQuake = Tell({"Earthquake along {0}, {1}", "{0} 向{1}"},
+                                      {DescribeDirection(chapter.loads.direction), DescribeLevel(*chapter.job.nLevel)});
+    if (chapter.doubt != Doubt::None) {
+      facts.emplace_back(strQuake, Say(texts::c_unchecked[static_cast<std::size_t>(chapter.doubt)]));
+      continue;
+    }
     if (chapter.storeys.empty()) continue;
     const auto& storeys = chapter.storeys;
     const auto largest = std::ranges::max_element(storeys, {}, &StoreyResponse::dAngle);
-    facts.emplace_back(Tell({"Earthquake along {0}, {1}", "{0} 向{1}"},
-                            {DescribeDirection(chapter.loads.direction), DescribeLevel(*chapter.job.nLevel)}),
+    facts.emplace_back(strQuake,
                        Tell({"base shear {0} kN ({1} % of G), largest drift {2} in storey {3}",
                              "基底剪力 {0} kN（G 的 {1} %），最大层间位移角 {2}（第 {3} 层）"},
                             {FormatKilo(storeys.front().dShear), FormatPercent(storeys.front().GetShearWeight(), 2),

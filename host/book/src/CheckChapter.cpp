@@ -1,6 +1,7 @@
 // Summary of the checks.
 
 #include "Chapters.h"
+#include "Doubts.h"
 #include "Figures.h"
 #include "skyframe/job/Text.h"
 #include "texts.h"
@@ -39,6 +40,12 @@ Clause GetClause(CheckKind kind) {
     case CheckKind::MeanHistoryShear:
       return {{"mean of the time histories (one record)", "时程法平均值（仅一条波）"},
               {"GB 50011—2001 5.1.2", "GB 50011—2010 5.1.2"}};
+    case CheckKind::TopDisplacement:
+      return {{"displacement of the top over the height, static", "静力顶点水平位移与高度之比"}, {}};
+    case CheckKind::Deflection:
+      return {{"deflection over the span, static", "静力挠度与跨度之比"}, {}};
+    case CheckKind::QuakeTopDisplacement:
+      return {{"displacement of the top, earthquake", "地震作用下顶点位移"}, {}};
     default:
       return {{"duration of the record", "地震波持续时间"}, {"GB 50011—2001 5.1.2", "GB 50011—2010 5.1.2"}, true};
   }
@@ -74,6 +81,8 @@ std::string DescribeCheck(const Check& check) { return std::string(Say(GetClause
 
 void WriteChecks(CPage& page, const BookData& book) {
   page.Chapter(Tell({"Summary of checks", "验算汇总"}));
+  for (const std::string& strDoubt : ListSpectrumDoubts(book)) page.Warn(strDoubt);
+  for (const std::string& strDoubt : ListHistoryDoubts(book)) page.Warn(strDoubt);
   if (book.checks.empty()) {
     return page.Text(Tell({"Nothing was checked: there are no results of a spectrum or a time history.",
                            "没有反应谱和时程结果，未作验算。"}));
@@ -96,7 +105,7 @@ void WriteChecks(CPage& page, const BookData& book) {
     page.Text(Tell({"The job does not name the structure (\"report\": {\"structure\": …}): drifts have no limit.",
                     "作业文件未说明结构类型（\"report\": {\"structure\": …}），层间位移角没有限值。"}));
   }
-  page.List(ListRemarks());
+  if (book.storeys) page.List(ListRemarks());
 }
 
 }  // namespace skyframe::host

@@ -32,6 +32,14 @@ std::string SayAt(std::span<const Words> words, int nIndex) {
 
 bool IsAngle(CheckKind kind) { return kind == CheckKind::Drift || kind == CheckKind::RareDrift; }
 
+bool IsMovement(CheckKind kind) {
+  return kind == CheckKind::TopDisplacement || kind == CheckKind::Deflection || kind == CheckKind::QuakeTopDisplacement;
+}
+
+bool IsHistory(CheckKind kind) {
+  return kind == CheckKind::HistoryShear || kind == CheckKind::MeanHistoryShear || kind == CheckKind::HistoryDuration;
+}
+
 bool IsPercentage(CheckKind kind) {
   return kind == CheckKind::MassParticipation || kind == CheckKind::ShearWeight || kind == CheckKind::HistoryShear ||
          kind == CheckKind::MeanHistoryShear;
@@ -90,8 +98,11 @@ std::string DescribeDirection(const Vector3& direction) {
 std::string DescribeCombination(const JobCombination& combination) {
   std::string strText;
   for (const auto& [nCase, dFactor] : combination) {
-    strText += strText.empty() ? "" : " + ";
-    strText += FormatNumber(dFactor) + " × " + Tell({"case {0}", "工况 {0}"}, {std::to_string(nCase)});
+    const bool bMinus = std::signbit(dFactor);
+    strText += strText.empty() ? (bMinus ? "−" : "") : (bMinus ? " − " : " + ");
+    std::string strFactor = FormatNumber(std::abs(dFactor));
+    if (strFactor.find_first_not_of("0123456789") == std::string::npos) strFactor += ".0";
+    strText += strFactor + " × " + Tell({"case {0}", "工况 {0}"}, {std::to_string(nCase)});
   }
   return strText.empty() ? std::string(c_strDash) : strText;
 }
@@ -111,6 +122,10 @@ std::string DescribeLevel(int nLevel) { return SayAt(c_levels, nLevel); }
 std::string GetNodeName(const Job& job, std::size_t nNode) { return std::to_string(job.nodes[nNode].nId); }
 
 std::string DescribeVerdict(const Check& check) {
+  if (check.verdict == Verdict::NotChecked) {
+    if (check.doubt == Doubt::OtherModes && IsHistory(check.kind)) return std::string(Say(texts::c_uncheckedHistory));
+    return SayAt(texts::c_unchecked, static_cast<int>(check.doubt));
+  }
   if (check.verdict == Verdict::NoLimit) return std::string(Say(texts::c_noLimit));
   const bool bGood = check.verdict == Verdict::Satisfied;
   if (check.bInformation)
@@ -123,6 +138,12 @@ std::string DescribeLimit(const Check& check) {
   return (IsLeast(check.kind) ? "≥ " : "≤ ") + FormatQuantity(check.kind, check.limit->dValue);
 }
 
-std::string DescribeValue(const Check& check) { return FormatQuantity(check.kind, check.dValue); }
+std::string DescribeValue(const Check& check) {
+  if (check.verdict == Verdict::NotChecked) return std::string(c_strDash);
+  if (!IsMovement(check.kind)) return FormatQuantity(check.kind, check.dValue);
+  const std::string strValue = FormatMillimetres(check.dValue) + " mm";
+  return check.dLength > 0.0 && check.dValue > 0.0 ? strValue + " = L/" + FormatFixed(check.dLength / check.dValue, 0)
+                                                   : strValue;
+}
 
 }  // namespace skyframe::host

@@ -25,7 +25,7 @@ namespace skyframe::host {
 
 /// "X", "−Y" or "(0.71, 0.71, 0)".
 [[nodiscard]] std::string DescribeDirection(const Vector3& direction);
-/// "1.0 × 0 + 0.5 × 1"; a dash for none.
+/// "−1.0 × case 0 − 0.5 × case 1"; a dash for none.
 [[nodiscard]] std::string DescribeCombination(const JobCombination& combination);
 [[nodiscard]] std::string DescribeStructure(const JobReport& report);
 /// "GB 50011—2001".

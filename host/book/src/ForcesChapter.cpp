@@ -4,6 +4,7 @@
 #include <map>
 
 #include "Chapters.h"
+#include "Doubts.h"
 #include "Figures.h"
 #include "texts.h"
 
@@ -117,7 +118,9 @@ void WriteMembers(CPage& page, const BookData& book) {
 void WriteSupports(CPage& page, const BookData& book) {
   PageTable table;
   table.strCaption =
-      Tell({"Forces on the supports, kN and kN·m: static S and earthquake ±E", "支座受力，kN、kN·m：静力 S 与地震 ±E"});
+      Tell({"Forces of the structure on its supports (reactions have the opposite sign), kN and kN·m: static S and "
+            "earthquake ±E",
+            "结构作用于支座的力（支座反力与之反号），kN、kN·m：静力 S 与地震 ±E"});
   table.head = {Tell({"Node", "节点"}),
                 "F<sub>X</sub> S",
                 "±E",
@@ -152,25 +155,24 @@ void WriteSupports(CPage& page, const BookData& book) {
   }
 }
 
-/// Direction of the spectrum that the file holds.
+/// What E is.
 std::string DescribeQuake(const BookData& book) {
-  for (const SpectrumChapter& chapter : book.spectra) {
-    if (chapter.deviation) return DescribeDirection(chapter.loads.direction);
-  }
-  return "?";
+  const std::string strDirection = DescribeQuakeOfFile(book);
+  if (strDirection.empty()) return book.spectrum.strFile;
+  return Tell({"the spectrum along {0} ({1})", "{0} 向反应谱（{1}）"}, {strDirection, book.spectrum.strFile});
 }
 
 }  // namespace
 
 void WriteForces(CPage& page, const BookData& book) {
-  page.Chapter(Tell({"Forces of supports and members with ±E", "支座反力与构件内力（±E）"}));
+  page.Chapter(Tell({"Forces of supports and members with ±E", "支座受力与构件内力（±E）"}));
   if (!Introduce(page, book.linear) || !Introduce(page, book.spectrum)) return;
-  page.Text(
-      Tell({"S: linear static analysis, {0}. E: combined forces of the spectrum along {1} ({2}). Partial safety "
-            "factors, the factor of 5.2.5 and other directions are not applied.",
-            "S 为线性静力结果，{0}；E 为 {1} 向反应谱组合内力（{2}）。未乘分项系数和 5.2.5 条调整系数，未作双向组合。"},
-           {DescribeCombination(book.linear.parameters.value_or(StaticJob()).combination), DescribeQuake(book),
-            book.spectrum.strFile}));
+  for (const std::string& strDoubt : ListSpectrumDoubts(book)) page.Warn(strDoubt);
+  for (const std::string& strMissing : ListMissingSpectra(book)) page.Warn(strMissing + Tell({".", "。"}));
+  page.Text(Tell({"S: linear static analysis, {0}. E: combined forces of {1}. Partial safety factors, the factor of "
+                  "5.2.5 and other directions are not applied.",
+                  "S 为线性静力结果，{0}；E 为{1}组合内力。未乘分项系数和 5.2.5 条调整系数，未作双向组合。"},
+                 {DescribeCombination(book.linear.parameters.value_or(StaticJob()).combination), DescribeQuake(book)}));
   WriteSupports(page, book);
   WriteMembers(page, book);
 }

@@ -5,6 +5,8 @@
 #include <sstream>
 
 #include "Chapters.h"
+#include "Doubts.h"
+#include "ExtractedHistories.h"
 #include "Figures.h"
 #include "Pictures.h"
 #include "skyframe/job/DialogFields.h"
@@ -101,6 +103,12 @@ void WriteShear(CPage& page, const BookData& book, const HistoryChapter& chapter
         Tell({"The base shear is not formed: it needs a horizontal ground motion, a linear run and the modes.",
               "未求基底剪力：须为水平地震动、线性分析并有振型。"}));
   }
+  const std::string strCaption = Tell({"Base shear", "基底剪力时程"});
+  if (chapter.bOwnShear) {
+    page.Text(Tell({"The base shear is that of the run itself: elastic forces on all supports, without damping.",
+                    "基底剪力取自本次分析：全部支座的弹性恢复力之和，不含阻尼力。"}));
+    return page.Figure(strCaption, DrawBaseShear(book, chapter), 0.9);
+  }
   page.Formula(
       "Σ<sub>n</sub> m<sub>n</sub> |u<sub>n</sub>(t) − Σ<sub>i</sub> φ<sub>i,n</sub> q<sub>i</sub>(t)|² = min, &ensp; "
       "V(t) = Σ<sub>i</sub> ω<sub>i</sub>² (rᵀ M φ<sub>i</sub>) q<sub>i</sub>(t)");
@@ -109,7 +117,7 @@ void WriteShear(CPage& page, const BookData& book, const HistoryChapter& chapter
        "to the displacements at each step; like the spectrum's it leaves out the mass that the modes leave out.",
        "结果文件没有反力。基底剪力由位移时程逐步拟合 {0} 个振型坐标求出（弹性恢复力），与反应谱一样不含未参与的质量。"},
       {std::to_string(book.basis->GetCount())}));
-  page.Figure(Tell({"Base shear", "基底剪力时程"}), DrawBaseShear(book, chapter), 0.9);
+  page.Figure(strCaption, DrawBaseShear(book, chapter), 0.9);
 }
 
 void WriteComparison(CPage& page, const BookData& book) {
@@ -147,17 +155,27 @@ void WritePeaks(CPage& page, const BookData& book, const HistoryChapter& chapter
   page.Table(table);
 }
 
-}  // namespace
-
-void WriteHistory(CPage& page, const BookData& book) {
-  page.Chapter(Tell({"Time history", "时程分析"}));
+void WriteGroundMotion(CPage& page, const BookData& book) {
+  if (!book.extracted.empty()) {
+    if (!book.history.bThere && !book.history.bAsked) return;
+    page.Section(Tell({"Newmark, ground motion", "Newmark，地震动"}));
+  }
   if (!Introduce(page, book.history)) return;
+  for (const std::string& strDoubt : ListHistoryDoubts(book)) page.Warn(strDoubt);
   WriteRun(page, book);
   if (!book.historyChapter) return;
   WriteRoofCurve(page, book, *book.historyChapter);
   WriteShear(page, book, *book.historyChapter);
   WriteComparison(page, book);
   WritePeaks(page, book, *book.historyChapter);
+}
+
+}  // namespace
+
+void WriteHistory(CPage& page, const BookData& book) {
+  page.Chapter(Tell({"Time history", "时程分析"}));
+  WriteGroundMotion(page, book);
+  for (const ExtractedHistory& history : book.extracted) WriteExtracts(page, book, history);
 }
 
 }  // namespace skyframe::host

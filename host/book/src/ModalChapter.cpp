@@ -4,6 +4,7 @@
 #include <sstream>
 
 #include "Chapters.h"
+#include "Doubts.h"
 #include "Figures.h"
 #include "skyframe/job/Text.h"
 #include "skyframe/plot/Plots.h"
@@ -107,9 +108,10 @@ void WriteModes(CPage& page, const BookData& book) {
   page.Chapter(Tell({"Dynamic properties", "自振特性"}));
   if (!Introduce(page, book.modal)) return;
   if (!book.basis) {
-    return page.Warn(Tell({"The module refused the model; no masses are known.", "模块拒绝该模型，得不到质量。"}));
+    return page.Warn(Say(texts::c_noMasses));
   }
   WriteModeTable(page, book);
+  for (const std::string& strShortfall : ListModeShortfalls(book)) page.Warn(strShortfall + Tell({".", "。"}));
   WriteFirstPeriods(page, book);
   WriteCount(page, book);
   WriteModePictures(page, book);

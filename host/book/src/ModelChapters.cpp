@@ -153,7 +153,8 @@ void WriteLoadSums(CPage& page, const Job& job) {
       ++nCount;
     }
     std::vector<std::string>& row = table.rows.emplace_back();
-    row = {nCase == 0 ? Tell({"0 (dead)", "0（恒）"}) : Tell({"{0} (live)", "{0}（活）"}, {std::to_string(nCase)}),
+    row = {nCase == 0 ? Tell({"0 (dead)", "0（永久荷载）"})
+                      : Tell({"{0} (variable)", "{0}（可变荷载）"}, {std::to_string(nCase)}),
            std::to_string(nCount)};
     for (const double dSum : sum) row.push_back(FormatFixed(dSum, 1));
   }
@@ -200,7 +201,8 @@ void WriteStoreyMasses(CPage& page, const BookData& book) {
 
 void WriteMasses(CPage& page, const BookData& book) {
   page.Section(Tell({"Representative gravity loads", "重力荷载代表值"}));
-  if (!book.basis) return page.Text(Say(texts::c_notRun, {book.modal.strFile}));
+  if (!book.basis && !Introduce(page, book.modal)) return;
+  if (!book.basis) return page.Warn(Say(texts::c_noMasses));
   const Vector3 total = SumMasses(*book.basis);
   const double dTotal = GetGravityMass(*book.basis);
   page.Facts({{Tell({"Mass free to move along X, Y, Z", "沿 X、Y、Z 可动的质量"}),

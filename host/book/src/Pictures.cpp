@@ -191,4 +191,18 @@ std::string DrawBaseShear(const BookData& book, const HistoryChapter& chapter) {
   return paint.GetDocument();
 }
 
+std::string DrawExtract(const BookData& book, const HistoryExtract& extract, const std::string& strSubtitle) {
+  const bool bForce = extract.choice.nQuantity == c_nHistoryForce;
+  HistoryPicture picture;
+  picture.strTitle = book.GetTitle();
+  picture.strSubtitle = strSubtitle;
+  picture.strQuantity = bForce ? Tell({"axial force N", "轴力 N"}) : Tell({"displacement u", "位移 u"});
+  picture.unit = bForce ? c_forceUnits.front() : c_displacementUnits.front();
+  picture.dTimeStep = extract.history->dTimeStep;
+  picture.curves.push_back({"", extract.history->values});
+  CSvgPaintContext paint(c_chartSize.nWidth, c_chartSize.nHeight);
+  PaintHistoryChart(paint, picture);
+  return paint.GetDocument();
+}
+
 }  // namespace skyframe::host

@@ -34,4 +34,8 @@ struct StoreyCurve {
 /// Base shear of the time history, kN.
 [[nodiscard]] std::string DrawBaseShear(const BookData& book, const HistoryChapter& chapter);
 
+/// A history that the result viewer wrote.
+[[nodiscard]] std::string DrawExtract(const BookData& book, const HistoryExtract& extract,
+                                      const std::string& strSubtitle);
+
 }  // namespace skyframe::host

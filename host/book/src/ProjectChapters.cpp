@@ -1,6 +1,7 @@
 // What the report is about: project, codes, parameters, result files.
 
 #include "Chapters.h"
+#include "ExtractedHistories.h"
 #include "Figures.h"
 #include "skyframe/job/Text.h"
 #include "texts.h"
@@ -39,12 +40,24 @@ std::vector<std::string> ListDepartures(const BookData& book) {
 template <class Result>
 void AddResult(PageTable& table, const std::string& strAnalysis, const Result& result) {
   const ResultStamp* const pStamp = result.pStamp;
-  std::string strState = Tell({"not run", "未计算"});
+  std::string strState = result.bAsked ? Tell({"not run", "未计算"}) : Tell({"not in the job", "作业文件未要求"});
   if (result.bThere)
     strState = pStamp == nullptr ? Tell({"run not known", "分析未知"}) : Tell({"of this model", "与本模型一致"});
+  if (result.bThere && result.bOwnParameters)
+    strState = Tell({"of this model, parameters not the job's", "与本模型一致，参数与作业文件不同"});
   if (result.bOutdated) strState = Tell({"out of date", "过期"});
   table.rows.push_back({strAnalysis, result.bThere ? result.strFile : "—", pStamp != nullptr ? pStamp->strTime : "—",
                         pStamp != nullptr ? pStamp->strVersion : "—", strState});
+}
+
+void AddExtracts(PageTable& table, const ExtractedHistory& history) {
+  const ResultStamp* const pStamp = history.pStamp;
+  std::string strState =
+      pStamp == nullptr ? Tell({"run not known", "分析未知"}) : Tell({"of this model", "与本模型一致"});
+  if (history.bOutdated) strState = Tell({"out of date", "过期"});
+  table.rows.push_back({Tell({"Time history, {0}", "时程，{0}"}, {DescribeMethod(history)}), ListFiles(history),
+                        pStamp != nullptr ? pStamp->strTime : "—", pStamp != nullptr ? pStamp->strVersion : "—",
+                        strState});
 }
 
 void WriteResults(CPage& page, const BookData& book) {
@@ -57,7 +70,10 @@ void WriteResults(CPage& page, const BookData& book) {
   AddResult(table, Tell({"Static, second order", "几何非线性静力"}), book.nonlinear);
   AddResult(table, Tell({"Modal", "模态"}), book.modal);
   AddResult(table, Tell({"Response spectrum", "反应谱"}), book.spectrum);
-  AddResult(table, Tell({"Time history", "时程"}), book.history);
+  if (book.history.bThere || book.history.bAsked || book.extracted.empty()) {
+    AddResult(table, Tell({"Time history", "时程"}), book.history);
+  }
+  for (const ExtractedHistory& history : book.extracted) AddExtracts(table, history);
   page.Table(table);
 }
 
@@ -129,7 +145,7 @@ void WriteSpectrumParameters(CPage& page, const BookData& book) {
 template <class Result>
 bool Introduce(CPage& page, const Result& result) {
   if (!result.bThere) {
-    page.Text(Say(texts::c_notRun, {result.strFile}));
+    page.Text(result.bAsked ? Say(texts::c_notRun, {result.strFile}) : std::string(Say(texts::c_notAsked)));
     return false;
   }
   if (!result.content) {
@@ -158,7 +174,7 @@ void WriteProject(CPage& page, const BookData& book) {
   table.strAlign = "ll";
   const bool bLater = CCodeLimits(report).GetEdition() == c_nEdition2010;
   const std::string strSpectrum = Tell({"design spectrum (5.1.4, 5.1.5)", "地震影响系数曲线（5.1.4、5.1.5 条）"});
-  const std::string strLimits = Tell({"limits (chapter 9)", "限值（第 9 章）"});
+  const std::string strLimits = Tell({"limits (chapter 9 of this report)", "限值（本计算书第 9 章）"});
   table.rows.push_back(
       {Tell({"GB 50011—2001, Code for seismic design of buildings", "《建筑抗震设计规范》GB 50011—2001"}),
        bLater ? strSpectrum : strSpectrum + Tell({"; ", "；"}) + strLimits});

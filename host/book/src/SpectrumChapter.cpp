@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "Chapters.h"
+#include "Doubts.h"
 #include "Figures.h"
 #include "Pictures.h"
 #include "skyframe/job/Text.h"
@@ -52,10 +53,13 @@ void WriteOrigin(CPage& page, const BookData& book, const SpectrumChapter& chapt
     page.Text(Tell({"Formed from the modes of {0}; the displacements agree with {1} to {2} of the largest one.",
                     "由 {0} 的振型算得；位移与 {1} 相符，差值不超过最大位移的 {2}。"},
                    {book.modal.strFile, book.spectrum.strFile, Format("%.1e", *chapter.deviation)}));
+  } else if (const std::string strOther = DescribeQuakeOfFile(book);
+             !strOther.empty() && chapter.doubt != Doubt::OtherModes) {
+    page.Text(Tell({"Formed from the modes of {0}; the file {1} holds the last spectrum run, along {2}.",
+                    "由 {0} 的振型算得；文件 {1} 是最后一次反应谱（{2} 向）的结果。"},
+                   {book.modal.strFile, book.spectrum.strFile, strOther}));
   } else {
-    page.Text(Tell({"Formed from the modes of {0}; the file {1} is that of another spectrum.",
-                    "由 {0} 的振型算得；文件 {1} 是另一反应谱的结果。"},
-                   {book.modal.strFile, book.spectrum.strFile}));
+    page.Text(Tell({"Formed from the modes of {0}.", "由 {0} 的振型算得。"}, {book.modal.strFile}));
   }
 }
 
@@ -186,17 +190,21 @@ void WriteStoreys(CPage& page, const BookData& book, const SpectrumChapter& chap
 void WriteSpectra(CPage& page, const BookData& book) {
   page.Chapter(Tell({"Response spectrum", "反应谱分析"}));
   if (!Introduce(page, book.spectrum)) return;
-  if (!book.modal.content) return page.Text(Say(texts::c_notRun, {book.modal.strFile}));
   if (book.modal.bOutdated) page.Warn(Say(texts::c_outdated, {book.modal.strFile, book.modal.pStamp->strTime}));
   if (book.spectra.empty()) {
-    page.Text(Tell({"The job has no response spectrum that the modes of {0} suffice for.",
-                    "作业文件没有反应谱分析，或 {0} 的振型不足。"},
-                   {book.modal.strFile}));
+    page.Warn(Tell({"It is not known which spectrum {0} holds: the job has none.",
+                    "作业文件没有反应谱分析，不知道 {0} 是何种反应谱的结果。"},
+                   {book.spectrum.strFile}));
   }
+  for (const std::string& strDoubt : ListSpectrumDoubts(book)) page.Warn(strDoubt);
   for (const SpectrumChapter& chapter : book.spectra) {
     page.Section(Tell({"Earthquake along {0}: {1}, intensity {2}", "{0} 向地震作用：{1}，{2}"},
                       {DescribeDirection(chapter.loads.direction), DescribeLevel(*chapter.job.nLevel),
                        DescribeIntensity(*chapter.job.nIntensity)}));
+    if (!chapter.IsFormed()) {
+      page.Text(Say(texts::c_unchecked[static_cast<std::size_t>(chapter.doubt)]));
+      continue;
+    }
     WriteOrigin(page, book, chapter);
     WriteCurve(page, book, chapter);
     WriteModalShears(page, chapter);

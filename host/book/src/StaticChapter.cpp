@@ -86,7 +86,8 @@ void WriteBalance(CPage& page, const BookData& book, const StaticResult& result)
 
 void WriteReactions(CPage& page, const BookData& book, const StaticResultFile& file) {
   PageTable table;
-  table.strCaption = Tell({"Forces of the structure on its supports", "支座反力（结构作用于支座的力）"});
+  table.strCaption = Tell({"Forces of the structure on its supports (reactions have the opposite sign)",
+                           "结构作用于支座的力（支座反力与之反号）"});
   table.head = {Tell({"Node", "节点"}), "F<sub>X</sub> [kN]",   "F<sub>Y</sub> [kN]",  "F<sub>Z</sub> [kN]",
                 "M<sub>X</sub> [kN·m]", "M<sub>Y</sub> [kN·m]", "M<sub>Z</sub> [kN·m]"};
   table.strAlign = "lr";

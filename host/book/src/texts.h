@@ -24,7 +24,18 @@ inline constexpr Words c_noLimit = {"no limit", "无限值"};
 inline constexpr Words c_satisfiedForInformation = {"satisfied (for information)", "满足（仅供参考）"};
 inline constexpr Words c_notSatisfiedForInformation = {"not satisfied (for information)", "不满足（仅供参考）"};
 inline constexpr Words c_notRun = {"Not run: there is no file {0}.", "未计算：没有文件 {0}。"};
-inline constexpr Words c_notRead = {"The file {0} could not be read: {1}", "文件 {0} 无法读取：{1}"};
+inline constexpr Words c_notAsked = {"Not applicable: the job has no such analysis.", "不适用：作业文件没有此项分析。"};
+inline constexpr Words c_notRead = {"The file {0} {1}.", "文件 {0} {1}。"};
+inline constexpr Words c_badFrequencies = {"has frequencies that are no positive numbers", "中有不是正数的频率"};
+inline constexpr Words c_noMasses = {"The module refused the model; no masses are known.",
+                                     "模块拒绝该模型，得不到质量。"};
+/// Without a verdict, by Doubt.
+inline constexpr Words c_unchecked[] = {
+    {"not checked", "未验算"},
+    {"not checked: out of date, run the analysis again", "未验算：结果过期，请重新分析"},
+    {"not checked: run the spectrum again", "未验算：请重新进行反应谱分析"},
+    {"not checked: the modes have other masses", "未验算：振型所用质量不同"}};
+inline constexpr Words c_uncheckedHistory = {"not checked: run the time history again", "未验算：请重新进行时程分析"};
 inline constexpr Words c_outdated = {
     "Out of date: {0} was computed from another model on {1}. The figures of this chapter do not belong to the model "
     "of "

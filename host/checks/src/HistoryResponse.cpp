@@ -71,6 +71,24 @@ double GetAlong(const HistoryResultFile& history, std::size_t n, std::size_t nSt
   return e[0] * history.displacements[n][0][nStep] + e[1] * history.displacements[n][1][nStep];
 }
 
+/// Whether the file holds this run, as far as its digits tell.
+bool IsOfRun(const HistorySet& run, const HistoryResultFile& history) {
+  constexpr double c_dFileDigits = 1.0e-5;
+  if (!run.bComplete || run.nSteps != history.nSteps || run.dTimeStep != history.dTimeStep) return false;
+  if (run.GetNodeCount() != std::ssize(history.displacements)) return false;
+  double dLargest = 0.0, dDifference = 0.0;
+  for (std::size_t d = 0; d < 3; ++d) {
+    for (int k = 0; k < run.nSteps; ++k) {
+      const double* const u = run.values[d][k];
+      for (std::size_t n = 0; n < history.displacements.size(); ++n) {
+        dLargest = std::max(dLargest, std::abs(u[n]));
+        dDifference = std::max(dDifference, std::abs(u[n] - history.displacements[n][d][static_cast<std::size_t>(k)]));
+      }
+    }
+  }
+  return dDifference <= c_dFileDigits * dLargest;
+}
+
 /// Largest magnitude over the steps.
 template <class Value>
 double FindLargest(std::size_t nSteps, Value value) {
@@ -96,6 +114,14 @@ std::vector<double> FormHistoryShear(const ModalBasis& basis, const HistoryResul
     equations.Solve(q);
     for (std::size_t i = 0; i < q.size(); ++i) shear[k] += stiffness[i] * q[i];
   }
+  return shear;
+}
+
+std::optional<std::vector<double>> FindHistoryShear(const HistorySet& run, const HistoryResultFile& history,
+                                                    const std::array<double, 2>& e) {
+  if (run.baseShear.GetRows() != history.nSteps || history.nSteps == 0 || !IsOfRun(run, history)) return std::nullopt;
+  std::vector<double> shear;
+  for (int k = 0; k < history.nSteps; ++k) shear.push_back(e[0] * run.baseShear[k][0] + e[1] * run.baseShear[k][1]);
   return shear;
 }
 

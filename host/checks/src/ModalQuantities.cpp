@@ -2,6 +2,9 @@
 
 #include <algorithm>
 #include <cmath>
+#include <iterator>
+#include <numeric>
+#include <utility>
 
 #include "skyframe/values/SpectrumSite.h"
 
@@ -15,6 +18,15 @@ std::size_t FindMassDirection(const ModalBasis& basis) {
   constexpr double c_dMore = 1.0 + 1.0e-9;
   const Vector3 total = SumMasses(basis);
   return total[1] > c_dMore * total[0] ? 1 : 0;
+}
+
+/// Masses by node from the products of the unit translations.
+std::vector<Vector3> TakeMasses(const std::vector<NodeField>& products) {
+  std::vector<Vector3> masses(products[0].size());
+  for (std::size_t n = 0; n < masses.size(); ++n) {
+    for (std::size_t d = 0; d < 3; ++d) masses[n][d] = products[d][n][d];
+  }
+  return masses;
 }
 
 double Divide(double dDividend, double dDivisor) { return dDivisor > 0.0 ? dDividend / dDivisor : 0.0; }
@@ -31,6 +43,30 @@ std::vector<NodeField> FormUnitTranslations(std::size_t nNodes) {
   return fields;
 }
 
+ModeSettings FormModeSettings(const JobCombination& combination, bool bShear) {
+  ModeSettings settings;
+  settings.bShear = bShear;
+  for (const auto& [nCase, dFactor] : combination) {
+    settings.loadFlags[static_cast<std::size_t>(nCase)] = 1;
+    settings.loadFactors[static_cast<std::size_t>(nCase)] = dFactor;
+  }
+  return settings;
+}
+
+std::optional<ModalBasis> FormBasis(std::vector<double> omega, std::vector<NodeField> shapes, std::size_t nNodes,
+                                    const ModeSettings& settings) {
+  std::vector<NodeField> accelerations = FormUnitTranslations(nNodes);
+  accelerations.insert(accelerations.end(), shapes.begin(), shapes.end());
+  std::optional<std::vector<NodeField>> products = FormInertia(accelerations, settings);
+  if (!products) return std::nullopt;
+  ModalBasis basis;
+  basis.masses = TakeMasses(*products);
+  basis.omega = std::move(omega);
+  basis.shapes = std::move(shapes);
+  basis.inertia.assign(std::make_move_iterator(products->begin() + 3), std::make_move_iterator(products->end()));
+  return basis;
+}
+
 Vector3 SumMasses(const ModalBasis& basis) {
   Vector3 sum = {};
   for (const Vector3& mass : basis.masses) {
@@ -40,6 +76,15 @@ Vector3 SumMasses(const ModalBasis& basis) {
 }
 
 double GetGravityMass(const ModalBasis& basis) { return SumMasses(basis)[FindMassDirection(basis)]; }
+
+double FormModalMass(const ModalBasis& basis, std::size_t i) {
+  double dSum = 0.0;
+  for (std::size_t n = 0; n < basis.shapes[i].size(); ++n) {
+    const NodeValues &phi = basis.shapes[i][n], &inertia = basis.inertia[i][n];
+    dSum = std::inner_product(phi.begin(), phi.end(), inertia.begin(), dSum);
+  }
+  return dSum;
+}
 
 Vector3 SumInertia(const ModalBasis& basis, std::size_t i) {
   Vector3 sum = {};

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <map>
+#include <numeric>
 
 namespace skyframe::host {
 
@@ -14,18 +15,6 @@ const JobNode& GetEnd(const Job& job, int nNode) { return job.nodes[static_cast<
 
 bool IsAt(double dZ, double dLevel) { return std::abs(dZ - dLevel) <= c_dLevelTolerance; }
 
-/// Heights of all nodes, each once.
-Levels FindNodeLevels(const Job& job) {
-  Levels heights;
-  for (const JobNode& node : job.nodes) heights.push_back(node.dZ);
-  std::ranges::sort(heights);
-  Levels levels;
-  for (const double dZ : heights) {
-    if (levels.empty() || !IsAt(dZ, levels.back())) levels.push_back(dZ);
-  }
-  return levels;
-}
-
 bool HasHorizontal(const Job& job, double dLevel) {
   return std::ranges::any_of(job.elements, [&](const JobElement& element) {
     return IsAt(GetEnd(job, element.nNodeI).dZ, dLevel) && IsAt(GetEnd(job, element.nNodeJ).dZ, dLevel);
@@ -34,10 +23,10 @@ bool HasHorizontal(const Job& job, double dLevel) {
 
 Levels FindLevels(const Job& job) {
   if (!job.report.storeys.empty()) return job.report.storeys;
-  const Levels all = FindNodeLevels(job);
-  Levels floors;
-  for (std::size_t k = 0; k < all.size(); ++k) {
-    if (k == 0 || HasHorizontal(job, all[k])) floors.push_back(all[k]);
+  Levels all, floors;
+  for (const NodeLevel& level : FormNodeLevels(job)) {
+    all.push_back(level.dHeight);
+    if (floors.empty() || HasHorizontal(job, level.dHeight)) floors.push_back(level.dHeight);
   }
   return floors.size() > 1 ? floors : all;
 }
@@ -82,6 +71,19 @@ void PairColumns(const Job& job, Storey& storey) {
 }
 
 }  // namespace
+
+std::vector<NodeLevel> FormNodeLevels(const Job& job) {
+  std::vector<std::size_t> nodes(job.nodes.size());
+  std::iota(nodes.begin(), nodes.end(), std::size_t{0});
+  const auto height = [&job](std::size_t i) { return job.nodes[i].dZ; };
+  std::ranges::stable_sort(nodes, {}, height);
+  std::vector<NodeLevel> levels;
+  for (const std::size_t i : nodes) {
+    if (levels.empty() || !IsAt(height(i), levels.back().dHeight)) levels.push_back({height(i), {}});
+    levels.back().nodes.push_back(i);
+  }
+  return levels;
+}
 
 std::optional<StoreyModel> FormStoreys(const Job& job) {
   const Levels levels = FindLevels(job);

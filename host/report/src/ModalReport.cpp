@@ -43,22 +43,26 @@ void PrintTable(const ModalFindings& findings, std::ostream& out) {
   out << '\n';
 }
 
-/// A direction in which nothing is free to move holds no mass.
-void PrintShortfall(const ModalFindings& findings, std::ostream& out) {
+}  // namespace
+
+std::vector<std::string> ListShortfalls(const std::array<double, 3>& totalMass,
+                                        const std::vector<std::array<double, 3>>& effectiveMasses) {
+  std::vector<std::string> lines;
   for (std::size_t d = 0; d < 3; ++d) {
     double dSum = 0.0;
-    for (const std::array<double, 3>& mode : findings.effectiveMasses) dSum += mode[d];
-    const double dShare = Share(dSum, findings.totalMass[d]);
-    if (findings.totalMass[d] <= 0.0 || dShare >= c_dEnoughMass) continue;
-    out << "  " << Say(texts::c_shortfall, {c_strDirections[d], Format("%.1f", 100.0 * dShare)}) << '\n';
+    for (const std::array<double, 3>& mode : effectiveMasses) dSum += mode[d];
+    const double dShare = Share(dSum, totalMass[d]);
+    if (totalMass[d] <= 0.0 || dShare >= c_dEnoughMass) continue;
+    lines.push_back(Say(texts::c_shortfall, {c_strDirections[d], Format("%.1f", 100.0 * dShare)}));
   }
+  return lines;
 }
-
-}  // namespace
 
 void PrintModalReport(const ModalFindings& findings, std::ostream& out) {
   PrintTable(findings, out);
-  PrintShortfall(findings, out);
+  for (const std::string& strLine : ListShortfalls(findings.totalMass, findings.effectiveMasses)) {
+    out << "  " << strLine << '\n';
+  }
 }
 
 void PrintModeCount(const std::optional<ModeCount>& count, std::ostream& out) {

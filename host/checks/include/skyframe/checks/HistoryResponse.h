@@ -12,6 +12,11 @@ namespace skyframe::host {
 [[nodiscard]] std::vector<double> FormHistoryShear(const ModalBasis& basis, const HistoryResultFile& history,
                                                    const std::array<double, 2>& e);
 
+/// The same as the run itself formed it, when that is the run of this program whose histories the file holds.
+[[nodiscard]] std::optional<std::vector<double>> FindHistoryShear(const HistorySet& run,
+                                                                  const HistoryResultFile& history,
+                                                                  const std::array<double, 2>& e);
+
 /// Largest values of a storey over time along a horizontal direction, m.
 struct StoreyPeaks {
   double dDisplacement = 0.0;

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "skyframe/checks/Storeys.h"
+#include "skyframe/connect/Inquiries.h"
 #include "skyframe/values/Findings.h"
 
 namespace skyframe::host {
@@ -33,10 +34,18 @@ struct ModalBasis {
 /// r = 1 along X, Y, Z at all nodes, whose products with M are ModalBasis::masses.
 [[nodiscard]] std::vector<NodeField> FormUnitTranslations(std::size_t nNodes);
 
+/// Of a modal run with this load combination as mass.
+[[nodiscard]] ModeSettings FormModeSettings(const JobCombination& combination, bool bShear);
+/// Modes of the model in the host records, which has so many nodes; nothing, after a message, when that is refused.
+[[nodiscard]] std::optional<ModalBasis> FormBasis(std::vector<double> omega, std::vector<NodeField> shapes,
+                                                  std::size_t nNodes, const ModeSettings& settings);
+
 /// M_d = sum of the masses along X, Y, Z, kg.
 [[nodiscard]] Vector3 SumMasses(const ModalBasis& basis);
 /// Mass of the whole structure, kg, that the weight G is that of.
 [[nodiscard]] double GetGravityMass(const ModalBasis& basis);
+/// phi_i^T M phi_i; 1 when the modes were normalised with these masses.
+[[nodiscard]] double FormModalMass(const ModalBasis& basis, std::size_t i);
 /// L_d = r_d^T M phi_i along X, Y, Z.
 [[nodiscard]] Vector3 SumInertia(const ModalBasis& basis, std::size_t i);
 /// L_d^2 / M_d; 0 where no mass is free to move.

@@ -8,6 +8,14 @@
 
 namespace skyframe::host {
 
+/// Nodes at one height within c_dLevelTolerance, indices of the job's list.
+struct NodeLevel {
+  double dHeight = 0.0;  ///< of the lowest of them, m
+  std::vector<std::size_t> nodes;
+};
+/// All nodes, from the lowest level up.
+[[nodiscard]] std::vector<NodeLevel> FormNodeLevels(const Job& job);
+
 /// A floor and what carries it. Nodes are indices of the job's list.
 struct Storey {
   double dBottom = 0.0;            ///< level below, m
