@@ -9,6 +9,7 @@
 #include "skyframe/cli/CommandLine.h"
 #include "skyframe/job/Text.h"
 #include "skyframe/platform/OutputFile.h"
+#include "skyframe/results/ResultKind.h"
 #include "skyframe/results/ResultList.h"
 #include "skyframe/run/JobRunner.h"
 #include "skyframe/run/Stamps.h"
@@ -55,7 +56,7 @@ std::optional<Job> CCommand::LoadJob(const std::string& strJobFile) {
 void CCommand::PrintProblems(const std::string& strFile, const std::vector<JobProblem>& problems,
                              std::string_view strKind) {
   for (const JobProblem& problem : problems) {
-    m_err << EscapeControls(strFile) << ": " << (problem.strPlace.empty() ? "/" : problem.strPlace) << ": " << strKind
+    m_err << EscapeControls(strFile) << ": " << problem.strPlace << (problem.strPlace.empty() ? "" : ": ") << strKind
           << problem.strReason << (problem.strName.empty() ? "" : " [" + problem.strName + "]") << '\n';
   }
 }
@@ -77,8 +78,13 @@ bool CCommand::IsSameFile(const std::string& strOne, const std::string& strOther
   const fs::path other = ToFilePath(strOther);
   std::error_code error;
   if (fs::equivalent(one, other, error)) return true;
-  const fs::path place = fs::weakly_canonical(fs::absolute(one, error), error);
-  return !place.empty() && place == fs::weakly_canonical(fs::absolute(other, error), error);
+  const std::string strPlace = FindPlace(strOne);
+  return !strPlace.empty() && strPlace == FindPlace(strOther);
+}
+
+std::string CCommand::FindPlace(const std::string& strFile) {
+  std::error_code error;
+  return FromFilePath(fs::weakly_canonical(fs::absolute(ToFilePath(strFile), error), error));
 }
 
 bool CCommand::IsJobFile(const std::string& strOutput, const std::string& strJobFile) {
@@ -89,9 +95,8 @@ bool CCommand::IsJobFile(const std::string& strOutput, const std::string& strJob
 }
 
 void CCommand::WarnOfAge(const Job& job, const std::string& strJobFile) {
-  for (const std::string_view strSuffix : {suffix::c_strStaticLinear, suffix::c_strStaticNonlinear, suffix::c_strModes,
-                                           suffix::c_strSpectrum, suffix::c_strHistory}) {
-    for (const Advice& advice : AdviseOnAge(job, GetJobPath(strJobFile), strSuffix)) {
+  for (const ResultKind kind : c_resultKinds) {
+    for (const Advice& advice : AdviseOnAge(job, GetJobPath(strJobFile), GetSuffix(kind))) {
       m_err << EscapeControls(FormatAdvice(advice)) << '\n';
     }
   }

@@ -1,5 +1,4 @@
 #include <CLI/CLI.hpp>
-#include <algorithm>
 #include <cmath>
 
 #include "Commands.h"
@@ -47,17 +46,11 @@ class CCompareCommand final : public CCommand {
     if (!kind.strNote.empty()) m_out << "  " << kind.strNote << '\n';
     if (!kind.strError.empty()) (void)Refuse(kind.strError);
     for (const Difference& difference : kind.differences) {
-      m_out << Format("  %9.2e  %9.2e ", difference.GetRelative(), difference.GetAbsolute()) << Pad(difference.strUnit)
-            << Say(difference.quantity) << ": " << Describe(difference) << '\n';
+      constexpr int c_nUnit = 10;  // columns
+      m_out << Format("  %9.2e  %9.2e ", difference.GetRelative(), difference.GetAbsolute())
+            << PadRight(difference.strUnit, c_nUnit)
+            << Say(texts::c_difference, {Say(difference.quantity), Describe(difference)}) << '\n';
     }
-  }
-
-  /// To the width of the longest unit.
-  static std::string Pad(std::string_view strUnit) {
-    constexpr std::ptrdiff_t c_nWidth = 10;
-    const auto nShown = std::ranges::count_if(strUnit, [](char c) { return (c & 0xC0) != 0x80; });
-    return std::string(strUnit) +
-           std::string(static_cast<std::size_t>(std::max(c_nWidth - nShown, std::ptrdiff_t{1})), ' ');
   }
 
   /// What is no number has no sign, whatever the system makes of it.
@@ -67,9 +60,10 @@ class CCompareCommand final : public CCommand {
     if (difference.GetAbsolute() == 0.0) return std::string(Say(texts::c_equal));
     const std::string strValues =
         Say(texts::c_twoValues, {FormatValue(difference.dFirst), FormatValue(difference.dSecond)});
-    std::string strText = difference.strPlace.empty() ? strValues : difference.strPlace + ", " + strValues;
-    if (difference.bAbove) strText += "; " + std::string(Say(texts::c_aboveTolerance));
-    return strText;
+    const std::string strText =
+        difference.strPlace.empty() ? strValues : Say(texts::c_atPlace, {difference.strPlace, strValues});
+    if (difference.bAbove) return Say(texts::c_aboveTolerance, {strText});
+    return difference.bRounding ? Say(texts::c_rounding, {strText}) : strText;
   }
 
   std::string m_strOther;

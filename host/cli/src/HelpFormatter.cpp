@@ -1,6 +1,7 @@
 #include "HelpFormatter.h"
 
 #include <set>
+#include <sstream>
 #include <utility>
 
 #include "skyframe/job/Text.h"
@@ -77,13 +78,15 @@ std::string CHelpFormatter::make_option_opts(const CLI::Option* pOption) const {
 
 std::string CHelpFormatter::make_option_desc(const CLI::Option* pOption) const {
   std::string strNotes;
-  const auto add = [&strNotes](const std::string& strNote) { strNotes += (strNotes.empty() ? "" : "; ") + strNote; };
+  const auto add = [&strNotes](const std::string& strNote) {
+    strNotes += std::string(strNotes.empty() ? "" : Say(texts::c_betweenNotes)) + strNote;
+  };
   if (pOption->get_required()) add(std::string(Say(texts::c_isRequired)));
   if (!pOption->get_default_str().empty()) add(Say(texts::c_byDefault, {pOption->get_default_str()}));
   if (!pOption->get_needs().empty()) add(Say(texts::c_goesWith, {ListNames(pOption->get_needs())}));
   if (!pOption->get_excludes().empty()) add(Say(texts::c_goesNotWith, {ListNames(pOption->get_excludes())}));
   const std::string& strMeaning = pOption->get_description();
-  return strNotes.empty() ? strMeaning : strMeaning + " (" + strNotes + ")";
+  return strNotes.empty() ? strMeaning : Say(texts::c_withNotes, {strMeaning, strNotes});
 }
 
 std::string FormatParseError(const CLI::App* /*pApp*/, const CLI::Error& error) {

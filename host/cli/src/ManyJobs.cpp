@@ -55,7 +55,7 @@ class CManyJobs {
   void Start(std::size_t nJob) {
     const std::string& strJobFile = m_many.jobFiles[nJob];
     std::vector<std::string> arguments = m_many.options;
-    arguments.push_back(strJobFile);
+    arguments.insert(arguments.end(), {"--", strJobFile});  // whatever its name begins with
     std::string strReason;
     const Clock::time_point start = Clock::now();
     const int nProcess = m_processes.Start(m_many.program, arguments, GetRunLog(strJobFile), strReason);

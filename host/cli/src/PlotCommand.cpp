@@ -17,7 +17,10 @@ namespace {
 
 using Names = std::span<const std::string_view>;
 
+/// Whose forces.
 constexpr std::array<std::string_view, 4> c_strSources = {"linear", "nonlinear", "spectrum", "history"};
+constexpr std::array<ResultKind, c_strSources.size()> c_sources = {ResultKind::Linear, ResultKind::Nonlinear,
+                                                                   ResultKind::Spectrum, ResultKind::History};
 constexpr std::array<std::string_view, 4> c_strViews = {"iso", "front", "side", "plan"};
 constexpr std::array<ViewDirection, c_strViews.size()> c_views = {c_isometricView, c_frontView, c_sideView, c_planView};
 
@@ -89,7 +92,6 @@ class CPlotCommand final : public CCommand {
     AddJobFile(app, Help(texts::c_solvedJob));
     app.add_option("-o,--output", m_strOutput, Help(texts::c_plotOutput))->required();
     CLI::Option_group& what = *app.add_option_group(Help(texts::c_whatToDraw), Help(texts::c_oneOfThese));
-    what.require_option(1);
     AddKind(AddFlag(what, "--spectrum", Help(texts::c_plotSpectrum)), Kind::Spectrum);
     AddKind(what.add_option("--mode", m_plot.nMode, Help(texts::c_plotMode)), Kind::Mode);
     AddKind(AddCurves(what, "--node", Help(texts::c_plotNode)), Kind::Node);
@@ -106,7 +108,7 @@ class CPlotCommand final : public CCommand {
 
   void DefineDetails(CLI::App& app) {
     const Kinds forces = {Kind::Diagram, Kind::Colours, Kind::Reactions};
-    const Kinds structures = {Kind::Diagram, Kind::Colours, Kind::Reactions, Kind::Loads};
+    const Kinds structures = {Kind::Diagram, Kind::Colours, Kind::Reactions, Kind::Loads, Kind::Structure};
     const Kinds histories = {Kind::Node, Kind::Element};
     Limit(app.add_option("--dir", m_directions, Help(texts::c_plotDirection))
               ->delimiter(',')
@@ -117,7 +119,8 @@ class CPlotCommand final : public CCommand {
     Limit(app.add_flag("--nonlinear", m_plot.bNonlinear, Help(texts::c_plotNonlinear)), {Kind::Deformed});
     Limit(app.add_flag("--coloured", m_plot.bShapeColours, Help(texts::c_plotColoured)), {Kind::Mode, Kind::Deformed});
     Limit(AddName(app, "--of", m_strSource, c_strSources, Help(texts::c_plotOf)), forces);
-    Limit(app.add_option("--at", m_plot.dTime, Help(texts::c_plotAt)), forces);
+    m_pTime = app.add_option("--at", m_plot.dTime, Help(texts::c_plotAt));
+    Limit(m_pTime, forces);
     Limit(app.add_option("--frame", m_strFrame, Help(texts::c_plotFrame)), structures);
     Limit(AddName(app, "--view", m_strView, c_strViews, Help(texts::c_plotView)), structures);
     Limit(app.add_flag("--with-reactions", m_plot.bReactions, Help(texts::c_plotWithReactions)),
@@ -145,9 +148,7 @@ class CPlotCommand final : public CCommand {
 
   /// What the parser has not checked; empty when all is well.
   std::string TakeOptions() {
-    for (const auto& [pOption, kind] : m_kinds) {
-      if (pOption->count() > 0) m_plot.kind = kind;
-    }
+    if (std::string strFault = TakeKind(); !strFault.empty()) return strFault;
     for (const auto& [pOption, kinds] : m_limits) {
       if (pOption->count() > 0 && std::ranges::find(kinds, m_plot.kind) == kinds.end())
         return Say(texts::c_optionBelongs, {pOption->get_name(), ListOptions(kinds)});
@@ -156,10 +157,25 @@ class CPlotCommand final : public CCommand {
     for (const std::string& strAxis : m_directions)
       m_plot.directions.push_back(static_cast<int>(FindName(c_strAxes, strAxis).value_or(0)));
     m_plot.quantity = static_cast<MemberQuantity>(FindName(c_strMemberQuantities, m_strQuantity).value_or(0));
-    m_plot.source = static_cast<ForceSource>(FindName(c_strSources, m_strSource).value_or(0));
+    m_plot.source = c_sources[FindName(c_strSources, m_strSource).value_or(0)];
+    if (m_plot.source == ResultKind::History && m_pTime->count() == 0) return std::string(Say(texts::c_timeMissing));
     if (!m_strView.empty()) m_plot.view = c_views[FindName(c_strViews, m_strView).value_or(0)];
     if (!m_strFrame.empty() && !(m_plot.frame = ParseFrame(m_strFrame))) return std::string(Say(texts::c_badFrame));
     return TakeLoads();
+  }
+
+  std::string TakeKind() {
+    const CLI::Option* pChosen = nullptr;
+    for (const auto& [pOption, kind] : m_kinds) {
+      if (pOption->count() == 0) continue;
+      if (pChosen != nullptr) return Say(texts::c_twoPictures, {pChosen->get_name(), pOption->get_name()});
+      pChosen = pOption;
+      m_plot.kind = kind;
+    }
+    if (pChosen != nullptr) return "";
+    if (!m_plot.bLocalAxes && !m_plot.bSectionNames) return std::string(Say(texts::c_nothingToDraw));
+    m_plot.kind = Kind::Structure;
+    return "";
   }
 
   std::string TakeLoads() {
@@ -189,6 +205,7 @@ class CPlotCommand final : public CCommand {
   std::string m_strView;
   std::string m_strFrame;
   std::string m_strLoads;
+  const CLI::Option* m_pTime = nullptr;
   std::vector<std::pair<const CLI::Option*, Kind>> m_kinds;
   std::vector<std::pair<const CLI::Option*, Kinds>> m_limits;
 };

@@ -1,6 +1,10 @@
 #include <CLI/CLI.hpp>
 #include <algorithm>
+#include <filesystem>
 #include <iostream>
+#include <map>
+#include <set>
+#include <system_error>
 #include <thread>
 
 #include "Commands.h"
@@ -61,15 +65,7 @@ class CRunCommand final : public CCommand {
     if (m_bDialogs) return Refuse(Say(texts::c_oneJob, {"--dialogs"}));
     if (!m_strLogFile.empty()) return Refuse(Say(texts::c_oneJob, {"--log"}));
     if (m_program.empty()) return Refuse(Say(texts::c_noProgram));
-    for (std::size_t i = 0; i < m_jobFiles.size(); ++i) {
-      const std::string strLog = GetRunLog(m_jobFiles[i]);
-      for (std::size_t j = 0; j < m_jobFiles.size(); ++j) {
-        if (IsSameFile(strLog, m_jobFiles[j])) return RefuseJobFile(strLog);
-        if (j < i && HaveSameResults(m_jobFiles[j], m_jobFiles[i])) {
-          return Refuse(Say(texts::c_sameResults, {m_jobFiles[j], m_jobFiles[i]}));
-        }
-      }
-    }
+    if (const std::string strClash = FindClash(); !strClash.empty()) return Refuse(strClash);
     const int nProcessors = static_cast<int>(std::thread::hardware_concurrency());
     const int nAtOnce = m_nAtOnce > 0 ? m_nAtOnce : std::clamp(nProcessors, 1, CChildProcesses::c_nMostProcesses);
     const std::string strLanguage(c_strLanguages[static_cast<std::size_t>(GetLanguage())]);
@@ -79,13 +75,29 @@ class CRunCommand final : public CCommand {
     return nStatus == c_nExitWarned && !m_bStrict ? c_nExitGood : nStatus;
   }
 
-  /// One job under two names, or two files whose names differ in the ending alone.
-  static bool HaveSameResults(const std::string& strOne, const std::string& strOther) {
-    const auto getFolder = [](const std::string& strFile) {
-      return FromFilePath(std::filesystem::absolute(ToFilePath(strFile)).parent_path());
-    };
-    if (IsSameFile(GetJobPath(strOne), GetJobPath(strOther))) return true;
-    return IsSameFile(strOne, strOther) && IsSameFile(getFolder(strOne), getFolder(strOther));
+  /// Why the jobs cannot run side by side: one job under two names, two files whose names differ in the ending alone, a
+  /// log in the place of a job file. Empty when they can.
+  [[nodiscard]] std::string FindClash() const {
+    std::map<std::string, std::string> results, files;  // job files by places
+    std::set<std::string> places;
+    for (const std::string& strFile : m_jobFiles) {
+      const std::string strPlace = FindPlace(strFile);
+      const auto [itResult, bNewResult] = results.emplace(FindPlace(GetJobPath(strFile)), strFile);
+      if (!bNewResult) return Say(texts::c_sameResults, {itResult->second, strFile});
+      const auto [itFile, bNewFile] = files.emplace(FindFolder(strFile) + '\n' + strPlace, strFile);
+      if (!bNewFile) return Say(texts::c_sameResults, {itFile->second, strFile});
+      places.insert(strPlace);
+    }
+    for (const std::string& strFile : m_jobFiles) {
+      const std::string strLog = GetRunLog(strFile);
+      if (places.contains(FindPlace(strLog))) return Say(texts::c_belongsToJob, {strLog});
+    }
+    return {};
+  }
+
+  static std::string FindFolder(const std::string& strFile) {
+    std::error_code error;
+    return FindPlace(FromFilePath(std::filesystem::absolute(ToFilePath(strFile), error).parent_path()));
   }
 
   int RunAnalyses(const Job& job, std::ostream& console, IPlatform* pWindows) {

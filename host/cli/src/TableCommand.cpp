@@ -1,6 +1,7 @@
 #include <CLI/CLI.hpp>
 #include <algorithm>
 #include <filesystem>
+#include <iterator>
 #include <system_error>
 
 #include "Commands.h"
@@ -15,7 +16,7 @@ namespace skyframe::host {
 
 namespace {
 
-bool IsThere(const std::string& strJobPath, TableResult result) {
+bool IsThere(const std::string& strJobPath, ResultKind result) {
   std::error_code error;
   return std::filesystem::exists(ToFilePath(strJobPath + std::string(GetSuffix(result))), error);
 }
@@ -42,39 +43,40 @@ class CTableCommand final : public CCommand {
     const std::string strJobPath = GetJobPath(m_strJobFile);
     m_choice.kind = FindName<TableKind>(c_strTableKinds, m_strKind);
     m_choice.result =
-        m_strResult.empty() ? ChooseResult(strJobPath) : FindName<TableResult>(c_strTableResults, m_strResult);
+        m_strResult.empty() ? ChooseResult(strJobPath) : FindName<ResultKind>(c_strResultKinds, m_strResult);
     if (!HasTable(m_choice.result)) return Refuse(Say(texts::c_tableMissing, {m_strKind}));
     if (m_pMode->count() > 0 && !m_choice.IsOfOneMode()) return Refuse(std::string(Say(texts::c_shapeOnly)));
     const std::string strFile = strJobPath + std::string(GetSuffix(m_choice.result));
-    const std::optional<CSession> session = CSession::Open(*job, strJobPath, "");
+    const std::optional<CSession> session = CSession::Open(*job, strJobPath, "");  // for the masses of modes
+    if (!session) return Refuse(Say(texts::c_pathTooLong));
     const Reading<Table> table = ReadTable(*job, strJobPath, m_choice);
     if (!table) return Refuse(strFile + ": " + table.strError);
     for (const Advice& advice : AdviseOnAge(*job, strJobPath, GetSuffix(m_choice.result))) {
       m_err << EscapeControls(FormatAdvice(advice)) << '\n';
     }
-    return Deliver(m_strOutput, FormatCsv(*table));
+    const std::string strCsv = FormatCsv(*table);
+    return Deliver(m_strOutput, m_strOutput.empty() ? strCsv.substr(c_strByteOrderMark.size()) : strCsv);
   }
 
  private:
   void Define(CLI::App& app) override {
     AddJobFile(app, Help(texts::c_solvedJob));
     app.add_option("--what", m_strKind, Help(texts::c_tableKind))->required()->check(FormCheck(c_strTableKinds));
-    app.add_option("--of", m_strResult, Help(texts::c_tableResult))->check(FormCheck(c_strTableResults));
+    app.add_option("--of", m_strResult, Help(texts::c_tableResult))->check(FormCheck(c_strResultKinds));
     m_pMode = app.add_option("--mode", m_choice.nMode, Help(texts::c_tableMode));
     app.add_option("-o,--output", m_strOutput, Help(texts::c_tableOutput));
   }
 
-  [[nodiscard]] bool HasTable(TableResult result) const {
+  [[nodiscard]] bool HasTable(ResultKind result) const {
     return std::ranges::find(ListTables(result), m_choice.kind) != ListTables(result).end();
   }
 
   /// The first one with such a table whose file is there; without one the first with such a table.
-  [[nodiscard]] TableResult ChooseResult(const std::string& strJobPath) const {
-    std::vector<TableResult> results;
-    for (std::size_t i = 0; i < c_strTableResults.size(); ++i) {
-      if (HasTable(static_cast<TableResult>(i))) results.push_back(static_cast<TableResult>(i));
-    }
-    const auto it = std::ranges::find_if(results, [&](TableResult result) { return IsThere(strJobPath, result); });
+  [[nodiscard]] ResultKind ChooseResult(const std::string& strJobPath) const {
+    std::vector<ResultKind> results;
+    std::ranges::copy_if(c_resultKinds, std::back_inserter(results),
+                         [this](ResultKind kind) { return HasTable(kind); });
+    const auto it = std::ranges::find_if(results, [&](ResultKind result) { return IsThere(strJobPath, result); });
     return it == results.end() ? results.front() : *it;
   }
 

@@ -26,6 +26,8 @@ inline constexpr Words c_solvedJob = {"Job file (JSON) whose analyses have run",
 inline constexpr Words c_belongsToJob = {"{0}: belongs to the job; choose another name",
                                          "{0}：属于该作业，请改用其他名称"};
 
+inline constexpr Words c_pathTooLong = {"the path of the job file is too long", "作业文件的路径过长"};
+
 // run
 inline constexpr Words c_run = {"Run every analysis of a job; results stand beside the job file",
                                 "作完作业中的全部分析，结果在作业文件旁边"};
@@ -101,6 +103,11 @@ inline constexpr Words c_badFrame = {"--frame: not as X=0, Y=6.5 or Z=3", "--fra
 inline constexpr Words c_badLoads = {"--loads: neither all, nor a case, nor a combination such as 1.2*0+1.4*1",
                                      "--loads：既不是 all、工况，也不是组合（如 1.2*0+1.4*1）"};
 
+inline constexpr Words c_timeMissing = {"--of history: give the time with --at", "--of history：请用 --at 给出时刻"};
+inline constexpr Words c_twoPictures = {"{0} and {1}: one picture at a time", "{0} 与 {1}：一次只画一幅图"};
+inline constexpr Words c_nothingToDraw = {"say what to draw; --local-axes or --sections alone draw the structure",
+                                          "请给出所画的内容；只给 --local-axes 或 --sections 时画出结构"};
+
 // report
 inline constexpr Words c_report = {"Write the calculation report of a job as HTML", "写出作业的计算书（HTML）"};
 inline constexpr Words c_reportOutput = {"HTML file to write", "要写的 HTML 文件"};
@@ -113,7 +120,10 @@ inline constexpr Words c_compareOther = {"Job file (JSON) of the results to comp
 inline constexpr Words c_tolerance = {"Largest relative difference that passes", "允许的最大相对差"};
 inline constexpr Words c_equal = {"the same", "相同"};
 inline constexpr Words c_twoValues = {"{0} and {1}", "{0} 和 {1}"};
-inline constexpr Words c_aboveTolerance = {"above the tolerance", "超过容差"};
+inline constexpr Words c_difference = {"{0}: {1}", "{0}：{1}"};
+inline constexpr Words c_atPlace = {"{0}, {1}", "{0}，{1}"};
+inline constexpr Words c_aboveTolerance = {"{0}; above the tolerance", "{0}；超过容差"};
+inline constexpr Words c_rounding = {"{0}; one in the last digit of the files", "{0}；仅为文件末位数字之差"};
 inline constexpr Words c_allWithin = {"No difference is above the tolerance {0}.", "没有超过容差 {0} 的差别。"};
 inline constexpr Words c_someAbove = {"There are differences above the tolerance {0}.", "有超过容差 {0} 的差别。"};
 
@@ -152,8 +162,6 @@ inline constexpr Words c_noTable = {"{0}: no such table", "{0}：没有这个表
 
 inline constexpr Words c_parserErrors[] = {
     {"A subcommand is required", "需要给出命令"},
-    {"Exactly 1 option from [{0}] is required", "应从 [{0}] 中给出一项"},
-    {"Exactly 1 option from [{0}] is required and {1} were given", "应从 [{0}] 中给出一项，却给出了 {1} 项"},
     {"{0} is required", "需要给出 {0}"},
     {"The following argument was not expected: {0}", "不应有参数 {0}"},
     {"The following arguments were not expected: {0}", "不应有参数 {0}"},
@@ -177,7 +185,7 @@ inline constexpr Words c_helpParts[] = {
     {"\nPositionals:\n{0}", "\n参数：\n{0}"},
     {"\nOptions:\n{0}", "\n选项：\n{0}"},
     {"\nSubcommands:\n{0}", "\n命令：\n{0}"},
-    {"[Option Group: {0}]\n  {1} \n  [Exactly 1 of the following options is required]\n  {2}", "{0}（{1}）\n  {2}"},
+    {"[Option Group: {0}]\n  {1}\n  {2}", "{0}（{1}）\n  {2}"},
 };
 /// Kinds of values that an option takes.
 inline constexpr Words c_fileKind = {"FILE", "文件"};
@@ -185,6 +193,8 @@ inline constexpr Words c_textKind = {"TEXT", "文本"};
 inline constexpr Words c_countKind = {"N", "整数"};
 inline constexpr Words c_numberKind = {"NUMBER", "数"};
 /// What stands behind the meaning of an option.
+inline constexpr Words c_withNotes = {"{0} ({1})", "{0}（{1}）"};
+inline constexpr Words c_betweenNotes = {"; ", "；"};
 inline constexpr Words c_isRequired = {"required", "必需"};
 inline constexpr Words c_byDefault = {"default {0}", "缺省 {0}"};
 inline constexpr Words c_goesWith = {"with {0}", "与 {0} 同用"};

@@ -10,50 +10,19 @@
 #include "skyframe/platform/Platform.h"
 #include "skyframe/results/HistoryResultFile.h"
 #include "skyframe/results/ModeResultFile.h"
+#include "skyframe/results/ResultKind.h"
 #include "skyframe/results/SpectrumResultFile.h"
 #include "skyframe/results/StaticResultFile.h"
-#include "skyframe/values/ResultFiles.h"
+#include "texts.h"
 
 namespace skyframe::host {
 
 namespace {
 
-namespace texts {
-
-constexpr Words c_linear = {"Static analysis, linear", "静力分析，线性"};
-constexpr Words c_nonlinear = {"Static analysis, nonlinear", "静力分析，非线性"};
-constexpr Words c_modes = {"Modal analysis", "模态分析"};
-constexpr Words c_spectrum = {"Response-spectrum analysis", "反应谱分析"};
-constexpr Words c_history = {"Time history", "时程分析"};
-
-constexpr Words c_displacement = {"displacement", "位移"};
-constexpr Words c_rotation = {"rotation", "转角"};
-constexpr Words c_reactionForce = {"reaction force", "支反力"};
-constexpr Words c_reactionMoment = {"reaction moment", "支反力矩"};
-constexpr Words c_axialForce = {"axial force", "轴力"};
-constexpr Words c_shearForce = {"shear force", "剪力"};
-constexpr Words c_moment = {"moment", "弯矩和扭矩"};
-constexpr Words c_deflection = {"deflection", "挠度"};
-constexpr Words c_mass = {"participating mass", "参与质量"};
-
-constexpr Words c_nodeCounts = {"the models have {0} and {1} nodes", "两个模型的节点数为 {0} 和 {1}"};
-constexpr Words c_elementCounts = {"the models have {0} and {1} elements", "两个模型的单元数为 {0} 和 {1}"};
-constexpr Words c_noNode = {"the second model has no node {0}", "第二个模型没有节点 {0}"};
-constexpr Words c_nothing = {"no result file of the same kind stands beside both jobs", "两个作业旁没有同类的结果文件"};
-constexpr Words c_onlyFirst = {"only the first has it", "只有第一个作业有结果"};
-constexpr Words c_onlySecond = {"only the second has it", "只有第二个作业有结果"};
-constexpr Words c_modeCounts = {"{0} and {1} modes; as many are compared as both have",
-                                "振型数为 {0} 和 {1}，只比较两者共有的阶数"};
-constexpr Words c_otherMembers = {"the files do not tell of the same members and stations",
-                                  "两个文件的构件或截面数不同"};
-constexpr Words c_otherTimes = {"{0} steps of {1} s and {2} of {3} s", "时间步为 {0} × {1} s 和 {2} × {3} s"};
-
-}  // namespace texts
-
 constexpr std::size_t c_nTranslations = 3;
 constexpr double c_dStaticDecimal = 1.0e-3;
-constexpr std::string_view c_strDiagramNames[] = {"MYZ", "MZX", "MXY", "Qy", "Qz", "Fy", "Fz"};
-constexpr std::string_view c_strStationForces[] = {"N", "Qy", "Qz", "MYZ", "MZX", "MXY"};
+constexpr std::string_view c_strDiagramNames[] = {"Mx", "My", "Mz", "Qy", "Qz", "Fy", "Fz"};
+constexpr std::string_view c_strStationForces[] = {"N", "Qy", "Qz", "Mx", "My", "Mz"};
 
 using Differences = std::vector<Difference>;
 
@@ -95,8 +64,8 @@ class CComparison {
   Comparison Run() {
     m_found.strError = MatchModels();
     if (!m_found.strError.empty()) return std::move(m_found);
-    CompareStatic(texts::c_linear, suffix::c_strStaticLinear);
-    CompareStatic(texts::c_nonlinear, suffix::c_strStaticNonlinear);
+    CompareStatic(ResultKind::Linear);
+    CompareStatic(ResultKind::Nonlinear);
     CompareModal();
     CompareSpectrum();
     CompareHistory();
@@ -131,14 +100,14 @@ class CComparison {
 
   /// Reads the files of both and compares them by a function of their contents, which fills in the rest.
   template <class Read, class Compare>
-  void CompareFiles(const Words& kind, std::string_view strSuffix, Read read, Compare compare) {
-    const std::string strFirst = m_first.strJobPath + std::string(strSuffix);
-    const std::string strSecond = m_second.strJobPath + std::string(strSuffix);
+  void CompareFiles(ResultKind kind, Read read, Compare compare) {
+    const std::string strFirst = m_first.strJobPath + std::string(GetSuffix(kind));
+    const std::string strSecond = m_second.strJobPath + std::string(GetSuffix(kind));
     const bool bFirst = GetPlatform().OpenForReading(strFirst) != nullptr;
     const bool bSecond = GetPlatform().OpenForReading(strSecond) != nullptr;
     if (!bFirst && !bSecond) return;
     KindComparison& result = m_found.kinds.emplace_back();
-    result.kind = kind;
+    result.kind = GetAnalysisName(kind);
     if (!bFirst || !bSecond) {
       result.strNote = Say(bFirst ? texts::c_onlyFirst : texts::c_onlySecond);
       return;
@@ -155,11 +124,11 @@ class CComparison {
                   [](const Difference& difference) { return difference.dLargest == 0.0 && !difference.bAbove; });
   }
 
-  void CompareStatic(const Words& kind, std::string_view strSuffix) {
+  void CompareStatic(ResultKind kind) {
     const auto read = [](const std::string& strPath, const Job& job) {
       return ReadStaticResultFile(strPath, job.nodes.size());
     };
-    CompareFiles(kind, strSuffix, read, [this](StaticResultFile& first, StaticResultFile& second, KindComparison& to) {
+    CompareFiles(kind, read, [this](StaticResultFile& first, StaticResultFile& second, KindComparison& to) {
       Rearrange(second.displacements, m_places);
       CompareDisplacements(first.displacements, second.displacements, to.differences);
       CompareReactions(first, second, to);
@@ -176,7 +145,7 @@ class CComparison {
 
   void CompareReactions(const StaticResultFile& first, const StaticResultFile& second, KindComparison& to) const {
     CNodeDifferences nodes({texts::c_reactionForce, "N", c_dStaticDecimal},
-                           {texts::c_reactionMoment, "Nm", c_dStaticDecimal});
+                           {texts::c_reactionMoment, "N·m", c_dStaticDecimal});
     const auto getValues = [](const StaticSupport* pSupport) {
       NodeValues values = {};
       for (std::size_t d = 0; pSupport != nullptr && d < values.size(); ++d) {
@@ -207,7 +176,7 @@ class CComparison {
   void CompareMembers(const StaticResultFile& first, const StaticResultFile& second, KindComparison& to) const {
     CLargestDifference axial(texts::c_axialForce, "N", c_dStaticDecimal);
     CLargestDifference shear(texts::c_shearForce, "N", c_dStaticDecimal);
-    CLargestDifference moment(texts::c_moment, "Nm", c_dStaticDecimal);
+    CLargestDifference moment(texts::c_moment, "N·m", c_dStaticDecimal);
     CLargestDifference deflection(texts::c_deflection, "m", c_dStaticDecimal);
     if (first.members.size() != second.members.size()) return RefuseParts(to);
     for (std::size_t k = 0; k < first.members.size(); ++k) {
@@ -237,7 +206,7 @@ class CComparison {
       if (first.omega.size() == second.omega.size()) return;
       to.strNote = Say(texts::c_modeCounts, {std::to_string(first.omega.size()), std::to_string(second.omega.size())});
     };
-    CompareFiles(texts::c_modes, suffix::c_strModes, read, compare);
+    CompareFiles(ResultKind::Modes, read, compare);
   }
 
   void CompareSpectrum() {
@@ -251,7 +220,7 @@ class CComparison {
       mass.Add(first.dTotalMass, second.dTotalMass, {});
       to.differences.push_back(mass.Conclude(m_dTolerance));
       CompareDisplacements(first.displacements, second.displacements, to.differences);
-      CNodeDifferences reactions({texts::c_reactionForce, "N"}, {texts::c_reactionMoment, "Nm"});
+      CNodeDifferences reactions({texts::c_reactionForce, "N"}, {texts::c_reactionMoment, "N·m"});
       ForEachSupport(
           first.supports, second.supports, [&](const SpectrumSupport* p, const SpectrumSupport* q, int nNode) {
             reactions.Add(p == nullptr ? NodeValues{} : p->forces, q == nullptr ? NodeValues{} : q->forces, nNode);
@@ -259,13 +228,13 @@ class CComparison {
       reactions.AddTo(to.differences, m_dTolerance);
       CompareMembers(first, second, to);
     };
-    CompareFiles(texts::c_spectrum, suffix::c_strSpectrum, read, compare);
+    CompareFiles(ResultKind::Spectrum, read, compare);
   }
 
   void CompareMembers(const SpectrumResultFile& first, const SpectrumResultFile& second, KindComparison& to) const {
     CLargestDifference axial(texts::c_axialForce, "N");
     CLargestDifference shear(texts::c_shearForce, "N");
-    CLargestDifference moment(texts::c_moment, "Nm");
+    CLargestDifference moment(texts::c_moment, "N·m");
     if (first.members.size() != second.members.size()) return RefuseParts(to);
     for (std::size_t k = 0; k < first.members.size(); ++k) {
       const SpectrumMember& one = first.members[k];
@@ -299,7 +268,7 @@ class CComparison {
       Rearrange(second.displacements, m_places);
       CompareHistories(first, second, to.differences);
     };
-    CompareFiles(texts::c_history, suffix::c_strHistory, read, compare);
+    CompareFiles(ResultKind::History, read, compare);
   }
 
   void CompareHistories(const HistoryResultFile& first, const HistoryResultFile& second, Differences& to) const {

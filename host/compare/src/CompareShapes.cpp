@@ -1,21 +1,15 @@
 #include "CompareShapes.h"
 
 #include <algorithm>
+#include <cmath>
 #include <numbers>
 #include <span>
+
+#include "texts.h"
 
 namespace skyframe::host {
 
 namespace {
-
-namespace texts {
-
-constexpr Words c_frequency = {"frequency", "频率"};
-constexpr Words c_translation = {"shape, translations", "振型平动分量"};
-constexpr Words c_rotation = {"shape, rotations", "振型转动分量"};
-constexpr Words c_space = {"shapes of equal frequencies, space", "等频振型的张成空间"};
-
-}  // namespace texts
 
 constexpr std::size_t c_nDofs = 6;
 using Shape = std::vector<NodeValues>;
@@ -83,7 +77,7 @@ class CModeComparison {
   std::vector<Difference> Run(double dTolerance) {
     std::vector<Difference> differences = {CompareFrequencies(dTolerance)};
     for (std::size_t nStart = 0, nEnd = 0; nStart < m_nModes; nStart = nEnd) {
-      nEnd = FindEnd(nStart, dTolerance);
+      nEnd = FindEnd(nStart);
       nEnd == nStart + 1 ? AddSingle(nStart) : AddGroup(nStart, nEnd - nStart);
     }
     differences.push_back(m_translation.Conclude(dTolerance));
@@ -105,17 +99,17 @@ class CModeComparison {
       if (k == 0 || difference.GetRelative() > largest.GetRelative()) largest = difference;
     }
     largest.bAbove = bAbove;
+    largest.bRounding = largest.bRounding && !bAbove;
     return largest;
   }
 
   static double ToHertz(double omega) { return omega / (2.0 * std::numbers::pi); }
 
   /// Behind the last mode that has the frequency of the one before, in one of the sets at least.
-  [[nodiscard]] std::size_t FindEnd(std::size_t nStart, double dTolerance) const {
+  [[nodiscard]] std::size_t FindEnd(std::size_t nStart) const {
     constexpr double c_dEqual = 1.0e-4;  // shapes closer than that are mixed by small changes
-    const double dGap = std::max(c_dEqual, dTolerance);
-    const auto isNear = [dGap](const std::vector<double>& omega, std::size_t k) {
-      return omega[k] - omega[k - 1] <= dGap * omega[k];
+    const auto isNear = [](const std::vector<double>& omega, std::size_t k) {
+      return omega[k] - omega[k - 1] <= c_dEqual * omega[k];
     };
     std::size_t nEnd = nStart + 1;
     while (nEnd < m_nModes && (isNear(m_first.omega, nEnd) || isNear(m_second.omega, nEnd))) ++nEnd;
@@ -158,8 +152,8 @@ class CModeComparison {
   const ModeResultFile& m_second;
   const std::vector<JobNode>& m_nodes;
   std::size_t m_nModes;
-  CLargestDifference m_translation{texts::c_translation, "/√kg"};
-  CLargestDifference m_rotation{texts::c_rotation, "/(m√kg)"};
+  CLargestDifference m_translation{texts::c_shapeTranslation, "/√kg"};
+  CLargestDifference m_rotation{texts::c_shapeRotation, "/(m√kg)"};
   CLargestDifference m_space{texts::c_space, "", 1.0e-5};
   bool m_bGroups = false;
 };

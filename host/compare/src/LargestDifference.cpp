@@ -1,23 +1,15 @@
 #include "LargestDifference.h"
 
 #include <algorithm>
+#include <cmath>
 #include <limits>
 
 #include "skyframe/job/Text.h"
+#include "texts.h"
 
 namespace skyframe::host {
 
 namespace {
-
-namespace texts {
-
-constexpr Words c_mode = {"mode {0}", "振型 {0}"};
-constexpr Words c_node = {"node {0}", "节点 {0}"};
-constexpr Words c_element = {"element {0}", "单元 {0}"};
-constexpr Words c_station = {"at station {0}", "第 {0} 截面"};
-constexpr Words c_time = {"at {0} s", "{0} s 时"};
-
-}  // namespace texts
 
 double GetDifference(double dFirst, double dSecond) {
   const double d = std::abs(dFirst - dSecond);
@@ -70,6 +62,7 @@ Difference CLargestDifference::Conclude(double dTolerance) const {
   Difference found = m_found;
   found.dLargest = m_dLargest;
   found.bAbove = m_dUnrounded > dTolerance * found.dLargest;
+  found.bRounding = !found.bAbove && found.GetAbsolute() > dTolerance * found.dLargest;
   if (found.GetAbsolute() > 0.0) found.strPlace = DescribePlace(m_place);
   return found;
 }

@@ -2,18 +2,16 @@
 
 #include <string>
 
+#include "texts.h"
+
 namespace skyframe::host {
 
 namespace {
 
-constexpr Words c_tooMany = {"more than {0} nodes", "节点超过 {0} 个"};
-constexpr Words c_rise = {"--rise: must be at most half the span", "--rise：应不大于跨度的一半"};
-constexpr Words c_even = {"--segments: must be an even number", "--segments：应为偶数"};
-
 /// Rows of nodes that the host records must hold.
 std::optional<std::string> CheckNodes(double dRows, double dNodesPerRow) {
   if (dRows * dNodesPerRow <= c_nMaxNodes) return std::nullopt;
-  return Say(c_tooMany, {std::to_string(c_nMaxNodes)});
+  return Say(texts::c_tooMany, {std::to_string(c_nMaxNodes)});
 }
 
 }  // namespace
@@ -27,12 +25,12 @@ std::optional<std::string> FindConflict(const TowerParameters& parameters) {
 }
 
 std::optional<std::string> FindConflict(const DomeParameters& parameters) {
-  if (parameters.dRise > 0.5 * parameters.dSpan) return std::string(Say(c_rise));
+  if (parameters.dRise > 0.5 * parameters.dSpan) return std::string(Say(texts::c_rise));
   return CheckNodes(parameters.nRings, parameters.nSegments);
 }
 
 std::optional<std::string> FindConflict(const ArchParameters& parameters) {
-  if (parameters.nSegments % 2 != 0) return std::string(Say(c_even));
+  if (parameters.nSegments % 2 != 0) return std::string(Say(texts::c_even));
   return CheckNodes(parameters.nSegments + 1.0, 1.0);
 }
 

@@ -242,7 +242,7 @@ class CJobParser {
 
 JobFile Refuse(const Words& words) {
   JobFile file;
-  file.errors.push_back({"/", std::string(Say(words))});
+  file.errors.push_back({"", std::string(Say(words))});
   return file;
 }
 
@@ -264,7 +264,7 @@ JobFile ParseText(std::string_view strText, const std::string& strJobPath) {
   strReserve.reserve(c_nReserve);
   if (ParseJson(strText, c_capacities, tree, file.errors)) CJobParser(tree, file).Parse();
   if (HasTooMany(file.errors)) {
-    file.errors.push_back({"/", Say(texts::c_tooManyErrors, {std::to_string(c_nMostErrors)})});
+    file.errors.push_back({"", Say(texts::c_tooManyErrors, {std::to_string(c_nMostErrors)})});
   }
   if (file.errors.empty()) file.warnings = FindDoubtfulInput(file.job, strJobPath);
   return file;

@@ -3,10 +3,12 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
+#include <cmath>
 #include <cstdarg>
 #include <cstdio>
 
 #include "JsonText.h"
+#include "skyframe/platform/NumberText.h"
 #include "texts.h"
 
 namespace skyframe::host {
@@ -60,6 +62,14 @@ std::string FormatNumber(double dValue) {
   std::array<char, 32> buffer;
   const auto result = std::to_chars(buffer.data(), buffer.data() + buffer.size(), dValue);
   return {buffer.data(), result.ptr};
+}
+
+std::string FormatDecimals(double dValue, int nDecimals) {
+  std::string strText = FormatFixed(dValue, nDecimals);
+  if (std::isfinite(dValue) && strText.find_first_of("123456789") == std::string::npos && strText.starts_with('-')) {
+    strText.erase(0, 1);
+  }
+  return strText;
 }
 
 std::string EscapeControls(std::string_view strText) {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <array>
+
 #include "skyframe/job/Language.h"
 
 // What is said of a job file.
@@ -11,6 +13,13 @@ inline constexpr Words c_comma = {", ", "、"};
 inline constexpr Words c_or = {" or ", " 或 "};
 inline constexpr Words c_place = {"node {0} {1}", "节点 {0} {1} 向"};
 inline constexpr Words c_noNode = {"no node", "没有节点"};
+
+// Combinations and sites.
+inline constexpr Words c_factorOfCase = {"{0} × case {1}", "{0} × 工况 {1}"};
+inline constexpr Words c_site = {"intensity {0}, {1} earthquake, site class {2}, design group {3}",
+                                 "设防烈度 {0}，{1}地震，{2} 类场地，设计地震第{3}组"};
+inline constexpr std::array<Words, 2> c_quakeLevels = {{{"frequent", "多遇"}, {"rare", "罕遇"}}};
+inline constexpr std::array<Words, 4> c_designGroups = {{{"", ""}, {"1", "一"}, {"2", "二"}, {"3", "三"}}};
 
 // Text that is no JSON, or too much of it.
 inline constexpr Words c_position = {"line {0}, column {1}", "第 {0} 行第 {1} 列"};

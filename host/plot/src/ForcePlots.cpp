@@ -5,6 +5,7 @@
 
 #include "PlotSource.h"
 #include "skyframe/job/Text.h"
+#include "skyframe/job/Wording.h"
 #include "skyframe/scene/ResultPainter.h"
 #include "skyframe/values/ResultFiles.h"
 #include "texts.h"
@@ -21,14 +22,13 @@ struct NamedForces {
   std::string strSource;
 };
 
-std::optional<NamedForces> LoadStaticForces(CPlotSource& source, bool bNonlinear) {
-  const auto file = source.LoadStatic(bNonlinear);
+std::optional<NamedForces> LoadStaticForces(CPlotSource& source, ResultKind kind) {
+  const auto file = source.LoadStatic(kind);
   if (!file) return std::nullopt;
-  const std::string_view strSuffix = bNonlinear ? suffix::c_strStaticNonlinear : suffix::c_strStaticLinear;
-  auto forces = source.Take(source.GetJobPath() + std::string(strSuffix), FormMemberForces(*file, source.GetSize()));
+  auto forces =
+      source.Take(source.GetJobPath() + std::string(GetSuffix(kind)), FormMemberForces(*file, source.GetSize()));
   if (!forces) return std::nullopt;
-  return NamedForces{*std::move(forces),
-                     std::string(Say(bNonlinear ? texts::c_staticNonlinear : texts::c_staticLinear))};
+  return NamedForces{*std::move(forces), std::string(Say(GetAnalysisName(kind)))};
 }
 
 std::optional<NamedForces> LoadSpectrumForces(CPlotSource& source) {
@@ -61,12 +61,12 @@ std::optional<NamedForces> LoadHistoryForces(CPlotSource& source, double t) {
 
 std::optional<NamedForces> LoadForces(CPlotSource& source, const PlotRequest& request) {
   switch (request.source) {
-    case ForceSource::Spectrum:
+    case ResultKind::Spectrum:
       return LoadSpectrumForces(source);
-    case ForceSource::History:
+    case ResultKind::History:
       return LoadHistoryForces(source, request.dTime);
     default:
-      return LoadStaticForces(source, request.source == ForceSource::Nonlinear);
+      return LoadStaticForces(source, request.source);
   }
 }
 
@@ -74,7 +74,7 @@ std::optional<NamedForces> LoadForces(CPlotSource& source, const PlotRequest& re
 std::string_view FindMisfit(const PlotRequest& request) {
   const bool bQuantity = request.kind == Kind::Diagram || request.kind == Kind::Colours;
   if (request.kind == Kind::Diagram && request.quantity >= MemberQuantity::Shear) return Say(texts::c_noDiagram);
-  if (request.source != ForceSource::History) return "";
+  if (request.source != ResultKind::History) return "";
   if (bQuantity && request.quantity != MemberQuantity::N) return Say(texts::c_axialAlone);
   return request.kind == Kind::Reactions || request.bReactions ? Say(texts::c_noReactions) : "";
 }
@@ -130,14 +130,16 @@ std::string DescribeForces(const PlotRequest& request, const NamedForces& named)
                                   DescribeDiagramSide(named.forces, request.quantity)});
 }
 
-/// "1 × case 0 + 0.5 × case 2".
-std::string DescribeCombination(const JobCombination& combination) {
-  std::string strText;
+/// A case that the loads do not have; nothing when there is none.
+std::optional<int> FindEmptyCase(const std::vector<SceneLoad>& loads, const JobCombination& combination) {
   for (const auto& [nCase, dFactor] : combination) {
-    if (!strText.empty()) strText += " + ";
-    strText += Say(texts::c_factorOfCase, {Format("%g", dFactor), std::to_string(nCase)});
+    if (std::ranges::find(loads, nCase, &SceneLoad::nCase) == loads.end()) return nCase;
   }
-  return strText;
+  return std::nullopt;
+}
+
+bool HasQuantity(const StructureForces& forces, MemberQuantity quantity) {
+  return std::ranges::any_of(forces.members, [quantity](const MemberForces& member) { return member.Has(quantity); });
 }
 
 }  // namespace
@@ -146,6 +148,9 @@ std::optional<std::string> DrawForces(CPlotSource& source, const PlotRequest& re
   if (const std::string_view strMisfit = FindMisfit(request); !strMisfit.empty()) return source.Refuse(strMisfit);
   auto named = LoadForces(source, request);
   if (!named) return std::nullopt;
+  if (request.kind != Kind::Reactions && !HasQuantity(named->forces, request.quantity)) {
+    return source.Refuse(Say(texts::c_noQuantity, {GetName(request.quantity)}));
+  }
   StructurePicture picture = MakePicture(source, request);
   picture.strSubtitle = DescribeForces(request, *named);
   picture.forces = std::move(named->forces);
@@ -158,9 +163,12 @@ std::optional<std::string> DrawForces(CPlotSource& source, const PlotRequest& re
 std::optional<std::string> DrawLoads(CPlotSource& source, const PlotRequest& request) {
   StructurePicture picture = MakePicture(source, request);
   const std::vector<SceneLoad>& loads = picture.scene.GetLoads();
+  if (const auto nEmpty = FindEmptyCase(loads, request.combination)) {
+    return source.Refuse(Say(texts::c_noCase, {std::to_string(*nEmpty)}));
+  }
   if (!request.combination.empty()) {
     picture.loads = CombineLoads(loads, request.combination);
-    picture.strSubtitle = Say(texts::c_combinedLoads, {DescribeCombination(request.combination)});
+    picture.strSubtitle = Say(texts::c_combinedLoads, {FormatCombination(request.combination)});
   } else {
     picture.loads = SelectLoads(loads, request.nCase);
     picture.strSubtitle =
@@ -170,6 +178,12 @@ std::optional<std::string> DrawLoads(CPlotSource& source, const PlotRequest& req
     return source.Refuse(request.nCase ? Say(texts::c_noCase, {std::to_string(*request.nCase)})
                                        : std::string(Say(texts::c_noLoads)));
   }
+  return RenderStructure(source, request, picture);
+}
+
+std::optional<std::string> DrawStructure(CPlotSource& source, const PlotRequest& request) {
+  StructurePicture picture = MakePicture(source, request);
+  picture.strSubtitle = Say(texts::c_structure);
   return RenderStructure(source, request, picture);
 }
 

@@ -39,7 +39,8 @@ std::optional<std::string> CPlotSource::FindFile(std::string_view strSuffix, con
   std::string strPath = m_strJobPath + std::string(strSuffix);
   if (!HasFile(strSuffix)) return Refuse(strPath, Say(texts::c_notThere, {Say(analysis)}));
   for (const Advice& advice : AdviseOnAge(m_job, m_strJobPath, strSuffix)) {
-    m_err << EscapeControls(FormatAdvice(advice)) << '\n';
+    const std::string strWarning = FormatAdvice(advice);
+    if (m_warned.insert(strWarning).second) m_err << EscapeControls(strWarning) << '\n';
     m_bOutdated = true;
   }
   return strPath;
@@ -57,9 +58,9 @@ std::optional<ModeResultFile> CPlotSource::LoadModes() {
   return file;
 }
 
-std::optional<StaticResultFile> CPlotSource::LoadStatic(bool bNonlinear) {
-  const auto strPath = FindFile(bNonlinear ? suffix::c_strStaticNonlinear : suffix::c_strStaticLinear,
-                                bNonlinear ? texts::c_nonlinearAnalysis : texts::c_linearAnalysis);
+std::optional<StaticResultFile> CPlotSource::LoadStatic(ResultKind kind) {
+  const auto strPath =
+      FindFile(GetSuffix(kind), kind == ResultKind::Nonlinear ? texts::c_nonlinearAnalysis : texts::c_linearAnalysis);
   if (!strPath) return std::nullopt;
   return Take(*strPath, ReadStaticResultFile(*strPath, m_job.nodes.size()));
 }

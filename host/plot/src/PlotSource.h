@@ -2,6 +2,7 @@
 
 #include <optional>
 #include <ostream>
+#include <set>
 #include <sstream>
 #include <string>
 #include <string_view>
@@ -11,6 +12,7 @@
 #include "skyframe/plot/Plots.h"
 #include "skyframe/results/HistoryResultFile.h"
 #include "skyframe/results/ModeResultFile.h"
+#include "skyframe/results/ResultKind.h"
 #include "skyframe/results/SpectrumResultFile.h"
 #include "skyframe/results/StaticResultFile.h"
 #include "skyframe/run/PlatformScope.h"
@@ -46,14 +48,15 @@ class CPlotSource {
   }
 
   std::optional<ModeResultFile> LoadModes();
-  std::optional<StaticResultFile> LoadStatic(bool bNonlinear);
+  std::optional<StaticResultFile> LoadStatic(ResultKind kind);
 
  private:
   const Job& m_job;
   const std::string& m_strJobPath;
   std::ostream& m_err;
-  bool m_bOutdated = false;      ///< a file comes from another model
-  std::ostringstream m_console;  ///< trace lines of the module, of no use here
+  bool m_bOutdated = false;        ///< a file comes from another model
+  std::set<std::string> m_warned;  ///< what was told already
+  std::ostringstream m_console;    ///< trace lines of the module, of no use here
   CPlatformScope m_platform;
 };
 
@@ -65,6 +68,9 @@ std::optional<std::string> DrawHistory(CPlotSource& source, const PlotRequest& r
 /// Diagrams, colours and reactions.
 std::optional<std::string> DrawForces(CPlotSource& source, const PlotRequest& request);
 std::optional<std::string> DrawLoads(CPlotSource& source, const PlotRequest& request);
+
+/// Without loads and results.
+std::optional<std::string> DrawStructure(CPlotSource& source, const PlotRequest& request);
 
 /// As an SVG document. paint is a function of a paint context.
 template <class Paint>

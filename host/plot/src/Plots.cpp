@@ -24,6 +24,8 @@ std::optional<std::string> DrawPlot(const Job& job, const std::string& strJobPat
       return DrawForces(source, request);
     case Kind::Loads:
       return DrawLoads(source, request);
+    case Kind::Structure:
+      return DrawStructure(source, request);
   }
   return std::nullopt;
 }

@@ -4,6 +4,7 @@
 #include "skyframe/connect/Inquiries.h"
 #include "skyframe/job/DialogFields.h"
 #include "skyframe/job/Text.h"
+#include "skyframe/job/Wording.h"
 #include "skyframe/values/ResultFiles.h"
 #include "texts.h"
 
@@ -11,7 +12,6 @@ namespace skyframe::host {
 
 namespace {
 
-constexpr std::array<const char*, 5> c_strRomanNumbers = {"", "I", "II", "III", "IV"};
 constexpr double c_dMillimetres = 1.0e3;
 
 /// Settings of the spectrum analysis; what the job leaves out is what the dialog would show.
@@ -31,13 +31,6 @@ SpectrumChoice GetSpectrumChoice(const SpectrumJob& analysis) {
   choice.dDamping = *whole.dDamping;
   choice.nModes = *whole.nModes;
   return choice;
-}
-
-std::string DescribeSite(const SpectrumSite& site) {
-  return Say(texts::c_site, {c_strIntensities[static_cast<std::size_t>(site.m_nIntensity - c_nLowestIntensity)],
-                             Say(texts::c_quakeLevels[static_cast<std::size_t>(site.m_nQuakeLevel)]),
-                             c_strRomanNumbers[static_cast<std::size_t>(site.m_nSiteClass)],
-                             Say(texts::c_designGroups[static_cast<std::size_t>(site.m_nZoneGroup)])});
 }
 
 /// The structure with one of its shapes; nothing after a line about the first value that cannot be drawn.
@@ -106,16 +99,16 @@ std::optional<std::string> DrawMode(CPlotSource& source, const PlotRequest& requ
 }
 
 std::optional<std::string> DrawDeformed(CPlotSource& source, const PlotRequest& request) {
-  auto file = source.LoadStatic(request.bNonlinear);
+  const ResultKind kind = request.bNonlinear ? ResultKind::Nonlinear : ResultKind::Linear;
+  auto file = source.LoadStatic(kind);
   if (!file) return std::nullopt;
-  auto picture = MakeShapePicture(source, FormStaticShape(*std::move(file)),
-                                  request.bNonlinear ? suffix::c_strStaticNonlinear : suffix::c_strStaticLinear);
+  auto picture = MakeShapePicture(source, FormStaticShape(*std::move(file)), GetSuffix(kind));
   if (!picture) return std::nullopt;
   picture->bColours = request.bShapeColours;
   picture->strShape = Say(texts::c_deformed);
   picture->strSubtitle =
-      Say(texts::c_largestOf, {Say(request.bNonlinear ? texts::c_staticNonlinear : texts::c_staticLinear),
-                               Format("%.4g", c_dMillimetres * picture->shape.GetLargestTranslation())});
+      Say(texts::c_largestOf,
+          {Say(GetAnalysisName(kind)), Format("%.4g", c_dMillimetres * picture->shape.GetLargestTranslation())});
   return RenderShape(*picture);
 }
 

@@ -14,10 +14,6 @@ inline constexpr Words c_designSpectrum{"Design spectrum: {0}", "设计反应谱
 inline constexpr Words c_alphaOfPeriod{"α(T), damping ratio {0}", "α(T)，阻尼比 {0}"};
 inline constexpr Words c_modePeriods{"periods of modes 1–{0}", "第 1–{0} 振型的周期"};
 inline constexpr Words c_peak{"peak {0} {1} at {2} s", "峰值 {0} {1}，t = {2} s"};
-inline constexpr Words c_site{"intensity {0}, {1} earthquake, site class {2}, design group {3}",
-                              "设防烈度 {0}，{1}地震，{2} 类场地，设计地震第{3}组"};
-inline constexpr std::array<Words, 2> c_quakeLevels = {{{"frequent", "多遇"}, {"rare", "罕遇"}}};
-inline constexpr std::array<Words, 4> c_designGroups = {{{"", ""}, {"1", "一"}, {"2", "二"}, {"3", "三"}}};
 inline constexpr Words c_displacement{"displacement {0}", "{0} 向位移"};
 inline constexpr Words c_displacements{"displacement", "位移"};
 inline constexpr Words c_axialForce{"axial force N, tension positive", "轴力 N（受拉为正）"};
@@ -41,8 +37,6 @@ inline constexpr Words c_largest{"largest displacement", "最大位移"};
 inline constexpr Words c_mode{"mode {0}", "振型 {0}"};
 inline constexpr Words c_modeOf{"Mode {0} of {1}: frequency {2} Hz, period {3} s",
                                 "第 {0} 振型（共 {1} 个）：频率 {2} Hz，周期 {3} s"};
-inline constexpr Words c_staticLinear{"Static analysis, linear", "静力分析，线性"};
-inline constexpr Words c_staticNonlinear{"Static analysis, nonlinear", "静力分析，非线性"};
 inline constexpr Words c_largestOf{"{0}: largest displacement {1} mm", "{0}：最大位移 {1} mm"};
 
 // Forces and loads.
@@ -52,10 +46,10 @@ inline constexpr Words c_diagramOf{"{0}: {1} [{2}], {3}", "{0}：{1} [{2}]，{3}
 inline constexpr Words c_coloursOf{"{0}: {1} [{2}]", "{0}：{1} [{2}]"};
 inline constexpr Words c_reactionsOf{"{0}: forces of the supports on the structure [kN, kN·m]",
                                      "{0}：支座对结构的反力 [kN、kN·m]"};
+inline constexpr Words c_structure{"Structure", "结构"};
 inline constexpr Words c_allLoads{"Loads of all cases", "全部工况的荷载"};
 inline constexpr Words c_caseLoads{"Loads of case {0}", "工况 {0} 的荷载"};
 inline constexpr Words c_combinedLoads{"Loads combined: {0}", "荷载组合：{0}"};
-inline constexpr Words c_factorOfCase{"{0} × case {1}", "{0} × 工况 {1}"};
 inline constexpr Words c_framesAt{"members at {0} = {1} m", "{0} = {1} m 处的杆件"};
 
 inline constexpr Words c_outdated{"{0} (results of another model)", "{0}（结果过期）"};
@@ -87,6 +81,7 @@ inline constexpr Words c_axialAlone{"the history has axial forces alone", "时�
 inline constexpr Words c_noReactions{"the history has no reactions", "时程结果没有支座反力"};
 inline constexpr Words c_noDiagram{"a resultant has no diagram; draw it in colours", "合力没有内力图，请用颜色表示"};
 inline constexpr Words c_noCase{"no loads in case {0}", "工况 {0} 没有荷载"};
+inline constexpr Words c_noQuantity{"no member has {0}", "没有杆件具有 {0}"};
 inline constexpr Words c_noLoads{"the job has no loads", "作业没有荷载"};
 inline constexpr Words c_noFrame{"no member lies at {0} = {1} m", "{0} = {1} m 处没有杆件"};
 

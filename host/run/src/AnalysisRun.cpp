@@ -1,6 +1,8 @@
 #include "skyframe/run/AnalysisRun.h"
 
 #include "skyframe/job/DialogFields.h"
+#include "skyframe/job/Text.h"
+#include "skyframe/results/ResultKind.h"
 #include "skyframe/run/PlatformScope.h"
 #include "skyframe/run/PrefillPlatform.h"
 #include "skyframe/run/Stamps.h"
@@ -12,10 +14,10 @@ namespace {
 
 struct NameOf {
   const Words& operator()(const StaticJob& analysis) const {
-    return *WithDefaults(analysis).bNonlinear ? texts::c_staticNonlinear : texts::c_staticLinear;
+    return GetAnalysisName(*WithDefaults(analysis).bNonlinear ? ResultKind::Nonlinear : ResultKind::Linear);
   }
-  const Words& operator()(const ModalJob&) const { return texts::c_modal; }
-  const Words& operator()(const SpectrumJob&) const { return texts::c_spectrum; }
+  const Words& operator()(const ModalJob&) const { return GetAnalysisName(ResultKind::Modes); }
+  const Words& operator()(const SpectrumJob&) const { return GetAnalysisName(ResultKind::Spectrum); }
   const Words& operator()(const WilsonJob&) const { return texts::c_wilson; }
   const Words& operator()(const NewmarkJob&) const { return texts::c_newmark; }
 };
@@ -59,6 +61,19 @@ bool WriteOutputsUnseen(CSession& session, const JobAnalysis& analysis, IPlatfor
   return bWritten;
 }
 
+/// Without a stamp the results look as if they came from nowhere: a warning.
+void Stamp(const CSession& session, const JobAnalysis& analysis, RunReport& report) {
+  const std::string strReason = StampResults(session, analysis, report);
+  if (strReason.empty()) return;
+  for (const Language language : {Language::English, Language::Chinese}) {
+    const CLanguageScope scope(language);
+    const Advice advice{Severity::Warning, "unwritten-stamp", Say(texts::c_unwrittenStamp, {strReason})};
+    report.adviceIn[static_cast<std::size_t>(language)].push_back(advice);
+  }
+  report.advice.push_back(report.adviceIn[static_cast<std::size_t>(GetLanguage())].back());
+  report.strSummary += "  " + EscapeControls(FormatAdvice(report.advice.back())) + '\n';
+}
+
 /// bCalm: every step of the dialogs was taken, and all outputs were written.
 AnalysisRun Conclude(const CSession& session, AnalysisKind kind, std::optional<JobAnalysis> analysis,
                      const CHostPlatform& platform, bool bCalm) {
@@ -69,7 +84,7 @@ AnalysisRun Conclude(const CSession& session, AnalysisKind kind, std::optional<J
   run.report = ReportRun(session, kind, !run.analysis || IsCountWanted(*run.analysis));
   run.bGood = findings.status == RunStatus::Done && bCalm && run.errors.empty() && findings.failures.empty() &&
               !HasError(run.report.advice);
-  if (run.analysis) StampResults(session, *run.analysis, run.report);
+  if (run.analysis) Stamp(session, *run.analysis, run.report);
   return run;
 }
 

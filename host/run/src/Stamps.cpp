@@ -6,11 +6,13 @@
 #include <optional>
 #include <system_error>
 
+#include "skyframe/job/DialogFields.h"
 #include "skyframe/job/JobFile.h"
 #include "skyframe/job/Text.h"
 #include "skyframe/platform/OutputFile.h"
 #include "skyframe/platform/Platform.h"
 #include "skyframe/results/ResultList.h"
+#include "texts.h"
 
 namespace skyframe::host {
 
@@ -18,8 +20,6 @@ namespace {
 
 using Json = nlohmann::ordered_json;
 
-constexpr Words c_outdated = {"{0} was computed from another model on {1}; run the analysis again",
-                              "{0} 是 {1} 由另一模型算得的，请重新分析"};
 constexpr std::array<const char*, 2> c_pszAdvice = {"advice_en", "advice_zh"};
 
 std::optional<std::uintmax_t> MeasureFile(const std::string& strPath) {
@@ -92,6 +92,27 @@ ResultStamp ReadStamp(const Json& object) {
   return stamp;
 }
 
+template <class A>
+A FillIn(const A& analysis) {
+  return WithDefaults(analysis);
+}
+
+NewmarkJob FillIn(const NewmarkJob& analysis) {
+  NewmarkJob whole = WithDefaults(analysis);
+  const auto fill = [](auto& part) {
+    if (part) part = WithDefaults(*part);
+  };
+  fill(whole.impulse);
+  fill(whole.generalLoad);
+  fill(whole.earthquake);
+  return whole;
+}
+
+/// All of its parameters, so that runs with dialogs and without have the same text.
+std::string FormatWhole(const JobAnalysis& analysis, const Job& job) {
+  return FormatAnalysis(std::visit([](const auto& a) { return JobAnalysis(FillIn(a)); }, analysis), job);
+}
+
 }  // namespace
 
 std::string FormModelMark(const Job& job) {
@@ -152,7 +173,7 @@ std::string StampResults(const CSession& session, const JobAnalysis& analysis, c
   stamp.strModel = FormModelMark(session.GetJob());
   stamp.strVersion = SKYFRAME_VERSION;
   stamp.strTime = FormatTime(GetPlatform().GetLocalTime());
-  stamp.strAnalysis = FormatAnalysis(analysis, session.GetJob());
+  stamp.strAnalysis = FormatWhole(analysis, session.GetJob());
   stamp.advice = report.adviceIn;
   CStamps stamps = CStamps::Read(strJobPath);
   stamps.Add(std::move(stamp));
@@ -163,7 +184,7 @@ AdviceList AdviseOnAge(const Job& job, const std::string& strJobPath, std::strin
   const CStamps stamps = CStamps::Read(strJobPath);
   if (!stamps.IsOutdated(strSuffix, FormModelMark(job))) return {};
   const std::string strFile = FromFilePath(ToFilePath(strJobPath + std::string(strSuffix)).filename());
-  return {{Severity::Warning, "outdated-result", Say(c_outdated, {strFile, stamps.Find(strSuffix)->strTime})}};
+  return {{Severity::Warning, "outdated-result", Say(texts::c_outdated, {strFile, stamps.Find(strSuffix)->strTime})}};
 }
 
 }  // namespace skyframe::host

@@ -6,11 +6,7 @@
 
 namespace skyframe::host::run::texts {
 
-// Names of analyses.
-inline constexpr Words c_staticLinear = {"Static analysis, linear", "静力分析，线性"};
-inline constexpr Words c_staticNonlinear = {"Static analysis, nonlinear", "静力分析，非线性"};
-inline constexpr Words c_modal = {"Modal analysis", "模态分析"};
-inline constexpr Words c_spectrum = {"Response-spectrum analysis", "反应谱分析"};
+// Names of methods.
 inline constexpr Words c_wilson = {"Time history, Wilson", "时程分析，Wilson 法"};
 inline constexpr Words c_newmark = {"Time history, Newmark", "时程分析，Newmark 法"};
 
@@ -36,6 +32,13 @@ inline constexpr Words c_dialogReasons[] = {
     {"the control is disabled", "控件不可用"},    {"there is no such row", "没有这一行"},
     {"the dialog has ended", "对话框已经结束"},
 };
+
+// Stamps of results.
+inline constexpr Words c_outdated = {"{0} was computed from another model on {1}; run the analysis again",
+                                     "{0} 是 {1} 由另一模型算得的，请重新分析"};
+inline constexpr Words c_unwrittenStamp = {
+    "the stamp of the results cannot be written: {0}; later nobody knows which model they come from",
+    "不能写入结果的标记文件：{0}；以后无法判断结果出自哪个模型"};
 
 // Size of a model.
 inline constexpr Words c_nodes = {"nodes", "节点"};

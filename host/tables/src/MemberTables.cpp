@@ -30,6 +30,7 @@ void SetForces(Table& table, std::size_t nFirst, std::size_t nRow, const MemberF
   }
 }
 
+/// Empty.
 void AddForceColumns(Table& table) {
   for (std::size_t q = 0; q < c_nForceComponents; ++q) {
     AddColumn(table, texts::c_force[q], GetUnit(static_cast<MemberQuantity>(q)));
@@ -52,6 +53,8 @@ Table FormEnds(const Job& job, const StructureForces& forces) {
     const MemberForces& member = forces.members[nMember];
     SetForces(table, nFirst, r, member, bStart ? member.stations.front() : member.stations.back());
   }
+  DropRoundOff(table, {nFirst, nFirst + 1, nFirst + 2});
+  DropRoundOff(table, {nFirst + 3, nFirst + 4, nFirst + 5});
   AddSections(table, job);
   AddExtremes(table, nFirst, nFirst + c_nForceComponents, forces.bAbsolute);
   return table;
@@ -80,6 +83,8 @@ Table FormExtremes(const Job& job, const StructureForces& forces) {
     table.columns[nPlaces].numbers[r] = static_cast<double>(FindStation(member, c_nMy)) / dLast;
     table.columns[nPlaces + 1].numbers[r] = static_cast<double>(FindStation(member, c_nMz)) / dLast;
   }
+  DropRoundOff(table, {nFirst, nFirst + 1, nFirst + 2});
+  DropRoundOff(table, {nFirst + 3, nFirst + 4, nFirst + 5});
   AddSections(table, job);
   AddExtremes(table, nFirst, nFirst + c_nForceComponents, forces.bAbsolute);
   return table;
@@ -114,6 +119,13 @@ void AddPeaks(Table& table, const HistorySet& histories, std::size_t nQuantity, 
                          [&](const Peak& peak) { return peak.nStep * histories.dTimeStep; });
 }
 
+/// Where nothing moves there is no time of a peak.
+void DropTimes(Table& table, std::size_t nPeaks) {
+  for (std::size_t r = 0; r < table.CountRows(); ++r) {
+    if (table.columns[nPeaks].numbers[r] == 0.0) table.columns[nPeaks + 1].numbers[r] = c_dNoNumber;
+  }
+}
+
 }  // namespace
 
 template <class File>
@@ -131,12 +143,16 @@ template Reading<Table> FormForceTable(const Job&, const SpectrumResultFile&, bo
 Table FormPeakTable(const Job& job, const HistorySet& histories) {
   Table table = StartNodeTable(job, CountUp(job.nodes.size()));
   for (std::size_t d = 0; d < 3; ++d) AddPeaks(table, histories, d, texts::c_displacement[d], "mm");
+  DropRoundOff(table, {1, 3, 5});
+  for (const std::size_t c : {1U, 3U, 5U}) DropTimes(table, c);
   return table;
 }
 
 Table FormForcePeakTable(const Job& job, const HistorySet& histories) {
   Table table = StartElementTable(CountUp(job.elements.size()));
   AddPeaks(table, histories, c_nHistoryForce, texts::c_force[0], "kN");
+  DropRoundOff(table, {1});
+  DropTimes(table, 1);
   AddSections(table, job);
   return table;
 }

@@ -1,11 +1,9 @@
 #include <algorithm>
 #include <cmath>
-#include <numeric>
 
 #include "TableParts.h"
 #include "skyframe/checks/ModalQuantities.h"
 #include "skyframe/connect/Findings.h"
-#include "skyframe/connect/Inquiries.h"
 #include "skyframe/job/JobFile.h"
 #include "skyframe/run/Stamps.h"
 #include "skyframe/values/ResultFiles.h"
@@ -26,9 +24,10 @@ void AddMasses(Table& table, const std::vector<double>& masses, double dTotal, c
   AddColumn(table, headings[2], "%");
   double dSum = 0.0;
   for (std::size_t i = 0; i < masses.size(); ++i) {
-    dSum += masses[i];
-    table.columns[nFirst].numbers[i] = masses[i];
-    table.columns[nFirst + 1].numbers[i] = GetShare(masses[i], dTotal);
+    const double dMass = masses[i] < c_dRoundOff * dTotal ? 0.0 : masses[i];
+    dSum += dMass;
+    table.columns[nFirst].numbers[i] = dMass;
+    table.columns[nFirst + 1].numbers[i] = GetShare(dMass, dTotal);
     table.columns[nFirst + 2].numbers[i] = GetShare(dSum, dTotal);
   }
 }
@@ -41,33 +40,16 @@ Table StartModeTable(std::size_t nModes) {
   return table;
 }
 
-ModeSettings FormModeSettings(const ModalJob& modal, bool bShear) {
-  ModeSettings settings;
-  settings.bShear = bShear;
-  for (const auto& [nCase, dFactor] : modal.combination) {
-    settings.loadFlags[static_cast<std::size_t>(nCase)] = 1;
-    settings.loadFactors[static_cast<std::size_t>(nCase)] = dFactor;
-  }
-  return settings;
-}
-
-/// By nodes of M x for x = r along X, Y, Z, then for the shapes.
-std::optional<ModalMasses> ComputeMasses(const ModeResultFile& file, const ModeSettings& settings) {
-  std::vector<NodeField> fields = FormUnitTranslations(file.shapes.empty() ? 0 : file.shapes.front().size());
-  fields.insert(fields.end(), file.shapes.begin(), file.shapes.end());
-  const auto inertia = FormInertia(fields, settings);
-  if (!inertia) return std::nullopt;
-  const auto sum = [](const NodeField& forces, std::size_t d) {
-    return std::accumulate(forces.begin(), forces.end(), 0.0, [d](double s, const NodeValues& v) { return s + v[d]; });
-  };
-  ModalMasses masses;
-  masses.effective.resize(file.shapes.size());
-  for (std::size_t d = 0; d < 3; ++d) {
-    masses.total[d] = sum((*inertia)[d], d);
-    for (std::size_t i = 0; i < file.shapes.size(); ++i) {
-      const double L = sum((*inertia)[3 + i], d);
-      masses.effective[i][d] = L * L;
-    }
+/// Of a run with this mass; the model is that of the host records.
+std::optional<ModalMasses> ComputeMasses(const ModeResultFile& file, const JobCombination& combination) {
+  const std::size_t nNodes = file.shapes.empty() ? 0 : file.shapes.front().size();
+  const auto basis = FormBasis(file.omega, file.shapes, nNodes, FormModeSettings(combination, file.bShear));
+  if (!basis) return std::nullopt;
+  ModalMasses masses{SumMasses(*basis), {}};
+  for (std::size_t i = 0; i < basis->GetCount(); ++i) {
+    Vector3 L = SumInertia(*basis, i);
+    for (double& d : L) d *= d;
+    masses.effective.push_back(L);
   }
   return masses;
 }
@@ -89,7 +71,7 @@ std::optional<ModalMasses> FindModalMasses(const Job& job, const std::string& st
   if (pStamp == nullptr || pStamp->strModel != FormModelMark(job)) return std::nullopt;
   const std::optional<JobAnalysis> analysis = ParseAnalysis(pStamp->strAnalysis, job);
   const auto* const pModal = analysis ? std::get_if<ModalJob>(&*analysis) : nullptr;
-  return pModal == nullptr ? std::nullopt : ComputeMasses(file, FormModeSettings(*pModal, file.bShear));
+  return pModal == nullptr ? std::nullopt : ComputeMasses(file, pModal->combination);
 }
 
 Table FormModeTable(const ModeResultFile& file, const std::optional<ModalMasses>& masses) {
@@ -114,6 +96,7 @@ Table FormModeTable(const ModeResultFile& file, const std::optional<ModalMasses>
 Table FormParticipationTable(const SpectrumResultFile& file) {
   Table table = StartModeTable(file.gamma.size());
   AddColumn(table, texts::c_participation, "").numbers = file.gamma;
+  DropRoundOff(table, {1});
   AddMasses(table, file.masses, file.dTotalMass, {texts::c_quakeMass, texts::c_quakeShare, texts::c_quakeSum});
   AddColumn(table, texts::c_damping, "").numbers = file.damping;
   AddFooting(table, texts::c_sum, FootingKind::Sum, std::array<std::size_t, 2>{2, 3});

@@ -2,6 +2,7 @@
 #include <cmath>
 
 #include "TableParts.h"
+#include "skyframe/checks/Storeys.h"
 #include "skyframe/connect/Findings.h"
 #include "skyframe/results/Displacements.h"
 #include "texts.h"
@@ -10,34 +11,13 @@ namespace skyframe::host {
 
 namespace {
 
-constexpr double c_dSameHeight = 1.0e-3;  // m
-
-/// Nodes at one height, indices.
-struct Level {
-  double dHeight = 0.0;
-  std::vector<std::size_t> nodes;
-};
-
-/// From the lowest one up.
-std::vector<Level> FormLevels(const Job& job) {
-  std::vector<int> nodes = CountUp(job.nodes.size());
-  const auto height = [&job](int i) { return job.nodes[static_cast<std::size_t>(i)].dZ; };
-  std::ranges::stable_sort(nodes, {}, height);
-  std::vector<Level> levels;
-  for (const int i : nodes) {
-    if (levels.empty() || height(i) > levels.back().dHeight + c_dSameHeight) levels.push_back({height(i), {}});
-    levels.back().nodes.push_back(static_cast<std::size_t>(i));
-  }
-  return levels;
-}
-
 /// Of the displacements of a level along an axis.
 struct LevelMotion {
   double dLargest = 0.0;  ///< magnitude
   double dMean = 0.0;
 };
 
-LevelMotion FormMotion(const Level& level, const std::vector<NodeValues>& u, std::size_t d) {
+LevelMotion FormMotion(const NodeLevel& level, const std::vector<NodeValues>& u, std::size_t d) {
   const auto [pLow, pHigh] = std::ranges::minmax_element(level.nodes, {}, [&](std::size_t i) { return u[i][d]; });
   const double dLow = u[*pLow][d];
   const double dHigh = u[*pHigh][d];
@@ -68,6 +48,11 @@ void AddReactionColumns(Table& table) {
   }
 }
 
+void DropRoundOffOfReactions(Table& table) {
+  DropRoundOff(table, {1, 2, 3});
+  DropRoundOff(table, {4, 5, 6});
+}
+
 }  // namespace
 
 Table FormDisplacementTable(const Job& job, const std::vector<NodeValues>& u, bool bRotations,
@@ -89,40 +74,37 @@ Table FormDisplacementTable(const Job& job, const std::vector<NodeValues>& u, bo
 }
 
 Table FormLevelTable(const Job& job, const std::vector<NodeValues>& u, bool bMean, const DisplacementUnits& units) {
-  const std::vector<Level> levels = FormLevels(job);
+  const std::vector<NodeLevel> levels = FormNodeLevels(job);
   Table table;
   TableColumn& number = AddColumn(table, texts::c_level, "", ColumnKind::Whole);
   for (std::size_t k = 0; k < levels.size(); ++k) number.numbers.push_back(static_cast<double>(k) + 1.0);
-  std::ranges::transform(levels, AddColumn(table, texts::c_height, "m").numbers.begin(), &Level::dHeight);
+  std::ranges::transform(levels, AddColumn(table, texts::c_height, "m").numbers.begin(), &NodeLevel::dHeight);
   std::ranges::transform(levels, AddColumn(table, texts::c_nodeCount, "", ColumnKind::Whole).numbers.begin(),
-                         [](const Level& level) { return level.nodes.size(); });
+                         [](const NodeLevel& level) { return level.nodes.size(); });
   for (std::size_t d = 0; d < 3; ++d) {
     std::vector<LevelMotion> motions;
     motions.reserve(levels.size());
-    for (const Level& level : levels) motions.push_back(FormMotion(level, u, d));
+    for (const NodeLevel& level : levels) motions.push_back(FormMotion(level, u, d));
     AddMotion(table, motions, d, bMean && d < 2, units);
   }
   table.note = bMean ? texts::c_meanOfLevel : texts::c_combined;
   return table;
 }
 
-Reading<Table> FormReactionTable(const Job& job, const StaticResultFile& file) {
+Table FormReactionTable(const Job& job, const StaticResultFile& file) {
   std::vector<int> nodes;
-  for (const StaticSupport& support : file.supports) {
-    if (support.nNode < 1 || support.nNode > std::ssize(job.nodes)) return RefuseTable(Say(texts::c_otherModel));
-    nodes.push_back(support.nNode - 1);
-  }
+  for (const StaticSupport& support : file.supports) nodes.push_back(support.nNode - 1);
   Table table = StartNodeTable(job, std::move(nodes));
   AddReactionColumns(table);
   for (std::size_t r = 0; r < file.supports.size(); ++r) {
     for (std::size_t d = 0; d < 6; ++d) {
-      // The file has the force of the structure on the support.
-      if (const auto& force = file.supports[r].forces[d]) table.columns[d + 1].numbers[r] = -*force / c_dNewtons;
+      if (const auto& force = file.supports[r].forces[d]) table.columns[d + 1].numbers[r] = *force / c_dNewtons;
     }
   }
+  DropRoundOffOfReactions(table);
   AddFooting(table, texts::c_sum, FootingKind::Sum, c_forces);
   table.note = texts::c_supportForces;
-  return {std::move(table)};
+  return table;
 }
 
 Table FormReactionTable(const Job& job, const SpectrumResultFile& file) {
@@ -137,6 +119,7 @@ Table FormReactionTable(const Job& job, const SpectrumResultFile& file) {
       table.columns[d + 1].numbers[r] = file.supports[r].forces[d] / c_dNewtons;
     }
   }
+  DropRoundOffOfReactions(table);
   table.note = texts::c_combinedForces;
   const SpectrumFindings& findings = GetSpectrumFindings();
   if (!AreOfFile(findings.gamma, file.gamma)) return table;

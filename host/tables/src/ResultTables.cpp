@@ -6,7 +6,6 @@
 #include "TableParts.h"
 #include "skyframe/results/Histories.h"
 #include "skyframe/results/HistoryResultFile.h"
-#include "skyframe/values/ResultFiles.h"
 #include "texts.h"
 
 namespace skyframe::host {
@@ -21,10 +20,6 @@ constexpr std::array c_modeTables = {Kind::Modes, Kind::Displacements, Kind::Lev
 constexpr std::array c_spectrumTables = {Kind::Modes,     Kind::Displacements, Kind::Levels,
                                          Kind::Reactions, Kind::Forces,        Kind::Extremes};
 constexpr std::array c_historyTables = {Kind::Displacements, Kind::Extremes};
-
-constexpr std::array<std::string_view, 5> c_strSuffixes = {suffix::c_strStaticLinear, suffix::c_strStaticNonlinear,
-                                                           suffix::c_strModes, suffix::c_strSpectrum,
-                                                           suffix::c_strHistory};
 
 /// Largest translation along an axis 1, and the rotations that go with it.
 DisplacementUnits FormShapeScale(const std::vector<NodeValues>& shape) {
@@ -65,8 +60,6 @@ std::string_view GetName(TableResult result) { return Say(texts::c_results[stati
 
 std::string_view GetName(TableKind kind) { return Say(texts::c_kinds[static_cast<std::size_t>(kind)]); }
 
-std::string_view GetSuffix(TableResult result) { return c_strSuffixes[static_cast<std::size_t>(result)]; }
-
 std::span<const TableKind> ListTables(TableResult result) {
   switch (result) {
     case TableResult::Modes:
@@ -83,14 +76,14 @@ std::span<const TableKind> ListTables(TableResult result) {
 Reading<Table> FormTable(const Job& job, const StaticResultFile& file, TableKind kind) {
   switch (kind) {
     case Kind::Levels:
-      return {FormLevelTable(job, file.displacements, true)};
+      return {FormLevelTable(job, WithoutRoundOff(file.displacements), true)};
     case Kind::Reactions:
-      return FormReactionTable(job, file);
+      return {FormReactionTable(job, file)};
     case Kind::Forces:
     case Kind::Extremes:
       return FormForceTable(job, file, kind == Kind::Extremes);
     default:
-      return {FormNodeTable(job, file.displacements, false, false)};
+      return {FormNodeTable(job, WithoutRoundOff(file.displacements), false, false)};
   }
 }
 
@@ -98,7 +91,7 @@ Reading<Table> FormTable(const Job& job, const ModeResultFile& file, TableKind k
                          const std::optional<ModalMasses>& masses) {
   if (kind == Kind::Modes) return {FormModeTable(file, masses)};
   if (nMode < 1 || nMode > std::ssize(file.shapes)) return RefuseTable(Say(texts::c_noMode, {std::to_string(nMode)}));
-  const std::vector<NodeValues>& shape = file.shapes[static_cast<std::size_t>(nMode - 1)];
+  const std::vector<NodeValues> shape = WithoutRoundOff(file.shapes[static_cast<std::size_t>(nMode - 1)]);
   const DisplacementUnits units = FormShapeScale(shape);
   if (kind == Kind::Levels) return {FormLevelTable(job, shape, true, units)};
   Table table = FormDisplacementTable(job, shape, true, units);
@@ -111,14 +104,14 @@ Reading<Table> FormTable(const Job& job, const SpectrumResultFile& file, TableKi
     case Kind::Modes:
       return {FormParticipationTable(file)};
     case Kind::Levels:
-      return {FormLevelTable(job, file.displacements, false)};
+      return {FormLevelTable(job, WithoutRoundOff(file.displacements), false)};
     case Kind::Reactions:
       return {FormReactionTable(job, file)};
     case Kind::Forces:
     case Kind::Extremes:
       return FormForceTable(job, file, kind == Kind::Extremes);
     default:
-      return {FormNodeTable(job, file.displacements, true, true)};
+      return {FormNodeTable(job, WithoutRoundOff(file.displacements), true, true)};
   }
 }
 

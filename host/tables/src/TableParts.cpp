@@ -1,11 +1,35 @@
 #include "TableParts.h"
 
 #include <algorithm>
+#include <cmath>
 #include <numeric>
+#include <span>
 
 #include "texts.h"
 
 namespace skyframe::host {
+
+namespace {
+
+/// Of values of one kind.
+class CRoundOff {
+ public:
+  void Add(std::span<const double> values) {
+    for (const double d : values) {
+      if (std::isfinite(d)) m_dLargest = std::max(m_dLargest, std::abs(d));
+    }
+  }
+  void Drop(std::span<double> values) const {
+    for (double& d : values) {
+      if (std::abs(d) < c_dRoundOff * m_dLargest) d = 0.0;
+    }
+  }
+
+ private:
+  double m_dLargest = 0.0;
+};
+
+}  // namespace
 
 TableColumn& AddColumn(Table& table, const Words& heading, std::string_view strUnit, ColumnKind kind) {
   const std::size_t nRows = table.columns.empty() ? table.subjects.size() : table.CountRows();
@@ -52,6 +76,21 @@ void AddExtremes(Table& table, std::size_t nFirst, std::size_t nEnd, bool bAbsol
   std::iota(columns.begin(), columns.end(), nFirst);
   AddFooting(table, texts::c_max, FootingKind::Largest, columns);
   if (!bAbsolute) AddFooting(table, texts::c_min, FootingKind::Smallest, columns);
+}
+
+std::vector<NodeValues> WithoutRoundOff(std::vector<NodeValues> values) {
+  for (const std::size_t nFirst : {0U, 3U}) {
+    CRoundOff roundOff;
+    for (const NodeValues& v : values) roundOff.Add(std::span(v).subspan(nFirst, 3));
+    for (NodeValues& v : values) roundOff.Drop(std::span(v).subspan(nFirst, 3));
+  }
+  return values;
+}
+
+void DropRoundOff(Table& table, std::initializer_list<std::size_t> columns) {
+  CRoundOff roundOff;
+  for (const std::size_t c : columns) roundOff.Add(table.columns[c].numbers);
+  for (const std::size_t c : columns) roundOff.Drop(table.columns[c].numbers);
 }
 
 Reading<Table> RefuseTable(std::string_view strReason) {

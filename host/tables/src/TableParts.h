@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <initializer_list>
 #include <utility>
 #include <vector>
 
@@ -16,6 +17,7 @@ namespace skyframe::host {
 inline constexpr double c_dMillimetres = 1.0e3;  // per m
 inline constexpr double c_dNewtons = 1.0e3;      // per kN: divided by it, a file's decimals stay as they are
 inline constexpr double c_dPercent = 100.0;
+inline constexpr double c_dRoundOff = 1.0e-9;  // of the largest; the files have six digits
 
 /// A column of as many rows without a number.
 TableColumn& AddColumn(Table& table, const Words& heading, std::string_view strUnit,
@@ -32,6 +34,11 @@ void AddSections(Table& table, const Job& job);
 
 /// Largest and smallest of each column from nFirst to before nEnd; bAbsolute: the largest alone.
 void AddExtremes(Table& table, std::size_t nFirst, std::size_t nEnd, bool bAbsolute);
+
+/// What is no more than round-off beside the largest of its kind, translations or rotations, becomes 0.
+[[nodiscard]] std::vector<NodeValues> WithoutRoundOff(std::vector<NodeValues> values);
+/// Likewise in columns of numbers of one kind.
+void DropRoundOff(Table& table, std::initializer_list<std::size_t> columns);
 
 /// Whether numbers that a run found are those of the file: the run wrote it.
 [[nodiscard]] bool AreOfFile(const std::vector<double>& found, const std::vector<double>& file);
@@ -54,7 +61,7 @@ struct DisplacementUnits {
                                    const DisplacementUnits& units = {});
 [[nodiscard]] Table FormModeTable(const ModeResultFile& file, const std::optional<ModalMasses>& masses);
 [[nodiscard]] Table FormParticipationTable(const SpectrumResultFile& file);
-[[nodiscard]] Reading<Table> FormReactionTable(const Job& job, const StaticResultFile& file);
+[[nodiscard]] Table FormReactionTable(const Job& job, const StaticResultFile& file);
 [[nodiscard]] Table FormReactionTable(const Job& job, const SpectrumResultFile& file);
 [[nodiscard]] Table FormPeakTable(const Job& job, const HistorySet& histories);
 [[nodiscard]] Table FormForcePeakTable(const Job& job, const HistorySet& histories);

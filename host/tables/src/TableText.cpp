@@ -3,7 +3,6 @@
 #include <numeric>
 
 #include "skyframe/job/Text.h"
-#include "skyframe/platform/NumberText.h"
 #include "skyframe/tables/Table.h"
 
 namespace skyframe::host {
@@ -13,7 +12,6 @@ namespace {
 constexpr int c_nDigits = 6;  // of a column's largest number
 constexpr int c_nMostDecimals = 4;
 constexpr double c_dLargestFixed = 1.0e9;
-constexpr std::string_view c_strByteOrderMark = "\xef\xbb\xbf";
 
 /// NaN does not count.
 double Join(FootingKind kind, double dOne, double dOther) {
@@ -97,9 +95,7 @@ CColumnFormat::CColumnFormat(const TableColumn& column) {
 std::string CColumnFormat::Show(double dValue) const {
   if (std::isnan(dValue)) return {};
   if (m_bPowers) return Format("%.*e", c_nDigits - 1, dValue);
-  std::string strText = FormatFixed(dValue, m_nDecimals);
-  if (strText.starts_with('-') && strText.find_first_of("123456789i") == std::string::npos) strText.erase(0, 1);
-  return strText;
+  return FormatDecimals(dValue, m_nDecimals);
 }
 
 std::string FormatWhole(double dValue) { return std::isnan(dValue) ? std::string() : Format("%.12g", dValue + 0.0); }

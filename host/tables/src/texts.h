@@ -69,7 +69,7 @@ inline constexpr Words c_noMasses = {"The mass of this result is not known: run 
 inline constexpr Words c_shapeScale = {"The largest translation is 1.", "最大平动位移取 1。"};
 inline constexpr Words c_meanOfLevel = {"Mean: half the sum of the largest and the smallest of the level's nodes.",
                                         "平均：该标高各节点位移最大值与最小值之和的一半。"};
-inline constexpr Words c_supportForces = {"Forces of the supports on the structure.", "支座对结构的作用力。"};
+inline constexpr Words c_supportForces = {"Forces of the structure on its supports.", "结构对支座的作用力。"};
 inline constexpr Words c_combinedForces = {"Combined values have no sign: their sum is not the base shear.",
                                            "组合值无正负号，其代数和不是基底剪力。"};
 inline constexpr Words c_combinedShear = {
@@ -79,7 +79,6 @@ inline constexpr Words c_combined = {"Combined values have no sign.", "组合值
 inline constexpr Words c_forceSigns = {"Local axes; N: tension positive.", "局部坐标系；N 以受拉为正。"};
 
 // Errors
-inline constexpr Words c_otherModel = {"belongs to another model", "属于另一模型"};
 inline constexpr Words c_noMode = {"has no mode {0}", "没有第 {0} 阶振型"};
 
 }  // namespace skyframe::host::tables::texts

@@ -21,9 +21,10 @@ struct Difference {
   std::string_view strUnit;
   double dFirst = 0.0;
   double dSecond = 0.0;
-  double dLargest = 0.0;  ///< magnitude that the difference is measured by: the largest of the quantity in both sets
-  std::string strPlace;   ///< "element 3 MYZ at station 4"; empty: they are the same everywhere
-  bool bAbove = false;    ///< a difference, here or elsewhere, is above the tolerance and no rounding of the files
+  double dLargest = 0.0;   ///< magnitude that the difference is measured by: the largest of the quantity in both sets
+  std::string strPlace;    ///< "element 3 My at station 4"; empty: they are the same everywhere
+  bool bAbove = false;     ///< a difference, here or elsewhere, is above the tolerance and no rounding of the files
+  bool bRounding = false;  ///< it is above the tolerance, but no more than one in the last digit that the files print
 
   /// Infinite when one value alone is a number.
   [[nodiscard]] double GetAbsolute() const;

@@ -15,9 +15,9 @@ struct BuildingParameters {
   int nStoreys = 5;
   double dSpan = 6.0;
   double dHeight = 3.3;
-  double dDeadLoad = 5.0;  ///< kN/m2
-  double dLiveLoad = 2.0;  ///< kN/m2
-  double dWindLoad = 0.8;  ///< kN/m2 on the side X = 0
+  double dDeadLoad = 5.0;  ///< kN/m²
+  double dLiveLoad = 2.0;  ///< kN/m²
+  double dWindLoad = 0.8;  ///< kN/m² on the side X = 0
 };
 [[nodiscard]] Job GenerateBuilding(const BuildingParameters& parameters);
 
@@ -42,7 +42,7 @@ struct DomeParameters {
   double dSpan = 40.0;
   double dRise = 6.0;
   bool bBeams = false;  ///< rigid beams instead of bars
-  double dLoad = 1.5;   ///< kN/m2 in plan, case 0
+  double dLoad = 1.5;   ///< kN/m² in plan, case 0
 };
 [[nodiscard]] Job GenerateDome(const DomeParameters& parameters);
 

@@ -35,9 +35,9 @@ void VisitFields(V& v, BuildingParameters& p) {
   v.Visit({"storeys", {"Storeys", "层数"}}, p.nStoreys, c_countRange);
   v.Visit({"span", {"Length of a bay, m", "跨度，m"}}, p.dSpan, c_lengthRange);
   v.Visit({"height", {"Height of a storey, m", "层高，m"}}, p.dHeight, c_lengthRange);
-  v.Visit({"dead", {"Dead load, kN/m2, case 0", "恒荷载，kN/m²，工况 0"}}, p.dDeadLoad, c_loadRange);
-  v.Visit({"live", {"Live load, kN/m2, case 1", "活荷载，kN/m²，工况 1"}}, p.dLiveLoad, c_loadRange);
-  v.Visit({"wind", {"Wind along X, kN/m2, case 2", "X 向风荷载，kN/m²，工况 2"}}, p.dWindLoad, c_loadRange);
+  v.Visit({"dead", {"Dead load, kN/m², case 0", "恒荷载，kN/m²，工况 0"}}, p.dDeadLoad, c_loadRange);
+  v.Visit({"live", {"Live load, kN/m², case 1", "活荷载，kN/m²，工况 1"}}, p.dLiveLoad, c_loadRange);
+  v.Visit({"wind", {"Wind along X, kN/m², case 2", "X 向风荷载，kN/m²，工况 2"}}, p.dWindLoad, c_loadRange);
 }
 
 template <class V>
@@ -54,7 +54,7 @@ void VisitFields(V& v, DomeParameters& p) {
   v.Visit({"segments", {"Fields around a ring", "每环分格数"}}, p.nSegments, {3, c_nMaxNodes});
   v.Visit({"span", {"Span, m", "跨度，m"}}, p.dSpan, c_lengthRange);
   v.Visit({"rise", {"Rise, m; at most half the span", "矢高，m，不大于跨度的一半"}}, p.dRise, c_lengthRange);
-  v.Visit({"load", {"Load in plan, kN/m2", "水平投影面荷载，kN/m²"}}, p.dLoad, c_loadRange);
+  v.Visit({"load", {"Load in plan, kN/m²", "水平投影面荷载，kN/m²"}}, p.dLoad, c_loadRange);
   v.Visit({"beams", {"Rigid beams instead of bars", "用刚接梁代替杆"}}, p.bBeams);
 }
 

@@ -21,6 +21,8 @@ inline constexpr std::array<std::string_view, 2> c_strRootChecks = {"sturm", "co
 inline constexpr std::array<std::string_view, 6> c_strIntensities = {"6 (0.05g)", "7 (0.10g)", "7 (0.15g)",
                                                                      "8 (0.20g)", "8 (0.30g)", "9 (0.40g)"};
 inline constexpr std::array<std::string_view, 2> c_strQuakeLevels = {"frequent", "rare"};
+/// By site class, from 1.
+inline constexpr std::array<std::string_view, 5> c_strSiteClasses = {"", "I", "II", "III", "IV"};
 inline constexpr std::array<std::string_view, 3> c_strModalCombinations = {"SRSS", "CQC", "GRP"};
 
 inline constexpr std::array<std::string_view, 7> c_strStructures = {

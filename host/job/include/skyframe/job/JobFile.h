@@ -11,7 +11,7 @@ namespace skyframe::host {
 
 /// Something wrong, or worth a word, at a place of a job file.
 struct JobProblem {
-  std::string strPlace;  ///< JSON pointer, or "line L, column C" for text that is no JSON
+  std::string strPlace;  ///< JSON pointer, or "line L, column C" for text that is no JSON; empty: the whole file
   std::string strReason;
   std::string strName = {};  ///< short and lasting name of a warning, such as "unused-node"; empty for errors
 };

@@ -6,9 +6,11 @@
 
 namespace skyframe::host {
 
-/// Numbers as a person lists them: "1-20, 35". What is no number is passed over.
+/// Numbers as a person lists them: "1-20, 35" and "40-" to the end, with blanks, commas and semicolons of both
+/// languages between. None when there is anything else among them.
 class CNumberSet {
  public:
+  CNumberSet() = default;
   explicit CNumberSet(std::string_view strText);
 
   [[nodiscard]] bool Has(int nNumber) const;

@@ -19,6 +19,9 @@ namespace skyframe::host {
 /// Shortest text that reads back as the same number.
 [[nodiscard]] std::string FormatNumber(double dValue);
 
+/// With so many decimals; no minus before zero.
+[[nodiscard]] std::string FormatDecimals(double dValue, int nDecimals);
+
 /// Bytes of a text of the job that a message shows.
 inline constexpr std::size_t c_nLongestShown = 60;
 

@@ -6,13 +6,11 @@
 #include <vector>
 
 #include "skyframe/job/Job.h"
+#include "skyframe/results/ResultKind.h"
 #include "skyframe/scene/Camera.h"
 #include "skyframe/scene/MemberForces.h"
 
 namespace skyframe::host {
-
-/// Whose forces.
-enum class ForceSource { Linear, Nonlinear, Spectrum, History };
 
 /// Members between nodes of one coordinate.
 struct FramePlane {
@@ -22,16 +20,16 @@ struct FramePlane {
 
 /// What to draw of a job or its results.
 struct PlotRequest {
-  enum class Kind { Spectrum, Mode, Node, Element, Deformed, Diagram, Colours, Reactions, Loads };
+  enum class Kind { Spectrum, Mode, Node, Element, Deformed, Diagram, Colours, Reactions, Loads, Structure };
   Kind kind = Kind::Spectrum;
-  int nMode = 1;                      ///< from 1
-  std::vector<int> numbers;           ///< node ids, or elements from 1, of a history: a curve each
-  std::vector<int> directions = {0};  ///< of nodes: X, Y, Z; a curve for each node in each direction
-  bool bViewer = false;               ///< a history as the result viewer shows it, the first curve alone
-  bool bNonlinear = false;            ///< deformed structure of the nonlinear static analysis
-  bool bShapeColours = false;         ///< a mode or the deformed structure in colours by its displacement
-  ForceSource source = ForceSource::Linear;
-  double dTime = 0.0;  ///< s, of a history's forces
+  int nMode = 1;                           ///< from 1
+  std::vector<int> numbers;                ///< node ids, or elements from 1, of a history: a curve each
+  std::vector<int> directions = {0};       ///< of nodes: X, Y, Z; a curve for each node in each direction
+  bool bViewer = false;                    ///< a history as the result viewer shows it, the first curve alone
+  bool bNonlinear = false;                 ///< deformed structure of the nonlinear static analysis
+  bool bShapeColours = false;              ///< a mode or the deformed structure in colours by its displacement
+  ResultKind source = ResultKind::Linear;  ///< of forces
+  double dTime = 0.0;                      ///< s, of a history's forces
   MemberQuantity quantity = MemberQuantity::My;
   std::optional<int> nCase;           ///< loads of one case
   JobCombination combination;         ///< loads of a combination; empty: none

@@ -20,7 +20,7 @@ struct ResultStamp {
   std::string strModel;                         ///< FormModelMark of the job that was run
   std::string strVersion;                       ///< of the program
   std::string strTime;                          ///< local, at the end of the run: "2026-11-21 23:05:09"
-  std::string strAnalysis;                      ///< its parameters, JSON as in a job file
+  std::string strAnalysis;                      ///< all its parameters, JSON as in a job file
   std::map<std::string, std::uintmax_t> files;  ///< bytes by suffix behind the job path
   std::array<AdviceList, 2> advice;             ///< on the run, by Language
 
@@ -56,7 +56,7 @@ class CStamps {
 };
 
 /// Adds what the run just ended has written. Empty when all went well, else why the stamps could not be written.
-std::string StampResults(const CSession& session, const JobAnalysis& analysis, const RunReport& report);
+[[nodiscard]] std::string StampResults(const CSession& session, const JobAnalysis& analysis, const RunReport& report);
 
 /// A warning when the result file comes from another model than the job.
 [[nodiscard]] AdviceList AdviseOnAge(const Job& job, const std::string& strJobPath, std::string_view strSuffix);

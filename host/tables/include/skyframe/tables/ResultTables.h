@@ -11,6 +11,7 @@
 #include "skyframe/job/Job.h"
 #include "skyframe/results/ModeResultFile.h"
 #include "skyframe/results/Reading.h"
+#include "skyframe/results/ResultKind.h"
 #include "skyframe/results/SpectrumResultFile.h"
 #include "skyframe/results/StaticResultFile.h"
 #include "skyframe/tables/Table.h"
@@ -18,19 +19,16 @@
 
 namespace skyframe::host {
 
-enum class TableResult { Linear, Nonlinear, Modes, Spectrum, History };
+using TableResult = ResultKind;
 enum class TableKind { Modes, Displacements, Levels, Reactions, Forces, Extremes };
 
 /// Their names on the command line.
-inline constexpr std::array<std::string_view, 5> c_strTableResults = {"linear", "nonlinear", "modes", "spectrum",
-                                                                      "history"};
+inline constexpr const auto& c_strTableResults = c_strResultKinds;
 inline constexpr std::array<std::string_view, 6> c_strTableKinds = {"modes",     "displacements", "levels",
                                                                     "reactions", "forces",        "extremes"};
 
 [[nodiscard]] std::string_view GetName(TableResult result);
 [[nodiscard]] std::string_view GetName(TableKind kind);
-/// Of the result file.
-[[nodiscard]] std::string_view GetSuffix(TableResult result);
 /// The tables that a result fills.
 [[nodiscard]] std::span<const TableKind> ListTables(TableResult result);
 
@@ -55,7 +53,8 @@ struct TableChoice {
 
 // The table of a choice, which its result must have; nothing and the reason when the result belongs to another model.
 // Units kN, kN·m, mm, kg, s. What the files have otherwise:
-// - reactions are forces of the supports on the structure;
+// - reactions are, as in the files, forces of the structure on its supports;
+// - what is no more than round-off beside the other values is 0;
 // - a mode's largest translation is 1;
 // - base shear is that of the run of this session when it wrote the file.
 

@@ -3,15 +3,14 @@
 #include <cstddef>
 #include <string>
 #include <string_view>
-#include <utility>
-#include <vector>
 
+#include "skyframe/job/NumberSet.h"
 #include "skyframe/tables/Table.h"
 
 namespace skyframe::host {
 
-/// Rows by their number, "1-20, 35" or "40-" to the end, or by a part of their texts in capitals or not. An empty
-/// filter takes all rows.
+/// Rows by their number as CNumberSet takes them, or by a part of their texts in capitals or not. An empty filter takes
+/// all rows.
 class CRowFilter {
  public:
   CRowFilter() = default;
@@ -20,8 +19,8 @@ class CRowFilter {
   [[nodiscard]] bool Takes(const Table& table, std::size_t nRow) const;
 
  private:
-  std::vector<std::pair<double, double>> m_ranges;
-  std::string m_strPart;  ///< in small letters; empty when there are ranges
+  CNumberSet m_numbers;
+  std::string m_strPart;  ///< in small letters; empty when there are numbers
 };
 
 }  // namespace skyframe::host

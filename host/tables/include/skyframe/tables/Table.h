@@ -75,7 +75,10 @@ class CColumnFormat {
 /// With all digits that results have, decimal point; empty for c_dNoNumber.
 [[nodiscard]] std::string FormatWhole(double dValue);
 
-/// RFC 4180, UTF-8 with a byte order mark, by which spreadsheets know it: headings, rows, footings.
+/// By which spreadsheets know a file in UTF-8.
+inline constexpr std::string_view c_strByteOrderMark = "\xef\xbb\xbf";
+
+/// RFC 4180, UTF-8 with a byte order mark: headings, rows, footings.
 [[nodiscard]] std::string FormatCsv(const Table& table);
 /// Some of the rows, with their own footings.
 [[nodiscard]] std::string FormatCsv(const Table& table, std::span<const std::size_t> rows);
