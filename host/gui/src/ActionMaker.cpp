@@ -32,9 +32,13 @@ QMenu& CActionMaker::AddMenu(const host::Words& title) {
   return menu;
 }
 
-QMenu& CActionMaker::AddMenu(QMenu& menu, const host::Words& title) {
+QMenu& CActionMaker::AddMenu(QMenu& menu, const host::Words& title, const host::Words& tip) {
   QMenu& subMenu = *menu.addMenu(QString());
-  m_document.OnLanguage([&subMenu, &title] { subMenu.setTitle(ToQt(Say(title))); });
+  m_document.OnLanguage([&subMenu, &title, &tip] {
+    subMenu.setTitle(ToQt(Say(title)));
+    subMenu.menuAction()->setToolTip(ToQt(Say(tip)));
+    subMenu.menuAction()->setStatusTip(ToQt(Say(tip)));
+  });
   return subMenu;
 }
 

@@ -1,20 +1,28 @@
 #include "skyframe/gui/AdvicePanel.h"
 
 #include <memory>
+#include <utility>
 
 #include "skyframe/qt/Font.h"
 
 namespace skyframe::gui {
 
-CAdvicePanel::CAdvicePanel(QWidget* pParent) : QListWidget(pParent) {
+CAdvicePanel::CAdvicePanel(CDocument& document, QWidget* pParent) : QListWidget(pParent) {
   setObjectName(QStringLiteral("advice"));
   setWordWrap(true);
   setResizeMode(QListView::Adjust);
   setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  document.OnLanguage([this] { Fill(); });
 }
 
-void CAdvicePanel::ShowAdvice(const host::AdviceList& list) {
+void CAdvicePanel::ShowAdvice(std::function<host::AdviceList()> say) {
+  m_say = std::move(say);
+  Fill();
+}
+
+void CAdvicePanel::Fill() {
   clear();
+  const host::AdviceList list = m_say ? m_say() : host::AdviceList();
   for (const host::Severity severity : {host::Severity::Error, host::Severity::Warning}) {
     for (const host::Advice& advice : list) {
       if (advice.severity != severity) continue;

@@ -38,9 +38,11 @@ void CAnalysisPanel::Fill() {
     const host::ResultStamp* const pStamp = m_document.FindStamp(analysis);
     const bool bOutdated = pStamp != nullptr && m_document.IsOutdated(*pStamp);
     if (pStamp != nullptr) strText += "   " + pStamp->strTime;
+    const bool bFailed = pStamp != nullptr && HasError(pStamp->advice[static_cast<std::size_t>(host::GetLanguage())]);
+    if (bFailed) strText += FormFailedMark();
     if (bOutdated) strText += FormOutdatedMark();
     auto pRow = std::make_unique<QListWidgetItem>(ToQt(strText));
-    if (bOutdated) pRow->setForeground(Qt::darkRed);
+    if (bOutdated || bFailed) pRow->setForeground(Qt::darkRed);
     addItem(pRow.release());  // the list takes it over
   }
   setCurrentRow(nRow < count() ? nRow : -1);

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <span>
 #include <system_error>
 #include <utility>
 
@@ -60,6 +61,7 @@ std::vector<host::JobProblem> CDocument::Open(const QString& strFile) {
   auto session = host::CSession::Open(std::move(file.job), host::GetJobPath(strPath), host::FindDataDirectory());
   if (!session) return {{"/", std::string(host::Say(texts::c_pathTooLong))}};
   const bool bSameFile = strFile == m_strFile;
+  m_onDisk = ReadWholeFile(strPath);
   m_session = std::move(session);
   m_warnings = std::move(file.warnings);
   m_strFile = strFile;
@@ -70,10 +72,11 @@ std::vector<host::JobProblem> CDocument::Open(const QString& strFile) {
   const auto IsGone = [](int nIndex, std::size_t nCount) { return static_cast<std::size_t>(nIndex) >= nCount; };
   std::erase_if(m_selection.nodes, [&](int i) { return IsGone(i, GetJob().nodes.size()); });
   std::erase_if(m_selection.elements, [&](int i) { return IsGone(i, GetJob().elements.size()); });
+  ForgetResults();
   jobOpened.Send();
   selectionChanged.Send();
   analysesChanged.Send();
-  RefreshResults();
+  resultsChanged.Send();
   return {};
 }
 
@@ -105,11 +108,17 @@ void CDocument::SetAnalyses(std::vector<host::JobAnalysis> analyses) {
   analysesChanged.Send();
 }
 
+bool CDocument::IsChangedOnDisk() const {
+  const std::optional<std::string> now = ReadWholeFile(m_strFile.toStdString());
+  return now && now != m_onDisk;
+}
+
 std::string CDocument::Save(const QString& strFile) {
   COutputFile file(strFile.toStdString());
   file.GetStream() << host::FormatJob(GetJob());
   if (!file.Commit()) return file.GetError();
   m_bModified = false;
+  m_onDisk = ReadWholeFile(strFile.toStdString());
   if (strFile != m_strFile) {
     const std::vector<host::JobProblem> errors = Open(strFile);
     return errors.empty() ? std::string() : errors.front().strReason;
@@ -161,8 +170,31 @@ bool CDocument::HasResult(ResultKind kind) const {
   return std::filesystem::is_regular_file(ToFilePath(GetJobPath() + std::string(GetSuffix(kind))), error);
 }
 
+host::Reading<host::StructureForces> CDocument::FormForces(ResultKind kind) {
+  const host::StructureSize size = {GetJob().nodes.size(), GetJob().elements.size()};
+  const auto form = [size](const auto* pFile) {
+    return pFile == nullptr ? host::Reading<host::StructureForces>() : host::FormMemberForces(*pFile, size);
+  };
+  if (kind == ResultKind::Spectrum) return form(GetSpectrum());
+  if (kind == ResultKind::Linear || kind == ResultKind::Nonlinear)
+    return form(GetStatic(kind == ResultKind::Nonlinear));
+  const HistorySet* const pHistories = kind == ResultKind::History ? GetHistories() : nullptr;
+  if (pHistories == nullptr || m_nStep >= pHistories->nSteps) return {};
+  const CHistoryTable& forces = pHistories->values[c_nHistoryForce];
+  return host::FormMemberForces(std::span(forces[m_nStep], static_cast<std::size_t>(forces.GetCols())), size);
+}
+
+const host::StructureForces* CDocument::GetForces(ResultKind kind) {
+  if (!IsOpen()) return nullptr;
+  auto& kept = m_forces[static_cast<std::size_t>(kind)];
+  if (!kept) kept = FormForces(kind);
+  return kept->has_value() ? &**kept : nullptr;
+}
+
 void CDocument::SetStep(int nStep) {
-  if (std::exchange(m_nStep, nStep) != nStep) stepChanged.Send();
+  if (std::exchange(m_nStep, nStep) == nStep) return;
+  m_forces[static_cast<std::size_t>(ResultKind::History)].reset();
+  stepChanged.Send();
 }
 
 bool CDocument::IsOutdated(std::string_view strSuffix) const { return m_stamps.IsOutdated(strSuffix, m_strModel); }
@@ -174,6 +206,14 @@ bool CDocument::HasOutdatedResults() const {
   });
 }
 
+const host::Advice* CDocument::FindError(std::string_view strSuffix) const {
+  const host::ResultStamp* const pStamp = m_stamps.Find(strSuffix);
+  if (pStamp == nullptr) return nullptr;
+  const host::AdviceList& list = pStamp->advice[static_cast<std::size_t>(host::GetLanguage())];
+  const auto it = std::ranges::find(list, host::Severity::Error, &host::Advice::severity);
+  return it == list.end() ? nullptr : &*it;
+}
+
 const host::ResultStamp* CDocument::FindStamp(const host::JobAnalysis& analysis) const {
   for (const host::ResultStamp& stamp : m_stamps.GetAll()) {
     const std::optional<host::JobAnalysis> run = host::ParseAnalysis(stamp.strAnalysis, GetJob());
@@ -182,13 +222,18 @@ const host::ResultStamp* CDocument::FindStamp(const host::JobAnalysis& analysis)
   return nullptr;
 }
 
-void CDocument::RefreshResults() {
+void CDocument::ForgetResults() {
   m_linear.reset();
   m_nonlinear.reset();
   m_modes.reset();
   m_spectrum.reset();
   m_histories.reset();
+  m_forces = {};
   m_stamps = IsOpen() ? host::CStamps::Read(GetJobPath()) : host::CStamps();
+}
+
+void CDocument::RefreshResults() {
+  ForgetResults();
   resultsChanged.Send();
 }
 
@@ -199,7 +244,9 @@ void CDocument::Select(Selection selection) {
 }
 
 void CDocument::SetLanguage(host::Language language) {
-  if (host::SetLanguage(language) != language) m_languageChanged.Send();
+  if (host::SetLanguage(language) == language) return;
+  if (IsOpen()) m_warnings = host::ParseJob(host::FormatJob(GetJob()), GetJobPath()).warnings;
+  m_languageChanged.Send();
 }
 
 void CDocument::OnLanguage(const std::function<void()>& speak) {

@@ -68,6 +68,7 @@ class CFormMaker {
 CGeneratorDialog::CGeneratorDialog(QWidget* pParent)
     : QDialog(pParent), m_layout(this), m_buttons(QDialogButtonBox::Ok | QDialogButtonBox::Cancel) {
   setObjectName(QStringLiteral("generator"));
+  m_conflict.setObjectName(QStringLiteral("conflict"));
   setWindowTitle(ToQt(Say(texts::c_generatorTitle)));
   m_pages.setObjectName(QStringLiteral("generators"));
   AddPage<host::BuildingParameters>(texts::c_building, "building");
@@ -79,7 +80,7 @@ CGeneratorDialog::CGeneratorDialog(QWidget* pParent)
   m_columns.addWidget(&m_pages, 2);
   m_columns.addWidget(&m_view, 3);
   m_layout.addLayout(&m_columns);
-  m_layout.addWidget(&m_counts);
+  m_layout.addWidget(&m_conflict);
   m_layout.addWidget(&m_buttons);
   connect(&m_pages, &QTabWidget::currentChanged, this, [this] { Draw(); });
   connect(&m_buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
@@ -108,9 +109,7 @@ void CGeneratorDialog::AddPage(const host::Words& title, const char* pszName) {
 void CGeneratorDialog::Draw() {
   m_generators[static_cast<std::size_t>(m_pages.currentIndex())]();
   if (m_strConflict.empty()) m_view.SetScene(host::CScene(m_job));
-  const std::string strCounts =
-      Say(texts::c_counts, {std::to_string(m_job.nodes.size()), std::to_string(m_job.elements.size())});
-  m_counts.setText(ToQt(m_strConflict.empty() ? strCounts : m_strConflict));
+  m_conflict.setText(ToQt(m_strConflict));
   m_buttons.button(QDialogButtonBox::Ok)->setEnabled(m_strConflict.empty());
 }
 

@@ -1,8 +1,8 @@
 #include "skyframe/gui/HelpWindow.h"
 
-#include <QAction>
 #include <QCoreApplication>
 #include <QDir>
+#include <QTextBlock>
 #include <QUrl>
 
 #include "skyframe/job/Language.h"
@@ -30,17 +30,26 @@ CHelpWindow::CHelpWindow(QWidget* pParent) : QMainWindow(pParent), m_bar(this), 
   setCentralWidget(&m_text);
   m_bar.setMovable(false);
   addToolBar(&m_bar);
-  QAction* const pHome = m_bar.addAction(ToQt(Say(texts::c_contents)), this, [this] { ShowPage({}); });
-  QAction* const pBack = m_bar.addAction(ToQt(Say(texts::c_back)), &m_text, &QTextBrowser::backward);
-  QAction* const pForward = m_bar.addAction(ToQt(Say(texts::c_forward)), &m_text, &QTextBrowser::forward);
-  pHome->setShortcut(QKeySequence(QStringLiteral("Alt+Home")));
-  pBack->setShortcut(QKeySequence::Back);
-  pForward->setShortcut(QKeySequence::Forward);
-  connect(&m_text, &QTextBrowser::backwardAvailable, pBack, &QAction::setEnabled);
-  connect(&m_text, &QTextBrowser::forwardAvailable, pForward, &QAction::setEnabled);
-  connect(&m_text, &QTextBrowser::sourceChanged, this,
-          [this] { setWindowTitle(m_text.documentTitle() + ToQt(Say(texts::c_manualTitle))); });
+  m_pHome = m_bar.addAction(QString(), this, [this] { ShowPage({}); });
+  m_pBack = m_bar.addAction(QString(), &m_text, &QTextBrowser::backward);
+  m_pForward = m_bar.addAction(QString(), &m_text, &QTextBrowser::forward);
+  m_pHome->setShortcut(QKeySequence(QStringLiteral("Alt+Home")));
+  m_pBack->setShortcut(QKeySequence::Back);
+  m_pForward->setShortcut(QKeySequence::Forward);
+  connect(&m_text, &QTextBrowser::backwardAvailable, m_pBack, &QAction::setEnabled);
+  connect(&m_text, &QTextBrowser::forwardAvailable, m_pForward, &QAction::setEnabled);
+  connect(&m_text, &QTextBrowser::sourceChanged, this, [this] {
+    setWindowTitle(m_text.document()->firstBlock().text() + ToQt(Say(texts::c_manualTitle)));  // its heading
+  });
+  Speak();
   resize(fontMetrics().height() * 55, fontMetrics().height() * 42);
+}
+
+void CHelpWindow::Speak() {
+  m_pHome->setText(ToQt(Say(texts::c_contents)));
+  m_pBack->setText(ToQt(Say(texts::c_back)));
+  m_pForward->setText(ToQt(Say(texts::c_forward)));
+  ShowPage(m_text.source().fileName());
 }
 
 void CHelpWindow::ShowPage(const QString& strPage) {

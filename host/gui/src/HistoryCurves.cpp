@@ -4,9 +4,9 @@
 #include <limits>
 
 #include "HistoryTexts.h"
-#include "skyframe/job/Text.h"
 #include "skyframe/results/Histories.h"
 #include "skyframe/scene/DeformedShape.h"
+#include "skyframe/tables/Table.h"
 
 namespace skyframe::gui {
 
@@ -26,7 +26,16 @@ CurveColumn FindColumn(const HistorySet& history, const CurveId& curve) {
   return {history.baseShear, static_cast<int>(nKind - static_cast<std::size_t>(CurveKind::ShearX))};
 }
 
-std::string QuoteCsv(const std::string& strText) { return '"' + strText + '"'; }
+/// m or N by step; not a number where it cannot be drawn.
+std::vector<double> FormDrawnCurve(const HistorySet& history, const CurveId& curve) {
+  std::vector<double> values;
+  values.reserve(static_cast<std::size_t>(history.nSteps));
+  for (int k = 0; k < history.nSteps; ++k) {
+    const double dValue = ReadValue(history, curve, k);
+    values.push_back(std::abs(dValue) <= host::c_dLargestDrawn ? dValue : std::numeric_limits<double>::quiet_NaN());
+  }
+  return values;
+}
 
 }  // namespace
 
@@ -47,15 +56,7 @@ bool HasCurve(const HistorySet& history, const CurveId& curve) { return FindColu
 
 double ReadValue(const HistorySet& history, const CurveId& curve, int nStep) {
   const CurveColumn column = FindColumn(history, curve);
-  const double dValue = column.table[nStep][column.nColumn];
-  return std::abs(dValue) <= host::c_dLargestDrawn ? dValue : std::numeric_limits<double>::quiet_NaN();
-}
-
-std::vector<double> ReadCurve(const HistorySet& history, const CurveId& curve) {
-  std::vector<double> values;
-  values.reserve(static_cast<std::size_t>(history.nSteps));
-  for (int k = 0; k < history.nSteps; ++k) values.push_back(ReadValue(history, curve, k));
-  return values;
+  return column.table[nStep][column.nColumn];
 }
 
 CurveId FindLargestCurve(const HistorySet& history) {
@@ -85,7 +86,7 @@ host::HistoryPicture FormPicture(const host::Job& job, const HistorySet& history
   picture.strQuantity = strGroup;
   picture.unit = units.Get(group);
   picture.dTimeStep = history.dTimeStep;
-  for (const CurveId& curve : curves) picture.curves.push_back({NameCurve(job, curve), ReadCurve(history, curve)});
+  for (const CurveId& curve : curves) picture.curves.push_back({NameCurve(job, curve), FormDrawnCurve(history, curve)});
   // A single curve has no legend.
   const bool bNamed = curves.size() == 1;
   if (bNamed) picture.strQuantity = picture.curves.front().strName;
@@ -95,25 +96,22 @@ host::HistoryPicture FormPicture(const host::Job& job, const HistorySet& history
 
 std::string FormCsv(const host::Job& job, const HistorySet& history, const std::vector<CurveId>& curves,
                     const CurveUnits& units) {
-  constexpr std::string_view c_strByteOrderMark = "\xEF\xBB\xBF";
-  std::string strText(c_strByteOrderMark);
-  strText += "t [s]";
-  std::vector<std::vector<double>> columns;
-  for (const CurveId& curve : curves) {
-    const host::HistoryUnit& unit = units.Get(curve.GetGroup());
-    strText += "," + QuoteCsv(NameCurve(job, curve) + " [" + std::string(unit.strName) + "]");
-    columns.push_back(ReadCurve(history, curve));
+  std::vector<std::string> names;  // for the headings, which do not own their texts
+  for (const CurveId& curve : curves) names.push_back(NameCurve(job, curve));
+  host::Table table;
+  table.columns.push_back({host::Words(std::string_view("t"), "t"), "s"});
+  for (std::size_t c = 0; c < curves.size(); ++c) {
+    const std::string_view strName = names[c];
+    table.columns.push_back({host::Words(strName, strName), units.Get(curves[c].GetGroup()).strName});
   }
-  strText += "\r\n";
   for (int k = 0; k < history.nSteps; ++k) {
-    strText += host::Format("%.10g", (k + 1) * history.dTimeStep);
+    table.columns.front().numbers.push_back((k + 1) * history.dTimeStep);
     for (std::size_t c = 0; c < curves.size(); ++c) {
       const double dFactor = units.Get(curves[c].GetGroup()).dFactor;
-      strText += "," + host::Format("%.8g", dFactor * columns[c][static_cast<std::size_t>(k)]);
+      table.columns[c + 1].numbers.push_back(dFactor * ReadValue(history, curves[c], k));
     }
-    strText += "\r\n";
   }
-  return strText;
+  return host::FormatCsv(table);
 }
 
 }  // namespace skyframe::gui

@@ -1,6 +1,5 @@
 #include "skyframe/gui/HistoryPanel.h"
 
-#include <QFileDialog>
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QShortcut>
@@ -11,10 +10,9 @@
 #include <utility>
 
 #include "HistoryTexts.h"
+#include "SaveFile.h"
 #include "ShapeTitle.h"
 #include "skyframe/job/Text.h"
-#include "skyframe/platform/OutputFile.h"
-#include "skyframe/platform/Platform.h"
 #include "skyframe/qt/Font.h"
 #include "skyframe/results/Histories.h"
 #include "skyframe/values/ResultFiles.h"
@@ -214,7 +212,8 @@ void CHistoryPanel::Refresh() {
     m_bShowOld = false;
   }
   const HistorySet* const pShown = GetShown();
-  m_player.SetHistory(pShown != nullptr ? pShown->nSteps : 0, pShown != nullptr ? pShown->dTimeStep : 0.0);
+  m_player.SetHistory(pShown != nullptr ? pShown->nSteps : 0, pShown != nullptr ? pShown->dTimeStep : 0.0,
+                      m_document.GetStep());
   m_dLargest = pShown != nullptr ? host::MeasureMotion(*pShown) : 0.0;
   if (pShown != nullptr && m_curves.empty()) m_curves = {FindLargestCurve(*pShown)};
   ShowState();
@@ -358,17 +357,11 @@ void CHistoryPanel::SelectCurrent() {
 }
 
 void CHistoryPanel::OnSaveCurves() {
-  const QString strName = ToQt(m_document.GetJobPath() + "_curves.csv");
-  QFileDialog dialog(this, ToQt(Say(texts::c_csvTitle)), strName, ToQt(Say(texts::c_csvFilter)));
-  dialog.setAcceptMode(QFileDialog::AcceptSave);
-  dialog.setDefaultSuffix(QStringLiteral("csv"));
-  dialog.selectFile(QFileInfo(strName).fileName());
-  if (dialog.exec() != QDialog::Accepted) return;
+  constexpr FileKind c_kind = {texts::c_csvTitle, texts::c_csvFilter, "csv"};
+  const QString strFile = AskForFile(this, c_kind, ToQt(m_document.GetJobPath() + "_curves.csv"));
   const HistorySet* const pShown = GetShown();
-  if (pShown == nullptr) return;
-  COutputFile file(dialog.selectedFiles().constFirst().toStdString());
-  file.GetStream() << FormCsv(m_document.GetJob(), *pShown, m_curves, GetUnits());
-  if (!file.Commit()) GetPlatform().ShowMessage(Say(texts::c_csvFailed, {file.GetError()}));
+  if (strFile.isEmpty() || pShown == nullptr) return;
+  WriteText(strFile, FormCsv(m_document.GetJob(), *pShown, m_curves, GetUnits()), texts::c_csvFailed);
 }
 
 }  // namespace skyframe::gui

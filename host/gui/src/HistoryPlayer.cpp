@@ -1,6 +1,7 @@
 #include "skyframe/gui/HistoryPlayer.h"
 
 #include <QHBoxLayout>
+#include <QSignalBlocker>
 #include <QStyle>
 #include <algorithm>
 #include <array>
@@ -86,11 +87,12 @@ void CHistoryPlayer::Speak() {
   ShowTime();
 }
 
-void CHistoryPlayer::SetHistory(int nSteps, double dTimeStep) {
+void CHistoryPlayer::SetHistory(int nSteps, double dTimeStep, int nStep) {
   Stop();
   m_dTimeStep = dTimeStep;
+  const QSignalBlocker blocker(m_slider);  // who sets a history looks at its step
   m_slider.setRange(0, std::max(nSteps - 1, 0));
-  m_slider.setValue(0);
+  m_slider.setValue(nStep);
   setEnabled(nSteps > 0);
   ShowTime();
 }

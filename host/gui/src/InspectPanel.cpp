@@ -2,6 +2,7 @@
 
 #include <QHeaderView>
 #include <algorithm>
+#include <iterator>
 #include <memory>
 
 #include "PartData.h"
@@ -107,6 +108,7 @@ void CInspectPanel::Find() {
 void CInspectPanel::ShowAlone() {
   if (!m_alone.isChecked()) return m_view.SetShown({});
   const Selection& selection = m_document.GetSelection();
+  if (selection.IsEmpty()) return m_alone.setChecked(false);
   const auto& elements = m_document.GetJob().elements;
   std::vector<bool> members(elements.size());
   for (std::size_t k = 0; k < members.size(); ++k) {
@@ -115,11 +117,7 @@ void CInspectPanel::ShowAlone() {
                           selection.nodes.contains(elements[k].nNodeJ - 1);
     members[k] = bBetween || selection.elements.contains(static_cast<int>(k));
   }
-  if (std::ranges::none_of(members, [](bool b) { return b; })) {
-    m_alone.setChecked(false);
-    return;
-  }
-  m_view.SetShown(host::CShownParts(m_view.GetScene(), std::move(members)));
+  m_view.SetShown(host::CShownParts(m_view.GetScene(), std::move(members), selection.nodes));
 }
 
 void CInspectPanel::Fill() {

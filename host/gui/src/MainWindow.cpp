@@ -22,11 +22,11 @@
 
 #include "ErrorDialog.h"
 #include "HistoryTexts.h"
+#include "SaveFile.h"
 #include "ShapeTitle.h"
 #include "skyframe/book/CalculationReport.h"
 #include "skyframe/connect/Findings.h"
 #include "skyframe/gui/GeneratorDialog.h"
-#include "skyframe/platform/OutputFile.h"
 #include "skyframe/qt/Font.h"
 #include "skyframe/qt/QtTranslation.h"
 #include "skyframe/results/Histories.h"
@@ -56,6 +56,8 @@ std::unique_ptr<QSettings> OpenSettings(const QString& strFile) {
   return std::make_unique<QSettings>(QStringLiteral("skyframe"), QStringLiteral("skyframe-gui"));
 }
 
+constexpr FileKind c_jobKind = {texts::c_saveTitle, texts::c_jobFilter, "json"};
+
 /// Chinese unless the person has chosen the other.
 host::Language ReadLanguage(const QSettings& settings) {
   const bool bEnglish = settings.value(c_strLanguageKey).toString() == QLatin1String("en");
@@ -80,7 +82,9 @@ CMainWindow::CMainWindow(const QString& strSettingsFile)
       m_consoleDock(this),
       m_decoder(QStringDecoder::Utf8),
       m_summaryDock(this),
+      m_summary(m_document),
       m_adviceDock(this),
+      m_advice(m_document),
       m_resultDock(this),
       m_results(m_document),
       m_historyDock(this),
@@ -113,6 +117,8 @@ CMainWindow::CMainWindow(const QString& strSettingsFile)
     UseQtTranslation(bChinese ? "zh_CN" : "en");
     m_platform.SetTipLanguage(bChinese ? TipLanguage::Chinese : TipLanguage::English);
     ShowTitle();
+    ShowStatus();
+    if (m_pHelp) m_pHelp->Speak();
   });
   m_platform.SetConsoleSink([this](std::string_view strText) { AppendConsole(strText); });
   SetFontScale(m_pSettings->value(c_strFontKey, 100).toInt() / 100.0);
@@ -230,7 +236,7 @@ void CMainWindow::MakeViewMenu() {
 }
 
 void CMainWindow::MakeFontMenu(QMenu& viewMenu) {
-  QMenu& menu = m_make.AddMenu(viewMenu, texts::c_fontMenu);
+  QMenu& menu = m_make.AddMenu(viewMenu, texts::c_fontMenu, texts::c_fontTip);
   for (const int nPercent : c_nFontPercents) {
     QAction* const pAction = menu.addAction(QString::number(nPercent) + QStringLiteral(" %"), this, [this, nPercent] {
       m_pSettings->setValue(c_strFontKey, nPercent);
@@ -244,7 +250,7 @@ void CMainWindow::MakeFontMenu(QMenu& viewMenu) {
 }
 
 void CMainWindow::MakeLanguageMenu(QMenu& viewMenu) {
-  QMenu& menu = m_make.AddMenu(viewMenu, texts::c_languageMenu);
+  QMenu& menu = m_make.AddMenu(viewMenu, texts::c_languageMenu, texts::c_languageTip);
   for (const host::Language language : {host::Language::Chinese, host::Language::English}) {
     const auto k = static_cast<std::size_t>(language);
     QAction* const pAction = menu.addAction(QString::fromUtf8(c_pszLanguageNames[k]), this, [this, language, k] {
@@ -342,27 +348,38 @@ bool CMainWindow::OpenJob(const QString& strFile) {
     return false;
   }
   m_console.clear();
-  m_summary.clear();
+  m_summary.ForgetRuns();
   statusBar()->clearMessage();
-  const host::AdviceList list = host::AdviseOnInput(m_document.GetWarnings());
-  m_advice.ShowAdvice(list);
-  if (!list.empty()) m_adviceDock.raise();
+  m_advice.ShowAdvice([this] { return host::AdviseOnInput(m_document.GetWarnings()); });
+  if (!m_document.GetWarnings().empty()) m_adviceDock.raise();
   for (QAction* const pAction : m_jobActions) pAction->setEnabled(true);
   Remember(strFile);
   return true;
 }
 
-bool CMainWindow::OnSave() { return SaveTo(m_document.GetFile()); }
+bool CMainWindow::OnSave() {
+  if (m_document.IsChangedOnDisk() && !MayOverwrite()) return false;
+  return SaveTo(m_document.GetFile());
+}
 
-QString CMainWindow::AskForFile(const QString& strProposed) {
-  QFileDialog dialog(this, ToQt(Say(texts::c_saveTitle)), strProposed, ToQt(Say(texts::c_jobFilter)));
-  dialog.setAcceptMode(QFileDialog::AcceptSave);
-  dialog.setDefaultSuffix(QStringLiteral("json"));
-  return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().constFirst() : QString();
+bool CMainWindow::MayOverwrite() {
+  QMessageBox box(QMessageBox::Warning, ToQt(Say(texts::c_program)), ToQt(Say(texts::c_changedOnDisk)),
+                  QMessageBox::NoButton, this);
+  const QPushButton* const pOverwrite = box.addButton(ToQt(Say(texts::c_overwrite)), QMessageBox::DestructiveRole);
+  const QPushButton* const pReload = box.addButton(ToQt(Say(texts::c_readAgain)), QMessageBox::ResetRole);
+  QPushButton* const pCancel = box.addButton(ToQt(Say(texts::c_cancel)), QMessageBox::RejectRole);
+  box.setDefaultButton(pCancel);
+  box.setEscapeButton(pCancel);
+  box.exec();
+  if (box.clickedButton() == pReload) {
+    m_document.Forget();
+    OpenJob(m_document.GetFile());
+  }
+  return box.clickedButton() == pOverwrite;
 }
 
 bool CMainWindow::OnSaveAs() {
-  const QString strFile = AskForFile(m_document.GetFile());
+  const QString strFile = AskForFile(this, c_jobKind, m_document.GetFile());
   return !strFile.isEmpty() && SaveTo(strFile);
 }
 
@@ -370,11 +387,8 @@ void CMainWindow::OnNew() {
   if (!MayLeaveJob()) return;
   CGeneratorDialog dialog(this);
   if (dialog.exec() != QDialog::Accepted) return;
-  const QString strFile = AskForFile(QStringLiteral("frame.json"));
-  if (strFile.isEmpty()) return;
-  COutputFile file(strFile.toStdString());
-  file.GetStream() << host::FormatJob(dialog.GetJob());
-  if (!file.Commit()) return m_platform.ShowMessage(Say(texts::c_saveFailed, {file.GetError()}));
+  const QString strFile = AskForFile(this, c_jobKind, QStringLiteral("frame.json"));
+  if (strFile.isEmpty() || !WriteText(strFile, host::FormatJob(dialog.GetJob()), texts::c_saveFailed)) return;
   m_document.Forget();
   OpenJob(strFile);
 }
@@ -452,25 +466,18 @@ void CMainWindow::RunAll() {
   for (const host::JobAnalysis& analysis : analyses) {
     std::ostringstream messages;
     host::CWindowedPlatform platform(m_platform, messages, m_platform.GetConsole());
-    host::AnalysisRun run = host::RunScripted(m_document.GetSession(), analysis, platform);
+    const host::AnalysisRun run = host::RunScripted(m_document.GetSession(), analysis, platform);
     m_platform.GetConsole().flush();
-    run.report.strSummary = messages.str() + run.report.strSummary;
-    ShowRun(host::GetKind(analysis), run);
+    ShowRun(host::GetKind(analysis), run, messages.str());
   }
 }
 
-void CMainWindow::ShowRun(host::AnalysisKind kind, const host::AnalysisRun& run) {
+void CMainWindow::ShowRun(host::AnalysisKind kind, const host::AnalysisRun& run, const std::string& strMessages) {
   const RunFindings& findings = host::GetFindings(kind);
   m_document.RefreshResults();
   ShowStatus();
   if (findings.status == RunStatus::Cancelled) return;  // what was told of the run before still holds
-  host::AdviceList list = host::AdviseOnFiles(findings);
-  std::ranges::copy(run.report.advice, std::back_inserter(list));
-  m_advice.ShowAdvice(list);
-  std::string strErrors;
-  for (const std::string& strError : run.errors) strErrors += strError + "\n";
-  if (run.analysis) m_summary.AddRun(std::string(host::GetName(*run.analysis)), strErrors + run.report.strSummary);
-  (host::HasError(list) ? m_adviceDock : m_summaryDock).raise();
+  TellOfRun(kind, run, strMessages);
   if (findings.status != RunStatus::Done) return;
   const bool bNonlinear = kind == host::AnalysisKind::Static && GetStaticFindings().bNonlinear;
   if (kind == host::AnalysisKind::Modal) m_shapeBar.Choose(host::ShapeKind::Mode);
@@ -482,6 +489,23 @@ void CMainWindow::ShowRun(host::AnalysisKind kind, const host::AnalysisRun& run)
   }
 }
 
+void CMainWindow::TellOfRun(host::AnalysisKind kind, const host::AnalysisRun& run, const std::string& strMessages) {
+  const auto advise = [failures = host::GetFindings(kind), report = run.report] {
+    host::AdviceList list = host::AdviseOnFiles(failures);
+    std::ranges::copy(report.adviceIn[static_cast<std::size_t>(host::GetLanguage())], std::back_inserter(list));
+    return list;
+  };
+  m_advice.ShowAdvice(advise);
+  (host::HasError(advise()) ? m_adviceDock : m_summaryDock).raise();
+  if (!run.analysis) return;
+  std::string strBefore = strMessages;
+  for (const std::string& strError : run.errors) strBefore += strError + "\n";
+  m_summary.AddRun([strBefore, analysis = *run.analysis, report = run.report] {
+    return std::string(host::GetName(analysis)) + "\n" + strBefore +
+           report.summaryIn[static_cast<std::size_t>(host::GetLanguage())];
+  });
+}
+
 void CMainWindow::ShowHistories() {
   m_document.GetSession().ShowHistories();
   m_document.RefreshResults();
@@ -489,6 +513,7 @@ void CMainWindow::ShowHistories() {
 }
 
 void CMainWindow::ShowStatus() {
+  if (!m_document.IsOpen()) return;
   const HistorySet& histories = m_document.GetSession().GetHistories();
   if (!histories.bComplete) return;
   statusBar()->showMessage(ToQt(Say(texts::c_shownHistory, {host::DescribeHistory(histories)})));
@@ -522,29 +547,24 @@ void CMainWindow::FillRecentMenu() {
 }
 
 void CMainWindow::OnSavePicture() {
-  const std::string strForces = m_resultBar.FormFileName();
-  const std::string strShown = strForces.empty() ? m_shapeBar.FormFileName() : strForces;
-  const std::string strName = m_document.GetJobPath() + "_" + strShown + ".png";
-  QFileDialog dialog(this, ToQt(Say(texts::c_pictureTitle)), ToQt(strName), ToQt(Say(texts::c_pictureFilter)));
-  dialog.setAcceptMode(QFileDialog::AcceptSave);
-  dialog.setDefaultSuffix(QStringLiteral("png"));
-  dialog.selectFile(QFileInfo(ToQt(strName)).fileName());
-  if (dialog.exec() != QDialog::Accepted || m_view.grab().save(dialog.selectedFiles().constFirst(), "PNG")) return;
+  constexpr FileKind c_kind = {texts::c_pictureTitle, texts::c_pictureFilter, "png"};
+  const QString strFile = AskForFile(this, c_kind, ToQt(m_document.GetJobPath() + "_" + FormPictureName() + ".png"));
+  if (strFile.isEmpty() || m_view.grab().save(strFile, "PNG")) return;
   m_platform.ShowMessage(Say(texts::c_pictureFailed));
 }
 
+std::string CMainWindow::FormPictureName() const {
+  const std::string strForces = m_resultBar.FormFileName();
+  if (strForces.empty()) return m_shapeBar.FormFileName();
+  return m_view.IsShapeDrawn() ? m_shapeBar.FormFileName() + "_" + strForces : strForces;
+}
+
 void CMainWindow::OnReport() {
-  const QString strName = ToQt(m_document.GetJobPath()) + QStringLiteral("_report.html");
-  QFileDialog dialog(this, ToQt(Say(texts::c_reportTitle)), strName, ToQt(Say(texts::c_reportFilter)));
-  dialog.setAcceptMode(QFileDialog::AcceptSave);
-  dialog.setDefaultSuffix(QStringLiteral("html"));
-  dialog.selectFile(QFileInfo(strName).fileName());
-  if (dialog.exec() != QDialog::Accepted) return;
-  const QString strFile = dialog.selectedFiles().constFirst();
-  COutputFile file(strFile.toStdString());
-  file.GetStream() << host::WriteReport(m_document.GetJob(), m_document.GetJobPath(), m_document.GetWarnings());
-  if (!file.Commit()) return m_platform.ShowMessage(Say(texts::c_reportFailed, {file.GetError()}));
-  QDesktopServices::openUrl(QUrl::fromLocalFile(strFile));
+  constexpr FileKind c_kind = {texts::c_reportTitle, texts::c_reportFilter, "html"};
+  const QString strFile = AskForFile(this, c_kind, ToQt(m_document.GetJobPath() + "_report.html"));
+  if (strFile.isEmpty()) return;
+  const std::string strPage = host::WriteReport(m_document.GetJob(), m_document.GetJobPath(), m_document.GetWarnings());
+  if (WriteText(strFile, strPage, texts::c_reportFailed)) QDesktopServices::openUrl(QUrl::fromLocalFile(strFile));
 }
 
 void CMainWindow::OnPrint() {

@@ -12,8 +12,6 @@ namespace skyframe::gui {
 
 namespace {
 
-using Forces = host::Reading<host::StructureForces>;
-
 std::string FormatValue(double dValue, std::string_view strUnit) {
   return host::Format("%.6g ", dValue) + std::string(strUnit);
 }
@@ -46,14 +44,9 @@ void AddDisplacement(const NodeValues& u, PartData& data) {
   }
 }
 
-/// Of a file; null pointer: nothing is added.
-template <class File>
-void AddNodeResults(const File* pFile, const host::Job& job, int nNode, PartData& data) {
-  if (pFile == nullptr) return;
-  AddDisplacement(pFile->displacements[static_cast<std::size_t>(nNode)], data);
-  const Forces forces = host::FormMemberForces(*pFile, {job.nodes.size(), job.elements.size()});
-  if (!forces) return;
-  for (const host::SupportForces& reaction : forces->reactions) {
+void AddReactions(const host::StructureForces* pForces, int nNode, PartData& data) {
+  if (pForces == nullptr) return;
+  for (const host::SupportForces& reaction : pForces->reactions) {
     if (reaction.nNode != nNode) continue;
     for (std::size_t d = 0; d < reaction.forces.size(); ++d) {
       data.lines.emplace_back(Say(texts::c_reactionOf, {host::c_strDirections[d]}),
@@ -62,9 +55,9 @@ void AddNodeResults(const File* pFile, const host::Job& job, int nNode, PartData
   }
 }
 
-void AddElementForces(const Forces& forces, int nElement, PartData& data) {
-  if (!forces) return;
-  const host::MemberForces& member = forces->members[static_cast<std::size_t>(nElement)];
+void AddElementForces(const host::StructureForces* pForces, int nElement, PartData& data) {
+  if (pForces == nullptr) return;
+  const host::MemberForces& member = pForces->members[static_cast<std::size_t>(nElement)];
   for (std::size_t q = 0; q < host::c_nForceComponents; ++q) {
     const auto quantity = static_cast<host::MemberQuantity>(q);
     if (!member.Has(quantity)) continue;
@@ -79,16 +72,6 @@ void AddElementForces(const Forces& forces, int nElement, PartData& data) {
           strName, host::Format("i %.6g   j %.6g   |max| %.6g ", values.front(), values.back(), dExtreme) + strUnit);
     }
   }
-}
-
-Forces FormForces(CDocument& document, ResultKind kind) {
-  const host::StructureSize size = {document.GetJob().nodes.size(), document.GetJob().elements.size()};
-  if (kind == ResultKind::Spectrum) {
-    const auto* const pFile = document.GetSpectrum();
-    return pFile == nullptr ? Forces() : host::FormMemberForces(*pFile, size);
-  }
-  const auto* const pFile = document.GetStatic(kind == ResultKind::Nonlinear);
-  return pFile == nullptr ? Forces() : host::FormMemberForces(*pFile, size);
 }
 
 std::string DescribeSupport(const host::JobNode& node) {
@@ -116,11 +99,11 @@ std::vector<PartData> DescribeNode(CDocument& document, int nNode) {
   std::vector<PartData> groups = {std::move(data), DescribeLoads(job, nNode)};
   for (const ResultKind kind : ListResults(document)) {
     PartData results{FormResultTitle(kind), {}};
-    if (kind == ResultKind::Spectrum) {
-      AddNodeResults(document.GetSpectrum(), job, nNode, results);
-    } else {
-      AddNodeResults(document.GetStatic(kind == ResultKind::Nonlinear), job, nNode, results);
-    }
+    const auto add = [nNode, &results](const auto* pFile) {
+      if (pFile != nullptr) AddDisplacement(pFile->displacements[static_cast<std::size_t>(nNode)], results);
+    };
+    kind == ResultKind::Spectrum ? add(document.GetSpectrum()) : add(document.GetStatic(kind == ResultKind::Nonlinear));
+    AddReactions(document.GetForces(kind), nNode, results);
     groups.push_back(std::move(results));
   }
   return groups;
@@ -146,7 +129,7 @@ std::vector<PartData> DescribeElement(CDocument& document, int nElement) {
   std::vector<PartData> groups = {std::move(data)};
   for (const ResultKind kind : ListResults(document)) {
     PartData results{FormResultTitle(kind), {}};
-    AddElementForces(FormForces(document, kind), nElement, results);
+    AddElementForces(document.GetForces(kind), nElement, results);
     groups.push_back(std::move(results));
   }
   return groups;

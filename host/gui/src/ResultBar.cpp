@@ -1,11 +1,13 @@
 #include "skyframe/gui/ResultBar.h"
 
 #include <QSignalBlocker>
+#include <algorithm>
 #include <array>
 #include <set>
 
 #include "ShapeTitle.h"
 #include "skyframe/job/Text.h"
+#include "skyframe/platform/NumberText.h"
 #include "skyframe/qt/Font.h"
 #include "skyframe/run/AnalysisRun.h"
 #include "texts.h"
@@ -22,8 +24,7 @@ constexpr int c_nUsualSize = 20;                                // slider steps 
 constexpr int c_nLargestSize = 100;
 constexpr int c_nSliderWidth = 90;
 
-// Entries of the list of loads; behind them come the cases, then the combinations.
-enum LoadChoice : int { c_nNoLoads, c_nAllLoads, c_nFirstCase };
+constexpr int c_nNoLoads = 0;  // first entry of the list of loads
 
 /// Nothing for the first entry of a list, "none".
 std::optional<host::MemberQuantity> GetQuantity(const QComboBox& list, int nFirst) {
@@ -50,6 +51,16 @@ std::set<int> ListCases(const host::Job& job) {
 
 const host::JobCombination& GetCombination(const host::JobAnalysis& analysis) {
   return std::visit([](const auto& a) -> const host::JobCombination& { return a.combination; }, analysis);
+}
+
+/// Equal for combinations that make the same loads for the same analysis.
+std::string NameCombination(const host::JobAnalysis& analysis, const host::JobCombination& combination) {
+  const host::CLanguageScope english(host::Language::English);
+  std::string strName(host::GetName(analysis));
+  for (const auto& [nCase, dFactor] : combination) {
+    strName += " " + std::to_string(nCase) + "*" + FormatShortest(dFactor);
+  }
+  return strName;
 }
 
 }  // namespace
@@ -130,7 +141,8 @@ void CResultBar::FillSources() {
     for (const ResultKind kind : c_kinds) {
       if (!m_document.HasResult(kind)) continue;
       const bool bOutdated = m_document.IsOutdated(GetSuffix(kind));
-      m_sources.addItem(ToQt(FormResultTitle(kind) + (bOutdated ? FormOutdatedMark() : "")), static_cast<int>(kind));
+      m_sources.addItem(ToQt(FormResultTitle(kind) + FormResultMark(m_document, GetSuffix(kind))),
+                        static_cast<int>(kind));
       if (m_source == kind && bOutdated) m_source.reset();  // until it is asked for
     }
     if (m_source) m_sources.setCurrentIndex(m_sources.findData(static_cast<int>(*m_source)));
@@ -151,20 +163,6 @@ std::optional<ResultKind> CResultBar::GetSource() const {
   return std::nullopt;
 }
 
-host::Reading<host::StructureForces> CResultBar::FormForces(ResultKind kind) {
-  const host::StructureSize size = {m_document.GetJob().nodes.size(), m_document.GetJob().elements.size()};
-  const auto form = [size](const auto* pFile) {
-    return pFile == nullptr ? host::Reading<host::StructureForces>() : host::FormMemberForces(*pFile, size);
-  };
-  if (kind == ResultKind::Spectrum) return form(m_document.GetSpectrum());
-  if (kind != ResultKind::History) return form(m_document.GetStatic(kind == ResultKind::Nonlinear));
-  const HistorySet* const pHistories = m_document.GetHistories();
-  const int nStep = m_document.GetStep();
-  if (pHistories == nullptr || nStep >= pHistories->nSteps) return {};
-  const CHistoryTable& forces = pHistories->values[c_nHistoryForce];
-  return host::FormMemberForces(std::span(forces[nStep], static_cast<std::size_t>(forces.GetCols())), size);
-}
-
 void CResultBar::ShowForces() {
   constexpr int c_nDisplacement = 1;
   m_view.SetShapeColours(m_colours.currentIndex() == c_nDisplacement);
@@ -176,9 +174,9 @@ void CResultBar::ShowForces() {
   m_size.setEnabled(drawn.diagram.has_value());
   const std::optional<ResultKind> kind = GetSource();
   if (!kind || (!drawn.diagram && !drawn.colours && !drawn.bReactions)) return m_view.SetForces(std::nullopt);
-  auto forces = FormForces(*kind);
-  if (!forces) return m_view.SetForces(std::nullopt);
-  drawn.forces = std::move(*forces);
+  const host::StructureForces* const pForces = m_document.GetForces(*kind);
+  if (pForces == nullptr) return m_view.SetForces(std::nullopt);
+  drawn.forces = *pForces;
   drawn.kind = *kind;
   drawn.strTitle = FormResultTitle(*kind);
   if (*kind == ResultKind::History) {
@@ -190,30 +188,41 @@ void CResultBar::ShowForces() {
 }
 
 void CResultBar::FillLoads() {
-  QStringList texts = {ToQt(Say(texts::c_none)), ToQt(Say(texts::c_allCases))};
-  if (m_document.IsOpen()) {
-    for (const int nCase : ListCases(m_document.GetJob())) {
-      texts << ToQt(Say(texts::c_loadCase, {std::to_string(nCase)}));
-    }
-    for (const host::JobAnalysis& analysis : m_document.GetJob().analyses) {
-      texts << ToQt(Say(texts::c_combinationOf, {host::GetName(analysis)}));
-    }
+  {
+    const QSignalBlocker blocker(m_loads);
+    const QString strChosen = m_loads.currentData().toString();
+    m_loads.clear();
+    for (LoadChoice& choice : ListLoads()) m_loads.addItem(choice.strText, choice.strId);
+    const bool bSameFile = m_strFile == m_document.GetFile();
+    m_loads.setCurrentIndex(bSameFile ? std::max(m_loads.findData(strChosen), 0) : 0);
+    m_strFile = m_document.GetFile();
   }
-  FillAgain(m_loads, texts);
   ShowLoads();
 }
 
-void CResultBar::ShowLoads() {
-  if (!m_document.IsOpen() || m_loads.currentIndex() <= c_nNoLoads) return m_view.SetLoads({});
-  const host::Job& job = m_document.GetJob();
-  const std::vector<host::SceneLoad>& loads = m_view.GetScene().GetLoads();
-  if (m_loads.currentIndex() == c_nAllLoads) return m_view.SetLoads(host::SelectLoads(loads, std::nullopt));
-  const std::set<int> cases = ListCases(job);
-  const auto nChosen = static_cast<std::size_t>(m_loads.currentIndex() - c_nFirstCase);
-  if (nChosen < cases.size()) {
-    return m_view.SetLoads(host::SelectLoads(loads, *std::next(cases.begin(), m_loads.currentIndex() - c_nFirstCase)));
+std::vector<CResultBar::LoadChoice> CResultBar::ListLoads() const {
+  std::vector<LoadChoice> choices = {{ToQt(Say(texts::c_none)), QStringLiteral("none"), std::nullopt, {}},
+                                     {ToQt(Say(texts::c_allCases)), QStringLiteral("all"), std::nullopt, {}}};
+  if (!m_document.IsOpen()) return choices;
+  for (const int nCase : ListCases(m_document.GetJob())) {
+    const std::string strCase = std::to_string(nCase);
+    choices.push_back({ToQt(Say(texts::c_loadCase, {strCase})), ToQt("case " + strCase), nCase, {}});
   }
-  m_view.SetLoads(host::CombineLoads(loads, GetCombination(job.analyses[nChosen - cases.size()])));
+  for (const host::JobAnalysis& analysis : m_document.GetJob().analyses) {
+    const host::JobCombination& combination = GetCombination(analysis);
+    choices.push_back({ToQt(Say(texts::c_combinationOf, {host::GetName(analysis)})),
+                       ToQt(NameCombination(analysis, combination)), std::nullopt, combination});
+  }
+  return choices;
+}
+
+void CResultBar::ShowLoads() {
+  const std::vector<host::SceneLoad>& loads = m_view.GetScene().GetLoads();
+  const int nRow = m_loads.currentIndex();
+  if (!m_document.IsOpen() || nRow <= c_nNoLoads) return m_view.SetLoads({});
+  const LoadChoice choice = ListLoads()[static_cast<std::size_t>(nRow)];
+  m_view.SetLoads(choice.combination ? host::CombineLoads(loads, *choice.combination)
+                                     : host::SelectLoads(loads, choice.nCase));
 }
 
 std::string CResultBar::FormFileName() const {

@@ -50,10 +50,12 @@ void CResultPanel::Refresh() {
   if (!m_document.IsOpen()) return;
   const auto nPrefix = QFileInfo(ToQt(m_document.GetJobPath())).fileName().toUtf8().size();
   for (const std::string& strFile : host::ListResultFiles(m_document.GetJobPath())) {
-    const bool bOutdated = m_document.IsOutdated(std::string_view(strFile).substr(static_cast<std::size_t>(nPrefix)));
-    auto pRow = std::make_unique<QListWidgetItem>(ToQt(strFile + (bOutdated ? FormOutdatedMark() : "")));
+    const std::string_view strSuffix = std::string_view(strFile).substr(static_cast<std::size_t>(nPrefix));
+    const bool bOutdated = m_document.IsOutdated(strSuffix);
+    const std::string strMark = FormResultMark(m_document, strSuffix);
+    auto pRow = std::make_unique<QListWidgetItem>(ToQt(strFile + strMark));
     pRow->setData(c_nNameRole, ToQt(strFile));
-    if (bOutdated) pRow->setForeground(Qt::darkRed);
+    if (!strMark.empty()) pRow->setForeground(Qt::darkRed);
     if (bOutdated) pRow->setToolTip(ToQt(Say(texts::c_outdatedTip)));
     m_list.addItem(pRow.release());  // the list takes it over
     if (ToQt(strFile) == strChosen) m_list.setCurrentRow(m_list.count() - 1);

@@ -111,7 +111,7 @@ void CShapeBar::FillList() {
   m_list.clear();
   m_list.addItem(ToQt(Say(texts::c_noShape)));
   for (const host::DeformedShape& shape : m_shapes) {
-    m_list.addItem(ToQt(FormShapeTitle(shape) + (IsOutdated(shape) ? FormOutdatedMark() : "")));
+    m_list.addItem(ToQt(FormShapeTitle(shape) + FormResultMark(m_document, GetSuffix(GetResult(shape.kind)))));
   }
   if (m_moment) m_list.addItem(ToQt(Say(texts::c_motion)));
   m_list.setCurrentIndex(m_moment ? m_list.count() - 1 : m_chosen ? FindRow(*m_chosen) : 0);

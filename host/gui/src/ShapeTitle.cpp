@@ -26,6 +26,13 @@ std::string FormResultTitle(ResultKind kind) {
   return std::string(Say(c_titles[static_cast<std::size_t>(kind)]));
 }
 
+std::string FormResultMark(const CDocument& document, std::string_view strSuffix) {
+  return (document.FindError(strSuffix) != nullptr ? FormFailedMark() : std::string()) +
+         (document.IsOutdated(strSuffix) ? FormOutdatedMark() : std::string());
+}
+
+std::string FormFailedMark() { return std::string(Say(texts::c_failedMark)); }
+
 std::string FormOutdatedMark() { return std::string(Say(texts::c_outdatedMark)); }
 
 }  // namespace skyframe::gui

@@ -17,7 +17,6 @@
 #include "skyframe/job/Text.h"
 #include "skyframe/platform/NumberText.h"
 #include "skyframe/qt/QtPaintContext.h"
-#include "skyframe/scene/BentMember.h"
 #include "texts.h"
 
 namespace skyframe::gui {
@@ -61,7 +60,9 @@ constexpr std::size_t c_nMostLabels = 400;
 constexpr host::AxesStyle c_axes = {34.0, 9.0, 2.0, {Colour{200, 40, 40}, Colour{30, 140, 30}, Colour{40, 70, 200}}};
 
 /// Three digits, without an exponent where that is readable.
-std::string FormatFactor(double dFactor) { return FormatGeneral(std::stod(host::Format("%.3g", dFactor))); }
+std::string FormatFactor(double dFactor) {
+  return FormatGeneral(ParseReal(host::Format("%.3g", dFactor)).value_or(dFactor));
+}
 
 /// Less than a hand moves when it clicks.
 bool IsStill(QPointF moved) { return moved.manhattanLength() < QApplication::startDragDistance(); }
@@ -204,14 +205,14 @@ void CStructureView::Paint(IPaintContext& paint) const {
   host::CScenePainter painter(paint, m_scene, m_camera, m_shown);
   host::CResultPainter results(paint, m_scene, m_camera, m_shown);
   PaintSelection(paint);
-  if (m_forces && m_forces->diagram) PaintForces(results, labels);
+  if (m_forces && m_forces->diagram) PaintDiagram(results, labels);
   PaintMembers(painter);
-  if (m_forces && m_forces->colours) {
-    results.PaintColours(host::ColourByForce(m_scene, m_forces->forces, *m_forces->colours),
-                         host::FormForceLegend(m_forces->forces, *m_forces->colours, m_shown).scale, c_dColourWidth);
-  }
   if (m_options.bSupports) painter.PaintSupports(c_supportColour);
-  if (m_shape) PaintShape(painter, results);
+  if (m_forces && m_forces->colours) {
+    PaintForceColours(results);
+  } else if (IsShapeDrawn()) {
+    PaintShape(painter, results);
+  }
   if (m_forces && m_forces->bReactions) results.PaintReactions(m_forces->forces, &labels);
   painter.PaintLoads(m_loads, &labels);
   if (m_options.bLocalAxes) painter.PaintLocalAxes(c_localColours);
@@ -225,7 +226,7 @@ void CStructureView::Paint(IPaintContext& paint) const {
 
 void CStructureView::PaintMembers(host::CScenePainter& painter) const {
   const double dBeamWidth = IsLarge() ? 1.0 : 1.6;
-  if (m_shape || (m_forces && m_forces->colours)) return painter.PaintMembers({c_pale, c_pale, dBeamWidth, 1.0});
+  if (IsShapeDrawn() || (m_forces && m_forces->colours)) return painter.PaintMembers({c_pale, c_pale, dBeamWidth, 1.0});
   painter.PaintMembers({c_near, c_far, dBeamWidth, 1.0});
 }
 
@@ -241,7 +242,12 @@ void CStructureView::PaintShape(host::CScenePainter& painter, host::CResultPaint
   painter.PaintLines(host::BendMembers(m_scene, *m_shape, dFactor, nSteps), {c_nearShape, c_farShape, dWidth, dWidth});
 }
 
-void CStructureView::PaintForces(host::CResultPainter& results, host::CLabelField& labels) const {
+void CStructureView::PaintForceColours(host::CResultPainter& results) const {
+  results.PaintColours(host::ColourByForce(GetPlaces(), m_forces->forces, *m_forces->colours),
+                       host::FormForceLegend(m_forces->forces, *m_forces->colours, m_shown).scale, c_dColourWidth);
+}
+
+void CStructureView::PaintDiagram(host::CResultPainter& results, host::CLabelField& labels) const {
   const double dSize = m_forces->dDiagramFactor * host::ChooseDiagramSize(m_scene);
   results.PaintDiagram(m_forces->forces, *m_forces->diagram, dSize, &labels);
 }
@@ -249,18 +255,17 @@ void CStructureView::PaintForces(host::CResultPainter& results, host::CLabelFiel
 void CStructureView::PaintPart(IPaintContext& paint, host::ScenePart part, Colour colour, double dWidth) const {
   if (part.kind == host::ScenePart::Kind::Node) {
     if (!m_shown.HasNode(part.nIndex)) return;
-    const PaintPoint at = m_camera.Project(m_scene.GetPlace(part.nIndex)).at;
+    const PaintPoint at = m_camera.Project(GetPlaces().GetNode(part.nIndex)).at;
     paint.SetPen(colour);
     paint.SetBrush(colour);
     return paint.Rectangle(at.dX - c_dNodeMark / 2, at.dY - c_dNodeMark / 2, c_dNodeMark, c_dNodeMark);
   }
   const auto nMember = static_cast<std::size_t>(part.nIndex);
   if (!m_shown.HasMember(nMember)) return;
-  const host::SceneMember& member = m_scene.GetMembers()[nMember];
-  const PaintPoint i = m_camera.Project(m_scene.GetPlace(member.nNodeI)).at;
-  const PaintPoint j = m_camera.Project(m_scene.GetPlace(member.nNodeJ)).at;
+  std::vector<PaintPoint> points;
+  for (const host::Point3& point : GetPlaces().GetMember(nMember)) points.push_back(m_camera.Project(point).at);
   paint.SetPen(colour, dWidth);
-  paint.Line(i.dX, i.dY, j.dX, j.dY);
+  paint.Polyline(points);
 }
 
 void CStructureView::PaintSelection(IPaintContext& paint) const {
@@ -282,7 +287,7 @@ void CStructureView::PaintNotes(IPaintContext& paint) const {
   say(c_caption, FormCaption());
   double dY = c_dNotesTop;
   std::optional<host::ColourLegend> legend;
-  if (m_shape && m_bShapeColours) legend = host::FormDisplacementLegend(m_scene, *m_shape);
+  if (IsShapeDrawn() && m_bShapeColours) legend = host::FormDisplacementLegend(m_scene, *m_shape);
   if (m_forces) {
     say({c_caption.dX, dY}, m_forces->strTitle + (m_forces->bOutdated ? FormOutdatedMark() : ""));
     if (m_forces->colours) legend = host::FormForceLegend(m_forces->forces, *m_forces->colours, m_shown);
@@ -303,8 +308,20 @@ std::string CStructureView::FormCaption() const {
                {std::to_string(m_scene.GetNodes().size()), std::to_string(m_scene.GetMembers().size())});
   }
   std::string strTitle = FormShapeTitle(*m_shape) + (m_bOutdated ? FormOutdatedMark() : "");
+  if (!IsShapeDrawn()) return Say(texts::c_shapeHidden, {strTitle});
   if (m_shape->IsMode() || GetMagnification() == 0.0) return strTitle;
   return strTitle + "   " + Say(texts::c_magnified, {FormatFactor(GetMagnification())});
+}
+
+bool CStructureView::IsShapeDrawn() const { return m_shape && !(m_forces && m_forces->diagram); }
+
+host::CDrawnPlaces CStructureView::GetPlaces() const {
+  if (!IsShapeDrawn()) return m_scene;
+  return {m_scene, *m_shape, GetMagnification() * GetPhaseFactor()};
+}
+
+std::optional<host::ScenePart> CStructureView::Pick(QPointF at) const {
+  return host::PickPart(GetPlaces(), m_camera, {at.x(), at.y()}, c_dReach, m_shown);
 }
 
 void CStructureView::resizeEvent(QResizeEvent* /*pEvent*/) {
@@ -329,8 +346,7 @@ void CStructureView::mouseMoveEvent(QMouseEvent* pEvent) {
 }
 
 void CStructureView::Hover(QMouseEvent* pEvent) {
-  const auto part =
-      host::PickPart(m_scene, m_camera, {pEvent->position().x(), pEvent->position().y()}, c_dReach, m_shown);
+  const auto part = Pick(pEvent->position());
   if (part == m_hovered) return;
   m_hovered = part;
   const QString strText = part && m_describe ? m_describe(*part) : QString();
@@ -342,7 +358,7 @@ void CStructureView::mouseReleaseEvent(QMouseEvent* pEvent) {
   const bool bClick = pEvent->button() == Qt::LeftButton && m_lastMouse == m_pressedAt;
   if (!bClick || !m_pick) return;
   const bool bAdd = (pEvent->modifiers() & (Qt::ControlModifier | Qt::ShiftModifier)) != 0;
-  m_pick(host::PickPart(m_scene, m_camera, {m_pressedAt.x(), m_pressedAt.y()}, c_dReach, m_shown), bAdd);
+  m_pick(Pick(m_pressedAt), bAdd);
 }
 
 void CStructureView::leaveEvent(QEvent* /*pEvent*/) {

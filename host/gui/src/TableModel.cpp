@@ -32,10 +32,6 @@ const host::CColumnFormat& CTableModel::GetFormat(int nColumn) const {
   return m_formats[static_cast<std::size_t>(nColumn)];
 }
 
-void CTableModel::Speak() {
-  if (!m_formats.empty()) headerDataChanged(Qt::Horizontal, 0, columnCount() - 1);
-}
-
 int CTableModel::rowCount(const QModelIndex& parent) const {
   return parent.isValid() ? 0 : static_cast<int>(m_table.CountRows());
 }

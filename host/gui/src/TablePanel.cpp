@@ -2,8 +2,6 @@
 
 #include <QClipboard>
 #include <QEvent>
-#include <QFileDialog>
-#include <QFileInfo>
 #include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QHeaderView>
@@ -15,9 +13,8 @@
 #include <memory>
 #include <utility>
 
+#include "SaveFile.h"
 #include "ShapeTitle.h"
-#include "skyframe/platform/OutputFile.h"
-#include "skyframe/platform/Platform.h"
 #include "skyframe/qt/Font.h"
 #include "skyframe/results/ResultList.h"
 #include "table_texts.h"
@@ -29,7 +26,8 @@ namespace {
 constexpr int c_nShortestChoice = 8;  // characters that a list keeps in a narrow dock
 constexpr int c_nCellMargin = 12;     // pixels beside a text
 
-/// The mouse shows that the program is at work for the life of the object.
+/// The mouse shows that the program is at work for the life of the object. Unlike the platform's it lets no events in:
+/// tables are formed while others hear of the same change.
 class CWaitCursor {
  public:
   CWaitCursor() { QGuiApplication::setOverrideCursor(Qt::WaitCursor); }
@@ -141,7 +139,6 @@ void CTablePanel::MakeLayout() {
 
 void CTablePanel::Speak() {
   const auto tip = [](auto& widget, const host::Words& words) { widget.setToolTip(ToQt(Say(words))); };
-  tip(m_results, texts::c_tableResultTip);
   tip(m_kinds, texts::c_tableKindTip);
   tip(m_mode, texts::c_tableModeTip);
   tip(m_filter, texts::c_tableFilterTip);
@@ -156,16 +153,7 @@ void CTablePanel::Speak() {
   m_anyway.setText(ToQt(Say(texts::c_tableAnyway)));
   tip(m_anyway, texts::c_tableAnywayTip);
   FillResults();
-  m_model.Speak();
-  m_footings.Refresh();
-  ShowMessage();
-  FitColumns();
-}
-
-bool CTablePanel::IsThere(host::TableResult result) const {
-  if (!m_document.IsOpen()) return false;
-  if (result == host::TableResult::History && m_document.GetSession().GetHistories().nSteps > 0) return true;
-  return QFileInfo::exists(ToQt(m_document.GetJobPath() + std::string(GetSuffix(result))));
+  ShowTable();
 }
 
 bool CTablePanel::IsOutdated() const { return m_document.IsOutdated(GetSuffix(m_choice.result)); }
@@ -187,26 +175,26 @@ void CTablePanel::Refresh() {
   if (isVisible()) ShowTable();
 }
 
-void CTablePanel::Choose(host::TableResult result) {
-  const int nPlace = m_results.findData(static_cast<int>(result));
-  if (nPlace < 0 || result == m_choice.result) return;
-  m_results.setCurrentIndex(nPlace);
-  OnResult();
-}
-
 void CTablePanel::FillResults() {
   m_results.clear();
   for (std::size_t i = 0; i < host::c_strTableResults.size(); ++i) {
     const auto result = static_cast<host::TableResult>(i);
-    if (!IsThere(result)) continue;
-    const bool bOutdated = m_document.IsOutdated(GetSuffix(result));
-    m_results.addItem(ToQt(std::string(GetName(result)) + (bOutdated ? FormOutdatedMark() : "")), static_cast<int>(i));
+    if (!m_document.HasResult(static_cast<ResultKind>(i))) continue;
+    const std::string strMark = FormResultMark(m_document, GetSuffix(result));
+    m_results.addItem(ToQt(std::string(GetName(result)) + strMark), static_cast<int>(i));
+    m_results.setItemData(m_results.count() - 1, m_results.itemText(m_results.count() - 1), Qt::ToolTipRole);
   }
   const int nPlace = m_results.findData(static_cast<int>(m_choice.result));
   if (m_results.count() > 0) m_results.setCurrentIndex(std::max(nPlace, 0));
   if (nPlace < 0 && m_results.count() > 0)
     m_choice.result = static_cast<host::TableResult>(m_results.itemData(0).toInt());
   FillKinds();
+  ShowResultTip();
+}
+
+/// A list in a narrow dock cuts its text.
+void CTablePanel::ShowResultTip() {
+  m_results.setToolTip(ToQt(Say(texts::c_tableResultTip)) + QLatin1Char('\n') + m_results.currentText());
 }
 
 void CTablePanel::FillKinds() {
@@ -223,6 +211,7 @@ void CTablePanel::FillKinds() {
 void CTablePanel::OnResult() {
   m_choice.result = static_cast<host::TableResult>(m_results.currentData().toInt());
   m_bAnyway = false;
+  ShowResultTip();
   FillKinds();
   OnKind();
 }
@@ -252,8 +241,9 @@ host::Reading<host::Table> CTablePanel::FormTable() {
   const host::Job& job = m_document.GetJob();
   const auto form = [&](const auto* pFile, auto... more) {
     if (pFile != nullptr) return host::FormTable(job, *pFile, m_choice.kind, more...);
+    const host::Advice* const pError = m_document.FindError(GetSuffix(m_choice.result));
     host::Reading<host::Table> nothing;
-    nothing.strError = Say(texts::c_tableDamaged);
+    nothing.strError = pError != nullptr ? Say(texts::c_tableFailed, {pError->strText}) : Say(texts::c_tableDamaged);
     return nothing;
   };
   const host::ModeResultFile* pModes = nullptr;
@@ -358,17 +348,13 @@ void CTablePanel::Copy() {
 }
 
 void CTablePanel::SaveCsv() {
+  constexpr FileKind c_kind = {texts::c_tableSaveTitle, texts::c_tableSaveFilter, "csv"};
   const std::string strName = m_document.GetJobPath() + "_" +
                               std::string(host::c_strTableResults[static_cast<std::size_t>(m_choice.result)]) + "_" +
                               std::string(host::c_strTableKinds[static_cast<std::size_t>(m_choice.kind)]) + ".csv";
-  QFileDialog dialog(this, ToQt(Say(texts::c_tableSaveTitle)), ToQt(strName), ToQt(Say(texts::c_tableSaveFilter)));
-  dialog.setAcceptMode(QFileDialog::AcceptSave);
-  dialog.setDefaultSuffix(QStringLiteral("csv"));
-  dialog.selectFile(QFileInfo(ToQt(strName)).fileName());
-  if (dialog.exec() != QDialog::Accepted) return;
-  COutputFile file(dialog.selectedFiles().constFirst().toStdString());
-  file.GetStream() << host::FormatCsv(m_model.GetTable(), m_rows.ListRows());
-  if (!file.Commit()) GetPlatform().ShowMessage(Say(texts::c_tableSaveFailed, {file.GetError()}));
+  const QString strFile = AskForFile(this, c_kind, ToQt(strName));
+  if (strFile.isEmpty()) return;
+  WriteText(strFile, host::FormatCsv(m_model.GetTable(), m_rows.ListRows()), texts::c_tableSaveFailed);
 }
 
 void CTablePanel::TakeSelection() {

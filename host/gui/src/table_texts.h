@@ -37,6 +37,7 @@ inline constexpr Words c_tableAnywayTip = {"Show the table though its model is a
                                            "虽由另一模型算得，仍显示该表格"};
 inline constexpr Words c_tableDamaged = {"The result file is damaged or belongs to another model.",
                                          "结果文件已损坏或属于另一模型。"};
+inline constexpr Words c_tableFailed = {"The analysis failed: {0}", "分析未成功：{0}"};
 inline constexpr Words c_tableRows = {"{0} of {1} rows", "{1} 行中的 {0} 行"};
 
 }  // namespace skyframe::gui::texts

@@ -73,13 +73,10 @@ inline constexpr Words c_previousShape = {"Pre&vious shape", "上一个变形(&K
 inline constexpr Words c_previousShapeTip = {"Draw the shape or mode before", "绘制上一个变形或振型"};
 inline constexpr Words c_supports = {"S&upports", "支座(&U)"};
 inline constexpr Words c_supportsTip = {"Show the supports", "显示支座"};
-inline constexpr Words c_loads = {"&Loads", "荷载(&D)"};
-inline constexpr Words c_loadsTip = {"Show the loads, a colour for each load case", "显示荷载，每个工况一种颜色"};
 inline constexpr Words c_nodeNumbers = {"&Node numbers", "节点号(&N)"};
-inline constexpr Words c_nodeNumbersTip = {"Show node numbers, as in the result files", "显示节点号，与结果文件一致"};
+inline constexpr Words c_nodeNumbersTip = {"Show node ids, as in the job file", "显示节点编号，与作业文件一致"};
 inline constexpr Words c_elementNumbers = {"&Element numbers", "单元号(&B)"};
-inline constexpr Words c_elementNumbersTip = {"Show element numbers, as in the result files",
-                                              "显示单元号，与结果文件一致"};
+inline constexpr Words c_elementNumbersTip = {"Show element numbers, from 1", "显示单元号，从 1 起"};
 inline constexpr Words c_sectionNames = {"Se&ction names", "截面名(&C)"};
 inline constexpr Words c_sectionNamesTip = {"Show the members' sections", "显示杆件的截面"};
 inline constexpr Words c_localAxes = {"Local a&xes", "局部坐标轴(&X)"};
@@ -130,6 +127,7 @@ inline constexpr Words c_adviceTip = {"Warnings and errors of the last run; the 
                                       "最近一次分析的警告与错误；手册按名称逐条说明"};
 inline constexpr Words c_shownHistory = {"History viewer: {0}", "时程结果: {0}"};
 inline constexpr Words c_outdatedMark = {"   (out of date)", "（过期）"};
+inline constexpr Words c_failedMark = {"   (with errors)", "（有错误）"};
 inline constexpr Words c_outdatedTip = {"Computed from another model; run the analysis again",
                                         "由另一模型算得，请重新分析"};
 
@@ -211,6 +209,8 @@ inline constexpr Words c_mode = {"mode {0}", "振型 {0}"};
 inline constexpr Words c_moment = {"time history   t = {0} s", "时程   t = {0} s"};
 inline constexpr Words c_motion = {"time history", "时程"};
 inline constexpr Words c_magnified = {"displacements × {0}", "位移放大 {0} 倍"};
+inline constexpr Words c_shapeHidden = {"{0}   not drawn: diagrams lie on the undeformed structure",
+                                        "{0}   未绘出：内力图绘于未变形的结构上"};
 inline constexpr Words c_noJob = {"Open a job file (Ctrl+O)", "打开一个作业文件（Ctrl+O）"};
 inline constexpr Words c_counts = {"{0} nodes   {1} elements", "节点 {0}   单元 {1}"};
 
@@ -220,6 +220,10 @@ inline constexpr Words c_saveTitle = {"Save job file", "保存作业文件"};
 inline constexpr Words c_saveFailed = {"The job could not be written: {0}", "作业无法保存：{0}"};
 inline constexpr Words c_askToSave = {"The analyses of the job have changed. Save them?",
                                       "作业的分析参数已修改，是否保存？"};
+inline constexpr Words c_changedOnDisk = {"The job file has changed on the disk since it was read. Overwrite it?",
+                                          "作业文件读入后在磁盘上已被修改，是否覆盖？"};
+inline constexpr Words c_overwrite = {"Overwrite", "覆盖"};
+inline constexpr Words c_readAgain = {"Read it again", "重新读取"};
 inline constexpr Words c_yes = {"Save", "保存"};
 inline constexpr Words c_no = {"Don't save", "不保存"};
 inline constexpr Words c_cancel = {"Cancel", "取消"};

@@ -1,10 +1,13 @@
 #include <algorithm>
 #include <cmath>
+#include <optional>
+#include <utility>
 
 #include "skyframe/job/Text.h"
 #include "skyframe/plot/Chart.h"
 #include "skyframe/plot/Pictures.h"
 #include "skyframe/scene/LabelField.h"
+#include "skyframe/scene/TextExtent.h"
 #include "texts.h"
 
 namespace skyframe::host {
@@ -89,6 +92,44 @@ void MarkPeak(CChart& chart, const CChartFrame& frame, const HistoryPicture& pic
   labels.Add({{at.dX, at.dY + dUp * c_dBeside}, {0.0, dUp}, strText, colour, 1.0 + std::abs(peak.dY)});
 }
 
+/// Heights that the curves take within a range of the picture's width; none: they leave it free.
+std::optional<std::pair<double, double>> FindCurveBand(const HistoryPicture& picture, const CChartFrame& frame,
+                                                       double dLeft, double dRight) {
+  std::optional<std::pair<double, double>> band;
+  for (const HistoryCurve& curve : picture.curves) {
+    for (const PaintPoint& point : FormPoints(picture, curve)) {
+      const PaintPoint at = frame.Map(point.dX, point.dY);
+      if (at.dX < dLeft || at.dX > dRight) continue;
+      if (!band) band.emplace(at.dY, at.dY);
+      band->first = std::min(band->first, at.dY);
+      band->second = std::max(band->second, at.dY);
+    }
+  }
+  return band;
+}
+
+/// Beside the cursor, in a column above the curves, or below them where there is no room.
+void AddCursorValues(const HistoryPicture& picture, const CChartFrame& frame, double dX, std::vector<Label> values,
+                     CLabelField& labels) {
+  constexpr double c_dLine = 15.0;
+  constexpr double c_dFree = 9.0;  // from a curve to the middle of a text
+  double dWidth = 0.0;
+  for (const Label& label : values) dWidth = std::max(dWidth, EstimateTextWidth(label.strText, c_dLabelHeight));
+  const Box& box = frame.GetBox();
+  const bool bRight = dX + dWidth + c_dLine < box.dRight;
+  const auto band =
+      FindCurveBand(picture, frame, bRight ? dX : dX - dWidth - c_dLine, bRight ? dX + dWidth + c_dLine : dX);
+  const double dHeight = c_dLine * static_cast<double>(values.size() - 1);
+  const bool bAbove = !band || band->first - box.dTop >= dHeight + 2.0 * c_dFree;
+  double dY = !band ? box.dTop + c_dFree : bAbove ? band->first - c_dFree - dHeight : band->second + c_dFree;
+  for (Label& label : values) {
+    label.at = {dX, dY};
+    label.aside = {bRight ? 1.0 : -1.0, 0.0};
+    labels.Add(std::move(label));
+    dY += c_dLine;
+  }
+}
+
 /// A line through the step next to the cursor, with the values there.
 void PaintCursor(IPaintContext& paint, CChart& chart, const CChartFrame& frame, const HistoryPicture& picture,
                  CLabelField& labels) {
@@ -100,19 +141,19 @@ void PaintCursor(IPaintContext& paint, CChart& chart, const CChartFrame& frame, 
   paint.SetPen(c_cursorColour, 1.0);
   paint.Line(dX, box.dTop, dX, box.dBottom);
   constexpr double c_dFirst = 1.0e30;
-  labels.Add({{dX, box.dBottom}, {1.0, -1.0}, Format("t = %.6g s", t), c_cursorColour, 2.0 * c_dFirst});
+  std::vector<Label> values = {{{}, {}, Format("t = %.6g s", t), c_cursorColour, 2.0 * c_dFirst}};
   for (std::size_t c = 0; c < picture.curves.size(); ++c) {
-    const auto& values = picture.curves[c].values;
-    const double dValue = k < values.size() ? picture.unit.dFactor * values[k] : std::nan("");
+    const auto& curve = picture.curves[c].values;
+    const double dValue = k < curve.size() ? picture.unit.dFactor * curve[k] : std::nan("");
     if (!std::isfinite(dValue) || !IsSeen(frame, {t, dValue})) continue;
     chart.Mark(t, dValue, GetCurveColour(c));
     const std::string strValue = Format("%.4g ", dValue) + std::string(picture.unit.strName);
-    labels.Add({frame.Map(t, dValue), {1.0, -0.4}, strValue, GetCurveColour(c), c_dFirst});
+    values.push_back({{}, {}, strValue, GetCurveColour(c), c_dFirst});
   }
+  AddCursorValues(picture, frame, dX, std::move(values), labels);
 }
 
-/// None for a single curve.
-/// Empty also in a picture too narrow for it, which stands where the curves are told apart otherwise.
+/// None for a single curve, nor in a picture too narrow for it, which stands where the curves are told apart otherwise.
 std::vector<LegendEntry> FormLegend(const HistoryPicture& picture, PictureSize size) {
   std::vector<LegendEntry> entries;
   for (std::size_t c = 0; c < picture.curves.size() && picture.curves.size() > 1; ++c)

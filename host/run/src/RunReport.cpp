@@ -68,27 +68,34 @@ void PrintFiles(const CSession& session, AnalysisKind kind, std::ostream& out) {
   }
 }
 
+std::string Summarise(const CSession& session, AnalysisKind kind, const Count* pCount, const AdviceList& list) {
+  const RunFindings& findings = GetFindings(kind);
+  const bool bDone = findings.status == RunStatus::Done;
+  std::ostringstream out;
+  if (!bDone) out << "  " << Say(texts::c_noResult) << '\n';
+  if (bDone) PrintFigures(session, kind, out);
+  if (pCount != nullptr) PrintModeCount(*pCount, out);
+  PrintConditioning(session.GetJob(), findings.conditioning, out);
+  for (const Advice& advice : list) out << "  " << EscapeControls(FormatAdvice(advice)) << '\n';
+  PrintFiles(session, kind, out);
+  return out.str();
+}
+
 }  // namespace
 
 RunReport ReportRun(const CSession& session, AnalysisKind kind, bool bCountModes) {
-  const RunFindings& findings = GetFindings(kind);
-  const bool bDone = findings.status == RunStatus::Done;
+  const bool bDone = GetFindings(kind).status == RunStatus::Done;
   const bool bCount = bDone && bCountModes && kind == AnalysisKind::Modal;
   const Count count = bCount ? CountModes(GetModalFindings()) : std::nullopt;
   RunReport report;
   for (const Language language : {Language::English, Language::Chinese}) {
     const CLanguageScope scope(language);
-    report.adviceIn[static_cast<std::size_t>(language)] = Advise(session, kind, bCount ? &count : nullptr);
+    const auto k = static_cast<std::size_t>(language);
+    report.adviceIn[k] = Advise(session, kind, bCount ? &count : nullptr);
+    report.summaryIn[k] = Summarise(session, kind, bCount ? &count : nullptr, report.adviceIn[k]);
   }
   report.advice = report.adviceIn[static_cast<std::size_t>(GetLanguage())];
-  std::ostringstream out;
-  if (!bDone) out << "  " << Say(texts::c_noResult) << '\n';
-  if (bDone) PrintFigures(session, kind, out);
-  if (bCount) PrintModeCount(count, out);
-  PrintConditioning(session.GetJob(), findings.conditioning, out);
-  for (const Advice& advice : report.advice) out << "  " << EscapeControls(FormatAdvice(advice)) << '\n';
-  PrintFiles(session, kind, out);
-  report.strSummary = out.str();
+  report.strSummary = report.summaryIn[static_cast<std::size_t>(GetLanguage())];
   return report;
 }
 

@@ -45,6 +45,17 @@ MemberLine BendMember(const CScene& scene, const SceneMember& member, const Defo
   return line;
 }
 
+Point3 CDrawnPlaces::GetNode(int nNode) const {
+  const Point3 at = m_scene.GetPlace(nNode);
+  return m_pShape == nullptr ? at : at + m_dFactor * m_pShape->GetTranslation(nNode);
+}
+
+MemberLine CDrawnPlaces::GetMember(std::size_t nMember, int nSteps) const {
+  const SceneMember& member = m_scene.GetMembers()[nMember];
+  if (m_pShape == nullptr) return {m_scene.GetPlace(member.nNodeI), m_scene.GetPlace(member.nNodeJ)};
+  return BendMember(m_scene, member, *m_pShape, m_dFactor, nSteps);
+}
+
 std::vector<MemberLine> BendMembers(const CScene& scene, const DeformedShape& shape, double dFactor, int nSteps) {
   std::vector<MemberLine> lines;
   lines.reserve(scene.GetMembers().size());

@@ -39,27 +39,32 @@ double FindFoot(PaintPoint a, PaintPoint b, PaintPoint at) {
   return std::clamp(((at.dX - a.dX) * dX + (at.dY - a.dY) * dY) / dSquare, 0.0, 1.0);
 }
 
+/// A piece of a member's line.
+void OfferPiece(CNearest& nearest, int nMember, const ScreenPoint& i, const ScreenPoint& j, PaintPoint at) {
+  const double t = FindFoot(i.at, j.at, at);
+  const PaintPoint foot = {i.at.dX + t * (j.at.dX - i.at.dX), i.at.dY + t * (j.at.dY - i.at.dY)};
+  nearest.Offer({ScenePart::Kind::Member, nMember}, Distance(foot, at), i.dDepth + t * (j.dDepth - i.dDepth));
+}
+
 }  // namespace
 
-std::optional<ScenePart> PickPart(const CScene& scene, const CCamera& camera, PaintPoint at, double dReach,
+std::optional<ScenePart> PickPart(const CDrawnPlaces& places, const CCamera& camera, PaintPoint at, double dReach,
                                   const CShownParts& shown) {
+  const CScene& scene = places.GetScene();
   CNearest node(dReach);
   for (int i = 0; i < static_cast<int>(scene.GetNodes().size()); ++i) {
     if (!shown.HasNode(i)) continue;
-    const ScreenPoint point = camera.Project(scene.GetPlace(i));
+    const ScreenPoint point = camera.Project(places.GetNode(i));
     node.Offer({ScenePart::Kind::Node, i}, Distance(point.at, at), point.dDepth);
   }
   if (node.Get()) return node.Get();
   CNearest nearest(dReach);
   for (std::size_t k = 0; k < scene.GetMembers().size(); ++k) {
     if (!shown.HasMember(k)) continue;
-    const SceneMember& member = scene.GetMembers()[k];
-    const ScreenPoint i = camera.Project(scene.GetPlace(member.nNodeI));
-    const ScreenPoint j = camera.Project(scene.GetPlace(member.nNodeJ));
-    const double t = FindFoot(i.at, j.at, at);
-    const PaintPoint foot = {i.at.dX + t * (j.at.dX - i.at.dX), i.at.dY + t * (j.at.dY - i.at.dY)};
-    nearest.Offer({ScenePart::Kind::Member, static_cast<int>(k)}, Distance(foot, at),
-                  i.dDepth + t * (j.dDepth - i.dDepth));
+    const MemberLine line = places.GetMember(k);
+    for (std::size_t n = 0; n + 1 < line.size(); ++n) {
+      OfferPiece(nearest, static_cast<int>(k), camera.Project(line[n]), camera.Project(line[n + 1]), at);
+    }
   }
   return nearest.Get();
 }

@@ -50,16 +50,16 @@ double ChooseDiagramSize(const CScene& scene) {
   return std::min(c_dPartOfRadius * dRadius, c_dPartOfMember * dMember);
 }
 
-std::vector<ColouredLine> ColourByForce(const CScene& scene, const StructureForces& forces, MemberQuantity quantity) {
-  std::vector<ColouredLine> lines(scene.GetMembers().size());
+std::vector<ColouredLine> ColourByForce(const CDrawnPlaces& places, const StructureForces& forces,
+                                        MemberQuantity quantity) {
+  std::vector<ColouredLine> lines(places.GetScene().GetMembers().size());
   for (std::size_t i = 0; i < lines.size(); ++i) {
     if (!forces.members[i].Has(quantity)) continue;
-    const SceneMember& member = scene.GetMembers()[i];
     auto& [line, values] = lines[i];
     values = forces.members[i].Get(quantity);
     if (values.size() == 1) values.push_back(values.front());
-    line = DivideEvenly({scene.GetPlace(member.nNodeI), scene.GetPlace(member.nNodeJ)},
-                        static_cast<int>(values.size()) - 1);
+    const int nParts = static_cast<int>(values.size()) - 1;
+    line = DivideEvenly(places.GetMember(i, nParts), nParts);
   }
   return lines;
 }

@@ -116,8 +116,9 @@ void CScene::MeasureExtents() {
   m_extents = high - low;
 }
 
-CShownParts::CShownParts(const CScene& scene, std::vector<bool> members)
+CShownParts::CShownParts(const CScene& scene, std::vector<bool> members, const std::set<int>& nodes)
     : m_members(std::move(members)), m_nodes(scene.GetNodes().size()) {
+  for (const int nNode : nodes) m_nodes[static_cast<std::size_t>(nNode)] = true;
   for (std::size_t i = 0; i < m_members.size(); ++i) {
     if (!m_members[i]) continue;
     const SceneMember& member = scene.GetMembers()[i];

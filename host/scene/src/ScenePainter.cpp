@@ -163,7 +163,7 @@ void CScenePainter::PaintNodeNumbers(Colour colour) {
   m_paint.SetPen(colour);
   for (std::size_t i = 0; i < m_scene.GetNodes().size(); ++i) {
     if (!m_shown.HasNode(static_cast<int>(i))) continue;
-    PaintNumber(m_scene.GetNodes()[i].at, c_dNumberShift, -c_dNumberShift, i + 1);
+    PaintNumber(m_scene.GetNodes()[i].at, c_dNumberShift, -c_dNumberShift, m_scene.GetNodes()[i].nId);
   }
 }
 
@@ -171,11 +171,11 @@ void CScenePainter::PaintMemberNumbers(Colour colour) {
   m_paint.SetPen(colour);
   for (std::size_t i = 0; i < m_scene.GetMembers().size(); ++i) {
     if (!m_shown.HasMember(i)) continue;
-    PaintNumber(m_scene.GetMiddle(m_scene.GetMembers()[i]), 0.0, 0.0, i + 1);
+    PaintNumber(m_scene.GetMiddle(m_scene.GetMembers()[i]), 0.0, 0.0, static_cast<int>(i) + 1);
   }
 }
 
-void CScenePainter::PaintNumber(Point3 at, double dX, double dY, std::size_t nNumber) {
+void CScenePainter::PaintNumber(Point3 at, double dX, double dY, int nNumber) {
   const PaintPoint p = ToScreen(at);
   m_paint.Text(p.dX + dX, p.dY + dY, std::to_string(nNumber), HorizontalAlign::Left, VerticalAlign::Baseline);
 }

@@ -17,7 +17,7 @@ class CActionMaker {
   CActionMaker(QMainWindow& window, CDocument& document) : m_window(window), m_document(document) {}
 
   QMenu& AddMenu(const host::Words& title);
-  QMenu& AddMenu(QMenu& menu, const host::Words& title);
+  QMenu& AddMenu(QMenu& menu, const host::Words& title, const host::Words& tip);
   QAction* AddAction(QMenu& menu, const host::Words& text, const host::Words& tip, const char* pszName,
                      std::function<void()> action);
   /// The dock's content gets the tip.

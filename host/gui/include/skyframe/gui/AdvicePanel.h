@@ -1,17 +1,26 @@
 #pragma once
 
 #include <QListWidget>
+#include <functional>
 
 #include "skyframe/advice/Advice.h"
+#include "skyframe/gui/Document.h"
 
 namespace skyframe::gui {
 
 /// What is to be known about the last run, or about a job that was opened: a row each, errors first and in red.
 class CAdvicePanel : public QListWidget {
  public:
-  explicit CAdvicePanel(QWidget* pParent = nullptr);
+  /// The document must outlive the panel.
+  explicit CAdvicePanel(CDocument& document, QWidget* pParent = nullptr);
 
-  void ShowAdvice(const host::AdviceList& list);
+  /// Of what is said in the language in force: now, and again in the other one.
+  void ShowAdvice(std::function<host::AdviceList()> say);
+
+ private:
+  void Fill();
+
+  std::function<host::AdviceList()> m_say;
 };
 
 }  // namespace skyframe::gui

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <array>
 #include <functional>
 #include <optional>
 #include <set>
@@ -17,6 +18,7 @@
 #include "skyframe/results/StaticResultFile.h"
 #include "skyframe/run/Session.h"
 #include "skyframe/run/Stamps.h"
+#include "skyframe/scene/MemberForces.h"
 
 namespace skyframe::gui {
 
@@ -64,6 +66,8 @@ class CDocument {
   void SetAnalyses(std::vector<host::JobAnalysis> analyses);
   /// Whether the analyses differ from those of the file.
   [[nodiscard]] bool IsModified() const { return m_bModified; }
+  /// Whether somebody else has written the job file since it was read or saved.
+  [[nodiscard]] bool IsChangedOnDisk() const;
   /// Writes the job; empty, or the reason why it was not written. Another file becomes the job's: its results are
   /// those beside it.
   [[nodiscard]] std::string Save(const QString& strFile);
@@ -79,12 +83,16 @@ class CDocument {
   [[nodiscard]] const HistorySet* GetHistories();
   /// Whether the file is there, or for histories a run of this session.
   [[nodiscard]] bool HasResult(ResultKind kind) const;
+  /// Forces of a result, of a history those of the step; null where there are none.
+  [[nodiscard]] const host::StructureForces* GetForces(ResultKind kind);
   /// Step of the histories that is looked at, from 0.
   [[nodiscard]] int GetStep() const { return m_nStep; }
   void SetStep(int nStep);
   /// Whether the result file comes from another model than the open one.
   [[nodiscard]] bool IsOutdated(std::string_view strSuffix) const;
   [[nodiscard]] bool HasOutdatedResults() const;
+  /// Why the run that wrote the result file failed; null when it did not, or when that is not known.
+  [[nodiscard]] const host::Advice* FindError(std::string_view strSuffix) const;
   /// The run whose results are there and that had these parameters; null when there is none.
   [[nodiscard]] const host::ResultStamp* FindStamp(const host::JobAnalysis& analysis) const;
   [[nodiscard]] bool IsOutdated(const host::ResultStamp& stamp) const { return stamp.strModel != m_strModel; }
@@ -117,7 +125,11 @@ class CDocument {
   template <class File, class Reader>
   const File* Get(Kept<File>& kept, std::string_view strSuffix, Reader reader);
 
+  [[nodiscard]] host::Reading<host::StructureForces> FormForces(ResultKind kind);
+  void ForgetResults();
+
   QString m_strFile;
+  std::optional<std::string> m_onDisk;  ///< text of the job file as it was read or saved
   std::optional<host::CSession> m_session;
   std::vector<host::JobProblem> m_warnings;
   bool m_bModified = false;
@@ -129,6 +141,7 @@ class CDocument {
   Kept<host::ModeResultFile> m_modes;
   Kept<host::SpectrumResultFile> m_spectrum;
   Kept<HistorySet> m_histories;
+  std::array<Kept<host::StructureForces>, 5> m_forces;  ///< by ResultKind
 
   int m_nStep = 0;
   Selection m_selection;

@@ -36,7 +36,7 @@ class CGeneratorDialog : public QDialog {
   QHBoxLayout m_columns;
   QTabWidget m_pages;
   CStructureView m_view;
-  QLabel m_counts;
+  QLabel m_conflict;
   QDialogButtonBox m_buttons;
 };
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QAction>
 #include <QMainWindow>
 #include <QString>
 #include <QTextBrowser>
@@ -14,9 +15,14 @@ class CHelpWindow : public QMainWindow {
 
   /// "host.md#skyframe-gui": a page of the manual.
   void ShowPage(const QString& strPage);
+  /// The same page in the language in force.
+  void Speak();
 
  private:
   QToolBar m_bar;
+  QAction* m_pHome;
+  QAction* m_pBack;
+  QAction* m_pForward;
   QTextBrowser m_text;
 };
 

@@ -39,10 +39,8 @@ struct CurveUnits {
 /// Whether time runs on in the histories, so that they can be drawn.
 [[nodiscard]] bool CanDraw(const HistorySet& history);
 [[nodiscard]] bool HasCurve(const HistorySet& history, const CurveId& curve);
-/// m or N at a step, from 0; not a number where it cannot be drawn. Curve and step are there.
+/// m or N at a step, from 0. Curve and step are there.
 [[nodiscard]] double ReadValue(const HistorySet& history, const CurveId& curve, int nStep);
-/// The same of all steps.
-[[nodiscard]] std::vector<double> ReadCurve(const HistorySet& history, const CurveId& curve);
 /// The node's displacement with the largest value.
 [[nodiscard]] CurveId FindLargestCurve(const HistorySet& history);
 

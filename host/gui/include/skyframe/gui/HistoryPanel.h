@@ -27,8 +27,6 @@ class CHistoryPanel : public QWidget {
   /// Both must outlive the panel.
   CHistoryPanel(CDocument& document, CShapeBar& shapes, QWidget* pParent = nullptr);
 
-  [[nodiscard]] CHistoryPlayer& GetPlayer() { return m_player; }
-
  protected:
   void paintEvent(QPaintEvent* pEvent) override;
   void resizeEvent(QResizeEvent* pEvent) override;

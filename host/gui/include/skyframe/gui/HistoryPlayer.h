@@ -19,8 +19,8 @@ class CHistoryPlayer : public QWidget {
   /// The document must outlive the player.
   explicit CHistoryPlayer(CDocument& document, QWidget* pParent = nullptr);
 
-  /// At the first step and at rest; 0: nothing to play.
-  void SetHistory(int nSteps, double dTimeStep);
+  /// At the step, or the last one, and at rest; 0: nothing to play.
+  void SetHistory(int nSteps, double dTimeStep, int nStep = 0);
   [[nodiscard]] int GetStep() const { return m_slider.value(); }
   /// To the step, from 0, or the nearest there is; it rests there.
   void GoTo(int nStep);

@@ -8,6 +8,7 @@
 #include <QTimer>
 #include <memory>
 #include <optional>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -66,14 +67,16 @@ class CMainWindow : public QMainWindow {
   void OnNew();
   void OnOpen();
   void ShowManual();
-  /// Asks for a job file to write; empty when the person has none.
-  QString AskForFile(const QString& strProposed);
   bool OnSave();
   bool OnSaveAs();
   bool SaveTo(const QString& strFile);
+  /// Asks what to do when the file has been written by somebody else: whether to save; else it is read again, or left.
+  bool MayOverwrite();
   /// Asks whether to save changed analyses; false: go on with what was.
   bool MayLeaveJob();
   void OnSavePicture();
+  /// What the drawing shows, for the name of its picture.
+  [[nodiscard]] std::string FormPictureName() const;
   void OnReport();
   void OnPrint();
   void OnAbout();
@@ -82,8 +85,9 @@ class CMainWindow : public QMainWindow {
   void Analyse(host::AnalysisKind kind, std::optional<std::size_t> nIndex);
   void RunAll();
   void ShowHistories();
-  /// Shows what a run found; its shape is drawn.
-  void ShowRun(host::AnalysisKind kind, const host::AnalysisRun& run);
+  /// Shows what a run found; its shape is drawn. strMessages: of the module.
+  void ShowRun(host::AnalysisKind kind, const host::AnalysisRun& run, const std::string& strMessages = {});
+  void TellOfRun(host::AnalysisKind kind, const host::AnalysisRun& run, const std::string& strMessages);
   void ShowStatus();
   void ShowStructure();
   void ShowTitle();

@@ -25,14 +25,21 @@ class CResultBar : public QToolBar {
   [[nodiscard]] std::string FormFileName() const;
 
  private:
+  struct LoadChoice {
+    QString strText;
+    QString strId;             ///< by which it stays chosen
+    std::optional<int> nCase;  ///< none: all
+    std::optional<host::JobCombination> combination;
+  };
+
   void MakeWidgets();
   void Speak();
   void FillSources();
   void FillLoads();
+  [[nodiscard]] std::vector<LoadChoice> ListLoads() const;
   void ShowForces();
   void ShowLoads();
   [[nodiscard]] std::optional<ResultKind> GetSource() const;
-  [[nodiscard]] host::Reading<host::StructureForces> FormForces(ResultKind kind);
 
   CDocument& m_document;
   CStructureView& m_view;
@@ -48,6 +55,7 @@ class CResultBar : public QToolBar {
   QCheckBox m_reactions;
   QLabel m_loadLabel;
   QComboBox m_loads;
+  QString m_strFile;  ///< of the job whose loads they are
 };
 
 }  // namespace skyframe::gui

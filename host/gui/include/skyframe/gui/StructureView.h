@@ -11,6 +11,7 @@
 
 #include "skyframe/gui/Document.h"
 #include "skyframe/platform/PaintContext.h"
+#include "skyframe/scene/BentMember.h"
 #include "skyframe/scene/Camera.h"
 #include "skyframe/scene/DeformedShape.h"
 #include "skyframe/scene/LabelField.h"
@@ -46,7 +47,9 @@ struct DrawnForces {
 };
 
 /// The structure in wire lines. The left button turns, the others move, the wheel zooms, a double
-/// click shows all. A shape is drawn in colour over the pale structure and may swing. A click picks what it hits.
+/// click shows all. A shape is drawn in colour over the pale structure and may swing; markers and colours by force lie
+/// on it, and a click picks what it hits there. Diagrams belong to the structure as it stands: with one no shape is
+/// drawn.
 class CStructureView : public QWidget {
  public:
   explicit CStructureView(QWidget* pParent = nullptr);
@@ -74,7 +77,6 @@ class CStructureView : public QWidget {
   /// The same by how many times displacements are enlarged; no effect without a shape.
   void SetMagnification(double dMagnification);
   void SetAnimated(bool bAnimated);
-  [[nodiscard]] bool IsAnimated() const { return m_timer.isActive(); }
   void SetOptions(ViewOptions options);
   [[nodiscard]] ViewOptions GetOptions() const { return m_options; }
   /// Looks from there at all of the structure.
@@ -85,6 +87,11 @@ class CStructureView : public QWidget {
   [[nodiscard]] double GetMagnification() const;
   /// Part of the extreme that is drawn now: -1..1 for a mode, 0..1 for a state.
   [[nodiscard]] double GetPhaseFactor() const;
+
+  /// Whether there is a shape, and no diagram in its place.
+  [[nodiscard]] bool IsShapeDrawn() const;
+  /// Where nodes and members are seen now.
+  [[nodiscard]] host::CDrawnPlaces GetPlaces() const;
 
   /// What is drawn now, as large as the page lets it.
   void Print(QPrinter& printer) const;
@@ -107,12 +114,14 @@ class CStructureView : public QWidget {
   void Paint(IPaintContext& paint) const;
   void PaintMembers(host::CScenePainter& painter) const;
   void PaintShape(host::CScenePainter& painter, host::CResultPainter& results) const;
-  void PaintForces(host::CResultPainter& results, host::CLabelField& labels) const;
+  void PaintForceColours(host::CResultPainter& results) const;
+  void PaintDiagram(host::CResultPainter& results, host::CLabelField& labels) const;
   void PaintSelection(IPaintContext& paint) const;
   void PaintPart(IPaintContext& paint, host::ScenePart part, Colour colour, double dWidth) const;
   void PaintNotes(IPaintContext& paint) const;
   void Hover(QMouseEvent* pEvent);
   [[nodiscard]] std::string FormCaption() const;
+  [[nodiscard]] std::optional<host::ScenePart> Pick(QPointF at) const;
   [[nodiscard]] bool IsLarge() const;
 
   host::CScene m_scene;

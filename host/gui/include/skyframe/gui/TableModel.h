@@ -17,8 +17,6 @@ class CTableModel : public QAbstractTableModel {
   void SetTable(host::Table table);
   [[nodiscard]] const host::Table& GetTable() const { return m_table; }
   [[nodiscard]] const host::CColumnFormat& GetFormat(int nColumn) const;
-  /// Headings in the language in force.
-  void Speak();
 
   [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
   [[nodiscard]] int columnCount(const QModelIndex& parent = {}) const override;

@@ -25,9 +25,6 @@ class CTablePanel : public QWidget {
   /// The document must outlive the panel.
   explicit CTablePanel(CDocument& document, QWidget* pParent = nullptr);
 
-  /// Shows a table of the result, if it is there.
-  void Choose(host::TableResult result);
-
  protected:
   void showEvent(QShowEvent* pEvent) override;
   void changeEvent(QEvent* pEvent) override;
@@ -38,12 +35,12 @@ class CTablePanel : public QWidget {
   void MakeLayout();
   void Speak();
 
-  [[nodiscard]] bool IsThere(host::TableResult result) const;
   [[nodiscard]] bool IsOutdated() const;
 
   /// The results may be others now.
   void Refresh();
   void FillResults();
+  void ShowResultTip();
   void FillKinds();
   void OnResult();
   void OnKind();

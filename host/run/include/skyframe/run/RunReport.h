@@ -10,9 +10,10 @@ namespace skyframe::host {
 
 /// What is to be told of a run.
 struct RunReport {
-  AdviceList advice;                   ///< without the files that were not written (AdviseOnFiles)
-  std::array<AdviceList, 2> adviceIn;  ///< the same by Language
-  std::string strSummary;              ///< lines of text: the figures, the advice, the files
+  AdviceList advice;                     ///< without the files that were not written (AdviseOnFiles)
+  std::array<AdviceList, 2> adviceIn;    ///< the same by Language
+  std::string strSummary;                ///< lines of text: the figures, the advice, the files
+  std::array<std::string, 2> summaryIn;  ///< the same by Language
 };
 
 /// Of the last run of a kind. bCountModes: whether a Sturm count proves that a modal run missed none; it may cost a

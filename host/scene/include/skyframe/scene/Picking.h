@@ -2,6 +2,7 @@
 
 #include <optional>
 
+#include "skyframe/scene/BentMember.h"
 #include "skyframe/scene/Camera.h"
 #include "skyframe/scene/Scene.h"
 
@@ -18,7 +19,7 @@ struct ScenePart {
 
 /// What a person points at: a node within dReach pixels, else a member. Of several equally near ones that which is
 /// nearest to the eye.
-[[nodiscard]] std::optional<ScenePart> PickPart(const CScene& scene, const CCamera& camera, PaintPoint at,
+[[nodiscard]] std::optional<ScenePart> PickPart(const CDrawnPlaces& places, const CCamera& camera, PaintPoint at,
                                                 double dReach, const CShownParts& shown = {});
 
 }  // namespace skyframe::host

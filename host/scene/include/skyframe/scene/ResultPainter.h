@@ -21,7 +21,7 @@ struct ColouredLine {
 };
 
 /// A force quantity along the members, kN or kNm.
-[[nodiscard]] std::vector<ColouredLine> ColourByForce(const CScene& scene, const StructureForces& forces,
+[[nodiscard]] std::vector<ColouredLine> ColourByForce(const CDrawnPlaces& places, const StructureForces& forces,
                                                       MemberQuantity quantity);
 /// Length of the displacement along the members, drawn dFactor times displaced: mm; of a mode parts of the largest one.
 [[nodiscard]] std::vector<ColouredLine> ColourByDisplacement(const CScene& scene, const DeformedShape& shape,

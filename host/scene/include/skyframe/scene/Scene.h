@@ -2,6 +2,7 @@
 
 #include <array>
 #include <optional>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -83,11 +84,11 @@ class CScene {
   Point3 m_extents;
 };
 
-/// What of a structure is painted: these members, by index, and the nodes at their ends. Empty: all.
+/// What of a structure is painted: these members, by index, the nodes at their ends and those nodes. Empty: all.
 class CShownParts {
  public:
   CShownParts() = default;
-  CShownParts(const CScene& scene, std::vector<bool> members);
+  CShownParts(const CScene& scene, std::vector<bool> members, const std::set<int>& nodes = {});
 
   [[nodiscard]] bool HasMember(std::size_t nMember) const { return m_members.empty() || m_members[nMember]; }
   [[nodiscard]] std::size_t CountMembers(const CScene& scene) const;

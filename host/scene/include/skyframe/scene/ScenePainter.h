@@ -40,8 +40,9 @@ class CScenePainter {
   void PaintSupports(Colour colour);
   /// Arrows to scale, a colour for each load case; moments have two heads. pLabels takes the values and may be null.
   void PaintLoads(std::span<const SceneLoad> loads, CLabelField* pLabels = nullptr);
-  /// Host numbers, as in the result files.
+  /// Ids, as the job names them.
   void PaintNodeNumbers(Colour colour);
+  /// From 1.
   void PaintMemberNumbers(Colour colour);
   /// Their sections, as the job names them.
   void AddSectionNames(Colour colour, CLabelField& labels) const;
@@ -53,7 +54,7 @@ class CScenePainter {
  private:
   void PaintLine(const SceneMember& member, std::span<const Point3> line, const MemberPen& pen);
   void PaintSupport(const SceneSupport& support, PaintPoint at);
-  void PaintNumber(Point3 at, double dX, double dY, std::size_t nNumber);
+  void PaintNumber(Point3 at, double dX, double dY, int nNumber);
   [[nodiscard]] PaintPoint ToScreen(Point3 point) const { return m_camera.Project(point).at; }
   /// 1 at the nearest point of the structure, 0 at the farthest.
   [[nodiscard]] double GetNearness(Point3 point) const;
