@@ -59,7 +59,7 @@ TEST_F(CommandLine, ABadJobListsItsErrorsAndWritesNothing) {
                                   ": /nodes/0/z: missing\n" + strJob + ": /elements: must be an array\n");
   }
   EXPECT_EQ(List().size(), 1U);
-  EXPECT_EQ(Call({"run", GetPath("none.json")}).strErr, GetPath("none.json") + ": /: cannot be opened\n");
+  EXPECT_EQ(Call({"run", GetPath("none.json")}).strErr, GetPath("none.json") + ": cannot be opened\n");
 }
 
 TEST_F(CommandLine, OutputThatCannotBeWrittenIsReported) {
@@ -97,7 +97,7 @@ TEST_F(CommandLine, OutputThatCannotBeWrittenIsReported) {
     EXPECT_EQ(std::tuple(plot.nStatus, plot.strErr), std::tuple(c.nPlot, strExpected));
   }
   EXPECT_EQ(Call({"plot", strJob, "", "--deformed", "-o", GetPath("p.svg")}).strErr, "an argument is empty\n");
-  EXPECT_EQ(Call({"check", GetPath("pipe")}).strErr, GetPath("pipe") + ": /: cannot be opened\n");
+  EXPECT_EQ(Call({"check", GetPath("pipe")}).strErr, GetPath("pipe") + ": cannot be opened\n");
 }
 
 // P L^3/(3 E I) with P = 1 * 8 + 0.5 * 4 kN. Case 1 has no loads, the loads come out of order, and the
@@ -245,6 +245,17 @@ TEST_F(CommandLine, SpeaksChineseThroughoutOnRequest) {
       {"plot", "--help"},
       {"report", "--help"},
       {"schema", "--help"},
+      {"compare", "--help"},
+      {"compare", strJob, GetPath("_other.json")},
+      {"compare", strJob, GetPath("_none.json")},
+      {"table", "--help"},
+      {"table", strJob, "--what", "modes", "--of", "linear"},
+      {"table", strJob, "--what", "reactions", "--mode", "2"},
+      {"table", strJob, "--what", "forces", "--of", "linear", "-o", GetPath("_table.csv")},
+      {"run", strJob, GetPath("_other.json"), "--dialogs"},
+      {"plot", strJob, "-o", GetPath("p.svg"), "--reactions", "--of", "history"},
+      {"plot", strJob, "-o", GetPath("p.svg"), "--reactions", "--deformed"},
+      {"plot", strJob, "-o", GetPath("p.svg"), "--loads", "1.2*0+1.4*1"},
       {},
       {"check", "a", "b"},
       {"run", "a", "--data"},
