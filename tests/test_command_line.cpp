@@ -196,7 +196,7 @@ TEST_F(CommandLine, HistoriesAreWrittenOutForEveryMethod) {
 /// English words: four letters and more that are no name, path, option, key in quotes or heading of a command.
 std::string FindEnglish(std::string strText) {
   const std::regex names(
-      R"(\[[a-z-]+\]|"[^"]*"|'[^']*'|--[a-z-]+|\w+(\|\w+)+|缺省 \w+|用法：.*|[\w.:~\\-]*[/\\_.][\w./\\:~-]*|\n  [a-z]+ )");
+      R"(\[[a-z-]+\]|"[^"]*"|'[^']*'|--(what|of) [a-z]+|--[a-z-]+|\w+(\|\w+)+|缺省 \w+|用法：.*|[\w.:~\\-]*[/\\_.][\w./\\:~-]*|\n  [a-z]+ )");
   strText = std::regex_replace(strText, names, "\n");
   const test::Strings known = {"HTML",    "JSON",   "Schema",        "GFLOP", "Sturm", "SRSS",
                                "Newmark", "Wilson", "GroundAccData", "true",  "false"};
@@ -227,6 +227,7 @@ TEST_F(CommandLine, SpeaksChineseThroughoutOnRequest) {
       {"type": "time_history", "method": "wilson", "nonlinear": true, "time_step": 0},
       {"type": "time_history", "method": "newmark", "load": "ground_motion", "combination": {"2": 1}},
       {"type": "time_history", "method": "newmark", "load": "nodal_force", "nonlinear": true})"));
+  Write("_other.json", Read(".json"));
   Write("_bad.json", R"({"nodes": [{"id": 1, "joint": "x", "restraint": "012", "y": "a"}, {"id": 1}], "foo": 1,
       "elements": [{"type": "bar", "i": 1, "j": 1, "section": 2}], "loads": [{"case": -1, "node": 3}, 4],
       "analyses": [{"type": "modal", "modes": 0, "shear": 1, "combination": {"7": 1}},
@@ -234,6 +235,7 @@ TEST_F(CommandLine, SpeaksChineseThroughoutOnRequest) {
                     "tolerance": 1, "earthquake": {"directions": ["Q"], "peaks": {"Z": 1}, "oblique_axis": [1, 2]}}]})");
   std::vector<test::Strings> commands = {
       {"run", strJob, "--log", strLog},
+      {"run", GetPath("_other.json"), "--quiet"},
       {"run", strJob, "--log", strJob},
       {"check", strJob},
       {"check", GetPath("_bad.json")},
