@@ -100,9 +100,10 @@ std::optional<std::pair<double, double>> FindCurveBand(const HistoryPicture& pic
     for (const PaintPoint& point : FormPoints(picture, curve)) {
       const PaintPoint at = frame.Map(point.dX, point.dY);
       if (at.dX < dLeft || at.dX > dRight) continue;
-      if (!band) band.emplace(at.dY, at.dY);
-      band->first = std::min(band->first, at.dY);
-      band->second = std::max(band->second, at.dY);
+      const double dY = std::clamp(at.dY, frame.GetBox().dTop, frame.GetBox().dBottom);
+      if (!band) band.emplace(dY, dY);
+      band->first = std::min(band->first, dY);
+      band->second = std::max(band->second, dY);
     }
   }
   return band;
