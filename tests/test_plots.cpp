@@ -116,10 +116,13 @@ TEST(Plots, HistoriesZoomAndTellTheirValues) {
   EXPECT_NEAR(frame.Unmap(frame.Map(14.5, 3.0)).dX, 14.5, 1e-9);
   EXPECT_EQ(FindHistoryStep(picture, 1e9), 99U);
 
-  picture.cursor = 15.6;  // the first curve is above the axes there; before and behind it below
-  CPaintRecorder other;
-  PaintHistoryChart(other, picture, size);
-  for (const char* pszText : {"t = 15.5 s", "2 mm"}) EXPECT_NE(FindText(other, pszText), nullptr) << pszText;
+  for (const auto& time : {picture.time, std::optional<ChartRange>()}) {  // out of the axes there, and in all of them
+    picture.time = time;
+    picture.cursor = 15.6;
+    CPaintRecorder other;
+    PaintHistoryChart(other, picture, size);
+    for (const char* pszText : {"t = 15.5 s", "2 mm"}) EXPECT_NE(FindText(other, pszText), nullptr) << pszText;
+  }
   picture.cursor = std::nullopt;
 
   picture.time = picture.values = std::nullopt;
