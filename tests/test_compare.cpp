@@ -140,6 +140,7 @@ class CompareFrames : public ::testing::Test, protected CCommandFolder {
 // One number of the second set is changed by one part in a hundred or so of the quantity's largest.
 TEST_F(CompareFrames, OneChangedNumberIsFoundInItsPlace) {
   ASSERT_EQ(Run({"--tolerance", "0"}).nStatus, 0);
+  for (const char* const pszNone : {"nan", "-1e-9", "1.1", "x"}) EXPECT_EQ(Run({"--tolerance", pszNone}).nStatus, 2);
   const std::string strStatic = "_b_StaticLinearSol.txt", strHistory = "_b_HisTime.txt";
   struct Case {
     std::string strSuffix, strMark;

@@ -591,10 +591,9 @@ TEST(Generators, RefuseWhatIsOutOfRange) {
   for (std::size_t k = 0; k < listers.size(); ++k) {
     for (const auto& [strOption, dLowest, dHighest] : listers[k].rows) {
       const double dStep = 1.0 + 1e-6 * std::abs(dHighest);
-      for (const double dValue : {dLowest - 1.0, dHighest + dStep}) {
+      for (const double dValue : {dLowest - 1.0, dHighest + dStep, std::nan("")}) {
         EXPECT_NE(call(c_pszNames[k], strOption, dValue).find("--" + strOption), std::string::npos) << dValue;
       }
-      EXPECT_NE(call(c_pszNames[k], strOption, std::nan("")), "");
     }
   }
   EXPECT_EQ(FindConflict(dome), std::nullopt);
