@@ -92,6 +92,14 @@ TEST_F(Compare, TellsChangesFromWhatIsNone) {
     Write("_b" + c.strSuffix, strBefore);
   }
   EXPECT_EQ(Call({"compare", GetPath("_a.json"), GetPath("_b.json"), "--tolerance", "0"}).nStatus, 0);
+  Write("_b.mode", Mix(strModes, mark(6), mark(6), 1.001, 0.0));
+  const auto getFigures = [&](const char* pszTolerance) {
+    const std::string strOut =
+        Call({"compare", GetPath("_a.json"), GetPath("_b.json"), "--tolerance", pszTolerance}).strOut;
+    return std::regex_replace(strOut.substr(0, strOut.rfind(pszTolerance)),
+                              std::regex("; (above|one in)[^\n]*|\n[^\n]*$"), "");
+  };
+  EXPECT_EQ(getFigures("0.2"), getFigures("1e-09")) << "the tolerance judges the figures and does not make them";
   std::filesystem::remove(GetPath("_b.mode"));
   EXPECT_NE(Call({"compare", GetPath("_a.json"), GetPath("_b.json")})
                 .strOut.find("Modal analysis\n  only the first has it\nResp"),

@@ -6,6 +6,7 @@
 #include "skyframe/job/DialogFields.h"
 #include "skyframe/job/JobFile.h"
 #include "skyframe/results/ResultKind.h"
+#include "skyframe/run/HostPlatform.h"
 #include "skyframe/run/Stamps.h"
 
 namespace skyframe::host {
@@ -166,6 +167,36 @@ TEST(Stamps, ARunLeavesItsModelAndAllItsParameters) {
     for (const std::string& strPart : {"job" + std::string(GetSuffix(kind)), stamps.Find(GetSuffix(kind))->strTime})
       EXPECT_NE(advice[0].strText.find(strPart), std::string::npos) << advice[0].strText;
   }
+}
+
+// In the order of the job.
+TEST(Stamps, RunsAreToldByTheirNames) {
+  const CCommandFolder folder;
+  folder.Write(".json", MakeCantilever("111111", ListRuns() + R"(, {"type": "time_history", "method": "wilson"})"));
+  const std::pair<const char*, std::vector<std::string>> languages[] = {
+      {"en",
+       {"Static analysis, linear", "Static analysis, nonlinear", "Modal analysis", "Response-spectrum analysis",
+        "Time history, Newmark", "Time history, Newmark", "Time history, Wilson"}},
+      {"zh",
+       {"静力分析，线性", "静力分析，非线性", "模态分析", "反应谱分析", "时程分析，Newmark 法", "时程分析，Newmark 法",
+        "时程分析，Wilson 法"}}};
+  for (const auto& [pszLanguage, expected] : languages) {
+    const auto outcome = CCommandFolder::Call({"run", folder.GetPath(".json"), "--quiet", "--lang", pszLanguage});
+    std::vector<std::string> names;
+    std::istringstream lines(outcome.strOut);
+    for (std::string strLine; std::getline(lines, strLine);) {
+      if (!strLine.starts_with(' ') && names.size() < expected.size()) names.push_back(strLine);
+    }
+    EXPECT_EQ(names, expected) << outcome.strOut;
+  }
+  std::ostringstream text;
+  CHostPlatform platform(text, text, &text);
+  platform.ReportProgress(0.256, "组装");
+  platform.ReportProgress(0.2599, "组装");  // the same percent
+  platform.ReportProgress(7.0, "");
+  platform.EndProgress();
+  EXPECT_EQ(text.str(), "\r\x1b[K[##########..............................]  25 %  组装\r\x1b[K[" +
+                            std::string(40, '#') + "] 100 %  \r\x1b[K");
 }
 
 TEST(Stamps, ThatCannotBeWrittenAreToldOf) {
