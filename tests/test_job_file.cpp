@@ -171,11 +171,16 @@ TEST(JobFile, EveryFieldOfEveryAnalysisComesBack) {
     EXPECT_TRUE(ParseAnalysis(strText, job) == analysis) << strText;
     Job whole = job;
     whole.analyses = {analysis, analysis};
+    whole.strTitle = "a \"b\" \\ \n\t 中 /";
+    whole.sections[0].strId = "100% </B>\u00d7";
+    whole.nodes[1].dX = 4.0 + 1.0 / 3.0;
     whole.report = {"a \"b\"", "c", c_nFrameWall, c_nEdition2001, {-1.0, 0.0}, {1.5, 2.5, 3.5e-3, 0.45, 5.5, 6.5}};
     const JobFile file = ParseJob(FormatJob(whole));
     EXPECT_EQ(List(file.errors), "");
     EXPECT_TRUE(file.job.analyses == whole.analyses) << strText;
-    EXPECT_TRUE(file.job.report == whole.report);
+    EXPECT_TRUE(file.job.report == whole.report && file.job.sections == whole.sections &&
+                file.job.nodes == whole.nodes);
+    EXPECT_EQ(file.job.strTitle, whole.strTitle);
   }
   for (const char* pszNone : {"", "{}", "{", "[]", R"({"type": "modal", "modes": 0})", R"({"type": "modal"} 1)",
                               R"({"type": "static", "combination": {"3": 1}})"}) {

@@ -249,6 +249,19 @@ TEST(Tables, RoundOffIsNoResult) {
   EXPECT_EQ(shares.footings[0].numbers[2], 153.0);
 }
 
+TEST(Tables, LevelsAreTheStoreysOfTheReport) {
+  Job job;
+  StaticResultFile file;
+  for (const double dZ : {6.0, 0.0, 3.004, 3.0, 6.011}) {
+    job.nodes.push_back({.nId = 9, .dZ = dZ, .nSpring = {}});
+    file.displacements.push_back({0.001 * dZ, -0.001, 0.0, 0.0, 0.0, 0.0});
+  }
+  const Table levels = FormTable(job, file, TableKind::Levels).value();
+  EXPECT_EQ(levels.columns[2].numbers, (std::vector{1.0, 2.0, 1.0, 1.0})) << "nodes within 1 cm stand at one level";
+  EXPECT_EQ(levels.columns[3].numbers[1], 3.004) << "largest X, mm";
+  EXPECT_NEAR(levels.columns[4].numbers[1], 3.002, 1e-12) << "mean";
+}
+
 TEST(Tables, CommandChoosesWarnsAndRefuses) {
   CCommandFolder folder;
   const std::string strJob = folder.GetPath(".json"), strStatic = folder.GetPath("_StaticLinearSol.txt");
@@ -369,6 +382,13 @@ TEST(Tables, NumbersAndFootingsAsText) {
   EXPECT_EQ(FormatCsv(table, std::array<std::size_t, 2>{1, 0}),
             "\xef\xbb\xbf节点,N (kN),截面\r\n2,2,H2\r\n1,-1234.5678,Box 1\r\n合计,-1232.5678,\r\n最大,2,\r\n");
   EXPECT_EQ(FormatTabbed(table, std::array<std::size_t, 1>{2}), "节点\tN (kN)\t截面\n5\t\tbox 3\n");
+  Table odd = MakeTable();
+  odd.columns[2].texts = {"a\tb", "say \"c\"", "d\ne", "f, g"};
+  const std::string strCsv = FormatCsv(odd), strTabbed = FormatTabbed(odd, std::array<std::size_t, 4>{0, 1, 2, 3});
+  for (const char* const pszRow : {",a\tb\r\n", ",\"say \"\"c\"\"\"\r\n", ",\"d\ne\"\r\n", ",\"f, g\"\r\n"})
+    EXPECT_NE(strCsv.find(pszRow), std::string::npos) << strCsv;
+  for (const char* const pszRow : {"\t\"a\tb\"\n", "\t\"say \"\"c\"\"\"\n", "\t\"d\ne\"\n", "\tf, g\n"})
+    EXPECT_NE(strTabbed.find(pszRow), std::string::npos) << strTabbed;
 }
 
 }  // namespace
