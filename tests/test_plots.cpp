@@ -385,7 +385,8 @@ TEST(Plots, TellTheirAgeOnceAndRefuseWhatNobodyHas) {
   const test::CCommandFolder job;
   const std::string strQuake =
       R"({"type": "modal", "modes": 2}, {"type": "time_history", "method": "newmark", "load": "ground_motion",
-      "earthquake": {"duration": 0.1, "directions": ["Y"]}})";
+      "earthquake": {"duration": 0.1, "directions": ["Y"]},
+      "outputs": {"nodes": [{"node": 90, "direction": "Y"}]}})";
   ASSERT_EQ(job.Solve(test::MakeCantilever("111111", strQuake)).nStatus, 0);
   job.Write(".json", std::regex_replace(test::MakeCantilever("111111", strQuake), std::regex("1e4"), "2e4"));
   const auto plot = [&](test::Strings what) {
@@ -397,6 +398,9 @@ TEST(Plots, TellTheirAgeOnceAndRefuseWhatNobodyHas) {
   EXPECT_NE(outcome.strErr.find("[outdated-result]"), std::string::npos);
   EXPECT_NE(job.Read(".svg").find(">job (results of another model)<"), std::string::npos);
   EXPECT_NE(job.Read(".svg").find("4 curves: time history, Newmark, linear, 5 steps of 0.02 s"), std::string::npos);
+
+  std::filesystem::remove(job.GetPath("_HisTime.txt"));  // each curve from a file of its own
+  EXPECT_EQ(std::ranges::count(plot({"--node", "90", "--node", "90", "--dir", "Y"}).strErr, '\n'), 1);
 
   EXPECT_EQ(job.Call({"generate", "tower", "--panels", "2", "-o", job.GetPath(".json")}).nStatus, 0);
   ASSERT_EQ(job.Solve().nStatus, 0);

@@ -43,7 +43,9 @@ TEST(Stamps, DamageIsLeftOutAndDoesNotSpread) {
   const CCommandFolder folder;
   std::string strDeep;
   for (int k = 0; k < 200000; ++k) strDeep += "{\"a\":[";
+  const std::string strWholeAndDeep = std::string(200000, '[') + std::string(200000, ']');
   const std::pair<std::string, std::size_t> cases[] = {
+      {"[{\"analysis\": {\"a\": " + strWholeAndDeep + "}, \"files\": {\".spec\": 7}}]", 1},
       {"", 0},
       {"[{\"model\"", 0},
       {"{}", 0},
