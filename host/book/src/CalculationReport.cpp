@@ -71,7 +71,7 @@ std::string FormatCover(const BookData& book, const std::string& strNow) {
 
 }  // namespace
 
-std::string WriteReport(const Job& job, const std::string& strJobPath, const std::vector<JobProblem>& warnings) {
+CalculationReport WriteReport(const Job& job, const std::string& strJobPath, const std::vector<JobProblem>& warnings) {
   const BookData book = CollectBook(job, strJobPath, warnings);
   CPage page;
   for (const auto pWrite : {WriteProject, WriteParameters, WriteModel, WriteLoads, WriteStatics, WriteModes,
@@ -79,8 +79,9 @@ std::string WriteReport(const Job& job, const std::string& strJobPath, const std
     pWrite(page, book);
   }
   const std::string strNow = FormatNow();
-  return page.Finish(book.GetTitle(), book.GetTitle() + Tell({" – Calculation report", " — 计算书"}),
-                     FormatProgram() + " · " + strNow, FormatCover(book, strNow));
+  return {page.Finish(book.GetTitle(), book.GetTitle() + Tell({" – Calculation report", " — 计算书"}),
+                      FormatProgram() + " · " + strNow, FormatCover(book, strNow)),
+          page.GetWarnings()};
 }
 
 }  // namespace skyframe::host

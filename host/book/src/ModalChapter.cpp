@@ -74,8 +74,8 @@ void WriteCount(CPage& page, const BookData& book) {
   const std::string strLimit = FormatFixed(book.dCountedBelow * c_dHertzPerRadian, 4);
   const auto nFound = std::ranges::count_if(book.basis->omega, [&](double w) { return w < book.dCountedBelow; });
   if (!book.modesBelow) {
-    return page.Warn(Tell(
-        {"The Sturm count failed: nothing is known about missed modes.", "Sturm 计数失败：不知道有无遗漏的振型。"}));
+    return page.Warn("modes-not-counted", Tell({"The Sturm count failed: nothing is known about missed modes.",
+                                                "Sturm 计数失败：不知道有无遗漏的振型。"}));
   }
   const std::string strFound = std::to_string(nFound), strCounted = std::to_string(*book.modesBelow);
   if (*book.modesBelow == nFound) {
@@ -83,7 +83,8 @@ void WriteCount(CPage& page, const BookData& book) {
                            "Sturm 计数：{1} Hz 以下有 {0} 个振型，与表中个数相同，没有遗漏。"},
                           {strCounted, strLimit}));
   }
-  page.Warn(Tell({"A Sturm count finds {0} modes below {1} Hz, the table has {2}.",
+  page.Warn(*book.modesBelow > nFound ? "missed-modes" : "modes-in-doubt",
+            Tell({"A Sturm count finds {0} modes below {1} Hz, the table has {2}.",
                   "Sturm 计数：{1} Hz 以下有 {0} 个振型，表中为 {2} 个。"},
                  {strCounted, strLimit, strFound}));
 }
@@ -108,10 +109,10 @@ void WriteModes(CPage& page, const BookData& book) {
   page.Chapter(Tell({"Dynamic properties", "自振特性"}));
   if (!Introduce(page, book.modal)) return;
   if (!book.basis) {
-    return page.Warn(Say(texts::c_noMasses));
+    return page.Warn("no-masses", Say(texts::c_noMasses));
   }
   WriteModeTable(page, book);
-  for (const std::string& strShortfall : ListModeShortfalls(book)) page.Warn(strShortfall + Tell({".", "。"}));
+  for (const std::string& strShortfall : ListModeShortfalls(book)) page.Warn("missing-mass", strShortfall);
   WriteFirstPeriods(page, book);
   WriteCount(page, book);
   WriteModePictures(page, book);

@@ -153,7 +153,11 @@ void CPage::Formula(std::string_view strMarkup) {
   m_strBody.append("<p class=\"formula\">").append(strMarkup).append("</p>\n");
 }
 
-void CPage::Warn(std::string_view strText) { m_strBody += "<p class=\"warn\">" + EscapeHtml(strText) + "</p>\n"; }
+void CPage::Warn(std::string_view strName, std::string_view strText) {
+  m_strBody += "<p class=\"warn\">" + EscapeHtml(strText) + "</p>\n";
+  const Advice warning = {Severity::Warning, std::string(strName), std::string(strText)};
+  if (std::ranges::find(m_warnings, warning) == m_warnings.end()) m_warnings.push_back(warning);
+}
 
 void CPage::List(const std::vector<std::string>& texts) {
   m_strBody += "<ul>\n";
