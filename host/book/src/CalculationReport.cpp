@@ -33,7 +33,9 @@ std::vector<std::pair<std::string, std::string>> ListKeyFigures(const BookData& 
   if (!book.basis) return facts;
   facts.emplace_back(Tell({"Total weight G", "总重力荷载代表值 G"}),
                      FormatKilo(c_dGravity * GetGravityMass(*book.basis)) + " kN");
-  facts.emplace_back(Tell({"First period T₁", "基本周期 T₁"}), FormatFixed(book.GetFirstPeriod(), 4) + " s");
+  facts.emplace_back(Tell({"First period T₁", "基本周期 T₁"}), book.modal.bOutdated
+                                                                   ? Tell({"out of date", "过期"})
+                                                                   : FormatFixed(book.GetFirstPeriod(), 4) + " s");
   for (const SpectrumChapter& chapter : book.spectra) {
     const std::string strQuake = Tell({"Earthquake along {0}, {1}", "{0} 向{1}"},
                                       {DescribeDirection(chapter.loads.direction), DescribeLevel(*chapter.job.nLevel)});

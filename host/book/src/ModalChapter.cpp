@@ -29,6 +29,7 @@ void WriteModeTable(CPage& page, const BookData& book) {
       table.head.emplace_back(pszHead);
   }
   table.strAlign = "cr";
+  const auto show = [&book](const std::string& strShare) { return book.modal.bOutdated ? "—" : strShare; };
   Vector3 sum = {};
   for (std::size_t i = 0; i < basis.GetCount(); ++i) {
     std::vector<std::string>& row = table.rows.emplace_back();
@@ -37,12 +38,12 @@ void WriteModeTable(CPage& page, const BookData& book) {
     const Vector3 shares = FormMassShares(basis, i);
     for (std::size_t d = 0; d < 3; ++d) {
       sum[d] += shares[d];
-      row.push_back(FormatPercent(shares[d]));
-      row.push_back(FormatPercent(sum[d]));
+      row.push_back(show(FormatPercent(shares[d])));
+      row.push_back(show(FormatPercent(sum[d])));
     }
     if (!book.storeys) continue;
     const MotionShares& motion = book.shares[i];
-    for (const double d : {motion.dX, motion.dY, motion.dTorsion}) row.push_back(FormatFixed(d, 2));
+    for (const double d : {motion.dX, motion.dY, motion.dTorsion}) row.push_back(show(FormatFixed(d, 2)));
   }
   page.Table(table);
   page.Formula(
@@ -60,7 +61,7 @@ void WriteModeTable(CPage& page, const BookData& book) {
 }
 
 void WriteFirstPeriods(CPage& page, const BookData& book) {
-  if (!book.first.translation || !book.first.torsion) return;
+  if (!book.first.translation || !book.first.torsion || book.modal.bOutdated) return;
   const double T1 = book.basis->GetPeriod(*book.first.translation);
   const double Tt = book.basis->GetPeriod(*book.first.torsion);
   page.Text(Tell({"First period of translation T1 = {0} s (mode {1}), of torsion Tt = {2} s (mode {3}); Tt/T1 = {4}.",

@@ -155,8 +155,8 @@ void CPage::Formula(std::string_view strMarkup) {
 
 void CPage::Warn(std::string_view strName, std::string_view strText) {
   m_strBody += "<p class=\"warn\">" + EscapeHtml(strText) + "</p>\n";
-  const Advice warning = {Severity::Warning, std::string(strName), std::string(strText)};
-  if (std::ranges::find(m_warnings, warning) == m_warnings.end()) m_warnings.push_back(warning);
+  if (std::ranges::find(m_warnings, strText, &Advice::strText) != m_warnings.end()) return;
+  m_warnings.push_back({Severity::Warning, std::string(strName), std::string(strText)});
 }
 
 void CPage::List(const std::vector<std::string>& texts) {
