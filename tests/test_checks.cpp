@@ -199,6 +199,69 @@ TEST(Checks, SharesOfAFloorWhoseCentreIsOff) {
   }
 }
 
+// The floor's ends stand at (0, 0) and (4, 3): J = m 2.5^2, so that a turn of 0.4 about the centre weighs as much as a
+// motion of 1.
+TEST(Checks, SharesOfAFloorAskew) {
+  Job job = MakeFrame();
+  for (JobNode& node : job.nodes) node.dY = 0.75 * node.dX;
+  ModalBasis basis = MakeBasis();
+  for (const std::size_t n : {0U, 1U, 2U, 3U}) {
+    const double dSide = n % 2 == 0 ? -1.0 : 1.0;
+    basis.inertia[0][n] = {0.5 * m * (1.0 - 0.4 * 1.5 * dSide), 0.5 * m * 0.4 * 2.0 * dSide};
+  }
+  const MotionShares shares = FormMotionShares(job, *FormStoreys(job), basis, 0);
+  EXPECT_NEAR(shares.dX, 0.5, 1e-12);
+  EXPECT_NEAR(shares.dY, 0.0, 1e-12);
+  EXPECT_NEAR(shares.dTorsion, 0.5, 1e-12);
+}
+
+// The floors' ends move 1 : 3 and 0.5 : 1: ratios 3/2 and, of the drifts 0.5 and 2, 2/1.25.
+TEST(Checks, RatiosOfATwistedBuilding) {
+  const Job job = MakeFrame();
+  ModalBasis basis = MakeBasis();
+  const double u[] = {1.0, 3.0, 0.5, 1.0};
+  for (const std::size_t n : {0U, 1U, 2U, 3U}) basis.shapes[0][n] = {0.0, -1e-3 * u[n]};
+  const ModalLoads loads{{0.0, 1.0, 0.0}, 0, {0.05, 0.05}, {basis.omega[0] * basis.omega[0] / 9.8, 0.0}, {1.0, 0.0}};
+  const auto response = FormStoreyResponse(job, *FormStoreys(job), basis, loads, {0.0, 1.0});
+  EXPECT_NEAR(response[1].dMean, 2e-3, 1e-12);
+  EXPECT_NEAR(response[1].GetDisplacementRatio(), 1.5, 1e-9);
+  EXPECT_NEAR(response[1].dMeanDrift, 1.25e-3, 1e-12);
+  EXPECT_NEAR(response[1].GetDriftRatio(), 1.6, 1e-9);
+  const JobReport report;
+  const auto checks = CheckStoreys(response, CCodeLimits(report), {3, 0}, 1.0);
+  EXPECT_EQ(checks[2].kind, CheckKind::RegularDisplacement);
+  EXPECT_NEAR(checks[3].dValue, 1.6, 1e-9);
+  EXPECT_EQ(checks[3].verdict, Verdict::NotSatisfied);
+  EXPECT_TRUE(checks[3].bInformation);
+}
+
+// With one frequency for all modes V = omega^2 sum m u, however they are scaled and mixed; one that follows from the
+// others takes no part.
+TEST(Checks, HistoryShearOfModesThatAreNotOrthogonal) {
+  ModalBasis basis = MakeBasis();
+  basis.omega.assign(3, 10.0);
+  for (std::size_t n = 0; n < 7; ++n) {
+    basis.shapes[0][n][0] *= 3.0;
+    basis.shapes[1][n][0] += basis.shapes[0][n][0];
+    for (NodeField& shape : basis.shapes) shape[n][1] = 2.0 * shape[n][0];
+  }
+  basis.shapes.push_back(basis.shapes[0]);
+  basis.inertia = basis.shapes;
+  for (NodeField& inertia : basis.inertia) {
+    for (std::size_t n = 0; n < 7; ++n) {
+      for (double& d : inertia[n]) d *= n < 4 ? 0.5 * m : 0.0;
+    }
+  }
+  HistoryResultFile history;
+  history.nSteps = 2;
+  history.displacements.resize(7);
+  const double x[] = {0.013, 0.013, 0.010, 0.010, 0.0, 0.0, 0.0115};
+  for (std::size_t n = 0; n < 7; ++n) history.displacements[n] = {{{0.0, x[n]}, {0.0, 2.0 * x[n]}, {0.0, 0.0}}};
+  const auto shear = FormHistoryShear(basis, history, {0.6, 0.8});
+  EXPECT_NEAR(shear.at(0), 0.0, 1e-9);
+  EXPECT_NEAR(shear.at(1), 100.0 * m * 0.023 * (0.6 + 1.6), 1e-3);
+}
+
 // A setback, a floor that is 8 mm askew, a column out of plumb and a mast on the roof.
 TEST(Checks, StoreysOfAnIrregularBuilding) {
   Job job;
@@ -268,6 +331,8 @@ TEST(Checks, LimitsOfTheEditions) {
       EXPECT_NEAR(invert(limits.FindDrift(1)), c.nRare, 1e-9);
     }
   }
+  const JobReport early = MakeReport(c_nOther, c_nEdition2001);
+  EXPECT_FALSE(CCodeLimits(early).FindShearWeight(0, 1.0));
   JobReport own;
   own.limits.dDrift = 400.0;
   EXPECT_TRUE(CCodeLimits(own).FindDrift(0)->bOwn);
@@ -290,6 +355,10 @@ TEST(Checks, MassAlongTheEarthquake) {
   const CCodeLimits limits(report);
   EXPECT_NEAR(CheckMassParticipation(basis, {1.0, 0.0, 0.0}, limits).dValue, 1.0, 1e-9);
   EXPECT_NEAR(CheckMassParticipation(basis, {0.8, 0.6, 0.0}, limits).dValue, 0.0, 1e-9);
+  ModalBasis first = basis;
+  first.omega.resize(1);
+  EXPECT_NEAR(CheckMassParticipation(first, {1.0, 0.0, 0.0}, limits).dValue, 0.9472136, 1e-7);
+  EXPECT_EQ(CheckMassParticipation(first, {1.0, 0.0, 0.0}, limits).verdict, Verdict::Satisfied);
   EXPECT_EQ(CheckMassParticipation(basis, {0.8, 0.6, 0.0}, limits).verdict, Verdict::NotSatisfied);
   for (Vector3& mass : basis.masses) mass[1] *= 1.5;  // some nodes are held along X
   EXPECT_NEAR(GetGravityMass(basis), 3.0 * m, 1e-6);
@@ -316,14 +385,19 @@ TEST(Checks, MovementsInPlaceOfStoreys) {
   for (const auto& c : cases) {
     Job job;
     job.report.nStructure = c.nStructure;
-    job.nodes = {MakeNode(0, 0), MakeNode(c.dWidth, 0), MakeNode(c.dWidth, c.dHeight)};
-    job.nodes[1].dY = c.dDepth;
+    job.nodes = {MakeNode(7, 2), MakeNode(7 + c.dWidth, 2), MakeNode(7 + c.dWidth, 2 + c.dHeight)};
+    for (JobNode& node : job.nodes) node.dY = 5.0;
+    job.nodes[1].dY += c.dDepth;
     const NodeField u = {{}, {0.04, 0.0, -0.02}, {0.003, -0.004, 0.01}};
     const Check check = FormMovement(job, u);
     EXPECT_EQ(check.kind, c.kind);
     EXPECT_NEAR(check.dValue, c.dValue, 1e-12);
     EXPECT_NEAR(check.dLength, c.dLength, 1e-12);
     EXPECT_NEAR(FormQuakeMovement(job, u, {0.0, -1.0, 0.0}).dValue, 0.004, 1e-12);  // not of the node below
+    EXPECT_NEAR(FormQuakeMovement(job, u, {0.0, -1.0, 0.0}).dLength, c.dHeight, 1e-12);
+    const Check vertical = FormQuakeMovement(job, u, {0.0, 0.6, 0.8});
+    EXPECT_NEAR(vertical.dValue, 0.01, 1e-12);
+    EXPECT_NEAR(vertical.dLength, c.dDepth > 0.0 ? std::min(c.dWidth, c.dDepth) : c.dWidth, 1e-12);
   }
 }
 
