@@ -7,6 +7,7 @@
 #include "skyframe/generate/Generate.h"
 #include "skyframe/job/JobFile.h"
 #include "skyframe/job/Text.h"
+#include "skyframe/results/HistoryResultFile.h"
 #include "skyframe/results/SpectrumResultFile.h"
 #include "skyframe/results/StaticResultFile.h"
 #include "skyframe/values/SpectrumSite.h"
@@ -374,6 +375,36 @@ TEST_F(CalculationReport, HistoryAgainstTheSpectrum) {
             {"the spectrum's" + strRatio + "65.0 %|GB 50011—2001 5.1.2|" + pszVerdict + "|",
              "(one record)" + strRatio + "80.0 %|", "that of the run itself", "Time step, duration|0.02 s, 0.4 s|",
              "Peak acceleration|0.7 m/s²|", "Peak of the code (table 5.1.2-2)|0.70 m/s²"});
+  const Job job = MakeBuilding();
+  const auto file = ReadHistoryFile(m_folder.GetPath("_HisTime.txt"),
+                                    {static_cast<int>(job.nodes.size()), static_cast<int>(job.elements.size())});
+  ASSERT_TRUE(file);
+  const auto peaks = TakeTable(strPage, "Largest storey displacements and drifts over time");
+  ASSERT_EQ(peaks.size(), 3U);
+  for (const int nStorey : {1, 2}) {
+    double dPeak = 0.0, dDrift = 0.0;
+    for (std::size_t n = 0; n < job.nodes.size(); ++n) {
+      const JobNode& upper = job.nodes[n];
+      if (std::abs(upper.dZ - 3.3 * nStorey) > 1e-6) continue;
+      const auto lower =
+          static_cast<std::size_t>(std::ranges::find_if(job.nodes,
+                                                        [&upper](const JobNode& node) {
+                                                          return node.dX == upper.dX && node.dY == upper.dY &&
+                                                                 std::abs(upper.dZ - node.dZ - 3.3) < 1e-6;
+                                                        }) -
+                                   job.nodes.begin());
+      for (std::size_t k = 0; k < 20; ++k) {
+        const double u = file->displacements[n][0][k];
+        dPeak = std::max(dPeak, std::abs(u));
+        dDrift = std::max(dDrift, std::abs(u - file->displacements[lower][0][k]));
+      }
+    }
+    const test::Strings& row = peaks[static_cast<std::size_t>(3 - nStorey)];
+    EXPECT_EQ(row[0] + " " + row[1], Format("%d %.2f", nStorey, 3.3 * nStorey));
+    EXPECT_NEAR(std::stod(row[2]), 1e3 * dPeak, 0.0051);
+    EXPECT_NEAR(std::stod(row[3]), 1e3 * dDrift, 0.0051);
+    EXPECT_EQ(row[4], Format("1/%.0f", 3.3 / dDrift));
+  }
   const auto modes = TakeTable(strPage, "Periods, participating masses");
   ASSERT_EQ(modes.size(), 37U);
   std::array<double, 3> sum = {};
@@ -394,6 +425,49 @@ TEST_F(CalculationReport, HistoryAgainstTheSpectrum) {
             {Format("\nduration of the record|X|—|%.1f T₁|≥ 5.0 T₁|GB 50011—2001 5.1.2 (commentary)|not satisfied|",
                     0.4 * modal.omega[nFirst] / (2.0 * std::numbers::pi)),
              "A Sturm count finds 35 modes below"});
+}
+
+// 2 by 1 bays of 6 m, 2 storeys of 3.3 m: 12 columns of 3.3 m, 14 beams of 6 m, 72 m2 under 5 + 2/2 kN/m2 a floor.
+TEST_F(CalculationReport, ModelByHand) {
+  Job job = MakeBuilding();
+  job.analyses = {MakeModes(3, c_gravity)};
+  Solve(job);
+  std::array<double, 3> G = {0.0, 432.0, 432.0};  // by level, half a member at each end
+  double dMembers = 0.0;
+  for (const JobElement& element : job.elements) {
+    const JobNode& i = job.nodes[static_cast<std::size_t>(element.nNodeI - 1)];
+    const JobNode& j = job.nodes[static_cast<std::size_t>(element.nNodeJ - 1)];
+    const double dArea = job.sections[static_cast<std::size_t>(element.nSection)].dArea;
+    const double dWeight = 9.81e-3 * 7900.0 * 1e-6 * dArea * (i.dZ == j.dZ ? 6.0 : 3.3);
+    dMembers += dWeight;
+    for (const double dZ : {i.dZ, j.dZ}) G[static_cast<std::size_t>(std::lround(dZ / 3.3))] += 0.5 * dWeight;
+    if (i.dZ + j.dZ == 3.3) G[1] -= 9.0 / 70.0 * dWeight;  // what couples with the held end; a little less with shear
+  }
+  const std::string strPage = Tell();
+  ExpectAll(strPage, {"Nodes|18: 18 rigid, 0 pinned|", "Members|26: 26 beams, 0 bars, 0 others|",
+                      "12.00 m × 6.00 m × 6.60 m|", "\nX Y Z RX RY RZ|6|1, ", "\n0 (dead)|"});
+  const auto sections = TakeTable(strPage, "Table 3-1 Sections");
+  ASSERT_EQ(sections.size(), job.sections.size() + 2);
+  EXPECT_EQ(sections.back()[1] + " " + sections.back()[2], "26 123.6");
+  EXPECT_NEAR(std::stod(sections.back()[7]), dMembers / 9.81, 0.051);
+  const std::string strOwn = "of it the members|";
+  EXPECT_NEAR(std::stod(strPage.substr(strPage.find(strOwn) + strOwn.size())), G[1] + G[2] - 864.0, 0.151);
+  const auto storeys = TakeTable(strPage, "Representative gravity loads of the storeys");
+  ASSERT_EQ(storeys.size(), 4U);
+  const struct {
+    double dWeight, dSum;
+    const char* pszLevel;
+  } expected[] = {{G[2], G[2], "6.60"}, {G[1], G[1] + G[2], "3.30"}};
+  for (std::size_t k = 0; k < 2; ++k) {
+    const test::Strings& row = storeys[k + 1];
+    const double dTolerance = k == 0 ? 0.051 : 0.151;
+    EXPECT_EQ(row[0] + " " + row[1] + " " + row[2] + " " + row[3],
+              Format("%d %s 3.30 6", 2 - static_cast<int>(k), expected[k].pszLevel));
+    EXPECT_NEAR(std::stod(row[4]), expected[k].dWeight / 9.81, dTolerance);
+    EXPECT_NEAR(std::stod(row[5]), expected[k].dWeight, dTolerance);
+    EXPECT_EQ(row[6] + " " + row[7], "6.00 3.00");
+    EXPECT_NEAR(std::stod(row[8]), expected[k].dSum, dTolerance);
+  }
 }
 
 TEST_F(CalculationReport, TowersHaveDisplacementsInPlaceOfStoreys) {
