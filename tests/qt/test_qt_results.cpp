@@ -3,6 +3,7 @@
 
 #include <QTest>
 
+#include "TestPlatform.h"
 #include "WindowTest.h"
 #include "skyframe/job/Text.h"
 #include "skyframe/scene/ResultPainter.h"
@@ -35,7 +36,7 @@ host::Job MakeLoadedCantilever() {
 }
 
 void Choose(QComboBox& list, const QString& strText) {
-  const int nRow = list.findText(strText, Qt::MatchStartsWith);
+  const int nExact = list.findText(strText), nRow = nExact >= 0 ? nExact : list.findText(strText, Qt::MatchStartsWith);
   ASSERT_GE(nRow, 0) << strText.toStdString();
   list.setCurrentIndex(nRow);
   Q_EMIT list.activated(nRow);
@@ -58,6 +59,58 @@ std::map<std::string, std::string> ReadData(const QWidget& window, const QString
   }
   return lines;
 }
+
+/// Takes up what a widget writes while it paints itself.
+class CTextSheet : public QPaintDevice {
+ public:
+  explicit CTextSheet(QWidget& widget) : m_widget(widget) {
+    widget.render(this);
+    QPointF end;
+    for (const Piece& piece : m_engine.m_pieces) {
+      const bool bGoesOn = !m_lines.isEmpty() && (piece.at - end).manhattanLength() < 1.0;
+      bGoesOn ? m_lines.last() += piece.strText : m_lines.emplaceBack(piece.strText);
+      end = piece.at + QPointF(piece.dWidth, 0.0);
+    }
+  }
+  [[nodiscard]] bool Has(const std::string& strText) const { return m_lines.contains(QString::fromStdString(strText)); }
+  [[nodiscard]] std::string GetAll() const { return m_lines.join(QStringLiteral(" | ")).toStdString(); }
+
+  QPaintEngine* paintEngine() const override { return &m_engine; }
+
+ protected:
+  int metric(PaintDeviceMetric what) const override {
+    if (what == PdmWidth) return m_widget.width();
+    if (what == PdmHeight) return m_widget.height();
+    return what == PdmDevicePixelRatioScaled ? 65536 : what == PdmDevicePixelRatio || what == PdmDepth ? 1 : 96;
+  }
+
+ private:
+  struct Piece {  ///< a text is written in several where its script changes
+    QPointF at;
+    double dWidth;
+    QString strText;
+  };
+  struct CEngine : QPaintEngine {
+    CEngine() : QPaintEngine(AllFeatures) {}
+    bool begin(QPaintDevice*) override { return true; }
+    bool end() override { return true; }
+    void updateState(const QPaintEngineState&) override {}
+    void drawPath(const QPainterPath&) override {}
+    void drawPolygon(const QPointF*, int, PolygonDrawMode) override {}
+    void drawPixmap(const QRectF&, const QPixmap&, const QRectF&) override {}
+    void drawTextItem(const QPointF& at, const QTextItem& item) override {
+      if (painter()->pen().color().lightness() < 240)
+        m_pieces.push_back({at, item.width(), item.text()});  // else a halo
+    }
+    Type type() const override { return User; }
+
+    std::vector<Piece> m_pieces;
+  };
+
+  QWidget& m_widget;
+  mutable CEngine m_engine;
+  QStringList m_lines;
+};
 
 TEST_F(Results, ForcesOfTheChosenResultAreDrawnAndOldOnesOnRequestAlone) {
   CMainWindow window(Settings());
@@ -293,6 +346,67 @@ TEST_F(Results, PartsAreFoundByNumberSectionAndClick) {
   QApplication::sendEvent(&view, &move);
   QTest::mouseRelease(&view, Qt::LeftButton, {}, end);
   EXPECT_EQ(document.GetSelection(), (Selection{{}, {1}}));
+}
+
+TEST_F(Results, TheDrawingWritesWhatStaticsSays) {
+  CMainWindow window(Settings());
+  window.show();
+  Trigger(window, "language_en");
+  host::Job job = MakeLoadedCantilever();
+  ASSERT_TRUE(window.OpenJob(WriteJob("written.json", job)));
+  CStructureView& view = window.GetStructureView();
+  Trigger(window, "front");
+  const auto choose = [&window](const char* pszList, const char* pszText) {
+    Choose(*Find<QComboBox>(window, pszList), QString::fromUtf8(pszText));
+  };
+  const auto expect = [&view](const char* pszWhat, const test::Strings& there, const test::Strings& gone = {}) {
+    const CTextSheet sheet(view);
+    for (const std::string& strText : there)
+      EXPECT_TRUE(sheet.Has(strText)) << pszWhat << ": " << strText << " in " << sheet.GetAll();
+    for (const std::string& strText : gone) EXPECT_FALSE(sheet.Has(strText)) << pszWhat << ": " << strText;
+  };
+  expect("a job without results", {"3 nodes   2 elements"});
+  Trigger(window, "node_numbers");
+  expect("ids", {"70", "30", "50"}, {"1", "2", "3"});
+  Trigger(window, "node_numbers");
+  Trigger(window, "element_numbers");
+  Trigger(window, "section_names");
+  expect("elements", {"1", "2", "HN400", "Box"}, {"70"});
+  Trigger(window, "element_numbers");
+  Trigger(window, "section_names");
+  choose("load_choice", "case 0");
+  expect("a load", {"12.0", "case 0, dead load, kN and kN·m"}, {"4.00", "4.0"});
+  choose("load_choice", "none");
+
+  Trigger(window, "run_all");
+  const double dTip = 1e3 * 12.0 * 64.0 / (3.0 * 2.06e8 * 2e-4);  // mm
+  choose("shapes", "static deformation (linear)");
+  Find<QDoubleSpinBox>(window, "magnification")->setValue(60);
+  choose("colours", "displacement");
+  expect("a shape", {"static deformation (linear)   displacements × 60", "displacement", "[mm]",
+                     host::Format("max %.4g mm (node 50)", dTip)});
+  choose("colours", "none");
+  choose("diagram", "My");  // P L at the clamp
+  expect("a diagram",
+         {"linear static analysis", "bending moment My", "-48.0", "-24.0", "min -48.0 kN·m (element 1)",
+          "static deformation (linear)   not drawn: diagrams lie on the undeformed structure"},
+         {host::Format("max %.4g mm (node 50)", dTip)});
+  choose("diagram", "Qz");
+  expect("a constant", {"12.0"}, {"-48.0"});
+  choose("diagram", "none");
+  Find<QCheckBox>(window, "reactions")->setChecked(true);
+  expect("reactions", {"12.0", "48.0"});
+  Find<QCheckBox>(window, "reactions")->setChecked(false);
+  choose("colours", "M");
+  expect("colours", {"[kN·m]", "max 48.0 kN·m (element 1)", "0", "10", "20", "30", "40"});
+  window.GetDocument().Select({{}, {1}});
+  Find<QCheckBox>(window, "alone")->click();
+  expect("the second member alone", {"max 24.0 kN·m (element 2)"}, {"max 48.0 kN·m (element 1)"});
+  job.loads[0].dValue = -24;
+  ASSERT_TRUE(window.OpenJob(WriteJob("written.json", job)));
+  expect("another model", {"3 nodes   2 elements"}, {"max 48.0 kN·m (element 1)", "linear static analysis"});
+  choose("force_source", "linear static analysis");
+  expect("on request", {"max 48.0 kN·m (element 1)", "linear static analysis   (out of date)"});
 }
 
 TEST_F(Results, LoadsStayChosenByWhatTheyAre) {
