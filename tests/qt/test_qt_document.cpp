@@ -2,8 +2,10 @@
 
 #include <QTest>
 
+#include "QtPerson.h"
 #include "WindowTest.h"
 #include "skyframe/job/DialogFields.h"
+#include "skyframe/values/DialogIds.h"
 
 namespace skyframe::gui {
 namespace {
@@ -189,6 +191,61 @@ TEST_F(Document, AFailedRunIsNotShownAsDone) {
     ASSERT_TRUE(window.OpenJob(Path("mechanism.json")));
     EXPECT_EQ(mark().contains(QStringLiteral("有错误")), bFree) << "opened again";
   }
+}
+
+TEST_F(Document, AnalysesAreRunAndTakenOutFromTheirList) {
+  CMainWindow window(Settings());
+  test::CQtPerson person(&window);
+  window.show();
+  host::SpectrumJob alongX, alongY;
+  alongX.direction = {1, 0, 0};
+  alongY.direction = {0, 1, 0};
+  host::Job job = MakeShakenFrame();
+  job.analyses = {alongX, alongY, host::ModalJob{}};
+  ASSERT_TRUE(window.OpenJob(WriteJob("list.json", job)));
+  auto& list = *Find<QListWidget>(window, "analyses");
+  ASSERT_EQ(list.count(), 3);
+  std::string strY;
+  person.AddScript(c_nIdSpectrumDlg,
+                   {DialogStep::Inspect([&strY](const IDialogView& view) { strY = view.GetText(c_nIdDirectionY); }),
+                    DialogStep::Cancel()});
+  person.Watch([&list] { Q_EMIT list.itemActivated(list.item(1)); });
+  EXPECT_EQ(std::stod(strY), 1.0) << "the dialog of the second spectrum has its values";
+  EXPECT_FALSE(window.GetDocument().IsModified());
+  list.setCurrentRow(0);
+  Find<QDockWidget>(window, "analysis_dock")->raise();
+  list.actions().constFirst()->trigger();
+  EXPECT_TRUE(window.GetDocument().GetJob().analyses == (std::vector<host::JobAnalysis>{alongY, host::ModalJob{}}));
+  EXPECT_TRUE(window.GetDocument().IsModified());
+  list.setCurrentRow(-1);
+  list.actions().constFirst()->trigger();
+  EXPECT_EQ(list.count(), 2) << "none is chosen";
+  window.GetDocument().Forget();
+}
+
+TEST_F(Document, ResultFilesAreReadPieceByPiece) {
+  std::string strLong;
+  for (int k = 0; k < 60000; ++k) strLong += "行 " + std::to_string(k) + "\n";
+  WriteFile(Path("beam.mode"), "short\n");
+  WriteFile(Path("beam_HisTime.txt"), strLong);
+  CMainWindow window(Settings());
+  window.show();
+  ASSERT_TRUE(window.OpenJob(WriteJob("beam.json", MakeCantilever())));
+  auto& list = *Find<QListWidget>(window, "results");
+  auto& text = *Find<QPlainTextEdit>(window, "text");
+  const auto show = [&list](const char* pszFile) {
+    list.setCurrentItem(list.findItems(QString::fromLatin1(pszFile), Qt::MatchExactly).value(0));
+  };
+  show("beam_HisTime.txt");
+  const std::string strFirst = text.toPlainText().toStdString();
+  EXPECT_TRUE(strFirst.size() < strLong.size() && strLong.starts_with(strFirst)) << "no letter is torn";
+  text.verticalScrollBar()->setValue(text.verticalScrollBar()->maximum());
+  EXPECT_GT(text.toPlainText().size(), static_cast<qsizetype>(strFirst.size() / 2));
+  show("beam.mode");
+  EXPECT_EQ(text.toPlainText(), QStringLiteral("short\n")) << "nothing of the other file";
+  show("beam_HisTime.txt");
+  for (int k = 0; k < 20; ++k) text.verticalScrollBar()->setValue(text.verticalScrollBar()->maximum());
+  EXPECT_TRUE(text.toPlainText().toStdString() == strLong) << "all of it in the end";
 }
 
 }  // namespace
