@@ -190,10 +190,30 @@ TEST_F(Results, ShapesAreDrawnAsLargeAsTheNumberSays) {
   EXPECT_LE(number.value(), 1e9) << "out of range";
   EXPECT_TRUE(std::isfinite(view.GetPlaces().GetNode(2).dZ));
 
-  // By the keys, without a click into the drawing.
-  ASSERT_TRUE(window.OpenJob(Path("scale.json")));
+  // A shape of another model is drawn when it is chosen.
+  shapes.setCurrentIndex(1);
+  job.loads[0].dValue = -20;
+  ASSERT_TRUE(window.OpenJob(WriteJob("scale.json", job)));
+  EXPECT_EQ(shapes.currentIndex(), 0);
+  EXPECT_FALSE(view.IsShapeDrawn());
+  EXPECT_TRUE(shapes.itemText(1).contains(QStringLiteral("过期")));
+}
+
+TEST_F(Results, KeysReachTheDrawingWithoutAClickIntoIt) {
+  const QString strFile = WriteJob("keys.json", MakeLoadedCantilever());
+  {
+    CMainWindow window(Settings());
+    ASSERT_TRUE(window.OpenJob(strFile));
+    Trigger(window, "run_all");
+  }
+  CMainWindow window(Settings());
+  window.show();
   QApplication::setActiveWindow(&window);
-  shapes.setCurrentIndex(0);
+  Find<QLineEdit>(window, "find_text")->setFocus();  // a field, which takes such keys
+  ASSERT_TRUE(window.OpenJob(strFile));
+  QTest::qWait(20);
+  const CStructureView& view = window.GetStructureView();
+  const auto& shapes = *Find<QComboBox>(window, "shapes");
   const auto press = [&window](Qt::Key key) {
     QWidget* const pFocus = QApplication::focusWidget();
     QTest::keyClick(pFocus != nullptr ? pFocus : &window, key);
@@ -222,14 +242,6 @@ TEST_F(Results, ShapesAreDrawnAsLargeAsTheNumberSays) {
   }
   press(Qt::Key_0);
   EXPECT_GT(std::abs(view.GetCamera().ProjectDirection({0, 1, 0}).at.dY), 0.1) << "all three axes are seen";
-
-  // A shape of another model is drawn when it is chosen.
-  shapes.setCurrentIndex(1);
-  job.loads[0].dValue = -20;
-  ASSERT_TRUE(window.OpenJob(WriteJob("scale.json", job)));
-  EXPECT_EQ(shapes.currentIndex(), 0);
-  EXPECT_FALSE(view.IsShapeDrawn());
-  EXPECT_TRUE(shapes.itemText(1).contains(QStringLiteral("过期")));
 }
 
 TEST_F(Results, DataOfWhatIsSelectedAgreeWithStatics) {
