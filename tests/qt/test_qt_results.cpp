@@ -485,6 +485,10 @@ TEST_F(Results, PicturesAreNamedByWhatTheyShow) {
   EXPECT_EQ(propose(), "frame_mode3_spectrum_M_reactions.png") << "both are drawn";
   // Another job without a history, while one was being looked at.
   Choose(sources, sources.itemText(3));
+  Find<QDockWidget>(window, "history_dock")->raise();
+  EXPECT_TRUE(QTest::qWaitFor([&] { return Find<QListWidget>(window, "history_curves")->count() > 0; }));
+  Find<QCheckBox>(window, "history_move")->setChecked(true);
+  EXPECT_EQ(propose(), "frame_history_history_M_reactions.png") << "a moment";
   host::Job job = MakeLoadedCantilever();
   ASSERT_TRUE(window.OpenJob(WriteJob("beam.json", job)));
   EXPECT_EQ(propose(), "beam_structure.png");
