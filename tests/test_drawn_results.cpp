@@ -5,12 +5,14 @@
 #include "ResultFiles.h"
 #include "skyframe/job/JobFile.h"
 #include "skyframe/job/Text.h"
+#include "skyframe/plot/Pictures.h"
 #include "skyframe/run/PlatformScope.h"
 #include "skyframe/scene/Colours.h"
 #include "skyframe/scene/LocalAxes.h"
 #include "skyframe/scene/Picking.h"
 #include "skyframe/scene/ResultPainter.h"
 #include "skyframe/scene/ScenePainter.h"
+#include "skyframe/scene/TextExtent.h"
 
 namespace skyframe::host {
 namespace {
@@ -388,6 +390,36 @@ TEST(Picking, HitsWhatIsSeenThere) {
   for (const auto& c : cases) {
     const PaintPoint at = camera.Project(c.at).at;
     EXPECT_EQ(PickPart(c.places, camera, {at.dX + c.dX, at.dY + c.dY}, 7.0, c.shown), c.part) << c.pszWhat;
+  }
+}
+
+TEST(DrawnHistories, ValuesAtTheCursorLeaveTheCurveFree) {
+  HistoryPicture picture;
+  picture.dTimeStep = 0.02;
+  picture.curves = {{"u", {}}};
+  for (int k = 0; k < 500; ++k) picture.curves[0].values.push_back(2e-3 * std::sin(0.031 * k) * std::cos(0.4 * k));
+  for (const auto& [nHeight, t] :
+       {std::pair(320, 0.02), {320, 1.0}, {320, 2.48}, {320, 9.9}, {220, 2.48}, {220, 9.9}}) {
+    const PictureSize size{640, nHeight};
+    picture.cursor = t;
+    CPaintRecorder paint;
+    PaintHistoryChart(paint, picture, size);
+    const CChartFrame frame = FormHistoryFrame(picture, size);
+    const double dValue = 1e3 * picture.curves[0].values[FindHistoryStep(picture, t)];
+    int nTold = 0;
+    for (const PaintItem& item : paint.GetItems()) {
+      const bool bValue = item.strText == Format("%.4g mm", dValue);
+      if (item.state.pen == c_white || !(bValue || item.strText == Format("t = %.6g s", t))) continue;
+      ++nTold;
+      const double dHalf = 0.5 * EstimateTextWidth(item.strText, item.state.dTextHeight);
+      for (std::size_t k = 0; k < 500; ++k) {
+        const PaintPoint at = frame.Map(0.02 * static_cast<double>(k + 1), 1e3 * picture.curves[0].values[k]);
+        const bool bCovered = std::abs(at.dX - item.points[0].dX) < dHalf &&
+                              std::abs(at.dY - item.points[0].dY) < 0.4 * item.state.dTextHeight;
+        ASSERT_FALSE(bCovered && nHeight > 300) << item.strText << " at " << t << " s, step " << k;
+      }
+    }
+    EXPECT_EQ(nTold, 2) << t << " s: told even where there is no room";
   }
 }
 

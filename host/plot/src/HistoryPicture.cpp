@@ -122,6 +122,7 @@ void AddCursorValues(const HistoryPicture& picture, const CChartFrame& frame, do
   const double dHeight = c_dLine * static_cast<double>(values.size() - 1);
   const bool bAbove = !band || band->first - box.dTop >= dHeight + 2.0 * c_dFree;
   double dY = !band ? box.dTop + c_dFree : bAbove ? band->first - c_dFree - dHeight : band->second + c_dFree;
+  dY = std::max(std::min(dY, box.dBottom - c_dFree - dHeight), box.dTop + c_dFree);  // told, at a pinch on the curves
   for (Label& label : values) {
     label.at = {dX, dY};
     label.aside = {bRight ? 1.0 : -1.0, 0.0};
