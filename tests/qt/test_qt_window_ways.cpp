@@ -141,7 +141,7 @@ TEST_F(Ways, NewAndSaveAsWriteTheFilesThatTheyName) {
     document.Forget();
     ASSERT_TRUE(window.OpenJob(Path("copy.json")));
     document.SetAnalyses({host::ModalJob{}});
-    Answer<QMessageBox>([&] { EXPECT_EQ(window.OpenJob(Path("made.json")), bGone); },
+    Answer<QMessageBox>([&, bOpened = bGone] { EXPECT_EQ(window.OpenJob(Path("made.json")), bOpened); },
                         [&, strAnswer = QString::fromUtf8(pszAnswer)](QMessageBox& box) {
                           for (QAbstractButton* const pButton : box.buttons()) {
                             if (pButton->text() == strAnswer) return pButton->click();
