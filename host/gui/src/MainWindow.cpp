@@ -354,6 +354,7 @@ bool CMainWindow::OpenJob(const QString& strFile) {
   if (!m_document.GetWarnings().empty()) m_adviceDock.raise();
   for (QAction* const pAction : m_jobActions) pAction->setEnabled(true);
   Remember(strFile);
+  m_view.setFocus();  // its keys are at hand
   return true;
 }
 
