@@ -80,6 +80,7 @@ class SparseMatrix {
   /// Compressed-row copy of the non-zero entries of both triangles, columns ascending in each row. False,
   /// without rows, after a message when memory is short or they are too many to count.
   bool BuildRows(int n);
+  void DropRows();
 
   /// LDL^T of the leading n x n block. A pivot within +-1e-15 (or NaN) is refused after all columns
   /// are done: message, false, values left partly reduced.
@@ -112,7 +113,6 @@ class SparseMatrix {
   double& ResetDummy();
   void Clear();
   void DropDerived();
-  void DropRows();
   void FillRows(int n);
   [[nodiscard]] bool Factorise(int n, std::span<double> pivots);
   [[nodiscard]] LostDigits MeasureLostDigits(std::span<const double> pivots) const;
