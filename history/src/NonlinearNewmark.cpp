@@ -14,7 +14,7 @@ std::vector<double> MakeVector(int n) { return std::vector<double>(static_cast<s
 }  // namespace
 
 CNonlinearNewmark::CNonlinearNewmark(const NewmarkConstants& constants, const Settings& settings, const CRowMatrix& M,
-                                     const CRowMatrix& C, const SparseMatrix& inertia, NonlinearStructure structure,
+                                     const CRowMatrix& C, const CRowMatrix& inertia, NonlinearStructure structure,
                                      std::span<const double> constantLoad, std::span<const double> resistance)
     : m_constants(constants),
       m_settings(settings),
@@ -42,7 +42,7 @@ bool CNonlinearNewmark::StepGround(std::span<const double> g) {
 bool CNonlinearNewmark::FormEffective() {
   // K^ = K + a0 M + a1 C
   if (!m_structure.formTangent(m_effective)) return false;
-  m_effective += m_inertia;
+  m_inertia.AddTo(m_effective, 1.0);
   return true;
 }
 

@@ -161,7 +161,7 @@ bool CTimeHistoryRun::StepNonlinearGround(const CGroundMotion& motion) {
     motion.FormVector(k, m_model.GetNodes(), g);
     if (!integrator.StepGround(g)) return false;
     if (!integrator.HasConverged()) ++m_findings.nRoughSteps;
-    Record(k, m_model.GetDisplacements().first(GetFreeCount()), m_baseShear.Sum(m_model.GetReactions()));
+    RecordNonlinear(k);
     progress.Advance();
   }
   return true;
@@ -179,35 +179,24 @@ void CTimeHistoryRun::FormDamping() {
 bool CTimeHistoryRun::FormOperators(double a0, double a1) {
   m_findings.status = RunStatus::Failed;  // until the last step
   const int F = m_model.GetFreeDofs();
-  SparseMatrix& K = m_stiffness;
-  SparseMatrix& M = m_inertia;
-  if (!m_model.AssembleStiffness(K, false, IsShear()) || !m_model.AssembleMass(M, IsShear())) return false;
-  m_model.AddStaticLoadMass(M);
-  m_baseShear = CBaseShear(K, m_model.GetNodes());
-
-  SparseMatrix C = K;
-  if (!C.IsAllocated()) return false;
-  C *= m_findings.dStiffnessDamping;
-  {
-    SparseMatrix massPart = M;
-    if (!massPart.IsAllocated()) return false;
-    massPart *= m_findings.dMassDamping;
-    C += massPart;
-  }
-  m_massRows = CRowMatrix(M, F);
-  m_dampingRows = CRowMatrix(C, F);
-  if (m_massRows.GetOrder() != F || m_dampingRows.GetOrder() != F) return false;
-
-  // a0 M + a1 C, in the place of M
-  M *= a0;
-  C *= a1;
-  M += C;
+  // M and then K in the same memory
+  if (!m_model.AssembleMass(m_stiffness, IsShear())) return false;
+  m_model.AddStaticLoadMass(m_stiffness);
+  m_massRows = CRowMatrix(m_stiffness, F);
+  if (!m_model.AssembleStiffness(m_stiffness, false, IsShear())) return false;
+  const CRowMatrix K(m_stiffness, F);
+  if (m_massRows.GetOrder() != F || K.GetOrder() != F) return false;
+  m_baseShear = CBaseShear(m_stiffness, m_model.GetNodes());
+  m_dampingRows = CRowMatrix::Combine(m_findings.dMassDamping, m_massRows, m_findings.dStiffnessDamping, K);
+  m_inertia = CRowMatrix::Combine(a0, m_massRows, a1, m_dampingRows);
   return true;
 }
 
 bool CTimeHistoryRun::FactoriseEffective() {
-  m_stiffness += m_inertia;
-  m_inertia.Release();
+  for (const auto& pElement : m_model.GetElements()) {
+    if (pElement) m_axialRows.emplace_back(pElement->GetElemNo(), pElement->FormAxialRow());
+  }
+  m_inertia.AddTo(m_stiffness, 1.0);
   return m_stiffness.Decompose(m_model.GetFreeDofs());
 }
 
@@ -258,17 +247,20 @@ bool CTimeHistoryRun::Move(std::span<const double> increment) {
   return m_model.IsWithinLimit(m_model.GetDisplacements().first(GetFreeCount()));
 }
 
-void CTimeHistoryRun::ComputeAxialForces(std::span<const double> u) {
-  for (const auto& pElement : m_model.GetElements()) {
-    if (pElement) pElement->ComputeInternalForce(u, false, IsShear(), false);
-  }
-}
-
 bool CTimeHistoryRun::RecordLinear(int nStep, std::span<const double> u) {
   if (!m_model.IsWithinLimit(u)) return false;
-  ComputeAxialForces(u);
+  double* const forces = m_model.m_history.values[c_nHistoryForce][nStep];
+  for (const auto& [nElement, row] : m_axialRows) forces[nElement] = row.Compute(u);
   Record(nStep, u, m_baseShear.Compute(u));
   return true;
+}
+
+void CTimeHistoryRun::RecordNonlinear(int nStep) {
+  double* const forces = m_model.m_history.values[c_nHistoryForce][nStep];
+  for (const auto& pElement : m_model.GetElements()) {
+    if (pElement) forces[pElement->GetElemNo()] = pElement->GetAxialForce();
+  }
+  Record(nStep, m_model.GetDisplacements().first(GetFreeCount()), m_baseShear.Sum(m_model.GetReactions()));
 }
 
 void CTimeHistoryRun::Record(int nStep, std::span<const double> u, const std::array<double, 3>& baseShear) {
@@ -278,10 +270,6 @@ void CTimeHistoryRun::Record(int nStep, std::span<const double> u, const std::ar
     for (const int nNode : m_model.GetNodes().GetListedNodes()) {
       row[nNode] = m_model.GetNodes().GetValue(u, nNode, nDirection);
     }
-  }
-  double* forces = history.values[c_nHistoryForce][nStep];
-  for (const auto& pElement : m_model.GetElements()) {
-    if (pElement) forces[pElement->GetElemNo()] = pElement->GetAxialForce();
   }
   for (std::size_t d = 0; d < baseShear.size(); ++d) {
     history.baseShear[nStep][d] = baseShear[d];

@@ -4,6 +4,7 @@
 #include <span>
 #include <string>
 #include <utility>
+#include <vector>
 
 #include "skyframe/history/BaseShear.h"
 #include "skyframe/history/GroundMotion.h"
@@ -42,7 +43,7 @@ class CTimeHistoryRun {
 
   /// The Rayleigh pair and what it gives every mode, into the findings.
   void FormDamping();
-  /// K, M and C = alpha M + beta K; m_inertia = a0 M + a1 C.
+  /// K as the skyline; M, C = alpha M + beta K and a0 M + a1 C by rows.
   [[nodiscard]] bool FormOperators(double a0, double a1);
   /// L D L^T of K + a0 M + a1 C in the place of K, which is all a linear run keeps.
   [[nodiscard]] bool FactoriseEffective();
@@ -54,12 +55,12 @@ class CTimeHistoryRun {
   /// u += du, moves the nodes and updates every element and Fint; false when the structure runs away.
   [[nodiscard]] bool Move(std::span<const double> increment);
 
-  /// Axial forces of the linear displacements u.
-  void ComputeAxialForces(std::span<const double> u);
-  /// Row nStep of the histories.
+  /// Row nStep of the histories but for the axial forces, which must stand there.
   void Record(int nStep, std::span<const double> u, const std::array<double, 3>& baseShear);
   /// Row nStep of a linear run, whose displacements are u. False when the structure runs away.
   [[nodiscard]] bool RecordLinear(int nStep, std::span<const double> u);
+  /// Row nStep of a nonlinear run from the elements as they stand.
+  void RecordNonlinear(int nStep);
   /// First value of row nStep that is not finite, into the findings.
   void FindBadValue(int nStep);
 
@@ -75,10 +76,11 @@ class CTimeHistoryRun {
   std::string m_strPrefix;
   CLoadCase m_stepLoad;      ///< keeps its records from step to step
   SparseMatrix m_stiffness;  ///< K, then K^ of a linear run
-  SparseMatrix m_inertia;
+  CRowMatrix m_inertia;      ///< a0 M + a1 C
   CRowMatrix m_massRows;     ///< M
   CRowMatrix m_dampingRows;  ///< C
   CBaseShear m_baseShear;
+  std::vector<std::pair<int, AxialRow>> m_axialRows;  ///< of a linear run, with the numbers of the elements
 };
 
 }  // namespace skyframe

@@ -30,9 +30,11 @@ bool AssembleMassRows(const CAnalysisModel& model, bool bUseLoadMass, SparseMatr
   return M.GetOrder() == model.GetFreeDofs();
 }
 
-bool PrepareProducts(SparseMatrix& A, int nFree) {
-  A.TrimProfile(nFree);
-  return A.BuildRows(nFree);
+bool AssembleStiffnessRows(const CAnalysisModel& model, bool bGeometric, SparseMatrix& S, CRowMatrix& K) {
+  if (!model.AssembleStiffness(S, bGeometric, model.m_bShear != 0)) return false;
+  K = CRowMatrix(S, model.GetFreeDofs());
+  S.TrimProfile(model.GetFreeDofs());
+  return K.GetOrder() == model.GetFreeDofs();
 }
 
 }  // namespace skyframe

@@ -61,14 +61,15 @@ CModalSolution::CModalSolution(const CAnalysisModel& model)
           m_nFree,
           [this](std::span<const double> b, std::span<double> y) {
             std::ranges::copy(b, y.begin());
-            return m_K.Solve(m_nFree, y);
+            return m_factors.Solve(m_nFree, y);
           },
           [this](std::span<const double> x, std::span<double> y) { m_M.Multiply(x, y); }) {}
 
 bool CModalSolution::Solve(bool bGeometric, bool bUseLoadMass) {
-  if (!Assemble(bGeometric, bUseLoadMass) || !m_K.Decompose(m_nFree)) return false;
+  if (!Assemble(bGeometric, bUseLoadMass) || !m_factors.Decompose(m_nFree)) return false;
   m_lanczos.Start(MakeStartVector());
   if (!IterateToAcceptance()) return false;
+  m_shifted.Release();
   Refine();
   return true;
 }
@@ -83,23 +84,28 @@ std::vector<double> CModalSolution::MakeStartVector() {
   return x0;
 }
 
-/// M and then K are assembled in the same memory; a copy of K is kept only where the Sturm test can use it.
+/// M and then K are assembled in the same memory and kept by rows.
 bool CModalSolution::Assemble(bool bGeometric, bool bUseLoadMass) {
   // Deliberate: 1, the second radio button, means Sturm, and so does any choice for a small model.
   const bool bSturm = m_model.m_nRootCheck == 1 || m_nFree < c_nLargeModel;
-  if (!AssembleMassRows(m_model, bUseLoadMass, m_K, m_M)) return false;
-  if (!m_model.AssembleStiffness(m_K, bGeometric, m_model.m_bShear != 0)) return false;
-  if (!bSturm) {
+  if (!AssembleMassRows(m_model, bUseLoadMass, m_factors, m_M)) return false;
+  if (!AssembleStiffnessRows(m_model, bGeometric, m_factors, m_K)) return false;
+  if (bSturm) {
+    m_pRootTest = std::make_unique<CSturmTest>([this](double dShift) { return CountBelow(dShift); });
+  } else {
     m_pRootTest = std::make_unique<CModeComparisonTest>();
-    return PrepareProducts(m_K, m_nFree);
   }
-  m_plainK = m_K;
-  m_pRootTest = std::make_unique<CSturmTest>([this](double dShift) {
-    const CProgress progress(texts::c_strRootCount);
-    SparseMatrix S = m_plainK;
-    return CountBelowShift(S, m_M, dShift);
-  });
-  return m_plainK.IsAllocated() && PrepareProducts(m_K, m_nFree);
+  return true;
+}
+
+std::optional<int> CModalSolution::CountBelow(double dShift) {
+  const CProgress progress(texts::c_strRootCount);
+  if (!m_shifted.IsAllocated()) {
+    m_shifted.SetProfile(m_nFree, m_factors.GetDiagonal(), m_nFree);
+  }
+  m_shifted.Fill(0.0);
+  if (m_shifted.IsAllocated()) m_K.AddTo(m_shifted, 1.0);
+  return CountBelowShift(m_shifted, m_M, dShift);
 }
 
 /// Passes of growing subspaces until the root-loss test is content or there is nothing left to add.
@@ -185,7 +191,7 @@ bool CModalSolution::IsSharp() const {
 double CModalSolution::FormResidual(std::span<const double> phi, double dTheta) const {
   std::vector<double> residual(phi.size());
   std::vector<double> inertia(phi.size());
-  m_K.MultiplyRows(phi, residual);
+  m_K.Multiply(phi, residual);
   m_M.Multiply(phi, inertia);
   const double dForce2 = Dot(residual, residual);
   for (std::size_t i = 0; i < phi.size(); ++i) residual[i] -= inertia[i] / dTheta;
@@ -199,7 +205,7 @@ std::vector<double> CModalSolution::GetFrequencies() const {
 }
 
 void CModalSolution::DescribeRun(ModalFindings& findings) const {
-  findings.conditioning = m_model.DescribeConditioning(m_K);
+  findings.conditioning = m_model.DescribeConditioning(m_factors);
   findings.nSubspace = m_lanczos.GetSize();
   findings.nIterations = m_nPasses;
   const std::optional<SturmCount> proof = m_pRootTest ? m_pRootTest->GetProof() : std::nullopt;

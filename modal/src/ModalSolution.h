@@ -33,6 +33,7 @@ class CModalSolution {
 
  private:
   [[nodiscard]] bool Assemble(bool bGeometric, bool bUseLoadMass);
+  [[nodiscard]] std::optional<int> CountBelow(double dShift);
   [[nodiscard]] std::vector<double> MakeStartVector();
   [[nodiscard]] bool IterateToAcceptance();
   void Refine();
@@ -49,9 +50,10 @@ class CModalSolution {
   int m_nModes;
   int m_nFirstSize;
   int m_nPasses = 0;
-  SparseMatrix m_K;  ///< factorised by the first Lanczos step
+  SparseMatrix m_factors;  ///< of K
+  CRowMatrix m_K;
   CRowMatrix m_M;
-  SparseMatrix m_plainK;  ///< unfactorised, for the Sturm test only
+  SparseMatrix m_shifted;  ///< K - shift M of the Sturm test
   CLanczosSolver m_lanczos;
   std::unique_ptr<IRootLossTest> m_pRootTest;
 };

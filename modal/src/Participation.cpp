@@ -48,12 +48,6 @@ std::vector<double> Multiply(const CRowMatrix& A, std::span<const double> x) {
   return y;
 }
 
-std::vector<double> Multiply(const SparseMatrix& A, std::span<const double> x) {
-  std::vector<double> y(x.size());
-  A.MultiplyRows(x, y);
-  return y;
-}
-
 std::vector<double> GetColumn(const CMatrix& A, int nColumn) {
   std::vector<double> column(static_cast<std::size_t>(A.GetRows()));
   for (int k = 0; k < A.GetRows(); ++k) column[static_cast<std::size_t>(k)] = A[k][nColumn];

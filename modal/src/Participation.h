@@ -29,8 +29,6 @@ class CTranslationMasses {
 
 /// y = A x
 [[nodiscard]] std::vector<double> Multiply(const CRowMatrix& A, std::span<const double> x);
-/// y = A x with the compressed rows of A.
-[[nodiscard]] std::vector<double> Multiply(const SparseMatrix& A, std::span<const double> x);
 [[nodiscard]] std::vector<double> GetColumn(const CMatrix& A, int nColumn);
 
 }  // namespace skyframe

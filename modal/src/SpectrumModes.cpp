@@ -26,17 +26,17 @@ void TakeModes(const CAnalysisModel& model, SpectrumModes& modes) {
 
 /// Residual mode psi = K^-1 M (r - sum gamma_i phi_i), M-orthogonal to the phi_i, psi^T M psi = 1,
 /// omega^2 = psi^T K psi. None when the modes hold all mass already.
-bool AddVirtualMode(CAnalysisModel& model, bool bGeometric, const CRowMatrix& M, SparseMatrix& K,
+bool AddVirtualMode(CAnalysisModel& model, bool bGeometric, const CRowMatrix& M, SparseMatrix& factors,
                     std::span<const double> r, SpectrumModes& modes) {
   std::vector<double> rest(r.begin(), r.end());
   for (std::size_t i = 0; i < modes.GetCount(); ++i) Subtract(modes.gamma[i], modes.shape[i], rest);
   std::vector<double> psi = Multiply(M, rest);
   if (!(Dot(rest, psi) >= c_dNoResidualMass * modes.dTotalMass) || modes.dTotalMass <= 0.0) return true;
 
-  if (!model.AssembleStiffness(K, bGeometric, model.m_bShear != 0)) return false;
-  if (!PrepareProducts(K, model.GetFreeDofs())) return false;
-  const bool bSolved = K.Solve(model.GetFreeDofs(), psi);
-  model.m_spectrumFindings.conditioning = model.DescribeConditioning(K);
+  CRowMatrix K;
+  if (!AssembleStiffnessRows(model, bGeometric, factors, K)) return false;
+  const bool bSolved = factors.Solve(model.GetFreeDofs(), psi);
+  model.m_spectrumFindings.conditioning = model.DescribeConditioning(factors);
   if (!bSolved) return false;
   for (int nSweep = 0; nSweep < c_nSweeps; ++nSweep) {
     for (const std::vector<double>& phi : modes.shape) Subtract(Dot(phi, Multiply(M, psi)), phi, psi);
@@ -80,9 +80,9 @@ void FormFactors(const CDesignSpectrum& spectrum, SpectrumModes& modes) {
 
 bool FormSpectrumModes(CAnalysisModel& model, const std::array<double, 3>& c, bool bGeometric, bool bUseLoadMass,
                        SpectrumModes& modes) {
-  SparseMatrix K;
+  SparseMatrix factors;
   CRowMatrix M;
-  if (!AssembleMassRows(model, bUseLoadMass, K, M)) return false;
+  if (!AssembleMassRows(model, bUseLoadMass, factors, M)) return false;
   TakeModes(model, modes);
 
   const std::vector<double> r = FormDirectionVector(model, c);
@@ -90,7 +90,7 @@ bool FormSpectrumModes(CAnalysisModel& model, const std::array<double, 3>& c, bo
   modes.dTotalMass = Dot(r, Mr);
   for (const std::vector<double>& phi : modes.shape) modes.gamma.push_back(Dot(Mr, phi));
   const bool bVirtual = model.m_bVirtualModes == 1 && model.m_nExpandModes < model.GetFreeDofs();
-  if (bVirtual && !AddVirtualMode(model, bGeometric, M, K, r, modes)) return false;
+  if (bVirtual && !AddVirtualMode(model, bGeometric, M, factors, r, modes)) return false;
   MeasureMasses(model, M, modes);
 
   model.ModeDamping = FormDamping(model, modes.omega);

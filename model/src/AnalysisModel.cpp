@@ -56,7 +56,7 @@ bool CAnalysisModel::ClearMatrix(SparseMatrix& A) const {
   if (A.IsAllocated() && std::ranges::equal(A.GetDiagonal(), m_diagonal)) {
     A.RestoreHeights();
   } else {
-    A.SetProfile(GetTotalDofs(), m_diagonal);
+    A.SetProfile(GetTotalDofs(), m_diagonal, GetFreeDofs());
   }
   A.Fill(0.0);
   return A.IsAllocated();

@@ -112,6 +112,28 @@ MemberVector CElement::GatherLocal(const LocalAxes& R, std::span<const double> u
   return Rotate(R, values, GetDofCount());
 }
 
+double AxialRow::Compute(std::span<const double> u) const {
+  double N = 0.0;
+  for (std::size_t k = 0; k < factors.size(); ++k) {
+    const auto e = static_cast<std::size_t>(equations[k]);
+    if (e < u.size()) N += factors[k] * u[e];
+  }
+  return N;
+}
+
+AxialRow CElement::FormAxialRow() const {
+  const double dStiffness = GetMaterial().GetElasticModulus() * m_dArea / m_frame.GetLength();
+  AxialRow row;
+  for (int nDirection = 0; nDirection < 3; ++nDirection) {
+    const auto i = static_cast<std::size_t>(nDirection), j = i + 3;
+    row.equations[i] = g_pNodeTable->GetDof(m_nNodeI, nDirection);
+    row.equations[j] = g_pNodeTable->GetDof(m_nNodeJ, nDirection);
+    row.factors[j] = dStiffness * m_frame.GetAxes()[0][i];
+    row.factors[i] = -row.factors[j];
+  }
+  return row;
+}
+
 MemberVector CElement::ToGlobal(const MemberVector& local) const {
   return RotateBack(m_frame.GetAxes(), local, GetDofCount());
 }

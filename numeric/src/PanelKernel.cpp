@@ -11,9 +11,8 @@ namespace skyframe::skyline {
 
 namespace {
 
-/// A panel row is two vectors.
 template <class Simd>
-constexpr int c_nWidth = 2 * Simd::c_nLanes;
+constexpr int c_nWidth = Simd::c_nPanelVectors * Simd::c_nLanes;
 
 using GroupRows = std::make_integer_sequence<int, c_nGroup>;
 
@@ -22,22 +21,39 @@ template <class Simd>
   return panel.rows + static_cast<std::ptrdiff_t>(r - panel.nBase) * c_nWidth<Simd>;
 }
 
+/// One row of a panel in registers.
+template <class Simd>
+struct PanelRow {
+  static constexpr int c_nVectors = Simd::c_nPanelVectors;
+  typename Simd::Vec v[c_nVectors];
+
+  [[gnu::always_inline]] void Load(const double* row) {
+    for (int w = 0; w < c_nVectors; ++w) skyline::Load<Simd>(v[w], row + w * Simd::c_nLanes);
+  }
+  [[gnu::always_inline]] void Store(double* row) const {
+    for (int w = 0; w < c_nVectors; ++w) skyline::Store<Simd>(row + w * Simd::c_nLanes, v[w]);
+  }
+  [[gnu::always_inline]] void Subtract(const PanelRow& x, double dFactor) {
+    for (int w = 0; w < c_nVectors; ++w) v[w] -= x.v[w] * dFactor;
+  }
+};
+
 /// Six rows of a panel in registers.
 template <class Simd>
 struct Accumulators {
-  typename Simd::Vec v[c_nGroup][2];
+  PanelRow<Simd> row[c_nGroup];
 };
 
 /// Rows that are not in use repeat the last one; they are loaded and not stored.
 template <class Simd, int... a>
 [[gnu::always_inline]] inline void LoadRows(Accumulators<Simd>& acc, double* const* rows,
                                             std::integer_sequence<int, a...>) {
-  ((Load<Simd>(acc.v[a][0], rows[a]), Load<Simd>(acc.v[a][1], rows[a] + Simd::c_nLanes)), ...);
+  (acc.row[a].Load(rows[a]), ...);
 }
 template <class Simd, int... a>
 [[gnu::always_inline]] inline void StoreRows(const Accumulators<Simd>& acc, double* const* rows, int nRows,
                                              std::integer_sequence<int, a...>) {
-  ((a < nRows ? (Store<Simd>(rows[a], acc.v[a][0]), Store<Simd>(rows[a] + Simd::c_nLanes, acc.v[a][1])) : void()), ...);
+  ((a < nRows ? acc.row[a].Store(rows[a]) : void()), ...);
 }
 
 /// acc(a) -= sum over nBegin <= k < nEnd of columns[a][k] g(k); x is row nBegin of the panel.
@@ -47,10 +63,9 @@ template <class Simd, int... a>
                                                     std::integer_sequence<int, a...>) {
   const double* const columns[] = {pColumns[a]...};
   for (std::ptrdiff_t k = nBegin; k < nEnd; ++k, x += c_nWidth<Simd>) {
-    typename Simd::Vec x0, x1;
-    Load<Simd>(x0, x);
-    Load<Simd>(x1, x + Simd::c_nLanes);
-    ((acc.v[a][0] -= x0 * columns[a][k], acc.v[a][1] -= x1 * columns[a][k]), ...);
+    PanelRow<Simd> g;
+    g.Load(x);
+    (acc.row[a].Subtract(g, columns[a][k]), ...);
   }
 }
 
@@ -86,7 +101,7 @@ template <class Simd>
 template <class Simd, int a, int... b>
 [[gnu::always_inline]] inline void ReduceRow(Accumulators<Simd>& acc, const double* const* l,
                                              std::integer_sequence<int, b...>) {
-  ((acc.v[a][0] -= acc.v[b][0] * l[a][b], acc.v[a][1] -= acc.v[b][1] * l[a][b]), ...);
+  (acc.row[a].Subtract(acc.row[b], l[a][b]), ...);
 }
 template <class Simd, int... a>
 [[gnu::always_inline]] inline void ReduceRows(Accumulators<Simd>& acc, const double* const* l,
@@ -133,19 +148,17 @@ template <class Simd, int... a>
                                                     std::integer_sequence<int, a...>) {
   const double* const columns[] = {pColumns[a]...};
   for (std::ptrdiff_t k = nBegin; k < nEnd; ++k, x += c_nWidth<Simd>) {
-    typename Simd::Vec x0, x1;
-    Load<Simd>(x0, x);
-    Load<Simd>(x1, x + Simd::c_nLanes);
-    ((x0 -= acc.v[a][0] * columns[a][k], x1 -= acc.v[a][1] * columns[a][k]), ...);
-    Store<Simd>(x, x0);
-    Store<Simd>(x + Simd::c_nLanes, x1);
+    PanelRow<Simd> g;
+    g.Load(x);
+    (g.Subtract(acc.row[a], columns[a][k]), ...);
+    g.Store(x);
   }
 }
 
 /// Rows that are not in use count as zero.
 template <class Simd>
 [[gnu::always_inline]] inline void ClearUnused(Accumulators<Simd>& acc, int nRows) {
-  for (int a = nRows; a < c_nGroup; ++a) acc.v[a][0] = acc.v[a][1] = typename Simd::Vec{};
+  for (int a = nRows; a < c_nGroup; ++a) acc.row[a] = {};
 }
 
 template <class Simd>
@@ -176,10 +189,7 @@ template <class Simd>
     LoadRows<Simd>(acc, t.rows, GroupRows());
     ClearUnused<Simd>(acc, t.nRows);
     for (int a = c_nGroup - 1; a > 0; --a) {
-      for (int b = 0; b < a; ++b) {
-        acc.v[b][0] -= acc.v[a][0] * t.columns[a][q + b];
-        acc.v[b][1] -= acc.v[a][1] * t.columns[a][q + b];
-      }
+      for (int b = 0; b < a; ++b) acc.row[b].Subtract(acc.row[a], t.columns[a][q + b]);
     }
     StoreRows<Simd>(acc, t.rows, t.nRows, GroupRows());
     SubtractFromRows<Simd>(acc, t.columns, Row<Simd>(panel, tile.nFirst), 0, q, GroupRows());
@@ -194,18 +204,13 @@ template <class Simd>
     const double* const g = first + r * c_nWidth<Simd>;
     pivots[r] = g[r];
     reciprocals[r] = 1.0 / g[r];
-    typename Simd::Vec g0, g1, y0, y1;
-    Load<Simd>(g0, g);
-    Load<Simd>(g1, g + Simd::c_nLanes);
+    PanelRow<Simd> finished, below;
+    finished.Load(g);
     for (int i = r + 1; i < panel.nCols; ++i) {
       double* const y = first + i * c_nWidth<Simd>;
-      const double l = g[i] * reciprocals[r];
-      Load<Simd>(y0, y);
-      Load<Simd>(y1, y + Simd::c_nLanes);
-      y0 -= g0 * l;
-      y1 -= g1 * l;
-      Store<Simd>(y, y0);
-      Store<Simd>(y + Simd::c_nLanes, y1);
+      below.Load(y);
+      below.Subtract(finished, g[i] * reciprocals[r]);
+      below.Store(y);
     }
   }
 }
@@ -278,25 +283,25 @@ template <class Simd>
 
 // The templates once per unit, in functions that carry its target.
 // NOLINTBEGIN(bugprone-macro-parentheses): an attribute cannot stand in parentheses
-#define SKYFRAME_PANEL_FUNCTIONS(unit, bytes, target)                                                                  \
+#define SKYFRAME_PANEL_FUNCTIONS(unit, simd, target)                                                                   \
   target void Update##unit(const RowTile& tile, const Panel& panel, int nBegin, int nEnd) {                            \
-    UpdateAll<Simd##bytes>(tile, panel, nBegin, nEnd);                                                                 \
+    UpdateAll<Simd##simd>(tile, panel, nBegin, nEnd);                                                                 \
   }                                                                                                                    \
-  target void Finish##unit(const RowTile& tile, const Panel& panel) { FinishAll<Simd##bytes>(tile, panel); }           \
+  target void Finish##unit(const RowTile& tile, const Panel& panel) { FinishAll<Simd##simd>(tile, panel); }           \
   target void Subtract##unit(const RowTile& tile, const Panel& panel, int nBegin, int nEnd) {                          \
-    SubtractAll<Simd##bytes>(tile, panel, nBegin, nEnd);                                                               \
+    SubtractAll<Simd##simd>(tile, panel, nBegin, nEnd);                                                               \
   }                                                                                                                    \
-  target void FinishBack##unit(const RowTile& tile, const Panel& panel) { FinishBackAll<Simd##bytes>(tile, panel); }   \
+  target void FinishBack##unit(const RowTile& tile, const Panel& panel) { FinishBackAll<Simd##simd>(tile, panel); }   \
   target void FactoriseOwn##unit(const Panel& panel, double* pivots, double* reciprocals) {                            \
-    FactoriseOwnRows<Simd##bytes>(panel, pivots, reciprocals);                                                         \
+    FactoriseOwnRows<Simd##simd>(panel, pivots, reciprocals);                                                         \
   }                                                                                                                    \
   target void Gather##unit(const double* const* columns, const Panel& panel, int nBegin, int nEnd) {                   \
-    GatherRows<Simd##bytes>(columns, panel, nBegin, nEnd);                                                             \
+    GatherRows<Simd##simd>(columns, panel, nBegin, nEnd);                                                             \
   }                                                                                                                    \
   target void Scatter##unit(double* const* columns, const double* factors, const Panel& panel, int nBegin, int nEnd) { \
-    ScatterRows<Simd##bytes>(columns, factors, panel, nBegin, nEnd);                                                   \
+    ScatterRows<Simd##simd>(columns, factors, panel, nBegin, nEnd);                                                   \
   }                                                                                                                    \
-  constexpr PanelKernel c_kernel##unit = {c_nWidth<Simd##bytes>, Update##unit,       Finish##unit, Subtract##unit,     \
+  constexpr PanelKernel c_kernel##unit = {c_nWidth<Simd##simd>, Update##unit,       Finish##unit, Subtract##unit,     \
                                           FinishBack##unit,      FactoriseOwn##unit, Gather##unit, Scatter##unit};
 // NOLINTEND(bugprone-macro-parentheses)
 
@@ -305,16 +310,17 @@ SKYFRAME_PANEL_FUNCTIONS(Baseline, 16, )
 SKYFRAME_PANEL_FUNCTIONS(Sse3, 16, [[gnu::target("sse3")]])
 SKYFRAME_PANEL_FUNCTIONS(Avx2, 32, [[gnu::target("avx2,fma")]])
 SKYFRAME_PANEL_FUNCTIONS(Avx512, 64, [[gnu::target("avx512f")]])
+SKYFRAME_PANEL_FUNCTIONS(Avx512Tall, 64Tall, [[gnu::target("avx512f")]])
 #endif
 #undef SKYFRAME_PANEL_FUNCTIONS
 
 }  // namespace
 
-PanelKernel SelectKernel([[maybe_unused]] VectorUnit unit) {
+PanelKernel SelectKernel([[maybe_unused]] VectorUnit unit, [[maybe_unused]] bool bTall) {
 #if defined(__x86_64__)
   switch (Resolve(unit)) {
     case VectorUnit::Bytes64:
-      return c_kernelAvx512;
+      return bTall ? c_kernelAvx512Tall : c_kernelAvx512;
     case VectorUnit::Bytes32:
       return c_kernelAvx2;
     case VectorUnit::Bytes16:

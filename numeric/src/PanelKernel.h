@@ -10,7 +10,7 @@ namespace skyframe::skyline {
 
 inline constexpr int c_nGroup = 6;     ///< finished columns of one register tile
 inline constexpr int c_nRowTile = 48;  ///< rows of a tile
-inline constexpr int c_nMaxPanelWidth = 16;
+inline constexpr int c_nMaxPanelWidth = 32;
 
 /// Six finished columns of a row tile, of about the same top. They are six rows of a panel.
 struct ColumnGroup {
@@ -64,7 +64,8 @@ struct PanelKernel {
   void (*Scatter)(double* const* columns, const double* factors, const Panel& panel, int nBegin, int nEnd);
 };
 
-/// The kernel of a unit that IsAvailable, or the best one.
-PanelKernel SelectKernel(VectorUnit unit);
+/// The kernel of a unit that IsAvailable, or the best one. bTall: for columns so tall that the wider panel, where the
+/// unit has one, pays for what it wastes at their tops and diagonals.
+PanelKernel SelectKernel(VectorUnit unit, bool bTall = false);
 
 }  // namespace skyframe::skyline

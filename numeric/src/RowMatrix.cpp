@@ -1,5 +1,7 @@
 #include "skyframe/numeric/RowMatrix.h"
 
+#include <algorithm>
+
 #include "skyframe/numeric/SparseMatrix.h"
 
 namespace skyframe {
@@ -11,6 +13,7 @@ CRowMatrix::CRowMatrix(SparseMatrix& A, int n) {
     m_column.assign(A.GetRowColumns().begin(), A.GetRowColumns().end());
     m_value.assign(A.GetRowValues().begin(), A.GetRowValues().end());
   }
+  A.DropRows();
   A.RestoreHeights();
 }
 
@@ -38,6 +41,29 @@ void CRowMatrix::AddTo(SparseMatrix& S, double dFactor) const {
       S(i, m_column[k]) += dFactor * m_value[k];
     }
   }
+}
+
+CRowMatrix CRowMatrix::Combine(double a, const CRowMatrix& A, double b, const CRowMatrix& B) {
+  CRowMatrix result;
+  for (std::size_t i = 0; i < static_cast<std::size_t>(A.GetOrder()); ++i) {
+    auto k = static_cast<std::size_t>(A.m_start[i]), l = static_cast<std::size_t>(B.m_start[i]);
+    const auto kEnd = static_cast<std::size_t>(A.m_start[i + 1]), lEnd = static_cast<std::size_t>(B.m_start[i + 1]);
+    while (k < kEnd || l < lEnd) {
+      const int nInA = k < kEnd ? A.m_column[k] : A.GetOrder(), nInB = l < lEnd ? B.m_column[l] : B.GetOrder();
+      double dValue = 0.0;
+      if (nInA <= nInB) dValue += a * A.m_value[k++];
+      if (nInB <= nInA) dValue += b * B.m_value[l++];
+      result.Append(std::min(nInA, nInB), dValue);
+    }
+    result.m_start.push_back(static_cast<int>(result.m_value.size()));
+  }
+  return result;
+}
+
+void CRowMatrix::Append(int nColumn, double dValue) {
+  if (dValue == 0.0) return;
+  m_column.push_back(nColumn);
+  m_value.push_back(dValue);
 }
 
 }  // namespace skyframe

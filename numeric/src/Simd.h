@@ -11,14 +11,21 @@ namespace skyframe::skyline {
 struct Simd16 {
   typedef double Vec __attribute__((vector_size(16)));
   static constexpr int c_nLanes = 2;
+  static constexpr int c_nPanelVectors = 2;  ///< of a panel row, six of which stay in registers
 };
 struct Simd32 {
   typedef double Vec __attribute__((vector_size(32)));
   static constexpr int c_nLanes = 4;
+  static constexpr int c_nPanelVectors = 2;
 };
 struct Simd64 {
   typedef double Vec __attribute__((vector_size(64)));
   static constexpr int c_nLanes = 8;
+  static constexpr int c_nPanelVectors = 2;
+};
+/// Twice as many registers as the other units have: six rows of four vectors stay in them.
+struct Simd64Tall : Simd64 {
+  static constexpr int c_nPanelVectors = 4;
 };
 
 /// A vector in memory, where only the doubles are aligned.

@@ -1,6 +1,8 @@
 #include <algorithm>
 #include <array>
+#include <cstdint>
 #include <memory>
+#include <numeric>
 #include <vector>
 
 #include "PanelKernel.h"
@@ -17,8 +19,9 @@ namespace {
 // above it once more, which tells when they are too tall for the caches.
 constexpr int c_nBlock = 96;
 constexpr int c_nTallBlock = 192;
-constexpr int c_nTall = 1200;      // rows
-constexpr int c_nDepthTile = 240;  // products of a tile
+constexpr int c_nTall = 1200;       // rows
+constexpr int c_nTallPanel = 500;   // rows on the average, for the wider panels
+constexpr int c_nDepthTile = 180;   // products of a tile
 constexpr std::size_t c_nCacheLine = 64;
 
 std::size_t Index(int i) { return static_cast<std::size_t>(i); }
@@ -26,6 +29,11 @@ std::size_t Index(int i) { return static_cast<std::size_t>(i); }
 int ChooseBlock(const Profile& profile) {
   const auto tallest = std::ranges::max_element(profile.height);
   return tallest != profile.height.end() && *tallest > c_nTall ? c_nTallBlock : c_nBlock;
+}
+
+PanelKernel ChooseKernel(const Profile& profile, VectorUnit unit) {
+  const auto nEntries = std::accumulate(profile.height.begin(), profile.height.end(), std::int64_t{0});
+  return SelectKernel(unit, nEntries > std::int64_t{c_nTallPanel} * profile.GetOrder());
 }
 
 /// LDL^T by blocks of consecutive columns, left-looking. The block's columns are gathered into panels
@@ -199,7 +207,7 @@ void CBlockFactoriser::ScatterOwn(const Panel& panel) const {
 }  // namespace
 
 void FactoriseLdlt(const Profile& profile, double* values, std::span<double> pivots, VectorUnit unit) {
-  CBlockFactoriser(profile, values, pivots, SelectKernel(unit)).Run();
+  CBlockFactoriser(profile, values, pivots, ChooseKernel(profile, unit)).Run();
 }
 
 }  // namespace skyframe::skyline

@@ -9,6 +9,7 @@
 #include <new>
 #include <numeric>
 
+#include "skyframe/platform/Pages.h"
 #include "skyframe/platform/Platform.h"
 #include "texts.h"
 
@@ -76,7 +77,7 @@ SparseMatrix::SparseMatrix(const SparseMatrix& other) { *this = other; }
 SparseMatrix& SparseMatrix::operator=(const SparseMatrix& other) {
   if (this == &other) return *this;
   // Deliberate: profiles of one order and one size count as equal, whatever their columns.
-  if (m_n != other.m_n || GetCount() != other.GetCount()) SetProfile(other.m_n, other.m_diag);
+  if (m_n != other.m_n || GetCount() != other.GetCount()) SetProfile(other.m_n, other.m_diag, other.m_nLeading);
   if (other.m_bNotAllocated) {
     Release();
     RestoreHeights();
@@ -93,9 +94,12 @@ SparseMatrix& SparseMatrix::operator=(const SparseMatrix& other) {
 
 SparseMatrix::~SparseMatrix() = default;
 
-void SparseMatrix::SetProfile(int n, std::span<const int> diag) {
+void SparseMatrix::SetProfile(int n, std::span<const int> diag) { SetProfile(n, diag, n); }
+
+void SparseMatrix::SetProfile(int n, std::span<const int> diag, int nLeading) {
   Release();
   m_n = n;
+  m_nLeading = nLeading;
   const auto first = diag.first(Index(n));
   m_diag = std::vector<int>(first.begin(), first.end());
   RestoreHeights();
@@ -117,6 +121,7 @@ void SparseMatrix::Allocate() {
     if (std::ranges::adjacent_find(m_diag, std::greater_equal()) != m_diag.end()) throw std::bad_alloc();
     m_values.reset(static_cast<double*>(std::calloc(std::max<std::size_t>(GetCount(), 1), sizeof(double))));
     if (!m_values) throw std::bad_alloc();
+    if (m_nLeading > 0) PreferLargePages(m_values.get(), (Index(Diagonal(m_nLeading - 1)) + 1) * sizeof(double));
   });
 }
 

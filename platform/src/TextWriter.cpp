@@ -4,6 +4,9 @@
 #include <array>
 #include <charconv>
 #include <cmath>
+#include <cstdint>
+#include <limits>
+#include <optional>
 
 namespace skyframe {
 
@@ -21,6 +24,20 @@ class CNumberBuffer {
   explicit CNumberBuffer(double dValue, Format... format) {
     const auto result = std::to_chars(m_text.data(), m_text.data() + m_text.size() - 1, dValue, format...);
     m_nLength = static_cast<size_t>(result.ptr - m_text.data());
+  }
+
+  /// nScaled / 10^nDecimals with the sign given.
+  CNumberBuffer(bool bNegative, std::uint64_t nScaled, int nDecimals) {
+    std::array<char, 24> digits;
+    const auto [pEnd, error] = std::to_chars(digits.data(), digits.data() + digits.size(), nScaled);
+    const auto nDigits = static_cast<int>(pEnd - digits.data());
+    char* p = m_text.data();
+    if (bNegative) *p++ = '-';
+    const int nWhole = std::max(nDigits - nDecimals, 0);
+    p = nWhole > 0 ? std::copy_n(digits.data(), nWhole, p) : std::fill_n(p, 1, '0');
+    *p++ = '.';
+    p = std::fill_n(p, nDecimals - (nDigits - nWhole), '0');
+    m_nLength = static_cast<size_t>(std::copy(digits.data() + nWhole, pEnd, p) - m_text.data());
   }
 
   /// A NaN has no sign here.
@@ -44,7 +61,25 @@ class CNumberBuffer {
   size_t m_nLength = 0;
 };
 
+constexpr int c_nFastDecimals = 9;
+constexpr double c_dFastLimit = 1e13;  ///< of |x| 10^n; below it, its nearest integer is exact
+
+/// 10^n
+constexpr std::array<double, c_nFastDecimals + 1> c_dPowers = {1e0, 1e1, 1e2, 1e3, 1e4, 1e5, 1e6, 1e7, 1e8, 1e9};
+
+/// The integer nearest to |x| 10^n, where the rounding of the product cannot have moved it to another.
+std::optional<std::uint64_t> RoundScaled(double dValue, int nDecimals) {
+  if (nDecimals > c_nFastDecimals) return std::nullopt;
+  const double dScaled = std::abs(dValue) * c_dPowers[static_cast<std::size_t>(nDecimals)];
+  if (!(dScaled < c_dFastLimit)) return std::nullopt;
+  const auto nBelow = static_cast<std::uint64_t>(dScaled);
+  const double dFromHalf = dScaled - static_cast<double>(nBelow) - 0.5;
+  if (std::abs(dFromHalf) <= dScaled * std::numeric_limits<double>::epsilon()) return std::nullopt;  // about a tie
+  return dFromHalf < 0.0 ? nBelow : nBelow + 1;
+}
+
 CNumberBuffer FormFixedPoint(double dValue, int nDecimals) {
+  if (const auto nScaled = RoundScaled(dValue, nDecimals)) return {std::signbit(dValue), *nScaled, nDecimals};
   CNumberBuffer number(dValue, std::chars_format::fixed, nDecimals);
   if (nDecimals == 0) number.AppendPoint();
   return number;

@@ -63,12 +63,10 @@ void CAdviceBuilder::CheckConditioning() {
 bool CAdviceBuilder::CheckNodeValues(const std::vector<NodeValues>& values, const Words& quantityAt,
                                      std::string_view strSuffix) {
   for (std::size_t i = 0; i < values.size(); ++i) {
-    for (std::size_t d = 0; d < values[i].size(); ++d) {
-      const DofPlace place = {static_cast<int>(i) + 1, static_cast<int>(d)};
-      if (!CheckFinite(values[i][d], Say(quantityAt, {DescribePlace(m_job, place)}), strSuffix)) {
-        return false;
-      }
-    }
+    const auto it = std::ranges::find_if_not(values[i], [](double d) { return std::isfinite(d); });
+    if (it == values[i].end()) continue;
+    const DofPlace place = {static_cast<int>(i) + 1, static_cast<int>(it - values[i].begin())};
+    return CheckFinite(*it, Say(quantityAt, {DescribePlace(m_job, place)}), strSuffix);
   }
   return true;
 }

@@ -28,9 +28,9 @@ class CNonlinearNewmark {
     int nMaxIter = 0;
   };
 
-  /// inertia: a0 M + a1 C in the profile of K. resistance: Fint at the start. All must outlive it but resistance.
+  /// inertia: a0 M + a1 C, within the profile of K. resistance: Fint at the start. All must outlive it but resistance.
   CNonlinearNewmark(const NewmarkConstants& constants, const Settings& settings, const CRowMatrix& M,
-                    const CRowMatrix& C, const SparseMatrix& inertia, NonlinearStructure structure,
+                    const CRowMatrix& C, const CRowMatrix& inertia, NonlinearStructure structure,
                     std::span<const double> constantLoad, std::span<const double> resistance);
 
   /// One step with the ground accelerations g at t + dt. At the iteration limit the step is accepted as
@@ -54,7 +54,7 @@ class CNonlinearNewmark {
   Settings m_settings;
   const CRowMatrix& m_M;
   const CRowMatrix& m_C;
-  const SparseMatrix& m_inertia;
+  const CRowMatrix& m_inertia;
   NonlinearStructure m_structure;
   std::vector<double> m_constantLoad;
   std::vector<double> m_resistance;

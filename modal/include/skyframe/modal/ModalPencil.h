@@ -14,8 +14,8 @@ namespace skyframe {
 /// after the kernel's message, when there is no memory for it.
 [[nodiscard]] bool AssembleMassRows(const CAnalysisModel& model, bool bUseLoadMass, SparseMatrix& S, CRowMatrix& M);
 
-/// Trims the profile and builds the compressed rows of the leading F x F block. False, after the kernel's
-/// message, when there is no memory for the rows.
-[[nodiscard]] bool PrepareProducts(SparseMatrix& A, int nFree);
+/// K in S, its heights trimmed to what it holds, and over the F free equations by rows. False, after the kernel's
+/// message, when there is no memory for them.
+[[nodiscard]] bool AssembleStiffnessRows(const CAnalysisModel& model, bool bGeometric, SparseMatrix& S, CRowMatrix& K);
 
 }  // namespace skyframe

@@ -39,6 +39,15 @@ struct ElementData {
   double dAngleSin = 0.0;
 };
 
+/// Axial force of a linear structure, one row times its displacements.
+struct AxialRow {
+  std::array<int, 6> equations = {};
+  std::array<double, 6> factors = {};
+
+  /// N of the displacements u of the first equations; those behind the end are restrained.
+  [[nodiscard]] double Compute(std::span<const double> u) const;
+};
+
 /// A two-node element. The model drives all members through these operations, in this order.
 /// DOF order: the DOFs of end i, then of end j, each in the node table's direction order.
 /// Matrices are formed on demand into work matrices shared by all elements: a returned reference is
@@ -109,6 +118,8 @@ class CElement {
   virtual void RestoreArea() { m_dArea = m_dSectionArea; }
   [[nodiscard]] virtual int GetElemNo() const { return m_nElemNo; }
   [[nodiscard]] virtual double GetAxialForce() const { return m_dAxialForce; }
+  /// EA / L of the working area and the present axes, along x at end j and against it at end i.
+  [[nodiscard]] AxialRow FormAxialRow() const;
   virtual ~CElement() = default;
 
  protected:

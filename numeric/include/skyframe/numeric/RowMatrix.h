@@ -23,7 +23,11 @@ class CRowMatrix {
   /// S <- S + factor A over the leading n x n block; the profile of S holds that of A.
   void AddTo(SparseMatrix& S, double dFactor) const;
 
+  /// a A + b B of matrices of one order. Entries that are exactly zero are left out.
+  [[nodiscard]] static CRowMatrix Combine(double a, const CRowMatrix& A, double b, const CRowMatrix& B);
+
  private:
+  void Append(int nColumn, double dValue);
   [[nodiscard]] double FormRowProduct(std::size_t i, std::span<const double> x) const;
 
   std::vector<int> m_start = {0};

@@ -33,6 +33,9 @@ class SparseMatrix {
 
   /// Releases everything; diag has n strictly increasing entries, diag[0] = 0.
   void SetProfile(int n, std::span<const int> diag);
+  /// The same where the leading nLeading x nLeading block alone will be factorised: it fills up and gets large pages,
+  /// what is behind it stays almost empty.
+  void SetProfile(int n, std::span<const int> diag, int nLeading);
   void Release();
   /// Values all zero, full column heights. Shows a message and stays unallocated when memory is short.
   void Allocate();
@@ -77,6 +80,7 @@ class SparseMatrix {
   /// Compressed-row copy of the non-zero entries of both triangles, columns ascending in each row. False,
   /// without rows, after a message when memory is short or they are too many to count.
   bool BuildRows(int n);
+  void DropRows();
 
   /// LDL^T of the leading n x n block. A pivot within +-1e-15 (or NaN) is refused after all columns
   /// are done: message, false, values left partly reduced.
@@ -109,7 +113,6 @@ class SparseMatrix {
   double& ResetDummy();
   void Clear();
   void DropDerived();
-  void DropRows();
   void FillRows(int n);
   [[nodiscard]] bool Factorise(int n, std::span<double> pivots);
   [[nodiscard]] LostDigits MeasureLostDigits(std::span<const double> pivots) const;
@@ -122,6 +125,7 @@ class SparseMatrix {
   bool m_bFactorised = false;
   bool m_bNotAllocated = true;
   int m_n = 0;
+  int m_nLeading = 0;
   std::vector<int> m_diag;
   std::unique_ptr<double[], FreeValues> m_values;
   std::vector<double> m_rowValues;

@@ -1,0 +1,12 @@
+#pragma once
+
+#include <cstddef>
+
+namespace skyframe {
+
+/// Asks the system to back the nBytes from p on, which nobody has touched yet, by pages of megabytes: fewer of them to
+/// touch for the first time, and memory read through at a rate that pages of 4 KB do not reach. A hint; not taken where
+/// the system has no such pages or the memory holds none.
+void PreferLargePages(void* p, std::size_t nBytes);
+
+}  // namespace skyframe
