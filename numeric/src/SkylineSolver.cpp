@@ -12,10 +12,11 @@ namespace skyframe::skyline {
 
 namespace {
 
-constexpr int c_nSums = 8;                 // partial sums of a dot product, vectors each
-constexpr int c_nUnroll = 4;               // vectors subtracted in one step
-constexpr std::ptrdiff_t c_nAhead = 256;  // entries between use and prefetch: across page ends, where the processor's own stops
-constexpr std::ptrdiff_t c_nLine = 8;      // entries in a cache line
+constexpr int c_nSums = 8;    // partial sums of a dot product, vectors each
+constexpr int c_nUnroll = 4;  // vectors subtracted in one step
+constexpr std::ptrdiff_t c_nAhead =
+    256;  // entries between use and prefetch: across page ends, where the processor's own stops
+constexpr std::ptrdiff_t c_nLine = 8;  // entries in a cache line
 constexpr int c_nDepthTile = 240;
 
 /// sum of l(k) x(k), nBegin <= k < nEnd. One column at a time: the profile is then one stream of memory.
@@ -26,7 +27,8 @@ template <class Simd, int... u>
   typename Simd::Vec sums[c_nSums] = {}, xk, lk;
   std::ptrdiff_t k = nBegin;
   for (; k + c_nSums * nLanes <= nEnd; k += c_nSums * nLanes) {
-    for (std::ptrdiff_t line = 0; line < c_nSums * nLanes; line += c_nLine) __builtin_prefetch(l + (k + c_nAhead + line), 0, 2);
+    for (std::ptrdiff_t line = 0; line < c_nSums * nLanes; line += c_nLine)
+      __builtin_prefetch(l + (k + c_nAhead + line), 0, 2);
     ((Load<Simd>(lk, l + k + u * nLanes), Load<Simd>(xk, x + k + u * nLanes), sums[u] += lk * xk), ...);
   }
   for (; k + nLanes <= nEnd; k += nLanes) {

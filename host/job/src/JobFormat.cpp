@@ -72,8 +72,6 @@ std::string FormatLists(const Job& job) {
 
 }  // namespace
 
-std::string FormatModel(const Job& job) { return "{\n" + FormatLists(job) + "\n}\n"; }
-
 std::string FormatAnalysis(const JobAnalysis& analysis, const Job& job) { return ToJson(analysis, job).dump(); }
 
 std::string FormatJob(const Job& job) {

@@ -28,13 +28,6 @@ std::optional<std::uintmax_t> MeasureFile(const std::string& strPath) {
   return error ? std::nullopt : std::optional(nBytes);
 }
 
-/// FNV-1a of 64 bits.
-std::uint64_t Hash(std::string_view strText) {
-  std::uint64_t nHash = 0xcbf29ce484222325U;
-  for (const char c : strText) nHash = (nHash ^ static_cast<unsigned char>(c)) * 0x100000001b3U;
-  return nHash;
-}
-
 std::string FormatTime(const LocalTime& t) {
   return Format("%04d-%02d-%02d %02d:%02d:%02d", t.nYear, t.nMonth, t.nDay, t.nHour, t.nMinute, t.nSecond);
 }
@@ -127,10 +120,6 @@ std::string FormatWhole(const JobAnalysis& analysis, const Job& job) {
 }
 
 }  // namespace
-
-std::string FormModelMark(const Job& job) {
-  return Format("%016llx", static_cast<unsigned long long>(Hash(FormatModel(job))));
-}
 
 CStamps CStamps::Read(const std::string& strJobPath) {
   CStamps stamps(strJobPath);

@@ -32,8 +32,6 @@ struct JobFile {
 
 /// The job as JSON text, one node, element or load a line.
 [[nodiscard]] std::string FormatJob(const Job& job);
-/// Its nodes, springs, sections, elements and loads alone.
-[[nodiscard]] std::string FormatModel(const Job& job);
 /// One analysis as it stands in a job file.
 [[nodiscard]] std::string FormatAnalysis(const JobAnalysis& analysis, const Job& job);
 /// The analysis of such a text, if the job can have it.
