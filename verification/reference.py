@@ -31,6 +31,29 @@ def combine(*terms):
     return [sum(f * v[i] for f, v in terms) for i in range(len(terms[0][1]))]
 
 
+def truss(nodes, bars, loads):
+    """Displacements (m) and bar forces (N) of a space truss. A node: place and three flags of held directions; a bar: its
+    ends from 0 and EA (N); a load: node from 0, direction 0 … 2, N."""
+    free = [(n, d) for n, (_, held) in enumerate(nodes) for d in range(3) if not held[d]]
+    place = {freedom: k for k, freedom in enumerate(free)}
+    K = [[0.0] * len(free) for _ in free]
+    rows = []
+    for i, j, EA in bars:
+        arm = [b - a for a, b in zip(nodes[i][0], nodes[j][0])]
+        length = math.hypot(*arm)
+        row = {place[end, d]: sign * arm[d] / length for end, sign in ((i, -1), (j, 1)) for d in range(3) if (end, d) in place}
+        rows.append((row, EA / length))
+        for p, a in row.items():
+            for q, b in row.items():
+                K[p][q] += EA / length * a * b
+    P = [0.0] * len(free)
+    for node, d, value in loads:
+        P[place[node, d]] += value
+    u = solve(K, P)
+    displacements = [[u[place[n, d]] if (n, d) in place else 0.0 for d in range(3)] for n in range(len(nodes))]
+    return displacements, [k * sum(c * u[p] for p, c in row.items()) for row, k in rows]
+
+
 def shear_building(stiffnesses, masses, bar_masses=None):
     """K and M of storeys in a row; bar masses are consistent."""
     n = len(masses)
@@ -155,10 +178,10 @@ def modes_of(K, M):
     return sorted(pairs, key=lambda pair: pair[0])
 
 
-def bisect(function, low, high):
+def bisect(function, low, high, halvings=100):
     """Root of a function that changes its sign once."""
     sign = function(low) > 0
-    for _ in range(200):
+    for _ in range(halvings):
         middle = (low + high) / 2
         low, high = (middle, high) if (function(middle) > 0) == sign else (low, middle)
     return (low + high) / 2
