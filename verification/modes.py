@@ -275,7 +275,7 @@ def m_12(compare):
 
 def m_13(compare):
     job, sketch = mast("M-13", 600, "001111"), mast("M-13-sketch", 12, "001111")
-    job.modes(10, verify_modes=True, iteration_multiple=40)
+    job.modes(10, verify_modes=True)
     sketch.modes(10)
     yield job, sketch
     for mode in range(1, 11):

@@ -175,7 +175,7 @@ def page(comparisons, language):
     return re.sub(r"\n{3,}", "\n\n", text).rstrip("\n") + "\n"
 
 
-NUMBER = re.compile(r"(?<![\w.])-?\d+(?:\.\d+)?(?:e-?\d+)?(?![\w])")
+NUMBER = re.compile(r"(?<![\w.#])-?\d+(?:\.\d+)?(?:e-?\d+)?(?![\w])")
 
 
 def alike(ours, stored):
