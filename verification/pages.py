@@ -175,7 +175,7 @@ def page(comparisons, language):
     return re.sub(r"\n{3,}", "\n\n", text).rstrip("\n") + "\n"
 
 
-NUMBER = re.compile(r"(?<![\w.#])-?\d+(?:\.\d+)?(?:e-?\d+)?(?![\w])")
+NUMBER = re.compile(r"(?<![\w.])-?\d+(?:\.\d+)?(?:e-?\d+)?(?![\w])")
 
 
 def alike(ours, stored):
@@ -209,9 +209,9 @@ def write(root, comparisons, table, images, check):
     files = {root / "docs" / folder / "verification.md": page(comparisons, language) for language, folder in enumerate(("en", "zh"))}
     stored_images = root / "docs" / "images" / "verification"
     for comparison in comparisons:
-        if not (check and "--mode" in comparison.problem["sketch"]):  # the sign of a shape is free
-            image = f"{comparison.number}.svg"
-            files[stored_images / image] = (images / image).read_text(encoding="utf-8")
+        stored = stored_images / f"{comparison.number}.svg"
+        if not check or not stored.exists():  # what a picture looks like is no matter of verification
+            files[stored] = (images / stored.name).read_text(encoding="utf-8")
     good = True
     for path, text in files.items():
         if not check:
