@@ -63,6 +63,22 @@ def m_02(compare):
         compare(f"f{n}", job.modal.f(n), closed=rayleigh_beam(n, L, A * 1e-6, Iy * 1e-12))
 
 
+def arms_of_a_cross(L, A, I, near):
+    """Frequencies near this one of arms with pinned tips whose hub does not turn: hub at rest, and hub moving in the plane,
+    where the axial and the transverse dynamic stiffness of the arms add up to nothing."""
+
+    def terms(f):
+        omega = TWO_PI * f
+        q, r = RHO * omega**2 / E, RHO * A * omega**2 / (E * I)
+        s, t = (math.sqrt(sign * q / 2 + math.sqrt(q**2 / 4 + r)) for sign in (-1, 1))
+        coth, cot = s / math.tanh(s * L), t / math.tan(t * L)
+        axial = E * A * math.sqrt(q) / math.tan(math.sqrt(q) * L)
+        return coth - cot, E * I * (s**2 + t**2) * coth * cot + axial * (coth - cot)
+
+    rest = bisect(lambda f: terms(f)[0], 0.98 * near, 1.01 * near)
+    return rest, bisect(lambda f: terms(f)[1], 0.98 * near, 1.01 * near)
+
+
 def m_03(compare):
     job = Job("M-03")
     L, A, I = 2.2, 2500.0, 5.2e5
@@ -74,9 +90,12 @@ def m_03(compare):
     job.modes(7, verify_modes=True)
     yield job
     turning, resting, second = 3.14159265, 3.92660231, TWO_PI
-    for mode, root in enumerate((turning,) + 5 * (resting,) + (second,), 1):
-        rough = root**2 / (TWO_PI * L**2) * math.sqrt(E * I * 1e-12 / (RHO * A * 1e-6))
-        compare(f"f{mode}", job.modal.f(mode), rough=rough)
+    euler = math.sqrt(E * I * 1e-12 / (RHO * A * 1e-6)) / (TWO_PI * L**2)
+    rest, moving = arms_of_a_cross(L, A * 1e-6, I * 1e-12, resting**2 * euler)
+    first, last = (rayleigh_beam(n, L, A * 1e-6, I * 1e-12) for n in (1, 2))
+    exact = (first, moving, moving, rest, rest, rest, last)
+    for mode, (root, value) in enumerate(zip((turning,) + 5 * (resting,) + (second,), exact), 1):
+        compare(f"f{mode}", job.modal.f(mode), rough=root**2 * euler, exact=value)
 
 
 def timoshenko(n, L, A, I, kappa):
