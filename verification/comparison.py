@@ -55,9 +55,6 @@ class Comparison:
         row = self.rows[key]
         places = tuple(results.places)
         results.places.clear()
-        for kind in ("exact", "closed", "own", "rough"):
-            if kind in row:
-                references[kind] = row[kind]
         printed = str(row.get("published", ""))
         if "in" in row:
             references["published"] = float(row["published"]) * UNITS[row["in"]]

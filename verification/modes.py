@@ -2,6 +2,7 @@
 
 import math
 
+from frames import Frame
 from reference import bars_of, bisect, modes_of, shear_building
 from structure import CLAMPED, E, G, HINGED, INCH, KIP, RHO, Job, mass_load
 
@@ -42,9 +43,11 @@ def m_01(compare):
     yield job
     roots = (1.87510407, 4.69409113, 7.85475744)  # of cos λ cosh λ = -1
     order = ((0, Iz), (0, Iy), (1, Iz), (1, Iy), (2, Iz))
+    own = Frame(job).frequencies(5)
     for mode, (n, I) in enumerate(order, 1):
         euler = roots[n] ** 2 / (TWO_PI * L**2) * math.sqrt(E * I * 1e-12 / (RHO * A * 1e-6))
-        compare(f"f{mode}", job.modal.f(mode), rough=euler, exact=cantilever(n + 1, L, A * 1e-6, I * 1e-12))
+        compare(f"f{mode}", job.modal.f(mode), rough=euler, exact=cantilever(n + 1, L, A * 1e-6, I * 1e-12),
+                own=own[mode - 1])
 
 
 def rayleigh_beam(n, L, A, I):
@@ -59,8 +62,8 @@ def m_02(compare):
     job.line((0, 0, 0), (L, 0, 0), 24, job.section(A, Iy, 1.5e8, 1e7), "111101", "011101", "010101")
     job.modes(3)
     yield job
-    for n in (1, 2, 3):
-        compare(f"f{n}", job.modal.f(n), closed=rayleigh_beam(n, L, A * 1e-6, Iy * 1e-12))
+    for n, own in enumerate(Frame(job).frequencies(3), 1):
+        compare(f"f{n}", job.modal.f(n), closed=rayleigh_beam(n, L, A * 1e-6, Iy * 1e-12), own=own)
 
 
 def arms_of_a_cross(L, A, I, near):
@@ -94,8 +97,9 @@ def m_03(compare):
     rest, moving = arms_of_a_cross(L, A * 1e-6, I * 1e-12, resting**2 * euler)
     first, last = (rayleigh_beam(n, L, A * 1e-6, I * 1e-12) for n in (1, 2))
     exact = (first, moving, moving, rest, rest, rest, last)
-    for mode, (root, value) in enumerate(zip((turning,) + 5 * (resting,) + (second,), exact), 1):
-        compare(f"f{mode}", job.modal.f(mode), rough=root**2 * euler, exact=value)
+    roots = (turning,) + 5 * (resting,) + (second,)
+    for mode, (root, value, own) in enumerate(zip(roots, exact, Frame(job).frequencies(7)), 1):
+        compare(f"f{mode}", job.modal.f(mode), rough=root**2 * euler, exact=value, own=own)
 
 
 def timoshenko(n, L, A, I, kappa):
@@ -117,8 +121,9 @@ def m_04(compare):
         jobs.append(job)
     yield jobs
     for job, shape, kappa in zip(jobs, (2, 1, 3), (1.2, 2.0, 1.0)):
-        compare(f"{shape}f1", job.modal.f(1), closed=timoshenko(1, L, A * 1e-6, Iy * 1e-12, kappa))
-        compare(f"{shape}f2", job.modal.f(3), closed=timoshenko(2, L, A * 1e-6, Iy * 1e-12, kappa))  # 2 is axial
+        own = Frame(job, with_shear=True).frequencies(3)
+        for n, mode in ((1, 1), (2, 3)):  # mode 2 is axial
+            compare(f"{shape}f{n}", job.modal.f(mode), closed=timoshenko(n, L, A * 1e-6, Iy * 1e-12, kappa), own=own[mode - 1])
 
 
 STOREY = 31.54 * KIP / INCH * 1e3  # N/m
@@ -226,12 +231,15 @@ def m_09(compare):
     edge, spoke, r2 = 4.0, 2 * math.sqrt(2), 8.0
     M = 4 * 15000 + 60000 + line * (4 * edge + 4 * spoke)
     J = 4 * 15000 * r2 + 4 * line * edge * (2.0**2 + edge**2 / 12) + 4 * line * spoke * spoke**2 / 3
+    own = Frame(job).frequencies(6)
     for n, sway, twist in ((1, (1, 2), 3), (2, (4, 5), 6)):
         c = math.cos((2 * n - 1) * math.pi / 7)
-        own = 8 * a + 8 * b * c
+        columns = 8 * a + 8 * b * c
         for mode in sway:
-            compare(f"f{mode}", job.modal.f(mode), closed=math.sqrt(8 * k * (1 - c) / (M + own)) / TWO_PI)
-        compare(f"f{twist}", job.modal.f(twist), closed=math.sqrt(8 * k * r2 * (1 - c) / (J + r2 * own)) / TWO_PI)
+            compare(f"f{mode}", job.modal.f(mode), closed=math.sqrt(8 * k * (1 - c) / (M + columns)) / TWO_PI,
+                    own=own[mode - 1])
+        compare(f"f{twist}", job.modal.f(twist), closed=math.sqrt(8 * k * r2 * (1 - c) / (J + r2 * columns)) / TWO_PI,
+                own=own[twist - 1])
 
 
 def m_10(compare):

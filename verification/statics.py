@@ -3,6 +3,7 @@
 import math
 
 import reference
+from frames import Frame
 from structure import CLAMPED, E, G, HINGED, IN_PLANE, INCH, KIP, KSI, Job
 
 FOOT = 12 * INCH
@@ -100,17 +101,24 @@ def s_05(compare):
     job = portal("S-05", pinned=False)
     yield job
     P, h, Ic, k = 80e3, 4.8, 1.2e-4, (3.0 / 1.2) * (4.8 / 7.5)
-    compare("foot", abs(job.linear.force(1, "MZX", "i")), closed=P * h / 2 * (3 * k + 1) / (6 * k + 1))
-    compare("top", abs(job.linear.force(1, "MZX", "j")), closed=P * h / 2 * 3 * k / (6 * k + 1))
-    compare("u", job.linear.u(3, "X"), closed=P * h**3 / (12 * E * Ic) * (3 * k + 2) / (6 * k + 1))
+    own = Frame(job)
+    u = own.displaced()
+    compare("foot", abs(job.linear.force(1, "MZX", "i")), closed=P * h / 2 * (3 * k + 1) / (6 * k + 1),
+            own=abs(own.end_force(1, 4)))
+    compare("top", abs(job.linear.force(1, "MZX", "j")), closed=P * h / 2 * 3 * k / (6 * k + 1),
+            own=abs(own.end_force(1, 10)))
+    compare("u", job.linear.u(3, "X"), closed=P * h**3 / (12 * E * Ic) * (3 * k + 2) / (6 * k + 1),
+            own=u(3, "X"))
 
 
 def s_06(compare):
     job = portal("S-06", pinned=True)
     yield job
     P, h, L, Ic, Ib = 80e3, 4.8, 7.5, 1.2e-4, 3e-4
+    u = Frame(job, restraints={1: "111101", 2: "111101"}).displaced()
     compare("top", abs(job.linear.force(1, "MZX", "j")), closed=P * h / 2)
-    compare("u", job.linear.u(3, "X"), closed=P * h**3 / (6 * E * Ic) + P * h**2 * L / (12 * E * Ib))
+    compare("u", job.linear.u(3, "X"), closed=P * h**3 / (6 * E * Ic) + P * h**2 * L / (12 * E * Ib),
+            own=u(3, "X"))
     compare("R", job.linear.reaction(1, "Z"), closed=P * h / L)
 
 
@@ -127,8 +135,9 @@ def s_07(compare):
     job.load(joint, "RY", 1050 * KIP * INCH)
     job.static()
     yield job
-    compare("x", job.linear.u(joint, "X"))
-    compare("y", job.linear.u(joint, "Z"))
+    u = Frame(job).displaced()
+    compare("x", job.linear.u(joint, "X"), own=u(joint, "X"))
+    compare("y", job.linear.u(joint, "Z"), own=u(joint, "Z"))
 
 
 def truss_of(job):
@@ -180,9 +189,10 @@ def s_09(compare):
     job.static()
     yield job
     x, y, z = (job.linear.u(joint, direction) for direction in "XYZ")
-    compare("X", c * x - s * y)
-    compare("Y", s * x + c * y)
-    compare("Z", z)
+    u, v, w = map(Frame(job).displaced(), 3 * (joint,), "XYZ")
+    compare("X", c * x - s * y, own=c * u - s * v)
+    compare("Y", s * x + c * y, own=s * u + c * v)
+    compare("Z", z, own=w)
 
 
 def s_10(compare):
