@@ -5,7 +5,8 @@ from dataclasses import dataclass
 import results
 from structure import INCH, KIP
 
-UNITS = {"": 1.0, "m": 1.0, "s": 1.0, "rad/s": 1.0, "Hz": 1.0, "in": INCH, "kip": KIP * 1e3, "kip·in": KIP * 1e3 * INCH}
+UNITS = {"": 1.0, "m": 1.0, "s": 1.0, "rad/s": 1.0, "Hz": 1.0, "in": INCH,
+         "kip": KIP * 1e3, "kip·in": KIP * 1e3 * INCH}
 KINDS = ("published", "closed", "exact", "rough", "own", "method")
 
 
@@ -61,8 +62,9 @@ class Comparison:
             printed = f'{row["published"]} {row["in"]}'.strip()
         for kind in KINDS:
             if kind in references:
-                self.lines.append(Line(key, _both(row["name"]), row.get("unit", ""), kind, printed, references[kind], computed,
-                                       self._tolerance(row, kind), kind in row.get("absolute", []), places))
+                absolute = kind in row.get("absolute", [])
+                self.lines.append(Line(key, _both(row["name"]), row.get("unit", ""), kind, printed, references[kind],
+                                       computed, self._tolerance(row, kind), absolute, places))
                 printed = ""
 
     def refused(self, key, log, warning, exact):

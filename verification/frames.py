@@ -7,9 +7,9 @@ import random
 from reference import modes_of
 from structure import E, G, RHO
 
-GAUSS = [(0.5 - r / 2, w / 2) for r, w in ((-0.906179845938664, 0.236926885056189), (-0.538469310105683, 0.478628670499366),
-                                           (0.0, 0.568888888888889), (0.538469310105683, 0.478628670499366),
-                                           (0.906179845938664, 0.236926885056189))]
+FIVE_POINTS = ((-0.906179845938664, 0.236926885056189), (-0.538469310105683, 0.478628670499366),
+               (0.0, 0.568888888888889), (0.538469310105683, 0.478628670499366), (0.906179845938664, 0.236926885056189))
+GAUSS = [(0.5 + place / 2, weight / 2) for place, weight in FIVE_POINTS]
 SHEAR_FACTOR = {1: 2.0, 2: 1.2, 3: 1.0}
 
 
@@ -30,6 +30,7 @@ def _matrices(L, section, with_shear):
     """K and M of a member in its own axes, degrees of freedom u v w θx θy θz at both ends (m², m⁴)."""
     A, J = section["area"] * 1e-6, section["Ix"] * 1e-12
     K, M = ([[0.0] * 12 for _ in range(12)] for _ in range(2))
+    planes = (((1, 5, 7, 11), section["Iz"], (1, 1, 1, 1)), ((2, 4, 8, 10), section["Iy"], (1, -1, 1, -1)))
 
     def add(matrix, places, factor, left, signs):
         for a, p in enumerate(places):
@@ -40,7 +41,7 @@ def _matrices(L, section, with_shear):
         for places, stiffness, mass in (((0, 6), E * A, RHO * A), ((3, 9), G * J, RHO * J)):
             add(K, places, weight * L * stiffness, (-1 / L, 1 / L), (1, 1))
             add(M, places, weight * L * mass, (1 - x, x), (1, 1))
-        for places, I, signs in (((1, 5, 7, 11), section["Iz"], (1, 1, 1, 1)), ((2, 4, 8, 10), section["Iy"], (1, -1, 1, -1))):
+        for places, I, signs in planes:
             I *= 1e-12
             kappa = SHEAR_FACTOR[section["shape"]]
             phi = 12 * kappa * E * I / (G * A * L**2) if with_shear else 0.0
@@ -65,14 +66,15 @@ def _axes(start, end):
 
 
 class Frame:
-    """Of a job of beams and bars; hinged beams are given free rotations of their nodes by `restraints` (node: digits)."""
+    """Of a job of beams and bars; hinged beams get free rotations of their nodes by `restraints` (node: digits)."""
 
     def __init__(self, job, with_shear=False, restraints=None):
         self.job = job
         self.places = {}
         for node in job.nodes:
             digits = (restraints or {}).get(node["id"], node["restraint"])
-            for d, digit in enumerate(digits[:3] if node["joint"] == "pinned" and digits == node["restraint"] else digits):
+            pinned = node["joint"] == "pinned" and digits == node["restraint"]
+            for d, digit in enumerate(digits[:3] if pinned else digits):
                 if digit == "0":
                     self.places[node["id"], d] = len(self.places)
         n = len(self.places)

@@ -4,7 +4,8 @@ import math
 from pathlib import Path
 
 from modes import FLOOR, STOREY, TWO_PI, five_storeys, two_masses
-from reference import (bars_of, combine, exact_of_one, modes_of, newmark, newmark_of_one, rayleigh, shear_building, times, wilson)
+from reference import (bars_of, combine, exact_of_one, modes_of, newmark, newmark_of_one, rayleigh, shear_building,
+                       times, wilson)
 from results import peak
 from second_order import apex_load, arch
 from spectrum import two_storeys
@@ -257,7 +258,8 @@ def t_10(compare):
                 return (math.sin(TWO_PI * t) - TWO_PI * t * math.cos(TWO_PI * t)) / 2
             root = math.sqrt(1 - zeta**2)
             wd = TWO_PI * root * t
-            return (math.exp(-zeta * TWO_PI * t) * (math.cos(wd) + zeta / root * math.sin(wd)) - math.cos(TWO_PI * t)) / (2 * zeta)
+            free = math.exp(-zeta * TWO_PI * t) * (math.cos(wd) + zeta / root * math.sin(wd))
+            return (free - math.cos(TWO_PI * t)) / (2 * zeta)
 
         history = [u * k / force for u in job.history.output(3)]
         if method == "newmark":
@@ -303,7 +305,8 @@ def t_12(compare):
     record = standard_record(largest)[:round(end / step)]
     for node, axis, period, share in ((2, "X", periods[0], 0.6), (4, "Y", periods[1], 0.8)):
         omega = TWO_PI / period
-        compare(axis, abs(peak(job.history.u(node, axis))), exact=share * abs(peak(exact_of_one(omega, 0.05, record, step))),
+        compare(axis, abs(peak(job.history.u(node, axis))),
+                exact=share * abs(peak(exact_of_one(omega, 0.05, record, step))),
                 own=share * abs(peak(newmark_of_one(omega, 0.05, record, step))))
 
 

@@ -67,8 +67,8 @@ def m_02(compare):
 
 
 def arms_of_a_cross(L, A, I, near):
-    """Frequencies near this one of arms with pinned tips whose hub does not turn: hub at rest, and hub moving in the plane,
-    where the axial and the transverse dynamic stiffness of the arms add up to nothing."""
+    """Frequencies near this one of arms with pinned tips whose hub does not turn: hub at rest, and hub moving in the
+    plane, where the axial and the transverse dynamic stiffness of the arms add up to nothing."""
 
     def terms(f):
         omega = TWO_PI * f
@@ -123,7 +123,8 @@ def m_04(compare):
     for job, shape, kappa in zip(jobs, (2, 1, 3), (1.2, 2.0, 1.0)):
         own = Frame(job, with_shear=True).frequencies(3)
         for n, mode in ((1, 1), (2, 3)):  # mode 2 is axial
-            compare(f"{shape}f{n}", job.modal.f(mode), closed=timoshenko(n, L, A * 1e-6, Iy * 1e-12, kappa), own=own[mode - 1])
+            compare(f"{shape}f{n}", job.modal.f(mode), closed=timoshenko(n, L, A * 1e-6, Iy * 1e-12, kappa),
+                    own=own[mode - 1])
 
 
 STOREY = 31.54 * KIP / INCH * 1e3  # N/m
@@ -270,8 +271,10 @@ def m_11(compare):
     for n in range(1, 6):
         c = math.cos((2 * n - 1) * math.pi / 11)
         stiffness, mass = 2 * k * (1 - c), m + 2 * a + 2 * b * c
-        compare(f"f{2 * n - 1}", job.modal.f(2 * n - 1), closed=math.sqrt(stiffness / (mass + link_mass / 2)) / TWO_PI)
-        compare(f"f{2 * n}", job.modal.f(2 * n), closed=math.sqrt((stiffness + 0.04 * k) / (mass + link_mass / 6)) / TWO_PI)
+        together = math.sqrt(stiffness / (mass + link_mass / 2))
+        against = math.sqrt((stiffness + 0.04 * k) / (mass + link_mass / 6))
+        compare(f"f{2 * n - 1}", job.modal.f(2 * n - 1), closed=together / TWO_PI)
+        compare(f"f{2 * n}", job.modal.f(2 * n), closed=against / TWO_PI)
 
 
 def mast(name, storeys, restraint):

@@ -3,6 +3,9 @@
 import re
 import tomllib
 from itertools import groupby
+from pathlib import Path
+
+LANGUAGES = ("en", "zh")
 
 CHAPTERS = {"S": ("Linear statics", "线性静力分析"), "N": ("Geometrically nonlinear statics", "几何非线性静力分析"),
             "M": ("Modal analysis", "模态分析"), "R": ("Response spectrum", "反应谱分析"), "T": ("Time history", "时程分析")}
@@ -11,47 +14,12 @@ HEADINGS = (("Quantity", "量"), ("Reference", "参考值的性质"), ("Publishe
             ("Computed", "计算值"), ("Difference", "差"), ("Tolerance", "容差"), ("Passed", "通过"), ("Read from", "取自"))
 
 KINDS = {"published": ("published", "发表值"), "closed": ("closed form", "闭合解"), "exact": ("exact", "精确解"),
-         "own": ("own computation", "独立计算"), "rough": ("simpler theory", "简化理论"), "method": ("the stated method", "所述方法")}
+         "own": ("own computation", "独立计算"), "rough": ("simpler theory", "简化理论"),
+         "method": ("the stated method", "所述方法")}
 
 WORDS = {"yes": ("yes", "是"), "no": ("**NO**", "**否**"), "limit": ("limit of the method", "方法的限制"),
          "stated": ("as stated", "与所述相符"), "none": ("no result", "无结果"), "problem": ("Problem", "算例"),
          "source": ("Source", "来源"), "tolerance": ("Tolerance", "容差"), "figures": ("Figures", "个数")}
-
-INTRODUCTION = (
-    """# Verification
-
-[Contents](index.md) · [中文](../zh/verification.md)
-
-{problems} problems with {figures} figures whose values are known from elsewhere: printed in a book, a standard or a paper, given by a formula, or computed independently. `scripts/verify` makes the job files (`verification/`, a function a problem), runs them through the command line, reads the result files, compares and writes this page; `scripts/test` runs it too. Of {counted} comparisons {passed} pass; {limits} show a limit of the method and are not counted.
-
-How to read it:
-
-- **Material.** The program has one steel: E = 2.06·10¹¹ Pa, G = E/2.6, ρ = 7900 kg/m³. Problems of another material come in with their sections scaled, A and I by E_book/E, J by G_book/G: stiffnesses, and so displacements and forces, are those of the book. 1 in = 0.0254 m, 1 kip = 4.448222 kN, 1 ksi = 6.894757 MPa.
-- **Masses.** A nodal mass m is a load of +Z in case 1, F = m·9.81/1000 kN. Where a formula has masses only at nodes the bars' own mass is allowed for or next to nothing. “Row of bars” is a shear building that lies down: the force in bar i is the shear of storey i.
-- **Signs.** Z points up. Reactions are the forces of the structure on its supports, member moments are compared by magnitude, N is positive in tension. Moments MZX and MXY are those of the [result files](files.md#static-results).
-- **Reference.** *Published*: as printed, in the unit of the source, then in SI. *Closed form*: a formula. *Exact*: an exact solution of the discrete or continuous problem, if need be by numbers. *Own computation*: independent of the program: matrices from integrated shape functions and their modes (`verification/frames.py`), trusses and integrators (`verification/reference.py`). *Simpler theory*: to see the order. *The stated method*: what the method of the manual gives where that is no solution. Where sources differ, each has its line. No reference comes from the program.
-- **Difference** and **tolerance** are relative, but absolute where the reference is 0 or the tolerance says so. Result files have six digits (displacements, ω) or three decimals (static forces), and job files are read in single precision: 1e-5 is the least tolerance that makes sense for displacements and frequencies, 1e-6 for forces. Differences below it are written < 1e-5.
-- **Limits.** N-06, N-07 and N-08 are beyond the method ([Limits](limits.md#static-analysis)). There the program's stated behaviour is checked: the refusal, or the answer that the method gives.
-
-Published figures were confirmed by recomputation to their printed digits, or to the difference shown. Numbers of examples are given only where they are certain.
-""",
-    """# 验证算例
-
-[目录](index.md) · [English](../en/verification.md)
-
-{problems} 个算例、{figures} 个数值，其正确值均来自程序之外：书籍、规范或论文中发表的数字，公式，或独立计算。`scripts/verify` 生成作业文件（`verification/`，每个算例一个函数），用命令行计算，读取结果文件，比较并写出本页；`scripts/test` 也执行它。共比较 {counted} 次，通过 {passed} 次；另有 {limits} 次为方法的限制，不计入。
-
-说明：
-
-- **材料。** 程序只有一种钢：E = 2.06·10¹¹ Pa，G = E/2.6，ρ = 7900 kg/m³。其他材料的算例换算截面：A、I 乘 E_书/E，J 乘 G_书/G，刚度、位移和内力即与原书一致。1 in = 0.0254 m，1 kip = 4.448222 kN，1 ksi = 6.894757 MPa。
-- **质量。** 节点质量 m 以工况 1 中 +Z 向荷载 F = m·9.81/1000 kN 输入。公式中只有节点质量时，杆的自身质量已计入或可忽略。“一排杆”即横放的剪切型建筑：第 i 根杆的轴力就是第 i 层的层剪力。
-- **符号。** Z 向上。支座反力为结构作用于支座的力，杆端弯矩按绝对值比较，轴力以拉为正。弯矩 MZX、MXY 同[结果文件](files.md#静力结果)。
-- **参考值。** *发表值*：先按原文单位，再换算为国际单位。*闭合解*：公式。*精确解*：离散或连续问题的精确解，必要时用数值求出。*独立计算*：与程序无关的计算：由形函数积分的矩阵及其振型（`verification/frames.py`），桁架与逐步积分（`verification/reference.py`）。*简化理论*：供对照。*所述方法*：方法本身不能给出正确解时，按手册所述应得的值。来源不同时各列一行。参考值均不取自程序。
-- **差**与**容差**为相对值；参考值为 0 或容差注明时为绝对值。结果文件有六位有效数字（位移、ω）或三位小数（静力内力），作业文件按单精度读入：位移与频率的容差不小于 1e-5，力不小于 1e-6。更小的差写作 < 1e-5。
-- **限制。** N-06、N-07、N-08 超出方法的适用范围（[限制](limits.md#静力分析)），核对的是程序所述的表现：拒绝，或方法应给出的值。
-
-发表值均经复算，与印出的数字一致，或相差如表所列。例题号只在确知时注明。
-""")
 
 
 def read_table(path):
@@ -130,7 +98,9 @@ def _overview(comparisons, language):
     for comparison in comparisons:
         first = [line for line in comparison.lines if line.key == comparison.lines[0].key]
         link = f"[{comparison.number}](#{_anchor(comparison, language)})"
-        figures = f"{len(comparison.rows)}" + (f", {len(comparison.failed)} {WORDS['no'][language]}" if comparison.failed else "")
+        figures = str(len(comparison.rows))
+        if comparison.failed:
+            figures += f", {len(comparison.failed)} {WORDS['no'][language]}"
         lead = [link, comparison.problem["source"][language], figures]
         for line in first:
             cells = _cells(line, language)
@@ -161,7 +131,8 @@ def page(comparisons, language):
     lines = [line for comparison in comparisons for line in comparison.lines]
     limits = [line for line in lines if line.passed is None or line.expected]
     passed = [line for line in lines if line.passed and not line.expected]
-    text = INTRODUCTION[language].format(
+    introduction = Path(__file__).parent / f"introduction.{LANGUAGES[language]}.md"
+    text = introduction.read_text(encoding="utf-8").format(
         problems=len(comparisons), figures=sum(len(comparison.rows) for comparison in comparisons),
         counted=len(lines) - len(limits), passed=len(passed), limits=len(limits))
     summary = (
@@ -206,7 +177,8 @@ def write(root, comparisons, table, images, check):
     unused = set(table) - {comparison.number for comparison in comparisons}
     if unused:
         raise SystemExit(f"in the table without a function: {', '.join(sorted(unused))}")
-    files = {root / "docs" / folder / "verification.md": page(comparisons, language) for language, folder in enumerate(("en", "zh"))}
+    files = {root / "docs" / folder / "verification.md": page(comparisons, language)
+             for language, folder in enumerate(LANGUAGES)}
     stored_images = root / "docs" / "images" / "verification"
     for comparison in comparisons:
         stored = stored_images / f"{comparison.number}.svg"
@@ -219,7 +191,8 @@ def write(root, comparisons, table, images, check):
             path.write_text(text, encoding="utf-8")
         elif not path.exists() or not alike(text, path.read_text(encoding="utf-8")):
             stored = path.read_text(encoding="utf-8") if path.exists() else ""
-            print(f"{path.relative_to(root)} is not what the runs give; run scripts/verify. {_first_difference(text, stored)}")
+            print(f"{path.relative_to(root)} is not what the runs give; run scripts/verify.",
+                  _first_difference(text, stored))
             good = False
     return good
 
@@ -238,5 +211,6 @@ def summarise(comparisons, seconds):
             for line in comparison.failed:
                 print(f"  {comparison.number} {line.name[0]} ({line.kind}): reference {line.reference:.8g}, "
                       f"computed {line.computed}, difference {line.difference}, tolerance {line.tolerance}")
-    print(f"{len(comparisons)} problems, runs {seconds:.1f} s; {'all hold' if not failed else f'{len(failed)} do not hold'}")
+    verdict = f"{len(failed)} do not hold" if failed else "all hold"
+    print(f"{len(comparisons)} problems, runs {seconds:.1f} s; {verdict}")
     return failed

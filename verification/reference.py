@@ -32,8 +32,8 @@ def combine(*terms):
 
 
 def truss(nodes, bars, loads):
-    """Displacements (m) and bar forces (N) of a space truss. A node: place and three flags of held directions; a bar: its
-    ends from 0 and EA (N); a load: node from 0, direction 0 … 2, N."""
+    """Displacements (m) and bar forces (N) of a space truss. A node: place and three flags of held directions; a bar:
+    its ends from 0 and EA (N); a load: node from 0, direction 0 … 2, N."""
     free = [(n, d) for n, (_, held) in enumerate(nodes) for d in range(3) if not held[d]]
     place = {freedom: k for k, freedom in enumerate(free)}
     K = [[0.0] * len(free) for _ in free]
@@ -41,7 +41,8 @@ def truss(nodes, bars, loads):
     for i, j, EA in bars:
         arm = [b - a for a, b in zip(nodes[i][0], nodes[j][0])]
         length = math.hypot(*arm)
-        row = {place[end, d]: sign * arm[d] / length for end, sign in ((i, -1), (j, 1)) for d in range(3) if (end, d) in place}
+        row = {place[end, d]: sign * arm[d] / length
+               for end, sign in ((i, -1), (j, 1)) for d in range(3) if (end, d) in place}
         rows.append((row, EA / length))
         for p, a in row.items():
             for q, b in row.items():

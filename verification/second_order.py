@@ -7,8 +7,8 @@ from structure import CLAMPED, E, G, HINGED, IN_PLANE, INCH, KIP, KSI, Job
 
 def bent_line(EI, EA, L, P, H, w=0.0):
     """A clamped line of this length with the dead forces P along it (pressure), H across it and w a metre across it
-    against H, at finite displacements and with axial strain: how far its end moves across and along, moment at the clamp.
-    Runge and Kutta from the free end, whose slope is found by shooting."""
+    against H, at finite displacements and with axial strain: how far its end moves across and along, moment at the
+    clamp. Runge and Kutta from the free end, whose slope is found by shooting."""
     steps = 400
 
     def rate(s, angle, moment):
@@ -117,8 +117,8 @@ def n_04(compare):
     jobs = []
     for load in (150, 300, 450):
         job = Job(f"N-04-{load}")
-        nodes = job.line((0, 0, 0), (0, 0, HEIGHT), 20, job.section(W14["area"], W14["I"], W14["I"], W14["I"]), "111101",
-                         "110101", IN_PLANE)
+        section = job.section(W14["area"], W14["I"], W14["I"], W14["I"])
+        nodes = job.line((0, 0, 0), (0, 0, HEIGHT), 20, section, "111101", "110101", IN_PLANE)
         for node in nodes[1:-1]:
             job.load(node, "X", w * HEIGHT / 20)
         job.load(nodes[-1], "Z", -load * KIP)

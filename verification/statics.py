@@ -266,13 +266,14 @@ def s_13(compare):
     job.static()
     yield job
     R, slope = 2.5 * P, math.hypot(panel, h)
-    # Bars of the left half by sections and joints, under the loads and under 1 at node 4; the middle post stands by itself.
+    # Bars of the left half by sections and joints, under the loads and under 1 at node 4; the middle post has none.
     loaded = {(1, 2): R * panel / h, (2, 3): R * panel / h, (3, 4): (R * 2 * panel - P * panel) / h,
               (8, 9): -(R * 2 * panel - P * panel) / h, (9, 10): -(R * 3 * panel - P * 3 * panel) / h,
               (1, 8): -R * slope / h, (2, 8): P, (8, 3): (R - P) * slope / h, (3, 9): -(R - 2 * P),
               (9, 4): (R - 2 * P) * slope / h}
-    unit = {(1, 2): panel / 2 / h, (2, 3): panel / 2 / h, (3, 4): panel / h, (8, 9): -panel / h, (9, 10): -1.5 * panel / h,
-            (1, 8): -slope / 2 / h, (2, 8): 0, (8, 3): slope / 2 / h, (3, 9): -0.5, (9, 4): slope / 2 / h}
+    unit = {(1, 2): panel / 2 / h, (2, 3): panel / 2 / h, (3, 4): panel / h, (8, 9): -panel / h,
+            (9, 10): -1.5 * panel / h, (1, 8): -slope / 2 / h, (2, 8): 0, (8, 3): slope / 2 / h,
+            (3, 9): -0.5, (9, 4): slope / 2 / h}
 
     def length(i, j):
         return math.dist([job.nodes[i - 1][c] for c in "xz"], [job.nodes[j - 1][c] for c in "xz"])
@@ -306,12 +307,13 @@ def s_14(compare):
 
 def tower_25(name, loads):
     job = Job(name)
-    places = ((-37.5, 0, 200), (37.5, 0, 200), (-37.5, 37.5, 100), (37.5, 37.5, 100), (37.5, -37.5, 100), (-37.5, -37.5, 100),
-              (-100, 100, 0), (100, 100, 0), (100, -100, 0), (-100, -100, 0))
+    places = ((-37.5, 0, 200), (37.5, 0, 200), (-37.5, 37.5, 100), (37.5, 37.5, 100), (37.5, -37.5, 100),
+              (-37.5, -37.5, 100), (-100, 100, 0), (100, 100, 0), (100, -100, 0), (-100, -100, 0))
     for place in places:
         job.node(*(c * INCH for c in place), "000000" if place[2] else HINGED, pinned=True)
-    groups = ((0.01, "1-2"), (1.987, "1-4 2-3 1-5 2-6"), (2.9935, "2-5 2-4 1-3 1-6"), (0.01, "3-6 4-5"), (0.01, "3-4 5-6"),
-              (0.684, "3-10 6-7 4-9 5-8"), (1.6769, "3-8 4-7 6-9 5-10"), (2.6621, "3-7 4-8 5-9 6-10"))
+    groups = ((0.01, "1-2"), (1.987, "1-4 2-3 1-5 2-6"), (2.9935, "2-5 2-4 1-3 1-6"), (0.01, "3-6 4-5"),
+              (0.01, "3-4 5-6"), (0.684, "3-10 6-7 4-9 5-8"), (1.6769, "3-8 4-7 6-9 5-10"),
+              (2.6621, "3-7 4-8 5-9 6-10"))
     for area, bars in groups:
         section = job.section(area * ALUMINIUM)
         for bar in bars.split():
@@ -335,8 +337,8 @@ def s_15(compare):
 
 def s_16(compare):
     job = Job("S-16")
-    areas = (1.8577, 0.5059, 0.1, 0.1, 1.2476, 0.5269, 0.1, 0.1012, 0.5209, 0.5172, 0.1004, 0.1005, 0.1565, 0.5507, 0.3922,
-             0.5922)
+    areas = (1.8577, 0.5059, 0.1, 0.1, 1.2476, 0.5269, 0.1, 0.1012, 0.5209, 0.5172, 0.1004, 0.1005, 0.1565, 0.5507,
+             0.3922, 0.5922)
     for level in range(5):
         for x, y in ((0, 0), (120, 0), (120, 120), (0, 120)):
             job.node(x * INCH, y * INCH, 60 * level * INCH, "000000" if level else HINGED, pinned=True)

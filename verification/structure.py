@@ -51,7 +51,8 @@ class Job:
     def section(self, area, Iy=0.0, Iz=0.0, Ix=0.0, shape=None):
         """Of a bar with its area alone, of a beam with its second moments."""
         identity = str(len(self.sections) + 1)
-        self.sections.append({"id": identity, "shape": shape or (2 if Iy else 3), "area": area, "Ix": Ix, "Iy": Iy, "Iz": Iz})
+        self.sections.append({"id": identity, "shape": shape or (2 if Iy else 3), "area": area,
+                              "Ix": Ix, "Iy": Iy, "Iz": Iz})
         return identity
 
     def beam(self, i, j, section):
@@ -71,7 +72,7 @@ class Job:
         self.load(node, "Z", mass_load(kilograms), case=1)
 
     def line(self, start, end, count, section, first=FREE, last=FREE, inner=FREE):
-        """`count` equal members on a straight line; its nodes. An end is a restraint or a node that is there already."""
+        """`count` equal members on a straight line; its nodes. An end is a restraint, or a node that is there."""
         nodes = []
         for k in range(count + 1):
             place = first if k == 0 else last if k == count else inner
@@ -113,7 +114,8 @@ class Job:
         return {"1": 1} if any(load["case"] == 1 for load in self.loads) else {}
 
     def modes(self, count, **settings):
-        self.analyses.append({"type": "modal", "modes": count, "root_check": "compare", "combination": self._masses(), **settings})
+        self.analyses.append({"type": "modal", "modes": count, "root_check": "compare",
+                              "combination": self._masses(), **settings})
 
     def spectrum(self, intensity, level, site_class, zone_group, damping, modes, rule="SRSS", direction=(1, 0, 0)):
         self.analyses.append({"type": "spectrum", "modes": modes, "direction": list(direction), "intensity": intensity,
@@ -127,7 +129,8 @@ class Job:
     def pulse(self, node, value, step, duration, damping=(0, 0), peak_time=None, unload_time=None):
         """Newmark under a force along X: a triangle with its peak time, or a rectangle with the time of its end."""
         impulse = {"shape": "rectangular" if peak_time is None else "triangular",
-                   "loads": [{"node": node, "direction": "X", "peak": value}], "time_step": step, "duration": duration + 1e-6}
+                   "loads": [{"node": node, "direction": "X", "peak": value}],
+                   "time_step": step, "duration": duration + 1e-6}
         if peak_time is None:
             impulse["unload_time"] = unload_time + 1e-6  # the number of blocks is truncated
         else:
