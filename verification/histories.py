@@ -360,4 +360,17 @@ def t_14(compare):
     compare("omega", 2 / step * math.tan(turn / 2), closed=math.sqrt(tangent / mass))
 
 
-PROBLEMS = (t_01, t_02, t_03, t_04, t_05, t_06, t_07, t_08, t_09, t_10, t_11, t_12, t_13, t_14)
+def t_15(compare):
+    """Nodal mass and Wilson's method, which leaves it out: only the bar's own few grams are left."""
+    end, divisions, force = 0.8, 80, 1e4
+    job = oscillators("T-15", 1.0, 0.4)
+    loads = [math.sin(math.pi * i / divisions / end) * (i / divisions < end - 1e-9) for i in range(1, 2 * divisions + 1)]
+    job.load_text(2, [force / 1e3 * value for value in loads])
+    job.wilson_of_text(2, 1 / divisions, 2)
+    yield job
+    beta = 1 / (2 * end)
+    with_mass = maximum(lambda t: (math.sin(math.pi * t / end) - beta * math.sin(TWO_PI * t)) / (1 - beta**2), end)
+    compare("u", peak(job.history.output(2)) * stiffness(job, 1) / force, exact=with_mass, method=1.0)
+
+
+PROBLEMS = (t_01, t_02, t_03, t_04, t_05, t_06, t_07, t_08, t_09, t_10, t_11, t_12, t_13, t_14, t_15)
