@@ -195,6 +195,20 @@ TEST_F(AdviceOnRuns, Inquiries) {
     EXPECT_EQ(list[0].strName, strName);
     EXPECT_EQ(list[0].strText.find('-'), list[0].strText.find("-1")) << list[0].strText;
   }
+  EXPECT_EQ(AdviseOnCount(findings, ModeCount{4, 4, 100.0}), AdviceList{});
+  EXPECT_EQ(AdviseOnCount(findings, std::nullopt).at(0).strName, "modes-not-counted");
+  EXPECT_EQ(AdviseOnCount({}, std::nullopt), AdviceList{});
+  ModalFindings rough = findings;
+  EXPECT_EQ(AdviseOnModes(job, rough), AdviceList{});
+  rough.residuals = {1.0e-9, 2.0e-3, std::nan(""), 1.0};  // what is no number is the worst
+  EXPECT_TRUE(AdviseOnModes(job, rough).at(0).strText.starts_with("mode 3 satisfies"));
+  rough.residuals[2] = 0.0;
+  EXPECT_TRUE(
+      AdviseOnModes(job, rough).at(0).strText.starts_with("mode 4 satisfies K phi = omega^2 M phi only to 1.0e+00"));
+  rough.omega[1] = std::nan("");
+  EXPECT_EQ(AdviseOnModes(job, rough).at(0).strName, "not-finite");
+  rough.failures = {{"dir/job.mode", "no space"}};
+  EXPECT_EQ(FormatAdvice(AdviseOnFiles(rough).at(0)), "error: cannot write dir/job.mode: no space [file-not-written]");
 }
 
 }  // namespace

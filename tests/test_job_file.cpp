@@ -1,6 +1,14 @@
+#include <numbers>
+
 #include "TestPlatform.h"
-#include "skyframe/generate/Generate.h"
+#include "skyframe/cli/CommandLine.h"
+#include "skyframe/generate/GeneratorFields.h"
+#include "skyframe/job/Fields.h"
 #include "skyframe/job/JobFile.h"
+#include "skyframe/job/NumberSet.h"
+#include "skyframe/job/Text.h"
+#include "skyframe/job/Wording.h"
+#include "skyframe/platform/NumberText.h"
 
 namespace skyframe::host {
 namespace {
@@ -91,6 +99,92 @@ TEST(JobFile, WhatIsWrittenIsReadBack) {
                       j.report);
     };
     EXPECT_TRUE(Tie(file.job) == Tie(job)) << job.strTitle;
+  }
+}
+
+/// Sets every field to a value that no other has and that its limits allow.
+class CFieldFiller {
+ public:
+  template <DialogJob A>
+  static A Fill(int nFirst = 1) {
+    CFieldFiller filler;
+    filler.m_nNext = nFirst;
+    A analysis;
+    VisitFields(filler, analysis);
+    return analysis;
+  }
+  void Visit(const Field& /*field*/, std::optional<bool>& value) { value = true; }
+  void Visit(const Field& /*field*/, std::optional<int>& value, Limits<int> limits = {}) {
+    value = std::min(limits.highest, std::max(limits.lowest, m_nNext++));
+  }
+  void Visit(const Field& /*field*/, std::optional<int>& value, Choices words) {
+    value = static_cast<int>(words.size()) - 1;
+  }
+  void Visit(const Field& /*field*/, std::optional<double>& value, Limits<double> /*limits*/ = {}) {
+    value = m_nNext++ + 1.0 / 3.0;
+  }
+  template <std::size_t nCount>
+  void Visit(const Field& /*field*/, std::optional<std::array<double, nCount>>& values) {
+    for (double& d : values.emplace()) d = -(m_nNext++ + 1.0 / 7.0);
+  }
+  template <DialogJob A>
+  void Visit(const Field& /*field*/, std::optional<A>& part) {
+    part = Fill<A>(m_nNext += 10);
+  }
+  void Visit(const Field& /*field*/, JobCombination& combination) {
+    combination = {{0, -0.1 * m_nNext++}, {2, 1e-300}};
+  }
+  void Visit(const Field& /*field*/, JobPeaks& peaks) {
+    for (auto& peak : peaks) peak = 1e-7 * m_nNext++;
+  }
+  void Visit(const Field& /*field*/, JobAxes& axes) { axes = {true, true, true}; }
+  void Visit(const Field& /*field*/, std::vector<JobImpulse>& impulses) { impulses = {{3, 2, -1.5}, {1, 0, 7e20}}; }
+  void Visit(const Field& /*field*/, JobOutputs& outputs) { outputs = {{{1, 2}, {3, 0}}, {2, 1}}; }
+
+ private:
+  int m_nNext = 1;
+};
+
+TEST(JobFile, EveryFieldOfEveryAnalysisComesBack) {
+  const Job job = ParseJob(c_strGood).job;
+  std::vector<JobAnalysis> analyses = {CFieldFiller::Fill<StaticJob>(), CFieldFiller::Fill<ModalJob>(),
+                                       CFieldFiller::Fill<SpectrumJob>(), CFieldFiller::Fill<WilsonJob>()};
+  NewmarkJob newmark = CFieldFiller::Fill<NewmarkJob>();  // what goes together
+  newmark.impulse.reset(), newmark.generalLoad.reset();
+  newmark.earthquake->directions = {};
+  newmark.earthquake->peaks = {std::nullopt, std::nullopt, std::nullopt, 0.125};
+  analyses.emplace_back(newmark);
+  newmark.earthquake = CFieldFiller::Fill<EarthquakeJob>();
+  newmark.earthquake->nMode = 0;
+  newmark.earthquake->obliqueAxis.reset(), newmark.earthquake->peaks[3].reset();
+  analyses.emplace_back(newmark);
+  newmark.nLoad = 0;
+  newmark.earthquake.reset();
+  newmark.generalLoad = CFieldFiller::Fill<GeneralLoadJob>();
+  analyses.emplace_back(newmark);
+  newmark.bFromFile = false;
+  newmark.generalLoad.reset();
+  newmark.impulse = CFieldFiller::Fill<ImpulseLoadJob>();
+  analyses.emplace_back(newmark);
+  for (const JobAnalysis& analysis : analyses) {
+    const std::string strText = FormatAnalysis(analysis, job);
+    EXPECT_TRUE(ParseAnalysis(strText, job) == analysis) << strText;
+    Job whole = job;
+    whole.analyses = {analysis, analysis};
+    whole.strTitle = "a \"b\" \\ \n\t 中 /";
+    whole.sections[0].strId = "100% </B>\u00d7";
+    whole.nodes[1].dX = 4.0 + 1.0 / 3.0;
+    whole.report = {"a \"b\"", "c", c_nFrameWall, c_nEdition2001, {-1.0, 0.0}, {1.5, 2.5, 3.5e-3, 0.45, 5.5, 6.5}};
+    const JobFile file = ParseJob(FormatJob(whole));
+    EXPECT_EQ(List(file.errors), "");
+    EXPECT_TRUE(file.job.analyses == whole.analyses) << strText;
+    EXPECT_TRUE(file.job.report == whole.report && file.job.sections == whole.sections &&
+                file.job.nodes == whole.nodes);
+    EXPECT_EQ(file.job.strTitle, whole.strTitle);
+  }
+  for (const char* pszNone : {"", "{}", "{", "[]", R"({"type": "modal", "modes": 0})", R"({"type": "modal"} 1)",
+                              R"({"type": "static", "combination": {"3": 1}})"}) {
+    EXPECT_FALSE(ParseAnalysis(pszNone, job)) << pszNone;
   }
 }
 
@@ -212,7 +306,7 @@ TEST(JobFile, DamagedAndOverlongTextsAreRefused) {
       {"{\"nodes\": []}", "/elements: missing"},
       {"[]", ": must be an object"},
       {strDeep, strDeepest + ": nested deeper than 32 levels"},
-      {"{\"nodes\": " + Repeat("0", 29999) + "}", "/: 100 errors; reading stopped here"},
+      {"{\"nodes\": " + Repeat("0", 29999) + "}", ": 100 errors; reading stopped here"},
       {"{\"a\": " + Repeat(Repeat("0", 50000), 81) + "}", "/a/79/49918: more than 4000000 values in all"},
       {"{\"a\": " + Repeat("0", 90001) + "}", "/a: more than 90000 entries; a job holds no more"},
       {"{\"a\": [" + strMembers + "}]}", "/a/0: more than 1000 members; a job holds no more"}};
@@ -332,7 +426,62 @@ TEST(JobFile, FilesAndPaths) {
   EXPECT_EQ(GetJobPath("a/b.txt"), "a/b.txt");
   EXPECT_EQ(
       List(ReadJobFile(SKYFRAME_SOURCE_DIR "/examples\\dome.json").errors),
-      std::filesystem::path::preferred_separator == '\\' ? "" : "/: a job file cannot have a backslash in its path");
+      std::filesystem::path::preferred_separator == '\\' ? "" : ": a job file cannot have a backslash in its path");
+}
+
+TEST(JobText, ListsOfNumbers) {
+  constexpr int c_nMost = std::numeric_limits<int>::max();
+  const struct {
+    const char* pszText;
+    std::vector<int> in, out;
+  } cases[] = {
+      {"7", {7}, {6, 8, 77, -7}},
+      {"1-20, 35", {1, 20, 35}, {0, 21, 34, 36}},
+      {"40-", {40, 41, c_nMost}, {39}},
+      {"9-7", {7, 8, 9}, {6, 10}},
+      {" 3 - 5 ;8", {3, 4, 5, 8}, {6, 7}},
+      {"1、2，4；6　7", {1, 2, 4, 6, 7}, {3, 5}},
+      {"2–3 5~6 8～9", {2, 3, 5, 6, 8, 9}, {4, 7}},
+      {",,5,,", {5}, {0}},
+      {"0", {0}, {1}},
+      {"2147483647", {c_nMost}, {c_nMost - 1}},
+  };
+  for (const auto& c : cases) {
+    const CNumberSet numbers(c.pszText);
+    EXPECT_FALSE(numbers.IsEmpty()) << c.pszText;
+    for (const int n : c.in) EXPECT_TRUE(numbers.Has(n)) << c.pszText << ": " << n;
+    for (const int n : c.out) EXPECT_FALSE(numbers.Has(n)) << c.pszText << ": " << n;
+  }
+  for (const char* pszNone : {"", " ,;", "a", "1,a", "1x", "-3", "1--3", "1.5", "2147483648", "1-99999999999", "+1"})
+    EXPECT_TRUE(CNumberSet(pszNone).IsEmpty()) << pszNone;
+}
+
+TEST(JobText, NumbersColumnsAndCombinations) {
+  for (const auto& [dValue, nDecimals, pszText] :
+       {std::tuple(-0.004, 2, "0.00"), {-0.006, 2, "-0.01"}, {-0.0, 0, "0"}, {-10.0, 0, "-10"}, {0.5e-9, 3, "0.000"}}) {
+    EXPECT_EQ(FormatDecimals(dValue, nDecimals), pszText);
+  }
+  EXPECT_TRUE(FormatDecimals(-std::numeric_limits<double>::infinity(), 1).starts_with('-'));
+  for (const double d : {0.1, 1.0 / 3.0, 1e300, -5e-324, 0.30000000000000004}) {
+    EXPECT_EQ(ParseReal(FormatNumber(d)), d);
+  }
+  EXPECT_EQ(PadRight("反应谱", 8) + "|" + PadLeft("N·m", 5) + "|" + PadRight("long", 2), "反应谱  |  N·m|long");
+  const std::pair<JobCombination, std::array<const char*, 2>> combinations[] = {
+      {{}, {"", ""}},
+      {{{0, 1.0}}, {"1.0 × case 0", "1.0 × 工况 0"}},
+      {{{0, -1.0}, {1, -0.5}}, {"−1.0 × case 0 − 0.5 × case 1", "−1.0 × 工况 0 − 0.5 × 工况 1"}},
+      {{{0, 1.2}, {2, 1.4}, {3, -0.25}},
+       {"1.2 × case 0 + 1.4 × case 2 − 0.25 × case 3", "1.2 × 工况 0 + 1.4 × 工况 2 − 0.25 × 工况 3"}},
+      {{{0, 1e-7}}, {"1e-07 × case 0", "1e-07 × 工况 0"}},
+  };
+  for (const auto& [combination, texts] : combinations) {
+    EXPECT_EQ(FormatCombination(combination), texts[0]);
+    const CLanguageScope chinese(Language::Chinese);
+    EXPECT_EQ(FormatCombination(combination), texts[1]);
+  }
+  EXPECT_EQ(
+      DescribeSite({.m_nQuakeLevel = 1, .m_nIntensity = c_nLowestIntensity + 3, .m_nZoneGroup = 2, .m_nSiteClass = 4}),
+      "intensity 8 (0.20g), rare earthquake, site class IV, design group 2");
 }
 
 TEST(Generators, CountsAndNumbering) {
@@ -364,6 +513,105 @@ TEST(Generators, CountsAndNumbering) {
   for (const JobNode& node : dome.nodes) {
     EXPECT_NEAR(std::hypot(node.dX, node.dY, node.dZ + R - 3.0), R, 1e-8) << "not on the sphere: " << node.nId;
   }
+}
+
+/// Sums by case and direction.
+std::map<std::pair<int, int>, double> SumLoads(const Job& job) {
+  std::map<std::pair<int, int>, double> sums;
+  for (const JobLoad& load : job.loads) sums[{load.nCase, load.nDirection}] += load.dValue;
+  return sums;
+}
+
+// Against areas and lengths by hand.
+TEST(Generators, LoadsAndLengths) {
+  const Job building = GenerateBuilding({.nBaysX = 2,
+                                         .nBaysY = 3,
+                                         .nStoreys = 4,
+                                         .dSpan = 5.0,
+                                         .dHeight = 3.0,
+                                         .dDeadLoad = 6.0,
+                                         .dLiveLoad = 2.5,
+                                         .dWindLoad = 0.7});
+  auto sums = SumLoads(building);
+  EXPECT_EQ(sums.size(), 3U);
+  EXPECT_NEAR((sums[{0, 2}]), -6.0 * 4 * 10 * 15, 1e-9);
+  EXPECT_NEAR((sums[{1, 2}]), -2.5 * 4 * 10 * 15, 1e-9);
+  EXPECT_NEAR((sums[{2, 0}]), 0.7 * 15 * (4 * 3.0 - 1.5), 1e-9) << "the lowest half storey pushes at the ground";
+  std::map<std::string, double> lengths;
+  const auto at = [](const Job& job, int nNode) { return job.nodes.at(static_cast<std::size_t>(nNode - 1)); };
+  for (const JobElement& e : building.elements) {
+    const JobNode i = at(building, e.nNodeI), j = at(building, e.nNodeJ);
+    lengths[i.dZ == j.dZ ? "beams" : "columns"] += std::hypot(i.dX - j.dX, i.dY - j.dY, i.dZ - j.dZ);
+  }
+  EXPECT_NEAR(lengths["columns"], 12 * 12.0, 1e-9);
+  EXPECT_NEAR(lengths["beams"], 4 * (4 * 10.0 + 3 * 15.0), 1e-9);
+
+  auto tower = SumLoads(GenerateTower({.nPanels = 5}));
+  EXPECT_NEAR((tower[{0, 2}]), -2.0 * 20, 1e-9);
+  EXPECT_NEAR((tower[{1, 0}]), 1.0 * 20, 1e-9);
+  const Job leaning = GenerateTower({.nPanels = 2, .dBase = 6.0, .dTop = 2.0, .dPanelHeight = 5.0});
+  EXPECT_EQ(std::tuple(at(leaning, 5).dX, at(leaning, 5).dZ, at(leaning, 11).dY, at(leaning, 11).dZ),
+            std::tuple(-2.0, 5.0, 1.0, 10.0));
+  // The edge ring carries its own part into the supports, if it has one.
+  const DomeParameters dome{.nRings = 6, .nSegments = 16, .dSpan = 30, .dRise = 5, .dLoad = 2.0};
+  const double dPlan = 0.5 * 16 * std::sin(2.0 * std::numbers::pi / 16) * 15 * 15;
+  const double dDome = -SumLoads(GenerateDome(dome))[{0, 2}];
+  EXPECT_TRUE(dDome > 0.8 * 2.0 * dPlan && dDome < 1.03 * 2.0 * dPlan) << dDome << ' ' << 2.0 * dPlan;
+  EXPECT_EQ((SumLoads(GenerateArch({.nSegments = 8, .dLoad = 50.0}))[{0, 2}]), -50.0);
+  for (const JobNode& node : GenerateArch({.nSegments = 8, .dHalfSpan = 4.0, .dRise = 2.0}).nodes) {
+    EXPECT_NEAR(node.dZ, 2.0 * (1.0 - node.dX * node.dX / 16.0), 1e-9) << "off the parabola";
+  }
+}
+
+/// Every option of a generator with its range.
+class CRangeLister {
+ public:
+  template <class T>
+  void Visit(const GeneratorField& field, T& value, GeneratorRange<T> range) {
+    rows.push_back({field.pszOption, static_cast<double>(range.lowest), static_cast<double>(range.highest)});
+    EXPECT_TRUE(range.lowest <= value && value <= range.highest) << field.pszOption;
+    EXPECT_TRUE(field.meaning.strEnglish != field.meaning.strChinese && !field.meaning.strChinese.empty());
+  }
+  void Visit(const GeneratorField& field, bool& /*bValue*/) { EXPECT_NE(field.meaning.strChinese, ""); }
+
+  std::vector<std::tuple<std::string, double, double>> rows;
+};
+
+TEST(Generators, RefuseWhatIsOutOfRange) {
+  BuildingParameters building;
+  TowerParameters tower;
+  DomeParameters dome;
+  ArchParameters arch;
+  std::array<CRangeLister, 4> listers;
+  VisitFields(listers[0], building), VisitFields(listers[1], tower), VisitFields(listers[2], dome);
+  VisitFields(listers[3], arch);
+  constexpr const char* c_pszNames[] = {"building", "tower", "dome", "arch"};
+  const auto call = [](const char* pszName, const std::string& strOption, double dValue) {
+    std::ostringstream out, err;
+    const std::string strValue = FormatNumber(dValue);
+    EXPECT_EQ(RunCommandLine({"generate", pszName, "--" + strOption + "=" + strValue}, out, err), 2) << strOption;
+    EXPECT_EQ(out.str(), "");
+    return err.str();
+  };
+  for (std::size_t k = 0; k < listers.size(); ++k) {
+    for (const auto& [strOption, dLowest, dHighest] : listers[k].rows) {
+      const double dStep = 1.0 + 1e-6 * std::abs(dHighest);
+      for (const double dValue : {dLowest - 1.0, dHighest + dStep, std::nan("")}) {
+        EXPECT_NE(call(c_pszNames[k], strOption, dValue).find("--" + strOption), std::string::npos) << dValue;
+      }
+    }
+  }
+  EXPECT_EQ(FindConflict(dome), std::nullopt);
+  dome.dRise = 0.5 * dome.dSpan + 0.01;
+  arch.nSegments = 7;
+  tower.nPanels = c_nMaxNodes / 4;
+  building.nStoreys = c_nMaxNodes / 12;
+  for (const auto& conflict : {FindConflict(dome), FindConflict(arch), FindConflict(tower), FindConflict(building)})
+    EXPECT_TRUE(conflict && !conflict->empty());
+  --tower.nPanels, --building.nStoreys;
+  EXPECT_FALSE(FindConflict(tower) || FindConflict(building));
+  EXPECT_EQ(ChooseStoreys(100, 4, 3), 4);
+  EXPECT_EQ(ChooseStoreys(1, 4, 3), 1);
 }
 
 TEST(Generators, BuildingOfAGivenSizeIsSlender) {

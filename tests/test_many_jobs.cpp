@@ -73,12 +73,40 @@ TEST_F(ManyJobs, WhatCannotGoTogetherIsRefusedBeforeAnyRuns) {
       {{"_x.json", "_y.json"}, {"--dialogs"}, "--dialogs: belongs to a run of one job\n"},
       {{"_x.json", "_y.json"}, {"--log", "a"}, "--log: belongs to a run of one job\n"},
       {{"_x.json", "_y.json", "_x"}, {}, "_x.json and _x: have the same result files\n"},
+      {{"_x.json", "_y.json", "/../job_x.json"}, {}, "_x.json and /../job_x.json: have the same result files\n"},
+      {{"_x.json", "_x_run.log"}, {}, "_x_run.log: belongs to the job; choose another name\n"},
   };
+  std::filesystem::create_directory(GetPath(""));
+  Write("_x_run.log", Read("_x.json"));
   for (const auto& [jobs, options, strError] : cases) {
     EXPECT_EQ(Run(jobs, options), std::pair(2, strError));
     EXPECT_EQ(Call({"run", GetPath(jobs[0]), GetPath(jobs[1])}).nStatus, 2);  // no program that could be started
   }
-  EXPECT_EQ(List().size(), nFiles + 1);
+  EXPECT_EQ(List().size(), nFiles + 3);
+}
+
+// A name that looks like an option, and one with blanks and signs of the shell.
+TEST_F(ManyJobs, NamesAreTakenAsTheyStand) {
+  const std::filesystem::path folder = std::filesystem::path(GetJobPath()).parent_path(),
+                              before = std::filesystem::current_path();
+  const Strings names = {"-x.json", "a b $HOME 'c.json", "荷载.json"};
+  for (const std::string& strName : names) {
+    std::filesystem::copy_file(GetPath("_x.json"), folder / ToFilePath(strName));
+  }
+  std::filesystem::current_path(folder);
+  CChildProcesses processes;
+  std::string strReason;
+  Strings arguments = {"run", "--jobs", "2", "--lang", "zh", "--"};
+  arguments.insert(arguments.end(), names.begin(), names.end());
+  EXPECT_NE(processes.Start(SKYFRAME_PROGRAM, arguments, GetPath("_output"), strReason), 0) << strReason;
+  EXPECT_EQ(processes.Wait().nCode, 0);
+  std::filesystem::current_path(before);
+  EXPECT_NE(Read("_output").find("3 个作业"), std::string::npos) << Read("_output");
+  EXPECT_NE(Read("_output").find("完成 3 个，有警告 0 个，失败或被拒绝 0 个"), std::string::npos) << Read("_output");
+  for (const char* pszResult : {"-x", "a b $HOME 'c", "荷载"}) {
+    EXPECT_TRUE(std::filesystem::exists(folder / ToFilePath(std::string(pszResult) + "_StaticLinearSol.txt")))
+        << pszResult;
+  }
 }
 
 }  // namespace

@@ -1,3 +1,5 @@
+#include <regex>
+
 #include "CommandFolder.h"
 #include "skyframe/job/JobFile.h"
 #include "skyframe/plot/Chart.h"
@@ -114,6 +116,15 @@ TEST(Plots, HistoriesZoomAndTellTheirValues) {
   EXPECT_NEAR(frame.Unmap(frame.Map(14.5, 3.0)).dX, 14.5, 1e-9);
   EXPECT_EQ(FindHistoryStep(picture, 1e9), 99U);
 
+  for (const auto& time : {picture.time, std::optional<ChartRange>()}) {  // out of the axes there, and in all of them
+    picture.time = time;
+    picture.cursor = 15.6;
+    CPaintRecorder other;
+    PaintHistoryChart(other, picture, size);
+    for (const char* pszText : {"t = 15.5 s", "2 mm"}) EXPECT_NE(FindText(other, pszText), nullptr) << pszText;
+  }
+  picture.cursor = std::nullopt;
+
   picture.time = picture.values = std::nullopt;
   picture.unit = c_displacementUnits[2];
   const CLanguageScope chinese(Language::Chinese);
@@ -218,7 +229,15 @@ TEST(Plots, WhatIsNotThereEndsWithStatusTwo) {
       {{"--node", "2"}, "no node has the id 2\n"},
       {{"--element", "3"}, "no element 3; the job has 1\n"},
       {{"--deformed", "--viewer"}, "--viewer: belongs to --node or --element\n"},
-      {{"--force", "My", "--of", "history"}, "the history has axial forces alone\n"},
+      {{"--force", "My", "--of", "history", "--at", "0.2"}, "the history has axial forces alone\n"},
+      {{"--force", "N", "--of", "history"}, "--of history: give the time with --at\n"},
+      {{"--colour", "N", "--of", "history", "--at", "0.2", "--with-reactions"}, "the history has no reactions\n"},
+      {{"--reactions", "--of", "history", "--at", "0.2"}, "the history has no reactions\n"},
+      {{"--loads", "1.2*0+1.4*1"}, "no loads in case 1\n"},
+      {{}, "say what to draw; --local-axes or --sections alone draw the structure\n"},
+      {{"--mode", "1", "--deformed"}, "--mode and --deformed: one picture at a time\n"},
+      {{"--reactions", "--frame", "W=3"}, "--frame: not as X=0, Y=6.5 or Z=3\n"},
+      {{"--local-axes", "--frame", "X=1"}, "no member lies at X = 1 m\n"},
       {{"--force", "N", "--of", "history", "--at", "9"},
        job.GetPath("_HisTime.txt") + ": t = 9 s: the history ends at 0.4 s\n"},
       {{"--loads", "7"}, "no loads in case 7\n"},
@@ -236,9 +255,9 @@ TEST(Plots, WhatIsNotThereEndsWithStatusTwo) {
   EXPECT_EQ(Plot({"--force", "My"}).nStatus, 0);
   for (const char* pszText : {"min -32.0 kN·m (element 1)", "drawn on the tension side", ">-32.0<"})
     EXPECT_NE(job.Read(".svg").find(pszText), std::string::npos) << pszText;
-  for (const test::Strings& misused :
-       {test::Strings{}, {"--mode", "1", "--deformed"}, {"--mode", "1", "--dir", "X"}, {"--node", "90", "--dir", "W"}})
-    EXPECT_EQ(Plot(misused).nStatus, 2);
+  EXPECT_EQ(Plot({"--node", "90", "--dir", "W"}).nStatus, 2);
+  EXPECT_EQ(Plot({"--local-axes"}).strErr, "");
+  EXPECT_NE(job.Read(".svg").find(">Structure<"), std::string::npos);
   EXPECT_EQ(
       job.Solve(test::MakeCantilever("111111", R"({"type": "time_history", "method": "newmark", "load": "ground_motion",
       "earthquake": {"time_step": 0.5, "duration": 0.4, "directions": ["Y"]}})"))
@@ -248,6 +267,149 @@ TEST(Plots, WhatIsNotThereEndsWithStatusTwo) {
   for (const char* pszSuffix : {".mode", ".spec", "_HisTime.txt", "_StaticLinearSol.txt"})
     job.Write(pszSuffix, "other");
   ExpectNone(": ");
+}
+
+/// Points of the SVG's shapes of a kind that have such a colour, by shape.
+std::vector<std::vector<PaintPoint>> FindShapes(const std::string& strSvg, const std::string& strKind,
+                                                const std::string& strColour) {
+  std::vector<std::vector<PaintPoint>> shapes;
+  const std::regex shape("<" + strKind + " points=\"([^\"]*)\" [^>]*" + strColour + "[^>]*>");
+  for (std::sregex_iterator it(strSvg.begin(), strSvg.end(), shape), end; it != end; ++it) {
+    std::istringstream text((*it)[1].str());
+    std::vector<PaintPoint>& points = shapes.emplace_back();
+    char cComma = ' ';
+    for (PaintPoint point; text >> point.dX >> cComma >> point.dY;) points.push_back(point);
+  }
+  return shapes;
+}
+
+/// A beam of 4 m along X from a clamped end, and one of 3 m along Y from its tip; the forces bend both.
+const std::string c_strCorner =
+    R"({"nodes": [{"id": 1, "x": 0, "y": 0, "z": 0, "restraint": "111111"}, {"id": 2, "x": 4, "y": 0, "z": 0},
+      {"id": 3, "x": 4, "y": 3, "z": 0}], "sections": [{"id": "S", "shape": 2, "area": 1e4, "Ix": 4e7, "Iy": 2e7, "Iz": 3e7}],
+    "elements": [{"type": "beam", "i": 1, "j": 2, "section": "S"}, {"type": "beam", "i": 2, "j": 3, "section": "S"}],
+    "loads": [{"case": 0, "node": 3, "direction": "X", "value": 3}, {"case": 0, "node": 2, "direction": "Y", "value": 6},
+      {"case": 0, "node": 2, "direction": "Z", "value": -8}, {"case": 1, "node": 3, "direction": "Z", "value": 5}],
+    "analyses": [{"type": "static", "nonlinear": false, "combination": {"0": 1}}]})";
+
+TEST(Plots, ArrowsAndOrdinatesAreDrawnToScale) {
+  const test::CCommandFolder job;
+  ASSERT_EQ(job.Solve(c_strCorner).nStatus, 0);
+  const auto plot = [&](std::vector<std::string> what) {
+    what.insert(what.begin(), {"plot", job.GetPath(".json"), "-o", job.GetPath(".svg")});
+    EXPECT_EQ(job.Call(what).strErr, "");
+    return job.Read(".svg");
+  };
+  const auto toLines = [](const std::vector<std::vector<PaintPoint>>& shapes) {
+    std::set<std::pair<int, int>> lines;  // from tail to head, pixels
+    for (const auto& p : shapes) {
+      if (p.size() > 2 || std::hypot(p[1].dX - p[0].dX, p[1].dY - p[0].dY) < 5.0) continue;  // end on, a legend
+      lines.insert(
+          {static_cast<int>(std::lround(p[1].dX - p[0].dX)), static_cast<int>(std::lround(p[1].dY - p[0].dY))});
+    }
+    return lines;
+  };
+  using Lines = std::set<std::pair<int, int>>;
+  const std::string strCase0 = "#1e6ec8\" stroke-width=\"1.4\"";
+  const struct {
+    std::vector<std::string> what;
+    Lines arrows;
+  } cases[] = {
+      {{"--loads", "0", "--view", "plan"}, {{20, 0}, {0, -39}}},  // 3 and 6 of 8 kN, the longest arrow 52
+      {{"--loads", "all", "--view", "front"}, {{0, 52}, {20, 0}}},
+      {{"--loads", "0.5*0", "--view", "front"}, {}},  // colours of combinations are others
+  };
+  for (const auto& c : cases) {
+    EXPECT_EQ(toLines(FindShapes(plot(c.what), "polyline", strCase0)), c.arrows) << c.what[1] << c.what[3];
+  }
+  // The support pushes back: 3 kN along X, 6 along Y, 8 along Z; of its moments 32 about Y and 15 about Z one is seen.
+  EXPECT_EQ(toLines(FindShapes(plot({"--reactions", "--view", "plan"}), "polyline", "#8a2b6f")),
+            (Lines{{-20, 0}, {0, 39}, {0, 52}}));
+
+  // About Z: 6 x 4 - 3 x 3 = 15 kN m at the clamped end, on the side of -Y; 9 at the corner, on the other.
+  const auto areas = FindShapes(plot({"--force", "Mz", "--view", "plan"}), "polygon", "fill=\"#d9e6f4\"");
+  const auto members = FindShapes(job.Read(".svg"), "polyline", "stroke-width=\"1.4\"");
+  ASSERT_EQ(areas.size(), 2U);
+  const double dMetre = (members[0][1].dX - members[0][0].dX) / 4.0;
+  const bool bFirst = std::abs(areas[0][0].dX - members[0][0].dX) < 0.01;
+  const auto &along = areas[bFirst ? 0 : 1], &across = areas[bFirst ? 1 : 0];
+  const double dRoot = along[1].dY - along[0].dY, dCorner = along[along.size() - 2].dY - along.back().dY;
+  EXPECT_GT(dRoot, 0.1 * dMetre) << "downwards is -Y";
+  EXPECT_NEAR(dCorner, -0.6 * dRoot, 0.02);
+  EXPECT_NEAR(across[1].dX - across[0].dX, -0.6 * dRoot, 0.02) << "pulled at its left side";
+  EXPECT_NEAR(across[across.size() - 2].dX, across.back().dX, 0.02) << "nothing at the free end";
+  for (const char* pszText : {"min -15.0 kN·m (element 1)", ">-15.0<", ">-9.0<", ">9.0<", "drawn on the tension side"})
+    EXPECT_NE(job.Read(".svg").find(pszText), std::string::npos) << pszText;
+
+  // 8 x 4 about Y and 15 about Z, together 35.3; the second beam has 9 alone.
+  const std::string strColours = plot({"--colour", "M"});
+  EXPECT_NE(strColours.find("max 35.3 kN·m (element 1)"), std::string::npos);
+  EXPECT_NE(plot({"--colour", "M", "--frame", "X=4"}).find("max 9.00 kN·m (element 2)"), std::string::npos)
+      << "of what is seen";
+  EXPECT_NE(plot({"--colour", "M", "--lang", "zh"}).find("35.3 kN·m（单元 1）"), std::string::npos);
+}
+
+TEST(Plots, OptionsBelongToTheirPictures) {
+  const test::CCommandFolder job;
+  ASSERT_EQ(job.Solve(c_strCorner).nStatus, 0);
+  using Strings = test::Strings;
+  const Strings pictures[] = {{"--spectrum"},   {"--mode", "1"},   {"--node", "2"}, {"--element", "1"}, {"--deformed"},
+                              {"--force", "N"}, {"--colour", "N"}, {"--reactions"}, {"--loads", "all"}};
+  const std::string strForces = "--force --colour --reactions", strStructures = strForces + " --loads";
+  const std::pair<Strings, std::string> options[] = {{{"--dir", "Y"}, "--node"},
+                                                     {{"--viewer"}, "--node --element"},
+                                                     {{"--nonlinear"}, "--deformed"},
+                                                     {{"--coloured"}, "--mode --deformed"},
+                                                     {{"--of", "linear"}, strForces},
+                                                     {{"--at", "1"}, strForces},
+                                                     {{"--frame", "Z=0"}, strStructures},
+                                                     {{"--view", "plan"}, strStructures},
+                                                     {{"--with-reactions"}, "--force --colour"},
+                                                     {{"--local-axes"}, strStructures},
+                                                     {{"--sections"}, strStructures}};
+  for (const auto& [option, strPictures] : options) {
+    for (const Strings& picture : pictures) {
+      Strings arguments = {"plot", job.GetPath(".json"), "-o", job.GetPath(".svg")};
+      arguments.insert(arguments.end(), picture.begin(), picture.end());
+      arguments.insert(arguments.end(), option.begin(), option.end());
+      const test::CommandOutcome outcome = job.Call(arguments);
+      const bool bBelongs = (strPictures + ' ').find(picture[0] + ' ') != std::string::npos;
+      EXPECT_EQ(outcome.strErr.starts_with(option[0] + ": belongs to "), !bBelongs)
+          << picture[0] << ' ' << option[0] << ' ' << outcome.strErr;
+      EXPECT_TRUE(bBelongs || outcome.nStatus == 2);
+    }
+  }
+}
+
+TEST(Plots, TellTheirAgeOnceAndRefuseWhatNobodyHas) {
+  const test::CCommandFolder job;
+  const std::string strQuake =
+      R"({"type": "modal", "modes": 2}, {"type": "time_history", "method": "newmark", "load": "ground_motion",
+      "earthquake": {"duration": 0.1, "directions": ["Y"]},
+      "outputs": {"nodes": [{"node": 90, "direction": "Y"}]}})";
+  ASSERT_EQ(job.Solve(test::MakeCantilever("111111", strQuake)).nStatus, 0);
+  job.Write(".json", std::regex_replace(test::MakeCantilever("111111", strQuake), std::regex("1e4"), "2e4"));
+  const auto plot = [&](test::Strings what) {
+    what.insert(what.begin(), {"plot", job.GetPath(".json"), "-o", job.GetPath(".svg")});
+    return job.Call(what);
+  };
+  const test::CommandOutcome outcome = plot({"--node", "90", "--node", "5", "--dir", "X,Y"});
+  EXPECT_EQ(std::tuple(outcome.nStatus, std::ranges::count(outcome.strErr, '\n')), std::tuple(0, 1)) << outcome.strErr;
+  EXPECT_NE(outcome.strErr.find("[outdated-result]"), std::string::npos);
+  EXPECT_NE(job.Read(".svg").find(">job (results of another model)<"), std::string::npos);
+  EXPECT_NE(job.Read(".svg").find("4 curves: time history, Newmark, linear, 5 steps of 0.02 s"), std::string::npos);
+
+  std::filesystem::remove(job.GetPath("_HisTime.txt"));  // each curve from a file of its own
+  EXPECT_EQ(std::ranges::count(plot({"--node", "90", "--node", "90", "--dir", "Y"}).strErr, '\n'), 1);
+
+  EXPECT_EQ(job.Call({"generate", "tower", "--panels", "2", "-o", job.GetPath(".json")}).nStatus, 0);
+  ASSERT_EQ(job.Solve().nStatus, 0);
+  for (const auto& [pszOption, pszQuantity] : {std::pair("--colour", "M"), {"--force", "My"}, {"--colour", "qy"}}) {
+    const test::CommandOutcome refused = plot({pszOption, pszQuantity});
+    EXPECT_EQ(refused.nStatus, 2);
+    EXPECT_TRUE(refused.strErr.starts_with("no member has ")) << refused.strErr;
+  }
+  EXPECT_EQ(plot({"--colour", "N"}).strErr, "");
 }
 
 }  // namespace

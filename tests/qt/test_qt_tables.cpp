@@ -1,14 +1,10 @@
 // The panel with the tables of results: order, filter, selection in both ways, results of another model.
 
-#include <gtest/gtest.h>
-
 #include <QTest>
-#include <QtWidgets>
+#include <algorithm>
 
 #include "CommandFolder.h"
-#include "skyframe/generate/Generate.h"
-#include "skyframe/gui/MainWindow.h"
-#include "skyframe/job/JobFile.h"
+#include "WindowTest.h"
 
 namespace skyframe::gui {
 namespace {
@@ -52,13 +48,11 @@ class TablePanel : public ::testing::Test {
   CMainWindow m_window;
 };
 
-TEST_F(TablePanel, SortsByNumberAndSumsTheRowsShown) {
+TEST_F(TablePanel, SumsAndCopiesTheRowsShown) {
   ChooseKind(host::TableKind::Reactions);
   constexpr int c_nForceZ = 3;
-  const int nRows = GetRows()->rowCount();
-  ASSERT_GT(nRows, 4);
+  ASSERT_GT(GetRows()->rowCount(), 4);
   ClickHeading(c_nForceZ);
-  for (int r = 1; r < nRows; ++r) EXPECT_LE(GetCell(r - 1, c_nForceZ).toDouble(), GetCell(r, c_nForceZ).toDouble());
   Find<QLineEdit>("table_filter")->setText(GetCell(0, 0) + QStringLiteral(",") + GetCell(1, 0));
   ASSERT_EQ(GetRows()->rowCount(), 2);
   EXPECT_NEAR(Find<QTableView>("table_sums")->model()->index(0, c_nForceZ).data().toDouble(),
@@ -67,6 +61,77 @@ TEST_F(TablePanel, SortsByNumberAndSumsTheRowsShown) {
   const QStringList lines = QGuiApplication::clipboard()->text().split(u'\n', Qt::SkipEmptyParts);
   ASSERT_EQ(lines.size(), 3);
   EXPECT_EQ(lines[1].section(u'\t', 0, 0), GetCell(0, 0));
+}
+
+TEST_F(TablePanel, EveryColumnOfEveryTableSortsBothWaysAndBack) {
+  const auto* const pKinds = Find<QComboBox>("table_kind");
+  const auto read = [this](int nColumn) {
+    std::vector<QString> cells;
+    for (int r = 0; r < GetRows()->rowCount(); ++r) cells.push_back(GetCell(r, nColumn));
+    return cells;
+  };
+  const auto isNumber = [](const QString& strCell) {
+    bool bNumber = false;
+    (void)strCell.toDouble(&bNumber);
+    return bNumber;
+  };
+  // Numbers in order, what is none behind them in both orders; a column of texts by its letters.
+  const auto isSorted = [&isNumber](const std::vector<QString>& cells, double dSign) {
+    const auto isAfter = [&](const QString& one, const QString& other) {
+      if (isNumber(one) != isNumber(other)) return isNumber(other);
+      if (isNumber(one)) return dSign * one.toDouble() > dSign * other.toDouble();
+      return dSign * one.toUtf8().compare(other.toUtf8()) > 0;
+    };
+    return std::ranges::adjacent_find(cells, isAfter) == cells.end();
+  };
+  EXPECT_GE(pKinds->count(), 4);
+  for (int k = 0; k < pKinds->count(); ++k) {
+    ChooseKind(static_cast<host::TableKind>(pKinds->itemData(k).toInt()));
+    ASSERT_GT(GetRows()->rowCount(), 2) << k;
+    for (int c = 0; c < GetRows()->columnCount(); ++c) {
+      SCOPED_TRACE(pKinds->itemText(k).toStdString() + ", column " + std::to_string(c));
+      const std::vector<QString> before = read(0), values = read(c);
+      auto* const pTable = Find<QTableView>("table");
+      pTable->scrollTo(GetRows()->index(0, c));
+      ClickHeading(c);
+      std::vector<QString> up = read(c), sorted = values;
+      EXPECT_TRUE(isSorted(up, 1.0));
+      ClickHeading(c);
+      std::vector<QString> down = read(c);
+      EXPECT_TRUE(isSorted(down, -1.0));
+      for (std::vector<QString>* const pAll : {&up, &down, &sorted}) std::ranges::sort(*pAll);
+      EXPECT_TRUE(up == sorted && down == sorted) << "no cell is lost";
+      ClickHeading(c);
+      EXPECT_EQ(read(0), before) << "the order of the file";
+    }
+  }
+}
+
+TEST_F(TablePanel, SavesTheRowsShownWithAllTheirDigits) {
+  ChooseKind(host::TableKind::Displacements);
+  ClickHeading(1);
+  Find<QLineEdit>("table_filter")->setText(QStringLiteral("5-9"));
+  ASSERT_EQ(GetRows()->rowCount(), 5);
+  const QString strFile = m_settings.filePath(QStringLiteral("moved.csv"));
+  Answer<QFileDialog>(
+      [this] { Find<QAction>("table_csv")->trigger(); },
+      [&strFile](QFileDialog& dialog) {
+        EXPECT_TRUE(dialog.selectedFiles().value(0).endsWith(QStringLiteral("_linear_displacements.csv")));
+        dialog.selectFile(strFile);
+        QMetaObject::invokeMethod(&dialog, "accept");
+      });
+  QFile file(strFile);
+  ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+  const QStringList lines = QString::fromUtf8(file.readAll()).split(QStringLiteral("\r\n"), Qt::SkipEmptyParts);
+  ASSERT_GE(lines.size(), 6);
+  const host::StaticResultFile& result = *m_window.GetDocument().GetStatic(false);
+  for (int r = 0; r < 5; ++r) {
+    const QStringList fields = lines[r + 1].split(u',');
+    EXPECT_EQ(fields[0], GetCell(r, 0)) << "in the order shown";
+    const NodeValues& u = result.displacements[fields[0].toUInt() - 1];
+    for (int d = 0; d < 3; ++d)
+      EXPECT_NEAR(fields[d + 1].toDouble(), 1e3 * u[static_cast<std::size_t>(d)], 1e-8) << "mm";
+  }
 }
 
 TEST_F(TablePanel, RowsAndSelectionOfTheDocumentGoTogether) {

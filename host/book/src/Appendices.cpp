@@ -65,11 +65,8 @@ void WriteWarnings(CPage& page, const BookData& book) {
     input.push_back(problem.strPlace + ": " + problem.strReason + " [" + problem.strName + "]");
   }
   WriteList(page, Tell({"Of the job file", "作业文件"}), input);
-  std::vector<std::string> runs = ListSpectrumDoubts(book);
-  Append(runs, ListHistoryDoubts(book));
-  for (const std::string& strShortfall : ListModeShortfalls(book)) {
-    runs.push_back(book.modal.strFile + ": " + strShortfall);
-  }
+  std::vector<std::string> runs;
+  for (const Advice& warning : page.GetWarnings()) runs.push_back(FormatAdvice(warning));
   AddRun(runs, book.linear);
   AddRun(runs, book.nonlinear);
   AddRun(runs, book.modal);

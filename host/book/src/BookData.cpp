@@ -136,7 +136,7 @@ class CCollector {
       }
     }
     m_book.first = FindFirstModes(m_book.shares);
-    if (!modal.bVerify.value_or(true)) return;
+    if (!modal.bVerify.value_or(true) || m_book.modal.bOutdated) return;
     m_book.dCountedBelow = c_dJustBelow * file.omega.back();
     m_book.modesBelow = CountModesBelow(m_book.dCountedBelow, settings);
   }

@@ -33,7 +33,9 @@ std::vector<std::pair<std::string, std::string>> ListKeyFigures(const BookData& 
   if (!book.basis) return facts;
   facts.emplace_back(Tell({"Total weight G", "总重力荷载代表值 G"}),
                      FormatKilo(c_dGravity * GetGravityMass(*book.basis)) + " kN");
-  facts.emplace_back(Tell({"First period T₁", "基本周期 T₁"}), FormatFixed(book.GetFirstPeriod(), 4) + " s");
+  facts.emplace_back(Tell({"First period T₁", "基本周期 T₁"}), book.modal.bOutdated
+                                                                   ? Tell({"out of date", "过期"})
+                                                                   : FormatFixed(book.GetFirstPeriod(), 4) + " s");
   for (const SpectrumChapter& chapter : book.spectra) {
     const std::string strQuake = Tell({"Earthquake along {0}, {1}", "{0} 向{1}"},
                                       {DescribeDirection(chapter.loads.direction), DescribeLevel(*chapter.job.nLevel)});
@@ -71,7 +73,7 @@ std::string FormatCover(const BookData& book, const std::string& strNow) {
 
 }  // namespace
 
-std::string WriteReport(const Job& job, const std::string& strJobPath, const std::vector<JobProblem>& warnings) {
+CalculationReport WriteReport(const Job& job, const std::string& strJobPath, const std::vector<JobProblem>& warnings) {
   const BookData book = CollectBook(job, strJobPath, warnings);
   CPage page;
   for (const auto pWrite : {WriteProject, WriteParameters, WriteModel, WriteLoads, WriteStatics, WriteModes,
@@ -79,8 +81,9 @@ std::string WriteReport(const Job& job, const std::string& strJobPath, const std
     pWrite(page, book);
   }
   const std::string strNow = FormatNow();
-  return page.Finish(book.GetTitle(), book.GetTitle() + Tell({" – Calculation report", " — 计算书"}),
-                     FormatProgram() + " · " + strNow, FormatCover(book, strNow));
+  return {page.Finish(book.GetTitle(), book.GetTitle() + Tell({" – Calculation report", " — 计算书"}),
+                      FormatProgram() + " · " + strNow, FormatCover(book, strNow)),
+          page.GetWarnings()};
 }
 
 }  // namespace skyframe::host

@@ -81,8 +81,8 @@ std::string DescribeCheck(const Check& check) { return std::string(Say(GetClause
 
 void WriteChecks(CPage& page, const BookData& book) {
   page.Chapter(Tell({"Summary of checks", "验算汇总"}));
-  for (const std::string& strDoubt : ListSpectrumDoubts(book)) page.Warn(strDoubt);
-  for (const std::string& strDoubt : ListHistoryDoubts(book)) page.Warn(strDoubt);
+  for (const std::string& strDoubt : ListSpectrumDoubts(book)) page.Warn("mixed-results", strDoubt);
+  for (const std::string& strDoubt : ListHistoryDoubts(book)) page.Warn("mixed-results", strDoubt);
   if (book.checks.empty()) {
     return page.Text(Tell({"Nothing was checked: there are no results of a spectrum or a time history.",
                            "没有反应谱和时程结果，未作验算。"}));

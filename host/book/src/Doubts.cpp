@@ -23,6 +23,14 @@ const SpectrumChapter* FindChapterOfFile(const BookData& book) {
 
 std::string GetDirection(const SpectrumChapter& chapter) { return DescribeDirection(chapter.loads.direction); }
 
+std::string TellNoModes(const BookData& book) {
+  const ModalResult& modal = book.modal;
+  const std::string strReason = modal.bThere ? Say(texts::c_notRead, {modal.strFile, modal.content.strError})
+                                             : Tell({"There is no file {0}.", "没有文件 {0}。"}, {modal.strFile});
+  return strReason + Tell({" Without modes nothing of the spectrum is formed or checked.",
+                           "没有振型，反应谱各项不能求出，未作验算。"});
+}
+
 std::string TellOtherModes(const BookData& book) {
   if (!book.spectrum.content) {
     return Say(texts::c_notRead, {book.spectrum.strFile, book.spectrum.content.strError});
@@ -35,7 +43,7 @@ std::string TellOtherModes(const BookData& book) {
 }
 
 std::string TellNotFormed(const BookData& book, const SpectrumChapter& chapter) {
-  const int nModes = book.modal.content ? static_cast<int>(book.modal.content->omega.size()) : 0;
+  const auto nModes = static_cast<int>(book.modal.content->omega.size());
   if (nModes < *chapter.job.nModes) {
     return Tell(
         {"The spectrum along {0} asks for {1} modes, {2} has {3}: it is not formed. Run the modes and the "
@@ -65,6 +73,7 @@ std::vector<std::string> ListSpectrumDoubts(const BookData& book) {
   std::vector<std::string> list;
   const auto isOld = [](const SpectrumChapter& chapter) { return chapter.doubt == Doubt::OldModel; };
   if (book.spectra.empty() || std::ranges::any_of(book.spectra, isOld)) return list;  // told by the file
+  if (!book.modal.content) return {TellNoModes(book)};
   if (FindChapterOfFile(book) == nullptr) list.push_back(TellOtherModes(book));
   for (const SpectrumChapter& chapter : book.spectra) {
     if (!chapter.IsFormed()) list.push_back(TellNotFormed(book, chapter));

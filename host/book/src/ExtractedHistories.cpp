@@ -73,7 +73,7 @@ void WritePeaks(CPage& page, const BookData& book, const ExtractedHistory& histo
   table.strAlign = "llrr";
   for (const HistoryExtract& extract : history.extracts) {
     if (!extract.history) {
-      page.Warn(Say(texts::c_notRead, {extract.strFile, extract.history.strError}));
+      page.Warn("unread-result", Say(texts::c_notRead, {extract.strFile, extract.history.strError}));
       continue;
     }
     const std::vector<double>& values = extract.history->values;
@@ -151,7 +151,8 @@ void WriteExtracts(CPage& page, const BookData& book, const ExtractedHistory& hi
               "None is known of this analysis: whether it ran is not known.",
               "该方法不保留全部时程，只写出 \"outputs\" 指定的结果。没有已知的输出文件，不知道是否已计算。"}));
   }
-  if (history.bOutdated) page.Warn(Say(texts::c_outdated, {ListFiles(history), history.pStamp->strTime}));
+  if (history.bOutdated)
+    page.Warn("outdated-result", Say(texts::c_outdated, {ListFiles(history), history.pStamp->strTime}));
   page.Text(Tell({"This method leaves no file of all its histories, only those that \"outputs\" asks for.",
                   "该方法不保留全部时程，只写出 \"outputs\" 指定的结果。"}));
   WriteParameters(page, history);

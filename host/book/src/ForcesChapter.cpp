@@ -167,8 +167,9 @@ std::string DescribeQuake(const BookData& book) {
 void WriteForces(CPage& page, const BookData& book) {
   page.Chapter(Tell({"Forces of supports and members with ±E", "支座受力与构件内力（±E）"}));
   if (!Introduce(page, book.linear) || !Introduce(page, book.spectrum)) return;
-  for (const std::string& strDoubt : ListSpectrumDoubts(book)) page.Warn(strDoubt);
-  for (const std::string& strMissing : ListMissingSpectra(book)) page.Warn(strMissing + Tell({".", "。"}));
+  for (const std::string& strDoubt : ListSpectrumDoubts(book)) page.Warn("mixed-results", strDoubt);
+  for (const std::string& strMissing : ListMissingSpectra(book))
+    page.Warn("mixed-results", strMissing + Tell({".", "。"}));
   page.Text(Tell({"S: linear static analysis, {0}. E: combined forces of {1}. Partial safety factors, the factor of "
                   "5.2.5 and other directions are not applied.",
                   "S 为线性静力结果，{0}；E 为{1}组合内力。未乘分项系数和 5.2.5 条调整系数，未作双向组合。"},

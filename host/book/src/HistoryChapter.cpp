@@ -161,7 +161,7 @@ void WriteGroundMotion(CPage& page, const BookData& book) {
     page.Section(Tell({"Newmark, ground motion", "Newmark，地震动"}));
   }
   if (!Introduce(page, book.history)) return;
-  for (const std::string& strDoubt : ListHistoryDoubts(book)) page.Warn(strDoubt);
+  for (const std::string& strDoubt : ListHistoryDoubts(book)) page.Warn("mixed-results", strDoubt);
   WriteRun(page, book);
   if (!book.historyChapter) return;
   WriteRoofCurve(page, book, *book.historyChapter);

@@ -29,6 +29,7 @@ void WriteModeTable(CPage& page, const BookData& book) {
       table.head.emplace_back(pszHead);
   }
   table.strAlign = "cr";
+  const auto show = [&book](const std::string& strShare) { return book.modal.bOutdated ? "—" : strShare; };
   Vector3 sum = {};
   for (std::size_t i = 0; i < basis.GetCount(); ++i) {
     std::vector<std::string>& row = table.rows.emplace_back();
@@ -37,12 +38,12 @@ void WriteModeTable(CPage& page, const BookData& book) {
     const Vector3 shares = FormMassShares(basis, i);
     for (std::size_t d = 0; d < 3; ++d) {
       sum[d] += shares[d];
-      row.push_back(FormatPercent(shares[d]));
-      row.push_back(FormatPercent(sum[d]));
+      row.push_back(show(FormatPercent(shares[d])));
+      row.push_back(show(FormatPercent(sum[d])));
     }
     if (!book.storeys) continue;
     const MotionShares& motion = book.shares[i];
-    for (const double d : {motion.dX, motion.dY, motion.dTorsion}) row.push_back(FormatFixed(d, 2));
+    for (const double d : {motion.dX, motion.dY, motion.dTorsion}) row.push_back(show(FormatFixed(d, 2)));
   }
   page.Table(table);
   page.Formula(
@@ -60,7 +61,7 @@ void WriteModeTable(CPage& page, const BookData& book) {
 }
 
 void WriteFirstPeriods(CPage& page, const BookData& book) {
-  if (!book.first.translation || !book.first.torsion) return;
+  if (!book.first.translation || !book.first.torsion || book.modal.bOutdated) return;
   const double T1 = book.basis->GetPeriod(*book.first.translation);
   const double Tt = book.basis->GetPeriod(*book.first.torsion);
   page.Text(Tell({"First period of translation T1 = {0} s (mode {1}), of torsion Tt = {2} s (mode {3}); Tt/T1 = {4}.",
@@ -74,8 +75,8 @@ void WriteCount(CPage& page, const BookData& book) {
   const std::string strLimit = FormatFixed(book.dCountedBelow * c_dHertzPerRadian, 4);
   const auto nFound = std::ranges::count_if(book.basis->omega, [&](double w) { return w < book.dCountedBelow; });
   if (!book.modesBelow) {
-    return page.Warn(Tell(
-        {"The Sturm count failed: nothing is known about missed modes.", "Sturm 计数失败：不知道有无遗漏的振型。"}));
+    return page.Warn("modes-not-counted", Tell({"The Sturm count failed: nothing is known about missed modes.",
+                                                "Sturm 计数失败：不知道有无遗漏的振型。"}));
   }
   const std::string strFound = std::to_string(nFound), strCounted = std::to_string(*book.modesBelow);
   if (*book.modesBelow == nFound) {
@@ -83,7 +84,8 @@ void WriteCount(CPage& page, const BookData& book) {
                            "Sturm 计数：{1} Hz 以下有 {0} 个振型，与表中个数相同，没有遗漏。"},
                           {strCounted, strLimit}));
   }
-  page.Warn(Tell({"A Sturm count finds {0} modes below {1} Hz, the table has {2}.",
+  page.Warn(*book.modesBelow > nFound ? "missed-modes" : "modes-in-doubt",
+            Tell({"A Sturm count finds {0} modes below {1} Hz, the table has {2}.",
                   "Sturm 计数：{1} Hz 以下有 {0} 个振型，表中为 {2} 个。"},
                  {strCounted, strLimit, strFound}));
 }
@@ -108,10 +110,10 @@ void WriteModes(CPage& page, const BookData& book) {
   page.Chapter(Tell({"Dynamic properties", "自振特性"}));
   if (!Introduce(page, book.modal)) return;
   if (!book.basis) {
-    return page.Warn(Say(texts::c_noMasses));
+    return page.Warn("no-masses", Say(texts::c_noMasses));
   }
   WriteModeTable(page, book);
-  for (const std::string& strShortfall : ListModeShortfalls(book)) page.Warn(strShortfall + Tell({".", "。"}));
+  for (const std::string& strShortfall : ListModeShortfalls(book)) page.Warn("missing-mass", strShortfall);
   WriteFirstPeriods(page, book);
   WriteCount(page, book);
   WriteModePictures(page, book);

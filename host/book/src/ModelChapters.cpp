@@ -202,7 +202,7 @@ void WriteStoreyMasses(CPage& page, const BookData& book) {
 void WriteMasses(CPage& page, const BookData& book) {
   page.Section(Tell({"Representative gravity loads", "重力荷载代表值"}));
   if (!book.basis && !Introduce(page, book.modal)) return;
-  if (!book.basis) return page.Warn(Say(texts::c_noMasses));
+  if (!book.basis) return page.Warn("no-masses", Say(texts::c_noMasses));
   const Vector3 total = SumMasses(*book.basis);
   const double dTotal = GetGravityMass(*book.basis);
   page.Facts({{Tell({"Mass free to move along X, Y, Z", "沿 X、Y、Z 可动的质量"}),

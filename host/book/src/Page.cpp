@@ -153,7 +153,11 @@ void CPage::Formula(std::string_view strMarkup) {
   m_strBody.append("<p class=\"formula\">").append(strMarkup).append("</p>\n");
 }
 
-void CPage::Warn(std::string_view strText) { m_strBody += "<p class=\"warn\">" + EscapeHtml(strText) + "</p>\n"; }
+void CPage::Warn(std::string_view strName, std::string_view strText) {
+  m_strBody += "<p class=\"warn\">" + EscapeHtml(strText) + "</p>\n";
+  if (std::ranges::find(m_warnings, strText, &Advice::strText) != m_warnings.end()) return;
+  m_warnings.push_back({Severity::Warning, std::string(strName), std::string(strText)});
+}
 
 void CPage::List(const std::vector<std::string>& texts) {
   m_strBody += "<ul>\n";

@@ -4,6 +4,7 @@
 #include <string_view>
 #include <vector>
 
+#include "skyframe/advice/Advice.h"
 #include "skyframe/job/Language.h"
 
 namespace skyframe::host {
@@ -32,8 +33,9 @@ class CPage {
   /// Formulas and other texts of the program's own.
   void Markup(std::string_view strMarkup);
   void Formula(std::string_view strMarkup);
-  /// Something the reader must not overlook.
-  void Warn(std::string_view strText);
+  /// Something the reader must not overlook, with its name in the manual; kept once, however often it is told.
+  void Warn(std::string_view strName, std::string_view strText);
+  [[nodiscard]] const AdviceList& GetWarnings() const { return m_warnings; }
   void List(const std::vector<std::string>& texts);
   /// Keys and values in two columns, not numbered.
   void Facts(const std::vector<std::pair<std::string, std::string>>& facts);
@@ -51,6 +53,7 @@ class CPage {
   [[nodiscard]] std::string GetNumber(int nNumber) const;
 
   std::string m_strBody;
+  AdviceList m_warnings;
   std::string m_strContents;
   std::string m_strChapter;  ///< "7", "A"
   int m_nChapter = 0;

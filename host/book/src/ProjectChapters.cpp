@@ -46,6 +46,7 @@ void AddResult(PageTable& table, const std::string& strAnalysis, const Result& r
   if (result.bThere && result.bOwnParameters)
     strState = Tell({"of this model, parameters not the job's", "与本模型一致，参数与作业文件不同"});
   if (result.bOutdated) strState = Tell({"out of date", "过期"});
+  if (result.bThere && !result.content) strState = Tell({"cannot be read", "无法读取"});
   table.rows.push_back({strAnalysis, result.bThere ? result.strFile : "—", pStamp != nullptr ? pStamp->strTime : "—",
                         pStamp != nullptr ? pStamp->strVersion : "—", strState});
 }
@@ -75,6 +76,15 @@ void WriteResults(CPage& page, const BookData& book) {
   }
   for (const ExtractedHistory& history : book.extracted) AddExtracts(table, history);
   page.Table(table);
+  const auto warn = [&page](const auto& result) {
+    if (result.bThere && result.bOwnParameters)
+      page.Warn("mixed-results", Say(texts::c_ownParameters, {result.strFile}));
+  };
+  warn(book.linear);
+  warn(book.nonlinear);
+  warn(book.modal);
+  warn(book.spectrum);
+  warn(book.history);
 }
 
 template <class Result>
@@ -149,10 +159,10 @@ bool Introduce(CPage& page, const Result& result) {
     return false;
   }
   if (!result.content) {
-    page.Warn(Say(texts::c_notRead, {result.strFile, result.content.strError}));
+    page.Warn("unread-result", Say(texts::c_notRead, {result.strFile, result.content.strError}));
     return false;
   }
-  if (result.bOutdated) page.Warn(Say(texts::c_outdated, {result.strFile, result.pStamp->strTime}));
+  if (result.bOutdated) page.Warn("outdated-result", Say(texts::c_outdated, {result.strFile, result.pStamp->strTime}));
   if (result.pStamp == nullptr) page.Text(Say(texts::c_unknownRun, {result.strFile}));
   return true;
 }

@@ -190,13 +190,14 @@ void WriteStoreys(CPage& page, const BookData& book, const SpectrumChapter& chap
 void WriteSpectra(CPage& page, const BookData& book) {
   page.Chapter(Tell({"Response spectrum", "反应谱分析"}));
   if (!Introduce(page, book.spectrum)) return;
-  if (book.modal.bOutdated) page.Warn(Say(texts::c_outdated, {book.modal.strFile, book.modal.pStamp->strTime}));
+  if (book.modal.bOutdated)
+    page.Warn("outdated-result", Say(texts::c_outdated, {book.modal.strFile, book.modal.pStamp->strTime}));
   if (book.spectra.empty()) {
-    page.Warn(Tell({"It is not known which spectrum {0} holds: the job has none.",
-                    "作业文件没有反应谱分析，不知道 {0} 是何种反应谱的结果。"},
-                   {book.spectrum.strFile}));
+    page.Warn("mixed-results", Tell({"It is not known which spectrum {0} holds: the job has none.",
+                                     "作业文件没有反应谱分析，不知道 {0} 是何种反应谱的结果。"},
+                                    {book.spectrum.strFile}));
   }
-  for (const std::string& strDoubt : ListSpectrumDoubts(book)) page.Warn(strDoubt);
+  for (const std::string& strDoubt : ListSpectrumDoubts(book)) page.Warn("mixed-results", strDoubt);
   for (const SpectrumChapter& chapter : book.spectra) {
     page.Section(Tell({"Earthquake along {0}: {1}, intensity {2}", "{0} 向地震作用：{1}，{2}"},
                       {DescribeDirection(chapter.loads.direction), DescribeLevel(*chapter.job.nLevel),

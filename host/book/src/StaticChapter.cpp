@@ -177,8 +177,8 @@ void WriteSecondOrder(CPage& page, const BookData& book) {
   if (!Introduce(page, book.nonlinear) || !book.linear.content) return;
   if (book.linear.parameters && book.nonlinear.parameters &&
       book.linear.parameters->combination != book.nonlinear.parameters->combination) {
-    page.Warn(Tell({"The two analyses have different load combinations and are not compared.",
-                    "两项分析的荷载组合不同，不作比较。"}));
+    page.Warn("mixed-results", Tell({"The two analyses have different load combinations and are not compared.",
+                                     "两项分析的荷载组合不同，不作比较。"}));
     return;
   }
   PageTable table;

@@ -37,10 +37,11 @@ inline constexpr Words c_unchecked[] = {
     {"not checked: the modes have other masses", "未验算：振型所用质量不同"}};
 inline constexpr Words c_uncheckedHistory = {"not checked: run the time history again", "未验算：请重新进行时程分析"};
 inline constexpr Words c_outdated = {
-    "Out of date: {0} was computed from another model on {1}. The figures of this chapter do not belong to the model "
-    "of "
-    "this report; run the analysis again.",
-    "过期：{0} 是 {1} 由另一模型算得的。本章数值不属于本计算书的模型，请重新分析。"};
+    "Out of date: {0} was computed from another model on {1}. Its figures do not belong to the model of this report; "
+    "run the analysis again.",
+    "过期：{0} 是 {1} 由另一模型算得的。其数值不属于本计算书的模型，请重新分析。"};
+inline constexpr Words c_ownParameters = {"{0} was computed with parameters other than those of the job.",
+                                          "{0} 的计算参数与作业文件不同。"};
 inline constexpr Words c_unknownRun = {
     "It is not known which run wrote {0}: its parameters are taken from the job file.",
     "不知道 {0} 由哪次分析写出：其参数取自作业文件。"};

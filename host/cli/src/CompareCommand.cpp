@@ -2,6 +2,7 @@
 #include <cmath>
 
 #include "Commands.h"
+#include "NumberRange.h"
 #include "skyframe/cli/CommandLine.h"
 #include "skyframe/compare/Compare.h"
 #include "skyframe/job/Language.h"
@@ -37,7 +38,7 @@ class CCompareCommand final : public CCommand {
     AddJobFile(app, Help(texts::c_solvedJob));
     app.add_option("other", m_strOther, Help(texts::c_compareOther))->required();
     app.add_option("--tolerance", m_dTolerance, Help(texts::c_tolerance))
-        ->check(CLI::Range(0.0, 1.0))
+        ->check(CNumberRange(0.0, 1.0))
         ->capture_default_str();
   }
 

@@ -2,6 +2,7 @@
 #include <functional>
 
 #include "Commands.h"
+#include "NumberRange.h"
 #include "skyframe/cli/CommandLine.h"
 #include "skyframe/generate/GeneratorFields.h"
 #include "texts.h"
@@ -15,9 +16,11 @@ class COptionMaker {
  public:
   explicit COptionMaker(CLI::App& app) : m_app(app) {}
 
-  template <class T>
-  void Visit(const GeneratorField& field, T& value, GeneratorRange<T> range) {
-    Add(field, value)->check(CLI::Range(range.lowest, range.highest));
+  void Visit(const GeneratorField& field, int& nValue, GeneratorRange<int> range) {
+    Add(field, nValue)->check(CLI::Range(range.lowest, range.highest));
+  }
+  void Visit(const GeneratorField& field, double& dValue, GeneratorRange<double> range) {
+    Add(field, dValue)->check(CNumberRange(range.lowest, range.highest));
   }
   void Visit(const GeneratorField& field, bool& bValue) {
     m_app.add_flag(FormName(field), bValue, std::string(Say(field.meaning)));

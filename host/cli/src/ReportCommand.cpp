@@ -3,6 +3,7 @@
 #include "Commands.h"
 #include "skyframe/book/CalculationReport.h"
 #include "skyframe/cli/CommandLine.h"
+#include "skyframe/job/Text.h"
 #include "texts.h"
 
 namespace skyframe::host {
@@ -18,8 +19,9 @@ class CReportCommand final : public CCommand {
     const JobFile file = ReadJobFile(m_strJobFile);
     PrintProblems(m_strJobFile, file.errors, "");
     if (!file.errors.empty()) return c_nExitBadInput;
-    WarnOfAge(file.job, m_strJobFile);
-    return Save(m_strOutput, WriteReport(file.job, GetJobPath(m_strJobFile), file.warnings));
+    const CalculationReport report = WriteReport(file.job, GetJobPath(m_strJobFile), file.warnings);
+    for (const Advice& warning : report.warnings) m_err << EscapeControls(FormatAdvice(warning)) << '\n';
+    return Save(m_strOutput, report.strPage);
   }
 
  private:

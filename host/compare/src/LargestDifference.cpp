@@ -44,7 +44,7 @@ double Difference::GetRelative() const {
 double CLargestDifference::GetRounding(double dFirst, double dSecond) const {
   constexpr double c_dLittleMore = 1.001;
   if (m_dDecimal > 0.0) return c_dLittleMore * m_dDecimal;
-  const double d = std::max(std::abs(dFirst), std::abs(dSecond));
+  const double d = std::max(GetSize(dFirst), GetSize(dSecond));
   return d > 0.0 ? c_dLittleMore * std::pow(10.0, std::floor(std::log10(d)) - 5.0) : 0.0;
 }
 

@@ -206,12 +206,16 @@ const HistorySet* CHistoryPanel::GetShown() {
 void CHistoryPanel::Refresh() {
   m_bStale = false;
   m_list.clear();
-  if (m_document.GetFile() != m_strFile) {
-    m_strFile = m_document.GetFile();
+  const bool bOtherJob = std::exchange(m_strFile, m_document.GetFile()) != m_document.GetFile();
+  if (bOtherJob) {
     m_curves.clear();
     m_bShowOld = false;
   }
   const HistorySet* const pShown = GetShown();
+  const double dEnd = pShown != nullptr ? pShown->nSteps * pShown->dTimeStep : 0.0;
+  if (std::exchange(m_dEnd, dEnd) != dEnd || bOtherJob) {
+    for (CHistoryChart& chart : m_charts) chart.SetTimeRange(std::nullopt);  // it might lie beyond the end
+  }
   m_player.SetHistory(pShown != nullptr ? pShown->nSteps : 0, pShown != nullptr ? pShown->dTimeStep : 0.0,
                       m_document.GetStep());
   m_dLargest = pShown != nullptr ? host::MeasureMotion(*pShown) : 0.0;

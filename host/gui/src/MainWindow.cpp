@@ -354,6 +354,7 @@ bool CMainWindow::OpenJob(const QString& strFile) {
   if (!m_document.GetWarnings().empty()) m_adviceDock.raise();
   for (QAction* const pAction : m_jobActions) pAction->setEnabled(true);
   Remember(strFile);
+  m_view.setFocus();  // its keys are at hand
   return true;
 }
 
@@ -563,8 +564,9 @@ void CMainWindow::OnReport() {
   constexpr FileKind c_kind = {texts::c_reportTitle, texts::c_reportFilter, "html"};
   const QString strFile = AskForFile(this, c_kind, ToQt(m_document.GetJobPath() + "_report.html"));
   if (strFile.isEmpty()) return;
-  const std::string strPage = host::WriteReport(m_document.GetJob(), m_document.GetJobPath(), m_document.GetWarnings());
-  if (WriteText(strFile, strPage, texts::c_reportFailed)) QDesktopServices::openUrl(QUrl::fromLocalFile(strFile));
+  const auto report = host::WriteReport(m_document.GetJob(), m_document.GetJobPath(), m_document.GetWarnings());
+  if (WriteText(strFile, report.strPage, texts::c_reportFailed))
+    QDesktopServices::openUrl(QUrl::fromLocalFile(strFile));
 }
 
 void CMainWindow::OnPrint() {

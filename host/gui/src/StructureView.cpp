@@ -72,7 +72,7 @@ bool IsStill(QPointF moved) { return moved.manhattanLength() < QApplication::sta
 CStructureView::CStructureView(QWidget* pParent) : QWidget(pParent) {
   setObjectName(QStringLiteral("structure"));
   setMinimumSize(320, 240);
-  setFocusPolicy(Qt::ClickFocus);
+  setFocusPolicy(Qt::StrongFocus);
   setMouseTracking(true);
   m_timer.setInterval(c_nFramePeriod);
   connect(&m_timer, &QTimer::timeout, this, [this] { update(); });

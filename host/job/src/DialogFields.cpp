@@ -48,7 +48,11 @@ class CContentReader {
   }
   template <DialogJob A>
   void Visit(const Field& /*field*/, std::optional<A>& part) {
-    if (!part && m_dialogs.contains(A::c_nDialog)) part = Read<A>(m_dialogs, m_scope);
+    if (part && m_scope == Scope::Everything) {
+      part = WithDefaults(*part);
+    } else if (!part && m_dialogs.contains(A::c_nDialog)) {
+      part = Read<A>(m_dialogs, m_scope);
+    }
   }
   void Visit(const Field& /*field*/, JobCombination& combination) {
     const auto it = m_dialogs.find(c_nIdLoadCombDlg);

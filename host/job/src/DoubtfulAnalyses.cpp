@@ -111,7 +111,7 @@ class CDoubtfulAnalyses {
     } else {
       CheckNodalForces(analysis);
     }
-    const bool bSwapped = analysis.generalLoad && !(analysis.generalLoad->dTimeStep && analysis.generalLoad->dDuration);
+    const bool bSwapped = given.generalLoad && !(given.generalLoad->dTimeStep && given.generalLoad->dDuration);
     if (bSwapped) {
       const TimeAxis axis = GetAxis(GeneralLoadJob());
       Warn("general-load", "general_load",

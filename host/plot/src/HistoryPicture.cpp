@@ -100,9 +100,10 @@ std::optional<std::pair<double, double>> FindCurveBand(const HistoryPicture& pic
     for (const PaintPoint& point : FormPoints(picture, curve)) {
       const PaintPoint at = frame.Map(point.dX, point.dY);
       if (at.dX < dLeft || at.dX > dRight) continue;
-      if (!band) band.emplace(at.dY, at.dY);
-      band->first = std::min(band->first, at.dY);
-      band->second = std::max(band->second, at.dY);
+      const double dY = std::clamp(at.dY, frame.GetBox().dTop, frame.GetBox().dBottom);
+      if (!band) band.emplace(dY, dY);
+      band->first = std::min(band->first, dY);
+      band->second = std::max(band->second, dY);
     }
   }
   return band;
@@ -120,8 +121,13 @@ void AddCursorValues(const HistoryPicture& picture, const CChartFrame& frame, do
   const auto band =
       FindCurveBand(picture, frame, bRight ? dX : dX - dWidth - c_dLine, bRight ? dX + dWidth + c_dLine : dX);
   const double dHeight = c_dLine * static_cast<double>(values.size() - 1);
-  const bool bAbove = !band || band->first - box.dTop >= dHeight + 2.0 * c_dFree;
-  double dY = !band ? box.dTop + c_dFree : bAbove ? band->first - c_dFree - dHeight : band->second + c_dFree;
+  const double dRoom = dHeight + 2.0 * c_dFree;
+  double dY = box.dTop + c_dFree;  // also over the curves when they leave no room
+  if (band && band->first - box.dTop >= dRoom) {
+    dY = band->first - c_dFree - dHeight;
+  } else if (band && box.dBottom - band->second >= dRoom) {
+    dY = band->second + c_dFree;
+  }
   for (Label& label : values) {
     label.at = {dX, dY};
     label.aside = {bRight ? 1.0 : -1.0, 0.0};

@@ -1,5 +1,6 @@
 #include <algorithm>
 #include <cmath>
+#include <tuple>
 
 #include "skyframe/plot/Pictures.h"
 #include "skyframe/scene/ResultPainter.h"
@@ -88,7 +89,23 @@ class CStructureSheet {
     for (std::size_t i = 0; i < m_picture.scene.GetNodes().size(); ++i) {
       if (m_picture.shown.HasNode(static_cast<int>(i))) points.push_back(m_picture.scene.GetNodes()[i].at);
     }
+    if (m_picture.diagram) AddTips(*m_picture.diagram, points);
     return points;
+  }
+
+  /// Of the ordinates of a diagram.
+  void AddTips(MemberQuantity component, std::vector<Point3>& points) const {
+    const auto& [scene, forces, shown] = std::tie(m_picture.scene, m_picture.forces, m_picture.shown);
+    const double dLargest = FindExtremes(forces, component, shown).GetMagnitude();
+    for (std::size_t i = 0; i < forces.members.size() && dLargest > 0.0; ++i) {
+      if (!forces.members[i].Has(component) || !shown.HasMember(i)) continue;
+      const SceneMember& member = scene.GetMembers()[i];
+      const std::vector<double> values = forces.members[i].Get(component);
+      const Point3 ordinate =
+          (ChooseDiagramSize(scene) / dLargest) * FindOrdinate(scene, member, component, forces.bAbsolute);
+      points.push_back(scene.GetPlace(member.nNodeI) + values.front() * ordinate);
+      points.push_back(scene.GetPlace(member.nNodeJ) + values.back() * ordinate);
+    }
   }
 
   /// Legend in colours at the right, other words at the left.

@@ -92,25 +92,38 @@ ResultStamp ReadStamp(const Json& object) {
   return stamp;
 }
 
+// What has no effect beside the other parameters is no part of a job file.
+
 template <class A>
-A FillIn(const A& analysis) {
-  return WithDefaults(analysis);
+void DropIdle(A& /*analysis*/) {}
+
+void DropIdle(EarthquakeJob& quake) {
+  const bool bOblique = quake.nMode == 1;
+  if (bOblique) quake.directions = {};
+  if (!bOblique) quake.obliqueAxis.reset();
+  for (std::size_t k = 0; k < quake.directions.size(); ++k) {
+    if (!quake.directions[k]) quake.peaks[k].reset();
+  }
+  if (!bOblique) quake.peaks.back().reset();
 }
 
-NewmarkJob FillIn(const NewmarkJob& analysis) {
-  NewmarkJob whole = WithDefaults(analysis);
-  const auto fill = [](auto& part) {
-    if (part) part = WithDefaults(*part);
-  };
-  fill(whole.impulse);
-  fill(whole.generalLoad);
-  fill(whole.earthquake);
-  return whole;
+void DropIdle(NewmarkJob& analysis) {
+  if (!analysis.bNonlinear.value_or(false)) {
+    analysis.nCriterion.reset();
+    analysis.dTolerance.reset();
+    analysis.nMaxIterations.reset();
+  }
+  if (analysis.earthquake) DropIdle(*analysis.earthquake);
 }
 
 /// All of its parameters, so that runs with dialogs and without have the same text.
 std::string FormatWhole(const JobAnalysis& analysis, const Job& job) {
-  return FormatAnalysis(std::visit([](const auto& a) { return JobAnalysis(FillIn(a)); }, analysis), job);
+  const auto fillIn = [](const auto& parameters) {
+    auto whole = WithDefaults(parameters);
+    DropIdle(whole);
+    return JobAnalysis(std::move(whole));
+  };
+  return FormatAnalysis(std::visit(fillIn, analysis), job);
 }
 
 }  // namespace

@@ -32,8 +32,9 @@ std::string GetCell(const TableColumn& column, std::size_t nRow) {
 }
 
 /// In quotes where it must be.
-std::string QuoteField(std::string strText) {
-  if (strText.find_first_of(",\"\r\n") == std::string::npos) return strText;
+std::string QuoteField(std::string strText, char cBetween) {
+  if (strText.find_first_of("\"\r\n") == std::string::npos && strText.find(cBetween) == std::string::npos)
+    return strText;
   for (std::size_t n = 0; (n = strText.find('"', n)) != std::string::npos; n += 2) strText.insert(n, 1, '"');
   return '"' + strText + '"';
 }
@@ -43,7 +44,7 @@ template <class Field>
 void AddLine(std::string& strText, const Table& table, char cBetween, std::string_view strEnd, Field field) {
   for (std::size_t c = 0; c < table.columns.size(); ++c) {
     if (c > 0) strText += cBetween;
-    strText += field(c);
+    strText += QuoteField(field(c), cBetween);
   }
   strText += strEnd;
 }
@@ -109,15 +110,14 @@ std::string FormatCsv(const Table& table) {
 std::string FormatCsv(const Table& table, std::span<const std::size_t> rows) {
   std::string strText(c_strByteOrderMark);
   constexpr std::string_view c_strEnd = "\r\n";
-  AddLine(strText, table, ',', c_strEnd, [&](std::size_t c) { return QuoteField(FormHeading(table.columns[c])); });
+  AddLine(strText, table, ',', c_strEnd, [&](std::size_t c) { return FormHeading(table.columns[c]); });
   for (const std::size_t r : rows) {
-    AddLine(strText, table, ',', c_strEnd, [&](std::size_t c) { return QuoteField(GetCell(table.columns[c], r)); });
+    AddLine(strText, table, ',', c_strEnd, [&](std::size_t c) { return GetCell(table.columns[c], r); });
   }
   for (const TableFooting& footing : table.footings) {
     const std::vector<double> numbers = FormFooting(table, footing, rows);
-    AddLine(strText, table, ',', c_strEnd, [&](std::size_t c) {
-      return c == 0 ? QuoteField(std::string(Say(footing.name))) : FormatWhole(numbers[c]);
-    });
+    AddLine(strText, table, ',', c_strEnd,
+            [&](std::size_t c) { return c == 0 ? std::string(Say(footing.name)) : FormatWhole(numbers[c]); });
   }
   return strText;
 }

@@ -72,6 +72,7 @@ class CHistoryPanel : public QWidget {
   bool m_bStale = true;           ///< what is shown may not be the document's any more
   QTimer m_soon;                  ///< to look at once whether the panel is seen
   double m_dLargest = 0.0;        ///< of the motion, m
+  double m_dEnd = 0.0;            ///< of the histories shown, s
 
   // Parents before their children.
   QSplitter m_splitter;

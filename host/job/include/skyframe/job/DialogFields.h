@@ -21,7 +21,8 @@ class CDialogRecorder {
   std::map<int, DialogContent> m_dialogs;
 };
 
-/// The analysis, or its part with a dialog of its own, and for what it leaves out what its dialog opens with.
+/// The analysis, or its part with a dialog of its own, and for what it leaves out what its dialog opens with; parts
+/// that it does not have stay away.
 template <DialogJob A>
 [[nodiscard]] A WithDefaults(A analysis);
 

@@ -26,8 +26,8 @@ struct JobFile {
 /// memory is an error, too. The warnings look at the files of the job path when it is given.
 [[nodiscard]] JobFile ParseJob(std::string_view strText, const std::string& strJobPath = {});
 
-/// Reads the file and parses it. A file that cannot be read is an error at place "/"; so is a backslash in
-/// the path, which the module would take as a separator in the names of the result files.
+/// Reads the file and parses it. A file that cannot be read is an error of the whole file; so is a backslash
+/// in the path, which the module would take as a separator in the names of the result files.
 [[nodiscard]] JobFile ReadJobFile(const std::string& strPath);
 
 /// The job as JSON text, one node, element or load a line.
