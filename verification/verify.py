@@ -22,6 +22,17 @@ ROOT = Path(__file__).parent.parent
 CHAPTERS = (("S", statics), ("N", second_order), ("M", modes), ("R", spectrum), ("T", histories))
 
 
+def compare(comparison, problem, jobs):
+    """What a problem makes of its results; the reason why that could not be done."""
+    results.places.clear()
+    try:
+        for _ in problem:
+            pass
+    except (OSError, StopIteration, RuntimeError, ValueError, IndexError) as error:
+        return f"{comparison.number}: a result is missing or cannot be read ({error!r}); see {jobs[0].folder}/*_run.log"
+    return comparison.finish()
+
+
 def main():
     parser = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
     parser.add_argument("program", type=Path)
@@ -42,11 +53,10 @@ def main():
                 job.write(build / number)
             started.append((comparison, problem, jobs))
     seconds = runner.run([job for _, _, jobs in started for job in jobs])
-    for comparison, problem, _ in started:
-        results.places.clear()
-        for _ in problem:
-            pass
-        comparison.finish()
+    broken = [message for start in started if (message := compare(*start))]
+    if broken:
+        print("\n".join(broken))
+        return 1
     comparisons = [comparison for comparison, _, _ in started]
     images = build / "images"
     runner.draw([(comparison, jobs) for comparison, _, jobs in started], images)
