@@ -402,6 +402,15 @@ TEST(JobFile, WarnsOfAnalysesThatGiveNothing) {
     const std::string strExpected = c.strNames.empty() ? "" : "/analyses/0" + c.strNames + "\n";
     EXPECT_EQ(ListNames(ParseMast(c.strAnalysis)), strExpected) << c.strAnalysis;
   }
+  // After a modal analysis with 1 kN at the node.
+  const std::string strQuake = strGround + R"(, "earthquake": {"directions": ["X"]}, "combination": )";
+  const auto ParseAfterModes = [](const std::string& strCombination, const std::string& strHistory) {
+    return ListNames(ParseMast(R"("modal", "combination": )" + strCombination + R"(}, {"type": )" + strHistory));
+  };
+  EXPECT_EQ(ParseAfterModes(R"({"0": 1})", strQuake + R"({"0": 1, "2": 1})"), "");
+  EXPECT_EQ(ParseAfterModes(R"({"0": 1})", strQuake + R"({"0": 0.5})"), "/analyses/1 other-masses\n");
+  EXPECT_EQ(ParseAfterModes(R"({"0": 1})", strWilson), "/analyses/1 other-masses\n");
+  EXPECT_EQ(ParseAfterModes("{}", strWilson), "");
   const std::string strMore = R"(, "inclined_supports": [2], "springs": [{"group": 1, "kx": 1}])";
   EXPECT_EQ(ListNames(ParseMast(R"("modal")", strMore)), "");
   EXPECT_EQ(ListNames(ParseMast(strWilson, strMore)), "/analyses/0 inclined-support\n");

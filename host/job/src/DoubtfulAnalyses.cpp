@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <cmath>
+#include <numeric>
+#include <optional>
 #include <set>
 
 #include "JobReader.h"
@@ -17,6 +19,7 @@ namespace {
 
 constexpr int c_nDofZ = 2;
 constexpr int c_nRectangular = 1;
+constexpr double c_dSameMass = 1e-9;
 constexpr int c_nOblique = 3;  ///< place behind X, Y, Z among the record files
 
 /// Seconds.
@@ -91,7 +94,10 @@ class CDoubtfulAnalyses {
     CheckInclinedSupports();
   }
 
-  void Check(const ModalJob& analysis) { CheckMassLoads(analysis.combination); }
+  void Check(const ModalJob& analysis) {
+    CheckMassLoads(analysis.combination);
+    m_modalMass = FormNodalMasses(analysis.combination);
+  }
   void Check(const SpectrumJob& analysis) { CheckMassLoads(analysis.combination); }
 
   void Check(const WilsonJob& analysis) {
@@ -101,6 +107,7 @@ class CDoubtfulAnalyses {
     if (std::ranges::any_of(analysis.peaks, IsSet)) Warn("wilson-ignores", "peaks", strIgnored);
     if (analysis.bNonlinear.value_or(false)) Warn("wilson-ignores", "nonlinear", strIgnored);
     CheckTimeStep(GetAxis(analysis));
+    CheckSameMasses(JobCombination(), texts::c_wilsonMass);
     CheckInclinedSupports();
   }
 
@@ -120,6 +127,7 @@ class CDoubtfulAnalyses {
       CheckTimeStep(*axis);
     }
     CheckMassLoads(analysis.combination);
+    CheckSameMasses(analysis.combination, texts::c_otherMass);
     CheckInclinedSupports();
   }
 
@@ -187,6 +195,31 @@ class CDoubtfulAnalyses {
     Warn("no-mass-load", "combination", Say(texts::c_noMassLoad));
   }
 
+  /// kN by node: what of the combined loads acts upwards.
+  [[nodiscard]] std::vector<double> FormNodalMasses(const JobCombination& combination) const {
+    std::vector<double> weights(m_job.nodes.size());
+    for (const JobLoad& load : m_job.loads) {
+      const auto it = combination.find(load.nCase);
+      if (it == combination.end() || load.nDirection != c_nDofZ) continue;
+      weights[static_cast<std::size_t>(load.nNode) - 1] += load.dValue * it->second;
+    }
+    for (double& dWeight : weights) dWeight = std::max(dWeight, 0.0);
+    return weights;
+  }
+
+  /// The frequencies of the modal analysis before give the damping of a history.
+  void CheckSameMasses(const JobCombination& combination, const Words& reason) {
+    const std::vector<double> own = FormNodalMasses(combination);
+    const auto IsSame = [](double d, double dOther) {
+      return std::abs(d - dOther) <= c_dSameMass * std::max(d, dOther);
+    };
+    if (!m_modalMass || std::ranges::equal(own, *m_modalMass, IsSame)) return;
+    const auto Sum = [](const std::vector<double>& weights) {
+      return FormatNumber(std::accumulate(weights.begin(), weights.end(), 0.0));
+    };
+    Warn("other-masses", "", Say(reason, {Sum(own), Sum(*m_modalMass)}));
+  }
+
   void CheckInclinedSupports() {
     if (m_job.inclinedSupports.empty()) return;
     Warn("inclined-support", "", Say(texts::c_inclinedSupport));
@@ -200,7 +233,8 @@ class CDoubtfulAnalyses {
   const Job& m_job;
   const std::string& m_strJobPath;
   std::set<int> m_casesInUse;
-  std::string m_strPlace;  ///< of the analysis at hand
+  std::optional<std::vector<double>> m_modalMass;  ///< of the last modal analysis, as FormNodalMasses
+  std::string m_strPlace;                          ///< of the analysis at hand
   std::vector<JobProblem> m_found;
 };
 

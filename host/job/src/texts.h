@@ -143,6 +143,15 @@ inline constexpr Words c_noMassLoad = {"none of its loads acts along +Z: it adds
 inline constexpr Words c_inclinedSupport = {"this analysis takes inclined supports for ordinary ones",
                                             "该分析把斜支座当作一般支座"};
 inline constexpr Words c_wilsonIgnores = {"the Wilson method does not look at it", "对 Wilson 法不起作用"};
+inline constexpr Words c_wilsonMass = {
+    "the Wilson method takes no nodal masses: the weight of {1} kN that the modal analysis before has at the nodes is "
+    "not "
+    "there",
+    "Wilson 法不计节点质量：其前模态分析的节点重量 {1} kN 未计入"};
+inline constexpr Words c_otherMass = {
+    "the weight at the nodes, {0} kN, is not that of the modal analysis before, {1} kN, whose frequencies give the "
+    "damping",
+    "节点重量 {0} kN 与其前模态分析的 {1} kN 不同，而阻尼由后者的频率确定"};
 inline constexpr Words c_generalLoad = {"left out, the time step is {0} s and the duration {1} s: give both",
                                         "未给出时，时间步长为 {0} s，响应时长为 {1} s：请两者都给出"};
 inline constexpr Words c_nonlinearForces = {"a run under nodal forces with it ends at once, without a result",
