@@ -92,8 +92,8 @@ void ExpectOneLanguage(std::string strText, bool bChinese) {
     return;
   }
   const std::regex names(
-      "\\[[a-z-]+\\]|analyses/[0-9]/"
-      "[a-z]+|job[._][A-Za-z_.]+|alert|script|title|onload|svg|amp|quot|ensp|GB|JGJ|Skyframe|El Centro|"
+      "\\[[a-z-]+\\]|analyses/[0-9](/"
+      "[a-z]+)?|job[._][A-Za-z_.]+|alert|script|title|onload|svg|amp|quot|ensp|GB|JGJ|Skyframe|El Centro|"
       "Newmark|Wilson|CQC|Sturm|max|min|outputs|case|kN|mm|json|Hz");
   strText = std::regex_replace(strText, names, "");
   std::smatch match;
