@@ -116,9 +116,7 @@ constexpr Goal c_goals[] = {
 bool IsOfOne(Value value) { return value == Value::ExtraMemory || value == Value::MemoryRatio; }
 
 /// What counts: smaller values for shares of time and memory, greater ones for rates and speed-ups.
-bool IsSmallerBetter(Value value) {
-  return value == Value::TimeRatio || value == Value::Rest || IsOfOne(value);
-}
+bool IsSmallerBetter(Value value) { return value == Value::TimeRatio || value == Value::Rest || IsOfOne(value); }
 
 double ToSeconds(double dTime, const std::string& strUnit) {
   if (strUnit == "ns") return dTime * 1e-9;
@@ -135,7 +133,8 @@ class CTable {
  public:
   void Read(const std::string& strPath) {
     std::ifstream strm(strPath);
-    const nlohmann::json document = nlohmann::json::parse(strm);
+    const nlohmann::json document = nlohmann::json::parse(strm, nullptr, false);
+    if (!document.contains("benchmarks")) return;  // a program that had nothing to run
     for (const auto& run : document["benchmarks"]) {
       if (run["run_type"] != "iteration" || run.contains("error_occurred")) continue;
       const bool bManual = std::string(run["name"]).find("/manual_time") != std::string::npos;

@@ -185,6 +185,7 @@ bool CTimeHistoryRun::FormOperators(double a0, double a1) {
   m_massRows = CRowMatrix(m_stiffness, F);
   if (!m_model.AssembleStiffness(m_stiffness, false, IsShear())) return false;
   const CRowMatrix K(m_stiffness, F);
+  m_stiffness.RestoreHeights();  // M may stand where K has zeros
   if (m_massRows.GetOrder() != F || K.GetOrder() != F) return false;
   m_baseShear = CBaseShear(m_stiffness, m_model.GetNodes());
   m_dampingRows = CRowMatrix::Combine(m_findings.dMassDamping, m_massRows, m_findings.dStiffnessDamping, K);
@@ -193,6 +194,7 @@ bool CTimeHistoryRun::FormOperators(double a0, double a1) {
 }
 
 bool CTimeHistoryRun::FactoriseEffective() {
+  m_axialRows.reserve(m_model.GetElements().size());
   for (const auto& pElement : m_model.GetElements()) {
     if (pElement) m_axialRows.emplace_back(pElement->GetElemNo(), pElement->FormAxialRow());
   }

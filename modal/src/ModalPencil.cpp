@@ -33,7 +33,6 @@ bool AssembleMassRows(const CAnalysisModel& model, bool bUseLoadMass, SparseMatr
 bool AssembleStiffnessRows(const CAnalysisModel& model, bool bGeometric, SparseMatrix& S, CRowMatrix& K) {
   if (!model.AssembleStiffness(S, bGeometric, model.m_bShear != 0)) return false;
   K = CRowMatrix(S, model.GetFreeDofs());
-  S.TrimProfile(model.GetFreeDofs());
   return K.GetOrder() == model.GetFreeDofs();
 }
 

@@ -12,7 +12,7 @@ namespace skyframe::skyline {
 namespace {
 
 template <class Simd>
-constexpr int c_nWidth = Simd::c_nPanelVectors * Simd::c_nLanes;
+constexpr int c_nWidth = Simd::c_nPanelVectors* Simd::c_nLanes;
 
 using GroupRows = std::make_integer_sequence<int, c_nGroup>;
 
@@ -285,24 +285,24 @@ template <class Simd>
 // NOLINTBEGIN(bugprone-macro-parentheses): an attribute cannot stand in parentheses
 #define SKYFRAME_PANEL_FUNCTIONS(unit, simd, target)                                                                   \
   target void Update##unit(const RowTile& tile, const Panel& panel, int nBegin, int nEnd) {                            \
-    UpdateAll<Simd##simd>(tile, panel, nBegin, nEnd);                                                                 \
+    UpdateAll<Simd##simd>(tile, panel, nBegin, nEnd);                                                                  \
   }                                                                                                                    \
-  target void Finish##unit(const RowTile& tile, const Panel& panel) { FinishAll<Simd##simd>(tile, panel); }           \
+  target void Finish##unit(const RowTile& tile, const Panel& panel) { FinishAll<Simd##simd>(tile, panel); }            \
   target void Subtract##unit(const RowTile& tile, const Panel& panel, int nBegin, int nEnd) {                          \
-    SubtractAll<Simd##simd>(tile, panel, nBegin, nEnd);                                                               \
+    SubtractAll<Simd##simd>(tile, panel, nBegin, nEnd);                                                                \
   }                                                                                                                    \
-  target void FinishBack##unit(const RowTile& tile, const Panel& panel) { FinishBackAll<Simd##simd>(tile, panel); }   \
+  target void FinishBack##unit(const RowTile& tile, const Panel& panel) { FinishBackAll<Simd##simd>(tile, panel); }    \
   target void FactoriseOwn##unit(const Panel& panel, double* pivots, double* reciprocals) {                            \
-    FactoriseOwnRows<Simd##simd>(panel, pivots, reciprocals);                                                         \
+    FactoriseOwnRows<Simd##simd>(panel, pivots, reciprocals);                                                          \
   }                                                                                                                    \
   target void Gather##unit(const double* const* columns, const Panel& panel, int nBegin, int nEnd) {                   \
-    GatherRows<Simd##simd>(columns, panel, nBegin, nEnd);                                                             \
+    GatherRows<Simd##simd>(columns, panel, nBegin, nEnd);                                                              \
   }                                                                                                                    \
   target void Scatter##unit(double* const* columns, const double* factors, const Panel& panel, int nBegin, int nEnd) { \
-    ScatterRows<Simd##simd>(columns, factors, panel, nBegin, nEnd);                                                   \
+    ScatterRows<Simd##simd>(columns, factors, panel, nBegin, nEnd);                                                    \
   }                                                                                                                    \
-  constexpr PanelKernel c_kernel##unit = {c_nWidth<Simd##simd>, Update##unit,       Finish##unit, Subtract##unit,     \
-                                          FinishBack##unit,      FactoriseOwn##unit, Gather##unit, Scatter##unit};
+  constexpr PanelKernel c_kernel##unit = {c_nWidth<Simd##simd>, Update##unit,       Finish##unit, Subtract##unit,      \
+                                          FinishBack##unit,     FactoriseOwn##unit, Gather##unit, Scatter##unit};
 // NOLINTEND(bugprone-macro-parentheses)
 
 SKYFRAME_PANEL_FUNCTIONS(Baseline, 16, )

@@ -19,9 +19,9 @@ namespace {
 // above it once more, which tells when they are too tall for the caches.
 constexpr int c_nBlock = 96;
 constexpr int c_nTallBlock = 192;
-constexpr int c_nTall = 1200;       // rows
-constexpr int c_nTallPanel = 500;   // rows on the average, for the wider panels
-constexpr int c_nDepthTile = 180;   // products of a tile
+constexpr int c_nTall = 1200;      // rows
+constexpr int c_nTallPanel = 500;  // rows on the average, for the wider panels
+constexpr int c_nDepthTile = 180;  // products of a tile
 constexpr std::size_t c_nCacheLine = 64;
 
 std::size_t Index(int i) { return static_cast<std::size_t>(i); }

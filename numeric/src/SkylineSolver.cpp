@@ -67,8 +67,6 @@ template <class Simd, int... u>
   for (; k > nBegin; --k) x[k - 1] -= l[k - 1] * factor;
 }
 
-// The solves are bound by memory: 32 bytes serve a wider unit as well.
-
 template <class Simd>
 [[gnu::always_inline]] inline void ForwardAll(const Profile& profile, const double* values, double* b) {
   for (int i = 0; i < profile.GetOrder(); ++i) {
@@ -85,23 +83,30 @@ template <class Simd>
   }
 }
 
-void Forward16(const Profile& profile, const double* values, double* b) { ForwardAll<Simd16>(profile, values, b); }
-void Backward16(const Profile& profile, const double* values, double* b) { BackwardAll<Simd16>(profile, values, b); }
+// The templates once per unit, in functions that carry its target.
+// NOLINTBEGIN(bugprone-macro-parentheses): an attribute cannot stand in parentheses
+#define SKYFRAME_SOLUTION_FUNCTIONS(bytes, target)                                       \
+  target void Forward##bytes(const Profile& profile, const double* values, double* b) {  \
+    ForwardAll<Simd##bytes>(profile, values, b);                                         \
+  }                                                                                      \
+  target void Backward##bytes(const Profile& profile, const double* values, double* b) { \
+    BackwardAll<Simd##bytes>(profile, values, b);                                        \
+  }
+// NOLINTEND(bugprone-macro-parentheses)
 
+SKYFRAME_SOLUTION_FUNCTIONS(16, )
 #if defined(__x86_64__)
-[[gnu::target("avx2,fma")]] void Forward32(const Profile& profile, const double* values, double* b) {
-  ForwardAll<Simd32>(profile, values, b);
-}
-[[gnu::target("avx2,fma")]] void Backward32(const Profile& profile, const double* values, double* b) {
-  BackwardAll<Simd32>(profile, values, b);
-}
+SKYFRAME_SOLUTION_FUNCTIONS(32, [[gnu::target("avx2,fma")]])
+SKYFRAME_SOLUTION_FUNCTIONS(64, [[gnu::target("avx512f")]])
 #endif
+#undef SKYFRAME_SOLUTION_FUNCTIONS
 
 }  // namespace
 
 void ForwardReduce(const Profile& profile, const double* values, std::span<double> b,
                    [[maybe_unused]] VectorUnit unit) {
 #if defined(__x86_64__)
+  if (Resolve(unit) == VectorUnit::Bytes64) return Forward64(profile, values, b.data());
   if (HasWideVectors(unit)) return Forward32(profile, values, b.data());
 #endif
   Forward16(profile, values, b.data());
@@ -110,6 +115,7 @@ void ForwardReduce(const Profile& profile, const double* values, std::span<doubl
 void BackSubstitute(const Profile& profile, const double* values, std::span<double> b,
                     [[maybe_unused]] VectorUnit unit) {
 #if defined(__x86_64__)
+  if (Resolve(unit) == VectorUnit::Bytes64) return Backward64(profile, values, b.data());
   if (HasWideVectors(unit)) return Backward32(profile, values, b.data());
 #endif
   Backward16(profile, values, b.data());

@@ -231,8 +231,8 @@ CMatrix SparseMatrix::operator*(const CMatrix& x) const {
 void SparseMatrix::MultiplyRows(std::span<const double> x, std::span<double> y) const {
   for (std::size_t i = 0; i < y.size(); ++i) {
     double dSum = 0.0;
-    for (auto k = Index(m_rowStart[i]); k < Index(m_rowStart[i + 1]); ++k)
-      dSum += m_rowValues[k] * x[Index(m_rowColumn[k])];
+    for (auto k = Index(m_rows.start[i]); k < Index(m_rows.start[i + 1]); ++k)
+      dSum += m_rows.value[k] * x[Index(m_rows.column[k])];
     y[i] = dSum;
   }
 }
@@ -258,9 +258,9 @@ void SparseMatrix::TrimProfile(int n) {
 }
 
 bool SparseMatrix::BuildRows(int n) {
-  DropRows();
+  m_rows = {};
   if (RunWithMemory([this, n] { FillRows(n); })) return true;
-  DropRows();
+  m_rows = {};
   return false;
 }
 
@@ -281,14 +281,14 @@ void SparseMatrix::FillRows(int n) {
   std::partial_sum(rowEnd.begin(), rowEnd.end(), rowEnd.begin());
   if (rowEnd.back() > Index(std::numeric_limits<int>::max())) throw std::bad_alloc();
   std::vector<int> rowStart(rowEnd.begin(), rowEnd.end());
-  m_rowValues.resize(rowEnd.back());
-  m_rowColumn.resize(rowEnd.back());
+  m_rows.value.resize(rowEnd.back());
+  m_rows.column.resize(rowEnd.back());
 
   std::vector<int> next = rowStart;
   const auto append = [&](int nRow, int nCol, double dValue) {
     const auto k = Index(next[Index(nRow)]++);
-    m_rowValues[k] = dValue;
-    m_rowColumn[k] = nCol;
+    m_rows.value[k] = dValue;
+    m_rows.column[k] = nCol;
   };
   // Row i receives its left entries with column i, the right ones with later columns.
   std::size_t k = 0;
@@ -298,7 +298,7 @@ void SparseMatrix::FillRows(int n) {
       if (upper[k].nRow < i) append(upper[k].nRow, i, upper[k].dValue);
     }
   }
-  m_rowStart = std::move(rowStart);
+  m_rows.start = std::move(rowStart);
 }
 
 bool SparseMatrix::Decompose(int n) {
@@ -385,13 +385,7 @@ double& SparseMatrix::ResetDummy() {
 
 void SparseMatrix::DropDerived() {
   m_rowExtent.clear();
-  DropRows();
-}
-
-void SparseMatrix::DropRows() {
-  m_rowStart.clear();
-  m_rowColumn.clear();
-  m_rowValues.clear();
+  m_rows = {};
 }
 
 }  // namespace skyframe

@@ -1,21 +1,22 @@
 #pragma once
 
+#include <algorithm>
 #include <span>
-#include <vector>
+
+#include "skyframe/numeric/SparseMatrix.h"
 
 namespace skyframe {
-
-class SparseMatrix;
 
 /// The leading n x n block of a symmetric matrix by compressed rows, for products and sums: 10 to 13 entries
 /// a row of a frame, where the skyline has hundreds.
 class CRowMatrix {
  public:
   CRowMatrix() = default;
-  /// Leaves the values of A as they are. Of order 0, after a message, when memory is short.
+  /// Leaves the values of A as they are and its heights trimmed to what they hold. Of order 0, after a message, when
+  /// memory is short.
   CRowMatrix(SparseMatrix& A, int n);
 
-  [[nodiscard]] int GetOrder() const { return static_cast<int>(m_start.size()) - 1; }
+  [[nodiscard]] int GetOrder() const { return std::max(static_cast<int>(m_rows.start.size()), 1) - 1; }
   /// y = A x, n values each.
   void Multiply(std::span<const double> x, std::span<double> y) const;
   /// y <- y + A x.
@@ -30,9 +31,7 @@ class CRowMatrix {
   void Append(int nColumn, double dValue);
   [[nodiscard]] double FormRowProduct(std::size_t i, std::span<const double> x) const;
 
-  std::vector<int> m_start = {0};
-  std::vector<int> m_column;
-  std::vector<double> m_value;
+  CompressedRows m_rows;
 };
 
 }  // namespace skyframe

@@ -4,6 +4,7 @@
 #include <memory>
 #include <span>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "skyframe/numeric/Matrix.h"
@@ -15,6 +16,13 @@ namespace skyframe {
 struct LostDigits {
   double dDigits = 0.0;  ///< the largest of all equations; infinite where nothing was left
   int nEquation = -1;    ///< -1: nothing was factorised
+};
+
+/// Row i of a matrix has the entries start[i] .. start[i + 1] - 1 of column and value; empty for none.
+struct CompressedRows {
+  std::vector<int> start;
+  std::vector<int> column;
+  std::vector<double> value;
 };
 
 /// Symmetric matrix in skyline storage with LDL^T factorisation in place, A = L D L^T.
@@ -48,9 +56,9 @@ class SparseMatrix {
   [[nodiscard]] std::span<const int> GetHeights() const { return m_height; }
   [[nodiscard]] std::span<const double> GetValues() const;
   [[nodiscard]] std::span<const int> GetRowExtents() const { return m_rowExtent; }
-  [[nodiscard]] std::span<const int> GetRowStarts() const { return m_rowStart; }
-  [[nodiscard]] std::span<const int> GetRowColumns() const { return m_rowColumn; }
-  [[nodiscard]] std::span<const double> GetRowValues() const { return m_rowValues; }
+  [[nodiscard]] std::span<const int> GetRowStarts() const { return m_rows.start; }
+  [[nodiscard]] std::span<const int> GetRowColumns() const { return m_rows.column; }
+  [[nodiscard]] std::span<const double> GetRowValues() const { return m_rows.value; }
 
   /// The stored entry, or a dummy that reads 0 and swallows writes above the skyline.
   /// Deliberate: only the smaller index is range-tested, and only for being greater than n.
@@ -80,7 +88,8 @@ class SparseMatrix {
   /// Compressed-row copy of the non-zero entries of both triangles, columns ascending in each row. False,
   /// without rows, after a message when memory is short or they are too many to count.
   bool BuildRows(int n);
-  void DropRows();
+  /// Hands the rows over and has none any more.
+  [[nodiscard]] CompressedRows TakeRows() { return std::exchange(m_rows, {}); }
 
   /// LDL^T of the leading n x n block. A pivot within +-1e-15 (or NaN) is refused after all columns
   /// are done: message, false, values left partly reduced.
@@ -117,7 +126,8 @@ class SparseMatrix {
   [[nodiscard]] bool Factorise(int n, std::span<double> pivots);
   [[nodiscard]] LostDigits MeasureLostDigits(std::span<const double> pivots) const;
 
-  /// Values come from the zeroed memory of calloc: pages that stay zero are never touched and cost nothing.
+  /// Values come from the zeroed memory of calloc: pages that stay zero are never touched and cost nothing. Those of
+  /// the leading block, which fills up, are large where the system has such.
   struct FreeValues {
     void operator()(double* p) const { std::free(p); }
   };
@@ -128,12 +138,10 @@ class SparseMatrix {
   int m_nLeading = 0;
   std::vector<int> m_diag;
   std::unique_ptr<double[], FreeValues> m_values;
-  std::vector<double> m_rowValues;
   double m_dDummy = 0.0;
   std::vector<int> m_height;
   std::vector<int> m_rowExtent;
-  std::vector<int> m_rowStart;
-  std::vector<int> m_rowColumn;
+  CompressedRows m_rows;
   LostDigits m_lostDigits;
 };
 
