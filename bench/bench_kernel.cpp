@@ -29,7 +29,6 @@ constexpr double c_dGiga = 1e-9;
 constexpr double c_dMega = 1e-6;
 constexpr double c_dDeletedShare = 0.1;
 constexpr int c_nDense = 1536;
-constexpr std::size_t c_nReadBytes = 400'000'000;
 
 std::size_t Index(int i) { return static_cast<std::size_t>(i); }
 
@@ -234,24 +233,24 @@ void AssembleNew(State& state, const BuildingShape& shape) {
   for (auto _ : state) benchmark::DoNotOptimize(FormPencil(*pModel).n);
 }
 
-/// Sums a block that no cache holds, in equal parts side by side, on large pages where there are any: the rate at which
-/// memory can be read.
+/// Sums a block of the size of the profile, in equal parts side by side, on large pages where there are any: the rate
+/// at which memory of this size can be read.
 template <std::size_t nStreams>
-void ReadMemory(State& state) {
-  constexpr std::size_t c_nCount = c_nReadBytes / sizeof(double), c_nPart = c_nCount / nStreams;
-  const std::unique_ptr<double[]> block = std::make_unique_for_overwrite<double[]>(c_nCount);
-  PreferLargePages(block.get(), c_nReadBytes);
-  std::fill_n(block.get(), c_nCount, 1.0);
+void ReadMemory(State& state, CCase& matrix) {
+  const auto nCount = matrix.GetMatrix().GetValues().size(), nPart = nCount / nStreams;
+  const std::unique_ptr<double[]> block = std::make_unique_for_overwrite<double[]>(nCount);
+  PreferLargePages(block.get(), nCount * sizeof(double));
+  std::fill_n(block.get(), nCount, 1.0);
   for (auto _ : state) {
     double sum[nStreams][16] = {};
-    for (std::size_t i = 0; i + 16 <= c_nPart; i += 16) {
+    for (std::size_t i = 0; i + 16 <= nPart; i += 16) {
       for (std::size_t s = 0; s < nStreams; ++s) {
-        for (std::size_t k = 0; k < 16; ++k) sum[s][k] += block[s * c_nPart + i + k];
+        for (std::size_t k = 0; k < 16; ++k) sum[s][k] += block[s * nPart + i + k];
       }
     }
     benchmark::DoNotOptimize(sum);
   }
-  SetBandwidth(state, static_cast<double>(c_nReadBytes));
+  SetBandwidth(state, static_cast<double>(nCount) * sizeof(double));
 }
 
 #if defined(SKYFRAME_HAS_OPENBLAS)
@@ -320,9 +319,6 @@ class CKernelBenchmarks {
   void Register() {
     for (const BuildingShape& shape : c_shapes) RegisterShape(shape);
     RegisterProfiles();
-    Add("read/400MB/one", ReadMemory<1>);
-    Add("read/400MB/two", ReadMemory<2>);
-    Add("read/400MB/four", ReadMemory<4>);
 #if defined(SKYFRAME_HAS_OPENBLAS)
     // Beside the best one those of narrower vectors, when the script asks for them.
     const char* const pszUnit = std::getenv("SKYFRAME_DGEMM_UNIT");
@@ -361,6 +357,9 @@ class CKernelBenchmarks {
     Add("factor/" + s + "/cholmod", FactoriseCholmod, matrix);
     Add("solve/" + s + "/cholmod", SolveCholmod, matrix);
 #endif
+    Add("memory/" + s + "/one", ReadMemory<1>, matrix);
+    Add("memory/" + s + "/two", ReadMemory<2>, matrix);
+    Add("memory/" + s + "/four", ReadMemory<4>, matrix);
     if (s == "60k") return;  // too slow to be worth the wait
     Add("factor/" + s + "/bytes16", FactoriseUnit, matrix, VectorUnit::Bytes16);
     Add("factor/" + s + "/bytes32", FactoriseUnit, matrix, VectorUnit::Bytes32);

@@ -215,6 +215,8 @@ template <class Simd>
   }
 }
 
+constexpr std::ptrdiff_t c_nCopyAhead = 32;  ///< rows between copy and prefetch
+
 /// Squares are transposed in vectors of at most four.
 template <class Simd>
 using CopySimd = std::conditional_t<std::is_same_v<Simd, Simd16>, Simd16, Simd32>;
@@ -245,7 +247,10 @@ template <class Simd>
     if (c + nSquare <= panel.nCols) {
       for (; r + nSquare <= nEnd; r += nSquare, g += nSquare * c_nWidth<Simd>) {
         typename Copy::Vec square[nSquare];
-        for (int a = 0; a < nSquare; ++a) Load<Copy>(square[a], columns[c + a] + r);
+        for (int a = 0; a < nSquare; ++a) {
+          __builtin_prefetch(columns[c + a] + (r + c_nCopyAhead));
+          Load<Copy>(square[a], columns[c + a] + r);
+        }
         Transpose(square);
         for (int a = 0; a < nSquare; ++a) Store<Copy>(g + a * c_nWidth<Simd>, square[a]);
       }
@@ -272,7 +277,10 @@ template <class Simd>
           square[a] *= factors[r + a];
         }
         Transpose(square);
-        for (int a = 0; a < nSquare; ++a) Store<Copy>(columns[c + a] + r, square[a]);
+        for (int a = 0; a < nSquare; ++a) {
+          __builtin_prefetch(columns[c + a] + (r + c_nCopyAhead), 1);
+          Store<Copy>(columns[c + a] + r, square[a]);
+        }
       }
     }
     for (; r < nEnd; ++r, g += c_nWidth<Simd>) {
