@@ -7,6 +7,7 @@
 #include "skyframe/generate/Generate.h"
 #include "skyframe/job/JobFile.h"
 #include "skyframe/job/Text.h"
+#include "skyframe/platform/ChildProcesses.h"
 #include "skyframe/results/HistoryResultFile.h"
 #include "skyframe/results/SpectrumResultFile.h"
 #include "skyframe/results/StaticResultFile.h"
@@ -212,6 +213,20 @@ TEST_F(CalculationReport, CantileverByHand) {
   EXPECT_EQ(m_strErr, "");
 }
 
+TEST_F(CalculationReport, HistoriesUnderNodalForcesStandThereOnce) {
+  m_folder.Write(".json", test::MakeCantilever("111111", R"({"type": "modal", "modes": 2}, {"type": "time_history",
+      "method": "newmark", "load": "nodal_force", "impulse": {"peak_time": 0.04, "duration": 0.1, "loads": [{"node": 90,
+      "direction": "X", "peak": 10}]}, "outputs": {"elements": [1]}})"));
+  ASSERT_EQ(m_folder.Solve().nStatus, 0);
+  std::string strPage = Tell();
+  EXPECT_EQ(strPage.find("whether it ran is not known"), std::string::npos);
+  ExpectAll(strPage, {"Files|job_1_elem.txt|", "Peaks of the histories written"});
+  m_folder.Write("_1_elem.txt", m_folder.Read("_1_elem.txt") + " ");
+  strPage = Tell();
+  EXPECT_EQ(strPage.find("Peaks of the histories written"), std::string::npos) << "another's";
+  ExpectAll(m_strErr, {"The file job_1_elem.txt is not as the run wrote it. [unread-result]"});
+}
+
 TEST_F(CalculationReport, BaseShearIsThatOfAnIndependentCombination) {
   Job job = MakeBuilding();
   job.analyses.pop_back();
@@ -375,6 +390,17 @@ TEST_F(CalculationReport, HistoryAgainstTheSpectrum) {
             {"the spectrum's" + strRatio + "65.0 %|GB 50011—2001 5.1.2|" + pszVerdict + "|",
              "(one record)" + strRatio + "80.0 %|", "that of the run itself", "Time step, duration|0.02 s, 0.4 s|",
              "Peak acceleration|0.7 m/s²|", "Peak of the code (table 5.1.2-2)|0.70 m/s²"});
+  // In a process of its own the run is not known: its shear is fitted.
+  CChildProcesses other;
+  std::string strReason;
+  ASSERT_NE(other.Start(SKYFRAME_PROGRAM, {"report", m_folder.GetPath(".json"), "-o", m_strPage, "--lang", "en"},
+                        m_folder.GetPath(".log"), strReason),
+            0)
+      << strReason;
+  EXPECT_EQ(other.Wait().nCode, 0);
+  const std::string strFitted = Flatten(m_folder.Read("-report.html")), strBefore = "(one record)|X|—|";
+  ExpectAll(strFitted, {"fitted to the displacements", strBefore});
+  EXPECT_NEAR(std::stod(strFitted.substr(strFitted.find(strBefore) + strBefore.size())), dRatio, 0.06);
   const Job job = MakeBuilding();
   const auto file = ReadHistoryFile(m_folder.GetPath("_HisTime.txt"),
                                     {static_cast<int>(job.nodes.size()), static_cast<int>(job.elements.size())});
@@ -539,8 +565,8 @@ TEST_F(CalculationReport, TellsOfResultsThatDoNotBelongTogether) {
        [&] { runModes(2, c_gravity); },
        {"missing-mass", "mixed-results"},
        {strShear + "run the spectrum again", "asks for 36 modes, job.mode has 2",
-        "E: combined forces of the spectrum along X (job.spec)"},
-       "?"},
+        "E: combined forces of the spectrum along X (job.spec)", "warning: job.mode: effective mass in X is "},
+       "what it gives with these modes"},
       {"two spectra",
        [this] {
          Job job = MakeBuilding();

@@ -418,6 +418,8 @@ TEST(DrawnHistories, ValuesAtTheCursorLeaveTheCurveFree) {
                               std::abs(at.dY - item.points[0].dY) < 0.4 * item.state.dTextHeight;
         ASSERT_FALSE(bCovered && nHeight > 300) << item.strText << " at " << t << " s, step " << k;
       }
+      EXPECT_GT(item.points[0].dX, frame.GetBox().dLeft + dHalf);
+      EXPECT_LT(item.points[0].dX, frame.GetBox().dRight - dHalf);
     }
     EXPECT_EQ(nTold, 2) << t << " s: told even where there is no room";
   }

@@ -491,6 +491,8 @@ TEST(JobText, NumbersColumnsAndCombinations) {
   EXPECT_EQ(
       DescribeSite({.m_nQuakeLevel = 1, .m_nIntensity = c_nLowestIntensity + 3, .m_nZoneGroup = 2, .m_nSiteClass = 4}),
       "intensity 8 (0.20g), rare earthquake, site class IV, design group 2");
+  EXPECT_EQ(FormatProblem({"/nodes/3", "bad"}) + ", " + FormatProblem({"", "absent"}, "warning: "),
+            "/nodes/3: bad, warning: absent");
 }
 
 TEST(Generators, CountsAndNumbering) {

@@ -16,6 +16,9 @@ class ManyJobs : public ::testing::Test, protected CCommandFolder {
     Write("_z.json", MakeCantilever("101111", strStatic));
     Write("_bad.json", "{");
     std::filesystem::copy_file(GetPath("_x.json"), GetPath("_x"));
+    std::error_code unable;  // these are then not there, which is no better
+    for (const char* pszLoop : {"_l.json", "_m.json"})
+      std::filesystem::create_symlink(GetPath(pszLoop), GetPath(pszLoop), unable);
   }
 
   /// The program in a process of its own, with these jobs; its status, and what it prints without times and folders.
@@ -51,6 +54,11 @@ TEST_F(ManyJobs, TheWorstStatusAndALineForEachInOrder) {
        {},
        2,
        strX + strBad + strZ + "3 jobs in T s: 1 ok, 0 with warnings, 2 failed or refused\n"},
+      {{"_l.json", "_m.json"},
+       {},
+       2,
+       "     T s  _l.json: refused, see _l_run.log\n     T s  _m.json: refused, see _m_run.log\n"
+       "2 jobs in T s: 0 ok, 0 with warnings, 2 failed or refused\n"},
   };
   for (const auto& [jobs, options, nStatus, strEnd] : cases) {
     for (const char* const pszAtOnce : {"1", "3"}) {
@@ -75,6 +83,9 @@ TEST_F(ManyJobs, WhatCannotGoTogetherIsRefusedBeforeAnyRuns) {
       {{"_x.json", "_y.json", "_x"}, {}, "_x.json and _x: have the same result files\n"},
       {{"_x.json", "_y.json", "/../job_x.json"}, {}, "_x.json and /../job_x.json: have the same result files\n"},
       {{"_x.json", "_x_run.log"}, {}, "_x_run.log: belongs to the job; choose another name\n"},
+#ifdef _WIN32
+      {{"_x.json", "_X.JSON"}, {}, "_x.json and _X.JSON: have the same result files\n"},
+#endif
   };
   std::filesystem::create_directory(GetPath(""));
   Write("_x_run.log", Read("_x.json"));
@@ -85,22 +96,35 @@ TEST_F(ManyJobs, WhatCannotGoTogetherIsRefusedBeforeAnyRuns) {
   EXPECT_EQ(List().size(), nFiles + 3);
 }
 
+/// Works in a folder while it lives.
+class CInFolder {
+ public:
+  explicit CInFolder(const std::filesystem::path& folder) { std::filesystem::current_path(folder); }
+  CInFolder(const CInFolder&) = delete;
+  CInFolder& operator=(const CInFolder&) = delete;
+  ~CInFolder() {
+    std::error_code error;
+    std::filesystem::current_path(m_before, error);
+  }
+
+ private:
+  const std::filesystem::path m_before = std::filesystem::current_path();
+};
+
 // A name that looks like an option, and one with blanks and signs of the shell.
 TEST_F(ManyJobs, NamesAreTakenAsTheyStand) {
-  const std::filesystem::path folder = std::filesystem::path(GetJobPath()).parent_path(),
-                              before = std::filesystem::current_path();
+  const std::filesystem::path folder = std::filesystem::path(GetJobPath()).parent_path();
   const Strings names = {"-x.json", "a b $HOME 'c.json", "荷载.json"};
   for (const std::string& strName : names) {
     std::filesystem::copy_file(GetPath("_x.json"), folder / ToFilePath(strName));
   }
-  std::filesystem::current_path(folder);
+  const CInFolder inFolder(folder);
   CChildProcesses processes;
   std::string strReason;
   Strings arguments = {"run", "--jobs", "2", "--lang", "zh", "--"};
   arguments.insert(arguments.end(), names.begin(), names.end());
   EXPECT_NE(processes.Start(SKYFRAME_PROGRAM, arguments, GetPath("_output"), strReason), 0) << strReason;
   EXPECT_EQ(processes.Wait().nCode, 0);
-  std::filesystem::current_path(before);
   EXPECT_NE(Read("_output").find("3 个作业"), std::string::npos) << Read("_output");
   EXPECT_NE(Read("_output").find("完成 3 个，有警告 0 个，失败或被拒绝 0 个"), std::string::npos) << Read("_output");
   for (const char* pszResult : {"-x", "a b $HOME 'c", "荷载"}) {

@@ -247,7 +247,7 @@ void CHostWindow::Analyse(AnalysisKind kind) {
   const skyframe::host::AnalysisRun run =
       skyframe::host::RunInDialogs(*m_session, kind, pValues, *m_pWindows, m_pWindows->GetConsole());
   if (skyframe::host::GetFindings(kind).status == skyframe::RunStatus::Cancelled) return;
-  Append(run.report.strSummary);
+  Append(run.report.GetSummary());
   ShowFiles();
 }
 

@@ -109,6 +109,12 @@ std::string FromFilePath(const std::filesystem::path& path) {
   return {strPath.begin(), strPath.end()};
 }
 
+std::string FindPlace(std::string_view strPath) {
+  std::error_code error;
+  const std::filesystem::path whole = std::filesystem::absolute(ToFilePath(strPath), error);
+  return FromFilePath(system_file::FoldCase(std::filesystem::weakly_canonical(whole, error)));
+}
+
 std::string ToNativePath(std::string_view strPath) {
   std::string strNative(strPath);
   constexpr char cNative = std::filesystem::path::preferred_separator;

@@ -33,6 +33,8 @@ std::size_t Read(int nDescriptor, char* pBytes, std::size_t nCount);
 [[nodiscard]] bool WriteAll(int nDescriptor, const char* pBytes, std::size_t nCount);
 [[nodiscard]] bool Close(int nDescriptor);
 
+/// In letters of one case where the system does not tell them apart.
+[[nodiscard]] std::filesystem::path FoldCase(const std::filesystem::path& path);
 [[nodiscard]] bool IsWritable(const std::filesystem::path& path);
 [[nodiscard]] bool IsErrorTerminal();
 /// In UTF-8, without the program's name; main's own where the system hands them over so.

@@ -121,6 +121,8 @@ bool WriteAll(int nDescriptor, const char* pBytes, std::size_t nCount) {
 
 bool Close(int nDescriptor) { return close(nDescriptor) == 0 || errno == EINTR; }
 
+std::filesystem::path FoldCase(const std::filesystem::path& path) { return path; }
+
 bool IsWritable(const std::filesystem::path& path) { return access(path.c_str(), W_OK) == 0; }
 
 bool IsErrorTerminal() { return isatty(STDERR_FILENO) == 1; }

@@ -114,6 +114,14 @@ bool WriteAll(int nDescriptor, const char* pBytes, std::size_t nCount) {
 
 bool Close(int nDescriptor) { return _close(nDescriptor) == 0; }
 
+std::filesystem::path FoldCase(const std::filesystem::path& path) {
+  std::wstring strName = path.native();
+  const auto nLength = static_cast<int>(strName.size());
+  const int nFolded = LCMapStringEx(LOCALE_NAME_INVARIANT, LCMAP_UPPERCASE, path.c_str(), nLength, strName.data(),
+                                    nLength, nullptr, nullptr, 0);
+  return nFolded == nLength ? std::filesystem::path(strName) : path;
+}
+
 bool IsWritable(const std::filesystem::path& path) {
   constexpr int c_nWritable = 2;
   return _waccess(path.c_str(), c_nWritable) == 0;

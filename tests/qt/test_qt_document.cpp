@@ -91,7 +91,7 @@ TEST_F(Document, SavedToAnotherFileItWorksOnThat) {
   EXPECT_EQ(document.GetFile(), Path("new.json"));
   EXPECT_EQ(document.GetJobPath(), Path("new").toStdString());
   EXPECT_FALSE(document.IsModified());
-  EXPECT_TRUE(document.HasResult(ResultKind::Modes)) << "those beside the new file";
+  EXPECT_TRUE(document.HasResult(host::ResultKind::Modes)) << "those beside the new file";
   EXPECT_TRUE(document.GetSelection().IsEmpty());
   EXPECT_TRUE(host::ReadJobFile(strOld.toStdString()).job.analyses.empty()) << "the old file stays";
 }
@@ -138,11 +138,11 @@ TEST_F(Document, ForcesAreThoseOfTheResultAndOfTheStep) {
   CMainWindow window(Settings());
   CDocument& document = window.GetDocument();
   ASSERT_TRUE(window.OpenJob(WriteJob("frame.json", MakeShakenFrame())));
-  EXPECT_EQ(document.GetForces(ResultKind::Linear), nullptr) << "not run yet";
+  EXPECT_EQ(document.GetForces(host::ResultKind::Linear), nullptr) << "not run yet";
   Trigger(window, "run_all");
   double dLoads = 0.0;
   for (const host::JobLoad& load : document.GetJob().loads) dLoads += load.nDirection == 2 ? load.dValue : 0.0;
-  for (const ResultKind kind : {ResultKind::Linear, ResultKind::Nonlinear}) {
+  for (const host::ResultKind kind : {host::ResultKind::Linear, host::ResultKind::Nonlinear}) {
     const host::StructureForces* const pForces = document.GetForces(kind);
     ASSERT_NE(pForces, nullptr);
     EXPECT_EQ(document.GetForces(kind), pForces) << "formed once";
@@ -150,14 +150,14 @@ TEST_F(Document, ForcesAreThoseOfTheResultAndOfTheStep) {
     for (const host::SupportForces& reaction : pForces->reactions) dReactions += reaction.forces[2];
     EXPECT_NEAR(dReactions, -dLoads, 1e-3 * -dLoads) << "supports bear the loads";
   }
-  const host::StructureForces* const pSpectrum = document.GetForces(ResultKind::Spectrum);
+  const host::StructureForces* const pSpectrum = document.GetForces(host::ResultKind::Spectrum);
   ASSERT_NE(pSpectrum, nullptr);
   EXPECT_TRUE(pSpectrum->bAbsolute);
-  EXPECT_EQ(document.GetForces(ResultKind::Modes), nullptr) << "a shape has none";
+  EXPECT_EQ(document.GetForces(host::ResultKind::Modes), nullptr) << "a shape has none";
   const HistorySet& history = *document.GetHistories();
   for (const int nStep : {7, 500}) {
     document.SetStep(nStep);
-    const host::StructureForces& forces = *document.GetForces(ResultKind::History);
+    const host::StructureForces& forces = *document.GetForces(host::ResultKind::History);
     for (std::size_t k = 0; k < forces.members.size(); ++k) {
       const double dForce = 1e-3 * history.values[c_nHistoryForce][nStep][static_cast<int>(k)];
       EXPECT_NEAR(forces.members[k].Get(host::MemberQuantity::N).front(), dForce, 1e-9);
@@ -166,7 +166,7 @@ TEST_F(Document, ForcesAreThoseOfTheResultAndOfTheStep) {
   host::Job other = document.GetJob();
   other.elements.pop_back();
   ASSERT_TRUE(document.Open(WriteJob("frame.json", other)).empty());
-  EXPECT_EQ(document.GetForces(ResultKind::Linear), nullptr) << "of another structure";
+  EXPECT_EQ(document.GetForces(host::ResultKind::Linear), nullptr) << "of another structure";
 }
 
 TEST_F(Document, AFailedRunIsNotShownAsDone) {
@@ -190,6 +190,19 @@ TEST_F(Document, AFailedRunIsNotShownAsDone) {
     EXPECT_EQ(Find<QComboBox>(window, "force_source")->currentText().contains(QStringLiteral("有错误")), bFree);
     ASSERT_TRUE(window.OpenJob(Path("mechanism.json")));
     EXPECT_EQ(mark().contains(QStringLiteral("有错误")), bFree) << "opened again";
+  }
+  EXPECT_TRUE(mark().contains(QStringLiteral("   20"))) << "when it was run";
+  WriteFile(Path("mechanism_StaticLinearSol.txt"), "another's");
+  window.GetDocument().RefreshResults();
+  EXPECT_FALSE(mark().contains(QStringLiteral("   20"))) << mark().toStdString();
+  Answer<QFileDialog>([&] { Trigger(window, "report"); },
+                      [](QFileDialog& dialog) { QMetaObject::invokeMethod(&dialog, "accept"); });
+  for (const char* const pszWord : {"警告", "warning"}) {
+    const QListWidgetItem* const pRow = Find<QListWidget>(window, "advice")->item(0);
+    ASSERT_NE(pRow, nullptr);
+    EXPECT_TRUE(pRow->text().contains(QString::fromUtf8(pszWord)) &&
+                pRow->text().contains(QStringLiteral("[unread-result]")));
+    Trigger(window, "language_en");
   }
 }
 

@@ -1,5 +1,6 @@
 // The histories dock: curves and their values, units, zoom, the step it shares with the window, the table saved.
 
+#include <QSignalSpy>
 #include <QTest>
 #include <algorithm>
 #include <cmath>
@@ -153,8 +154,9 @@ TEST_F(HistoryDock, ZoomHoldsForOneJobAndTheStepForTheWholeWindow) {
   EXPECT_TRUE(chart.GetPicture().time && !chart.GetPicture().values) << "values have another unit";
 
   GoTo(300);
+  const QSignalSpy filled(GetList().model(), &QAbstractItemModel::rowsInserted);
   m_window.GetDocument().RefreshResults();
-  QTest::qWait(20);
+  ASSERT_TRUE(QTest::qWaitFor([&filled] { return !filled.isEmpty(); }));
   EXPECT_EQ(m_window.GetDocument().GetStep(), 300) << "the same histories";
   m_window.GetDocument().SetStep(20);
   EXPECT_EQ(Find<QSlider>(m_window, "history_slider")->value(), 20);

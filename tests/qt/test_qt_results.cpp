@@ -126,7 +126,7 @@ TEST_F(Results, ForcesOfTheChosenResultAreDrawnAndOldOnesOnRequestAlone) {
   EXPECT_EQ(sources.count(), 4) << "all but the modes";
   for (int k = 0; k < sources.count(); ++k) {
     Choose(sources, sources.itemText(k));
-    const auto kind = static_cast<ResultKind>(sources.itemData(k).toInt());
+    const auto kind = static_cast<host::ResultKind>(sources.itemData(k).toInt());
     for (std::size_t q = 0; q < host::c_strMemberQuantities.size(); ++q) {
       const QString strQuantity = QString::fromUtf8(host::c_strMemberQuantities[q].data());
       const bool bComponent = q < host::c_nForceComponents;
@@ -135,7 +135,7 @@ TEST_F(Results, ForcesOfTheChosenResultAreDrawnAndOldOnesOnRequestAlone) {
       ASSERT_TRUE(view.GetForces());
       const DrawnForces& drawn = *view.GetForces();
       EXPECT_EQ(drawn.kind, kind);
-      EXPECT_EQ(drawn.forces.bAbsolute, kind == ResultKind::Spectrum);
+      EXPECT_EQ(drawn.forces.bAbsolute, kind == host::ResultKind::Spectrum);
       const auto quantity = static_cast<host::MemberQuantity>(q);
       EXPECT_TRUE(!bComponent || drawn.diagram == quantity);
       EXPECT_TRUE(drawn.colours == quantity);

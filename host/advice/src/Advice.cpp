@@ -27,7 +27,7 @@ std::string FormatFailure(const FileFailure& failure) {
 AdviceList AdviseOnInput(const std::vector<JobProblem>& warnings) {
   AdviceList list;
   for (const JobProblem& problem : warnings) {
-    list.push_back({Severity::Warning, problem.strName, problem.strPlace + ": " + problem.strReason});
+    list.push_back({Severity::Warning, problem.strName, FormatProblem(problem)});
   }
   return list;
 }

@@ -1,5 +1,7 @@
 // Symbols, warnings, what is not checked.
 
+#include <algorithm>
+
 #include "Chapters.h"
 #include "Doubts.h"
 #include "Figures.h"
@@ -44,6 +46,15 @@ void Append(std::vector<std::string>& list, const std::vector<std::string>& more
   list.insert(list.end(), more.begin(), more.end());
 }
 
+/// Those of the page, but the count of the modes that their run has told of.
+void AddPage(std::vector<std::string>& list, const CPage& page, const ModalResult& modal) {
+  const AdviceList told =
+      modal.pStamp != nullptr ? modal.pStamp->advice[static_cast<std::size_t>(GetLanguage())] : AdviceList();
+  for (const Advice& warning : page.GetWarnings()) {
+    if (std::ranges::find(told, warning.strName, &Advice::strName) == told.end()) list.push_back(FormatAdvice(warning));
+  }
+}
+
 template <class Result>
 void AddRun(std::vector<std::string>& list, const Result& result) {
   if (result.pStamp == nullptr) return;
@@ -62,11 +73,11 @@ void WriteWarnings(CPage& page, const BookData& book) {
   page.Appendix(Tell({"Warnings", "警告"}));
   std::vector<std::string> input;
   for (const JobProblem& problem : book.warnings) {
-    input.push_back(problem.strPlace + ": " + problem.strReason + " [" + problem.strName + "]");
+    input.push_back(FormatProblem(problem) + " [" + problem.strName + "]");
   }
   WriteList(page, Tell({"Of the job file", "作业文件"}), input);
   std::vector<std::string> runs;
-  for (const Advice& warning : page.GetWarnings()) runs.push_back(FormatAdvice(warning));
+  AddPage(runs, page, book.modal);
   AddRun(runs, book.linear);
   AddRun(runs, book.nonlinear);
   AddRun(runs, book.modal);

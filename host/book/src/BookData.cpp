@@ -90,7 +90,8 @@ class CCollector {
     result.bAsked = !asked.empty();
     if (pRun != nullptr) {
       result.parameters = WithDefaults(*pRun);
-      result.bOwnParameters = std::ranges::find(asked, *result.parameters) == asked.end();
+      const auto isRun = [&run](const Parameters& parameters) { return MeanTheSame(parameters, *run); };
+      result.bOwnParameters = std::ranges::none_of(asked, isRun);
     } else if (result.bAsked) {
       result.parameters = asked.back();
     }

@@ -74,7 +74,8 @@ std::vector<std::string> ListSpectrumDoubts(const BookData& book) {
   const auto isOld = [](const SpectrumChapter& chapter) { return chapter.doubt == Doubt::OldModel; };
   if (book.spectra.empty() || std::ranges::any_of(book.spectra, isOld)) return list;  // told by the file
   if (!book.modal.content) return {TellNoModes(book)};
-  if (FindChapterOfFile(book) == nullptr) list.push_back(TellOtherModes(book));
+  const bool bFormed = std::ranges::any_of(book.spectra, &SpectrumChapter::IsFormed);
+  if (bFormed && FindChapterOfFile(book) == nullptr) list.push_back(TellOtherModes(book));
   for (const SpectrumChapter& chapter : book.spectra) {
     if (!chapter.IsFormed()) list.push_back(TellNotFormed(book, chapter));
     if (chapter.doubt == Doubt::OtherMasses) list.push_back(TellOtherMasses(book, chapter));

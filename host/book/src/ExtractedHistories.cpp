@@ -31,8 +31,9 @@ const JobOutputs& GetOutputs(const JobAnalysis& analysis) {
 /// Files that the run wrote and that are there.
 class CExtractReader {
  public:
-  CExtractReader(const Job& job, const std::string& strJobPath, const ResultStamp& stamp)
+  CExtractReader(const Job& job, const std::string& strJobPath, const CStamps& stamps, const ResultStamp& stamp)
       : m_strJobPath(strJobPath),
+        m_stamps(stamps),
         m_stamp(stamp),
         m_model{static_cast<int>(job.nodes.size()), static_cast<int>(job.elements.size())} {}
 
@@ -49,10 +50,16 @@ class CExtractReader {
     const std::string strBehind = "_" + std::to_string(choice.nNumber) + std::string(strSuffix);
     if (!m_stamp.files.contains(strBehind)) return;  // another run has written it since
     const std::string strPath = m_strJobPath + strBehind;
-    m_extracts.push_back({FromFilePath(ToFilePath(strPath).filename()), choice, ReadHistoryExtract(strPath, m_model)});
+    Reading<SingleHistory> history = ReadHistoryExtract(strPath, m_model);
+    if (history && !m_stamps.Holds(m_stamp, strBehind)) {
+      history.reset();
+      history.strError = Say(texts::c_notOfRun);
+    }
+    m_extracts.push_back({FromFilePath(ToFilePath(strPath).filename()), choice, std::move(history)});
   }
 
   const std::string& m_strJobPath;
+  const CStamps& m_stamps;
   const ResultStamp& m_stamp;
   HistoryModel m_model;
   std::vector<HistoryExtract> m_extracts;
@@ -122,10 +129,10 @@ std::vector<ExtractedHistory> CollectExtracts(const Job& job, const std::string&
     const std::optional<JobAnalysis> analysis = ParseAnalysis(stamp.strAnalysis, job);
     if (!analysis || !LeavesNoFile(*analysis)) continue;
     histories.push_back({*analysis, &stamp, stamp.strModel != strMark,
-                         CExtractReader(job, strJobPath, stamp).Read(GetOutputs(*analysis))});
+                         CExtractReader(job, strJobPath, stamps, stamp).Read(GetOutputs(*analysis))});
   }
   for (const JobAnalysis& analysis : job.analyses) {
-    const auto isSame = [&](const ExtractedHistory& known) { return known.analysis == analysis; };
+    const auto isSame = [&](const ExtractedHistory& known) { return MeanTheSame(known.analysis, analysis); };
     if (!LeavesNoFile(analysis) || std::ranges::any_of(histories, isSame)) continue;
     histories.push_back({analysis, nullptr, false, {}});
   }

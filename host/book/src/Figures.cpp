@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "skyframe/job/Text.h"
+#include "skyframe/job/Wording.h"
 #include "texts.h"
 
 namespace skyframe::host {
@@ -96,15 +97,7 @@ std::string DescribeDirection(const Vector3& direction) {
 }
 
 std::string DescribeCombination(const JobCombination& combination) {
-  std::string strText;
-  for (const auto& [nCase, dFactor] : combination) {
-    const bool bMinus = std::signbit(dFactor);
-    strText += strText.empty() ? (bMinus ? "−" : "") : (bMinus ? " − " : " + ");
-    std::string strFactor = FormatNumber(std::abs(dFactor));
-    if (strFactor.find_first_not_of("0123456789") == std::string::npos) strFactor += ".0";
-    strText += strFactor + " × " + Tell({"case {0}", "工况 {0}"}, {std::to_string(nCase)});
-  }
-  return strText.empty() ? std::string(c_strDash) : strText;
+  return combination.empty() ? std::string(c_strDash) : FormatCombination(combination);
 }
 
 std::string DescribeStructure(const JobReport& report) {

@@ -113,7 +113,8 @@ void WriteModes(CPage& page, const BookData& book) {
     return page.Warn("no-masses", Say(texts::c_noMasses));
   }
   WriteModeTable(page, book);
-  for (const std::string& strShortfall : ListModeShortfalls(book)) page.Warn("missing-mass", strShortfall);
+  for (const std::string& strShortfall : ListModeShortfalls(book))
+    page.Warn("missing-mass", book.modal.strFile + ": " + strShortfall);
   WriteFirstPeriods(page, book);
   WriteCount(page, book);
   WriteModePictures(page, book);

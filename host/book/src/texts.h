@@ -26,6 +26,7 @@ inline constexpr Words c_notSatisfiedForInformation = {"not satisfied (for infor
 inline constexpr Words c_notRun = {"Not run: there is no file {0}.", "未计算：没有文件 {0}。"};
 inline constexpr Words c_notAsked = {"Not applicable: the job has no such analysis.", "不适用：作业文件没有此项分析。"};
 inline constexpr Words c_notRead = {"The file {0} {1}.", "文件 {0} {1}。"};
+inline constexpr Words c_notOfRun = {"is not as the run wrote it", "已不是该次分析写出的内容"};
 inline constexpr Words c_badFrequencies = {"has frequencies that are no positive numbers", "中有不是正数的频率"};
 inline constexpr Words c_noMasses = {"The module refused the model; no masses are known.",
                                      "模块拒绝该模型，得不到质量。"};

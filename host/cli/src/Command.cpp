@@ -9,6 +9,7 @@
 #include "skyframe/cli/CommandLine.h"
 #include "skyframe/job/Text.h"
 #include "skyframe/platform/OutputFile.h"
+#include "skyframe/platform/Platform.h"
 #include "skyframe/results/ResultKind.h"
 #include "skyframe/results/ResultList.h"
 #include "skyframe/run/JobRunner.h"
@@ -56,8 +57,8 @@ std::optional<Job> CCommand::LoadJob(const std::string& strJobFile) {
 void CCommand::PrintProblems(const std::string& strFile, const std::vector<JobProblem>& problems,
                              std::string_view strKind) {
   for (const JobProblem& problem : problems) {
-    m_err << EscapeControls(strFile) << ": " << problem.strPlace << (problem.strPlace.empty() ? "" : ": ") << strKind
-          << problem.strReason << (problem.strName.empty() ? "" : " [" + problem.strName + "]") << '\n';
+    m_err << EscapeControls(strFile) << ": " << FormatProblem(problem, strKind)
+          << (problem.strName.empty() ? "" : " [" + problem.strName + "]") << '\n';
   }
 }
 
@@ -80,11 +81,6 @@ bool CCommand::IsSameFile(const std::string& strOne, const std::string& strOther
   if (fs::equivalent(one, other, error)) return true;
   const std::string strPlace = FindPlace(strOne);
   return !strPlace.empty() && strPlace == FindPlace(strOther);
-}
-
-std::string CCommand::FindPlace(const std::string& strFile) {
-  std::error_code error;
-  return FromFilePath(fs::weakly_canonical(fs::absolute(ToFilePath(strFile), error), error));
 }
 
 bool CCommand::IsJobFile(const std::string& strOutput, const std::string& strJobFile) {

@@ -78,9 +78,6 @@ class CCommand {
   /// Also through links and other spellings; the files need not be there.
   [[nodiscard]] static bool IsSameFile(const std::string& strOne, const std::string& strOther);
 
-  /// The whole path without links, of a file that need not be there; empty when the system finds none.
-  [[nodiscard]] static std::string FindPlace(const std::string& strFile);
-
   [[nodiscard]] int RefuseJobFile(const std::string& strOutput);
   int RefuseToWrite(const COutputFile& file);
   [[nodiscard]] int Refuse(std::string_view strReason);

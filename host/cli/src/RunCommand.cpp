@@ -82,6 +82,7 @@ class CRunCommand final : public CCommand {
     std::set<std::string> places;
     for (const std::string& strFile : m_jobFiles) {
       const std::string strPlace = FindPlace(strFile);
+      if (strPlace.empty()) continue;  // its own run tells why
       const auto [itResult, bNewResult] = results.emplace(FindPlace(GetJobPath(strFile)), strFile);
       if (!bNewResult) return Say(texts::c_sameResults, {itResult->second, strFile});
       const auto [itFile, bNewFile] = files.emplace(FindFolder(strFile) + '\n' + strPlace, strFile);

@@ -39,8 +39,7 @@ void CAnalysisPanel::Fill() {
     const bool bOutdated = pStamp != nullptr && m_document.IsOutdated(*pStamp);
     if (pStamp != nullptr) strText += "   " + pStamp->strTime;
     const bool bFailed = pStamp != nullptr && HasError(pStamp->advice[static_cast<std::size_t>(host::GetLanguage())]);
-    if (bFailed) strText += FormFailedMark();
-    if (bOutdated) strText += FormOutdatedMark();
+    strText += FormResultMark(bFailed, bOutdated);
     auto pRow = std::make_unique<QListWidgetItem>(ToQt(strText));
     if (bOutdated || bFailed) pRow->setForeground(Qt::darkRed);
     addItem(pRow.release());  // the list takes it over

@@ -26,40 +26,14 @@ bool WriteTheSame(const host::JobAnalysis& one, const host::JobAnalysis& other) 
   return pOne == nullptr || *host::WithDefaults(*pOne).bNonlinear == *host::WithDefaults(*pOther).bNonlinear;
 }
 
-/// What a dialog shows says the same as what the job left to its defaults.
-bool MeanTheSame(const host::JobAnalysis& one, const host::JobAnalysis& other) {
-  return one.index() == other.index() &&
-         std::visit(
-             [&other](const auto& analysis) {
-               using A = std::decay_t<decltype(analysis)>;
-               return host::WithDefaults(analysis) == host::WithDefaults(std::get<A>(other));
-             },
-             one);
-}
-
 }  // namespace
-
-std::string_view GetSuffix(ResultKind kind) {
-  switch (kind) {
-    case ResultKind::Linear:
-      return suffix::c_strStaticLinear;
-    case ResultKind::Nonlinear:
-      return suffix::c_strStaticNonlinear;
-    case ResultKind::Modes:
-      return suffix::c_strModes;
-    case ResultKind::Spectrum:
-      return suffix::c_strSpectrum;
-    default:
-      return suffix::c_strHistory;
-  }
-}
 
 std::vector<host::JobProblem> CDocument::Open(const QString& strFile) {
   const std::string strPath = strFile.toStdString();
   host::JobFile file = host::ReadJobFile(strPath);
   if (!file.errors.empty()) return file.errors;
   auto session = host::CSession::Open(std::move(file.job), host::GetJobPath(strPath), host::FindDataDirectory());
-  if (!session) return {{"/", std::string(host::Say(texts::c_pathTooLong))}};
+  if (!session) return {{"", std::string(host::Say(texts::c_pathTooLong))}};
   const bool bSameFile = strFile == m_strFile;
   m_onDisk = ReadWholeFile(strPath);
   m_session = std::move(session);
@@ -94,7 +68,7 @@ void CDocument::KeepAnalysis(std::optional<std::size_t> nIndex, const host::JobA
   }
   if (it == analyses.end()) {
     analyses.push_back(analysis);
-  } else if (MeanTheSame(*it, analysis)) {
+  } else if (host::MeanTheSame(*it, analysis)) {
     return;
   } else {
     *it = analysis;
@@ -163,28 +137,28 @@ const HistorySet* CDocument::GetHistories() {
   });
 }
 
-bool CDocument::HasResult(ResultKind kind) const {
+bool CDocument::HasResult(host::ResultKind kind) const {
   if (!IsOpen()) return false;
-  if (kind == ResultKind::History && m_session->GetHistories().nSteps > 0) return true;
+  if (kind == host::ResultKind::History && m_session->GetHistories().nSteps > 0) return true;
   std::error_code error;
   return std::filesystem::is_regular_file(ToFilePath(GetJobPath() + std::string(GetSuffix(kind))), error);
 }
 
-host::Reading<host::StructureForces> CDocument::FormForces(ResultKind kind) {
+host::Reading<host::StructureForces> CDocument::FormForces(host::ResultKind kind) {
   const host::StructureSize size = {GetJob().nodes.size(), GetJob().elements.size()};
   const auto form = [size](const auto* pFile) {
     return pFile == nullptr ? host::Reading<host::StructureForces>() : host::FormMemberForces(*pFile, size);
   };
-  if (kind == ResultKind::Spectrum) return form(GetSpectrum());
-  if (kind == ResultKind::Linear || kind == ResultKind::Nonlinear)
-    return form(GetStatic(kind == ResultKind::Nonlinear));
-  const HistorySet* const pHistories = kind == ResultKind::History ? GetHistories() : nullptr;
+  if (kind == host::ResultKind::Spectrum) return form(GetSpectrum());
+  if (kind == host::ResultKind::Linear || kind == host::ResultKind::Nonlinear)
+    return form(GetStatic(kind == host::ResultKind::Nonlinear));
+  const HistorySet* const pHistories = kind == host::ResultKind::History ? GetHistories() : nullptr;
   if (pHistories == nullptr || m_nStep >= pHistories->nSteps) return {};
   const CHistoryTable& forces = pHistories->values[c_nHistoryForce];
   return host::FormMemberForces(std::span(forces[m_nStep], static_cast<std::size_t>(forces.GetCols())), size);
 }
 
-const host::StructureForces* CDocument::GetForces(ResultKind kind) {
+const host::StructureForces* CDocument::GetForces(host::ResultKind kind) {
   if (!IsOpen()) return nullptr;
   auto& kept = m_forces[static_cast<std::size_t>(kind)];
   if (!kept) kept = FormForces(kind);
@@ -193,7 +167,7 @@ const host::StructureForces* CDocument::GetForces(ResultKind kind) {
 
 void CDocument::SetStep(int nStep) {
   if (std::exchange(m_nStep, nStep) == nStep) return;
-  m_forces[static_cast<std::size_t>(ResultKind::History)].reset();
+  m_forces[static_cast<std::size_t>(host::ResultKind::History)].reset();
   stepChanged.Send();
 }
 
@@ -216,8 +190,10 @@ const host::Advice* CDocument::FindError(std::string_view strSuffix) const {
 
 const host::ResultStamp* CDocument::FindStamp(const host::JobAnalysis& analysis) const {
   for (const host::ResultStamp& stamp : m_stamps.GetAll()) {
+    const auto isThere = [&](const auto& file) { return m_stamps.Holds(stamp, file.first); };
+    if (stamp.files.empty() || !std::ranges::all_of(stamp.files, isThere)) continue;
     const std::optional<host::JobAnalysis> run = host::ParseAnalysis(stamp.strAnalysis, GetJob());
-    if (run && MeanTheSame(*run, analysis)) return &stamp;
+    if (run && host::MeanTheSame(*run, analysis)) return &stamp;
   }
   return nullptr;
 }

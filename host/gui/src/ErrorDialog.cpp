@@ -20,8 +20,7 @@ CErrorDialog::CErrorDialog(const QString& strFile, const std::vector<host::JobPr
   m_list.setRootIsDecorated(false);
   QList<QTreeWidgetItem*> rows;
   for (const host::JobProblem& problem : errors) {
-    auto pRow = std::make_unique<QTreeWidgetItem>(
-        QStringList{ToQt(problem.strPlace.empty() ? "/" : problem.strPlace), ToQt(problem.strReason)});
+    auto pRow = std::make_unique<QTreeWidgetItem>(QStringList{ToQt(problem.strPlace), ToQt(problem.strReason)});
     rows.append(pRow.release());  // the list takes them over
   }
   m_list.addTopLevelItems(rows);

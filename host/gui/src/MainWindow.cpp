@@ -482,18 +482,18 @@ void CMainWindow::ShowRun(host::AnalysisKind kind, const host::AnalysisRun& run,
   if (findings.status != RunStatus::Done) return;
   const bool bNonlinear = kind == host::AnalysisKind::Static && GetStaticFindings().bNonlinear;
   if (kind == host::AnalysisKind::Modal) m_shapeBar.Choose(host::ShapeKind::Mode);
-  if (kind == host::AnalysisKind::Spectrum) m_resultBar.ChooseSource(ResultKind::Spectrum);
-  if (kind == host::AnalysisKind::TimeHistory) m_resultBar.ChooseSource(ResultKind::History);
+  if (kind == host::AnalysisKind::Spectrum) m_resultBar.ChooseSource(host::ResultKind::Spectrum);
+  if (kind == host::AnalysisKind::TimeHistory) m_resultBar.ChooseSource(host::ResultKind::History);
   if (kind == host::AnalysisKind::Static) {
     m_shapeBar.Choose(bNonlinear ? host::ShapeKind::NonlinearState : host::ShapeKind::LinearState);
-    m_resultBar.ChooseSource(bNonlinear ? ResultKind::Nonlinear : ResultKind::Linear);
+    m_resultBar.ChooseSource(bNonlinear ? host::ResultKind::Nonlinear : host::ResultKind::Linear);
   }
 }
 
 void CMainWindow::TellOfRun(host::AnalysisKind kind, const host::AnalysisRun& run, const std::string& strMessages) {
   const auto advise = [failures = host::GetFindings(kind), report = run.report] {
     host::AdviceList list = host::AdviseOnFiles(failures);
-    std::ranges::copy(report.adviceIn[static_cast<std::size_t>(host::GetLanguage())], std::back_inserter(list));
+    std::ranges::copy(report.GetAdvice(), std::back_inserter(list));
     return list;
   };
   m_advice.ShowAdvice(advise);
@@ -502,8 +502,7 @@ void CMainWindow::TellOfRun(host::AnalysisKind kind, const host::AnalysisRun& ru
   std::string strBefore = strMessages;
   for (const std::string& strError : run.errors) strBefore += strError + "\n";
   m_summary.AddRun([strBefore, analysis = *run.analysis, report = run.report] {
-    return std::string(host::GetName(analysis)) + "\n" + strBefore +
-           report.summaryIn[static_cast<std::size_t>(host::GetLanguage())];
+    return std::string(host::GetName(analysis)) + "\n" + strBefore + report.GetSummary();
   });
 }
 
@@ -564,7 +563,16 @@ void CMainWindow::OnReport() {
   constexpr FileKind c_kind = {texts::c_reportTitle, texts::c_reportFilter, "html"};
   const QString strFile = AskForFile(this, c_kind, ToQt(m_document.GetJobPath() + "_report.html"));
   if (strFile.isEmpty()) return;
-  const auto report = host::WriteReport(m_document.GetJob(), m_document.GetJobPath(), m_document.GetWarnings());
+  const auto form = [this] {
+    return host::WriteReport(m_document.GetJob(), m_document.GetJobPath(), m_document.GetWarnings());
+  };
+  const auto report = form();
+  if (!report.warnings.empty()) {
+    m_advice.ShowAdvice([form, language = host::GetLanguage(), warnings = report.warnings] {
+      return language == host::GetLanguage() ? warnings : form().warnings;
+    });
+    m_adviceDock.raise();
+  }
   if (WriteText(strFile, report.strPage, texts::c_reportFailed))
     QDesktopServices::openUrl(QUrl::fromLocalFile(strFile));
 }

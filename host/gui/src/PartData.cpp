@@ -19,9 +19,10 @@ std::string FormatValue(double dValue, std::string_view strUnit) {
 const host::JobNode& GetNode(const host::Job& job, int nNode) { return job.nodes[static_cast<std::size_t>(nNode)]; }
 
 /// Results that are there and belong to the model as it is.
-std::vector<ResultKind> ListResults(const CDocument& document) {
-  std::vector<ResultKind> kinds;
-  for (const ResultKind kind : {ResultKind::Linear, ResultKind::Nonlinear, ResultKind::Spectrum}) {
+std::vector<host::ResultKind> ListResults(const CDocument& document) {
+  std::vector<host::ResultKind> kinds;
+  for (const host::ResultKind kind :
+       {host::ResultKind::Linear, host::ResultKind::Nonlinear, host::ResultKind::Spectrum}) {
     if (document.HasResult(kind) && !document.IsOutdated(GetSuffix(kind))) kinds.push_back(kind);
   }
   return kinds;
@@ -97,12 +98,13 @@ std::vector<PartData> DescribeNode(CDocument& document, int nNode) {
                 {std::string(Say(texts::c_support)), DescribeSupport(node)}};
   if (node.nId != nNode + 1) data.lines.emplace_back(Say(texts::c_hostNumber), std::to_string(nNode + 1));
   std::vector<PartData> groups = {std::move(data), DescribeLoads(job, nNode)};
-  for (const ResultKind kind : ListResults(document)) {
+  for (const host::ResultKind kind : ListResults(document)) {
     PartData results{FormResultTitle(kind), {}};
     const auto add = [nNode, &results](const auto* pFile) {
       if (pFile != nullptr) AddDisplacement(pFile->displacements[static_cast<std::size_t>(nNode)], results);
     };
-    kind == ResultKind::Spectrum ? add(document.GetSpectrum()) : add(document.GetStatic(kind == ResultKind::Nonlinear));
+    kind == host::ResultKind::Spectrum ? add(document.GetSpectrum())
+                                       : add(document.GetStatic(kind == host::ResultKind::Nonlinear));
     AddReactions(document.GetForces(kind), nNode, results);
     groups.push_back(std::move(results));
   }
@@ -127,7 +129,7 @@ std::vector<PartData> DescribeElement(CDocument& document, int nElement) {
       {"Iy", FormatValue(section.dIy, "mm⁴")},
       {"Iz", FormatValue(section.dIz, "mm⁴")}};
   std::vector<PartData> groups = {std::move(data)};
-  for (const ResultKind kind : ListResults(document)) {
+  for (const host::ResultKind kind : ListResults(document)) {
     PartData results{FormResultTitle(kind), {}};
     AddElementForces(document.GetForces(kind), nElement, results);
     groups.push_back(std::move(results));

@@ -16,11 +16,9 @@ namespace skyframe::gui {
 
 namespace {
 
-constexpr std::array<ResultKind, 4> c_kinds = {ResultKind::Linear, ResultKind::Nonlinear, ResultKind::Spectrum,
-                                               ResultKind::History};
-constexpr std::array<const char*, 5> c_pszKinds = {"linear", "nonlinear", "modes", "spectrum",
-                                                   "history"};  // by ResultKind
-constexpr int c_nUsualSize = 20;                                // slider steps of the usual size
+constexpr std::array<host::ResultKind, 4> c_kinds = {host::ResultKind::Linear, host::ResultKind::Nonlinear,
+                                                     host::ResultKind::Spectrum, host::ResultKind::History};
+constexpr int c_nUsualSize = 20;  // slider steps of the usual size
 constexpr int c_nLargestSize = 100;
 constexpr int c_nSliderWidth = 90;
 
@@ -73,7 +71,7 @@ CResultBar::CResultBar(CDocument& document, CStructureView& view, QWidget* pPare
   m_document.analysesChanged.Connect([this] { FillLoads(); });
   m_document.resultsChanged.Connect([this] { FillSources(); });
   m_document.stepChanged.Connect([this] {
-    if (GetSource() == ResultKind::History) ShowForces();
+    if (GetSource() == host::ResultKind::History) ShowForces();
   });
   m_document.OnLanguage([this] { Speak(); });
 }
@@ -98,7 +96,7 @@ void CResultBar::MakeWidgets() {
     addWidget(pWidget);
   }
   connect(&m_sources, &QComboBox::activated, this, [this](int nRow) {
-    m_source = static_cast<ResultKind>(m_sources.itemData(nRow).toInt());
+    m_source = static_cast<host::ResultKind>(m_sources.itemData(nRow).toInt());
     ShowForces();
   });
   for (QComboBox* const pList : {&m_diagram, &m_colours}) {
@@ -138,7 +136,7 @@ void CResultBar::FillSources() {
   {
     const QSignalBlocker blocker(m_sources);
     m_sources.clear();
-    for (const ResultKind kind : c_kinds) {
+    for (const host::ResultKind kind : c_kinds) {
       if (!m_document.HasResult(kind)) continue;
       const bool bOutdated = m_document.IsOutdated(GetSuffix(kind));
       m_sources.addItem(ToQt(FormResultTitle(kind) + FormResultMark(m_document, GetSuffix(kind))),
@@ -150,14 +148,14 @@ void CResultBar::FillSources() {
   ShowForces();
 }
 
-void CResultBar::ChooseSource(ResultKind kind) {
+void CResultBar::ChooseSource(host::ResultKind kind) {
   m_source = kind;
   FillSources();
 }
 
-std::optional<ResultKind> CResultBar::GetSource() const {
+std::optional<host::ResultKind> CResultBar::GetSource() const {
   if (m_source && m_document.HasResult(*m_source)) return m_source;
-  for (const ResultKind kind : c_kinds) {
+  for (const host::ResultKind kind : c_kinds) {
     if (m_document.HasResult(kind) && !m_document.IsOutdated(GetSuffix(kind))) return kind;
   }
   return std::nullopt;
@@ -172,14 +170,14 @@ void CResultBar::ShowForces() {
   drawn.bReactions = m_reactions.isChecked();
   drawn.dDiagramFactor = static_cast<double>(m_size.value()) / c_nUsualSize;
   m_size.setEnabled(drawn.diagram.has_value());
-  const std::optional<ResultKind> kind = GetSource();
+  const std::optional<host::ResultKind> kind = GetSource();
   if (!kind || (!drawn.diagram && !drawn.colours && !drawn.bReactions)) return m_view.SetForces(std::nullopt);
   const host::StructureForces* const pForces = m_document.GetForces(*kind);
   if (pForces == nullptr) return m_view.SetForces(std::nullopt);
   drawn.forces = *pForces;
   drawn.kind = *kind;
   drawn.strTitle = FormResultTitle(*kind);
-  if (*kind == ResultKind::History) {
+  if (*kind == host::ResultKind::History) {
     const double t = (m_document.GetStep() + 1) * m_document.GetHistories()->dTimeStep;
     drawn.strTitle += host::Format("   t = %.6g s", t);
   }
@@ -228,7 +226,7 @@ void CResultBar::ShowLoads() {
 std::string CResultBar::FormFileName() const {
   const auto& forces = m_view.GetForces();
   if (!forces) return "";
-  std::string strName = c_pszKinds[static_cast<std::size_t>(forces->kind)];
+  std::string strName(host::c_strResultKinds[static_cast<std::size_t>(forces->kind)]);
   for (const auto& quantity : {forces->diagram, forces->colours}) {
     if (quantity) strName += "_" + std::string(host::c_strMemberQuantities[static_cast<std::size_t>(*quantity)]);
   }

@@ -18,14 +18,14 @@ constexpr int c_nUsualAmplitude = 25;
 constexpr int c_nSliderWidth = 140;
 constexpr double c_dLargestMagnification = 1.0e9;
 
-ResultKind GetResult(host::ShapeKind kind) {
+host::ResultKind GetResult(host::ShapeKind kind) {
   switch (kind) {
     case host::ShapeKind::LinearState:
-      return ResultKind::Linear;
+      return host::ResultKind::Linear;
     case host::ShapeKind::NonlinearState:
-      return ResultKind::Nonlinear;
+      return host::ResultKind::Nonlinear;
     default:
-      return ResultKind::Modes;
+      return host::ResultKind::Modes;
   }
 }
 

@@ -20,18 +20,19 @@ std::string FormShapeTitle(const host::DeformedShape& shape) {
   return strText;
 }
 
-std::string FormResultTitle(ResultKind kind) {
+std::string FormResultTitle(host::ResultKind kind) {
   constexpr std::array c_titles = {texts::c_linear, texts::c_nonlinear, texts::c_modes, texts::c_response,
                                    texts::c_history};
   return std::string(Say(c_titles[static_cast<std::size_t>(kind)]));
 }
 
-std::string FormResultMark(const CDocument& document, std::string_view strSuffix) {
-  return (document.FindError(strSuffix) != nullptr ? FormFailedMark() : std::string()) +
-         (document.IsOutdated(strSuffix) ? FormOutdatedMark() : std::string());
+std::string FormResultMark(bool bFailed, bool bOutdated) {
+  return std::string(bFailed ? Say(texts::c_failedMark) : "") + (bOutdated ? FormOutdatedMark() : "");
 }
 
-std::string FormFailedMark() { return std::string(Say(texts::c_failedMark)); }
+std::string FormResultMark(const CDocument& document, std::string_view strSuffix) {
+  return FormResultMark(document.FindError(strSuffix) != nullptr, document.IsOutdated(strSuffix));
+}
 
 std::string FormOutdatedMark() { return std::string(Say(texts::c_outdatedMark)); }
 

@@ -11,11 +11,11 @@ namespace skyframe::gui {
 [[nodiscard]] std::string FormShapeTitle(const host::DeformedShape& shape);
 
 /// "linear static analysis".
-[[nodiscard]] std::string FormResultTitle(ResultKind kind);
+[[nodiscard]] std::string FormResultTitle(host::ResultKind kind);
 
-/// Behind the name of what a run with errors left.
-[[nodiscard]] std::string FormFailedMark();
-/// Behind the name of a result file that comes from another model, or from a run with errors.
+/// Behind the name of what a run with errors left, or of what comes from another model.
+[[nodiscard]] std::string FormResultMark(bool bFailed, bool bOutdated);
+/// Of a result file.
 [[nodiscard]] std::string FormResultMark(const CDocument& document, std::string_view strSuffix);
 /// Behind the name of a result that comes from another model.
 [[nodiscard]] std::string FormOutdatedMark();

@@ -177,17 +177,16 @@ void CTablePanel::Refresh() {
 
 void CTablePanel::FillResults() {
   m_results.clear();
-  for (std::size_t i = 0; i < host::c_strTableResults.size(); ++i) {
-    const auto result = static_cast<host::TableResult>(i);
-    if (!m_document.HasResult(static_cast<ResultKind>(i))) continue;
+  for (const host::ResultKind result : host::c_resultKinds) {
+    if (!m_document.HasResult(result)) continue;
     const std::string strMark = FormResultMark(m_document, GetSuffix(result));
-    m_results.addItem(ToQt(std::string(GetName(result)) + strMark), static_cast<int>(i));
+    m_results.addItem(ToQt(std::string(GetName(result)) + strMark), static_cast<int>(result));
     m_results.setItemData(m_results.count() - 1, m_results.itemText(m_results.count() - 1), Qt::ToolTipRole);
   }
   const int nPlace = m_results.findData(static_cast<int>(m_choice.result));
   if (m_results.count() > 0) m_results.setCurrentIndex(std::max(nPlace, 0));
   if (nPlace < 0 && m_results.count() > 0)
-    m_choice.result = static_cast<host::TableResult>(m_results.itemData(0).toInt());
+    m_choice.result = static_cast<host::ResultKind>(m_results.itemData(0).toInt());
   FillKinds();
   ShowResultTip();
 }
@@ -209,7 +208,7 @@ void CTablePanel::FillKinds() {
 }
 
 void CTablePanel::OnResult() {
-  m_choice.result = static_cast<host::TableResult>(m_results.currentData().toInt());
+  m_choice.result = static_cast<host::ResultKind>(m_results.currentData().toInt());
   m_bAnyway = false;
   ShowResultTip();
   FillKinds();
@@ -249,18 +248,18 @@ host::Reading<host::Table> CTablePanel::FormTable() {
   const host::ModeResultFile* pModes = nullptr;
   std::optional<host::ModalMasses> masses;
   switch (m_choice.result) {
-    case host::TableResult::Modes:
+    case host::ResultKind::Modes:
       pModes = m_document.GetModes();
       if (pModes != nullptr && m_choice.kind == host::TableKind::Modes) {
         masses = host::FindModalMasses(job, m_document.GetJobPath(), *pModes);
       }
       return form(pModes, m_choice.nMode, masses);
-    case host::TableResult::Spectrum:
+    case host::ResultKind::Spectrum:
       return form(m_document.GetSpectrum());
-    case host::TableResult::History:
+    case host::ResultKind::History:
       return form(m_document.GetHistories());
     default:
-      return form(m_document.GetStatic(m_choice.result == host::TableResult::Nonlinear));
+      return form(m_document.GetStatic(m_choice.result == host::ResultKind::Nonlinear));
   }
 }
 
@@ -350,7 +349,7 @@ void CTablePanel::Copy() {
 void CTablePanel::SaveCsv() {
   constexpr FileKind c_kind = {texts::c_tableSaveTitle, texts::c_tableSaveFilter, "csv"};
   const std::string strName = m_document.GetJobPath() + "_" +
-                              std::string(host::c_strTableResults[static_cast<std::size_t>(m_choice.result)]) + "_" +
+                              std::string(host::c_strResultKinds[static_cast<std::size_t>(m_choice.result)]) + "_" +
                               std::string(host::c_strTableKinds[static_cast<std::size_t>(m_choice.kind)]) + ".csv";
   const QString strFile = AskForFile(this, c_kind, ToQt(strName));
   if (strFile.isEmpty()) return;

@@ -131,6 +131,29 @@ void TakeAnalysis(const Dialogs& dialogs, std::optional<JobAnalysis>& found) {
   found = std::move(analysis);
 }
 
+/// Lets go of what has no effect beside the other parameters.
+template <class A>
+void DropIdle(A& /*analysis*/) {}
+
+void DropIdle(EarthquakeJob& quake) {
+  const bool bOblique = quake.nMode == 1;
+  if (bOblique) quake.directions = {};
+  if (!bOblique) quake.obliqueAxis.reset();
+  for (std::size_t k = 0; k < quake.directions.size(); ++k) {
+    if (!quake.directions[k]) quake.peaks[k].reset();
+  }
+  if (!bOblique) quake.peaks.back().reset();
+}
+
+void DropIdle(NewmarkJob& analysis) {
+  if (!analysis.bNonlinear.value_or(false)) {
+    analysis.nCriterion.reset();
+    analysis.dTolerance.reset();
+    analysis.nMaxIterations.reset();
+  }
+  if (analysis.earthquake) DropIdle(*analysis.earthquake);
+}
+
 }  // namespace
 
 std::optional<JobAnalysis> CDialogRecorder::GetAnalysis() const {
@@ -157,5 +180,16 @@ template ImpulseLoadJob WithDefaults(ImpulseLoadJob);
 template GeneralLoadJob WithDefaults(GeneralLoadJob);
 template EarthquakeJob WithDefaults(EarthquakeJob);
 template NewmarkJob WithDefaults(NewmarkJob);
+
+JobAnalysis WithDefaults(const JobAnalysis& analysis) {
+  const auto complete = [](const auto& parameters) -> JobAnalysis {
+    auto whole = WithDefaults(parameters);
+    DropIdle(whole);
+    return whole;
+  };
+  return std::visit(complete, analysis);
+}
+
+bool MeanTheSame(const JobAnalysis& one, const JobAnalysis& other) { return WithDefaults(one) == WithDefaults(other); }
 
 }  // namespace skyframe::host

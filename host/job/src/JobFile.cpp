@@ -290,6 +290,10 @@ JobFile ReadText(const std::string& strPath) {
 
 }  // namespace
 
+std::string FormatProblem(const JobProblem& problem, std::string_view strKind) {
+  return (problem.strPlace.empty() ? "" : problem.strPlace + ": ").append(strKind) + problem.strReason;
+}
+
 JobFile ParseJob(std::string_view strText, const std::string& strJobPath) {
   return ReadWithinMemory([&] { return ParseText(strText, strJobPath); });
 }

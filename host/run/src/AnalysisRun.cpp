@@ -68,10 +68,10 @@ void Stamp(const CSession& session, const JobAnalysis& analysis, RunReport& repo
   for (const Language language : {Language::English, Language::Chinese}) {
     const CLanguageScope scope(language);
     const Advice advice{Severity::Warning, "unwritten-stamp", Say(texts::c_unwrittenStamp, {strReason})};
-    report.adviceIn[static_cast<std::size_t>(language)].push_back(advice);
+    const auto k = static_cast<std::size_t>(language);
+    report.adviceIn[k].push_back(advice);
+    report.summaryIn[k] += "  " + EscapeControls(FormatAdvice(advice)) + '\n';
   }
-  report.advice.push_back(report.adviceIn[static_cast<std::size_t>(GetLanguage())].back());
-  report.strSummary += "  " + EscapeControls(FormatAdvice(report.advice.back())) + '\n';
 }
 
 /// bCalm: every step of the dialogs was taken, and all outputs were written.
@@ -83,7 +83,7 @@ AnalysisRun Conclude(const CSession& session, AnalysisKind kind, std::optional<J
   run.errors = platform.GetScriptErrors();
   run.report = ReportRun(session, kind, !run.analysis || IsCountWanted(*run.analysis));
   run.bGood = findings.status == RunStatus::Done && bCalm && run.errors.empty() && findings.failures.empty() &&
-              !HasError(run.report.advice);
+              !HasError(run.report.GetAdvice());
   if (run.analysis) Stamp(session, *run.analysis, run.report);
   return run;
 }

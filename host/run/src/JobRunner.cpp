@@ -35,13 +35,13 @@ class CJobRunner {
     for (const std::string& strError : run.errors) {
       m_streams.err << SayForeign(strError, texts::c_dialogErrors, texts::c_dialogReasons) << '\n';
     }
-    m_streams.out << run.report.strSummary;
+    m_streams.out << run.report.GetSummary();
     for (const Advice& advice : AdviseOnFiles(GetFindings(GetKind(analysis)))) {
       m_streams.err << EscapeControls(advice.strText) << '\n';
     }
     m_outcome.bGood = m_outcome.bGood && run.bGood;
-    m_outcome.bWarned = m_outcome.bWarned || !run.report.advice.empty();
-    m_outcome.advice.push_back(std::move(run.report.advice));
+    m_outcome.bWarned = m_outcome.bWarned || !run.report.GetAdvice().empty();
+    m_outcome.advice.push_back(run.report.GetAdvice());
   }
 
   CSession& m_session;

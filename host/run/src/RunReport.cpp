@@ -94,8 +94,6 @@ RunReport ReportRun(const CSession& session, AnalysisKind kind, bool bCountModes
     report.adviceIn[k] = Advise(session, kind, bCount ? &count : nullptr);
     report.summaryIn[k] = Summarise(session, kind, bCount ? &count : nullptr, report.adviceIn[k]);
   }
-  report.advice = report.adviceIn[static_cast<std::size_t>(GetLanguage())];
-  report.strSummary = report.summaryIn[static_cast<std::size_t>(GetLanguage())];
   return report;
 }
 

@@ -85,40 +85,6 @@ ResultStamp ReadStamp(const Json& object) {
   return stamp;
 }
 
-// What has no effect beside the other parameters is no part of a job file.
-
-template <class A>
-void DropIdle(A& /*analysis*/) {}
-
-void DropIdle(EarthquakeJob& quake) {
-  const bool bOblique = quake.nMode == 1;
-  if (bOblique) quake.directions = {};
-  if (!bOblique) quake.obliqueAxis.reset();
-  for (std::size_t k = 0; k < quake.directions.size(); ++k) {
-    if (!quake.directions[k]) quake.peaks[k].reset();
-  }
-  if (!bOblique) quake.peaks.back().reset();
-}
-
-void DropIdle(NewmarkJob& analysis) {
-  if (!analysis.bNonlinear.value_or(false)) {
-    analysis.nCriterion.reset();
-    analysis.dTolerance.reset();
-    analysis.nMaxIterations.reset();
-  }
-  if (analysis.earthquake) DropIdle(*analysis.earthquake);
-}
-
-/// All of its parameters, so that runs with dialogs and without have the same text.
-std::string FormatWhole(const JobAnalysis& analysis, const Job& job) {
-  const auto fillIn = [](const auto& parameters) {
-    auto whole = WithDefaults(parameters);
-    DropIdle(whole);
-    return JobAnalysis(std::move(whole));
-  };
-  return FormatAnalysis(std::visit(fillIn, analysis), job);
-}
-
 }  // namespace
 
 CStamps CStamps::Read(const std::string& strJobPath) {
@@ -134,13 +100,15 @@ CStamps CStamps::Read(const std::string& strJobPath) {
   return stamps;
 }
 
+bool CStamps::Holds(const ResultStamp& stamp, std::string_view strSuffix) const {
+  const auto it = stamp.files.find(std::string(strSuffix));
+  return it != stamp.files.end() && MeasureFile(m_strJobPath + it->first) == it->second;
+}
+
 const ResultStamp* CStamps::Find(std::string_view strSuffix) const {
-  for (const ResultStamp& stamp : m_stamps) {
-    const auto it = stamp.files.find(std::string(strSuffix));
-    if (it == stamp.files.end()) continue;
-    return MeasureFile(m_strJobPath + it->first) == it->second ? &stamp : nullptr;
-  }
-  return nullptr;
+  const auto holds = [&](const ResultStamp& stamp) { return Holds(stamp, strSuffix); };
+  const auto it = std::ranges::find_if(m_stamps, holds);
+  return it != m_stamps.end() ? &*it : nullptr;
 }
 
 bool CStamps::IsOutdated(std::string_view strSuffix, std::string_view strModel) const {
@@ -175,7 +143,7 @@ std::string StampResults(const CSession& session, const JobAnalysis& analysis, c
   stamp.strModel = FormModelMark(session.GetJob());
   stamp.strVersion = SKYFRAME_VERSION;
   stamp.strTime = FormatTime(GetPlatform().GetLocalTime());
-  stamp.strAnalysis = FormatWhole(analysis, session.GetJob());
+  stamp.strAnalysis = FormatAnalysis(WithDefaults(analysis), session.GetJob());
   stamp.advice = report.adviceIn;
   CStamps stamps = CStamps::Read(strJobPath);
   stamps.Add(std::move(stamp));

@@ -32,11 +32,27 @@ DisplacementUnits FormShapeScale(const std::vector<NodeValues>& shape) {
 }
 
 /// The displacements with their extremes below.
-Table FormNodeTable(const Job& job, const std::vector<NodeValues>& u, bool bRotations, bool bAbsolute) {
-  Table table = FormDisplacementTable(job, u, bRotations);
-  AddExtremes(table, 1, table.columns.size(), bAbsolute);
-  if (bAbsolute) table.note = texts::c_combined;
+Table FormNodeTable(const Job& job, const std::vector<NodeValues>& u, bool bCombined) {
+  Table table = FormDisplacementTable(job, u, bCombined);
+  AddExtremes(table, 1, table.columns.size(), bCombined);
+  if (bCombined) table.note = texts::c_combined;
   return table;
+}
+
+/// Tables of displacements and forces; combined ones have no sign, and the file has the rotations with them.
+template <class File>
+Reading<Table> FormFileTable(const Job& job, const File& file, TableKind kind, bool bCombined) {
+  switch (kind) {
+    case Kind::Levels:
+      return {FormLevelTable(job, WithoutRoundOff(file.displacements), !bCombined)};
+    case Kind::Reactions:
+      return {FormReactionTable(job, file)};
+    case Kind::Forces:
+    case Kind::Extremes:
+      return FormForceTable(job, file, kind == Kind::Extremes);
+    default:
+      return {FormNodeTable(job, WithoutRoundOff(file.displacements), bCombined)};
+  }
 }
 
 /// The table of a file that a reader has read.
@@ -56,17 +72,17 @@ Reading<HistorySet> ReadHistories(const Job& job, const std::string& strPath) {
 
 }  // namespace
 
-std::string_view GetName(TableResult result) { return Say(texts::c_results[static_cast<std::size_t>(result)]); }
+std::string_view GetName(ResultKind result) { return Say(texts::c_results[static_cast<std::size_t>(result)]); }
 
 std::string_view GetName(TableKind kind) { return Say(texts::c_kinds[static_cast<std::size_t>(kind)]); }
 
-std::span<const TableKind> ListTables(TableResult result) {
+std::span<const TableKind> ListTables(ResultKind result) {
   switch (result) {
-    case TableResult::Modes:
+    case ResultKind::Modes:
       return c_modeTables;
-    case TableResult::Spectrum:
+    case ResultKind::Spectrum:
       return c_spectrumTables;
-    case TableResult::History:
+    case ResultKind::History:
       return c_historyTables;
     default:
       return c_staticTables;
@@ -74,17 +90,7 @@ std::span<const TableKind> ListTables(TableResult result) {
 }
 
 Reading<Table> FormTable(const Job& job, const StaticResultFile& file, TableKind kind) {
-  switch (kind) {
-    case Kind::Levels:
-      return {FormLevelTable(job, WithoutRoundOff(file.displacements), true)};
-    case Kind::Reactions:
-      return {FormReactionTable(job, file)};
-    case Kind::Forces:
-    case Kind::Extremes:
-      return FormForceTable(job, file, kind == Kind::Extremes);
-    default:
-      return {FormNodeTable(job, WithoutRoundOff(file.displacements), false, false)};
-  }
+  return FormFileTable(job, file, kind, false);
 }
 
 Reading<Table> FormTable(const Job& job, const ModeResultFile& file, TableKind kind, int nMode,
@@ -100,19 +106,7 @@ Reading<Table> FormTable(const Job& job, const ModeResultFile& file, TableKind k
 }
 
 Reading<Table> FormTable(const Job& job, const SpectrumResultFile& file, TableKind kind) {
-  switch (kind) {
-    case Kind::Modes:
-      return {FormParticipationTable(file)};
-    case Kind::Levels:
-      return {FormLevelTable(job, WithoutRoundOff(file.displacements), false)};
-    case Kind::Reactions:
-      return {FormReactionTable(job, file)};
-    case Kind::Forces:
-    case Kind::Extremes:
-      return FormForceTable(job, file, kind == Kind::Extremes);
-    default:
-      return {FormNodeTable(job, WithoutRoundOff(file.displacements), true, true)};
-  }
+  return kind == Kind::Modes ? Reading<Table>(FormParticipationTable(file)) : FormFileTable(job, file, kind, true);
 }
 
 Reading<Table> FormTable(const Job& job, const HistorySet& histories, TableKind kind) {
@@ -123,15 +117,15 @@ Reading<Table> ReadTable(const Job& job, const std::string& strJobPath, const Ta
   const std::string strPath = strJobPath + std::string(GetSuffix(choice.result));
   const auto form = [&](const auto& file) { return FormTable(job, file, choice.kind); };
   switch (choice.result) {
-    case TableResult::Modes:
+    case ResultKind::Modes:
       return FormRead(ReadModeResultFile(strPath, job.nodes), [&](const ModeResultFile& file) {
         const bool bMasses = choice.kind == Kind::Modes;
         return FormTable(job, file, choice.kind, choice.nMode,
                          bMasses ? FindModalMasses(job, strJobPath, file) : std::nullopt);
       });
-    case TableResult::Spectrum:
+    case ResultKind::Spectrum:
       return FormRead(ReadSpectrumResultFile(strPath, job.nodes), form);
-    case TableResult::History:
+    case ResultKind::History:
       return FormRead(ReadHistories(job, strPath), form);
     default:
       return FormRead(ReadStaticResultFile(strPath, job.nodes.size()), form);

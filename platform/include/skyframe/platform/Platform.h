@@ -146,6 +146,9 @@ SKYFRAME_API std::string ToNativePath(std::string_view strPath);
 SKYFRAME_API std::filesystem::path ToFilePath(std::string_view strPath);
 /// And back, in UTF-8.
 SKYFRAME_API std::string FromFilePath(const std::filesystem::path& path);
+/// The same text for all names of a file, which need not be there: whole and without links, in letters of one case
+/// where the system does not tell them apart; empty when it finds no such place.
+[[nodiscard]] SKYFRAME_API std::string FindPlace(std::string_view strPath);
 
 /// The module's state for the life of the object: EnterModule now, LeaveModule at the end.
 class CModuleStateScope {

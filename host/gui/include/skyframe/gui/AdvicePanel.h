@@ -8,7 +8,7 @@
 
 namespace skyframe::gui {
 
-/// What is to be known about the last run, or about a job that was opened: a row each, errors first and in red.
+/// What is to be known about the last run, a job that was opened or its report: a row each, errors first and in red.
 class CAdvicePanel : public QListWidget {
  public:
   /// The document must outlive the panel.

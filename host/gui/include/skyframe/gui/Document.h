@@ -14,6 +14,7 @@
 #include "skyframe/job/Language.h"
 #include "skyframe/results/HistoryResultFile.h"
 #include "skyframe/results/ModeResultFile.h"
+#include "skyframe/results/ResultKind.h"
 #include "skyframe/results/SpectrumResultFile.h"
 #include "skyframe/results/StaticResultFile.h"
 #include "skyframe/run/Session.h"
@@ -30,11 +31,6 @@ struct Selection {
   [[nodiscard]] bool IsEmpty() const { return nodes.empty() && elements.empty(); }
   bool operator==(const Selection&) const = default;
 };
-
-/// Whose results.
-enum class ResultKind { Linear, Nonlinear, Modes, Spectrum, History };
-/// Suffix of the file that holds them.
-[[nodiscard]] std::string_view GetSuffix(ResultKind kind);
 
 /// What the window works on: the open job with its analyses, its results, the selection, the language. Panels listen
 /// to its notices and read from it; what they change they change here.
@@ -82,9 +78,9 @@ class CDocument {
   /// Of the result file, or of the run of this session.
   [[nodiscard]] const HistorySet* GetHistories();
   /// Whether the file is there, or for histories a run of this session.
-  [[nodiscard]] bool HasResult(ResultKind kind) const;
+  [[nodiscard]] bool HasResult(host::ResultKind kind) const;
   /// Forces of a result, of a history those of the step; null where there are none.
-  [[nodiscard]] const host::StructureForces* GetForces(ResultKind kind);
+  [[nodiscard]] const host::StructureForces* GetForces(host::ResultKind kind);
   /// Step of the histories that is looked at, from 0.
   [[nodiscard]] int GetStep() const { return m_nStep; }
   void SetStep(int nStep);
@@ -93,7 +89,7 @@ class CDocument {
   [[nodiscard]] bool HasOutdatedResults() const;
   /// Why the run that wrote the result file failed; null when it did not, or when that is not known.
   [[nodiscard]] const host::Advice* FindError(std::string_view strSuffix) const;
-  /// The run whose results are there and that had these parameters; null when there is none.
+  /// The run that had these parameters and whose files are all there as it wrote them; null when there is none.
   [[nodiscard]] const host::ResultStamp* FindStamp(const host::JobAnalysis& analysis) const;
   [[nodiscard]] bool IsOutdated(const host::ResultStamp& stamp) const { return stamp.strModel != m_strModel; }
   [[nodiscard]] const host::CStamps& GetStamps() const { return m_stamps; }
@@ -125,7 +121,7 @@ class CDocument {
   template <class File, class Reader>
   const File* Get(Kept<File>& kept, std::string_view strSuffix, Reader reader);
 
-  [[nodiscard]] host::Reading<host::StructureForces> FormForces(ResultKind kind);
+  [[nodiscard]] host::Reading<host::StructureForces> FormForces(host::ResultKind kind);
   void ForgetResults();
 
   QString m_strFile;
@@ -141,7 +137,7 @@ class CDocument {
   Kept<host::ModeResultFile> m_modes;
   Kept<host::SpectrumResultFile> m_spectrum;
   Kept<HistorySet> m_histories;
-  std::array<Kept<host::StructureForces>, 5> m_forces;  ///< by ResultKind
+  std::array<Kept<host::StructureForces>, host::c_resultKinds.size()> m_forces;  ///< by host::ResultKind
 
   int m_nStep = 0;
   Selection m_selection;

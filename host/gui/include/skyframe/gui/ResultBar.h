@@ -20,7 +20,7 @@ class CResultBar : public QToolBar {
   CResultBar(CDocument& document, CStructureView& view, QWidget* pParent = nullptr);
 
   /// Forces are drawn of that result from now on, if any are.
-  void ChooseSource(ResultKind kind);
+  void ChooseSource(host::ResultKind kind);
   /// "linear_My": what is drawn, for the name of its picture; empty without forces.
   [[nodiscard]] std::string FormFileName() const;
 
@@ -39,11 +39,11 @@ class CResultBar : public QToolBar {
   [[nodiscard]] std::vector<LoadChoice> ListLoads() const;
   void ShowForces();
   void ShowLoads();
-  [[nodiscard]] std::optional<ResultKind> GetSource() const;
+  [[nodiscard]] std::optional<host::ResultKind> GetSource() const;
 
   CDocument& m_document;
   CStructureView& m_view;
-  std::optional<ResultKind> m_source;  ///< chosen; kept while its file is not there
+  std::optional<host::ResultKind> m_source;  ///< chosen; kept while its file is not there
 
   QLabel m_sourceLabel;
   QComboBox m_sources;

@@ -36,7 +36,7 @@ struct ViewOptions {
 
 /// Forces over the drawing.
 struct DrawnForces {
-  ResultKind kind = ResultKind::Linear;  ///< whose forces
+  host::ResultKind kind = host::ResultKind::Linear;  ///< whose forces
   std::string strTitle;
   bool bOutdated = false;
   host::StructureForces forces;

@@ -25,5 +25,9 @@ class CDialogRecorder {
 /// that it does not have stay away.
 template <DialogJob A>
 [[nodiscard]] A WithDefaults(A analysis);
+/// Likewise, and without what has no effect beside its other parameters, which no job file may have.
+[[nodiscard]] JobAnalysis WithDefaults(const JobAnalysis& analysis);
+/// Whether what one leaves to the defaults is what the other says.
+[[nodiscard]] bool MeanTheSame(const JobAnalysis& one, const JobAnalysis& other);
 
 }  // namespace skyframe::host

@@ -16,6 +16,9 @@ struct JobProblem {
   std::string strName = {};  ///< short and lasting name of a warning, such as "unused-node"; empty for errors
 };
 
+/// "/nodes/3: a node is given twice", with a kind such as "warning: " before the reason; no place for the whole file.
+[[nodiscard]] std::string FormatProblem(const JobProblem& problem, std::string_view strKind = {});
+
 struct JobFile {
   Job job;
   std::vector<JobProblem> errors;    ///< when there is one the job must not be used; the first hundred

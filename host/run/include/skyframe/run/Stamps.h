@@ -38,6 +38,8 @@ class CStamps {
   [[nodiscard]] static CStamps Read(const std::string& strJobPath);
 
   [[nodiscard]] const std::vector<ResultStamp>& GetAll() const { return m_stamps; }
+  /// Whether the result file is still as the run wrote it.
+  [[nodiscard]] bool Holds(const ResultStamp& stamp, std::string_view strSuffix) const;
   /// The run that wrote the result file as it is now; null when it is not known.
   [[nodiscard]] const ResultStamp* Find(std::string_view strSuffix) const;
   /// Whether the result file is known to come from another model than the one with this mark.

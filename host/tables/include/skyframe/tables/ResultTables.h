@@ -19,18 +19,16 @@
 
 namespace skyframe::host {
 
-using TableResult = ResultKind;
 enum class TableKind { Modes, Displacements, Levels, Reactions, Forces, Extremes };
 
 /// Their names on the command line.
-inline constexpr const auto& c_strTableResults = c_strResultKinds;
 inline constexpr std::array<std::string_view, 6> c_strTableKinds = {"modes",     "displacements", "levels",
                                                                     "reactions", "forces",        "extremes"};
 
-[[nodiscard]] std::string_view GetName(TableResult result);
+[[nodiscard]] std::string_view GetName(ResultKind result);
 [[nodiscard]] std::string_view GetName(TableKind kind);
 /// The tables that a result fills.
-[[nodiscard]] std::span<const TableKind> ListTables(TableResult result);
+[[nodiscard]] std::span<const TableKind> ListTables(ResultKind result);
 
 /// Masses along X, Y, Z, kg.
 struct ModalMasses {
@@ -43,11 +41,11 @@ struct ModalMasses {
                                                          const ModeResultFile& file);
 
 struct TableChoice {
-  TableResult result = TableResult::Linear;
+  ResultKind result = ResultKind::Linear;
   TableKind kind = TableKind::Displacements;
   int nMode = 1;  ///< of displacements and levels of modes, from 1
 
-  [[nodiscard]] bool IsOfOneMode() const { return result == TableResult::Modes && kind != TableKind::Modes; }
+  [[nodiscard]] bool IsOfOneMode() const { return result == ResultKind::Modes && kind != TableKind::Modes; }
   bool operator==(const TableChoice&) const = default;
 };
 
