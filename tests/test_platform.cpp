@@ -375,6 +375,7 @@ TEST(Paint, SvgIsTheExactDocument) {
   svg.SetBrush({0xF0, 0xF0, 0xF0});
   svg.Rectangle(30.0, 40.0, -20.0, -10.0);
   svg.Line(0.0, 0.0, 1.5, -0.001);
+  svg.Line(0.0, 0.0, 1.5, 0.0);
   const std::array<PaintPoint, 3> points = {PaintPoint{0.0, 0.0}, PaintPoint{1.0, 2.0}, PaintPoint{3.0, 4.0}};
   svg.Polyline(points);
   svg.Polyline(std::span(points).first(1));
@@ -394,11 +395,16 @@ TEST(Paint, SvgIsTheExactDocument) {
   EXPECT_EQ(strDocument.substr(std::min(strDocument.find("<rect x="), strDocument.size())),
             "<rect x=\"10\" y=\"30\" width=\"20\" height=\"10\" fill=\"#f0f0f0\" stroke=\"#ff0000\" "
             "stroke-width=\"2\"/>\n"
-            "<polyline points=\"0,0 1.5,0\" fill=\"none\" stroke=\"#ff0000\" stroke-width=\"2\"/>\n"
-            "<polyline points=\"0,0 1,2 3,4\" fill=\"none\" stroke=\"#ff0000\" stroke-width=\"2\"/>\n"
+            "<path d=\"M0,0 1.5,0M0,0 1,2 3,4\" fill=\"none\" stroke=\"#ff0000\" stroke-width=\"2\"/>\n"
             "<polygon points=\"0,0 1,2 3,4\" fill=\"#f0f0f0\" stroke=\"#ff0000\" stroke-width=\"2\"/>\n"
             "<text x=\"5\" y=\"6\" font-size=\"10\" text-anchor=\"end\" fill=\"#ff0000\">"
             "位移 &lt;a&gt; &amp; \"b\"\uFFFD\uFFFD</text>\n</svg>\n");
+  // Chords that leave an arc of radius 100 by 0.05, of 0.0632 rad, hold twelve of its steps.
+  CSvgPaintContext arc(10, 10);
+  std::vector<PaintPoint> points200;
+  for (int k = 0; k <= 200; ++k) points200.push_back({100.0 * std::cos(0.005 * k), 100.0 * std::sin(0.005 * k)});
+  arc.Polyline(points200);
+  EXPECT_EQ(std::ranges::count(arc.GetDocument().substr(arc.GetDocument().find("<path")), ','), 1 + (200 + 11) / 12);
   for (const std::string_view strBroken :
        {"\x80", "\xC0\xAF", "\xE4\xBD", "\xED\xA0\x80", "\xF5\x80\x80\x80", "\xEF\xBF\xBE", "\xE0\x80\xAF"}) {
     CSvgPaintContext broken(10, 10);

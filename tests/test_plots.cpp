@@ -269,16 +269,19 @@ TEST(Plots, WhatIsNotThereEndsWithStatusTwo) {
   ExpectNone(": ");
 }
 
-/// Points of the SVG's shapes of a kind that have such a colour, by shape.
+/// Points of the SVG's lines (path) or areas (polygon) that have such a colour, by shape.
 std::vector<std::vector<PaintPoint>> FindShapes(const std::string& strSvg, const std::string& strKind,
                                                 const std::string& strColour) {
   std::vector<std::vector<PaintPoint>> shapes;
-  const std::regex shape("<" + strKind + " points=\"([^\"]*)\" [^>]*" + strColour + "[^>]*>");
+  const std::regex shape("<" + strKind + " (?:points|d)=\"M?([^\"]*)\" [^>]*" + strColour + "[^>]*>");
   for (std::sregex_iterator it(strSvg.begin(), strSvg.end(), shape), end; it != end; ++it) {
-    std::istringstream text((*it)[1].str());
-    std::vector<PaintPoint>& points = shapes.emplace_back();
-    char cComma = ' ';
-    for (PaintPoint point; text >> point.dX >> cComma >> point.dY;) points.push_back(point);
+    std::istringstream lines((*it)[1].str());
+    for (std::string strLine; std::getline(lines, strLine, 'M');) {
+      std::istringstream text(strLine);
+      std::vector<PaintPoint>& points = shapes.emplace_back();
+      char cComma = ' ';
+      for (PaintPoint point; text >> point.dX >> cComma >> point.dY;) points.push_back(point);
+    }
   }
   return shapes;
 }
@@ -320,15 +323,15 @@ TEST(Plots, ArrowsAndOrdinatesAreDrawnToScale) {
       {{"--loads", "0.5*0", "--view", "front"}, {}},  // colours of combinations are others
   };
   for (const auto& c : cases) {
-    EXPECT_EQ(toLines(FindShapes(plot(c.what), "polyline", strCase0)), c.arrows) << c.what[1] << c.what[3];
+    EXPECT_EQ(toLines(FindShapes(plot(c.what), "path", strCase0)), c.arrows) << c.what[1] << c.what[3];
   }
   // The support pushes back: 3 kN along X, 6 along Y, 8 along Z; of its moments 32 about Y and 15 about Z one is seen.
-  EXPECT_EQ(toLines(FindShapes(plot({"--reactions", "--view", "plan"}), "polyline", "#8a2b6f")),
+  EXPECT_EQ(toLines(FindShapes(plot({"--reactions", "--view", "plan"}), "path", "#8a2b6f")),
             (Lines{{-20, 0}, {0, 39}, {0, 52}}));
 
   // About Z: 6 x 4 - 3 x 3 = 15 kN m at the clamped end, on the side of -Y; 9 at the corner, on the other.
   const auto areas = FindShapes(plot({"--force", "Mz", "--view", "plan"}), "polygon", "fill=\"#d9e6f4\"");
-  const auto members = FindShapes(job.Read(".svg"), "polyline", "stroke-width=\"1.4\"");
+  const auto members = FindShapes(job.Read(".svg"), "path", "stroke-width=\"1.4\"");
   ASSERT_EQ(areas.size(), 2U);
   const double dMetre = (members[0][1].dX - members[0][0].dX) / 4.0;
   const bool bFirst = std::abs(areas[0][0].dX - members[0][0].dX) < 0.01;

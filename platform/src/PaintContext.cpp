@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <vector>
 
 #include "skyframe/platform/NumberText.h"
 #include "texts.h"
@@ -106,6 +107,46 @@ double GetBaselineShift(VerticalAlign align) {
   return 0.0;
 }
 
+std::string FormPen(const PaintState& state) {
+  return Attribute("stroke", ToHex(state.pen)) + Attribute("stroke-width", Length(state.dPenWidth));
+}
+
+constexpr double c_dUnseen = 0.05;  ///< pixels between a point and a line that goes by it
+
+/// Distance of a point from the line between two others.
+double GetDistance(PaintPoint point, PaintPoint from, PaintPoint to) {
+  const double dX = to.dX - from.dX, dY = to.dY - from.dY, dLength2 = dX * dX + dY * dY;
+  const double t = dLength2 > 0.0 ? ((point.dX - from.dX) * dX + (point.dY - from.dY) * dY) / dLength2 : 0.0;
+  const double dAlong = std::clamp(t, 0.0, 1.0);
+  return std::hypot(point.dX - from.dX - dAlong * dX, point.dY - from.dY - dAlong * dY);
+}
+
+/// Without the points that lie on the line between those before and behind them, as far as one can see.
+std::vector<PaintPoint> DropUnseen(std::span<const PaintPoint> points) {
+  constexpr std::size_t c_nMost = 64;  // dropped in a row: all of them are looked at for each new end
+  std::vector<PaintPoint> seen = {points.front()};
+  std::size_t nLast = 0;
+  for (std::size_t k = 2; k < points.size(); ++k) {
+    const auto between = points.subspan(nLast + 1, k - nLast - 1);
+    const auto isSeen = [&](PaintPoint point) { return GetDistance(point, points[nLast], points[k]) > c_dUnseen; };
+    if (between.size() <= c_nMost && std::ranges::none_of(between, isSeen)) continue;
+    nLast = k - 1;
+    seen.push_back(points[nLast]);
+  }
+  seen.push_back(points.back());
+  return seen;
+}
+
+/// "0,0 1.5,0"
+std::string FormPoints(std::span<const PaintPoint> points) {
+  std::string strPoints;
+  for (const PaintPoint& point : points) {
+    if (!strPoints.empty()) strPoints += ' ';
+    strPoints += Length(point.dX) + "," + Length(point.dY);
+  }
+  return strPoints;
+}
+
 }  // namespace
 
 void IPaintContext::SetPen(Colour colour, double dWidth) {
@@ -169,43 +210,48 @@ std::string CSvgPaintContext::GetDocument() const {
   strText += Attribute("viewBox", "0 0 " + strWidth + " " + strHeight);
   strText += Attribute("font-family", texts::c_strSvgFonts) + ">\n";
   strText += "<rect" + Attribute("width", strWidth) + Attribute("height", strHeight) + Attribute("fill", "#ffffff");
-  return strText + "/>\n" + m_strBody + "</svg>\n";
+  return strText + "/>\n" + m_strBody + FormPath() + "</svg>\n";
 }
 
 void CSvgPaintContext::Write(std::ostream& strm) const { strm << GetDocument(); }
 
 void CSvgPaintContext::DrawRectangle(PaintPoint topLeft, double dWidth, double dHeight) {
-  m_strBody += "<rect" + Attribute("x", Length(topLeft.dX)) + Attribute("y", Length(topLeft.dY)) +
-               Attribute("width", Length(dWidth)) + Attribute("height", Length(dHeight)) +
-               Attribute("fill", ToHex(GetState().brush)) + Attribute("stroke", ToHex(GetState().pen)) +
-               Attribute("stroke-width", Length(GetState().dPenWidth)) + "/>\n";
+  AddShape("<rect" + Attribute("x", Length(topLeft.dX)) + Attribute("y", Length(topLeft.dY)) +
+           Attribute("width", Length(dWidth)) + Attribute("height", Length(dHeight)) +
+           Attribute("fill", ToHex(GetState().brush)) + FormPen(GetState()) + "/>\n");
 }
 
-void CSvgPaintContext::DrawPolyline(std::span<const PaintPoint> points) { AddShape("polyline", points, "none"); }
+void CSvgPaintContext::DrawPolyline(std::span<const PaintPoint> points) {
+  const PaintState& state = GetState();
+  if (state.pen != m_pathState.pen || state.dPenWidth != m_pathState.dPenWidth) AddShape("");
+  m_pathState = state;
+  const auto [itLine, bNew] = m_pathLines.insert("M" + FormPoints(DropUnseen(points)));
+  if (bNew) m_strPath += *itLine;
+}
 
 void CSvgPaintContext::DrawPolygon(std::span<const PaintPoint> points) {
-  AddShape("polygon", points, ToHex(GetState().brush));
-}
-
-void CSvgPaintContext::AddShape(std::string_view strElement, std::span<const PaintPoint> points,
-                                std::string_view strFill) {
-  std::string strPoints;
-  for (const PaintPoint& point : points) {
-    if (!strPoints.empty()) strPoints += ' ';
-    strPoints += Length(point.dX) + "," + Length(point.dY);
-  }
-  m_strBody += "<" + std::string(strElement) + Attribute("points", strPoints) + Attribute("fill", strFill) +
-               Attribute("stroke", ToHex(GetState().pen)) + Attribute("stroke-width", Length(GetState().dPenWidth)) +
-               "/>\n";
+  AddShape("<polygon" + Attribute("points", FormPoints(points)) + Attribute("fill", ToHex(GetState().brush)) +
+           FormPen(GetState()) + "/>\n");
 }
 
 void CSvgPaintContext::DrawText(PaintPoint at, std::string_view strText, HorizontalAlign horizontal,
                                 VerticalAlign vertical) {
   const double dHeight = GetState().dTextHeight;
-  m_strBody += "<text" + Attribute("x", Length(at.dX)) +
-               Attribute("y", Length(at.dY + GetBaselineShift(vertical) * dHeight)) +
-               Attribute("font-size", Length(dHeight)) + Attribute("text-anchor", GetAnchor(horizontal)) +
-               Attribute("fill", ToHex(GetState().pen)) + ">" + Escape(strText) + "</text>\n";
+  AddShape("<text" + Attribute("x", Length(at.dX)) +
+           Attribute("y", Length(at.dY + GetBaselineShift(vertical) * dHeight)) +
+           Attribute("font-size", Length(dHeight)) + Attribute("text-anchor", GetAnchor(horizontal)) +
+           Attribute("fill", ToHex(GetState().pen)) + ">" + Escape(strText) + "</text>\n");
+}
+
+void CSvgPaintContext::AddShape(const std::string& strElement) {
+  m_strBody += FormPath() + strElement;
+  m_strPath.clear();
+  m_pathLines.clear();
+}
+
+std::string CSvgPaintContext::FormPath() const {
+  if (m_strPath.empty()) return {};
+  return "<path" + Attribute("d", m_strPath) + Attribute("fill", "none") + FormPen(m_pathState) + "/>\n";
 }
 
 }  // namespace skyframe

@@ -5,6 +5,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <unordered_set>
 #include <vector>
 
 #include "skyframe/values/Export.h"
@@ -117,7 +118,8 @@ class SKYFRAME_API CPaintRecorder : public IPaintContext {
   std::vector<PaintItem> m_items;
 };
 
-/// Draws an SVG 1.1 picture in UTF-8 on a white ground.
+/// Draws an SVG 1.1 picture in UTF-8 on a white ground. Lines of one pen, drawn one after another, are one path, each
+/// of them once; of their points those are left out that nobody could see missing.
 class SKYFRAME_API CSvgPaintContext : public IPaintContext {
  public:
   /// Size in pixels, both above 0.
@@ -134,11 +136,17 @@ class SKYFRAME_API CSvgPaintContext : public IPaintContext {
   void DrawText(PaintPoint at, std::string_view strText, HorizontalAlign horizontal, VerticalAlign vertical) override;
 
  private:
-  void AddShape(std::string_view strElement, std::span<const PaintPoint> points, std::string_view strFill);
+  /// Ends the path.
+  void AddShape(const std::string& strElement);
+  /// The path as it stands; nothing without lines.
+  [[nodiscard]] std::string FormPath() const;
 
   int m_nWidth;
   int m_nHeight;
   std::string m_strBody;
+  PaintState m_pathState;
+  std::string m_strPath;
+  std::unordered_set<std::string> m_pathLines;
 };
 
 }  // namespace skyframe
