@@ -120,8 +120,10 @@ std::vector<double> FormHistoryShear(const ModalBasis& basis, const HistoryResul
 std::optional<std::vector<double>> FindHistoryShear(const HistorySet& run, const HistoryResultFile& history,
                                                     const std::array<double, 2>& e) {
   if (run.baseShear.GetRows() != history.nSteps || history.nSteps == 0 || !IsOfRun(run, history)) return std::nullopt;
-  std::vector<double> shear;
-  for (int k = 0; k < history.nSteps; ++k) shear.push_back(e[0] * run.baseShear[k][0] + e[1] * run.baseShear[k][1]);
+  std::vector<double> shear(static_cast<std::size_t>(history.nSteps));
+  for (int k = 0; k < history.nSteps; ++k) {
+    shear[static_cast<std::size_t>(k)] = e[0] * run.baseShear[k][0] + e[1] * run.baseShear[k][1];
+  }
   return shear;
 }
 

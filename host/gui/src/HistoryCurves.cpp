@@ -97,6 +97,7 @@ host::HistoryPicture FormPicture(const host::Job& job, const HistorySet& history
 std::string FormCsv(const host::Job& job, const HistorySet& history, const std::vector<CurveId>& curves,
                     const CurveUnits& units) {
   std::vector<std::string> names;  // for the headings, which do not own their texts
+  names.reserve(curves.size());
   for (const CurveId& curve : curves) names.push_back(NameCurve(job, curve));
   host::Table table;
   table.columns.push_back({host::Words(std::string_view("t"), "t"), "s"});

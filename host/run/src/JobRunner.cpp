@@ -26,11 +26,11 @@ class CJobRunner {
     m_streams.out << GetName(run.analysis.value_or(analysis)) << '\n';
     const bool bCancelled = GetFindings(GetKind(analysis)).status == RunStatus::Cancelled;
     if (bCancelled) m_streams.out << "  " << Say(texts::c_cancelled) << '\n';
-    Conclude(analysis, std::move(run));
+    Conclude(analysis, run);
   }
 
  private:
-  void Conclude(const JobAnalysis& analysis, AnalysisRun run) {
+  void Conclude(const JobAnalysis& analysis, const AnalysisRun& run) {
     m_streams.console.flush();
     for (const std::string& strError : run.errors) {
       m_streams.err << SayForeign(strError, texts::c_dialogErrors, texts::c_dialogReasons) << '\n';
