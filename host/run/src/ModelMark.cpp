@@ -1,6 +1,8 @@
+#include <array>
 #include <bit>
 #include <cstdint>
-#include <type_traits>
+#include <optional>
+#include <string>
 
 #include "skyframe/job/Text.h"
 #include "skyframe/run/Stamps.h"
