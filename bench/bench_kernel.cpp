@@ -13,7 +13,6 @@
 #include "TestPlatform.h"
 #include "Textbook.h"
 #include "skyframe/numeric/SkylineKernel.h"
-#include "skyframe/platform/Pages.h"
 
 // Factorisation, solution, products and assembly of the skyline matrix, with peers. Benchmarks are named
 // quantity/size/who. Counters: GFLOP/s, GB/s, residuals, sizes.
@@ -159,14 +158,22 @@ void FactoriseScalar(State& state, CCase& matrix) {
   SetRate(state, matrix.GetOperations());
 }
 
+/// Solves in place, from the same right-hand side each time: solutions of solutions would soon be denormal numbers,
+/// which cost many times as much.
+template <class Solution>
+void RepeatSolution(State& state, const std::vector<double>& b, Solution solve) {
+  std::vector<double> x(b.size());
+  for (auto _ : state) {
+    std::ranges::copy(b, x.begin());
+    if (!solve(x)) return state.SkipWithError("refused");
+    benchmark::DoNotOptimize(x.data());
+  }
+}
+
 void SolveOwn(State& state, CCase& matrix) {
   SparseMatrix& factors = matrix.GetFactors();
   const int n = matrix.GetOrder();
-  std::vector<double> x = MakeVector(n);
-  for (auto _ : state) {
-    if (!factors.Solve(n, x)) return state.SkipWithError("refused");
-    benchmark::DoNotOptimize(x.data());
-  }
+  RepeatSolution(state, MakeVector(n), [&](std::vector<double>& x) { return factors.Solve(n, x); });
   SetBandwidth(state, 2.0 * sizeof(double) * matrix.GetEntries());
   SetProfileCounters(state, matrix);
   state.counters["residual"] = FormSolutionResidual(matrix, factors);
@@ -177,19 +184,20 @@ void SolveEight(State& state, CCase& matrix) {
   constexpr int c_nColumns = 8;
   SparseMatrix& factors = matrix.GetFactors();
   const int n = matrix.GetOrder();
-  std::vector<double> B = MakeVector(c_nColumns * n);
+  const std::vector<double> start = MakeVector(c_nColumns * n);
+  std::vector<double> B(start.size());
   while (state.KeepRunningBatch(c_nColumns)) {
+    std::ranges::copy(start, B.begin());
     if (!factors.SolveColumns(n, B, c_nColumns)) return state.SkipWithError("refused");
   }
 }
 
 void SolveScalar(State& state, CCase& matrix) {
   const SparseMatrix& factors = matrix.GetFactors();
-  std::vector<double> x = MakeVector(matrix.GetOrder());
-  for (auto _ : state) {
+  RepeatSolution(state, MakeVector(matrix.GetOrder()), [&](std::vector<double>& x) {
     SolveTextbook(matrix.GetProfile(), factors.GetValues().data(), x);
-    benchmark::DoNotOptimize(x.data());
-  }
+    return true;
+  });
   SetBandwidth(state, 2.0 * sizeof(double) * matrix.GetEntries());
 }
 
@@ -233,14 +241,12 @@ void AssembleNew(State& state, const BuildingShape& shape) {
   for (auto _ : state) benchmark::DoNotOptimize(FormPencil(*pModel).n);
 }
 
-/// Sums a block of the size of the profile, in equal parts side by side, on large pages where there are any: the rate
-/// at which memory of this size can be read.
+/// Sums the factorised profile, in equal parts side by side: the rate at which the memory of a solution can be read.
+/// The same memory, since blocks of one size differ by a fifth in a virtual machine.
 template <std::size_t nStreams>
 void ReadMemory(State& state, CCase& matrix) {
-  const auto nCount = matrix.GetMatrix().GetValues().size(), nPart = nCount / nStreams;
-  const std::unique_ptr<double[]> block = std::make_unique_for_overwrite<double[]>(nCount);
-  PreferLargePages(block.get(), nCount * sizeof(double));
-  std::fill_n(block.get(), nCount, 1.0);
+  const std::span<const double> block = matrix.GetFactors().GetValues();
+  const auto nCount = block.size(), nPart = nCount / nStreams;
   for (auto _ : state) {
     double sum[nStreams][16] = {};
     for (std::size_t i = 0; i + 16 <= nPart; i += 16) {
@@ -273,8 +279,10 @@ void SolveBand(State& state, CCase& matrix) {
   CBandPeer peer(matrix.GetMatrix(), matrix.GetOrder());
   peer.Load(matrix.GetMatrix());
   if (!peer.Factorise()) return state.SkipWithError("refused");
-  std::vector<double> x = MakeVector(matrix.GetOrder());
-  for (auto _ : state) peer.Solve(x.data(), 1);
+  RepeatSolution(state, MakeVector(matrix.GetOrder()), [&](std::vector<double>& x) {
+    peer.Solve(x.data(), 1);
+    return true;
+  });
 }
 
 void MultiplyMatrices(State& state) {

@@ -62,6 +62,7 @@ void SolveOwn(State& state, const BuildingShape& shape) {
     if (pModel->Omega.size() != c_nModes) return state.SkipWithError("no modes");
   }
   state.counters["residual"] = FormWorstResidual(*pModel, FormProductPencil(*pModel));
+  state.counters["solutions"] = pModel->m_modalFindings.nSubspace;
   state.counters["omega1"] = pModel->Omega.front();
   state.counters["omega20"] = pModel->Omega.back();
   std::filesystem::remove(GetJobPath() + ".mode");

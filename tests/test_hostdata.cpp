@@ -135,7 +135,27 @@ double MeasureWork() {
   return dWork;
 }
 
-TEST_F(Renumbering, KeepsAnOrderThatCostsLess) {
+/// Columns 5 x 5, 10 storeys, clamped: a walk from the supports stores 198,894 entries. The figures were found by a
+/// program apart, from all walks from all corners.
+TEST_F(Renumbering, StartsFromTheEndThatCostsLess) {
+  ResetHostData();
+  for (int i = 0; i < 5 * 5 * 11; ++i) {
+    const int nColumn = i % 25, nStorey = i / 25;
+    const int nNode = m_host.AddNode(nColumn % 5, nColumn / 5, nStorey, c_nRigid, nStorey == 0 ? "111111" : "000000");
+    if (nStorey == 0) continue;
+    m_host.AddElement(c_nBeam, nNode - 25, nNode);
+    if (nColumn % 5 > 0) m_host.AddElement(c_nBeam, nNode - 1, nNode);
+    if (nColumn / 5 > 0) m_host.AddElement(c_nBeam, nNode - 5, nNode);
+  }
+  CCommonData::OnReNodeCode();
+  const CTestPlatform platform;
+  CAnalysisModel model;
+  model.BuildModel();
+  ASSERT_EQ(model.GetFreeDofs(), 1500);
+  EXPECT_EQ(model.GetDiagonalAddresses()[1499] + 1, 184494);
+}
+
+TEST_F(Renumbering, NeverCostsMoreAndKeepsTheBestOrder) {
   for (const int nPinnedStorey : {0, 5, 12}) {
     ResetHostData();
     FillSquareTower(m_host, 25);
@@ -143,8 +163,13 @@ TEST_F(Renumbering, KeepsAnOrderThatCostsLess) {
     for (int c = 1; c <= 4; ++c) ABCD.m_nJoint[4 * nPinnedStorey + c] = c_nPinned;
     const double dBefore = MeasureWork();
     CCommonData::OnReNodeCode();
-    EXPECT_EQ(MeasureWork(), dBefore) << nPinnedStorey;
+    EXPECT_LE(MeasureWork(), dBefore) << nPinnedStorey;  // every walk from the lowest number costs more
   }
+  SetNodes(9);
+  for (int i = 1; i < 9; ++i) m_host.AddElement(c_nBeam, i, i + 1);
+  const auto pChain = std::make_unique<tagAbcd>(ABCD);
+  CCommonData::OnReNodeCode();
+  EXPECT_EQ(std::memcmp(pChain.get(), &ABCD, sizeof ABCD), 0);
 }
 
 /// Old numbers travel in the coordinates, so the whole mapping can be checked against them.

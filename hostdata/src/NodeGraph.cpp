@@ -34,8 +34,8 @@ struct DegreeLess {
 
 class CReverseCuthillMcKee {
  public:
-  explicit CReverseCuthillMcKee(const CNodeGraph& graph)
-      : m_graph(graph), m_stamp(graph.GetNodeCount(), 0), m_isNumbered(graph.GetNodeCount(), 0) {}
+  CReverseCuthillMcKee(const CNodeGraph& graph, const LevelWalk& walk)
+      : m_graph(graph), m_walk(walk), m_stamp(graph.GetNodeCount(), 0), m_isNumbered(graph.GetNodeCount(), 0) {}
 
   std::vector<int> Run() {
     const int n = m_graph.GetNodeCount();
@@ -78,7 +78,8 @@ class CReverseCuthillMcKee {
     }
   }
 
-  /// Moves to a vertex of least degree in the farthest level as long as that level moves away.
+  /// Moves to a vertex of least degree in the farthest level as long as that level moves away. The vertex reached or,
+  /// at the other end, the one that would have come next.
   int FindPseudoPeripheral(int nStart) {
     int nRoot = nStart;
     LevelStructure levels = FormLevels(nRoot);
@@ -86,7 +87,7 @@ class CReverseCuthillMcKee {
       const auto itFarthest = levels.vertices.begin() + static_cast<std::ptrdiff_t>(levels.nLastLevel);
       const int nCandidate = *std::min_element(itFarthest, levels.vertices.end(), DegreeLess{m_graph});
       LevelStructure next = FormLevels(nCandidate);
-      if (next.nHeight <= levels.nHeight) return nRoot;
+      if (next.nHeight <= levels.nHeight) return m_walk.bOtherEnd ? nCandidate : nRoot;
       nRoot = nCandidate;
       levels = std::move(next);
     }
@@ -101,10 +102,11 @@ class CReverseCuthillMcKee {
       for (const int nNext : m_graph.GetNeighbours(m_order[k])) {
         if (m_isNumbered[nNext] == 0) fresh.push_back(nNext);
       }
+      if (m_walk.bDescending) std::reverse(fresh.begin(), fresh.end());
       std::stable_sort(fresh.begin(), fresh.end(), DegreeLess{m_graph});
       for (const int nNext : fresh) Append(nNext);
     }
-    std::reverse(m_order.begin() + static_cast<std::ptrdiff_t>(nBegin), m_order.end());
+    if (!m_walk.bForward) std::reverse(m_order.begin() + static_cast<std::ptrdiff_t>(nBegin), m_order.end());
   }
 
   void Append(int nVertex) {
@@ -113,6 +115,7 @@ class CReverseCuthillMcKee {
   }
 
   const CNodeGraph& m_graph;
+  LevelWalk m_walk;
   std::vector<int> m_order;
   std::vector<int> m_stamp;  ///< number of the last level structure that reached the vertex
   std::vector<unsigned char> m_isNumbered;
@@ -121,7 +124,9 @@ class CReverseCuthillMcKee {
 
 }  // namespace
 
-std::vector<int> FormReverseCuthillMcKeeOrder(const CNodeGraph& graph) { return CReverseCuthillMcKee(graph).Run(); }
+std::vector<int> FormReverseCuthillMcKeeOrder(const CNodeGraph& graph, const LevelWalk& walk) {
+  return CReverseCuthillMcKee(graph, walk).Run();
+}
 
 double SumSquaredHeights(const CNodeGraph& graph, std::span<const int> order, std::span<const int> freeDofs) {
   std::vector<int> firstDof(order.size());

@@ -14,8 +14,8 @@ namespace {
 
 constexpr int c_nSums = 8;    // partial sums of a dot product, vectors each
 constexpr int c_nUnroll = 4;  // vectors subtracted in one step
-constexpr std::ptrdiff_t c_nAhead =
-    256;  // entries between use and prefetch: across page ends, where the processor's own stops
+// Entries between use and prefetch: across page ends, where the processor's own stops.
+constexpr std::ptrdiff_t c_nAhead = 1024;
 constexpr std::ptrdiff_t c_nLine = 8;  // entries in a cache line
 constexpr int c_nDepthTile = 240;
 

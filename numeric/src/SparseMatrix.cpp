@@ -89,6 +89,7 @@ SparseMatrix& SparseMatrix::operator=(const SparseMatrix& other) {
     std::ranges::copy(run, m_values.get() + nFirst);
   });
   m_bFactorised = other.m_bFactorised;
+  if (m_bFactorised && !KeepDiagonal()) Release();
   return *this;
 }
 
@@ -303,10 +304,9 @@ void SparseMatrix::FillRows(int n) {
 
 bool SparseMatrix::Decompose(int n) {
   if (IsRefused(texts::c_strSolveUnallocated)) return false;
-  std::vector<double> pivots;
-  if (!RunWithMemory([&] { pivots.resize(Index(n)); })) return false;
-  const bool bAccepted = Factorise(n, pivots);
-  for (int i = 0; i < n; ++i) Column(i)[i] = pivots[Index(i)];
+  if (!KeepDiagonal()) return false;
+  const bool bAccepted = Factorise(n, m_scale);
+  for (int i = 0; i < n; ++i) Column(i)[i] = m_scale[Index(i)];
   return bAccepted;
 }
 
@@ -315,7 +315,7 @@ bool SparseMatrix::Solve(int n, std::span<double> b) {
   if (!m_bFactorised && !Decompose(n)) return false;
   const auto profile = GetProfile(n);
   skyline::ForwardReduce(profile, m_values.get(), b);
-  for (int i = 0; i < n; ++i) b[Index(i)] /= Column(i)[i];
+  for (int i = 0; i < n; ++i) b[Index(i)] /= m_scale[Index(i)];
   skyline::BackSubstitute(profile, m_values.get(), b);
   return true;
 }
@@ -323,21 +323,25 @@ bool SparseMatrix::Solve(int n, std::span<double> b) {
 bool SparseMatrix::SolveColumns(int n, std::span<double> B, int nColumns) {
   if (IsRefused(texts::c_strSolveUnallocated)) return false;
   if (!m_bFactorised && !Decompose(n)) return false;
-  return RunWithMemory([&] {
-    std::vector<double> pivots(Index(n));
-    for (int i = 0; i < n; ++i) pivots[Index(i)] = Column(i)[i];
-    skyline::SolveColumns(GetProfile(n), m_values.get(), pivots, B, nColumns);
-  });
+  return RunWithMemory(
+      [&] { skyline::SolveColumns(GetProfile(n), m_values.get(), std::span(m_scale).first(Index(n)), B, nColumns); });
 }
 
 bool SparseMatrix::SolveKeepDiagonal(int n, std::span<double> d, std::span<double> b) {
   if (IsRefused(texts::c_strSolveUnallocated)) return false;
-  if (!m_bFactorised && !Factorise(n, d)) return false;
+  if (!m_bFactorised && (!KeepDiagonal() || !Factorise(n, d))) return false;
   const auto profile = GetProfile(n);
   skyline::ForwardReduce(profile, m_values.get(), b);
   for (int i = 0; i < n; ++i) b[Index(i)] /= d[Index(i)];
   skyline::BackSubstitute(profile, m_values.get(), b);
   return true;
+}
+
+bool SparseMatrix::KeepDiagonal() {
+  return RunWithMemory([this] {
+    m_scale.resize(Index(m_n));
+    for (int i = 0; i < m_n; ++i) m_scale[Index(i)] = Column(i)[i];
+  });
 }
 
 /// L in place of the columns, D in pivots. The pivots are tested after all columns.

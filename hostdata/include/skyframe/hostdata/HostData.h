@@ -52,7 +52,8 @@ struct SKYFRAME_API LoadCode {
 /// Services of the host that the module calls.
 class SKYFRAME_API CCommonData {
  public:
-  /// Renumbers the nodes by reverse Cuthill-McKee, unless the present order costs no more to factorise.
+  /// Renumbers the nodes by Cuthill-McKee, from either end and in either direction, whichever costs least to factorise,
+  /// unless the present order costs no more.
   /// Permutes coordinates, joints, restraints, element ends, loads and inclined supports; records the
   /// mapping in COMDAT's node-order arrays where they are present: second[old] = new, first[new] = old,
   /// old being the host's own number. In a new order unused nodes come last; ends and load nodes that

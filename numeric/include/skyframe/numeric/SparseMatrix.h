@@ -123,6 +123,8 @@ class SparseMatrix {
   void Clear();
   void DropDerived();
   void FillRows(int n);
+  /// False after a message when memory is short.
+  [[nodiscard]] bool KeepDiagonal();
   [[nodiscard]] bool Factorise(int n, std::span<double> pivots);
   [[nodiscard]] LostDigits MeasureLostDigits(std::span<const double> pivots) const;
 
@@ -142,6 +144,7 @@ class SparseMatrix {
   std::vector<int> m_height;
   std::vector<int> m_rowExtent;
   CompressedRows m_rows;
+  std::vector<double> m_scale;  ///< the diagonal at the factorisation, side by side: what a solution divides by
   LostDigits m_lostDigits;
 };
 
