@@ -1,8 +1,10 @@
 #pragma once
 
+#include <cstddef>
+#include <cstdint>
 #include <ostream>
-#include <string>
 #include <string_view>
+#include <vector>
 
 #include "skyframe/values/Export.h"
 
@@ -34,10 +36,17 @@ class SKYFRAME_API CTextWriter {
   bool Flush();
 
  private:
-  CTextWriter& Field(std::string_view strText, int nWidth, Align align);
+  /// nScaled / 10^nDecimals with the sign given.
+  CTextWriter& Decimal(bool bNegative, std::uint64_t nScaled, int nDecimals, int nWidth, Align align);
+  /// put writes the nLength characters of the text at the place given; it may write over a few behind them.
+  template <class Put>
+  CTextWriter& Field(std::size_t nLength, int nWidth, Align align, Put put);
+  /// Place for so many more characters.
+  char* Extend(std::size_t nCount);
 
   std::ostream& m_strm;
-  std::string m_strBuffer;
+  std::vector<char> m_buffer;
+  std::size_t m_nUsed = 0;
 };
 
 }  // namespace skyframe
