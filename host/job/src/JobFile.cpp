@@ -280,7 +280,10 @@ JobFile ReadText(const std::string& strPath) {
   const auto pStream = GetPlatform().OpenForReading(strPath);
   if (!pStream) return Refuse(texts::c_cannotOpen);
   std::string strText;
-  std::vector<char> buffer(std::size_t{1} << 20U);
+  std::error_code error;
+  const std::uintmax_t nExpected = std::filesystem::file_size(ToFilePath(strPath), error);
+  if (!error) strText.reserve(std::min(nExpected, c_nMaxFileSize));
+  std::array<char, std::size_t{1} << 16U> buffer;
   while (pStream->read(buffer.data(), static_cast<std::streamsize>(buffer.size())) || pStream->gcount() > 0) {
     strText.append(buffer.data(), static_cast<std::size_t>(pStream->gcount()));
     if (strText.size() > c_nMaxFileSize) return Refuse(texts::c_fileTooLarge);
