@@ -118,7 +118,8 @@ void FillBlanks(char* p, size_t nCount) {
 
 }  // namespace
 
-CTextWriter::CTextWriter(std::ostream& strm) : m_strm(strm), m_buffer(c_nBufferSize) {}
+CTextWriter::CTextWriter(std::ostream& strm)
+    : m_strm(strm), m_nRoom(c_nBufferSize), m_pBuffer(std::make_unique_for_overwrite<char[]>(m_nRoom)) {}
 
 CTextWriter::~CTextWriter() { Flush(); }
 
@@ -194,15 +195,17 @@ CTextWriter& CTextWriter::Field(size_t nLength, int nWidth, Align align, Put put
 }
 
 char* CTextWriter::Extend(size_t nCount) {
-  if (m_nUsed + nCount + c_nSlack > m_buffer.size()) {
-    Flush();
-    m_buffer.resize(std::max(m_buffer.size(), nCount + c_nSlack));
+  const size_t nNeed = nCount + c_nSlack;
+  if (m_nUsed + nNeed > m_nRoom) Flush();
+  if (nNeed > m_nRoom) {
+    m_pBuffer = std::make_unique_for_overwrite<char[]>(nNeed);
+    m_nRoom = nNeed;
   }
-  return m_buffer.data() + std::exchange(m_nUsed, m_nUsed + nCount);
+  return m_pBuffer.get() + std::exchange(m_nUsed, m_nUsed + nCount);
 }
 
 bool CTextWriter::Flush() {
-  m_strm.write(m_buffer.data(), static_cast<std::streamsize>(m_nUsed));
+  m_strm.write(m_pBuffer.get(), static_cast<std::streamsize>(m_nUsed));
   m_nUsed = 0;
   return !m_strm.fail();
 }

@@ -2,9 +2,9 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <ostream>
 #include <string_view>
-#include <vector>
 
 #include "skyframe/values/Export.h"
 
@@ -45,7 +45,8 @@ class SKYFRAME_API CTextWriter {
   char* Extend(std::size_t nCount);
 
   std::ostream& m_strm;
-  std::vector<char> m_buffer;
+  std::size_t m_nRoom;
+  std::unique_ptr<char[]> m_pBuffer;
   std::size_t m_nUsed = 0;
 };
 
