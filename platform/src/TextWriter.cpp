@@ -82,8 +82,10 @@ std::optional<std::uint64_t> RoundScaled(double dValue, int nDecimals) {
 /// The digits of a number below 10^8 in one word.
 class CEightDigits {
  public:
-  static constexpr int c_nCount = 8;
-  static constexpr std::uint64_t c_nLimit = 100'000'000;
+  /// So many decimals among them; the bytes of a word stand as a text of them does.
+  static bool CanHold(std::uint64_t nValue, int nDecimals) {
+    return nValue < 100'000'000 && nDecimals < c_nCount && std::endian::native == std::endian::little;
+  }
 
   /// Each step splits all groups of digits in two, side by side; the first digit ends up in the lowest byte.
   explicit CEightDigits(std::uint64_t nValue) {
@@ -95,20 +97,28 @@ class CEightDigits {
   }
 
   /// Without the zeros before them; of 0 none.
-  [[nodiscard]] int Count() const { return c_nCount - std::countr_zero(m_nDigits) / 8; }
+  [[nodiscard]] int Count() const { return c_nCount - (std::countr_zero(m_nDigits) >> 3); }
 
   /// Writes the last nCount digits, and something over them up to the fixed length.
   void PutLast(int nCount, char* p) const {
-    const auto nOmitted = static_cast<unsigned>(c_nCount - nCount);
-    const std::uint64_t nText = nCount > 0 ? (m_nDigits | c_nZeros) >> 8U * nOmitted : 0;
+    const std::uint64_t nText = (m_nDigits | c_nZeros) >> static_cast<unsigned>(8 * (c_nCount - nCount)) % 64U;
     std::memcpy(p, &nText, sizeof nText);
   }
 
  private:
+  static constexpr int c_nCount = 8;
   static constexpr std::uint64_t c_nZeros = 0x3030'3030'3030'3030U;
 
   std::uint64_t m_nDigits;  ///< a byte each, the first one the lowest
 };
+
+/// nScaled: the value times 10^nDecimals, where it is known.
+CNumberBuffer FormFixed(double dValue, std::optional<std::uint64_t> nScaled, int nDecimals) {
+  if (nScaled) return {std::signbit(dValue), *nScaled, nDecimals};
+  CNumberBuffer number(dValue, std::chars_format::fixed, nDecimals);
+  if (nDecimals == 0) number.AppendPoint();
+  return number;
+}
 
 /// A few blanks are written in one piece of fixed length.
 void FillBlanks(char* p, size_t nCount) {
@@ -151,21 +161,12 @@ CTextWriter& CTextWriter::GeneralPoint(double dValue, int nWidth, Align align) {
 CTextWriter& CTextWriter::Fixed(double dValue, int nDecimals, int nWidth, Align align) {
   if (!std::isfinite(dValue)) return General(dValue, nWidth, align);
   nDecimals = std::clamp(nDecimals, 0, c_nMaxDecimals);
-  if (const auto nScaled = RoundScaled(dValue, nDecimals)) {
-    return Decimal(std::signbit(dValue), *nScaled, nDecimals, nWidth, align);
+  const std::optional<std::uint64_t> nScaled = RoundScaled(dValue, nDecimals);
+  if (!nScaled || !CEightDigits::CanHold(*nScaled, nDecimals)) {
+    return Text(FormFixed(dValue, nScaled, nDecimals).Get(), nWidth, align);
   }
-  CNumberBuffer number(dValue, std::chars_format::fixed, nDecimals);
-  if (nDecimals == 0) number.AppendPoint();
-  return Text(number.Get(), nWidth, align);
-}
-
-CTextWriter& CTextWriter::Decimal(bool bNegative, std::uint64_t nScaled, int nDecimals, int nWidth, Align align) {
-  const bool bShort = nScaled < CEightDigits::c_nLimit && nDecimals < CEightDigits::c_nCount;
-  if (!bShort || std::endian::native != std::endian::little) {
-    return Text(CNumberBuffer(bNegative, nScaled, nDecimals).Get(), nWidth, align);
-  }
-  const CEightDigits digits(nScaled);
-  const int nSign = bNegative ? 1 : 0;
+  const CEightDigits digits(*nScaled);
+  const int nSign = std::signbit(dValue) ? 1 : 0;
   const int nWhole = std::max(digits.Count() - nDecimals, 1);
   return Field(static_cast<size_t>(nSign + nWhole + 1 + nDecimals), nWidth, align, [=](char* p) {
     *p = '-';
@@ -196,12 +197,15 @@ CTextWriter& CTextWriter::Field(size_t nLength, int nWidth, Align align, Put put
 
 char* CTextWriter::Extend(size_t nCount) {
   const size_t nNeed = nCount + c_nSlack;
-  if (m_nUsed + nNeed > m_nRoom) Flush();
-  if (nNeed > m_nRoom) {
-    m_pBuffer = std::make_unique_for_overwrite<char[]>(nNeed);
-    m_nRoom = nNeed;
-  }
+  if (m_nUsed + nNeed > m_nRoom) MakeRoom(nNeed);
   return m_pBuffer.get() + std::exchange(m_nUsed, m_nUsed + nCount);
+}
+
+void CTextWriter::MakeRoom(size_t nNeed) {
+  Flush();
+  if (nNeed <= m_nRoom) return;
+  m_pBuffer = std::make_unique_for_overwrite<char[]>(nNeed);
+  m_nRoom = nNeed;
 }
 
 bool CTextWriter::Flush() {

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <cstddef>
-#include <cstdint>
 #include <memory>
 #include <ostream>
 #include <string_view>
@@ -36,13 +35,12 @@ class SKYFRAME_API CTextWriter {
   bool Flush();
 
  private:
-  /// nScaled / 10^nDecimals with the sign given.
-  CTextWriter& Decimal(bool bNegative, std::uint64_t nScaled, int nDecimals, int nWidth, Align align);
   /// put writes the nLength characters of the text at the place given; it may write over a few behind them.
   template <class Put>
   CTextWriter& Field(std::size_t nLength, int nWidth, Align align, Put put);
   /// Place for so many more characters.
   char* Extend(std::size_t nCount);
+  void MakeRoom(std::size_t nNeed);
 
   std::ostream& m_strm;
   std::size_t m_nRoom;
