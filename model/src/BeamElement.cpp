@@ -31,9 +31,7 @@ double Sample(const Diagram& diagram, int p, int nStations) {
 }
 
 void WriteDiagram(CTextWriter& out, std::string_view strLabel, const Diagram& values) {
-  out.Text(strLabel);
-  for (const double dValue : values) out.Fixed(dValue, c_nDecimals, c_nValueWidth);
-  out.EndLine();
+  out.Text(strLabel).FixedRow(values, c_nDecimals, c_nValueWidth).EndLine();
 }
 
 }  // namespace

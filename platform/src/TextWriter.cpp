@@ -161,7 +161,35 @@ CTextWriter& CTextWriter::GeneralPoint(double dValue, int nWidth, Align align) {
 CTextWriter& CTextWriter::Fixed(double dValue, int nDecimals, int nWidth, Align align) {
   if (!std::isfinite(dValue)) return General(dValue, nWidth, align);
   nDecimals = std::clamp(nDecimals, 0, c_nMaxDecimals);
-  const std::optional<std::uint64_t> nScaled = RoundScaled(dValue, nDecimals);
+  return Decimal(dValue, RoundScaled(dValue, nDecimals), nDecimals, nWidth, align);
+}
+
+CTextWriter& CTextWriter::FixedRow(std::span<const double> values, int nDecimals, int nWidth) {
+  nDecimals = std::clamp(nDecimals, 0, c_nMaxDecimals);
+  const bool bNarrow = nWidth <= static_cast<int>(c_nSlack);
+  std::optional<std::uint64_t> nLast;  // of the field before, where it may be copied
+  bool bLastNegative = false;
+  size_t nField = 0;
+  for (const double dValue : values) {
+    const std::optional<std::uint64_t> nScaled = RoundScaled(dValue, nDecimals);
+    const bool bNegative = std::signbit(dValue);
+    const bool bRoom = bNarrow && m_nUsed + 2 * c_nSlack <= m_nRoom;
+    if (bRoom && nScaled && nScaled == nLast && bNegative == bLastNegative) {
+      std::memmove(m_pBuffer.get() + m_nUsed, m_pBuffer.get() + m_nUsed - nField, c_nSlack);
+      m_nUsed += nField;
+      continue;
+    }
+    const size_t nStart = m_nUsed;
+    nScaled ? Decimal(dValue, nScaled, nDecimals, nWidth, Align::Left) : Fixed(dValue, nDecimals, nWidth);
+    nField = m_nUsed - nStart;
+    nLast = bRoom ? nScaled : std::nullopt;
+    bLastNegative = bNegative;
+  }
+  return *this;
+}
+
+CTextWriter& CTextWriter::Decimal(double dValue, std::optional<std::uint64_t> nScaled, int nDecimals, int nWidth,
+                                  Align align) {
   if (!nScaled || !CEightDigits::CanHold(*nScaled, nDecimals)) {
     return Text(FormFixed(dValue, nScaled, nDecimals).Get(), nWidth, align);
   }
