@@ -194,9 +194,9 @@ CTextWriter& CTextWriter::Decimal(double dValue, std::optional<std::uint64_t> nS
     return Text(FormFixed(dValue, nScaled, nDecimals).Get(), nWidth, align);
   }
   const CEightDigits digits(*nScaled);
-  const int nSign = std::signbit(dValue) ? 1 : 0;
+  const std::size_t nSign = std::signbit(dValue) ? 1 : 0;
   const int nWhole = std::max(digits.Count() - nDecimals, 1);
-  return Field(static_cast<size_t>(nSign + nWhole + 1 + nDecimals), nWidth, align, [=](char* p) {
+  return Field(nSign + static_cast<size_t>(nWhole) + 1 + static_cast<size_t>(nDecimals), nWidth, align, [=](char* p) {
     *p = '-';
     p += nSign;
     digits.PutLast(nWhole + nDecimals, p);
