@@ -63,6 +63,12 @@ TEST(TextWriter, NumbersHaveTheTextOfPrintf) {
     ASSERT_TRUE(back.has_value()) << d;
     ASSERT_EQ(std::bit_cast<std::uint64_t>(*back), std::bit_cast<std::uint64_t>(d));
   }
+  std::vector<double> row = {0.0, -0.0, -1e-9, 5e9, 5e9, 0.0625, 0.0625, std::nan(""), 3187.381, 3187.3810001};
+  for (int k = 0; k < 400; ++k) row.insert(row.end(), {1.0 * k, 1.0 * k, -2.5e6, -2.5e6});
+  std::string strFields;
+  for (const double d : row) strFields += Print(std::isnan(d) ? "%-15f" : "%-15.3f", d);
+  EXPECT_EQ(Written([&row](CTextWriter& w) { w.FixedRow(row, 3, 15).FixedRow(row, 3, 15).FixedRow(row, 3, 15); }),
+            strFields + strFields + strFields);
   EXPECT_EQ(Written([](CTextWriter& w) { w.GeneralPoint(1.5).Text(" ").GeneralPoint(-999999.75); }),
             "1.50000 -1.00000e+06");
   EXPECT_EQ(FormatShortest(1.0e-16) + " " + FormatShortest(0.02) + " " + FormatShortest(10.0), "1e-16 0.02 10");

@@ -1,9 +1,9 @@
 #include "skyframe/hostdata/HostData.h"
 
-#include <cstring>
 #include <type_traits>
 
 #include "HostState.h"
+#include "skyframe/platform/Pages.h"
 
 namespace skyframe {
 
@@ -18,11 +18,11 @@ std::string g_FilePathName;
 
 namespace {
 
-/// The records are too large for a temporary on the stack.
+/// The records are too large for a temporary on the stack, and a model fills but a part of them.
 template <class Record>
 void ClearRecord(Record& record) {
   static_assert(std::is_trivially_copyable_v<Record>);
-  std::memset(&record, 0, sizeof record);
+  ClearPages(&record, sizeof record);
 }
 
 }  // namespace

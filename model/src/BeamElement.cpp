@@ -17,6 +17,9 @@ constexpr int c_beamPlaces[] = {0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11};
 /// A torsion constant of no more than this counts as not given.
 constexpr double c_dNoTorsion = 1.0e-15;
 
+/// Components of the end forces at an end.
+enum ForceComponent : int { c_nQy = 1, c_nQz, c_nMyz, c_nMzx, c_nMxy };
+
 constexpr int c_nValueWidth = 15;
 constexpr int c_nDecimals = 3;
 
@@ -28,9 +31,7 @@ double Sample(const Diagram& diagram, int p, int nStations) {
 }
 
 void WriteDiagram(CTextWriter& out, std::string_view strLabel, const Diagram& values) {
-  out.Text(strLabel);
-  for (const double dValue : values) out.Fixed(dValue, c_nDecimals, c_nValueWidth);
-  out.EndLine();
+  out.Text(strLabel).FixedRow(values, c_nDecimals, c_nValueWidth).EndLine();
 }
 
 }  // namespace
@@ -69,28 +70,31 @@ void CBeamElem::OutputMaterial(CTextWriter& out) const {
 
 void CBeamElem::OutputInternalForce(CTextWriter& out) const {
   out.Text(texts::c_strBeamAxialForce).Fixed(m_dAxialForce, c_nDecimals, c_nValueWidth).EndLine();
-  WriteDiagram(out, "MYZ:  ", m_myz);
-  WriteDiagram(out, "MZX:  ", m_mzx);
-  WriteDiagram(out, "MXY:  ", m_mxy);
-  WriteDiagram(out, "Qy:   ", m_qy);
-  WriteDiagram(out, "Qz:   ", m_qz);
-  WriteDiagram(out, "Fy:   ", m_fy);
-  WriteDiagram(out, "Fz:   ", m_fz);
+  WriteDiagram(out, "MYZ:  ", FormForceDiagram(c_nMyz));
+  WriteDiagram(out, "MZX:  ", FormForceDiagram(c_nMzx));
+  WriteDiagram(out, "MXY:  ", FormForceDiagram(c_nMxy));
+  WriteDiagram(out, "Qy:   ", FormForceDiagram(c_nQy));
+  WriteDiagram(out, "Qz:   ", FormForceDiagram(c_nQz));
+  Diagram fy, fz;
+  GetDeflectionDiagram(fy, fz);
+  WriteDiagram(out, "Fy:   ", fy);
+  WriteDiagram(out, "Fz:   ", fz);
 }
 
 double CBeamElem::GetForceDiagram(Diagram& myz, Diagram& mzx, Diagram& mxy, Diagram& qy, Diagram& qz) const {
-  myz = m_myz;
-  mzx = m_mzx;
-  mxy = m_mxy;
-  qy = m_qy;
-  qz = m_qz;
+  myz = FormForceDiagram(c_nMyz);
+  mzx = FormForceDiagram(c_nMzx);
+  mxy = FormForceDiagram(c_nMxy);
+  qy = FormForceDiagram(c_nQy);
+  qz = FormForceDiagram(c_nQz);
   return m_dAxialForce;
 }
 
 std::array<double, 2> CBeamElem::GetDeflectionDiagram(Diagram& fy, Diagram& fz) const {
-  fy = m_fy;
-  fz = m_fz;
-  return m_axialDisplacement;
+  const MemberVector& u = m_shown.displacement;
+  fy = FormDeflectionDiagram(c_planeZ, m_shown.dPhiZ, m_shown.dLength, u);
+  fz = FormDeflectionDiagram(c_planeY, m_shown.dPhiY, m_shown.dLength, u);
+  return {u[0], u[6]};
 }
 
 void CBeamElem::SetData(const ElementData& data) {
@@ -105,8 +109,7 @@ void CBeamElem::SetData(const ElementData& data) {
 }
 
 void CBeamElem::ResetDiagrams() {
-  for (Diagram* pDiagram : {&m_myz, &m_mzx, &m_mxy, &m_qy, &m_qz, &m_fy, &m_fz}) pDiagram->fill(0.0);
-  m_axialDisplacement.fill(0.0);
+  m_shown = {};
   m_endForce.fill(0.0);
   m_displacement.fill(0.0);
   m_dAxialForce = 0.0;
@@ -130,8 +133,8 @@ void CBeamElem::ComputeInternalForce(std::span<const double> u, bool bIncrementa
   m_dForceLength = m_frame.GetLength();
   m_dAxialForce = m_endForce[6];
   if (!bFillDiagrams) return;
-  FillForceDiagrams();
-  FillDeflectionDiagrams(bShear);
+  const BeamProperties p = GetProperties(bShear);
+  m_shown = {m_endForce, m_displacement, p.L, p.phiY, p.phiZ};
 }
 
 const CMatrix& CBeamElem::FormElementStiffness(bool bGeometric, bool bShear) const {
@@ -169,12 +172,12 @@ MemberVector CBeamElem::GetGlobalEndForces() const {
 }
 
 std::vector<double> CBeamElem::SampleForces(int nStations) const {
+  const std::array<Diagram, 5> diagrams = {FormForceDiagram(c_nQy), FormForceDiagram(c_nQz), FormForceDiagram(c_nMyz),
+                                           FormForceDiagram(c_nMzx), FormForceDiagram(c_nMxy)};
   std::vector<double> forces;
   for (int p = 0; p < nStations; ++p) {
     forces.push_back(m_dAxialForce);
-    for (const Diagram* const pDiagram : {&m_qy, &m_qz, &m_myz, &m_mzx, &m_mxy}) {
-      forces.push_back(Sample(*pDiagram, p, nStations));
-    }
+    for (const Diagram& diagram : diagrams) forces.push_back(Sample(diagram, p, nStations));
   }
   return forces;
 }
@@ -214,23 +217,9 @@ void CBeamElem::SetAxialForce(double N) {
   m_endForce[6] = N;
 }
 
-void CBeamElem::FillForceDiagrams() {
-  const MemberVector& f = m_endForce;
-  m_qy = FormLinearDiagram(f[1], -f[7]);
-  m_qz = FormLinearDiagram(f[2], -f[8]);
-  m_myz = FormLinearDiagram(f[3], -f[9]);
-  m_mzx = FormLinearDiagram(f[4], -f[10]);
-  m_mxy = FormLinearDiagram(f[5], -f[11]);
-}
-
-void CBeamElem::FillDeflectionDiagrams(bool bShear) {
-  const BeamProperties p = GetProperties(bShear);
-  for (int n = 0; n < c_nStations; ++n) {
-    const double xi = GetStation(n);
-    m_fy[n] = InterpolateDeflection(c_planeZ, p.phiZ, p.L, m_displacement, xi);
-    m_fz[n] = InterpolateDeflection(c_planeY, p.phiY, p.L, m_displacement, xi);
-  }
-  m_axialDisplacement = {m_displacement[0], m_displacement[6]};
+Diagram CBeamElem::FormForceDiagram(int nComponent) const {
+  const MemberVector& f = m_shown.endForce;
+  return FormLinearDiagram(f[nComponent], -f[nComponent + c_nDofsPerNode]);
 }
 
 }  // namespace skyframe

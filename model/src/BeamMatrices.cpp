@@ -62,6 +62,13 @@ void SetTwistCoupling(CMatrix& A, const BendingPlane& p, double m0, double m1, d
   A[3][p.ti] = A[9][p.tj] = -t;
 }
 
+/// Shape functions at the stations, without shear deformation.
+constexpr auto c_shapes = [] {
+  std::array<HermiteCubic, c_nStations> shapes = {};
+  for (int p = 0; p < c_nStations; ++p) shapes[p] = FormHermiteCubic(GetStation(p));
+  return shapes;
+}();
+
 int FindPlace(std::span<const int> places, int nPlace) {
   int k = 0;
   while (places[k] != nPlace) ++k;
@@ -139,10 +146,14 @@ void FormHingeMatrix(const BeamProperties& p, HingedEnd hinge, std::span<const i
   if (hinge == HingedEnd::J) out[9][FindPlace(places, 3)] = 1.0;
 }
 
-double InterpolateDeflection(const BendingPlane& plane, double phi, double L, const MemberVector& u, double xi) {
-  const HermiteCubic N = FormHermiteCubic(xi, phi);
-  return N.dI * u[plane.ui] + N.dJ * u[plane.uj] +
-         plane.sign * (L * N.dSlopeI * u[plane.ti] + L * N.dSlopeJ * u[plane.tj]);
+Diagram FormDeflectionDiagram(const BendingPlane& plane, double phi, double L, const MemberVector& u) {
+  Diagram values;
+  for (int p = 0; p < c_nStations; ++p) {
+    const HermiteCubic N = phi == 0.0 ? c_shapes[p] : FormHermiteCubic(GetStation(p), phi);
+    values[p] = N.dI * u[plane.ui] + N.dJ * u[plane.uj] +
+                plane.sign * (L * N.dSlopeI * u[plane.ti] + L * N.dSlopeJ * u[plane.tj]);
+  }
+  return values;
 }
 
 }  // namespace skyframe

@@ -49,8 +49,7 @@ void FormGeometricMatrix(const BeamProperties& p, double N, const EndMoments& m,
 /// places: those kept; out is 12 x their number.
 void FormHingeMatrix(const BeamProperties& p, HingedEnd hinge, std::span<const int> places, CMatrix& out);
 
-/// Deflection at xi = x/L of the plane from the twelve local displacements, exact for end loads.
-[[nodiscard]] double InterpolateDeflection(const BendingPlane& plane, double phi, double L, const MemberVector& u,
-                                           double xi);
+/// Deflection of the plane at the stations from the twelve local displacements, exact for end loads.
+[[nodiscard]] Diagram FormDeflectionDiagram(const BendingPlane& plane, double phi, double L, const MemberVector& u);
 
 }  // namespace skyframe

@@ -1,5 +1,6 @@
 #include "ElementWork.h"
 
+#include <algorithm>
 #include <cassert>
 
 namespace skyframe {
@@ -7,6 +8,12 @@ namespace skyframe {
 namespace {
 
 std::array<ElementWork, 3> g_elementWork = {ElementWork(6), ElementWork(9), ElementWork(12)};
+
+constexpr Diagram c_stations = [] {
+  Diagram stations = {};
+  for (int p = 0; p < c_nStations; ++p) stations[p] = GetStation(p);
+  return stations;
+}();
 
 /// Rows of A for block nRow and columns for block nCol: R^t A_block R into out.
 void RotateBlock(const CMatrix& A, const LocalAxes& R, int nRow, int nCol, CMatrix& out) {
@@ -92,10 +99,7 @@ void FormCongruence(const CMatrix& A, const CMatrix& T, CMatrix& out) {
 
 Diagram FormLinearDiagram(double dI, double dJ) {
   Diagram values;
-  for (int p = 0; p < c_nStations; ++p) {
-    const double xi = GetStation(p);
-    values[p] = (1.0 - xi) * dI + xi * dJ;
-  }
+  std::ranges::transform(c_stations, values.begin(), [=](double xi) { return (1.0 - xi) * dI + xi * dJ; });
   return values;
 }
 

@@ -104,12 +104,22 @@ COutputBuffer::int_type COutputBuffer::overflow(int_type c) {
   return traits_type::not_eof(c);
 }
 
+std::streamsize COutputBuffer::xsputn(const char_type* pBytes, std::streamsize nCount) {
+  if (nCount < epptr() - pptr()) return std::streambuf::xsputn(pBytes, nCount);
+  // Much at once goes past the buffer.
+  return WriteOut() && Write(pBytes, static_cast<std::size_t>(nCount)) ? nCount : 0;
+}
+
 int COutputBuffer::sync() { return WriteOut() ? 0 : -1; }
 
 bool COutputBuffer::WriteOut() {
-  const auto nCount = static_cast<std::size_t>(pptr() - pbase());
-  if (m_nError == 0 && !system_file::WriteAll(m_nDescriptor, pbase(), nCount)) m_nError = errno;
+  const bool bWritten = Write(pbase(), static_cast<std::size_t>(pptr() - pbase()));
   setp(m_bytes.data(), m_bytes.data() + m_bytes.size());
+  return bWritten;
+}
+
+bool COutputBuffer::Write(const char* pBytes, std::size_t nCount) {
+  if (m_nError == 0 && !system_file::WriteAll(m_nDescriptor, pBytes, nCount)) m_nError = errno;
   return m_nError == 0;
 }
 

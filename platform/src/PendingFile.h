@@ -27,11 +27,13 @@ class COutputBuffer final : public std::streambuf {
 
  protected:
   int_type overflow(int_type c) override;
+  std::streamsize xsputn(const char_type* pBytes, std::streamsize nCount) override;
   int sync() override;
 
  private:
-  /// False when the bytes, or others before them, could not be written.
+  // False when the bytes, or others before them, could not be written.
   bool WriteOut();
+  bool Write(const char* pBytes, std::size_t nCount);
 
   static constexpr std::size_t c_nSize = std::size_t{1} << 16U;
 

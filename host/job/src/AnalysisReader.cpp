@@ -143,10 +143,10 @@ void CFieldReader::Visit(const Field& field, JobPeaks& peaks) {
 }
 
 void CFieldReader::Visit(const Field& field, JobAxes& axes) {
-  const Json* pArray = m_object.Array(field.strKey, Need::Optional);
-  if (pArray == nullptr) return;
-  for (const Json& value : *pArray) {
-    const auto it = std::ranges::find(c_strAxes, value.is_string() ? value.get<std::string>() : "");
+  const std::optional<CJsonValue> array = m_object.Array(field.strKey, Need::Optional);
+  if (!array) return;
+  for (const CJsonValue value : *array) {
+    const auto it = std::ranges::find(c_strAxes, value.IsText() ? value.GetText() : "");
     if (it == c_strAxes.end()) return m_object.Error(field.strKey, Say(texts::c_notSomeOf, {JoinWords(c_strAxes)}));
     axes[static_cast<std::size_t>(it - c_strAxes.begin())] = true;
   }
@@ -188,10 +188,10 @@ void CFieldReader::Visit(const Field& field, JobOutputs& outputs) {
 std::vector<int> CFieldReader::ReadOutputElements(CJobObject& members) const {
   constexpr std::string_view c_strKey = "elements";
   std::vector<int> elements;
-  const Json* const pArray = members.Array(c_strKey, Need::Optional);
-  if (pArray == nullptr) return elements;
-  for (const Json& value : *pArray) {
-    const double dNumber = value.is_number_integer() ? value.get<double>() : 0.0;
+  const std::optional<CJsonValue> array = members.Array(c_strKey, Need::Optional);
+  if (!array) return elements;
+  for (const CJsonValue value : *array) {
+    const double dNumber = value.IsInteger() ? value.GetNumber() : 0.0;
     const int nElement = dNumber >= 1.0 && dNumber <= m_context.nElements ? static_cast<int>(dNumber) : 0;
     if (nElement == 0) {
       members.Error(c_strKey, Say(texts::c_elementNumbers, {std::to_string(m_context.nElements)}));

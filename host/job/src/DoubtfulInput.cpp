@@ -80,11 +80,10 @@ class CDoubtfulInput {
       const JobElement& element = m_job.elements[k];
       const JobSection& section = m_job.sections[element.nSection];
       const bool bBends = element.nType == c_nBeam && (IsRigid(element.nNodeI) || IsRigid(element.nNodeJ));
-      const std::string strSection = Quote(section.strId);
       if (section.dArea == 0.0) {
-        m_found.push_back({At("elements", k), Say(texts::c_noArea, {strSection}), "no-area"});
+        m_found.push_back({At("elements", k), Say(texts::c_noArea, {Quote(section.strId)}), "no-area"});
       } else if (bBends && (section.dIy == 0.0 || section.dIz == 0.0)) {
-        m_found.push_back({At("elements", k), Say(texts::c_noInertia, {strSection}), "no-inertia"});
+        m_found.push_back({At("elements", k), Say(texts::c_noInertia, {Quote(section.strId)}), "no-inertia"});
       }
     }
   }

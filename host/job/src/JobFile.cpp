@@ -29,7 +29,8 @@ constexpr std::string_view c_strJobSuffix = ".json";
 /// Turns the tree into a job, part by part; every error is noted and reading goes on.
 class CJobParser {
  public:
-  CJobParser(const Json& tree, JobFile& file) : m_root(tree, "", file.errors), m_file(file), m_job(file.job) {}
+  CJobParser(const CJsonTree& tree, JobFile& file)
+      : m_root(tree.GetRoot(), file.errors), m_file(file), m_job(file.job) {}
 
   void Parse() {
     m_root.Text("$schema", Need::Optional);  // for editors
@@ -51,12 +52,11 @@ class CJobParser {
   /// Calls the reader with each entry's object.
   template <class Reader>
   void ForEach(std::string_view strKey, Need need, Reader reader) {
-    const Json* pArray = m_root.Array(strKey, need);
-    if (pArray == nullptr) return;
-    std::size_t nIndex = 0;
-    for (const Json& entry : *pArray) {
+    const std::optional<CJsonValue> array = m_root.Array(strKey, need);
+    if (!array) return;
+    for (const CJsonValue entry : *array) {
       if (HasTooMany(m_file.errors)) return;
-      CJobObject object(entry, AppendPointer(m_root.GetPlace(strKey), nIndex++), m_file.errors);
+      CJobObject object(entry, m_file.errors);
       reader(object);
       object.ReportUnknownKeys();
     }
@@ -111,7 +111,7 @@ class CJobParser {
   void ReadSections() {
     ForEach("sections", Need::Optional, [this](CJobObject& object) {
       JobSection section;
-      const std::optional<std::string> strId = object.Text("id", Need::Required);
+      const std::optional<std::string_view> strId = object.Text("id", Need::Required);
       section.strId = strId.value_or("");
       section.nShape = object.Integer("shape", Need::Optional, 1, 6).value_or(1);
       section.dArea = object.NumberAtLeast("area", Need::Required, 0.0).value_or(0.0);
@@ -148,7 +148,7 @@ class CJobParser {
   }
 
   int ReadSectionPlace(CJobObject& object) {
-    const std::optional<std::string> strId = object.Text("section", Need::Required);
+    const std::optional<std::string_view> strId = object.Text("section", Need::Required);
     if (!strId) return 0;
     const auto it = m_placeOfSection.find(*strId);
     if (it != m_placeOfSection.end()) return it->second;
@@ -165,17 +165,15 @@ class CJobParser {
   }
 
   void ReadInclinedSupports() {
-    const Json* pArray = m_root.Array("inclined_supports", Need::Optional);
-    if (pArray == nullptr) return;
+    const std::optional<CJsonValue> array = m_root.Array("inclined_supports", Need::Optional);
+    if (!array) return;
     std::unordered_set<int> seen;
-    for (std::size_t k = 0; k < pArray->size(); ++k) {
-      const std::string strPlace = AppendPointer(m_root.GetPlace("inclined_supports"), k);
-      const Json& value = (*pArray)[k];
-      const auto it = value.is_number_integer() ? m_numberOfId.find(ClampToInt(value)) : m_numberOfId.end();
+    for (const CJsonValue value : *array) {
+      const auto it = value.IsInteger() ? m_numberOfId.find(ClampToInt(value)) : m_numberOfId.end();
       if (it == m_numberOfId.end()) {
-        AddError(m_file.errors, {strPlace, std::string(Say(texts::c_notNode))});
+        AddError(m_file.errors, {value.GetPlace(), std::string(Say(texts::c_notNode))});
       } else if (!seen.insert(it->second).second) {
-        AddError(m_file.errors, {strPlace, Say(texts::c_listedTwice, {std::to_string(it->first)})});
+        AddError(m_file.errors, {value.GetPlace(), Say(texts::c_listedTwice, {std::to_string(it->first)})});
       } else {
         m_job.inclinedSupports.push_back(it->second);
       }
@@ -183,9 +181,9 @@ class CJobParser {
   }
 
   /// Numbers that are no int become 0, which is no node id.
-  static int ClampToInt(const Json& value) {
-    const auto dValue = value.get<double>();
-    return dValue >= 1.0 && dValue <= std::numeric_limits<int>::max() ? value.get<int>() : 0;
+  static int ClampToInt(CJsonValue value) {
+    const std::int64_t nValue = value.GetInteger();
+    return nValue >= 1 && nValue <= std::numeric_limits<int>::max() ? static_cast<int>(nValue) : 0;
   }
 
   void ReadLoads() {
@@ -237,7 +235,7 @@ class CJobParser {
   Places m_numberOfId;
   bool m_bCasesKnown = true;  ///< no load has an error in its case
   std::unordered_set<int> m_springGroups;
-  std::unordered_map<std::string, int> m_placeOfSection;
+  std::unordered_map<std::string_view, int> m_placeOfSection;
 };
 
 JobFile Refuse(const Words& words) {
@@ -257,11 +255,8 @@ JobFile ReadWithinMemory(Reader reader) {
 }
 
 JobFile ParseText(std::string_view strText, const std::string& strJobPath) {
-  constexpr std::size_t c_nReserve = std::size_t{8} << 20U;
   JobFile file;
-  Json tree;
-  std::string strReserve;  // given back before the tree goes: its destructor needs memory and must not fail
-  strReserve.reserve(c_nReserve);
+  CJsonTree tree;
   if (ParseJson(strText, c_capacities, tree, file.errors)) CJobParser(tree, file).Parse();
   if (HasTooMany(file.errors)) {
     file.errors.push_back({"", Say(texts::c_tooManyErrors, {std::to_string(c_nMostErrors)})});
@@ -280,7 +275,10 @@ JobFile ReadText(const std::string& strPath) {
   const auto pStream = GetPlatform().OpenForReading(strPath);
   if (!pStream) return Refuse(texts::c_cannotOpen);
   std::string strText;
-  std::vector<char> buffer(std::size_t{1} << 20U);
+  std::error_code error;
+  const std::uintmax_t nExpected = std::filesystem::file_size(ToFilePath(strPath), error);
+  if (!error) strText.reserve(std::min(nExpected, c_nMaxFileSize));
+  std::array<char, std::size_t{1} << 16U> buffer;
   while (pStream->read(buffer.data(), static_cast<std::streamsize>(buffer.size())) || pStream->gcount() > 0) {
     strText.append(buffer.data(), static_cast<std::size_t>(pStream->gcount()));
     if (strText.size() > c_nMaxFileSize) return Refuse(texts::c_fileTooLarge);
@@ -300,11 +298,11 @@ JobFile ParseJob(std::string_view strText, const std::string& strJobPath) {
 
 std::optional<JobAnalysis> ParseAnalysis(std::string_view strText, const Job& job) {
   std::vector<JobProblem> errors;
-  Json tree;
+  CJsonTree tree;
   if (!ParseJson(strText, {}, tree, errors)) return std::nullopt;
   std::unordered_map<int, int> numberOfId;
   for (std::size_t i = 0; i < job.nodes.size(); ++i) numberOfId[job.nodes[i].nId] = static_cast<int>(i) + 1;
-  CJobObject object(tree, "", errors);
+  CJobObject object(tree.GetRoot(), errors);
   std::optional<JobAnalysis> analysis =
       ReadAnalysis(object, {job.GetHighestCase(), static_cast<int>(job.elements.size()), numberOfId});
   return errors.empty() ? analysis : std::nullopt;

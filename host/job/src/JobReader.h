@@ -1,9 +1,9 @@
 #pragma once
 
 #include <array>
+#include <bitset>
 #include <limits>
 #include <optional>
-#include <set>
 #include <span>
 #include <string>
 #include <string_view>
@@ -22,7 +22,7 @@ enum class Need { Required, Optional };
 class CJobObject {
  public:
   /// A value that is no object is reported; every query then returns nothing in silence.
-  CJobObject(const Json& value, std::string strPlace, std::vector<JobProblem>& errors);
+  CJobObject(CJsonValue value, std::vector<JobProblem>& errors);
 
   std::optional<int> Integer(std::string_view strKey, Need need, int nLowest = std::numeric_limits<int>::min(),
                              int nHighest = std::numeric_limits<int>::max());
@@ -30,26 +30,29 @@ class CJobObject {
   std::optional<double> Number(std::string_view strKey, Need need);
   std::optional<double> NumberAtLeast(std::string_view strKey, Need need, double dLowest);
   std::optional<bool> Boolean(std::string_view strKey, Need need);
-  std::optional<std::string> Text(std::string_view strKey, Need need);
+  /// Lives as long as the tree.
+  std::optional<std::string_view> Text(std::string_view strKey, Need need);
   /// Index of the word.
   std::optional<int> Word(std::string_view strKey, Need need, std::span<const std::string_view> words);
   /// Likewise of an entry of an array.
-  std::optional<double> CheckNumber(const Json& value, const std::string& strPlace);
+  std::optional<double> CheckNumber(CJsonValue value);
   /// An array of so many numbers.
   template <std::size_t nCount>
   std::optional<std::array<double, nCount>> Numbers(std::string_view strKey, Need need) {
     std::array<double, nCount> values = {};
     return ReadNumbers(strKey, need, values) ? std::optional(values) : std::nullopt;
   }
-  /// Null when absent or no array.
-  const Json* Array(std::string_view strKey, Need need);
+  /// Nothing when absent or no array.
+  std::optional<CJsonValue> Array(std::string_view strKey, Need need);
   /// The entries of an array of objects.
   std::vector<CJobObject> Objects(std::string_view strKey, Need need);
   /// Nothing when absent.
   std::optional<CJobObject> Object(std::string_view strKey, Need need);
 
   [[nodiscard]] bool Has(std::string_view strKey) const;
-  [[nodiscard]] std::string GetPlace(std::string_view strKey) const { return AppendPointer(m_strPlace, strKey); }
+  [[nodiscard]] std::string GetPlace(std::string_view strKey) const {
+    return AppendPointer(m_value.GetPlace(), strKey);
+  }
   void Error(std::string_view strKey, std::string_view strReason);
 
   /// Names of all members.
@@ -61,13 +64,12 @@ class CJobObject {
   void AcceptAllKeys();
 
  private:
-  const Json* Find(std::string_view strKey, Need need);
+  std::optional<CJsonValue> Find(std::string_view strKey, Need need);
   bool ReadNumbers(std::string_view strKey, Need need, std::span<double> values);
 
-  const Json& m_value;
-  std::string m_strPlace;
+  CJsonValue m_value;
   std::vector<JobProblem>& m_errors;
-  std::set<std::string, std::less<>> m_asked;
+  std::bitset<c_nMostMembers> m_asked;  ///< members in their order
 };
 
 /// True when the number is finite in single precision.

@@ -1,6 +1,7 @@
 #include "JsonText.h"
 
 #include <algorithm>
+#include <bit>
 #include <unordered_set>
 
 #include "skyframe/job/Text.h"
@@ -14,7 +15,6 @@ constexpr std::size_t c_nMaxDepth = 32;
 // Several times what a job that fills the host records has.
 constexpr std::size_t c_nMostValues = 4'000'000;
 constexpr std::size_t c_nMostEntries = 90'000;
-constexpr std::size_t c_nMostMembers = 1'000;
 /// Bytes of the parser's words that a message shows.
 constexpr std::size_t c_nLongestReason = 200;
 
@@ -41,27 +41,31 @@ std::string GetParserReason(const std::exception& error) {
 /// Builds the tree in one walk over the text, and breaks off at the first thing that is too much of it.
 class CTreeBuilder final : public nlohmann::json_sax<Json> {
  public:
-  CTreeBuilder(std::string_view strText, std::span<const ArrayCapacity> capacities, Json& tree,
+  CTreeBuilder(std::string_view strText, std::span<const ArrayCapacity> capacities, CJsonTree& tree,
                std::vector<JobProblem>& errors)
       : m_strText(strText), m_capacities(capacities), m_tree(tree), m_errors(errors) {}
 
-  bool null() override { return Value(nullptr); }
-  bool boolean(bool bValue) override { return Value(bValue); }
-  bool number_integer(number_integer_t nValue) override { return Value(nValue); }
-  bool number_unsigned(number_unsigned_t nValue) override { return Value(nValue); }
-  bool number_float(number_float_t dValue, const string_t&) override { return Value(dValue); }
-  bool string(string_t& strValue) override { return Value(std::move(strValue)); }
+  bool null() override { return Add({.kind = Kind::Null}); }
+  bool boolean(bool bValue) override { return Add({.kind = Kind::Boolean, .nValue = bValue ? 1U : 0U}); }
+  bool number_integer(number_integer_t nValue) override {
+    return Add({.kind = Kind::Signed, .nValue = std::bit_cast<std::uint64_t>(nValue)});
+  }
+  bool number_unsigned(number_unsigned_t nValue) override { return Add({.kind = Kind::Unsigned, .nValue = nValue}); }
+  bool number_float(number_float_t dValue, const string_t&) override {
+    return Add({.kind = Kind::Real, .nValue = std::bit_cast<std::uint64_t>(dValue)});
+  }
+  bool string(string_t& strValue) override { return Add(m_tree.MakeText(strValue)); }
   bool binary(binary_t&) override { return false; }
-  bool start_object(std::size_t) override { return Enter(Json::object()); }
-  bool start_array(std::size_t) override { return Enter(Json::array()); }
+  bool start_object(std::size_t) override { return Enter(Kind::Object, c_nMostMembers); }
+  bool start_array(std::size_t) override { return Enter(Kind::Array, GetCapacity()); }
   bool end_object() override { return Leave(); }
   bool end_array() override { return Leave(); }
 
   bool key(string_t& strKey) override {
     Level& level = m_levels.back();
-    level.strKey = strKey;
-    return level.keys.insert(std::move(strKey)).second ||
-           AddError(m_errors, {GetPlace(), std::string(Say(texts::c_keyTwice))});
+    level.bNewKey = IsNewKey(level, strKey);
+    level.key = m_tree.KeepText(strKey);
+    return level.bNewKey || AddError(m_errors, {GetPlace(), std::string(Say(texts::c_keyTwice))});
   }
 
   bool parse_error(std::size_t nPosition, const std::string&, const nlohmann::detail::exception& error) override {
@@ -70,23 +74,41 @@ class CTreeBuilder final : public nlohmann::json_sax<Json> {
   }
 
  private:
-  /// An array or object that is open. It stays where it is: its parent does not grow meanwhile.
+  using Kind = CJsonTree::Kind;
+
+  /// An array or object that is open.
   struct Level {
-    Json* pValue = nullptr;
+    std::uint32_t nNode = 0;
+    bool bObject = false;
     std::size_t nCapacity = 0;
-    std::string strKey = {};
-    std::unordered_set<std::string> keys = {};
+    std::size_t nSize = 0;     ///< values in it, those of a key that comes again but once
+    CJsonTree::Text key = {};  ///< of the member that comes next or is open
+    bool bNewKey = true;
+    std::unordered_set<std::string> keys = {};  ///< of many members
   };
 
-  /// Of the value that comes next; of the innermost open one when bOpen.
-  [[nodiscard]] std::string GetPlace(bool bOpen = false) const {
-    std::string strPlace;
-    for (std::size_t k = 0; k + (bOpen ? 1 : 0) < m_levels.size(); ++k) {
-      const Json& parent = *m_levels[k].pValue;
-      const std::size_t nIndex = parent.size() - (k + 1 < m_levels.size() ? 1 : 0);  // the open child is in already
-      strPlace = parent.is_object() ? AppendPointer(strPlace, m_levels[k].strKey) : AppendPointer(strPlace, nIndex);
+  /// A few keys are compared one by one.
+  bool IsNewKey(Level& level, const std::string& strKey) const {
+    constexpr std::size_t c_nFew = 16;
+    const CJsonValue::Iterator first(m_tree, level.nNode + 1);
+    const CJsonValue::Iterator last(m_tree, static_cast<std::uint32_t>(m_tree.GetCount()));
+    if (level.nSize < c_nFew) return std::ranges::find(first, last, strKey, &CJsonValue::GetKey) == last;
+    if (level.keys.empty()) {
+      for (auto it = first; it != last; ++it) level.keys.emplace((*it).GetKey());
     }
-    return strPlace;
+    return level.keys.insert(strKey).second;
+  }
+
+  [[nodiscard]] std::string GetOpenPlace() const {
+    return m_levels.empty() ? std::string() : CJsonValue(m_tree, m_levels.back().nNode).GetPlace();
+  }
+
+  /// Of the value that comes next.
+  [[nodiscard]] std::string GetPlace() const {
+    if (m_levels.empty()) return {};
+    const Level& level = m_levels.back();
+    return level.bObject ? AppendPointer(GetOpenPlace(), m_tree.GetText(level.key))
+                         : AppendPointer(GetOpenPlace(), level.nSize);
   }
 
   bool Refuse(const std::string& strPlace, std::string strReason) {
@@ -94,55 +116,56 @@ class CTreeBuilder final : public nlohmann::json_sax<Json> {
     return false;
   }
 
-  /// Null when it is too much.
-  Json* Add(Json value) {
-    if (++m_nValues > c_nMostValues) {
-      Refuse(GetPlace(), Say(texts::c_tooManyValues, {std::to_string(c_nMostValues)}));
-      return nullptr;
+  /// False when it is too much.
+  bool Add(CJsonTree::Node node) {
+    if (m_tree.GetCount() == c_nMostValues) {
+      return Refuse(GetPlace(), Say(texts::c_tooManyValues, {std::to_string(c_nMostValues)}));
     }
-    if (m_levels.empty()) return &(m_tree = std::move(value));
-    const Level& level = m_levels.back();
-    Json& parent = *level.pValue;
-    if (parent.size() == level.nCapacity) {
-      const Words& words = parent.is_object() ? texts::c_tooManyMembers : texts::c_tooManyEntries;
-      Refuse(GetPlace(true), Say(words, {std::to_string(level.nCapacity)}));
-      return nullptr;
+    if (m_levels.empty()) {
+      m_tree.Add(node);
+      return true;
     }
-    if (parent.is_object()) return &(parent[level.strKey] = std::move(value));
-    return &parent.emplace_back(std::move(value));
+    Level& level = m_levels.back();
+    if (level.nSize == level.nCapacity) {
+      const Words& words = level.bObject ? texts::c_tooManyMembers : texts::c_tooManyEntries;
+      return Refuse(GetOpenPlace(), Say(words, {std::to_string(level.nCapacity)}));
+    }
+    node.nParent = level.nNode;
+    node.key = level.key;
+    m_tree.Add(node);
+    if (level.bNewKey) ++level.nSize;
+    return true;
   }
 
-  bool Value(Json value) { return Add(std::move(value)) != nullptr; }
-
-  bool Enter(Json value) {
+  bool Enter(Kind kind, std::size_t nCapacity) {
     if (m_levels.size() == c_nMaxDepth) {
       return Refuse(GetPlace(), Say(texts::c_tooDeep, {std::to_string(c_nMaxDepth)}));
     }
-    const std::size_t nCapacity = value.is_object() ? c_nMostMembers : GetCapacity();
-    Json* const pValue = Add(std::move(value));
-    if (pValue != nullptr) m_levels.push_back({.pValue = pValue, .nCapacity = nCapacity});
-    return pValue != nullptr;
+    if (!Add({.kind = kind})) return false;
+    const auto nNode = static_cast<std::uint32_t>(m_tree.GetCount() - 1);
+    m_levels.push_back({.nNode = nNode, .bObject = kind == Kind::Object, .nCapacity = nCapacity});
+    return true;
   }
 
   /// Of the array that comes next.
   [[nodiscard]] std::size_t GetCapacity() const {
     if (m_levels.size() != 1) return c_nMostEntries;
-    const std::string& strKey = m_levels.front().strKey;
+    const std::string_view strKey = m_tree.GetText(m_levels.front().key);
     const auto it = std::ranges::find(m_capacities, strKey, &ArrayCapacity::strKey);
     return it == m_capacities.end() ? c_nMostEntries : it->nEntries;
   }
 
   bool Leave() {
+    m_tree.Close(m_levels.back().nNode);
     m_levels.pop_back();
     return true;
   }
 
   std::string_view m_strText;
   std::span<const ArrayCapacity> m_capacities;
-  Json& m_tree;
+  CJsonTree& m_tree;
   std::vector<JobProblem>& m_errors;
   std::vector<Level> m_levels;
-  std::size_t m_nValues = 0;
 };
 
 }  // namespace
@@ -152,8 +175,10 @@ bool AddError(std::vector<JobProblem>& errors, JobProblem error) {
   return !HasTooMany(errors);
 }
 
-bool ParseJson(std::string_view strText, std::span<const ArrayCapacity> capacities, Json& tree,
+bool ParseJson(std::string_view strText, std::span<const ArrayCapacity> capacities, CJsonTree& tree,
                std::vector<JobProblem>& errors) {
+  constexpr std::size_t c_nUsual = 8;  // characters of a value with its key
+  tree.Reserve(std::min(strText.size() / c_nUsual, c_nMostValues));
   CTreeBuilder builder(strText, capacities, tree, errors);
   return Json::sax_parse(strText.begin(), strText.end(), &builder) && errors.empty();
 }

@@ -50,11 +50,9 @@ constexpr const char* c_pszLimits = "limits";
 
 std::vector<double> ReadLevels(CJobObject& object) {
   std::vector<double> levels;
-  const Json* pArray = object.Array(c_pszStoreys, Need::Optional);
-  if (pArray == nullptr) return levels;
-  for (std::size_t k = 0; k < pArray->size(); ++k) {
-    levels.push_back(object.CheckNumber((*pArray)[k], AppendPointer(object.GetPlace(c_pszStoreys), k)).value_or(0.0));
-  }
+  const std::optional<CJsonValue> array = object.Array(c_pszStoreys, Need::Optional);
+  if (!array) return levels;
+  for (const CJsonValue value : *array) levels.push_back(object.CheckNumber(value).value_or(0.0));
   const bool bAscending = std::ranges::adjacent_find(levels, std::ranges::greater_equal()) == levels.end();
   if (levels.size() < 2 || !bAscending) object.Error(c_pszStoreys, std::string(Say(texts::c_badLevels)));
   return levels;

@@ -57,27 +57,29 @@ class CBeamElem : public CElement {
   [[nodiscard]] BeamProperties GetProperties(bool bShear) const;
 
  private:
+  /// What the diagrams are drawn from: the state when they were last asked to be filled.
+  struct ShownState {
+    MemberVector endForce = {};
+    MemberVector displacement = {};
+    double dLength = 0.0;
+    double dPhiY = 0.0;
+    double dPhiZ = 0.0;
+  };
+
   void AddIncrement(const MemberVector& du, bool bShear);
   void SetAxialForce(double N);
-  void FillForceDiagrams();
-  void FillDeflectionDiagrams(bool bShear);
+  /// Of the component 1..5 of the end forces: Qy, Qz, MYZ, MZX, MXY.
+  [[nodiscard]] Diagram FormForceDiagram(int nComponent) const;
 
   double m_dIx = 0.0;
   double m_dIy = 0.0;
   double m_dIz = 0.0;
   double m_dTorsionAlt = 0.0;
   double m_dShearCoefficient = 0.0;
-  Diagram m_myz = {};
-  Diagram m_mzx = {};
-  Diagram m_mxy = {};
-  Diagram m_qy = {};
-  Diagram m_qz = {};
-  Diagram m_fy = {};
-  Diagram m_fz = {};
-  std::array<double, 2> m_axialDisplacement = {};  ///< ends i and j
-  MemberVector m_endForce = {};                    ///< local axes, all twelve
-  MemberVector m_displacement = {};                ///< total, local axes, all twelve
-  double m_dForceLength = 0.0;                     ///< length at the last force update; 0: not yet
+  MemberVector m_endForce = {};      ///< local axes, all twelve
+  MemberVector m_displacement = {};  ///< total, local axes, all twelve
+  double m_dForceLength = 0.0;       ///< length at the last force update; 0: not yet
+  ShownState m_shown;
 };
 
 }  // namespace skyframe
