@@ -65,8 +65,8 @@ std::vector<int> CountFreeDofs(const CNodeGraph& graph) {
   return counts;
 }
 
-/// Small-profile orders that are tried. Of equal ones the first: it starts far from the lowest numbers, which mostly
-/// stand at the supports, and eigenvalue iterations start from the first equation.
+/// Small-profile orders that are tried. Of equal ones the first: on a building numbered from the ground it starts at
+/// the roof, and eigenvalue iterations, which start from the first equation, take fewer steps from there.
 constexpr LevelWalk c_walks[] = {{.bOtherEnd = false, .bDescending = false, .bForward = false},
                                  {.bOtherEnd = false, .bDescending = true, .bForward = false},
                                  {.bOtherEnd = true, .bDescending = false, .bForward = true},
@@ -82,7 +82,7 @@ NodeOrder ChooseOrder() {
   std::iota(sequence.begin(), sequence.end(), 0);
   double dLeast = SumSquaredHeights(graph, sequence, freeDofs);
   for (const LevelWalk& walk : c_walks) {
-    std::vector<int> small = FormReverseCuthillMcKeeOrder(graph, walk);
+    std::vector<int> small = FormCuthillMcKeeOrder(graph, walk);
     const double dWork = SumSquaredHeights(graph, small, freeDofs);
     if (dWork >= dLeast) continue;
     dLeast = dWork;

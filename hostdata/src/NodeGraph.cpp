@@ -32,9 +32,9 @@ struct DegreeLess {
   bool operator()(int nA, int nB) const { return graph.GetDegree(nA) < graph.GetDegree(nB); }
 };
 
-class CReverseCuthillMcKee {
+class CCuthillMcKee {
  public:
-  CReverseCuthillMcKee(const CNodeGraph& graph, const LevelWalk& walk)
+  CCuthillMcKee(const CNodeGraph& graph, const LevelWalk& walk)
       : m_graph(graph), m_walk(walk), m_stamp(graph.GetNodeCount(), 0), m_isNumbered(graph.GetNodeCount(), 0) {}
 
   std::vector<int> Run() {
@@ -124,8 +124,8 @@ class CReverseCuthillMcKee {
 
 }  // namespace
 
-std::vector<int> FormReverseCuthillMcKeeOrder(const CNodeGraph& graph, const LevelWalk& walk) {
-  return CReverseCuthillMcKee(graph, walk).Run();
+std::vector<int> FormCuthillMcKeeOrder(const CNodeGraph& graph, const LevelWalk& walk) {
+  return CCuthillMcKee(graph, walk).Run();
 }
 
 double SumSquaredHeights(const CNodeGraph& graph, std::span<const int> order, std::span<const int> freeDofs) {

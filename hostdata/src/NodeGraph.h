@@ -31,10 +31,10 @@ struct LevelWalk {
   bool bForward = false;     ///< not reversed: as good on regular frames, and the root then comes first
 };
 
-/// Reverse Cuthill-McKee order: entry k is the vertex that comes k-th. Components follow one another
-/// in the order of their lowest vertex, isolated vertices come last in their own order.
+/// Cuthill-McKee order, reversed unless the walk says otherwise: entry k is the vertex that comes k-th. Components
+/// follow one another in the order of their lowest vertex, isolated vertices come last in their own order.
 /// Source: George and Liu (1981), section 4.3.
-[[nodiscard]] std::vector<int> FormReverseCuthillMcKeeOrder(const CNodeGraph& graph, const LevelWalk& walk);
+[[nodiscard]] std::vector<int> FormCuthillMcKeeOrder(const CNodeGraph& graph, const LevelWalk& walk);
 
 /// Work of a skyline factorisation in that order: the sum of h^2 over the heights h of its columns. Vertex
 /// i has freeDofs[i] equations, which couple with all equations of its neighbours; restrained ones come

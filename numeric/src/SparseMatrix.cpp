@@ -305,7 +305,7 @@ void SparseMatrix::FillRows(int n) {
 bool SparseMatrix::Decompose(int n) {
   if (IsRefused(texts::c_strSolveUnallocated)) return false;
   if (!KeepDiagonal()) return false;
-  const bool bAccepted = Factorise(n, m_scale);
+  const bool bAccepted = Factorise(n, std::span(m_scale).first(Index(n)));
   for (int i = 0; i < n; ++i) Column(i)[i] = m_scale[Index(i)];
   return bAccepted;
 }

@@ -9,8 +9,8 @@ namespace skyframe {
 /// the system has no such pages or the memory holds none.
 void PreferLargePages(void* p, std::size_t nBytes);
 
-/// Fills static or allocated memory with zeros. Where the system can, whole pages are given back to it, so that what
-/// nobody touches afterwards costs nothing.
+/// Fills memory with zeros that the program was given as zeros: allocated, or static without other initial values.
+/// Where the system can, whole pages are given back to it, so that what nobody touches afterwards costs nothing.
 void ClearPages(void* p, std::size_t nBytes);
 
 }  // namespace skyframe
