@@ -34,7 +34,7 @@ class Display:
 
     def __enter__(self):
         read, write = os.pipe()
-        self.server = subprocess.Popen(["Xvfb", "-displayfd", str(write), "-screen", "0", "1500x950x24"],
+        self.server = subprocess.Popen(["Xvfb", "-displayfd", str(write), "-screen", "0", "1500x950x24", "-noreset"],
                                        pass_fds=[write], stderr=subprocess.DEVNULL)
         os.close(write)
         with os.fdopen(read) as stream:
@@ -53,6 +53,8 @@ class Person:
         self.pictures = pictures
         self.count = 0
         environment = dict(os.environ, QT_QPA_PLATFORM="xcb", XDG_CONFIG_HOME=str(job.parent / "settings"))
+        # A window that opens while the manager takes over the display may never be shown.
+        wait_for("the window manager", lambda: run("xdotool", "get_num_desktops") not in ("", "0"))
         self.process = subprocess.Popen([program, str(job)], env=environment)
         self.window = wait_for("the window", lambda: self.find(" - Skyframe"))
         run("xdotool", "windowactivate", "--sync", self.window)
