@@ -41,7 +41,7 @@ ElementWork::ElementWork(int nSize)
       hingeMap(c_nMemberDofs, nSize, 0.0) {}
 
 void ElementWork::Reset() {
-  for (CMatrix* pMatrix : {&transformation, &local, &geometric, &stiffness, &mass, &hingeMap}) pMatrix->Fill(0.0);
+  for (CMatrix* pMatrix : {&local, &geometric}) pMatrix->Fill(0.0);
 }
 
 ElementWork& GetElementWork(int nSize) {

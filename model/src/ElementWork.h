@@ -7,6 +7,7 @@ namespace skyframe {
 /// Square work matrices of one element size; hingeMap is 12 x size.
 struct ElementWork {
   explicit ElementWork(int nSize);
+  /// Clears the local ones; the others are formed as a whole.
   void Reset();
 
   CMatrix transformation;

@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <functional>
 #include <limits>
+#include <memory>
 #include <new>
 #include <numeric>
 
@@ -120,10 +121,29 @@ void SparseMatrix::Allocate() {
   m_bNotAllocated = !RunWithMemory([this] {
     // Addresses that do not ascend have left the 32-bit range: no memory would be enough.
     if (std::ranges::adjacent_find(m_diag, std::greater_equal()) != m_diag.end()) throw std::bad_alloc();
-    m_values.reset(static_cast<double*>(std::calloc(std::max<std::size_t>(GetCount(), 1), sizeof(double))));
-    if (!m_values) throw std::bad_alloc();
-    if (m_nLeading > 0) PreferLargePages(m_values.get(), (Index(Diagonal(m_nLeading - 1)) + 1) * sizeof(double));
+    AllocateValues();
+    TouchEnds();
   });
+}
+
+void SparseMatrix::AllocateValues() {
+  constexpr std::size_t c_nPage = c_nLargePage / sizeof(double);
+  const std::size_t nLeading = m_nLeading > 0 ? Index(Diagonal(m_nLeading - 1)) + 1 : 0;
+  const std::size_t nLarge = nLeading < c_nPage ? 0 : (nLeading + c_nPage - 1) / c_nPage * c_nPage;
+  const std::size_t nCount = std::max({GetCount(), nLarge, std::size_t{1}}) + (nLarge > 0 ? c_nPage : 0);
+  auto* const pBlock = static_cast<double*>(std::calloc(nCount, sizeof(double)));
+  if (pBlock == nullptr) throw std::bad_alloc();
+  void* pFirst = pBlock;
+  std::size_t nRoom = nCount * sizeof(double);
+  if (nLarge > 0) std::align(c_nLargePage, nLarge * sizeof(double), pFirst, nRoom);
+  m_values = {static_cast<double*>(pFirst), FreeValues{static_cast<double*>(pFirst) - pBlock}};
+  PreferLargePages(pFirst, nLarge * sizeof(double));
+}
+
+void SparseMatrix::TouchEnds() {
+  for (int i = m_nLeading; i < m_n; ++i) {
+    for (const int nRow : {i - FullHeight(i) + 1, i}) const_cast<volatile double&>(Column(i)[nRow]) = 0.0;
+  }
 }
 
 void SparseMatrix::Fill(double dValue) {

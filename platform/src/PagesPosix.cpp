@@ -6,13 +6,16 @@
 #include <cstring>
 #include <memory>
 
+#ifdef __GLIBC__
+#include <malloc.h>
+#endif
+
 #include "skyframe/platform/Pages.h"
 
 namespace skyframe {
 
 void PreferLargePages([[maybe_unused]] void* p, [[maybe_unused]] std::size_t nBytes) {
 #ifdef MADV_HUGEPAGE
-  constexpr std::size_t c_nLargePage = std::size_t{1} << 21U;
   if (std::align(c_nLargePage, c_nLargePage, p, nBytes) == nullptr) return;
   madvise(p, nBytes - nBytes % c_nLargePage, MADV_HUGEPAGE);
 #endif
@@ -33,6 +36,14 @@ void ClearPages(void* p, std::size_t nBytes) {
   }
 #endif
   std::memset(p, 0, nBytes);
+}
+
+void KeepFreedBlocks() {
+#ifdef __GLIBC__
+  constexpr int c_nLargestBlock = 4 << 20;
+  mallopt(M_MMAP_THRESHOLD, c_nLargestBlock);
+  mallopt(M_TRIM_THRESHOLD, 2 * c_nLargestBlock);
+#endif
 }
 
 }  // namespace skyframe

@@ -11,6 +11,8 @@ void PreferLargePages(void* /*p*/, std::size_t /*nBytes*/) {}
 
 void ClearPages(void* p, std::size_t nBytes) { std::memset(p, 0, nBytes); }
 
+void KeepFreedBlocks() {}  // the heap there does so by itself
+
 }  // namespace skyframe
 
 #endif

@@ -75,6 +75,18 @@ std::vector<std::vector<int>> FindParts(const Job& job) {
   return parts;
 }
 
+/// One joint that can neither move nor turn holds its part.
+bool HasClampedNode(const Job& job, const std::vector<int>& part) {
+  return std::ranges::any_of(part, [&job](int nNode) {
+    const JobNode& node = job.nodes[static_cast<std::size_t>(nNode - 1)];
+    if (node.nJoint != c_nRigid) return false;
+    for (std::size_t d = 0; d < c_nMotions; ++d) {
+      if (!IsRestrained(job, node, d)) return false;
+    }
+    return true;
+  });
+}
+
 /// Rigid-body motions of one part, about its centre.
 class CPart {
  public:
@@ -178,6 +190,7 @@ class CPart {
 
 std::optional<DofPlace> FindFreeBody(const Job& job) {
   for (const std::vector<int>& part : FindParts(job)) {
+    if (HasClampedNode(job, part)) continue;
     if (const auto place = CPart(job, part).FindFreeMotion()) return place;
   }
   return std::nullopt;

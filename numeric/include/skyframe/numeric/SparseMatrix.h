@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdlib>
 #include <memory>
 #include <span>
@@ -23,6 +24,12 @@ struct CompressedRows {
   std::vector<int> start;
   std::vector<int> column;
   std::vector<double> value;
+};
+
+/// Frees values that stand nFirst places behind the beginning of what calloc gave.
+struct FreeValues {
+  std::ptrdiff_t nFirst = 0;
+  void operator()(double* p) const { std::free(p - nFirst); }
 };
 
 /// Symmetric matrix in skyline storage with LDL^T factorisation in place, A = L D L^T.
@@ -121,6 +128,10 @@ class SparseMatrix {
   [[nodiscard]] bool IsRefused(std::string_view strText) const;
   double& ResetDummy();
   void Clear();
+  void AllocateValues();
+  /// Columns behind the leading block stay empty but for their ends, where elements add their entries: a new page that
+  /// is read before it is written is asked of the system twice.
+  void TouchEnds();
   void DropDerived();
   void FillRows(int n);
   /// False after a message when memory is short.
@@ -128,17 +139,13 @@ class SparseMatrix {
   [[nodiscard]] bool Factorise(int n, std::span<double> pivots);
   [[nodiscard]] LostDigits MeasureLostDigits(std::span<const double> pivots) const;
 
-  /// Values come from the zeroed memory of calloc: pages that stay zero are never touched and cost nothing. Those of
-  /// the leading block, which fills up, are large where the system has such.
-  struct FreeValues {
-    void operator()(double* p) const { std::free(p); }
-  };
-
   bool m_bFactorised = false;
   bool m_bNotAllocated = true;
   int m_n = 0;
   int m_nLeading = 0;
   std::vector<int> m_diag;
+  /// From the zeroed memory of calloc: pages that stay zero are never touched and cost nothing. Those of the leading
+  /// block, which fills up, are large where the system has such; the block then starts at one.
   std::unique_ptr<double[], FreeValues> m_values;
   double m_dDummy = 0.0;
   std::vector<int> m_height;

@@ -2,7 +2,11 @@
 
 #include <cstddef>
 
+#include "skyframe/values/Export.h"
+
 namespace skyframe {
+
+inline constexpr std::size_t c_nLargePage = std::size_t{1} << 21U;
 
 /// Asks the system to back the nBytes from p on, which nobody has touched yet, by pages of megabytes: fewer of them to
 /// touch for the first time, and memory read through at a rate that pages of 4 KB do not reach. A hint; not taken where
@@ -12,5 +16,9 @@ void PreferLargePages(void* p, std::size_t nBytes);
 /// Fills memory with zeros that the program was given as zeros: allocated, or static without other initial values.
 /// Where the system can, whole pages are given back to it, so that what nobody touches afterwards costs nothing.
 void ClearPages(void* p, std::size_t nBytes);
+
+/// Before the first large allocation of a program that runs once: freed blocks of up to 4 MB (the job file's text, say)
+/// stay with the program for those that come next, where the allocator would give each one back and ask for new pages.
+SKYFRAME_API void KeepFreedBlocks();
 
 }  // namespace skyframe
