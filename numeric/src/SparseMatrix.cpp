@@ -142,7 +142,10 @@ void SparseMatrix::AllocateValues() {
 
 void SparseMatrix::TouchEnds() {
   for (int i = m_nLeading; i < m_n; ++i) {
-    for (const int nRow : {i - FullHeight(i) + 1, i}) const_cast<volatile double&>(Column(i)[nRow]) = 0.0;
+    for (const int nRow : {i - FullHeight(i) + 1, i}) {
+      volatile double& dEntry = Column(i)[nRow];
+      dEntry = 0.0;
+    }
   }
 }
 

@@ -11,7 +11,7 @@ void PreferLargePages(void* /*p*/, std::size_t /*nBytes*/) {}
 
 void ClearPages(void* p, std::size_t nBytes) { std::memset(p, 0, nBytes); }
 
-void KeepFreedBlocks() {}  // the heap there does so by itself
+void KeepFreedBlocks() {}  // the heap there leaves no choice
 
 }  // namespace skyframe
 

@@ -6,7 +6,7 @@
 
 namespace skyframe {
 
-inline constexpr std::size_t c_nLargePage = std::size_t{1} << 21U;
+inline constexpr std::size_t c_nLargePage = std::size_t{1} << 21U;  ///< bytes; such pages begin at multiples of it
 
 /// Asks the system to back the nBytes from p on, which nobody has touched yet, by pages of megabytes: fewer of them to
 /// touch for the first time, and memory read through at a rate that pages of 4 KB do not reach. A hint; not taken where
