@@ -112,7 +112,7 @@ def _overview(comparisons, language):
 def _section(comparison, language):
     problem = comparison.problem
     text = f"### {comparison.number} {problem['title'][language]}\n\n{problem['text'][language]}\n\n"
-    text += f"![{problem['title'][language]}](../images/verification/{comparison.number}.svg)\n\n"
+    text += f"![{problem['title'][language]}](../images/verification/{LANGUAGES[language]}/{comparison.number}.svg)\n\n"
     colon, stop = ((": ", "."), ("：", "。"))[language]
     text += f"{WORDS['source'][language]}{colon}{problem['source'][language].rstrip('.')}{stop} "
     text += f"{WORDS['tolerance'][language]}{colon}{problem['reason'][language]}{stop}\n\n"
@@ -180,10 +180,9 @@ def write(root, comparisons, table, images, check):
     files = {root / "docs" / folder / "verification.md": page(comparisons, language)
              for language, folder in enumerate(LANGUAGES)}
     stored_images = root / "docs" / "images" / "verification"
-    for comparison in comparisons:
-        stored = stored_images / f"{comparison.number}.svg"
-        if not check or not stored.exists():  # what a picture looks like is no matter of verification
-            files[stored] = (images / stored.name).read_text(encoding="utf-8")
+    for picture in (Path(folder) / f"{comparison.number}.svg" for folder in LANGUAGES for comparison in comparisons):
+        if not check or not (stored_images / picture).exists():  # what it looks like is no matter of verification
+            files[stored_images / picture] = (images / picture).read_text(encoding="utf-8")
     good = True
     for path, text in files.items():
         if not check:

@@ -25,16 +25,17 @@ class Runner:
             raise SystemExit(done.stdout + done.stderr)
         return time.monotonic() - begin
 
-    def draw(self, cases, folder):
-        """A picture of each problem."""
+    def draw(self, cases, folder, language):
+        """A picture of each problem, its captions in the language."""
         folder.mkdir(parents=True, exist_ok=True)
+        environment = {**self.environment, "SKYFRAME_LANG": language}
 
         def picture(case):
             comparison, jobs = case
             job = jobs[comparison.problem.get("sketch_job", 0)]
             command = [self.program, "plot", job.path(), *comparison.problem["sketch"].split(), "-o",
                        folder / f"{comparison.number}.svg"]
-            done = subprocess.run(command, env=self.environment, capture_output=True, text=True, check=False)
+            done = subprocess.run(command, env=environment, capture_output=True, text=True, check=False)
             if done.returncode:
                 raise SystemExit(f"{comparison.number}: {done.stderr}")
 

@@ -59,7 +59,8 @@ def main():
         return 1
     comparisons = [comparison for comparison, _, _ in started]
     images = build / "images"
-    runner.draw([(comparison, jobs) for comparison, _, jobs in started], images)
+    for language in pages.LANGUAGES:
+        runner.draw([(comparison, jobs) for comparison, _, jobs in started], images / language, language)
     written = pages.write(ROOT, comparisons, table, images, options.check)
     failed = pages.summarise(comparisons, seconds)
     return 0 if written and not failed else 1
