@@ -54,7 +54,7 @@ class CTreeBuilder final : public nlohmann::json_sax<Json> {
   bool number_float(number_float_t dValue, const string_t&) override {
     return Add({.kind = Kind::Real, .nValue = std::bit_cast<std::uint64_t>(dValue)});
   }
-  bool string(string_t& strValue) override { return Add(m_tree.MakeText(strValue)); }
+  bool string(string_t& strValue) override { return Add({.kind = Kind::Text, .nValue = m_tree.KeepText(strValue)}); }
   bool binary(binary_t&) override { return false; }
   bool start_object(std::size_t) override { return Enter(Kind::Object, c_nMostMembers); }
   bool start_array(std::size_t) override { return Enter(Kind::Array, GetCapacity()); }
@@ -63,8 +63,8 @@ class CTreeBuilder final : public nlohmann::json_sax<Json> {
 
   bool key(string_t& strKey) override {
     Level& level = m_levels.back();
-    level.bNewKey = IsNewKey(level, strKey);
-    level.key = m_tree.KeepText(strKey);
+    level.nKey = m_tree.KeepText(strKey);
+    level.bNewKey = IsNewKey(level);
     return level.bNewKey || AddError(m_errors, {GetPlace(), std::string(Say(texts::c_keyTwice))});
   }
 
@@ -81,22 +81,22 @@ class CTreeBuilder final : public nlohmann::json_sax<Json> {
     std::uint32_t nNode = 0;
     bool bObject = false;
     std::size_t nCapacity = 0;
-    std::size_t nSize = 0;     ///< values in it, those of a key that comes again but once
-    CJsonTree::Text key = {};  ///< of the member that comes next or is open
+    std::size_t nSize = 0;   ///< values in it, those of a key that comes again but once
+    std::uint32_t nKey = 0;  ///< of the member that comes next or is open
     bool bNewKey = true;
-    std::unordered_set<std::string> keys = {};  ///< of many members
+    std::unordered_set<std::uint32_t> keys = {};  ///< of many members
   };
 
   /// A few keys are compared one by one.
-  bool IsNewKey(Level& level, const std::string& strKey) const {
+  bool IsNewKey(Level& level) const {
     constexpr std::size_t c_nFew = 16;
     const CJsonValue::Iterator first(m_tree, level.nNode + 1);
     const CJsonValue::Iterator last(m_tree, static_cast<std::uint32_t>(m_tree.GetCount()));
-    if (level.nSize < c_nFew) return std::ranges::find(first, last, strKey, &CJsonValue::GetKey) == last;
+    if (level.nSize < c_nFew) return std::ranges::find(first, last, level.nKey, &CJsonValue::GetKeyNumber) == last;
     if (level.keys.empty()) {
-      for (auto it = first; it != last; ++it) level.keys.emplace((*it).GetKey());
+      for (auto it = first; it != last; ++it) level.keys.insert((*it).GetKeyNumber());
     }
-    return level.keys.insert(strKey).second;
+    return level.keys.insert(level.nKey).second;
   }
 
   [[nodiscard]] std::string GetOpenPlace() const {
@@ -107,7 +107,7 @@ class CTreeBuilder final : public nlohmann::json_sax<Json> {
   [[nodiscard]] std::string GetPlace() const {
     if (m_levels.empty()) return {};
     const Level& level = m_levels.back();
-    return level.bObject ? AppendPointer(GetOpenPlace(), m_tree.GetText(level.key))
+    return level.bObject ? AppendPointer(GetOpenPlace(), m_tree.GetText(level.nKey))
                          : AppendPointer(GetOpenPlace(), level.nSize);
   }
 
@@ -131,7 +131,7 @@ class CTreeBuilder final : public nlohmann::json_sax<Json> {
       return Refuse(GetOpenPlace(), Say(words, {std::to_string(level.nCapacity)}));
     }
     node.nParent = level.nNode;
-    node.key = level.key;
+    node.nKey = level.nKey;
     m_tree.Add(node);
     if (level.bNewKey) ++level.nSize;
     return true;
@@ -150,7 +150,7 @@ class CTreeBuilder final : public nlohmann::json_sax<Json> {
   /// Of the array that comes next.
   [[nodiscard]] std::size_t GetCapacity() const {
     if (m_levels.size() != 1) return c_nMostEntries;
-    const std::string_view strKey = m_tree.GetText(m_levels.front().key);
+    const std::string_view strKey = m_tree.GetText(m_levels.front().nKey);
     const auto it = std::ranges::find(m_capacities, strKey, &ArrayCapacity::strKey);
     return it == m_capacities.end() ? c_nMostEntries : it->nEntries;
   }

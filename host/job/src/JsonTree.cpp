@@ -40,9 +40,13 @@ std::int64_t CJsonValue::GetInteger() const {
   return bTooLarge ? c_nLargest : std::bit_cast<std::int64_t>(node.nValue);
 }
 
-std::string_view CJsonValue::GetText() const { return m_pTree->GetText(m_pTree->GetNode(m_nNode).GetText()); }
+std::string_view CJsonValue::GetText() const {
+  return m_pTree->GetText(static_cast<std::uint32_t>(m_pTree->GetNode(m_nNode).nValue));
+}
 
-std::string_view CJsonValue::GetKey() const { return m_pTree->GetText(m_pTree->GetNode(m_nNode).key); }
+std::string_view CJsonValue::GetKey() const { return m_pTree->GetText(GetKeyNumber()); }
+
+std::uint32_t CJsonValue::GetKeyNumber() const { return m_pTree->GetNode(m_nNode).nKey; }
 
 std::string CJsonValue::GetPlace() const {
   if (m_nNode == 0) return {};
@@ -67,15 +71,15 @@ CJsonValue::Iterator CJsonValue::end() const { return {*m_pTree, m_pTree->GetNod
 
 std::size_t CJsonValue::GetSize() const { return static_cast<std::size_t>(std::distance(begin(), end())); }
 
-CJsonTree::Node CJsonTree::MakeText(std::string_view strText) {
-  const Text text = KeepText(strText);
-  return {.kind = Kind::Text, .nValue = std::uint64_t{text.nBegin} << 32U | text.nLength};
-}
-
-CJsonTree::Text CJsonTree::KeepText(std::string_view strText) {
-  const auto nBegin = static_cast<std::uint32_t>(m_strTexts.size());
-  m_strTexts += strText;
-  return {nBegin, static_cast<std::uint32_t>(strText.size())};
+std::uint32_t CTextPool::Keep(const std::string& strText) {
+  if (!m_entries.empty()) {
+    const std::uint32_t nGuess = m_entries[m_nLast].nFollower;
+    if (*m_entries[nGuess].pText == strText) return m_nLast = nGuess;
+  }
+  const auto [it, bNew] = m_numbers.try_emplace(strText, static_cast<std::uint32_t>(m_entries.size()));
+  if (bNew) m_entries.push_back({&it->first});
+  m_entries[m_nLast].nFollower = it->second;
+  return m_nLast = it->second;
 }
 
 std::uint32_t CJsonTree::Add(Node node) {

@@ -5,6 +5,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <vector>
 
 namespace skyframe::host {
@@ -33,6 +34,8 @@ class CJsonValue {
 
   /// Of a member.
   [[nodiscard]] std::string_view GetKey() const;
+  /// The same for the same key anywhere in the tree.
+  [[nodiscard]] std::uint32_t GetKeyNumber() const;
   /// JSON pointer from the root.
   [[nodiscard]] std::string GetPlace() const;
 
@@ -65,34 +68,44 @@ class CJsonValue {
   std::uint32_t m_nNode;
 };
 
+/// Texts by number, each one once; 0 is the empty one.
+class CTextPool {
+ public:
+  CTextPool() { Keep({}); }
+  CTextPool(const CTextPool&) = delete;
+  CTextPool& operator=(const CTextPool&) = delete;
+
+  /// Its number. The text that came next the last time is tried first: the objects of a list have the same keys.
+  std::uint32_t Keep(const std::string& strText);
+  [[nodiscard]] std::string_view Get(std::uint32_t nText) const { return *m_entries[nText].pText; }
+
+ private:
+  struct Entry {
+    const std::string* pText = nullptr;
+    std::uint32_t nFollower = 0;
+  };
+
+  std::unordered_map<std::string, std::uint32_t> m_numbers;
+  std::vector<Entry> m_entries;
+  std::uint32_t m_nLast = 0;
+};
+
 /// The values of a JSON text in one list, in the order of the text: each one is followed by those in it.
 class CJsonTree {
  public:
   enum class Kind : std::uint8_t { Null, Boolean, Signed, Unsigned, Real, Text, Array, Object };
 
-  /// Characters in the list of all texts.
-  struct Text {
-    std::uint32_t nBegin = 0;
-    std::uint32_t nLength = 0;
-  };
-
   struct Node {
     Kind kind = Kind::Null;
     std::uint32_t nParent = 0;
     std::uint32_t nNext = 0;   ///< behind the value and all that is in it
-    Text key = {};             ///< of a member
-    std::uint64_t nValue = 0;  ///< by kind: the bits of a number, or where a text stands
-
-    [[nodiscard]] Text GetText() const {
-      return {static_cast<std::uint32_t>(nValue >> 32U), static_cast<std::uint32_t>(nValue)};
-    }
+    std::uint32_t nKey = 0;    ///< of a member: its text
+    std::uint64_t nValue = 0;  ///< by kind: the bits of a number, or which text
   };
 
   /// Before the first value: for so many of them.
   void Reserve(std::size_t nNodes) { m_nodes.reserve(nNodes); }
-  [[nodiscard]] Text KeepText(std::string_view strText);
-  /// A text value, to be added.
-  [[nodiscard]] Node MakeText(std::string_view strText);
+  std::uint32_t KeepText(const std::string& strText) { return m_texts.Keep(strText); }
   /// Appends a value to its parent, in which all before it are complete. Its number.
   std::uint32_t Add(Node node);
   /// No more values come in it.
@@ -100,14 +113,12 @@ class CJsonTree {
 
   [[nodiscard]] std::size_t GetCount() const { return m_nodes.size(); }
   [[nodiscard]] const Node& GetNode(std::uint32_t nNode) const { return m_nodes[nNode]; }
-  [[nodiscard]] std::string_view GetText(Text text) const {
-    return std::string_view(m_strTexts).substr(text.nBegin, text.nLength);
-  }
+  [[nodiscard]] std::string_view GetText(std::uint32_t nText) const { return m_texts.Get(nText); }
   [[nodiscard]] CJsonValue GetRoot() const { return {*this, 0}; }
 
  private:
   std::vector<Node> m_nodes;
-  std::string m_strTexts;
+  CTextPool m_texts;
 };
 
 }  // namespace skyframe::host
