@@ -209,6 +209,28 @@ TEST(SparseMatrix, Assignment) {
   EXPECT_EQ(GetValues(kept), (Vector{5, 6, 7, 8}));
 }
 
+// The leading block fills more than a large page, and begins at one.
+TEST(SparseMatrix, LargeBlocksAreCopiedAndReplaced) {
+  constexpr int n = 800, nLeading = 730;
+  std::vector<int> diagonal(Index(n));
+  for (int i = 1; i < n; ++i) diagonal[Index(i)] = diagonal[Index(i - 1)] + i + 1;
+  SparseMatrix A;
+  A.SetProfile(n, diagonal, nLeading);
+  A.Fill(0.0);
+  A(0, 0) = 2.0;
+  A(3, n - 1) = 5.0;
+  SparseMatrix B(A);
+  A.SetProfile(2, diagonal);
+  A.Fill(1.0);
+  SparseMatrix C = A;
+  A = B;
+  B = C;
+  EXPECT_EQ(A(0, 0), 2.0);
+  EXPECT_EQ(A(3, n - 1), 5.0);
+  EXPECT_EQ(A(4, n - 1), 0.0);
+  EXPECT_EQ(B(1, 1), 1.0);
+}
+
 TEST(SparseMatrix, MemoryThatIsNotThereIsReported) {
   CTestPlatform platform;
   SparseMatrix S;

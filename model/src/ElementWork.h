@@ -7,7 +7,7 @@ namespace skyframe {
 /// Square work matrices of one element size; hingeMap is 12 x size.
 struct ElementWork {
   explicit ElementWork(int nSize);
-  /// Clears the local ones; the others are formed as a whole.
+  /// Clears the local ones, as SetData asks; each of all is formed as a whole before it is read.
   void Reset();
 
   CMatrix transformation;

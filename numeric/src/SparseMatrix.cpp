@@ -135,7 +135,7 @@ void SparseMatrix::AllocateValues() {
   if (pBlock == nullptr) throw std::bad_alloc();
   void* pFirst = pBlock;
   std::size_t nRoom = nCount * sizeof(double);
-  if (nLarge > 0) std::align(c_nLargePage, nLarge * sizeof(double), pFirst, nRoom);
+  if (nLarge > 0) pFirst = std::align(c_nLargePage, nLarge * sizeof(double), pFirst, nRoom);
   m_values = {static_cast<double*>(pFirst), FreeValues{static_cast<double*>(pFirst) - pBlock}};
   PreferLargePages(pFirst, nLarge * sizeof(double));
 }
@@ -143,7 +143,7 @@ void SparseMatrix::AllocateValues() {
 void SparseMatrix::TouchEnds() {
   for (int i = m_nLeading; i < m_n; ++i) {
     for (const int nRow : {i - FullHeight(i) + 1, i}) {
-      volatile double& dEntry = Column(i)[nRow];
+      volatile double& dEntry = Column(i)[nRow];  // zeros in memory known to be zero may be left out otherwise
       dEntry = 0.0;
     }
   }

@@ -34,6 +34,7 @@ class Display:
 
     def __enter__(self):
         read, write = os.pipe()
+        # -noreset: otherwise the server begins anew when the last of its programs leaves, and the next one may be lost.
         self.server = subprocess.Popen(["Xvfb", "-displayfd", str(write), "-screen", "0", "1500x950x24", "-noreset"],
                                        pass_fds=[write], stderr=subprocess.DEVNULL)
         os.close(write)

@@ -2,10 +2,10 @@
 
 #include <cstdint>
 #include <iterator>
+#include <map>
 #include <optional>
 #include <string>
 #include <string_view>
-#include <unordered_map>
 #include <vector>
 
 namespace skyframe::host {
@@ -85,7 +85,7 @@ class CTextPool {
     std::uint32_t nFollower = 0;
   };
 
-  std::unordered_map<std::string, std::uint32_t> m_numbers;
+  std::map<std::string, std::uint32_t> m_numbers;
   std::vector<Entry> m_entries;
   std::uint32_t m_nLast = 0;
 };

@@ -49,7 +49,7 @@ class SparseMatrix {
   /// Releases everything; diag has n strictly increasing entries, diag[0] = 0.
   void SetProfile(int n, std::span<const int> diag);
   /// The same where the leading nLeading x nLeading block alone will be factorised: it fills up and gets large pages,
-  /// what is behind it stays almost empty.
+  /// what is behind it stays almost empty. 0 <= nLeading <= n.
   void SetProfile(int n, std::span<const int> diag, int nLeading);
   void Release();
   /// Values all zero, full column heights. Shows a message and stays unallocated when memory is short.
@@ -129,8 +129,8 @@ class SparseMatrix {
   double& ResetDummy();
   void Clear();
   void AllocateValues();
-  /// Columns behind the leading block stay empty but for their ends, where elements add their entries: a new page that
-  /// is read before it is written is asked of the system twice.
+  /// Writes the ends of the columns behind the leading block, where elements add nearly all that comes in them: a new
+  /// page that is read before it is written is asked of the system twice.
   void TouchEnds();
   void DropDerived();
   void FillRows(int n);

@@ -18,7 +18,8 @@ void PreferLargePages(void* p, std::size_t nBytes);
 void ClearPages(void* p, std::size_t nBytes);
 
 /// Before the first large allocation of a program that runs once: freed blocks of up to 4 MB (the job file's text, say)
-/// stay with the program for those that come next, where the allocator would give each one back and ask for new pages.
+/// stay with the program for those that come next; larger ones are given back each time, also where the allocator would
+/// have learnt to keep them.
 SKYFRAME_API void KeepFreedBlocks();
 
 }  // namespace skyframe
